@@ -1,0 +1,75 @@
+# The one place that knows how a folder of the source tree becomes a target.
+
+add_library(lyrabox_options INTERFACE)
+target_include_directories(lyrabox_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(lyrabox_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+  -Woverloaded-virtual)
+target_compile_definitions(lyrabox_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_URL_CAST_FROM_STRING
+  LYRABOX_VERSION="${PROJECT_VERSION}")
+if(LYRABOX_WERROR)
+  target_compile_options(lyrabox_options INTERFACE -Werror)
+endif()
+if(LYRABOX_SANITIZER STREQUAL "address")
+  set(sanitizer_flags -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+elseif(LYRABOX_SANITIZER STREQUAL "thread")
+  set(sanitizer_flags -fsanitize=thread -fno-omit-frame-pointer)
+elseif(LYRABOX_SANITIZER)
+  message(FATAL_ERROR "LYRABOX_SANITIZER is '${LYRABOX_SANITIZER}'; it may be empty, address or thread")
+endif()
+if(sanitizer_flags)
+  target_compile_options(lyrabox_options INTERFACE ${sanitizer_flags} -O1)
+  target_link_options(lyrabox_options INTERFACE ${sanitizer_flags})
+endif()
+
+# lyrabox_add_library(engine DEPENDS platform_audio settings LIBRARIES Qt6::Core PRIVATE_LIBRARIES ...)
+# makes lb_engine of every source in the calling folder. DEPENDS are folders of this tree, named as their targets:
+# a folder that may not be included is not named, so that what it would need does not link.
+function(lyrabox_add_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS *.h)
+  list(TRANSFORM ARG_DEPENDS PREPEND lb_)
+  if(NOT sources)
+    add_library(lb_${name} INTERFACE)
+    target_link_libraries(lb_${name} INTERFACE ${ARG_DEPENDS} ${ARG_LIBRARIES})
+    target_include_directories(lb_${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    return()
+  endif()
+  add_library(lb_${name} STATIC ${sources} ${headers} ${ARG_SOURCES})
+  target_link_libraries(lb_${name} PUBLIC ${ARG_DEPENDS} ${ARG_LIBRARIES}
+    PRIVATE lyrabox_options ${ARG_PRIVATE_LIBRARIES})
+  target_include_directories(lb_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
+
+# lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [TIMEOUT seconds])
+# makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
+# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). SERIAL: one at a time,
+# for tests that share a sound server or a display.
+function(lyrabox_add_test name)
+  cmake_parse_arguments(ARG "SERIAL" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS *.h)
+  if(NOT sources)
+    return()
+  endif()
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(test_${name} ${sources} ${headers} ${ARG_SOURCES})
+  list(TRANSFORM ARG_DEPENDS PREPEND lb_)
+  target_link_libraries(test_${name} PRIVATE ${ARG_DEPENDS} ${ARG_LIBRARIES} lb_test_main GTest::gtest
+    GTest::gmock lyrabox_options)
+  target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(test_${name} PRIVATE
+    LYRABOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LYRABOX_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  set(properties TIMEOUT ${ARG_TIMEOUT})
+  if(ARG_LABELS)
+    list(APPEND properties LABELS ${ARG_LABELS})
+  endif()
+  if(ARG_SERIAL)
+    list(APPEND properties RUN_SERIAL TRUE)
+  endif()
+  gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES ${properties})
+endfunction()

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QWidget>
+
+/// A flat slider over a float range, horizontal or vertical. Its value is what was set last; the knob may still
+/// be gliding there. A drag, a click, the wheel or a key moves it in whole `step`s and sends moved(); values set
+/// in code keep their fractions and send nothing.
+class LB_Slider : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(double minValue READ minValue WRITE setMinValue)
+    Q_PROPERTY(double maxValue READ maxValue WRITE setMaxValue)
+    Q_PROPERTY(double step READ step WRITE setStep)
+    Q_PROPERTY(double floatValue READ floatValue WRITE setFloatValue)
+    Q_PROPERTY(Qt::Orientation orientation READ orientation WRITE setOrientation)
+
+public:
+    explicit LB_Slider(QWidget *parent = nullptr);
+    explicit LB_Slider(Qt::Orientation orientation, QWidget *parent = nullptr);
+
+    Qt::Orientation orientation() const { return m_orientation; }
+    void setOrientation(Qt::Orientation orientation);
+
+    double minValue() const { return m_minValue; }
+    void setMinValue(double value);
+    double maxValue() const { return m_maxValue; }
+    void setMaxValue(double value);
+
+    /// The grain of the user's moves, counted from 0; 0 moves freely.
+    double step() const { return m_step; }
+    void setStep(double step);
+
+    /// The value a double-click goes to; none at first.
+    void setDefaultValue(double value);
+
+    /// Brought into the range.
+    float floatValue() const { return m_value; }
+    void setFloatValue(double value);
+
+    /// The same through the animator: floatValue() is the new value at once, the knob glides there with an
+    /// ease-out curve in half a second (speed 0.5 of the default animation of a quarter second).
+    void animateToFloatValue(double value);
+
+    /// Where the knob is drawn now.
+    double displayedValue() const;
+
+    /// The knob's rectangle and the track's, in widget coordinates.
+    QRectF knobRect() const;
+    QRectF trackRect() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user moved the slider.
+    void moved(LB_Slider *sender);
+    /// The value changed, by whomever.
+    void valueChanged(double value);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    void moveByUser(double value);
+    double valueAt(const QPointF &point) const;
+
+    Qt::Orientation m_orientation = Qt::Horizontal;
+    double m_minValue = 0.0;
+    double m_maxValue = 1.0;
+    double m_step = 0.0;
+    double m_defaultValue;
+    float m_value = 0.0F;
+    double m_glideFrom = 0.0;
+    QElapsedTimer m_glideClock;
+    QBasicTimer m_glideTimer;
+    double m_grabOffset = 0.0;
+    bool m_dragging = false;
+};

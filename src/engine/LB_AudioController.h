@@ -1,0 +1,169 @@
+#pragma once
+
+#include "app/controls/LB_PopUpButtonCell.h"
+#include "app/controls/LB_ScrollingTextView.h"
+#include "app/controls/LB_Slider.h"
+#include "engine/TrackRecord.h"
+#include "platform/audio/StreamFormat.h"
+#include "platform/foundation/Status.h"
+#include "platform/ui/ButtonMatrix.h"
+#include "platform/ui/ImageView.h"
+#include "platform/ui/NumberField.h"
+#include "platform/ui/StateButton.h"
+
+#include <QImage>
+#include <QObject>
+
+#include <functional>
+
+class LB_SettingsController;
+
+/// The one object through which the rest of the program plays sound. It builds the engine when it is created,
+/// loads and unloads songs, and turns the transport controls into engine settings. Main thread only. Outlets are
+/// set once, before awakeFromNib(), and are not owned.
+class LB_AudioController : public QObject {
+    Q_OBJECT
+
+public:
+    /// What is done when the engine cannot be built; a test replaces both.
+    struct FatalErrorHandling {
+        std::function<void(const QString &description, const QString &recoverySuggestion)> present;
+        std::function<void()> terminate;
+    };
+
+    /// Builds the engine. On failure the alert is presented and the program asked to terminate.
+    explicit LB_AudioController(QObject *parent = nullptr);
+    LB_AudioController(FatalErrorHandling handling, QObject *parent = nullptr);
+    ~LB_AudioController() override;
+
+    void awakeFromNib();
+
+    // Outlets.
+    lyrabox::ImageView *albumArtImageView() const { return m_albumArtImageView; }
+    void setAlbumArtImageView(lyrabox::ImageView *view) { m_albumArtImageView = view; }
+    LB_ScrollingTextView *artistField() const { return m_artistField; }
+    void setArtistField(LB_ScrollingTextView *field) { m_artistField = field; }
+    LB_ScrollingTextView *titleField() const { return m_titleField; }
+    void setTitleField(LB_ScrollingTextView *field) { m_titleField = field; }
+    lyrabox::StateButton *loopButton() const { return m_loopButton; }
+    void setLoopButton(lyrabox::StateButton *button) { m_loopButton = button; }
+    lyrabox::StateButton *playPauseButton() const { return m_playPauseButton; }
+    void setPlayPauseButton(lyrabox::StateButton *button) { m_playPauseButton = button; }
+    lyrabox::StateButton *seekBackwardButton() const { return m_seekBackwardButton; }
+    void setSeekBackwardButton(lyrabox::StateButton *button) { m_seekBackwardButton = button; }
+    lyrabox::StateButton *seekForwardButton() const { return m_seekForwardButton; }
+    void setSeekForwardButton(lyrabox::StateButton *button) { m_seekForwardButton = button; }
+    LB_Slider *outputVolumeSlider() const { return m_outputVolumeSlider; }
+    void setOutputVolumeSlider(LB_Slider *slider) { m_outputVolumeSlider = slider; }
+    lyrabox::ButtonMatrix *playbackPitchMatrix() const { return m_playbackPitchMatrix; }
+    void setPlaybackPitchMatrix(lyrabox::ButtonMatrix *matrix) { m_playbackPitchMatrix = matrix; }
+    LB_Slider *playbackPitchSlider() const { return m_playbackPitchSlider; }
+    void setPlaybackPitchSlider(LB_Slider *slider) { m_playbackPitchSlider = slider; }
+    lyrabox::NumberField *playbackPitchTextField() const { return m_playbackPitchTextField; }
+    void setPlaybackPitchTextField(lyrabox::NumberField *field) { m_playbackPitchTextField = field; }
+    lyrabox::ButtonMatrix *playbackSpeedMatrix() const { return m_playbackSpeedMatrix; }
+    void setPlaybackSpeedMatrix(lyrabox::ButtonMatrix *matrix) { m_playbackSpeedMatrix = matrix; }
+    LB_Slider *playbackSpeedSlider() const { return m_playbackSpeedSlider; }
+    void setPlaybackSpeedSlider(LB_Slider *slider) { m_playbackSpeedSlider = slider; }
+    lyrabox::NumberField *playbackSpeedTextField() const { return m_playbackSpeedTextField; }
+    void setPlaybackSpeedTextField(lyrabox::NumberField *field) { m_playbackSpeedTextField = field; }
+    LB_SettingsController *settings() const { return m_settings; }
+    void setSettings(LB_SettingsController *settings) { m_settings = settings; }
+    LB_PopUpButtonCell *settingsPopup() const { return m_settingsPopup; }
+    void setSettingsPopup(LB_PopUpButtonCell *popup) { m_settingsPopup = popup; }
+
+    // Position and loop, in frames of audioBufferFormat().
+    lyrabox::AudioStreamBasicDescription audioBufferFormat() const;
+    quint64 currentFrame() const;
+    void setCurrentFrame(quint64 frame);
+    quint64 totalFrames() const;
+    quint64 loopStartFrame() const;
+    void setLoopStartFrame(quint64 frame);
+    quint64 loopEndFrame() const;
+    void setLoopEndFrame(quint64 frame);
+    bool isLooping() const;
+    void setIsLooping(bool looping);
+    bool loopStartIsSet() const { return m_loopStartIsSet; }
+    void setLoopStartIsSet(bool isSet) { m_loopStartIsSet = isSet; }
+    bool trackHasEnded() const;
+    void setTrackHasEnded(bool ended);
+
+    /// Whole seconds, truncated toward zero. Writing currentSeconds does not seek.
+    qint64 currentSeconds() const;
+    void setCurrentSeconds(qint64 seconds) { m_currentSeconds = seconds; }
+    qint64 totalSeconds() const;
+
+    bool isRunning() const;
+    void setIsRunning(bool running);
+
+    /// Linear, 0.0 to 1.0; stored as the user default "outputVolume".
+    float outputVolume() const;
+    void setOutputVolume(float volume);
+
+    /// Percent; 100 is normal. Moves the slider and the field along.
+    float playbackSpeedPct() const;
+    void setPlaybackSpeedPct(float pct);
+
+    /// Cents, read in whole ones. Moves the slider and the field along.
+    float playbackPitch() const;
+    void setPlaybackPitch(float cents);
+
+    /// `index` is the equalizer's parameter ID; dB.
+    float eqLevelForIndex(quint32 index) const;
+    void setEqLevelForIndex(float level, quint32 index);
+
+    // Loading.
+    /// The loaded song, or the one whose load failed last; null when the player is empty.
+    lyrabox::TrackRecordRef currentTrack() const { return m_currentTrack; }
+    /// Stops, decodes the song into memory, applies its stored settings and starts if the play button is on.
+    /// Blocks. Returns the decoder's status.
+    lyrabox::Status loadTrackObject(const lyrabox::TrackRecordRef &track);
+    void emptyPlayer();
+    /// The song's artwork, or the image named "LBAlbumArt".
+    QImage albumArtImage() const;
+    void resetPlaybackSystem();
+    void updateSettingsPopup();
+
+    // Actions.
+    void playPauseButtonPressed(lyrabox::StateButton *sender);
+    void loopButtonPressed(lyrabox::StateButton *sender);
+    void speedButtonPressed(lyrabox::ButtonMatrix *sender);
+    void speedSliderMoved(LB_Slider *sender);
+    void speedTextChanged(lyrabox::NumberField *sender);
+    void pitchButtonPressed(lyrabox::ButtonMatrix *sender);
+    void pitchSliderMoved(LB_Slider *sender);
+    void pitchTextChanged(lyrabox::NumberField *sender);
+    void saveSettings();
+    void removeSettings();
+
+Q_SIGNALS:
+    /// For whatever shows them elsewhere (menus, the desktop). The controls above are set directly.
+    void outputVolumeChanged(float volume);
+    void runningChanged(bool running);
+    void speedOrPitchChanged();
+    void loopChanged();
+
+private:
+    void announceTrackChange();
+
+    FatalErrorHandling m_fatalErrorHandling;
+    lyrabox::ImageView *m_albumArtImageView = nullptr;
+    LB_ScrollingTextView *m_artistField = nullptr;
+    LB_ScrollingTextView *m_titleField = nullptr;
+    lyrabox::StateButton *m_loopButton = nullptr;
+    lyrabox::StateButton *m_playPauseButton = nullptr;
+    lyrabox::StateButton *m_seekBackwardButton = nullptr;
+    lyrabox::StateButton *m_seekForwardButton = nullptr;
+    LB_Slider *m_outputVolumeSlider = nullptr;
+    lyrabox::ButtonMatrix *m_playbackPitchMatrix = nullptr;
+    LB_Slider *m_playbackPitchSlider = nullptr;
+    lyrabox::NumberField *m_playbackPitchTextField = nullptr;
+    lyrabox::ButtonMatrix *m_playbackSpeedMatrix = nullptr;
+    LB_Slider *m_playbackSpeedSlider = nullptr;
+    lyrabox::NumberField *m_playbackSpeedTextField = nullptr;
+    LB_PopUpButtonCell *m_settingsPopup = nullptr;
+    LB_SettingsController *m_settings = nullptr;
+    lyrabox::TrackRecordRef m_currentTrack;
+    qint64 m_currentSeconds = 0;
+    bool m_loopStartIsSet = false;
+};

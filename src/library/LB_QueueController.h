@@ -1,0 +1,76 @@
+#pragma once
+
+#include "engine/TrackRecord.h"
+#include "platform/foundation/Status.h"
+
+#include <QObject>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+class LB_AudioController;
+class QLabel;
+
+namespace lyrabox {
+class StateButton;
+}
+
+/// Decides which song plays next: the list in the order queued, or a shuffled copy of it, and a position in it.
+/// Main thread only. Outlets are set once, before awakeFromNib(), and are not owned.
+class LB_QueueController : public QObject {
+    Q_OBJECT
+
+public:
+    /// currentIndex() when the current song is not in the content.
+    static constexpr std::uint64_t notFound = 9223372036854775807U;
+
+    explicit LB_QueueController(QObject *parent = nullptr);
+
+    void awakeFromNib();
+
+    LB_AudioController *audio() const { return m_audio; }
+    void setAudio(LB_AudioController *audio) { m_audio = audio; }
+    QLabel *errorField() const { return m_errorField; }
+    void setErrorField(QLabel *field) { m_errorField = field; }
+
+    const lyrabox::TrackRecordList &orderedArray() const { return m_orderedArray; }
+    const lyrabox::TrackRecordList &content() const { return m_content; }
+    void setContent(const lyrabox::TrackRecordList &content);
+    std::uint64_t currentIndex() const { return m_currentIndex; }
+    bool isShuffling() const { return m_isShuffling; }
+    void setIsShuffling(bool shuffling);
+    const std::optional<QString> &queuedListID() const { return m_queuedListID; }
+
+    void setPlayQueueWithListID(const lyrabox::TrackRecordList &list, const std::optional<QString> &listID);
+    void playTrack(const lyrabox::TrackRecordRef &track);
+    void playNextTrack();
+
+    /// Ask canPlayPreviousTrack() first.
+    void playPreviousTrack();
+    bool canPlayPreviousTrack() const { return m_currentIndex != 0; }
+
+    /// The button's state has been taken into isShuffling() already.
+    void shuffleButtonPressed(lyrabox::StateButton *sender);
+    lyrabox::TrackRecordList shuffledArray() const;
+    void displayLoadError(lyrabox::Status status);
+
+    /// Replaces the source of uniform random 32-bit numbers.
+    void setRandomSource(std::function<std::uint32_t()> source) { m_random = std::move(source); }
+
+Q_SIGNALS:
+    void isShufflingChanged(bool shuffling);
+
+private:
+    std::uint64_t indexOfCurrentTrack() const;
+    lyrabox::Status loadTrackAtCurrentIndex();
+
+    LB_AudioController *m_audio = nullptr;
+    QLabel *m_errorField = nullptr;
+    lyrabox::TrackRecordList m_orderedArray;
+    lyrabox::TrackRecordList m_content;
+    std::uint64_t m_currentIndex = 0;
+    std::optional<QString> m_queuedListID;
+    bool m_isShuffling = false;
+    std::function<std::uint32_t()> m_random;
+};
