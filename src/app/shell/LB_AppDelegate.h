@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/ui/SplitView.h"
+
+#include <QColor>
+#include <QObject>
+#include <QUrl>
+
+#include <functional>
+
+class QAction;
+class QMainWindow;
+
+namespace lyrabox {
+
+class SearchField;
+class SUUpdater;
+
+/// The background of both windows: #ECF0F1, nearly opaque.
+QColor windowBackgroundColor();
+
+/// The width of the left pane after a resize: kept, but never more than a quarter of the view.
+int leftPaneWidthAfterResize(int currentWidth, int splitViewWidth);
+
+} // namespace lyrabox
+
+/// The hub of the two windows: their appearance at launch, the check marks of their menu items, the split view's
+/// limits, the keyboard after a search, and the links. Outlets are set once, before the launch notification, and
+/// are not owned.
+class LB_AppDelegate : public QObject, public lyrabox::SplitViewDelegate {
+    Q_OBJECT
+
+public:
+    explicit LB_AppDelegate(QObject *parent = nullptr);
+
+    QMainWindow *mainWindow() const { return m_mainWindow; }
+    void setMainWindow(QMainWindow *window);
+    QMainWindow *eqWindow() const { return m_eqWindow; }
+    void setEqWindow(QMainWindow *window);
+    QAction *mainWindowMenuItem() const { return m_mainWindowMenuItem; }
+    void setMainWindowMenuItem(QAction *item) { m_mainWindowMenuItem = item; }
+    QAction *eqWindowMenuItem() const { return m_eqWindowMenuItem; }
+    void setEqWindowMenuItem(QAction *item) { m_eqWindowMenuItem = item; }
+    lyrabox::SearchField *searchField() const { return m_searchField; }
+    void setSearchField(lyrabox::SearchField *field) { m_searchField = field; }
+    lyrabox::SplitView *splitView() const { return m_splitView; }
+    void setSplitView(lyrabox::SplitView *view) { m_splitView = view; }
+    QWidget *transportView() const { return m_transportView; }
+    void setTransportView(QWidget *view) { m_transportView = view; }
+
+    /// Runs on the application-did-finish-launching notification.
+    void applicationDidFinishLaunching();
+
+    /// Both bring the window to the front and make it key; neither ever hides it.
+    void toggleMainWindow();
+    void toggleEqWindow();
+
+    void windowDidBecomeKey(const QMainWindow *window);
+    void windowDidResignKey(const QMainWindow *window);
+
+    void searchFieldCanceled(lyrabox::SearchField *sender);
+    void controlTextDidEndEditing();
+
+    double splitViewConstrainMinCoordinateOfSubviewAt(double proposed, int index) override;
+    double splitViewConstrainMaxCoordinateOfSubviewAt(double proposed, int index) override;
+    void splitViewResizeSubviewsWithOldSize(lyrabox::SplitView *view, QSize oldSize) override;
+
+    void emailSupport();
+    void openWebsite();
+
+    /// Replaces what opens a URL; at first the desktop's own service.
+    void setURLOpener(std::function<bool(const QUrl &)> opener) { m_openURL = std::move(opener); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QMainWindow *m_mainWindow = nullptr;
+    QMainWindow *m_eqWindow = nullptr;
+    QAction *m_mainWindowMenuItem = nullptr;
+    QAction *m_eqWindowMenuItem = nullptr;
+    lyrabox::SearchField *m_searchField = nullptr;
+    lyrabox::SplitView *m_splitView = nullptr;
+    QWidget *m_transportView = nullptr;
+    std::function<bool(const QUrl &)> m_openURL;
+};
