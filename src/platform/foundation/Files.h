@@ -7,11 +7,12 @@
 #include <functional>
 #include <vector>
 
-/// What the program asks of the file system, in one place, so that another desktop or a test can answer.
+/// What the program asks of the file system, in one place, so that another desktop or a test can
+/// answer.
 namespace lyrabox::files {
 
-/// The inode number of the file at `path` as decimal text, symbolic links followed; "(null)" when the file's
-/// attributes cannot be read (also for an empty path).
+/// The inode number of the file at `path` as decimal text, symbolic links followed; "(null)" when
+/// the file's attributes cannot be read (also for an empty path).
 QString inodeText(const QString &path);
 
 /// The same for a file URL; "(null)" for a URL that is not a local file.
@@ -19,30 +20,38 @@ QString inodeText(const QUrl &url);
 
 /// One entry of a folder.
 struct Entry {
-    QString path;        ///< absolute
-    bool isDirectory;    ///< of the entry itself: a link to a directory is none
-    bool isPackage;      ///< a directory that the desktop shows as one document
+    QString path;     ///< absolute
+    bool isDirectory; ///< of the entry itself: a link to a directory is none
+    bool isPackage;   ///< a directory that the desktop shows as one document: isPackageName()
 };
 
-/// The entries of one folder in the order in which the file system returns them: no descent, hidden entries
-/// skipped, errors ignored (what was read before one is returned).
+/// Whether a directory of this name is one document or program to its user: the file systems here
+/// keep no such mark, so the suffix decides, in any case (".app", ".bundle", ".component",
+/// ".framework", ".logicx", ".lv2",
+/// ".vst3" and the like). A name that only begins with a dot has no suffix.
+bool isPackageName(const QString &name);
+
+/// The entries of one folder in the order in which the file system returns them: no descent, hidden
+/// entries skipped, errors ignored (what was read before one is returned).
 std::vector<Entry> shallowEntries(const QString &directory);
 
 /// Whether the process may read the path (POSIX `access` with `R_OK`).
 bool isReadable(const QString &path);
 
-/// Replaces the answer of isReadable(), so that an unreadable folder can be tested by root, who may read
-/// everything. An empty function restores the real one.
+/// Replaces the answer of isReadable(), so that an unreadable folder can be tested by root, who may
+/// read everything. An empty function restores the real one.
 void setReadabilityProbe(std::function<bool(const QString &path)> probe);
 
 /// `path` with every symbolic link resolved as far as it exists; the rest is appended as it stands.
 QString resolvingSymbolicLinks(const QString &path);
 
-/// `$XDG_DATA_HOME`, default `~/.local/share`; none when neither is known.
+/// `$XDG_DATA_HOME`, default `~/.local/share`; none when neither is known. Only absolute paths
+/// count.
 QStringList applicationSupportDirectories();
 
-/// The folder of resources that are not compiled in (`share/lyrabox`): beside the installed program, or in the
-/// build tree for a program started there.
+/// The folder of resources that are not compiled in: `../share/lyrabox` seen from the installed
+/// program's own folder; `share/lyrabox` of the build tree for a program started anywhere in that
+/// tree.
 QString sharedResourceDirectory();
 
 } // namespace lyrabox::files

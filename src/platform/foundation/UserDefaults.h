@@ -12,7 +12,15 @@ QSettings &userDefaults();
 /// Writes what is pending and opens the file again where the environment now says. For tests.
 void reopenUserDefaults();
 
-/// The keys that the system itself defines; window geometry and the like have keys of their own beside them.
+/// The number stored under `key`; `fallback` when there is none, or something that is no finite
+/// number.
+float finiteUserDefault(const QString &key, float fallback);
+
+/// Stores `value` in decimal digits that a person can read and that read back as the same float.
+void setUserDefault(const QString &key, float value);
+
+/// The keys that the system itself defines; window geometry and the like have keys of their own
+/// beside them.
 namespace defaultsKey {
 
 using namespace Qt::Literals::StringLiterals;

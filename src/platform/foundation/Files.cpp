@@ -1,0 +1,157 @@
+#include "platform/foundation/Files.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox::files {
+namespace {
+
+std::function<bool(const QString &)> &readabilityProbe()
+{
+    static std::function<bool(const QString &)> probe;
+    return probe;
+}
+
+/// The system's form of a path; empty for a path that the system cannot have.
+QByteArray nativePath(const QString &path)
+{
+    return path.contains(QChar::Null) ? QByteArray() : QFile::encodeName(path);
+}
+
+bool isDirectoryEntry(int folder, const dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    struct stat attributes = {};
+    return fstatat(folder, entry.d_name, &attributes, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISDIR(attributes.st_mode);
+}
+
+} // namespace
+
+bool isPackageName(const QString &name)
+{
+    static constexpr std::array suffixes = {
+        "app"_L1,           "appex"_L1,     "aupreset"_L1,  "band"_L1,   "bundle"_L1,   "clap"_L1,
+        "component"_L1,     "framework"_L1, "gsproject"_L1, "kext"_L1,   "logicx"_L1,   "lv2"_L1,
+        "musiclibrary"_L1,  "pkg"_L1,       "mpkg"_L1,      "plugin"_L1, "prefpane"_L1, "rtfd"_L1,
+        "photoslibrary"_L1, "tvlibrary"_L1, "vst"_L1,       "vst3"_L1,   "xcodeproj"_L1};
+    const qsizetype dot = name.lastIndexOf(u'.');
+    if (dot <= 0)
+        return false;
+    const QStringView suffix = QStringView(name).mid(dot + 1);
+    return std::any_of(suffixes.begin(), suffixes.end(), [suffix](QLatin1StringView known) {
+        return suffix.compare(known, Qt::CaseInsensitive) == 0;
+    });
+}
+
+QString inodeText(const QString &path)
+{
+    const QByteArray native = nativePath(path);
+    struct stat attributes = {};
+    if (native.isEmpty() || stat(native.constData(), &attributes) != 0)
+        return u"(null)"_s;
+    return QString::number(attributes.st_ino);
+}
+
+QString inodeText(const QUrl &url)
+{
+    return inodeText(url.isLocalFile() ? url.toLocalFile() : QString());
+}
+
+std::vector<Entry> shallowEntries(const QString &directory)
+{
+    std::vector<Entry> entries;
+    const QByteArray native = nativePath(directory);
+    const std::unique_ptr<DIR, int (*)(DIR *)> folder(
+        native.isEmpty() ? nullptr : opendir(native.constData()), closedir);
+    if (!folder)
+        return entries;
+    QString prefix = QDir::cleanPath(QDir(directory).absolutePath());
+    if (!prefix.endsWith(u'/'))
+        prefix += u'/';
+    while (const dirent *const entry = readdir(folder.get())) {
+        if (entry->d_name[0] == '.')
+            continue;
+        const QString name = QFile::decodeName(entry->d_name);
+        const bool isDirectory = isDirectoryEntry(dirfd(folder.get()), *entry);
+        entries.push_back({prefix + name, isDirectory, isDirectory && isPackageName(name)});
+    }
+    return entries;
+}
+
+bool isReadable(const QString &path)
+{
+    if (const auto &probe = readabilityProbe())
+        return probe(path);
+    const QByteArray native = nativePath(path);
+    return !native.isEmpty() && access(native.constData(), R_OK) == 0;
+}
+
+void setReadabilityProbe(std::function<bool(const QString &path)> probe)
+{
+    readabilityProbe() = std::move(probe);
+}
+
+QString resolvingSymbolicLinks(const QString &path)
+{
+    const QByteArray native = nativePath(path);
+    QByteArray existing = native;
+    while (!existing.isEmpty()) {
+        const std::unique_ptr<char, decltype(&std::free)> resolved(
+            realpath(existing.constData(), nullptr), std::free);
+        if (resolved) {
+            QByteArray rest = native.mid(existing.size());
+            while (rest.endsWith('/'))
+                rest.chop(1);
+            const QByteArray base = resolved.get();
+            return QFile::decodeName(base == "/" && rest.startsWith('/') ? rest : base + rest);
+        }
+        while (existing.size() > 1 && existing.endsWith('/'))
+            existing.chop(1);
+        const qsizetype slash = existing.lastIndexOf('/');
+        if (slash < 0 || existing.size() == 1)
+            break;
+        existing.truncate(std::max<qsizetype>(slash, 1));
+        if (slash == 0) // what follows the root keeps no separator of its own
+            return path;
+    }
+    return path;
+}
+
+QStringList applicationSupportDirectories()
+{
+    const QString dataHome = QFile::decodeName(qgetenv("XDG_DATA_HOME"));
+    if (dataHome.startsWith(u'/'))
+        return {QDir::cleanPath(dataHome)};
+    const QString home = QFile::decodeName(qgetenv("HOME"));
+    if (home.startsWith(u'/'))
+        return {QDir::cleanPath(home) + u"/.local/share"_s};
+    return {};
+}
+
+QString sharedResourceDirectory()
+{
+    const QString program = QCoreApplication::applicationDirPath();
+    const QString buildTree = QStringLiteral(LYRABOX_BUILD_TREE);
+    if (program == buildTree || program.startsWith(buildTree + u'/'))
+        return buildTree + u"/share/lyrabox"_s;
+    return QDir::cleanPath(program + u"/../share/lyrabox"_s);
+}
+
+} // namespace lyrabox::files

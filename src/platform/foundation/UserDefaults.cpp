@@ -1,0 +1,54 @@
+#include "platform/foundation/UserDefaults.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+#include <cmath>
+#include <memory>
+
+namespace lyrabox {
+namespace {
+
+std::unique_ptr<QSettings> openDefaults()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return std::make_unique<QSettings>(
+        QDir(folder).filePath(QStringLiteral("Lyrabox/Lyrabox.conf")), QSettings::IniFormat);
+}
+
+std::unique_ptr<QSettings> &defaultsInstance()
+{
+    static std::unique_ptr<QSettings> instance;
+    return instance;
+}
+
+} // namespace
+
+QSettings &userDefaults()
+{
+    std::unique_ptr<QSettings> &instance = defaultsInstance();
+    if (!instance)
+        instance = openDefaults();
+    return *instance;
+}
+
+void reopenUserDefaults()
+{
+    defaultsInstance().reset(); // writes what is pending
+    defaultsInstance() = openDefaults();
+}
+
+float finiteUserDefault(const QString &key, float fallback)
+{
+    const QVariant stored = userDefaults().value(key);
+    bool isNumber = false;
+    const float value = stored.toFloat(&isNumber);
+    return isNumber && std::isfinite(value) ? value : fallback;
+}
+
+void setUserDefault(const QString &key, float value)
+{
+    userDefaults().setValue(key, QString::number(value, 'g', 9));
+}
+
+} // namespace lyrabox
