@@ -1,0 +1,97 @@
+#include "platform/audio/GraphicEqualizer.h"
+
+#include "platform/audio/DenormalGuard.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lyrabox {
+namespace {
+
+constexpr std::uint32_t chunkFrames = 256;
+
+void silence(AudioBufferList &list, std::uint32_t frames) noexcept
+{
+    for (std::uint32_t i = 0; i < std::min(list.mNumberBuffers, maximumChannels); ++i)
+        std::fill_n(static_cast<float *>(list.mBuffers[i].mData), frames, 0.0F);
+}
+
+} // namespace
+
+GraphicEqualizer::GraphicEqualizer() = default;
+
+Status GraphicEqualizer::initialize()
+{
+    published.publish(equalizer::solve(levels));
+    resetRequested.store(true, std::memory_order_release);
+    return status::noError;
+}
+
+float GraphicEqualizer::parameter(std::uint32_t id) const
+{
+    if (id == parameter::equalizerFixed)
+        return fixedParameter;
+    return id < parameter::equalizerBands ? levels[id] : 0.0F;
+}
+
+Status GraphicEqualizer::setParameter(std::uint32_t id, float value)
+{
+    if (id > parameter::equalizerFixed || !std::isfinite(value))
+        return status::invalidParameter;
+    if (id == parameter::equalizerFixed) {
+        fixedParameter = value;
+    } else if (levels[id] != value) {
+        levels[id] = value;
+        published.publish(equalizer::solve(levels));
+    }
+    return status::noError;
+}
+
+void GraphicEqualizer::reset()
+{
+    resetRequested.store(true, std::memory_order_release);
+}
+
+AudioStreamBasicDescription GraphicEqualizer::streamFormat() const
+{
+    return canonicalStreamFormat();
+}
+
+Status GraphicEqualizer::setRenderCallback(RenderCallback callback, void *context)
+{
+    renderCallback = callback;
+    renderContext = context;
+    return status::noError;
+}
+
+void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
+{
+    const DenormalGuard guard;
+    // The request before the levels: levels set before a reset are then there when it is carried
+    // out.
+    const bool resets = resetRequested.exchange(false, std::memory_order_acquire);
+    if (const equalizer::Coefficients *target = published.takeNewest())
+        cascade.rampTo(*target);
+    if (resets)
+        cascade.clear();
+
+    silence(ioData, frames);
+    if (renderCallback != nullptr &&
+        renderCallback(renderContext, frames, ioData) != status::noError)
+        silence(ioData, frames);
+
+    if (ioData.mNumberBuffers >= 2) {
+        cascade.process(static_cast<float *>(ioData.mBuffers[0].mData),
+                        static_cast<float *>(ioData.mBuffers[1].mData), frames);
+    } else if (ioData.mNumberBuffers == 1) {
+        std::array<float, chunkFrames> other;
+        auto *samples = static_cast<float *>(ioData.mBuffers[0].mData);
+        for (std::uint32_t done = 0; done < frames; done += chunkFrames) {
+            const std::uint32_t count = std::min(frames - done, chunkFrames);
+            other.fill(0.0F);
+            cascade.process(samples + done, other.data(), count);
+        }
+    }
+}
+
+} // namespace lyrabox
