@@ -1,0 +1,347 @@
+#include "engine/AudioEngineControl.h"
+
+#include <limits>
+#include <utility>
+
+namespace lyrabox::engine {
+
+namespace {
+
+using Lock = std::lock_guard<std::mutex>;
+
+/// The equalizer parameters that the ten controls use: every third band, starting with the third.
+constexpr std::array<std::uint32_t, 10> usedBands{2, 5, 8, 11, 14, 17, 20, 23, 26, 29};
+
+/// The values that survive a change of the output device.
+struct CarriedValues {
+    float volume;
+    float rate;
+    float pitch;
+    std::array<float, usedBands.size()> levels;
+};
+
+CarriedValues readValues(const Chain &chain)
+{
+    CarriedValues values{};
+    values.volume = chain.output->parameter(parameter::outputVolume);
+    values.rate = chain.timePitch->parameter(parameter::rate);
+    values.pitch = chain.timePitch->parameter(parameter::pitch);
+    for (std::size_t i = 0; i < usedBands.size(); ++i)
+        values.levels[i] = chain.equalizer->parameter(usedBands[i]);
+    return values;
+}
+
+void writeValues(const Chain &chain, const CarriedValues &values)
+{
+    chain.output->setParameter(parameter::outputVolume, values.volume);
+    chain.timePitch->setParameter(parameter::rate, values.rate);
+    chain.timePitch->setParameter(parameter::pitch, values.pitch);
+    for (std::size_t i = 0; i < usedBands.size(); ++i)
+        chain.equalizer->setParameter(usedBands[i], values.levels[i]);
+}
+
+template <typename Unit>
+Status openUnit(const std::function<std::unique_ptr<Unit>()> &make, std::unique_ptr<Unit> &unit)
+{
+    unit = make ? make() : nullptr;
+    return unit ? unit->initialize() : missingComponent;
+}
+
+Status listenToDefaultOutput()
+{
+    auto &watcher = control().watcher;
+    if (!watcher && control().factory.defaultOutputWatcher)
+        watcher = control().factory.defaultOutputWatcher();
+    return watcher ? watcher->listen([] { defaultOutputChanged(); }) : missingComponent;
+}
+
+Status buildChain(Chain &chain)
+{
+    auto &factory = control().factory;
+    if (!factory.equalizer && !factory.timePitch && !factory.output)
+        factory = platformAudioUnits();
+
+    if (const Status status = openUnit(factory.equalizer, chain.equalizer))
+        return status;
+    if (const Status status = openUnit(factory.timePitch, chain.timePitch))
+        return status;
+    if (const Status status = openUnit(factory.output, chain.output))
+        return status;
+    if (const Status status = chain.output->connect(chain.timePitch.get()))
+        return status;
+    if (const Status status = chain.timePitch->connect(chain.equalizer.get()))
+        return status;
+    chain.format = chain.equalizer->streamFormat();
+    if (const Status status = chain.equalizer->setRenderCallback(renderCallback, nullptr))
+        return status;
+    if (const Status status = listenToDefaultOutput())
+        return status;
+    return chain.equalizer->setParameter(parameter::equalizerFixed, 0.0F);
+}
+
+/// `chain` becomes the engine's, and the engine's becomes `chain`. No callback runs.
+void exchangeChain(Chain &chain)
+{
+    std::swap(control().chain, chain);
+    const Chain &current = control().chain;
+    state().eqUnit = current.equalizer.get();
+    state().timePitchUnit = current.timePitch.get();
+    state().outputUnit.store(current.output.get(), std::memory_order_release);
+    state().streamFormat = current.format;
+    state().channelIndex.store(0, std::memory_order_relaxed);
+}
+
+/// Starts or stops, and remembers a start that failed: a device that comes back makes up for it.
+void runOutput(bool running)
+{
+    OutputUnit *output = control().chain.output.get();
+    if (!output)
+        return;
+    if (!running) {
+        output->stop();
+        control().runOnNextDevice = false;
+        return;
+    }
+    control().waitsForDevice = output->start() != status::noError;
+    control().runOnNextDevice = true;
+}
+
+float readParameter(const AudioUnit *unit, std::uint32_t id)
+{
+    return unit ? unit->parameter(id) : 0.0F;
+}
+
+void writeParameter(AudioUnit *unit, std::uint32_t id, float value)
+{
+    if (unit)
+        unit->setParameter(id, value);
+}
+
+} // namespace
+
+AudioEngineState &state()
+{
+    static AudioEngineState theState;
+    return theState;
+}
+
+Control &control()
+{
+    static auto *const theControl = new Control;
+    return *theControl;
+}
+
+void setAudioUnitFactory(AudioUnitFactory factory)
+{
+    const Lock lock(control().mutex);
+    control().factory = std::move(factory);
+}
+
+Status buildAudioSystem()
+{
+    Chain fresh; // ends up holding the old chain, which goes when the mutex is free again
+    const Lock lock(control().mutex);
+    const Status status = buildChain(fresh);
+    Chain &current = control().chain;
+    if (status != status::noError && current.output)
+        return status;
+    if (current.output)
+        current.output->stop();
+    exchangeChain(fresh);
+    return status;
+}
+
+Status defaultOutputChanged()
+{
+    Chain chain;
+    const Lock lock(control().mutex);
+    const OutputUnit *old = control().chain.output.get();
+    if (!old)
+        return status::noError;
+
+    const bool wasRunning = control().waitsForDevice ? control().runOnNextDevice : old->isRunning();
+    control().chain.output->stop();
+    const CarriedValues values = readValues(control().chain);
+    if (buildChain(chain) != status::noError) {
+        control().waitsForDevice = true;
+        control().runOnNextDevice = wasRunning;
+        return status::noError;
+    }
+    exchangeChain(chain);
+    control().waitsForDevice = false;
+    writeValues(control().chain, values);
+    runOutput(wasRunning);
+    return status::noError;
+}
+
+void tearDownAudioSystem()
+{
+    Chain chain;
+    std::unique_ptr<DefaultOutputWatcher> watcher;
+    {
+        const Lock lock(control().mutex);
+        if (control().chain.output)
+            control().chain.output->stop();
+        exchangeChain(chain);
+        watcher = std::move(control().watcher);
+        control().waitsForDevice = false;
+    }
+    // Its thread may be waiting for the mutex in a notification, which now finds no chain.
+    watcher.reset();
+
+    releaseChannelBuffers(false);
+    state().albumArtData = {};
+    state().totalFrames = 0;
+    state().currentFrame = 0;
+    state().loopStartFrame = 0;
+    state().loopEndFrame = 0;
+    state().isLooping = false;
+    state().trackHasEnded = false;
+}
+
+void setOutputRunning(bool running)
+{
+    const Lock lock(control().mutex);
+    runOutput(running);
+}
+
+bool outputIsRunning()
+{
+    const Lock lock(control().mutex);
+    return control().chain.output && control().chain.output->isRunning();
+}
+
+void seekToFrame(std::uint64_t frame)
+{
+    const Lock lock(control().mutex);
+    state().currentFrame.store(frame, std::memory_order_release);
+    const Chain &chain = control().chain;
+    if (chain.output)
+        chain.output->reset();
+    if (chain.timePitch)
+        chain.timePitch->reset();
+    if (chain.equalizer)
+        chain.equalizer->reset();
+}
+
+std::uint64_t currentFrame()
+{
+    return state().currentFrame.load(std::memory_order_relaxed);
+}
+
+std::uint64_t totalFrames()
+{
+    return state().totalFrames.load(std::memory_order_relaxed);
+}
+
+std::uint64_t loopStartFrame()
+{
+    return state().loopStartFrame.load(std::memory_order_relaxed);
+}
+
+void setLoopStartFrame(std::uint64_t frame)
+{
+    state().loopStartFrame.store(frame, std::memory_order_relaxed);
+}
+
+std::uint64_t loopEndFrame()
+{
+    return state().loopEndFrame.load(std::memory_order_relaxed);
+}
+
+void setLoopEndFrame(std::uint64_t frame)
+{
+    state().loopEndFrame.store(frame, std::memory_order_relaxed);
+}
+
+bool isLooping()
+{
+    return state().isLooping.load(std::memory_order_relaxed);
+}
+
+void setIsLooping(bool looping)
+{
+    // Released, so that a callback that sees the loop sees the points that were set before it.
+    state().isLooping.store(looping, std::memory_order_release);
+}
+
+bool trackHasEnded()
+{
+    return state().trackHasEnded.load(std::memory_order_acquire);
+}
+
+void setTrackHasEnded(bool ended)
+{
+    state().trackHasEnded.store(ended, std::memory_order_relaxed);
+}
+
+QByteArray albumArtData()
+{
+    return state().albumArtData;
+}
+
+AudioStreamBasicDescription streamFormat()
+{
+    const Lock lock(control().mutex);
+    return state().streamFormat;
+}
+
+std::int64_t wholeSeconds(std::uint64_t frames, double sampleRate)
+{
+    if (!(sampleRate > 0.0))
+        return 0;
+    const double seconds = static_cast<double>(frames) / sampleRate;
+    constexpr double limit = 9223372036854775808.0; // 2^63
+    return seconds < limit ? static_cast<std::int64_t>(seconds)
+                           : std::numeric_limits<std::int64_t>::max();
+}
+
+float outputVolume()
+{
+    const Lock lock(control().mutex);
+    return readParameter(control().chain.output.get(), parameter::outputVolume);
+}
+
+void setOutputVolume(float volume)
+{
+    const Lock lock(control().mutex);
+    writeParameter(control().chain.output.get(), parameter::outputVolume, volume);
+}
+
+float playbackRate()
+{
+    const Lock lock(control().mutex);
+    return readParameter(control().chain.timePitch.get(), parameter::rate);
+}
+
+void setPlaybackRate(float rate)
+{
+    const Lock lock(control().mutex);
+    writeParameter(control().chain.timePitch.get(), parameter::rate, rate);
+}
+
+float pitchCents()
+{
+    const Lock lock(control().mutex);
+    return readParameter(control().chain.timePitch.get(), parameter::pitch);
+}
+
+void setPitchCents(float cents)
+{
+    const Lock lock(control().mutex);
+    writeParameter(control().chain.timePitch.get(), parameter::pitch, cents);
+}
+
+float eqLevel(std::uint32_t parameterID)
+{
+    const Lock lock(control().mutex);
+    return readParameter(control().chain.equalizer.get(), parameterID);
+}
+
+void setEqLevel(std::uint32_t parameterID, float level)
+{
+    const Lock lock(control().mutex);
+    writeParameter(control().chain.equalizer.get(), parameterID, level);
+}
+
+} // namespace lyrabox::engine

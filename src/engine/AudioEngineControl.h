@@ -1,0 +1,44 @@
+#pragma once
+
+#include "engine/AudioEngine.h"
+
+#include <mutex>
+
+/// What the engine's own source files share; nobody else includes it.
+namespace lyrabox::engine {
+
+/// The stages that belong together. The output goes first when a chain is destroyed.
+struct Chain {
+    std::unique_ptr<EqualizerUnit> equalizer;
+    std::unique_ptr<TimePitchUnit> timePitch;
+    std::unique_ptr<OutputUnit> output;
+    AudioStreamBasicDescription format{};
+};
+
+/// The control side of the engine: everything that the callback thread does not meet.
+struct Control {
+    std::mutex mutex; ///< held by main and notification thread, never by the callback thread
+    Chain chain;
+    /// One for the life of the engine: a rebuild runs on its thread, so it can't be replaced by
+    /// one.
+    std::unique_ptr<DefaultOutputWatcher> watcher;
+    /// The output could not be rebuilt or started; the next device change decides by
+    /// runOnNextDevice.
+    bool waitsForDevice = false;
+    bool runOnNextDevice = false;
+
+    // Main thread, set before use.
+    AudioUnitFactory factory;
+    SongReaderFactory songReaderFactory;
+    std::function<std::uint64_t()> availableMemoryProbe;
+};
+
+AudioEngineState &state();
+
+/// Never destroyed: threads of the sound system may still be running when static objects go.
+Control &control();
+
+/// Frees every channel's samples; `placeholder`: each gets one byte instead, as an empty song has.
+void releaseChannelBuffers(bool placeholder);
+
+} // namespace lyrabox::engine
