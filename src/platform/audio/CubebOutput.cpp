@@ -1,0 +1,155 @@
+#include "platform/audio/CubebOutput.h"
+
+#include "platform/audio/StreamFormat.h"
+
+#include <cubeb/cubeb.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <thread>
+
+namespace lyrabox {
+namespace {
+
+// 46 ms. Sound servers ask for a quarter of it at a time, so that a stretcher that works in blocks
+// of some ten milliseconds never runs the device dry, and a press of the play button is still heard
+// at once.
+constexpr std::uint32_t preferredLatencyFrames = 2048;
+
+} // namespace
+
+CubebOutput::~CubebOutput()
+{
+    stop();
+    close();
+}
+
+Status CubebOutput::initialize()
+{
+    stop();
+    close();
+    if (cubeb_init(&m_context, "Lyrabox", nullptr) != CUBEB_OK) {
+        m_context = nullptr;
+        return status::noAudioDevice;
+    }
+
+    constexpr AudioStreamBasicDescription format = canonicalStreamFormat();
+    cubeb_stream_params params{};
+    params.format = CUBEB_SAMPLE_FLOAT32NE;
+    params.rate = static_cast<std::uint32_t>(format.mSampleRate);
+    params.channels = OutputRenderer::channels;
+    params.layout = CUBEB_LAYOUT_STEREO;
+    params.prefs = CUBEB_STREAM_PREF_NONE;
+
+    std::uint32_t minimum = 0;
+    if (cubeb_get_min_latency(m_context, &params, &minimum) != CUBEB_OK)
+        minimum = 0;
+    m_latencyFrames = std::max(minimum, preferredLatencyFrames);
+
+    const auto stateChanged = [](cubeb_stream *, void *user, cubeb_state state) {
+        if (state == CUBEB_STATE_ERROR)
+            static_cast<CubebOutput *>(user)->m_lost.store(true);
+    };
+    m_lost.store(false);
+    const int result =
+        cubeb_stream_init(m_context, &m_stream, "Music", nullptr, nullptr, nullptr, &params,
+                          m_latencyFrames, &CubebOutput::dataCallback, stateChanged, this);
+    if (result != CUBEB_OK) {
+        m_stream = nullptr;
+        close();
+        return status::noAudioDevice;
+    }
+    return status::noError;
+}
+
+float CubebOutput::parameter(std::uint32_t id) const
+{
+    return id == parameter::outputVolume ? m_renderer.volume() : 0.0F;
+}
+
+Status CubebOutput::setParameter(std::uint32_t id, float value)
+{
+    if (id != parameter::outputVolume || !std::isfinite(value))
+        return status::invalidParameter;
+    m_renderer.setVolume(value);
+    return status::noError;
+}
+
+void CubebOutput::reset()
+{
+    m_renderer.requestReset();
+}
+
+Status CubebOutput::connect(RenderingUnit *source)
+{
+    if (source == nullptr)
+        return status::noConnection;
+    m_renderer.connect(source);
+    return status::noError;
+}
+
+Status CubebOutput::start()
+{
+    if (!m_renderer.isConnected())
+        return status::noConnection;
+    m_renderer.start();
+    // A lost stream must not be started: cubeb's PulseAudio backend asserts that the server
+    // answers.
+    if (m_stream == nullptr || m_lost.load())
+        return status::noAudioDevice;
+    // Stopped from inside the callback: the device never halted.
+    if (m_deviceStarted)
+        return status::noError;
+    if (cubeb_stream_start(m_stream) != CUBEB_OK)
+        return status::noAudioDevice;
+    m_deviceStarted = true;
+    return status::noError;
+}
+
+Status CubebOutput::stop() noexcept
+{
+    m_renderer.stop();
+    if (m_renderer.isRenderingHere() || !m_deviceStarted)
+        return status::noError;
+    waitForSilence();
+    cubeb_stream_stop(m_stream);
+    m_renderer.waitUntilIdle();
+    m_renderer.clear();
+    m_deviceStarted = false;
+    return status::noError;
+}
+
+/// Halting the device cuts off what it still holds, which would click. So it first plays the
+/// fade-out, and as much silence as it holds at most. Given up on a device that no longer asks for
+/// frames.
+void CubebOutput::waitForSilence() const noexcept
+{
+    using namespace std::chrono;
+    const double rate = canonicalStreamFormat().mSampleRate;
+    const auto latency = duration_cast<milliseconds>(duration<double>(m_latencyFrames / rate));
+    const auto deadline = steady_clock::now() + 2 * latency + milliseconds(60);
+    while (!m_lost.load() && m_renderer.silentFrames() < m_latencyFrames &&
+           steady_clock::now() < deadline)
+        std::this_thread::sleep_for(milliseconds(1));
+}
+
+void CubebOutput::close() noexcept
+{
+    if (m_stream != nullptr)
+        cubeb_stream_destroy(m_stream);
+    if (m_context != nullptr)
+        cubeb_destroy(m_context);
+    m_stream = nullptr;
+    m_context = nullptr;
+}
+
+long CubebOutput::dataCallback(cubeb_stream *, void *user, const void *, void *output,
+                               long frames) noexcept
+{
+    static_cast<CubebOutput *>(user)->m_renderer.render(static_cast<float *>(output),
+                                                        static_cast<std::uint32_t>(frames));
+    return frames;
+}
+
+} // namespace lyrabox

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/audio/AudioUnit.h"
+#include "platform/audio/OutputRenderer.h"
+
+#include <atomic>
+#include <cstdint>
+
+struct cubeb;
+struct cubeb_stream;
+
+namespace lyrabox {
+
+/// The default output device, through cubeb: 44,100 Hz, stereo, 32-bit float, which the sound
+/// server converts where the device differs.
+///
+/// Control side unless a member says otherwise. Start, stop and reset are faded over
+/// OutputRenderer::fadeFrames. The volume (parameter::outputVolume) is applied to the samples and
+/// not as the sound server's stream volume: it moves without steps, and the server's own mixer,
+/// which remembers stream volumes, is left to the user.
+class CubebOutput : public OutputUnit {
+public:
+    CubebOutput() = default;
+    ~CubebOutput() override;
+
+    /// Opens the device, halted. noAudioDevice when there is no sound server or no device.
+    Status initialize() override;
+
+    float parameter(std::uint32_t id) const override;
+    Status setParameter(std::uint32_t id, float value) override;
+    void reset() override;
+    Status connect(RenderingUnit *source) override;
+
+    /// noConnection without a source. With the device missing or lost it returns noAudioDevice and
+    /// still counts as running, so that a chain rebuilt on the next device knows to go on.
+    Status start() override;
+
+    /// Pulls nothing from the source any more, lets the device play what it has (up to a tenth of a
+    /// second or two) and halts it.
+    Status stop() noexcept override;
+
+    /// Any thread: started and not stopped since. Stays true when the device is lost.
+    bool isRunning() const noexcept override { return m_renderer.isRunning(); }
+
+private:
+    static long dataCallback(cubeb_stream *stream, void *user, const void *input, void *output,
+                             long frames) noexcept;
+    void waitForSilence() const noexcept;
+    void close() noexcept;
+
+    OutputRenderer m_renderer;
+    cubeb *m_context = nullptr;
+    cubeb_stream *m_stream = nullptr;
+    std::uint32_t m_latencyFrames = 0;
+    bool m_deviceStarted = false;
+    std::atomic<bool> m_lost{false}; ///< written by the device's own thread
+};
+
+} // namespace lyrabox

@@ -1,0 +1,188 @@
+#include "platform/audio/OutputRenderer.h"
+
+#include "platform/audio/DenormalGuard.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstring>
+#include <numbers>
+#include <thread>
+
+namespace lyrabox {
+namespace {
+
+thread_local const OutputRenderer *renderingHere = nullptr;
+
+// One-pole smoothing of the volume with a time constant of 5 ms at 44,100 Hz: 1 - exp(-1 / 220.5).
+constexpr float gainStep = 0.0045249F;
+// Below -120 dB the gain lands on its target, so that full volume passes the samples unchanged.
+constexpr float gainTolerance = 1e-6F;
+
+} // namespace
+
+OutputRenderer::OutputRenderer()
+{
+    for (std::uint32_t i = 0; i < fadeFrames; ++i) {
+        const double phase = (i + 1.0) / (fadeFrames + 1.0);
+        m_fade[i] = static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * phase));
+    }
+}
+
+void OutputRenderer::start() noexcept
+{
+    if (!m_running.load())
+        m_silentFrames.store(0);
+    m_running.store(true);
+}
+
+bool OutputRenderer::isRenderingHere() const noexcept
+{
+    return renderingHere == this;
+}
+
+void OutputRenderer::waitUntilIdle() const noexcept
+{
+    // The callback thread takes no lock and signals nobody, so it can only be watched.
+    while (m_rendering.load())
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+}
+
+void OutputRenderer::clear() noexcept
+{
+    m_aheadFrames = 0;
+    m_tailFrames = 0;
+    m_tailPosition = 0;
+    m_fadeInPosition = 0;
+}
+
+void OutputRenderer::render(float *interleaved, std::uint32_t frames) noexcept
+{
+    const DenormalGuard denormals;
+    renderingHere = this;
+    // Sequentially consistent, as is m_running: either this callback sees the stop, or
+    // waitUntilIdle() sees it.
+    m_rendering.store(true);
+    while (frames > 0) {
+        const std::uint32_t count = std::min(frames, chunkFrames);
+        renderChunk(interleaved, count);
+        interleaved += static_cast<std::size_t>(count) * channels;
+        frames -= count;
+    }
+    m_rendering.store(false);
+    renderingHere = nullptr;
+}
+
+void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexcept
+{
+    if (m_running.load())
+        pullAhead(frames);
+    else
+        retire();
+
+    const float target = std::clamp(m_volume.load(std::memory_order_relaxed), 0.0F, 1.0F);
+    if (m_aheadFrames == 0 && m_tailPosition >= m_tailFrames) {
+        std::fill_n(interleaved, static_cast<std::size_t>(frames) * channels, 0.0F);
+        m_gain = target;
+        m_silentFrames.fetch_add(frames);
+        return;
+    }
+    m_silentFrames.store(0);
+
+    for (std::uint32_t i = 0; i < frames; ++i) {
+        m_gain += (target - m_gain) * gainStep;
+        if (std::abs(target - m_gain) < gainTolerance)
+            m_gain = target;
+        for (std::uint32_t channel = 0; channel < channels; ++channel) {
+            float sample = tailSample(channel, i);
+            if (i < m_aheadFrames)
+                sample += m_ahead[channel][i] * fadeIn(m_fadeInPosition + i);
+            interleaved[i * channels + channel] = sample * m_gain;
+        }
+    }
+
+    m_tailPosition = std::min(m_tailPosition + frames, m_tailFrames);
+    const std::uint32_t used = std::min(frames, m_aheadFrames);
+    if (used > 0) {
+        m_fadeInPosition = std::min(m_fadeInPosition + used, fadeFrames);
+        m_aheadFrames -= used;
+        for (auto &ahead : m_ahead)
+            std::memmove(ahead.data(), ahead.data() + used, m_aheadFrames * sizeof(float));
+    }
+}
+
+/// Leaves at least `frames` + fadeFrames frames ahead, or none when the source has stopped the
+/// output.
+void OutputRenderer::pullAhead(std::uint32_t frames) noexcept
+{
+    if (m_resetRequested.exchange(false))
+        retire();
+    while (m_aheadFrames < frames + fadeFrames) {
+        pullChunk();
+        if (!m_running.load()) {
+            retire();
+            return;
+        }
+        // A reset that arrived during the pull: the chunk may be from before, from after, or from
+        // both.
+        if (m_resetRequested.exchange(false)) {
+            retire();
+            continue;
+        }
+        m_aheadFrames += chunkFrames;
+    }
+}
+
+void OutputRenderer::pullChunk() noexcept
+{
+    AudioBufferList list;
+    list.mNumberBuffers = channels;
+    for (std::uint32_t channel = 0; channel < channels; ++channel) {
+        float *const data = m_ahead[channel].data() + m_aheadFrames;
+        std::fill_n(data, chunkFrames, 0.0F);
+        list.mBuffers[channel] = {.mNumberChannels = 1,
+                                  .mDataByteSize =
+                                      chunkFrames * static_cast<std::uint32_t>(sizeof(float)),
+                                  .mData = data};
+    }
+    m_source->render(chunkFrames, list);
+}
+
+/// Turns the frames ahead, as they would have sounded, into the tail that fades out.
+void OutputRenderer::retire() noexcept
+{
+    if (m_aheadFrames == 0)
+        return;
+    const std::uint32_t ahead = std::min(m_aheadFrames, fadeFrames);
+    const std::uint32_t frames = std::max(ahead, m_tailFrames - m_tailPosition);
+    for (std::uint32_t channel = 0; channel < channels; ++channel) {
+        // In place: tailSample() reads at or behind the frame that is written.
+        for (std::uint32_t i = 0; i < frames; ++i) {
+            float sample = tailSample(channel, i);
+            if (i < ahead)
+                sample += m_ahead[channel][i] * fadeIn(m_fadeInPosition + i);
+            m_tail[channel][i] = sample;
+        }
+    }
+    m_tailFrames = frames;
+    m_tailPosition = 0;
+    m_aheadFrames = 0;
+    m_fadeInPosition = 0;
+}
+
+float OutputRenderer::fadeIn(std::uint32_t position) const noexcept
+{
+    return position < fadeFrames ? m_fade[position] : 1.0F;
+}
+
+/// The fading sample `offset` frames from now. A tail of fewer than fadeFrames frames fades as much
+/// faster.
+float OutputRenderer::tailSample(std::uint32_t channel, std::uint32_t offset) const noexcept
+{
+    const std::uint32_t position = m_tailPosition + offset;
+    if (position >= m_tailFrames)
+        return 0.0F;
+    return m_tail[channel][position] * (1.0F - m_fade[position * fadeFrames / m_tailFrames]);
+}
+
+} // namespace lyrabox
