@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/audio/AudioFileReaderFFmpeg.h"
+#include "platform/audio/AudioFileReaderInput.h"
+
+#include <optional>
+
+namespace lyrabox {
+
+/// One opened audio file: its container and its first audio stream that something here decodes.
+class AudioFileReaderContainer {
+public:
+    /// Statuses as AudioFileReader::open().
+    Status open(const QString &path);
+
+    AVFormatContext *context() const { return m_context.get(); }
+    AVStream *stream() const { return m_stream; }
+    const AVCodec *decoder() const { return m_decoder; }
+    AudioFileReaderInput &input() { return m_input; }
+
+    /// Length in seconds as far as the container tells; none when it does not, or tells what the
+    /// file's size belies.
+    std::optional<double> duration() const;
+
+private:
+    Status probe(const QString &path);
+    Status openContext();
+    Status chooseStream();
+    bool isComplete() const;
+
+    AudioFileReaderInput m_input;
+    const AVInputFormat *m_format = nullptr;
+    bool m_certain = false;
+    AvPointer<AVFormatContext> m_context; ///< reads from m_input, so it goes first
+    AVStream *m_stream = nullptr;
+    const AVCodec *m_decoder = nullptr;
+};
+
+/// Silences FFmpeg and bounds a single allocation of it. Once per process, any thread.
+void prepareFFmpeg();
+
+} // namespace lyrabox

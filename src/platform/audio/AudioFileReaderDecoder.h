@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/audio/AudioFileReaderContainer.h"
+
+namespace lyrabox {
+
+/// Decodes the chosen stream of a container from its start to its end. What is damaged is skipped.
+class AudioFileReaderDecoder {
+public:
+    /// The container must outlive the decoder. unsupportedDataFormat, invalidFile or
+    /// notEnoughMemory on failure.
+    Status open(AudioFileReaderContainer &container);
+
+    /// The next frame with sound in it, without encoder delay and padding, valid until the next
+    /// call; null at the end, or where nothing decodable comes any more.
+    const AVFrame *next();
+
+    /// After the end: 0, or why there was no more (a read error, no memory, or nothing but damage).
+    Status status() const { return m_status; }
+
+private:
+    bool receive();
+    bool feed();
+    void trimLast();
+
+    AudioFileReaderContainer *m_container = nullptr;
+    AvPointer<AVCodecContext> m_context;
+    AvPointer<AVPacket> m_packet;
+    AvPointer<AVFrame> m_frame; ///< what next() returned last
+    AvPointer<AVFrame>
+        m_waiting; ///< the one after it: whether a frame is the last one is known a frame later
+    bool m_hasWaiting = false;
+    bool m_draining = false;
+    bool m_ended = false;
+    bool m_delivered = false;
+    int m_failures = 0;
+    Status m_status = status::noError;
+};
+
+} // namespace lyrabox

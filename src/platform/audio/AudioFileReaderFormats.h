@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+struct AVInputFormat;
+
+/// Which files are taken for audio: the containers and codecs that the reader lets FFmpeg use.
+namespace lyrabox {
+
+/// Names of FFmpeg's demuxers, separated by commas: containers of audio that hold their own data.
+/// What leads to other files or to the network (playlists, concat, streaming manifests), pictures,
+/// text and headerless samples are not among them.
+const char *audioContainers();
+
+/// Every audio decoder's name, separated by commas: keeps FFmpeg from starting a picture or video
+/// decoder while it analyses a file.
+const char *audioDecoders();
+
+/// Whether one of a demuxer's names ("mov,mp4,m4a") is among the audio containers.
+bool isAudioContainer(std::string_view demuxerNames);
+
+/// Bytes that an ID3v2 tag at the start of a file takes, header and footer included; 0 when `start`
+/// (at least 10 bytes of the file) is none.
+std::int64_t id3TagBytes(std::span<const std::uint8_t> start);
+
+struct ProbeResult {
+    const AVInputFormat *format = nullptr; ///< an audio container, or null
+    bool certain = false;                  ///< the content says so, not only the file's name
+    bool foreign = false;                  ///< the content is certainly something else
+};
+
+/// Judges what `bytes`, the beginning of a file after its ID3v2 tag, are. `extension` ("mp3") only
+/// counts where the bytes leave it open. `bytes` must be followed by AVPROBE_PADDING_SIZE zero
+/// bytes.
+ProbeResult probeContainer(std::span<std::uint8_t> bytes, const std::string &extension);
+
+} // namespace lyrabox
