@@ -10,6 +10,7 @@
 #include "platform/ui/ImageView.h"
 #include "platform/ui/NumberField.h"
 #include "platform/ui/StateButton.h"
+#include "settings/SongValues.h"
 
 #include <QImage>
 #include <QObject>
@@ -18,9 +19,9 @@
 
 class LB_SettingsController;
 
-/// The one object through which the rest of the program plays sound. It builds the engine when it is created,
-/// loads and unloads songs, and turns the transport controls into engine settings. Main thread only. Outlets are
-/// set once, before awakeFromNib(), and are not owned.
+/// The one object through which the rest of the program plays sound. It builds the engine when it
+/// is created, loads and unloads songs, and turns the transport controls into engine settings. Main
+/// thread only. Outlets are set once, before awakeFromNib(), and are not owned.
 class LB_AudioController : public QObject {
     Q_OBJECT
 
@@ -60,13 +61,19 @@ public:
     LB_Slider *playbackPitchSlider() const { return m_playbackPitchSlider; }
     void setPlaybackPitchSlider(LB_Slider *slider) { m_playbackPitchSlider = slider; }
     lyrabox::NumberField *playbackPitchTextField() const { return m_playbackPitchTextField; }
-    void setPlaybackPitchTextField(lyrabox::NumberField *field) { m_playbackPitchTextField = field; }
+    void setPlaybackPitchTextField(lyrabox::NumberField *field)
+    {
+        m_playbackPitchTextField = field;
+    }
     lyrabox::ButtonMatrix *playbackSpeedMatrix() const { return m_playbackSpeedMatrix; }
     void setPlaybackSpeedMatrix(lyrabox::ButtonMatrix *matrix) { m_playbackSpeedMatrix = matrix; }
     LB_Slider *playbackSpeedSlider() const { return m_playbackSpeedSlider; }
     void setPlaybackSpeedSlider(LB_Slider *slider) { m_playbackSpeedSlider = slider; }
     lyrabox::NumberField *playbackSpeedTextField() const { return m_playbackSpeedTextField; }
-    void setPlaybackSpeedTextField(lyrabox::NumberField *field) { m_playbackSpeedTextField = field; }
+    void setPlaybackSpeedTextField(lyrabox::NumberField *field)
+    {
+        m_playbackSpeedTextField = field;
+    }
     LB_SettingsController *settings() const { return m_settings; }
     void setSettings(LB_SettingsController *settings) { m_settings = settings; }
     LB_PopUpButtonCell *settingsPopup() const { return m_settingsPopup; }
@@ -115,8 +122,8 @@ public:
     // Loading.
     /// The loaded song, or the one whose load failed last; null when the player is empty.
     lyrabox::TrackRecordRef currentTrack() const { return m_currentTrack; }
-    /// Stops, decodes the song into memory, applies its stored settings and starts if the play button is on.
-    /// Blocks. Returns the decoder's status.
+    /// Stops, decodes the song into memory, applies its stored settings and starts if the play
+    /// button is on. Blocks. Returns the decoder's status.
     lyrabox::Status loadTrackObject(const lyrabox::TrackRecordRef &track);
     void emptyPlayer();
     /// The song's artwork, or the image named "LBAlbumArt".
@@ -144,6 +151,9 @@ Q_SIGNALS:
     void loopChanged();
 
 private:
+    void setTransportEnabled(bool enabled);
+    void showLoadedTrack();
+    void storeSettings(lyrabox::SongValues values);
     void announceTrackChange();
 
     FatalErrorHandling m_fatalErrorHandling;

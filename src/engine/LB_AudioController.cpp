@@ -1,0 +1,427 @@
+#include "engine/LB_AudioController.h"
+
+#include "engine/Artwork.h"
+#include "engine/AudioEngine.h"
+#include "engine/TransportRules.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "platform/foundation/UserDefaults.h"
+#include "platform/ui/NamedImage.h"
+#include "settings/LB_SettingsController.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include <cmath>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+namespace engine = lyrabox::engine;
+namespace transport = lyrabox::transport;
+
+namespace {
+
+constexpr double titleFontSize = 22.0;
+constexpr double artistFontSize = 16.0;
+
+LB_AudioController::FatalErrorHandling alertAndQuit()
+{
+    return {
+        .present =
+            [](const QString &description, const QString &recoverySuggestion) {
+                QMessageBox alert(QMessageBox::Critical, QApplication::applicationDisplayName(),
+                                  description);
+                alert.setTextFormat(Qt::PlainText);
+                alert.setInformativeText(recoverySuggestion);
+                alert.exec();
+            },
+        // Queued: the engine is built before the event loop starts, and quit() means nothing until
+        // it does.
+        .terminate =
+            [] { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); },
+    };
+}
+
+/// Ends the editing of a text field: what was typed is entered first. Other controls keep the
+/// keyboard.
+void makeWindowFirstResponder(const QWidget *control)
+{
+    if (auto *field = qobject_cast<QLineEdit *>(control->window()->focusWidget()))
+        field->clearFocus();
+}
+
+float clampedToSlider(float value, const LB_Slider &slider)
+{
+    return transport::clamped(value, static_cast<float>(slider.minValue()),
+                              static_cast<float>(slider.maxValue()));
+}
+
+} // namespace
+
+LB_AudioController::LB_AudioController(QObject *parent) : LB_AudioController(alertAndQuit(), parent)
+{}
+
+LB_AudioController::LB_AudioController(FatalErrorHandling handling, QObject *parent)
+    : QObject(parent), m_fatalErrorHandling(std::move(handling))
+{
+    const lyrabox::Status status = engine::buildAudioSystem();
+    if (status == lyrabox::status::noError)
+        return;
+    m_fatalErrorHandling.present(
+        tr("Lyrabox cannot build its audio system. (Error %1)").arg(status),
+        tr("The program will now terminate"));
+    m_fatalErrorHandling.terminate();
+}
+
+LB_AudioController::~LB_AudioController()
+{
+    engine::tearDownAudioSystem();
+}
+
+void LB_AudioController::awakeFromNib()
+{
+    const float storedVolume =
+        lyrabox::userDefaults().value(lyrabox::defaultsKey::outputVolume).toFloat();
+    setOutputVolume(storedVolume != 0.0F ? storedVolume : 1.0F);
+    m_titleField->setFontSize(titleFontSize);
+    m_artistField->setFontSize(artistFontSize);
+    m_albumArtImageView->setImage(albumArtImage());
+
+    using Highlight = lyrabox::StateButton::Highlight;
+    m_playPauseButton->setHighlightMode(Highlight::PushIn);
+    m_settingsPopup->setHighlightMode(Highlight::PushIn);
+    m_loopButton->setHighlightMode(Highlight::None);
+    for (auto *button : {static_cast<lyrabox::StateButton *>(m_playPauseButton), m_loopButton,
+                         m_seekForwardButton, m_seekBackwardButton})
+        button->setImageDimsWhenDisabled(false);
+    setTransportEnabled(false);
+
+    updateSettingsPopup();
+    resetPlaybackSystem();
+    setIsRunning(false);
+}
+
+void LB_AudioController::setTransportEnabled(bool enabled)
+{
+    m_loopButton->setEnabled(enabled);
+    m_seekBackwardButton->setEnabled(enabled);
+    m_seekForwardButton->setEnabled(enabled);
+}
+
+lyrabox::AudioStreamBasicDescription LB_AudioController::audioBufferFormat() const
+{
+    return engine::streamFormat();
+}
+
+quint64 LB_AudioController::currentFrame() const
+{
+    return engine::currentFrame();
+}
+
+void LB_AudioController::setCurrentFrame(quint64 frame)
+{
+    engine::seekToFrame(frame);
+}
+
+quint64 LB_AudioController::totalFrames() const
+{
+    return engine::totalFrames();
+}
+
+quint64 LB_AudioController::loopStartFrame() const
+{
+    return engine::loopStartFrame();
+}
+
+void LB_AudioController::setLoopStartFrame(quint64 frame)
+{
+    engine::setLoopStartFrame(frame);
+}
+
+quint64 LB_AudioController::loopEndFrame() const
+{
+    return engine::loopEndFrame();
+}
+
+void LB_AudioController::setLoopEndFrame(quint64 frame)
+{
+    engine::setLoopEndFrame(frame);
+}
+
+bool LB_AudioController::isLooping() const
+{
+    return engine::isLooping();
+}
+
+void LB_AudioController::setIsLooping(bool looping)
+{
+    engine::setIsLooping(looping);
+}
+
+bool LB_AudioController::trackHasEnded() const
+{
+    return engine::trackHasEnded();
+}
+
+void LB_AudioController::setTrackHasEnded(bool ended)
+{
+    engine::setTrackHasEnded(ended);
+}
+
+qint64 LB_AudioController::currentSeconds() const
+{
+    return engine::wholeSeconds(engine::currentFrame(), engine::streamFormat().mSampleRate);
+}
+
+qint64 LB_AudioController::totalSeconds() const
+{
+    return engine::wholeSeconds(engine::totalFrames(), engine::streamFormat().mSampleRate);
+}
+
+bool LB_AudioController::isRunning() const
+{
+    return engine::outputIsRunning();
+}
+
+void LB_AudioController::setIsRunning(bool running)
+{
+    engine::setOutputRunning(running);
+    Q_EMIT runningChanged(isRunning());
+}
+
+float LB_AudioController::outputVolume() const
+{
+    return engine::outputVolume();
+}
+
+void LB_AudioController::setOutputVolume(float volume)
+{
+    engine::setOutputVolume(volume);
+    lyrabox::setUserDefault(lyrabox::defaultsKey::outputVolume, volume);
+    Q_EMIT outputVolumeChanged(outputVolume());
+}
+
+float LB_AudioController::playbackSpeedPct() const
+{
+    return engine::playbackRate() * 100.0F;
+}
+
+void LB_AudioController::setPlaybackSpeedPct(float pct)
+{
+    if (!std::isfinite(pct))
+        return;
+    m_playbackSpeedSlider->animateToFloatValue(pct);
+    m_playbackSpeedTextField->setFloatValue(pct);
+    engine::setPlaybackRate(pct / 100.0F);
+    Q_EMIT speedOrPitchChanged();
+}
+
+float LB_AudioController::playbackPitch() const
+{
+    return static_cast<float>(transport::wholeCents(engine::pitchCents()));
+}
+
+void LB_AudioController::setPlaybackPitch(float cents)
+{
+    if (!std::isfinite(cents))
+        return;
+    m_playbackPitchSlider->animateToFloatValue(cents);
+    m_playbackPitchTextField->setFloatValue(cents);
+    engine::setPitchCents(cents);
+    Q_EMIT speedOrPitchChanged();
+}
+
+float LB_AudioController::eqLevelForIndex(quint32 index) const
+{
+    return engine::eqLevel(index);
+}
+
+void LB_AudioController::setEqLevelForIndex(float level, quint32 index)
+{
+    engine::setEqLevel(index, level);
+}
+
+lyrabox::Status LB_AudioController::loadTrackObject(const lyrabox::TrackRecordRef &track)
+{
+    setIsRunning(false);
+    m_currentTrack = track;
+    const lyrabox::Status status = engine::loadAudioFile(track ? track->fileURL : QUrl());
+    if (status == lyrabox::status::noError && m_currentTrack)
+        showLoadedTrack();
+    announceTrackChange();
+    return status;
+}
+
+void LB_AudioController::showLoadedTrack()
+{
+    const lyrabox::TrackRecordRef track = m_currentTrack;
+    m_titleField->setString(track->title.value_or(QString()));
+    m_artistField->setString(transport::artistLine(track->artist, track->album));
+    m_albumArtImageView->setImage(albumArtImage());
+    setTransportEnabled(true);
+    resetPlaybackSystem();
+    if (track->hasSettings) {
+        const lyrabox::SongValues values = m_settings->valuesForInode(track->inode);
+        setPlaybackSpeedPct(values.speed);
+        setPlaybackPitch(values.pitch);
+    }
+    updateSettingsPopup();
+    setIsRunning(m_playPauseButton->state() != 0);
+}
+
+void LB_AudioController::emptyPlayer()
+{
+    setIsRunning(false);
+    engine::emptyAudioBuffers();
+    m_currentTrack.reset();
+    m_titleField->setString({});
+    m_artistField->setString({});
+    m_albumArtImageView->setImage(albumArtImage());
+    setTransportEnabled(false);
+    updateSettingsPopup();
+    m_playPauseButton->setState(0);
+    resetPlaybackSystem();
+    announceTrackChange();
+}
+
+void LB_AudioController::announceTrackChange()
+{
+    lyrabox::NotificationCenter::defaultCenter().postCoalescingOnName(
+        lyrabox::notification::currentTrackChanged);
+}
+
+QImage LB_AudioController::albumArtImage() const
+{
+    const QImage artwork = lyrabox::decodedArtwork(engine::albumArtData());
+    if (!artwork.isNull())
+        return artwork;
+    const qreal ratio = m_albumArtImageView ? m_albumArtImageView->devicePixelRatioF() : 1.0;
+    return lyrabox::NamedImage(u"LBAlbumArt"_s).pixmap(ratio).toImage();
+}
+
+void LB_AudioController::resetPlaybackSystem()
+{
+    setTrackHasEnded(false);
+    m_loopButton->setState(0);
+    setLoopEndFrame(0);
+    setLoopStartFrame(0);
+    setIsLooping(false);
+    setLoopStartIsSet(false);
+    m_loopButton->setImage(lyrabox::NamedImage(u"LoopButton1"_s));
+    setPlaybackSpeedPct(transport::normalSpeed);
+    setPlaybackPitch(transport::normalPitch);
+    Q_EMIT loopChanged();
+}
+
+void LB_AudioController::updateSettingsPopup()
+{
+    const bool hasSettings = m_currentTrack && m_currentTrack->hasSettings;
+    m_settingsPopup->setFirstItemImage(
+        lyrabox::NamedImage(hasSettings ? u"SettingsButtonOn"_s : u"SettingsButtonOff"_s));
+}
+
+void LB_AudioController::playPauseButtonPressed(lyrabox::StateButton *sender)
+{
+    if (m_currentTrack)
+        setIsRunning(sender->state() != 0);
+    else
+        lyrabox::NotificationCenter::defaultCenter().post(
+            lyrabox::notification::playPressedOnEmpty);
+}
+
+void LB_AudioController::loopButtonPressed(lyrabox::StateButton *sender)
+{
+    switch (sender->state()) {
+    case -1:
+        setLoopStartFrame(currentFrame());
+        setIsLooping(false);
+        setLoopStartIsSet(true);
+        sender->setImage(lyrabox::NamedImage(u"LoopButton2"_s));
+        break;
+    case 1:
+        setLoopEndFrame(currentFrame());
+        setIsLooping(true);
+        sender->setImage(lyrabox::NamedImage(u"LoopButton3"_s));
+        break;
+    case 0:
+        setIsLooping(false);
+        setLoopStartIsSet(false);
+        sender->setImage(lyrabox::NamedImage(u"LoopButton1"_s));
+        break;
+    default:
+        return;
+    }
+    Q_EMIT loopChanged();
+}
+
+void LB_AudioController::speedButtonPressed(lyrabox::ButtonMatrix *sender)
+{
+    makeWindowFirstResponder(sender);
+    setPlaybackSpeedPct(
+        clampedToSlider(transport::stepped(sender->selectedTag(), playbackSpeedPct(),
+                                           transport::speedStep, transport::normalSpeed),
+                        *m_playbackSpeedSlider));
+}
+
+void LB_AudioController::pitchButtonPressed(lyrabox::ButtonMatrix *sender)
+{
+    makeWindowFirstResponder(sender);
+    setPlaybackPitch(
+        clampedToSlider(transport::stepped(sender->selectedTag(), playbackPitch(),
+                                           transport::pitchStep, transport::normalPitch),
+                        *m_playbackPitchSlider));
+}
+
+void LB_AudioController::speedSliderMoved(LB_Slider *sender)
+{
+    // Read before the editing ends: what is entered then moves the slider.
+    const float value = sender->floatValue();
+    makeWindowFirstResponder(m_playbackSpeedMatrix);
+    setPlaybackSpeedPct(value);
+}
+
+void LB_AudioController::pitchSliderMoved(LB_Slider *sender)
+{
+    const float value = sender->floatValue();
+    makeWindowFirstResponder(m_playbackPitchSlider);
+    setPlaybackPitch(value);
+}
+
+void LB_AudioController::speedTextChanged(lyrabox::NumberField *sender)
+{
+    const float value = sender->floatValue();
+    if (transport::isAcceptedEntry(value))
+        setPlaybackSpeedPct(clampedToSlider(value, *m_playbackSpeedSlider));
+    else
+        sender->setFloatValue(playbackSpeedPct());
+}
+
+void LB_AudioController::pitchTextChanged(lyrabox::NumberField *sender)
+{
+    const float value = sender->floatValue();
+    if (transport::isAcceptedEntry(value))
+        setPlaybackPitch(clampedToSlider(value, *m_playbackPitchSlider));
+    else
+        sender->setFloatValue(playbackPitch());
+}
+
+void LB_AudioController::saveSettings()
+{
+    storeSettings({.speed = playbackSpeedPct(), .pitch = playbackPitch()});
+}
+
+void LB_AudioController::removeSettings()
+{
+    storeSettings({.speed = transport::normalSpeed, .pitch = transport::normalPitch});
+}
+
+void LB_AudioController::storeSettings(lyrabox::SongValues values)
+{
+    if (!m_currentTrack)
+        return;
+    // Kept alive: whoever observes the settings may change the track.
+    const lyrabox::TrackRecordRef track = m_currentTrack;
+    track->hasSettings = m_settings->setValuesForInode(values, track->inode);
+    updateSettingsPopup();
+}

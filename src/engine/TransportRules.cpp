@@ -1,0 +1,50 @@
+#include "engine/TransportRules.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace lyrabox::transport {
+
+float clamped(float value, float minimum, float maximum)
+{
+    if (value < minimum)
+        return minimum;
+    return value > maximum ? maximum : value;
+}
+
+float stepped(int tag, float current, float step, float normal)
+{
+    switch (tag) {
+    case 0:
+        return current - step;
+    case 1:
+        return normal;
+    case 2:
+        return current + step;
+    default:
+        return current;
+    }
+}
+
+bool isAcceptedEntry(float value)
+{
+    return value != 0.0F && !std::isnan(value);
+}
+
+std::int16_t wholeCents(float cents)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    if (std::isnan(cents))
+        return 0;
+    return static_cast<std::int16_t>(
+        std::clamp(cents, static_cast<float>(Limits::min()), static_cast<float>(Limits::max())));
+}
+
+QString artistLine(const QString &artist, const QString &album)
+{
+    return artist.isEmpty() || album.isEmpty() ? artist + album
+                                               : QStringLiteral(u"%1 ● %2").arg(artist, album);
+}
+
+} // namespace lyrabox::transport

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+/// What the transport decides without its controls.
+namespace lyrabox::transport {
+
+constexpr float normalSpeed = 100.0F; ///< percent
+constexpr float normalPitch = 0.0F;   ///< cents
+constexpr float speedStep = 5.0F;     ///< percent
+constexpr float pitchStep = 100.0F;   ///< cents, one semitone
+
+/// `value` brought between the limits.
+float clamped(float value, float minimum, float maximum);
+
+/// What a cell of a step matrix makes of the current value: tag 0 one step down, 1 the normal
+/// value, 2 one step up, any other the current value.
+float stepped(int tag, float current, float step, float normal);
+
+/// Whether a typed number is taken: 0, which is also what text that is no number reads as, is not.
+bool isAcceptedEntry(float value);
+
+/// Cents as the pitch is shown and stored: whole, truncated toward zero, within 16 bits.
+std::int16_t wholeCents(float cents);
+
+/// "artist ● album", or the one of them that is not empty.
+QString artistLine(const QString &artist, const QString &album);
+
+} // namespace lyrabox::transport
