@@ -1,19 +1,22 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class QAbstractButton;
 class QLabel;
 class QLineEdit;
 class QWidget;
 
-/// The content of a popover, made from an interface definition: `LB_PopoverViewController::load<Ui::AddPopover>()`.
-/// Its outlets are the widgets of these names in the definition, null where it has none.
+/// The content of a popover, made from an interface definition:
+/// `LB_PopoverViewController::load<Ui::AddPopover>()`. Its outlets are the widgets of these names
+/// in the definition, null where it has none.
 class LB_PopoverViewController : public QObject {
     Q_OBJECT
 
 public:
-    /// Builds a fresh view; the caller owns the controller, and whoever shows the view owns the view.
+    /// Builds a fresh view; the caller owns the controller, and whoever shows the view owns the
+    /// view.
     template <typename Interface>
     static LB_PopoverViewController *load(QObject *parent = nullptr)
     {
@@ -32,5 +35,5 @@ public:
 private:
     static QWidget *newView();
 
-    QWidget *m_view;
+    QPointer<QWidget> m_view;
 };

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QWidget>
 
-/// A flat slider over a float range, horizontal or vertical. Its value is what was set last; the knob may still
-/// be gliding there. A drag, a click, the wheel or a key moves it in whole `step`s and sends moved(); values set
-/// in code keep their fractions and send nothing.
+#include <functional>
+#include <optional>
+
+/// A flat slider over a float range, horizontal or vertical. Its value is what was set last; the
+/// knob may still be gliding there. A drag, a click, the wheel or a key moves it in whole `step`s
+/// and sends moved(); values set in code keep their fractions and send nothing.
 class LB_Slider : public QWidget {
     Q_OBJECT
     Q_PROPERTY(double minValue READ minValue WRITE setMinValue)
@@ -38,12 +40,21 @@ public:
     float floatValue() const { return m_value; }
     void setFloatValue(double value);
 
-    /// The same through the animator: floatValue() is the new value at once, the knob glides there with an
-    /// ease-out curve in half a second (speed 0.5 of the default animation of a quarter second).
+    /// The same through the animator: floatValue() is the new value at once, the knob glides there
+    /// with an ease-out curve in half a second (speed 0.5 of the default animation of a quarter
+    /// second).
     void animateToFloatValue(double value);
 
     /// Where the knob is drawn now.
     double displayedValue() const;
+    bool isGliding() const { return m_glideTimer.isActive(); }
+
+    /// The clock that glides run by, in milliseconds; the steady clock at first.
+    using Clock = std::function<qint64()>;
+    void setGlideClock(Clock clock) { m_clock = std::move(clock); }
+
+    /// Moves as the user would: in whole steps, sending moved().
+    void moveByUser(double value);
 
     /// The knob's rectangle and the track's, in widget coordinates.
     QRectF knobRect() const;
@@ -69,18 +80,36 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    void moveByUser(double value);
+    void take(double value);
+    void stopGlide();
+    double bounded(double value) const;
+    double keyStep() const;
     double valueAt(const QPointF &point) const;
+    double travel() const;
 
     Qt::Orientation m_orientation = Qt::Horizontal;
     double m_minValue = 0.0;
     double m_maxValue = 1.0;
     double m_step = 0.0;
-    double m_defaultValue;
+    std::optional<double> m_defaultValue;
     float m_value = 0.0F;
+    Clock m_clock;
     double m_glideFrom = 0.0;
-    QElapsedTimer m_glideClock;
+    qint64 m_glideStart = 0;
     QBasicTimer m_glideTimer;
-    double m_grabOffset = 0.0;
+    QPointF m_grabOffset;
+    int m_wheelRest = 0;
     bool m_dragging = false;
 };
+
+namespace lyrabox {
+
+/// The part of the way that a glide has covered after `seconds`: the ease-out curve of control
+/// points (0, 0) and (0.58, 1) over half a second. 0 before it begins, 1 once it is over.
+double sliderGlideProgress(double seconds);
+
+/// `value` brought to the nearest multiple of `step` (any value where `step` is 0) inside the
+/// range.
+double sliderValueOnGrid(double value, double step, double minimum, double maximum);
+
+} // namespace lyrabox

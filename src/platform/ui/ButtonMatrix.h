@@ -17,7 +17,8 @@ class ButtonMatrix : public QWidget {
 public:
     explicit ButtonMatrix(QWidget *parent = nullptr);
 
-    /// Appends a cell that shows `text`, or `image` where it is given. `accessibleName` is also its tool tip.
+    /// Appends a cell that shows `text`, or `image` where it is given. `accessibleName` is also its
+    /// tool tip.
     QAbstractButton *addCell(int tag, const QString &text, const QString &accessibleName,
                              const NamedImage &image = {});
 
@@ -27,7 +28,8 @@ public:
     /// Null when there is no such cell.
     QAbstractButton *cellWithTag(int tag) const;
 
-    /// Presses the cell with the tag, as a click would; nothing when there is none or it is disabled.
+    /// Presses the cell with the tag, as a click would; nothing when there is none or it is
+    /// disabled.
     void pressCellWithTag(int tag);
 
 Q_SIGNALS:

@@ -7,9 +7,10 @@
 
 namespace lyrabox {
 
-/// An image of the program's own, found by its name among the compiled-in drawings (`:/images/NAME.svg`).
-/// It keeps its name, so that a variant ("Light", "Alt") can be found from it. Drawings are rendered at device
-/// resolution. A name that no drawing has gives a null image that still knows its name.
+/// An image of the program's own, found by its name among the compiled-in drawings
+/// (`:/images/NAME.svg`). It keeps its name, so that a variant ("Light", "Alt") can be found from
+/// it. Drawings are rendered at device resolution. A name that no drawing has gives a null image
+/// that still knows its name.
 class NamedImage {
 public:
     NamedImage() = default;

@@ -4,10 +4,10 @@
 
 namespace lyrabox {
 
-/// A text field for one number. A value set in code is shown with up to two decimals and the suffix; what the
-/// user types is read leniently (either decimal mark, the suffix or not). entered() is sent once when an edit
-/// ends with Return or by losing focus; floatValue() then reads what was typed, 0 for text that is no number.
-/// Escape puts the last shown value back.
+/// A text field for one number. A value set in code is shown with up to two decimals and the
+/// suffix; what the user types is read leniently (either decimal mark, the suffix or not).
+/// entered() is sent once when an edit ends with Return or by losing focus; floatValue() then reads
+/// what was typed, 0 for text that is no number. Escape puts the last shown value back.
 class NumberField : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(QString suffix READ suffix WRITE setSuffix)
@@ -27,8 +27,8 @@ public:
     int minimumDecimals() const { return m_minimumDecimals; }
     void setMinimumDecimals(int decimals);
 
-    /// Where it is set, a typed number outside is brought to the limit before entered() is sent, and text that
-    /// is no number is put back without entered().
+    /// Where it is set, a typed number outside is brought to the limit before entered() is sent,
+    /// and text that is no number is put back without entered().
     void setLimits(float minimum, float maximum);
 
 Q_SIGNALS:

@@ -5,7 +5,8 @@
 
 namespace lyrabox {
 
-/// A row of segments of which one is selected; a segment's index is also its tag. Arrow keys move the selection.
+/// A row of segments of which one is selected; a segment's index is also its tag. Arrow keys move
+/// the selection.
 class SegmentedControl : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QStringList segments READ segments WRITE setSegments)

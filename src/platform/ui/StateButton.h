@@ -7,8 +7,8 @@
 namespace lyrabox {
 
 /// A push button with two or three states, drawn as an image on a round or plain ground.
-/// A click advances the state off (0), mixed (-1), on (1), off; without mixed states off, on, off. The state
-/// has changed before clicked() is sent.
+/// A click advances the state off (0), mixed (-1), on (1), off; without mixed states off, on, off.
+/// The state has changed before clicked() is sent.
 class StateButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
@@ -17,6 +17,11 @@ public:
     /// What a press shows: nothing, the pressed look with the alternate image, or a pushed-in look.
     enum class Highlight { None = 0, PushIn = 1 };
     Q_ENUM(Highlight)
+
+    /// What the image stands on: nothing, a white disc with a hairline, a disc of the accent
+    /// colour, or a box.
+    enum class Ground { None, Round, RoundAccent, Box };
+    Q_ENUM(Ground)
 
     explicit StateButton(QWidget *parent = nullptr);
 
@@ -38,11 +43,21 @@ public:
     bool imageDimsWhenDisabled() const { return m_imageDimsWhenDisabled; }
     void setImageDimsWhenDisabled(bool dims);
 
+    Ground ground() const { return m_ground; }
+    void setGround(Ground ground);
+
+    /// What the button is called in each state, as its tool tip and for assistive programs; a
+    /// momentary button (one that only sends clicked(), the default while no texts are set) is
+    /// named with setAccessibleName().
+    void setStateTexts(const QString &off, const QString &mixed, const QString &on);
+    bool isMomentary() const { return m_stateTexts.isEmpty(); }
+
     /// Shows the button pressed, whatever the mouse does.
     bool isHighlighted() const { return m_highlighted || isDown(); }
     void setHighlighted(bool highlighted);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
     void stateChanged(int state);
@@ -50,6 +65,7 @@ Q_SIGNALS:
 protected:
     void nextCheckState() override;
     void paintEvent(QPaintEvent *event) override;
+    bool hitButton(const QPoint &position) const override;
 
     /// Draws the image of the present state into `rect`. Subclasses choose the image.
     virtual void drawImage(QPainter &painter, const QRect &rect);
@@ -58,13 +74,19 @@ protected:
     void drawCentered(QPainter &painter, const NamedImage &image, const QRect &rect) const;
 
 private:
+    void showStateText();
+    QRectF groundRect() const;
+    void drawGround(QPainter &painter) const;
+
     NamedImage m_image;
     NamedImage m_alternateImage;
+    QStringList m_stateTexts;
     int m_state = 0;
     bool m_allowsMixedState = false;
     bool m_imageDimsWhenDisabled = true;
     bool m_highlighted = false;
     Highlight m_highlightMode = Highlight::PushIn;
+    Ground m_ground = Ground::None;
 };
 
 } // namespace lyrabox

@@ -1,0 +1,79 @@
+#include "platform/ui/MatrixCell.h"
+
+#include "platform/ui/Accessibility.h"
+#include "platform/ui/Theme.h"
+
+#include <QPainter>
+
+namespace lyrabox {
+
+namespace {
+constexpr int naturalWidth = 25;
+constexpr int smallestWidth = 14;
+constexpr int naturalHeight = 24;
+constexpr int smallestHeight = 20;
+constexpr double dimmedOpacity = 0.4;
+} // namespace
+
+MatrixCell::MatrixCell(const NamedImage &image, QWidget *parent)
+    : QAbstractButton(parent), m_image(image)
+{
+    installAccessibleControls();
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void MatrixCell::setIsFirst(bool first)
+{
+    m_first = first;
+    update();
+}
+
+void MatrixCell::setIsLast(bool last)
+{
+    m_last = last;
+    update();
+}
+
+QSize MatrixCell::sizeHint() const
+{
+    const int text =
+        m_image.isNull() ? fontMetrics().horizontalAdvance(this->text()) : m_image.size().width();
+    return {qMax(naturalWidth, text + 10), naturalHeight};
+}
+
+QSize MatrixCell::minimumSizeHint() const
+{
+    return {smallestWidth, smallestHeight};
+}
+
+void MatrixCell::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setClipRect(rect());
+    // The box reaches past the cell where it is joined to a neighbour, so that only the row's ends
+    // are round.
+    QRectF box = rect();
+    if (!m_first)
+        box.setLeft(box.left() - 2.0 * Theme::radius);
+    if (!m_last)
+        box.setRight(box.right() + 2.0 * Theme::radius);
+    drawControlBox(painter, box, Theme::radius, isDown());
+    if (!m_first)
+        painter.fillRect(QRectF(0.0, 1.0, 1.0, height() - 2.0), Theme::hairline);
+    if (!isEnabled())
+        painter.setOpacity(dimmedOpacity);
+    if (m_image.isNull()) {
+        painter.setPen(Theme::text);
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    } else {
+        const QPoint position((width() - m_image.size().width()) / 2,
+                              (height() - m_image.size().height()) / 2);
+        painter.drawPixmap(position, m_image.pixmap(devicePixelRatioF()));
+    }
+    painter.setOpacity(1.0);
+    if (hasFocus())
+        drawFocusRing(painter, rect(), Theme::radius - 1.0);
+}
+
+} // namespace lyrabox

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/ui/NamedImage.h"
+
+#include <QAbstractButton>
+
+namespace lyrabox {
+
+/// One push button of a ButtonMatrix. Only the outer corners of the row are round, and neighbours
+/// share a line.
+class MatrixCell : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit MatrixCell(const NamedImage &image, QWidget *parent);
+
+    void setIsFirst(bool first);
+    void setIsLast(bool last);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    NamedImage m_image;
+    bool m_first = true;
+    bool m_last = true;
+};
+
+} // namespace lyrabox
