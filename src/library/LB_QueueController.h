@@ -16,8 +16,9 @@ namespace lyrabox {
 class StateButton;
 }
 
-/// Decides which song plays next: the list in the order queued, or a shuffled copy of it, and a position in it.
-/// Main thread only. Outlets are set once, before awakeFromNib(), and are not owned.
+/// Decides which song plays next: the list in the order queued, or a shuffled copy of it, and a
+/// position in it. Main thread only. Outlets are set once, before awakeFromNib(), and are not
+/// owned.
 class LB_QueueController : public QObject {
     Q_OBJECT
 
@@ -32,7 +33,7 @@ public:
     LB_AudioController *audio() const { return m_audio; }
     void setAudio(LB_AudioController *audio) { m_audio = audio; }
     QLabel *errorField() const { return m_errorField; }
-    void setErrorField(QLabel *field) { m_errorField = field; }
+    void setErrorField(QLabel *field);
 
     const lyrabox::TrackRecordList &orderedArray() const { return m_orderedArray; }
     const lyrabox::TrackRecordList &content() const { return m_content; }
@@ -42,8 +43,10 @@ public:
     void setIsShuffling(bool shuffling);
     const std::optional<QString> &queuedListID() const { return m_queuedListID; }
 
-    void setPlayQueueWithListID(const lyrabox::TrackRecordList &list, const std::optional<QString> &listID);
+    void setPlayQueueWithListID(const lyrabox::TrackRecordList &list,
+                                const std::optional<QString> &listID);
     void playTrack(const lyrabox::TrackRecordRef &track);
+    /// A song that does not load is reported and skipped.
     void playNextTrack();
 
     /// Ask canPlayPreviousTrack() first.
@@ -62,7 +65,9 @@ Q_SIGNALS:
     void isShufflingChanged(bool shuffling);
 
 private:
-    std::uint64_t indexOfCurrentTrack() const;
+    std::uint64_t indexOfCurrentTrack(const lyrabox::TrackRecordList &list) const;
+
+    /// 0 also for a position outside the content, where nothing is loaded.
     lyrabox::Status loadTrackAtCurrentIndex();
 
     LB_AudioController *m_audio = nullptr;

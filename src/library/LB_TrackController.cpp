@@ -1,0 +1,255 @@
+#include "library/LB_TrackController.h"
+
+#include "engine/LB_AudioController.h"
+#include "library/LB_QueueController.h"
+#include "library/TrackListDecisions.h"
+#include "library/TrackTableModel.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "settings/LB_SettingsController.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QRandomGenerator>
+#include <QTableView>
+
+#include <utility>
+
+using namespace lyrabox;
+
+LB_TrackController::LB_TrackController(QObject *parent)
+    : QObject(parent),
+      m_model(new TrackTableModel(this)),
+      m_locateLibrary(locateMusicLibrary),
+      m_openAudioFile(openAudioFile),
+      m_progressClock(progressClock),
+      m_random([] { return QRandomGenerator::system()->generate(); })
+{}
+
+LB_TrackController::~LB_TrackController() = default;
+
+void LB_TrackController::setup()
+{
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, notification::currentTrackChanged, [this] { currentTrackChanged(); });
+    center.addObserver(this, notification::playPressedOnEmpty, [this] { autoLoadTrack(); });
+    center.addObserver(this, notification::songSettingsChanged, [this] { updateSongSettings(); });
+    center.addObserver(this, notification::applicationDidFinishLaunching,
+                       [this] { appDidLaunch(); });
+    m_listID.reset();
+    setSortDescriptors({});
+}
+
+void LB_TrackController::setTrackTableView(QTableView *view)
+{
+    constexpr int imageColumnWidth = 28;
+    constexpr int textColumnWidth = 180;
+    constexpr int timeColumnWidth = 64;
+
+    m_trackTableView = view;
+    view->setModel(m_model);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setTabKeyNavigation(false);
+    view->setWordWrap(false);
+    view->setShowGrid(false);
+    view->setCornerButtonEnabled(false);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view->installEventFilter(this);
+    connect(view, &QTableView::doubleClicked, this, [this] { trackSelectedForPlayback(); });
+
+    QHeaderView *header = view->horizontalHeader();
+    header->setSectionsClickable(true);
+    header->setHighlightSections(false);
+    header->setMinimumSectionSize(imageColumnWidth);
+    for (const int column : {TrackTableModel::IsPlaying, TrackTableModel::HasSettings}) {
+        header->setSectionResizeMode(column, QHeaderView::Fixed);
+        header->resizeSection(column, imageColumnWidth);
+    }
+    header->setSectionResizeMode(TrackTableModel::Title, QHeaderView::Stretch);
+    header->resizeSection(TrackTableModel::Artist, textColumnWidth);
+    header->resizeSection(TrackTableModel::Album, textColumnWidth);
+    header->resizeSection(TrackTableModel::DurationSeconds, timeColumnWidth);
+    connect(header, &QHeaderView::sectionClicked, this, &LB_TrackController::headerClicked);
+}
+
+TrackRecordList LB_TrackController::content() const
+{
+    return m_model->content();
+}
+
+TrackRecordList LB_TrackController::arrangedObjects() const
+{
+    return m_model->arrangedObjects();
+}
+
+void LB_TrackController::searchTextEntered(QLineEdit *searchField)
+{
+    const TrackRecordRef selected = m_model->trackAtRow(selectedRow());
+    m_model->setSearchText(searchField->text());
+    if (selected)
+        selectRow(m_model->rowOfTrack(selected));
+    setTrackCount(static_cast<quint64>(m_model->rowCount()));
+    m_trackTableView->scrollToTop();
+    updateIsPlaying();
+}
+
+void LB_TrackController::setSortDescriptors(std::vector<SortDescriptor> descriptors)
+{
+    m_sortDescriptors = std::move(descriptors);
+    tableViewSortDescriptorsDidChange();
+}
+
+void LB_TrackController::tableViewSortDescriptorsDidChange()
+{
+    if (m_sortDescriptors.empty())
+        return;
+    m_model->sortContent(m_sortDescriptors);
+    const SortDescriptor first = m_sortDescriptors.front();
+    m_settings->setSortDescriptorForListID(first, m_listID);
+
+    // A column that was sorted before keeps its arrow: it tells how equal rows are ordered.
+    const int column = TrackTableModel::columnWithIdentifier(first.key);
+    if (column >= 0)
+        m_model->setHeaderTitle(column,
+                                sortedColumnTitle(m_model->headerTitle(column), first.ascending));
+    setHighlightedColumn(column);
+
+    if (m_listID && m_queue->queuedListID() == m_listID && !m_queue->isShuffling())
+        m_queue->setPlayQueueWithListID(content(), m_listID);
+    m_model->reloadRows();
+    scrollToCurrentTrack();
+}
+
+void LB_TrackController::headerClicked(int column)
+{
+    const QString key = TrackTableModel::columnIdentifier(column);
+    const bool isSortedByIt = !m_sortDescriptors.empty() && m_sortDescriptors.front().key == key;
+    setSortDescriptors({{key, isSortedByIt ? !m_sortDescriptors.front().ascending : true}});
+}
+
+void LB_TrackController::trackSelectedForPlayback()
+{
+    const TrackRecordRef track = m_model->trackAtRow(selectedRow());
+    if (!track)
+        return;
+    m_queue->playTrack(track);
+    m_queue->setPlayQueueWithListID(content(), m_listID);
+}
+
+void LB_TrackController::autoLoadTrack()
+{
+    const auto count = static_cast<std::uint32_t>(m_model->rowCount());
+    if (count == 0) {
+        m_queue->setContent({});
+        m_queue->audio()->emptyPlayer();
+        return;
+    }
+    int row = selectedRow();
+    if (row < 0)
+        row = m_queue->isShuffling() ? static_cast<int>(m_random() % count) : 0;
+    m_queue->playTrack(m_model->trackAtRow(row));
+    m_queue->setPlayQueueWithListID(content(), m_listID);
+}
+
+void LB_TrackController::currentTrackChanged()
+{
+    updateIsPlaying();
+    scrollToCurrentTrack();
+}
+
+void LB_TrackController::updateIsPlaying()
+{
+    const TrackRecordRef track = playingTrack();
+    m_model->updateIsPlaying(track ? std::optional(track->inode) : std::nullopt);
+}
+
+void LB_TrackController::updateSongSettings()
+{
+    // The record's flag is rewritten after this notification and before the rows are painted.
+    m_model->reloadRows();
+    const int row = selectedRow();
+    if (row < 0)
+        return;
+    m_trackTableView->clearSelection();
+    selectRow(row);
+}
+
+void LB_TrackController::scrollToCurrentTrack()
+{
+    const int playing = m_model->firstPlayingRow();
+    if (playing < 0)
+        return;
+    const QRect visible = m_trackTableView->viewport()->rect();
+    int first = visible.isEmpty() ? -1 : m_trackTableView->rowAt(visible.top());
+    int count = 0;
+    if (first >= 0) {
+        const int last = m_trackTableView->rowAt(visible.bottom());
+        count = (last < 0 ? m_model->rowCount() - 1 : last) - first + 1;
+    } else {
+        first = 0;
+    }
+    if (const std::optional<int> target = scrollTarget(playing, first, count, m_model->rowCount()))
+        m_trackTableView->scrollTo(m_model->index(*target, TrackTableModel::Title));
+}
+
+void LB_TrackController::appDidLaunch()
+{
+    m_trackTableView->scrollToTop();
+}
+
+int LB_TrackController::selectedRow() const
+{
+    const QModelIndexList rows = m_trackTableView->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.front().row();
+}
+
+void LB_TrackController::selectRow(int row)
+{
+    if (row < 0)
+        return;
+    m_trackTableView->selectionModel()->setCurrentIndex(m_model->index(row, TrackTableModel::Title),
+                                                        QItemSelectionModel::ClearAndSelect |
+                                                            QItemSelectionModel::Rows);
+}
+
+bool LB_TrackController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    const auto *key = static_cast<const QKeyEvent *>(event);
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+        trackSelectedForPlayback();
+        event->accept();
+        return true;
+    }
+    // Typing never jumps to a row: the text goes on to whoever else wants it.
+    const bool isShortcut =
+        key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!isShortcut && !key->text().isEmpty() && key->text().front().isPrint()) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+TrackRecordRef LB_TrackController::playingTrack() const
+{
+    return m_queue->audio()->currentTrack();
+}
+
+void LB_TrackController::setTrackCount(quint64 count)
+{
+    if (std::exchange(m_trackCount, count) != count)
+        Q_EMIT trackCountChanged(count);
+}
+
+void LB_TrackController::setHighlightedColumn(int column)
+{
+    if (std::exchange(m_highlightedColumn, column) != column)
+        Q_EMIT highlightedColumnChanged(column);
+}

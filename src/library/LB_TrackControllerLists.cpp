@@ -1,0 +1,152 @@
+// The list builders of LB_TrackController.
+
+#include "engine/LB_AudioController.h"
+#include "library/LB_QueueController.h"
+#include "library/LB_TrackController.h"
+#include "library/TrackTableModel.h"
+#include "platform/foundation/Files.h"
+#include "settings/LB_SettingsController.h"
+
+#include <QTableView>
+
+using namespace lyrabox;
+using namespace Qt::Literals::StringLiterals;
+
+const QString LB_TrackController::droppedFilesListID = u"DroppedFiles"_s;
+
+namespace {
+
+/// Keeps the table from being clicked while its list changes.
+class DisabledTable {
+public:
+    explicit DisabledTable(QTableView *view) : m_view(view), m_hadFocus(view->hasFocus())
+    {
+        view->setEnabled(false);
+    }
+    ~DisabledTable()
+    {
+        m_view->setEnabled(true);
+        if (m_hadFocus) // a disabled view loses it
+            m_view->setFocus();
+    }
+    DisabledTable(const DisabledTable &) = delete;
+    DisabledTable &operator=(const DisabledTable &) = delete;
+
+private:
+    QTableView *m_view;
+    bool m_hadFocus;
+};
+
+} // namespace
+
+MusicLibraryRef LB_TrackController::iTunesLibraryDictionary()
+{
+    if (!m_library)
+        m_library = m_locateLibrary();
+    return m_library;
+}
+
+void LB_TrackController::getTracksForiTunesPlaylistArrayPlaylistID(
+    const std::optional<std::vector<QString>> &items, const QString &playlistID)
+{
+    const DisabledTable disabled(m_trackTableView);
+    const MusicLibraryRef library = iTunesLibraryDictionary();
+    const std::vector<QString> identifiers = items.value_or(std::vector<QString>());
+    ProgressPacer progress(m_progressHook, m_progressClock,
+                           static_cast<qsizetype>(identifiers.size()));
+    TrackRecordList records;
+    records.reserve(identifiers.size());
+    for (const QString &identifier : identifiers) {
+        const MusicTrack *track = nullptr;
+        if (library) {
+            const auto found = library->tracks.find(identifier);
+            track = found == library->tracks.end() ? nullptr : &found->second;
+        }
+        TrackRecordRef record = newObject();
+        fillFromLibrary(*record, track);
+        completeRecord(*record, static_cast<int>(records.size()) + 1,
+                       files::inodeText(record->fileURL));
+        records.push_back(std::move(record));
+        progress.advance(static_cast<qsizetype>(records.size()));
+    }
+    finishList(records, playlistID);
+}
+
+void LB_TrackController::scanForAudioFilesStartingAtURLFolderID(const QUrl &directory,
+                                                                const QString &folderID)
+{
+    const DisabledTable disabled(m_trackTableView);
+    QList<QUrl> entries;
+    for (const files::Entry &entry : files::shallowEntries(directory.toLocalFile())) {
+        if (!entry.isDirectory)
+            entries.append(QUrl::fromLocalFile(entry.path));
+    }
+    finishList(recordsOfFiles(entries), folderID);
+}
+
+qsizetype LB_TrackController::showAndPlayFiles(const QList<QUrl> &files)
+{
+    const DisabledTable disabled(m_trackTableView);
+    const TrackRecordList records = recordsOfFiles(files);
+    if (records.empty())
+        return 0;
+    finishList(records, droppedFilesListID);
+    m_queue->playTrack(records.front());
+    m_queue->setPlayQueueWithListID(content(), m_listID);
+    return static_cast<qsizetype>(records.size());
+}
+
+TrackRecordRef LB_TrackController::trackObjectForFileIDAtURL(const OpenedAudioFile &file,
+                                                             const QUrl &url) const
+{
+    TrackRecordRef record = newObject();
+    fillFromFile(*record, file.information, url);
+    return record;
+}
+
+TrackRecordRef LB_TrackController::newObject() const
+{
+    return std::make_shared<TrackRecord>();
+}
+
+TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files)
+{
+    QStringList paths;
+    paths.reserve(files.size());
+    for (const QUrl &file : files)
+        paths.append(file.toLocalFile());
+    ProgressPacer progress(m_progressHook, m_progressClock, paths.size());
+    const std::vector<std::optional<OpenedAudioFile>> opened =
+        openAudioFiles(paths, m_openAudioFile, progress);
+
+    TrackRecordList records;
+    records.reserve(opened.size());
+    for (std::size_t i = 0; i < opened.size(); ++i) {
+        if (!opened[i])
+            continue;
+        TrackRecordRef record =
+            trackObjectForFileIDAtURL(*opened[i], files.at(static_cast<qsizetype>(i)));
+        completeRecord(*record, static_cast<int>(records.size()) + 1, opened[i]->inode);
+        records.push_back(std::move(record));
+    }
+    return records;
+}
+
+void LB_TrackController::completeRecord(TrackRecord &record, int order, const QString &inode) const
+{
+    const TrackRecordRef playing = playingTrack();
+    record.order = order;
+    record.inode = inode;
+    record.isPlaying = playing && playing->inode == inode;
+    record.hasSettings = m_settings->hasSettingsForInode(inode);
+}
+
+void LB_TrackController::finishList(const TrackRecordList &records, const QString &listID)
+{
+    m_model->setContent(records);
+    m_trackTableView->scrollToTop();
+    m_trackTableView->clearSelection();
+    m_listID = listID;
+    setSortDescriptors({m_settings->sortDescriptorForListID(listID)});
+    setTrackCount(static_cast<quint64>(m_model->rowCount()));
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "engine/TrackRecord.h"
+#include "platform/foundation/MusicLibrary.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace lyrabox {
+
+/// What a list needs to know of an audio file. The file itself is closed again.
+struct OpenedAudioFile {
+    QMap<QString, QString> information; ///< as AudioFileReader::infoDictionary() gives it
+    QString inode;                      ///< decimal text, or "(null)"
+};
+
+/// Opens the file at `path` as far as its tags; none when it is no audio. Called on several threads
+/// at once.
+using AudioFileOpener = std::function<std::optional<OpenedAudioFile>(const QString &path)>;
+
+/// The opener that asks the decoder. Only regular files are opened, so that a pipe cannot hold up a
+/// list.
+std::optional<OpenedAudioFile> openAudioFile(const QString &path);
+
+using ProgressHook = std::function<void(qsizetype done, qsizetype found)>;
+using ProgressClock = std::function<std::chrono::milliseconds()>;
+
+/// Milliseconds of the monotonic clock.
+std::chrono::milliseconds progressClock();
+
+/// Says when long work is to be shown: not within its first quarter of a second, then every 50 ms.
+class ProgressPacer {
+public:
+    ProgressPacer(ProgressHook hook, ProgressClock clock, qsizetype found);
+
+    /// Calls the hook when it is time. Cheap otherwise.
+    void advance(qsizetype done);
+
+private:
+    ProgressHook m_hook;
+    ProgressClock m_clock;
+    qsizetype m_found;
+    std::chrono::milliseconds m_due{};
+};
+
+/// Opens `paths` with a thread per processor and returns the results in the order of `paths`.
+/// Blocks; the hook runs on the calling thread.
+std::vector<std::optional<OpenedAudioFile>>
+openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, ProgressPacer &progress);
+
+/// Location, title, artist, album and length of the file at `url`: each by the file's tag, else the
+/// file name, nothing or 0 s.
+void fillFromFile(TrackRecord &record, const QMap<QString, QString> &information, const QUrl &url);
+
+/// The same keys of a track of the music library; null stands for one that the library does not
+/// have.
+void fillFromLibrary(TrackRecord &record, const MusicTrack *track);
+
+/// The library's text of a location as a URL; empty when it is none.
+QUrl locationURL(const QString &location);
+
+} // namespace lyrabox
