@@ -11,9 +11,10 @@
 #include <memory>
 #include <optional>
 
-/// Keeps what the program remembers between runs: speed and pitch per song, the sort of each list, the
-/// equalizer presets and the folder list. Everything is read once by setup() and written once when the
-/// application-will-terminate notification arrives. Main thread only; failures are logged, never shown.
+/// Keeps what the program remembers between runs: speed and pitch per song, the sort of each list,
+/// the equalizer presets and the folder list. Everything is read once by setup() and written once
+/// when the application-will-terminate notification arrives. Main thread only; failures are logged,
+/// never shown.
 class LB_SettingsController : public QObject {
     Q_OBJECT
 
@@ -32,8 +33,8 @@ public:
     /// The stored pair, or {100.0, 0.0}.
     lyrabox::SongValues valuesForInode(const QString &inode) const;
 
-    /// Stores the pair, or forgets the song when it is {100.0, 0.0}. Returns whether a pair is stored now.
-    /// Posts LBSongSettingsChanged in every case.
+    /// Stores the pair, or forgets the song when it is {100.0, 0.0}. Returns whether a pair is
+    /// stored now. Posts LBSongSettingsChanged in every case.
     bool setValuesForInode(lyrabox::SongValues values, const QString &inode);
 
     /// The stored sort, or "order" ascending.

@@ -15,7 +15,8 @@ void NotificationCenter::addObserver(const QObject *context, const QString &name
     const bool known = std::any_of(m_observers.begin(), m_observers.end(),
                                    [context](const Observer &o) { return o.context == context; });
     if (!known)
-        QObject::connect(context, &QObject::destroyed, [this, context] { removeObserver(context); });
+        QObject::connect(context, &QObject::destroyed,
+                         [this, context] { removeObserver(context); });
     m_observers.push_back({context, name, std::move(handler), m_nextId++});
 }
 
