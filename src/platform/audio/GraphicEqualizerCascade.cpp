@@ -36,21 +36,54 @@ void write(float &sample, double filtered)
 
 } // namespace
 
+// speed t + (3 length - 2 speed) t^2 + (speed - 2 length) t^3 in steps of t = 1 / rampFrames. It
+// never turns back as long as the speed lies between 0 and three times the length.
+GraphicEqualizerCascade::Course::Course(double length, double speed)
+{
+    const double step = 1.0 / rampFrames;
+    const double square = (3.0 * length - 2.0 * speed) * step * step;
+    const double cube = (speed - 2.0 * length) * step * step * step;
+    distance = speed * step + square + cube;
+    change = 2.0 * square + 6.0 * cube;
+    changeOfChange = 6.0 * cube;
+}
+
+double GraphicEqualizerCascade::Course::advance()
+{
+    const double covered = distance;
+    distance += change;
+    change += changeOfChange;
+    return covered;
+}
+
 void GraphicEqualizerCascade::rampTo(const equalizer::Coefficients &coefficients) noexcept
 {
-    const StereoLanes perFrame = bothLanes(1.0 / rampFrames);
+    // A ramp that is overtaken by the next one, as when a slider is dragged, goes on at its speed
+    // as far as it leads the same way: the old motion's share in the new direction, which never
+    // leaves the straight line.
+    double along = 0.0;
+    double square = 0.0;
     for (std::size_t i = 0; i < equalizer::sectionCount; ++i) {
         const equalizer::Section &section = coefficients.sections[i];
         Section &to = target[i];
         to = {bothLanes(section.c0), bothLanes(section.c1), bothLanes(section.c2),
               bothLanes(section.a1), bothLanes(section.a2)};
         const Section &from = current[i];
-        step[i] = {(to.c0 - from.c0) * perFrame, (to.c1 - from.c1) * perFrame,
-                   (to.c2 - from.c2) * perFrame, (to.a1 - from.a1) * perFrame,
-                   (to.a2 - from.a2) * perFrame};
+        const Section next = {to.c0 - from.c0, to.c1 - from.c1, to.c2 - from.c2, to.a1 - from.a1,
+                              to.a2 - from.a2};
+        along += next.c0[0] * way[i].c0[0];
+        square += next.c0[0] * next.c0[0];
+        way[i] = next;
     }
-    gainTarget = bothLanes(coefficients.gain);
-    gainStep = (gainTarget - gain) * perFrame;
+    const bool isMoving = rampLeft != 0;
+    const double speed =
+        isMoving && square > 0.0 ? progress.distance * rampFrames * along / square : 0.0;
+    progress = Course(1.0, std::clamp(speed, 0.0, 3.0));
+
+    // A gain has nothing to lose by overshooting a little, so its speed is kept as it is.
+    const double gainSpeed = isMoving ? gainCourse.distance * rampFrames : 0.0;
+    gainTarget = coefficients.gain;
+    gainCourse = Course(gainTarget - gain, gainSpeed);
     rampLeft = rampFrames;
 }
 
@@ -67,21 +100,24 @@ template <std::uint32_t count, bool isRamping>
 void GraphicEqualizerCascade::filter(float *left, float *right) noexcept
 {
     StereoLanes signal[count];
+    StereoLanes share[count];
     for (std::uint32_t i = 0; i < count; ++i) {
-        if (isRamping)
-            gain += gainStep;
-        signal[i] = stereoLanes(read(left[i]), read(right[i])) * gain;
+        if (isRamping) {
+            gain += gainCourse.advance();
+            share[i] = bothLanes(progress.advance());
+        }
+        signal[i] = stereoLanes(read(left[i]), read(right[i])) * bothLanes(gain);
     }
     for (std::size_t s = 0; s < equalizer::sectionCount; ++s) {
         Section section = current[s];
         State state = states[s];
         for (std::uint32_t i = 0; i < count; ++i) {
             if (isRamping) {
-                section.c0 += step[s].c0;
-                section.c1 += step[s].c1;
-                section.c2 += step[s].c2;
-                section.a1 += step[s].a1;
-                section.a2 += step[s].a2;
+                section.c0 += way[s].c0 * share[i];
+                section.c1 += way[s].c1 * share[i];
+                section.c2 += way[s].c2 * share[i];
+                section.a1 += way[s].a1 * share[i];
+                section.a2 += way[s].a2 * share[i];
             }
             const StereoLanes in = signal[i];
             const StereoLanes added = section.c0 * in + state.first;

@@ -14,9 +14,11 @@ namespace lyrabox {
 /// bit.
 class GraphicEqualizerCascade {
 public:
-    /// Frames in which a change of coefficients is carried out: 20 ms. The coefficients move in
-    /// straight lines from where they are. The stable sections form a convex region (a triangle in
-    /// a1 and a2), so every set on the way between two stable ones is stable too.
+    /// Frames in which a change of coefficients is carried out: 20 ms. Each section moves in a
+    /// straight line from where it is to its target. The stable sections form a convex region (a
+    /// triangle in a1 and a2), so every set on the way between two stable ones is stable too. The
+    /// speed has no steps either: a kink in the course of a level is heard as a faint tick far
+    /// above the tone that is being changed.
     static constexpr std::uint32_t rampFrames = 882;
 
     /// Starts a ramp to `target` from wherever the coefficients are, in the middle of another ramp
@@ -45,13 +47,28 @@ private:
     template <bool isRamping>
     void filterRun(float *left, float *right, std::uint32_t frames) noexcept;
 
+    // A way of `length`, covered in rampFrames as a cubic of time: it begins at `speed` (length per
+    // ramp) and ends at rest. Computed by differences, so that a frame costs two additions.
+    struct Course {
+        Course() = default;
+        Course(double length, double speed);
+
+        /// What the next frame covers.
+        double advance();
+
+        double distance = 0.0; // in the next frame
+        double change = 0.0;   // of the distance from frame to frame
+        double changeOfChange = 0.0;
+    };
+
     Sections current{};
-    Sections step{}; // per frame, while rampLeft is not 0
     Sections target{};
+    Sections way{}; // from where the ramp began to its target
     std::array<State, equalizer::sectionCount> states{};
-    StereoLanes gain = bothLanes(1.0);
-    StereoLanes gainStep = bothLanes(0.0);
-    StereoLanes gainTarget = bothLanes(1.0);
+    Course progress; // the share of `way`
+    double gain = 1.0;
+    double gainTarget = 1.0;
+    Course gainCourse;
     std::uint32_t rampLeft = 0;
 };
 
