@@ -71,10 +71,15 @@ private:
 /// program.
 namespace propertyListLimit {
 
-constexpr int depth = 128;                ///< arrays and dictionaries inside one another
-constexpr qint64 bytes = qint64{1} << 30; ///< size of a file
-constexpr qint64 binaryValues = qint64{1}
-                                << 24; ///< values of a binary list, each as often as it is named
+/// How many arrays and dictionaries may lie inside one another.
+inline constexpr int depth = 128;
+
+/// The size of a file in bytes.
+inline constexpr qint64 bytes = qint64{1} << 30;
+
+/// How many values a binary list may hold for each of its bytes. It may name one value many times,
+/// so that a few hundred bytes could otherwise stand for more than a memory holds.
+inline constexpr qint64 valuesPerByte = 4;
 
 } // namespace propertyListLimit
 

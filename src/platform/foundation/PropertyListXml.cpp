@@ -6,6 +6,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,11 +35,8 @@ std::optional<double> parseReal(std::string_view text)
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (end != text.data() + text.size() || text.empty())
         return std::nullopt;
-    if (error == std::errc::result_out_of_range) {
-        // Beyond what a double holds: from_chars leaves the value alone, QByteArray gives infinity
-        // or zero.
-        return QByteArray(text.data(), static_cast<qsizetype>(text.size())).toDouble();
-    }
+    if (error == std::errc::result_out_of_range)
+        return std::numeric_limits<double>::quiet_NaN(); // a number, but none that can be used
     return error == std::errc() ? std::optional(value) : std::nullopt;
 }
 
