@@ -1,0 +1,278 @@
+#include "platform/audio/TimePitch.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace lyrabox {
+
+namespace {
+
+constexpr std::uint32_t blockFrames = 1024;
+static_assert(blockFrames <= TimePitchStretcher::maximumFeed);
+
+/// 0 to 1 along half a cosine.
+float rise(std::uint32_t step, std::uint32_t steps) noexcept
+{
+    const double phase = std::numbers::pi * (step + 0.5) / steps;
+    return static_cast<float>(0.5 - 0.5 * std::cos(phase));
+}
+
+} // namespace
+
+Status TimePitch::initialize()
+{
+    const Status engineStatus = m_stretcher.initialize();
+    if (engineStatus != status::noError)
+        return engineStatus;
+    m_history.allocate();
+    m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
+    m_resetRequested.store(true, std::memory_order_release);
+    m_initialized = true;
+    return status::noError;
+}
+
+float TimePitch::parameter(std::uint32_t id) const
+{
+    switch (id) {
+    case parameter::rate:
+        return m_rate.load(std::memory_order_relaxed);
+    case parameter::pitch:
+        return m_pitch.load(std::memory_order_relaxed);
+    default:
+        return 0.0F;
+    }
+}
+
+Status TimePitch::setParameter(std::uint32_t id, float value)
+{
+    if (!std::isfinite(value))
+        return status::invalidParameter;
+    switch (id) {
+    case parameter::rate:
+        m_rate.store(value, std::memory_order_relaxed);
+        return status::noError;
+    case parameter::pitch:
+        m_pitch.store(value, std::memory_order_relaxed);
+        return status::noError;
+    default:
+        return status::invalidParameter;
+    }
+}
+
+void TimePitch::reset()
+{
+    m_resetRequested.store(true, std::memory_order_release);
+}
+
+Status TimePitch::connect(RenderingUnit *source)
+{
+    if (source == nullptr)
+        return status::noConnection;
+    m_source = source;
+    return status::noError;
+}
+
+double TimePitch::latencyFrames() const noexcept
+{
+    if (m_resetRequested.load(std::memory_order_acquire))
+        return 0.0;
+    return m_latency.load(std::memory_order_relaxed);
+}
+
+void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
+{
+    const std::uint32_t channels = std::min(ioData.mNumberBuffers, maximumChannels);
+    if (!m_initialized || m_source == nullptr || channels != maximumChannels) {
+        for (std::uint32_t i = 0; i < channels; ++i)
+            std::fill_n(static_cast<float *>(ioData.mBuffers[i].mData), frames, 0.0F);
+        return;
+    }
+    takeParameters();
+    takeReset();
+    Output output{static_cast<float *>(ioData.mBuffers[0].mData),
+                  static_cast<float *>(ioData.mBuffers[1].mData)};
+    while (frames > 0) {
+        const std::uint32_t done = renderSome(output, std::min(frames, blockFrames));
+        output = {output.left + done, output.right + done};
+        frames -= done;
+    }
+    const double position = m_state == State::passing || m_state == State::leaving
+                                ? static_cast<double>(m_passed)
+                                : m_stretcher.position();
+    m_latency.store(static_cast<double>(m_history.end()) - position, std::memory_order_relaxed);
+}
+
+void TimePitch::takeParameters() noexcept
+{
+    m_wantedRate = std::clamp(m_rate.load(std::memory_order_relaxed), minimumRate, maximumRate);
+    const float pitch =
+        std::clamp(m_pitch.load(std::memory_order_relaxed), -maximumPitch, maximumPitch);
+    if (pitch != m_wantedPitch) {
+        m_wantedPitch = pitch;
+        m_wantedPitchRatio = pitchRatioForCents(pitch);
+    }
+    m_wantsUnchanged = m_wantedRate == 1.0F && m_wantedPitch == 0.0F;
+}
+
+void TimePitch::takeReset() noexcept
+{
+    if (!m_resetRequested.exchange(false, std::memory_order_acq_rel))
+        return;
+    m_history.clear();
+    m_passed = 0;
+    m_progress = 0;
+    m_fadeInLeft = 0;
+    if (m_wantsUnchanged) {
+        m_state = State::passing;
+        return;
+    }
+    m_state = State::stretching;
+    // What comes before is not known. Its mirror image has the level and the partials that a song
+    // goes on with; after silence the first sound would swell over a window's length.
+    const std::uint32_t leadIn = m_stretcher.windowFrames() / 2;
+    pull(leadIn);
+    m_history.mirrorStart(leadIn);
+    startStretcher(0, m_wantedRate, m_wantedPitchRatio);
+    m_fadeInLeft = fadeInFrames;
+}
+
+std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcept
+{
+    switch (m_state) {
+    case State::passing:
+        if (m_wantsUnchanged) {
+            pass(output, frames);
+            return frames;
+        }
+        startStretcher(m_passed, 1.0, {});
+        m_state = State::leaving;
+        m_progress = 0;
+        [[fallthrough]];
+    case State::leaving:
+    case State::returning:
+        frames = std::min(frames, crossfadeFrames - m_progress);
+        crossfade(output, frames);
+        if (m_progress == crossfadeFrames) {
+            m_state = m_state == State::leaving ? State::stretching : State::passing;
+            m_progress = 0;
+        }
+        return frames;
+    case State::stretching:
+        break;
+    }
+    setRatios(m_wantedRate, m_wantedPitchRatio);
+    if (!m_wantsUnchanged) {
+        m_progress = 0;
+    } else {
+        frames = std::min(frames, settleFrames - m_progress);
+        m_progress += frames;
+    }
+    stretch(output, frames);
+    fadeIn(output, frames);
+    if (m_progress == settleFrames) {
+        m_passed = std::llround(m_stretcher.position());
+        m_state = State::returning;
+        m_progress = 0;
+    }
+    return frames;
+}
+
+/// Pulls slices until the history holds every frame before `end`.
+void TimePitch::pull(std::int64_t end) noexcept
+{
+    while (m_history.end() < end) {
+        const TimePitchHistory::Channels slice = m_history.writable();
+        AudioBufferList list;
+        list.mNumberBuffers = maximumChannels;
+        for (std::uint32_t i = 0; i < maximumChannels; ++i) {
+            // A source that has nothing leaves the buffers as they are.
+            std::fill_n(slice[i], sliceFrames, 0.0F);
+            list.mBuffers[i] = {1, sliceFrames * sizeof(float), slice[i]};
+        }
+        m_source->render(sliceFrames, list);
+        m_history.advance(sliceFrames);
+    }
+}
+
+void TimePitch::pass(Output output, std::uint32_t frames) noexcept
+{
+    pull(m_passed + frames);
+    for (std::uint32_t i = 0; i < frames; ++i) {
+        output.left[i] = m_history.left(m_passed + i);
+        output.right[i] = m_history.right(m_passed + i);
+    }
+    m_passed += frames;
+}
+
+void TimePitch::stretch(Output output, std::uint32_t frames) noexcept
+{
+    while (frames > 0) {
+        const std::uint32_t taken = m_stretcher.take(output.left, output.right, frames);
+        output = {output.left + taken, output.right + taken};
+        frames -= taken;
+        if (frames == 0)
+            break;
+        const std::uint32_t count = std::min(m_stretcher.framesRequired(), blockFrames);
+        const std::int64_t first = m_stretcher.nextFrame();
+        pull(first + count);
+        std::array<float, blockFrames> left;
+        std::array<float, blockFrames> right;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            left[i] = m_history.left(first + i);
+            right[i] = m_history.right(first + i);
+        }
+        m_stretcher.feed(left.data(), right.data(), count);
+    }
+}
+
+/// Both sides give the same place of the song, nearly wave for wave, so their gains add up to 1.
+void TimePitch::crossfade(Output output, std::uint32_t frames) noexcept
+{
+    const Output stretched{m_scratch.data(), m_scratch.data() + blockFrames};
+    stretch(stretched, frames);
+    pass(output, frames);
+    for (std::uint32_t i = 0; i < frames; ++i) {
+        const float gain = rise(m_progress + i, crossfadeFrames);
+        const float ofStretched = m_state == State::leaving ? gain : 1.0F - gain;
+        output.left[i] += ofStretched * (stretched.left[i] - output.left[i]);
+        output.right[i] += ofStretched * (stretched.right[i] - output.right[i]);
+    }
+    m_progress += frames;
+}
+
+void TimePitch::fadeIn(Output output, std::uint32_t frames) noexcept
+{
+    for (std::uint32_t i = 0; i < frames && m_fadeInLeft > 0; ++i, --m_fadeInLeft) {
+        const float gain = rise(fadeInFrames - m_fadeInLeft, fadeInFrames);
+        output.left[i] *= gain;
+        output.right[i] *= gain;
+    }
+}
+
+/// Makes the stretcher's next output belong to source frame `frame`, of which half a window before
+/// it is held.
+void TimePitch::startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept
+{
+    setRatios(speed, pitch);
+    m_stretcher.restart(frame - m_stretcher.windowFrames() / 2);
+    std::uint32_t leadIn = m_stretcher.leadInOutput();
+    const Output discarded{m_scratch.data(), m_scratch.data() + blockFrames};
+    while (leadIn > 0) {
+        const std::uint32_t count = std::min(leadIn, blockFrames);
+        stretch(discarded, count);
+        leadIn -= count;
+    }
+}
+
+void TimePitch::setRatios(double speed, PitchRatio pitch) noexcept
+{
+    if (speed == m_speed && pitch == m_pitchRatio)
+        return;
+    m_speed = speed;
+    m_pitchRatio = pitch;
+    m_stretcher.setRatios(speed, pitch);
+}
+
+} // namespace lyrabox

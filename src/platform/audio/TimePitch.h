@@ -1,0 +1,99 @@
+#pragma once
+
+#include "platform/audio/AudioUnit.h"
+#include "platform/audio/TimePitchHistory.h"
+#include "platform/audio/TimePitchStretcher.h"
+
+#include <atomic>
+#include <cstdint>
+#include <vector>
+
+namespace lyrabox {
+
+/// The time/pitch stage: plays its source faster or slower, and higher or lower, each without the
+/// other. Two channels at 44,100 Hz.
+///
+/// Parameters: parameter::rate, 1.0 is normal speed; parameter::pitch in cents. Any finite value is
+/// taken and given back; what is heard is kept within 0.1 to 2.0 and ±2400 cents.
+///
+/// At rate 1 and pitch 0 the source passes untouched, without delay and bit for bit; otherwise it
+/// goes through a stretcher, which needs to read ahead. Where the stage changes over between the
+/// two, both give the same place of the song at the same time, and one is faded into the other:
+///  - leaving, the stretcher starts at rate 1 on the frames already delivered, reads ahead in one
+///  go, is faded in,
+///    and only then takes the ratios wanted;
+///  - returning, the stretcher goes on at rate 1 until it follows the source wave for wave, then
+///  the source is
+///    faded in from where the stretcher stands, and what has been read ahead is played before more
+///    is pulled.
+class TimePitch final : public TimePitchUnit {
+public:
+    static constexpr float minimumRate = 0.1F;
+    static constexpr float maximumRate = 2.0F;
+    static constexpr float maximumPitch = 2400.0F; ///< cents, up or down
+
+    static constexpr std::uint32_t crossfadeFrames = 1024;
+    static constexpr std::uint32_t settleFrames = 26460; ///< at rate 1 before the source takes over
+    static constexpr std::uint32_t fadeInFrames =
+        220; ///< of the stretcher's first sound after a reset
+
+    TimePitch() = default;
+
+    Status initialize() override;
+    float parameter(std::uint32_t id) const override;
+    Status setParameter(std::uint32_t id, float value) override;
+    void reset() override;
+    Status connect(RenderingUnit *source) override;
+
+    /// Silence before initialize() or without a source.
+    void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
+
+    /// Source frames pulled but not yet delivered: what is heard next is the source's position
+    /// minus this. 0 at rate 1 and pitch 0; up to about 6,300 at normal pitch. 0 while a reset is
+    /// pending. Any thread.
+    double latencyFrames() const noexcept;
+
+private:
+    enum class State { passing, leaving, stretching, returning };
+
+    struct Output {
+        float *left;
+        float *right;
+    };
+
+    void takeReset() noexcept;
+    void takeParameters() noexcept;
+    void pull(std::int64_t end) noexcept;
+    std::uint32_t renderSome(Output output, std::uint32_t frames) noexcept;
+    void pass(Output output, std::uint32_t frames) noexcept;
+    void stretch(Output output, std::uint32_t frames) noexcept;
+    void crossfade(Output output, std::uint32_t frames) noexcept;
+    void fadeIn(Output output, std::uint32_t frames) noexcept;
+    void startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept;
+    void setRatios(double speed, PitchRatio pitch) noexcept;
+
+    std::atomic<float> m_rate{1.0F};
+    std::atomic<float> m_pitch{0.0F};
+    std::atomic<bool> m_resetRequested{false};
+    std::atomic<double> m_latency{0.0};
+
+    // Set up on the control side before the chain renders, then the callback thread's.
+    RenderingUnit *m_source = nullptr;
+    bool m_initialized = false;
+    TimePitchHistory m_history;
+    TimePitchStretcher m_stretcher;
+    std::vector<float> m_scratch;
+
+    State m_state = State::passing;
+    float m_wantedRate = 1.0F;
+    float m_wantedPitch = 0.0F;
+    double m_speed = 1.0;    ///< what the stretcher is set to
+    PitchRatio m_pitchRatio; ///< what the stretcher is set to
+    PitchRatio m_wantedPitchRatio;
+    bool m_wantsUnchanged = true;
+    std::int64_t m_passed = 0;    ///< the next source frame to pass on
+    std::uint32_t m_progress = 0; ///< frames into the crossfade, or settled at rate 1
+    std::uint32_t m_fadeInLeft = 0;
+};
+
+} // namespace lyrabox

@@ -1,0 +1,157 @@
+#include "platform/audio/TimePitchStretcher.h"
+
+#include "platform/audio/StreamFormat.h"
+
+#include <rubberband/RubberBandStretcher.h>
+
+#include <algorithm>
+#include <array>
+
+namespace lyrabox {
+
+using RubberBand::RubberBandStretcher;
+
+TimePitchStretcher::TimePitchStretcher() = default;
+TimePitchStretcher::~TimePitchStretcher() = default;
+
+Status TimePitchStretcher::initialize()
+{
+    constexpr RubberBandStretcher::Options options =
+        RubberBandStretcher::OptionProcessRealTime | RubberBandStretcher::OptionEngineFiner |
+        RubberBandStretcher::OptionThreadingNever |
+        RubberBandStretcher::OptionPitchHighConsistency |
+        RubberBandStretcher::OptionChannelsTogether;
+    const auto sampleRate = static_cast<std::size_t>(canonicalStreamFormat().mSampleRate);
+    m_engine = std::make_unique<RubberBandStretcher>(sampleRate, 2, options);
+    if (m_engine->getEngineVersion() != 3)
+        return status::unspecified;
+    m_window = static_cast<std::uint32_t>(2 * m_engine->getPreferredStartPad());
+    if (m_window == 0)
+        return status::unspecified;
+    m_engine->setMaxProcessSize(maximumFeed);
+    m_mid.assign(maximumFeed, 0.0F);
+    m_side.assign(maximumFeed, 0.0F);
+    warmUp();
+    return status::noError;
+}
+
+void TimePitchStretcher::warmUp() noexcept
+{
+    // The resampler keeps two sets of tables and changes between them when the ratio does, or
+    // starts anew. Both must have met the longest filter, that of the lowest ratio, and the most
+    // phases, those of the longest fraction; the engine must have met its longest and shortest
+    // hops.
+    constexpr std::array<PitchRatio, 5> extremes{
+        {{4, 1},
+         {1, 4},
+         {maximumPitchRatioPart - 1, maximumPitchRatioPart},
+         {maximumPitchRatioPart, maximumPitchRatioPart - 1},
+         {1, 1}}};
+    for (const bool restarts : {true, false, true, false}) {
+        for (const PitchRatio &pitch : extremes) {
+            for (const double speed : {2.0, 0.1}) {
+                setRatios(speed, pitch);
+                if (restarts)
+                    restart(0);
+                run(m_window / 4);
+            }
+        }
+    }
+    setRatios(1.0, {});
+    restart(0);
+    run(1);
+    const auto firstBatch = static_cast<std::uint32_t>(m_engine->available()) + 1;
+    run(firstBatch);
+    const auto secondBatch = static_cast<std::uint32_t>(m_engine->available()) + 1;
+    m_resamplerDelay = secondBatch - firstBatch;
+    restart(0);
+}
+
+void TimePitchStretcher::run(std::uint32_t outputFrames) noexcept
+{
+    static constexpr std::array<float, maximumFeed> silence{};
+    std::array<float, maximumFeed> left{};
+    std::array<float, maximumFeed> right{};
+    while (outputFrames > 0) {
+        const std::uint32_t taken =
+            take(left.data(), right.data(), std::min(outputFrames, maximumFeed));
+        outputFrames -= taken;
+        if (taken == 0)
+            feed(silence.data(), silence.data(), std::min(framesRequired(), maximumFeed));
+    }
+}
+
+void TimePitchStretcher::setRatios(double speed, PitchRatio pitch) noexcept
+{
+    m_speed = speed;
+    m_pitch = pitch;
+    m_engine->setTimeRatio(1.0 / speed);
+    m_engine->setPitchScale(pitch.value());
+}
+
+void TimePitchStretcher::restart(std::int64_t firstFrame) noexcept
+{
+    m_engine->reset();
+    m_fed = firstFrame;
+    m_fedAtHop = firstFrame + m_window;
+    m_taken = 0;
+}
+
+std::uint32_t TimePitchStretcher::leadInOutput() const noexcept
+{
+    return static_cast<std::uint32_t>(m_engine->getStartDelay());
+}
+
+std::uint32_t TimePitchStretcher::framesRequired() const noexcept
+{
+    if (m_engine->available() > 0)
+        return 0;
+    // The engine answers 0 when its window is full but it has nothing to give; one frame more moves
+    // it on.
+    return std::max(static_cast<std::uint32_t>(m_engine->getSamplesRequired()), 1U);
+}
+
+void TimePitchStretcher::feed(const float *left, const float *right, std::uint32_t frames) noexcept
+{
+    for (std::uint32_t i = 0; i < frames; ++i) {
+        m_mid[i] = 0.5F * (left[i] + right[i]);
+        m_side[i] = 0.5F * (left[i] - right[i]);
+    }
+    const std::array<const float *, 2> input{m_mid.data(), m_side.data()};
+    m_engine->process(input.data(), frames, false);
+    m_fed += frames;
+    if (m_engine->available() > 0) {
+        m_fedAtHop = m_fed;
+        m_taken = 0;
+    }
+}
+
+std::uint32_t TimePitchStretcher::take(float *left, float *right, std::uint32_t frames) noexcept
+{
+    const int available = m_engine->available();
+    if (available <= 0)
+        return 0;
+    const std::array<float *, 2> output{left, right};
+    const auto taken = static_cast<std::uint32_t>(m_engine->retrieve(
+        output.data(), std::min(static_cast<std::size_t>(available), std::size_t{frames})));
+    for (std::uint32_t i = 0; i < taken; ++i) {
+        const float mid = left[i];
+        const float side = right[i];
+        left[i] = mid + side;
+        right[i] = mid - side;
+    }
+    m_taken += taken;
+    return taken;
+}
+
+double TimePitchStretcher::position() const noexcept
+{
+    // A hop's window is centred where its newest frame lies half a window ahead; its output is
+    // centred half a window, as stretched before the resampler, behind what the hop delivers.
+    const double halfWindow = 0.5 * m_window;
+    const double behind = halfWindow + halfWindow * m_speed / m_pitch.value();
+    return static_cast<double>(m_fedAtHop) - behind +
+           m_speed * (static_cast<double>(m_taken) - m_resamplerDelay);
+}
+
+} // namespace lyrabox

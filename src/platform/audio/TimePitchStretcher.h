@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/audio/TimePitchRatio.h"
+#include "platform/foundation/Status.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace RubberBand {
+class RubberBandStretcher;
+}
+
+namespace lyrabox {
+
+/// Stretches time and shifts pitch of a two-channel signal at 44,100 Hz. Rubber Band's R3 engine,
+/// fed with mid and side: it treats the phases of its channels apart, and the ear forgives a
+/// wandering side much sooner than a wandering balance. Callback thread, save initialize(): no
+/// allocation, no lock.
+///
+/// The engine works in hops. One hop reads a window of windowFrames() source frames, of which the
+/// next hop skips as many as framesRequired() then says, and delivers a batch of output.
+class TimePitchStretcher {
+public:
+    TimePitchStretcher();
+    ~TimePitchStretcher();
+    TimePitchStretcher(const TimePitchStretcher &) = delete;
+    TimePitchStretcher &operator=(const TimePitchStretcher &) = delete;
+
+    /// Allocates, and runs the engine once over its range, since the resampler's tables grow when a
+    /// ratio is first used. Returns unspecified when the library has not the engine wanted.
+    Status initialize();
+
+    /// `speed` 0.1 to 2.0. From the next hop on.
+    void setRatios(double speed, PitchRatio pitch) noexcept;
+
+    /// Forgets the signal; the next frame fed counts as number `firstFrame`. Feed windowFrames() /
+    /// 2 frames of lead-in and discard leadInOutput() frames, and what comes next belongs to the
+    /// frame after the lead-in.
+    void restart(std::int64_t firstFrame) noexcept;
+
+    std::uint32_t windowFrames() const noexcept { return m_window; }
+
+    /// Output frames that the lead-in makes at the ratios set.
+    std::uint32_t leadInOutput() const noexcept;
+
+    /// Frames to feed until more output comes; 0 while there is output to take.
+    std::uint32_t framesRequired() const noexcept;
+
+    /// The number of the next frame to be fed.
+    std::int64_t nextFrame() const noexcept { return m_fed; }
+
+    static constexpr std::uint32_t maximumFeed = 1024;
+
+    /// At most maximumFeed frames.
+    void feed(const float *left, const float *right, std::uint32_t frames) noexcept;
+
+    /// Moves up to `frames` frames of output into `left` and `right`; returns how many.
+    std::uint32_t take(float *left, float *right, std::uint32_t frames) noexcept;
+
+    /// The source frame that belongs to the next output frame. Exact, and a whole number, once the
+    /// ratios have been 1 for windowFrames() of output; within a hop of the truth right after a
+    /// change of the ratios.
+    double position() const noexcept;
+
+private:
+    void warmUp() noexcept;
+    void run(std::uint32_t outputFrames) noexcept;
+
+    std::unique_ptr<RubberBand::RubberBandStretcher> m_engine;
+    std::vector<float> m_mid;
+    std::vector<float> m_side;
+    std::uint32_t m_window = 0;
+    std::uint32_t m_resamplerDelay = 0; ///< output frames that the resampler holds back
+    double m_speed = 1.0;
+    PitchRatio m_pitch;
+    std::int64_t m_fed = 0;
+    std::int64_t m_fedAtHop = 0; ///< m_fed when the output now at hand was made
+    std::uint32_t m_taken = 0;   ///< of that output
+};
+
+} // namespace lyrabox
