@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QHeaderView>
+
+/// The header of a table: flat sections, the highlighted one in the accent colour with the arrow of
+/// its sort order. The arrow is the one at the end of the section's title; no other section shows
+/// its arrow.
+class LB_TableHeaderCell : public QHeaderView {
+    Q_OBJECT
+
+public:
+    explicit LB_TableHeaderCell(Qt::Orientation orientation = Qt::Horizontal,
+                                QWidget *parent = nullptr);
+
+    /// -1 for none.
+    int highlightedSection() const { return m_highlighted; }
+    void setHighlightedSection(int section);
+
+    QSize sizeHint() const override;
+
+    /// `painter` draws one section; `arrow` is U+25B2, U+25BC or null for none.
+    static void drawInterior(QPainter &painter, const QRectF &frame, const QString &text,
+                             Qt::Alignment alignment);
+    static void highlight(QPainter &painter, const QRectF &frame, const QString &text,
+                          Qt::Alignment alignment, QChar arrow = {});
+
+protected:
+    void paintSection(QPainter *painter, const QRect &rect, int logicalIndex) const override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    int m_highlighted = -1;
+};
+
+namespace lyrabox {
+
+/// `text` without the spaces and sort arrows (U+25B2, U+25BC) at both ends.
+QString trimmedHeaderText(const QString &text);
+
+/// The sort arrow that `text` ends with; null for none.
+QChar headerArrow(const QString &text);
+
+} // namespace lyrabox
