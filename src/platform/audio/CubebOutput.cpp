@@ -60,6 +60,10 @@ Status CubebOutput::initialize()
         close();
         return status::noAudioDevice;
     }
+    // A sound server that rewinds its device to let a new stream in at once has already given the
+    // beginning of it away to whoever records the device: 10 to 25 ms, and the fade-in with them.
+    // So a fresh stream begins with as much silence as one that was stopped still holds.
+    m_renderer.leadWithSilence(m_latencyFrames);
     return status::noError;
 }
 

@@ -75,15 +75,21 @@ void OutputRenderer::render(float *interleaved, std::uint32_t frames) noexcept
 
 void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexcept
 {
-    if (m_running.load())
+    const float target = std::clamp(m_volume.load(std::memory_order_relaxed), 0.0F, 1.0F);
+    const auto isSilent = [this] { return m_aheadFrames == 0 && m_tailPosition >= m_tailFrames; };
+    // What begins begins at the volume set; only a change under sound moves there.
+    if (isSilent())
+        m_gain = target;
+
+    if (m_leadFrames > 0)
+        m_leadFrames -= std::min(m_leadFrames, frames);
+    else if (m_running.load())
         pullAhead(frames);
     else
         retire();
 
-    const float target = std::clamp(m_volume.load(std::memory_order_relaxed), 0.0F, 1.0F);
-    if (m_aheadFrames == 0 && m_tailPosition >= m_tailFrames) {
+    if (isSilent()) {
         std::fill_n(interleaved, static_cast<std::size_t>(frames) * channels, 0.0F);
-        m_gain = target;
         m_silentFrames.fetch_add(frames);
         return;
     }

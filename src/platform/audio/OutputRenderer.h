@@ -63,6 +63,10 @@ public:
     /// Forgets what is still ahead or fading. Only while no render() can run.
     void clear() noexcept;
 
+    /// Makes the next `frames` frames silence, whether running or not. Only while no render() can
+    /// run.
+    void leadWithSilence(std::uint32_t frames) noexcept { m_leadFrames = frames; }
+
     /// Callback thread. Fills `frames` frames of interleaved stereo.
     void render(float *interleaved, std::uint32_t frames) noexcept;
 
@@ -94,6 +98,7 @@ private:
     std::uint32_t m_tailFrames = 0;
     std::uint32_t m_tailPosition = 0;
     float m_gain = 1.0F;
+    std::uint32_t m_leadFrames = 0;
 };
 
 static_assert(std::atomic<bool>::is_always_lock_free);

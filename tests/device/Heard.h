@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/audio/AudioUnit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <numbers>
+#include <vector>
+
+/// What the device tests play and how they judge what was recorded.
+namespace lyrabox::test {
+
+/// A source that plays one sine in both channels, from phase 0.
+class SineSource : public RenderingUnit {
+public:
+    explicit SineSource(double frequency, double amplitude = 0.5)
+        : m_step(2.0 * std::numbers::pi * frequency / 44100.0), m_amplitude(amplitude)
+    {}
+    Status initialize() override { return status::noError; }
+    float parameter(std::uint32_t) const override { return 0.0F; }
+    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
+    void reset() override {}
+    void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
+    {
+        for (std::uint32_t i = 0; i < frames; ++i) {
+            const auto sample = static_cast<float>(
+                m_amplitude * std::sin(m_step * static_cast<double>(rendered + i)));
+            for (std::uint32_t channel = 0; channel < ioData.mNumberBuffers; ++channel)
+                static_cast<float *>(ioData.mBuffers[channel].mData)[i] = sample;
+        }
+        rendered += frames;
+    }
+
+    std::uint64_t rendered = 0; ///< callback thread; elsewhere only while stopped
+
+private:
+    double m_step;
+    double m_amplitude;
+};
+
+/// The frequency of a recorded sine in hertz, from its rising zero crossings; 0 when there are
+/// fewer than two.
+inline double frequencyOf(const std::vector<float> &samples, double rate = 44100.0)
+{
+    double first = -1.0;
+    double last = -1.0;
+    int periods = -1;
+    for (std::size_t i = 1; i < samples.size(); ++i) {
+        if (samples[i - 1] < 0.0F && samples[i] >= 0.0F) {
+            const double below = -samples[i - 1];
+            last = static_cast<double>(i - 1) + below / (below + samples[i]);
+            if (++periods == 0)
+                first = last;
+        }
+    }
+    return periods > 0 ? periods * rate / (last - first) : 0.0;
+}
+
+inline float peakOf(const std::vector<float> &samples)
+{
+    float peak = 0.0F;
+    for (const float sample : samples)
+        peak = std::max(peak, std::abs(sample));
+    return peak;
+}
+
+} // namespace lyrabox::test

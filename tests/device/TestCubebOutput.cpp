@@ -1,0 +1,251 @@
+#include "platform/audio/CubebOutput.h"
+
+#include "device/Heard.h"
+#include "support/PrivateSoundServer.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+
+namespace {
+
+constexpr std::size_t second = Recorder::sampleRate;
+
+/// Stops its output from inside the callback after some frames.
+class EndingSource : public SineSource {
+public:
+    EndingSource(OutputUnit &output, std::uint64_t frames)
+        : SineSource(440.0), end(frames), m_output(output)
+    {}
+    void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
+    {
+        if (rendered + frames > end) {
+            m_output.stop();
+            ++endings;
+            return;
+        }
+        SineSource::render(frames, ioData);
+    }
+    std::atomic<std::uint64_t> end;
+    std::atomic<int> endings{0};
+
+private:
+    OutputUnit &m_output;
+};
+
+class CubebOutputOnServer : public testing::Test {
+protected:
+    void open(RenderingUnit &source)
+    {
+        ASSERT_EQ(output.initialize(), status::noError);
+        ASSERT_EQ(output.connect(&source), status::noError);
+        recorder = server.record(QStringLiteral("a"));
+    }
+    PrivateSoundServer server;
+    CubebOutput output;
+    std::unique_ptr<Recorder> recorder;
+};
+
+TEST_F(CubebOutputOnServer, ToneIsHeardAtItsFrequencyAndLevel)
+{
+    SineSource source(440.0);
+    open(source);
+    ASSERT_EQ(output.start(), status::noError);
+    const auto begin = recorder->waitForSound(0);
+    ASSERT_GE(begin, 0);
+    const auto from = static_cast<std::size_t>(begin) + second / 10;
+    recorder->waitForSize(from + second);
+    const std::vector<float> heard = recorder->samples(from, from + second);
+    EXPECT_NEAR(frequencyOf(heard), 440.0, 0.1);
+    EXPECT_NEAR(peakOf(heard), 0.5, 0.001);
+    output.stop();
+}
+
+TEST_F(CubebOutputOnServer, NothingIsHeardBeforeTheStart)
+{
+    SineSource source(440.0);
+    open(source);
+    recorder->waitFor(0.2);
+    EXPECT_EQ(peakOf(recorder->samples()), 0.0F);
+    EXPECT_EQ(source.rendered, 0U);
+    EXPECT_FALSE(output.isRunning());
+}
+
+TEST_F(CubebOutputOnServer, AfterAStopNoCallbackPullsTheSource)
+{
+    SineSource source(440.0);
+    open(source);
+    for (int round = 0; round < 5; ++round) {
+        output.start();
+        EXPECT_TRUE(output.isRunning());
+        recorder->waitForSound(recorder->size());
+        output.stop();
+        EXPECT_FALSE(output.isRunning());
+        const std::uint64_t rendered = source.rendered;
+        const auto silence = recorder->waitForSilence(recorder->size());
+        ASSERT_GE(silence, 0);
+        EXPECT_EQ(source.rendered, rendered);
+    }
+}
+
+TEST_F(CubebOutputOnServer, StopAndStartAreContinuousInTheMaterial)
+{
+    SineSource source(440.0);
+    open(source);
+    output.start();
+    const auto begin = recorder->waitForSound(0);
+    ASSERT_GE(begin, 0);
+    recorder->waitFor(0.3);
+    output.stop();
+    const auto silence = recorder->waitForSilence(static_cast<std::size_t>(begin));
+    ASSERT_GE(silence, 0);
+    // Everything that was pulled was also played, in its last frames fading.
+    EXPECT_NEAR(static_cast<double>(silence - begin), static_cast<double>(source.rendered), 200.0);
+
+    // No sample leaves the tone by more than its own steepest step.
+    const std::vector<float> heard = recorder->samples();
+    float step = 0.0F;
+    for (std::size_t i = 1; i < heard.size(); ++i)
+        step = std::max(step, std::abs(heard[i] - heard[i - 1]));
+    EXPECT_LT(step, 0.5F * 2.0F * std::numbers::pi_v<float> * 440.0F / 44100.0F + 0.001F);
+}
+
+TEST_F(CubebOutputOnServer, AStopFromInsideTheCallbackSilencesAndTheNextStartPlaysOn)
+{
+    ASSERT_EQ(output.initialize(), status::noError);
+    EndingSource source(output, second / 4);
+    ASSERT_EQ(output.connect(&source), status::noError);
+    recorder = server.record(QStringLiteral("a"));
+
+    output.start();
+    const auto begin = recorder->waitForSound(0);
+    ASSERT_GE(begin, 0);
+    const auto silence = recorder->waitForSilence(static_cast<std::size_t>(begin));
+    ASSERT_GE(silence, 0);
+    EXPECT_FALSE(output.isRunning());
+    EXPECT_EQ(source.endings, 1);
+
+    source.end = std::numeric_limits<std::uint64_t>::max();
+    EXPECT_EQ(output.start(), status::noError);
+    EXPECT_GE(recorder->waitForSound(static_cast<std::size_t>(silence)), 0);
+    EXPECT_TRUE(output.isRunning());
+    EXPECT_EQ(output.stop(), status::noError);
+    EXPECT_EQ(source.endings, 1);
+}
+
+TEST_F(CubebOutputOnServer, VolumeScalesWhatIsHeardAndReadsBackAsSet)
+{
+    SineSource source(440.0);
+    open(source);
+    EXPECT_EQ(output.setParameter(parameter::outputVolume, 0.25F), status::noError);
+    output.start();
+    const auto begin = recorder->waitForSound(0);
+    ASSERT_GE(begin, 0);
+    recorder->waitFor(0.3);
+    EXPECT_NEAR(peakOf(recorder->samples()), 0.125, 0.001);
+
+    output.setParameter(parameter::outputVolume, 7.0F);
+    EXPECT_EQ(output.parameter(parameter::outputVolume), 7.0F);
+    recorder->waitFor(0.3);
+    EXPECT_NEAR(peakOf(recorder->samples()), 0.5, 0.001);
+
+    output.setParameter(parameter::outputVolume, 0.0F);
+    EXPECT_GE(recorder->waitForSilence(recorder->size()), 0);
+    output.stop();
+}
+
+TEST_F(CubebOutputOnServer, PlaysAtTheRightPitchOnADeviceOfAnotherRateAndChannelCount)
+{
+    server.loadModule(QStringLiteral("module-null-sink"),
+                      {QStringLiteral("sink_name=c"), QStringLiteral("rate=48000"),
+                       QStringLiteral("channels=6")});
+    server.setDefaultSink(QStringLiteral("c"));
+    SineSource source(440.0);
+    ASSERT_EQ(output.initialize(), status::noError);
+    output.connect(&source);
+    recorder = server.record(QStringLiteral("c"));
+    output.start();
+    const auto begin = recorder->waitForSound(0);
+    ASSERT_GE(begin, 0);
+    const auto from = static_cast<std::size_t>(begin) + second / 10;
+    recorder->waitForSize(from + second / 2);
+    EXPECT_NEAR(frequencyOf(recorder->samples(from, from + second / 2)), 440.0, 0.5);
+}
+
+TEST_F(CubebOutputOnServer, AServerThatGoesAwayLeavesTheOutputRunningAndStoppable)
+{
+    SineSource source(440.0);
+    open(source);
+    output.start();
+    ASSERT_GE(recorder->waitForSound(0), 0);
+    server.kill();
+    EXPECT_TRUE(output.isRunning());
+    EXPECT_EQ(output.stop(), status::noError);
+    EXPECT_FALSE(output.isRunning());
+
+    EXPECT_EQ(output.start(), status::noAudioDevice);
+    EXPECT_TRUE(output.isRunning());
+    server.restart();
+    ASSERT_EQ(output.initialize(), status::noError);
+    recorder = server.record(QStringLiteral("a"));
+    EXPECT_EQ(output.start(), status::noError);
+    EXPECT_GE(recorder->waitForSound(0), 0);
+}
+
+TEST_F(CubebOutputOnServer, DestroyingARunningOutputLeavesNoStreamBehind)
+{
+    SineSource source(440.0);
+    {
+        CubebOutput passing;
+        ASSERT_EQ(passing.initialize(), status::noError);
+        passing.connect(&source);
+        passing.start();
+        EXPECT_EQ(server.streamCount(), 1);
+    }
+    EXPECT_EQ(server.streamCount(), 0);
+}
+
+TEST(CubebOutput, FailsQuicklyWithoutASoundServerAndStaysUsable)
+{
+    const PrivateSoundServer server(PrivateSoundServer::At::Later);
+    SineSource source(440.0);
+    CubebOutput output;
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(output.initialize(), status::noAudioDevice);
+    EXPECT_LT(timer.elapsed(), 5000);
+    EXPECT_EQ(output.start(), status::noConnection);
+    EXPECT_EQ(output.connect(&source), status::noError);
+    EXPECT_EQ(output.start(), status::noAudioDevice);
+    EXPECT_EQ(output.stop(), status::noError);
+    EXPECT_FALSE(output.isRunning());
+    EXPECT_EQ(source.rendered, 0U);
+}
+
+TEST(CubebOutput, RefusesParametersThatItDoesNotHaveAndValuesThatAreNotNumbers)
+{
+    CubebOutput output;
+    EXPECT_EQ(output.parameter(parameter::outputVolume), 1.0F);
+    EXPECT_EQ(output.setParameter(13, 0.5F), status::invalidParameter);
+    EXPECT_EQ(output.parameter(13), 0.0F);
+    EXPECT_EQ(output.setParameter(parameter::outputVolume, std::numeric_limits<float>::quiet_NaN()),
+              status::invalidParameter);
+    EXPECT_EQ(output.setParameter(parameter::outputVolume, std::numeric_limits<float>::infinity()),
+              status::invalidParameter);
+    EXPECT_EQ(output.parameter(parameter::outputVolume), 1.0F);
+}
+
+TEST(CubebOutput, RefusesToBeConnectedToNothing)
+{
+    CubebOutput output;
+    EXPECT_EQ(output.connect(nullptr), status::noConnection);
+    EXPECT_EQ(output.start(), status::noConnection);
+    EXPECT_FALSE(output.isRunning());
+}
+
+} // namespace
