@@ -93,10 +93,16 @@ TEST_F(CubebOutputOnServer, AfterAStopNoCallbackPullsTheSource)
     }
 }
 
-TEST_F(CubebOutputOnServer, StopAndStartAreContinuousInTheMaterial)
+class CubebOutputFades : public testing::TestWithParam<PrivateSoundServer::Sinks> {};
+
+TEST_P(CubebOutputFades, StartAndStopPlayAllThatWasPulledWithoutAClick)
 {
+    PrivateSoundServer server(PrivateSoundServer::At::Once, GetParam());
     SineSource source(440.0);
-    open(source);
+    CubebOutput output;
+    ASSERT_EQ(output.initialize(), status::noError);
+    output.connect(&source);
+    const auto recorder = server.record(QStringLiteral("a"));
     output.start();
     const auto begin = recorder->waitForSound(0);
     ASSERT_GE(begin, 0);
@@ -114,6 +120,10 @@ TEST_F(CubebOutputOnServer, StopAndStartAreContinuousInTheMaterial)
         step = std::max(step, std::abs(heard[i] - heard[i - 1]));
     EXPECT_LT(step, 0.5F * 2.0F * std::numbers::pi_v<float> * 440.0F / 44100.0F + 0.001F);
 }
+
+INSTANTIATE_TEST_SUITE_P(Sinks, CubebOutputFades,
+                         testing::Values(PrivateSoundServer::Sinks::Plain,
+                                         PrivateSoundServer::Sinks::Rewinding));
 
 TEST_F(CubebOutputOnServer, AStopFromInsideTheCallbackSilencesAndTheNextStartPlaysOn)
 {

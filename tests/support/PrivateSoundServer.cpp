@@ -1,7 +1,6 @@
 #include "support/PrivateSoundServer.h"
 
 #include <QElapsedTimer>
-#include <QStandardPaths>
 
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -41,8 +40,10 @@ bool waitUntil(const auto &condition)
 
 } // namespace
 
-PrivateSoundServer::PrivateSoundServer(At start)
-    : m_oldServer(qgetenv("PULSE_SERVER")), m_oldRuntimeDir(qgetenv("XDG_RUNTIME_DIR"))
+PrivateSoundServer::PrivateSoundServer(At start, Sinks sinks)
+    : m_sinks(sinks),
+      m_oldServer(qgetenv("PULSE_SERVER")),
+      m_oldRuntimeDir(qgetenv("XDG_RUNTIME_DIR"))
 {
     qputenv("XDG_RUNTIME_DIR", m_folder.path().toLocal8Bit());
     qputenv("PULSE_SERVER", "unix:" + m_folder.filePath(u"native"_s).toLocal8Bit());
@@ -84,7 +85,9 @@ bool PrivateSoundServer::restart()
     dieWithTheTest(m_server);
     m_server.setStandardOutputFile(QProcess::nullDevice());
     m_server.setStandardErrorFile(QProcess::nullDevice());
-    const QString sink = u"module-null-sink sink_name=%1 rate=44100 channels=2 format=float32le"_s;
+    const QString sink =
+        u"module-null-sink sink_name=%1 rate=44100 channels=2 format=float32le norewinds=%2"_s.arg(
+            u"%1"_s, m_sinks == Sinks::Plain ? u"1"_s : u"0"_s);
     const QString socket = m_folder.filePath(u"native"_s);
     m_server.start(u"pulseaudio"_s,
                    {u"-n"_s, u"--daemonize=no"_s, u"--exit-idle-time=-1"_s, u"--use-pid-file=no"_s,

@@ -26,8 +26,13 @@ class Recorder;
 class PrivateSoundServer {
 public:
     enum class At { Once, Later };
+    /// Rewinding sinks let a new stream in at once, as sound cards do, and play it into the time
+    /// that a recorder has already got; their recordings take 2 s to begin. Plain ones work in
+    /// steps of 50 ms.
+    enum class Sinks { Plain, Rewinding };
+
     /// Starts the server, unless it is to be started later with restart().
-    explicit PrivateSoundServer(At start = At::Once);
+    explicit PrivateSoundServer(At start = At::Once, Sinks sinks = Sinks::Plain);
     ~PrivateSoundServer();
     PrivateSoundServer(const PrivateSoundServer &) = delete;
     PrivateSoundServer &operator=(const PrivateSoundServer &) = delete;
@@ -58,6 +63,7 @@ private:
     bool pactl(const QStringList &arguments, QByteArray *output = nullptr) const;
 
     QTemporaryDir m_folder;
+    Sinks m_sinks;
     QProcess m_server;
     QByteArray m_oldServer;
     QByteArray m_oldRuntimeDir;

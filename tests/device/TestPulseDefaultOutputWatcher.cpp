@@ -1,0 +1,203 @@
+#include "platform/audio/PulseDefaultOutputWatcher.h"
+
+#include "support/PrivateSoundServer.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Counts the calls of a listener and lets the test wait for them.
+class Calls {
+public:
+    std::function<void()> listener()
+    {
+        return [this] { add(); };
+    }
+    void add()
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_count;
+        m_thread = std::this_thread::get_id();
+        m_called.notify_all();
+    }
+    int count() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_count;
+    }
+    std::thread::id thread() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_thread;
+    }
+    /// The patience of a test that fails otherwise.
+    bool waitFor(int count, std::chrono::milliseconds patience = std::chrono::seconds(20))
+    {
+        std::unique_lock lock(m_mutex);
+        return m_called.wait_for(lock, patience, [&] { return m_count >= count; });
+    }
+
+private:
+    mutable std::mutex m_mutex;
+    std::condition_variable m_called;
+    int m_count = 0;
+    std::thread::id m_thread;
+};
+
+/// Until the watcher has connected, nobody knows which change it will notice first: changes the
+/// default between "a" and `other` until one is, then waits for the calls that are still on their
+/// way. The default is then "a".
+void settle(PrivateSoundServer &server, Calls &calls, const QString &other = u"b"_s)
+{
+    for (int i = 0; i < 100 && calls.count() == 0; ++i) {
+        server.setDefaultSink(i % 2 == 0 ? other : u"a"_s);
+        calls.waitFor(1, std::chrono::milliseconds(100));
+    }
+    ASSERT_GT(calls.count(), 0);
+    server.setDefaultSink(u"a"_s);
+    while (calls.waitFor(calls.count() + 1, std::chrono::milliseconds(200))) {
+    }
+}
+
+/// How many more calls came by the time a change of the default that is made now has been noticed.
+int callsUpToAChange(PrivateSoundServer &server, Calls &calls, const QString &newDefault)
+{
+    const int before = calls.count();
+    server.setDefaultSink(newDefault);
+    EXPECT_TRUE(calls.waitFor(before + 1));
+    return calls.count() - before;
+}
+
+TEST(PulseDefaultOutputWatcher, NoticesANewDefaultDeviceWithinASecondOnAThreadOfItsOwn)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    ASSERT_EQ(watcher.listen(calls.listener()), status::noError);
+    settle(server, calls);
+    for (const QString &sink : {u"b"_s, u"a"_s, u"b"_s}) {
+        const int before = calls.count();
+        server.setDefaultSink(sink);
+        EXPECT_TRUE(calls.waitFor(before + 1, std::chrono::seconds(1))) << sink.toStdString();
+    }
+    EXPECT_NE(calls.thread(), std::this_thread::get_id());
+}
+
+TEST(PulseDefaultOutputWatcher, KeepsQuietAboutVolumesAndOtherDevices)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    settle(server, calls);
+    server.setSinkVolume(u"a"_s, 30);
+    server.setSinkVolume(u"b"_s, 40);
+    const int module = server.loadModule(u"module-null-sink"_s, {u"sink_name=c"_s});
+    server.unloadModule(module);
+    // Events arrive in order: whatever the above caused would have been counted by now.
+    EXPECT_EQ(callsUpToAChange(server, calls, u"b"_s), 1);
+}
+
+TEST(PulseDefaultOutputWatcher, NoticesADefaultDeviceThatWasRemovedAndAdded)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    const int module = server.loadModule(u"module-null-sink"_s, {u"sink_name=c"_s});
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    settle(server, calls, u"c"_s);
+    callsUpToAChange(server, calls, u"c"_s);
+
+    int before = calls.count();
+    server.unloadModule(module);
+    EXPECT_TRUE(calls.waitFor(before + 1));
+    before = calls.count();
+    server.loadModule(u"module-null-sink"_s, {u"sink_name=c"_s});
+    server.setDefaultSink(u"c"_s);
+    EXPECT_TRUE(calls.waitFor(before + 1));
+}
+
+TEST(PulseDefaultOutputWatcher, NoticesAServerThatCameBack)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    settle(server, calls);
+    for (int round = 0; round < 3; ++round) {
+        const int before = calls.count();
+        server.kill();
+        EXPECT_EQ(calls.count(), before);
+        server.restart();
+        EXPECT_TRUE(calls.waitFor(before + 1));
+    }
+}
+
+TEST(PulseDefaultOutputWatcher, NoticesAServerThatWasNotThereAtFirst)
+{
+    PrivateSoundServer server(PrivateSoundServer::At::Later);
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    EXPECT_EQ(watcher.listen(calls.listener()), status::noError);
+    EXPECT_FALSE(calls.waitFor(1, std::chrono::milliseconds(300)));
+    server.restart();
+    EXPECT_TRUE(calls.waitFor(1));
+}
+
+TEST(PulseDefaultOutputWatcher, TheListenerMayReplaceItself)
+{
+    PrivateSoundServer server;
+    Calls first;
+    Calls second;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen([&] {
+        watcher.listen(second.listener());
+        first.add();
+    });
+    settle(server, first);
+    EXPECT_EQ(first.count(), 1);
+    const int before = second.count();
+    server.setDefaultSink(u"b"_s);
+    EXPECT_TRUE(second.waitFor(before + 1));
+    EXPECT_EQ(first.count(), 1);
+}
+
+TEST(PulseDefaultOutputWatcher, TheListenerMayDestroyTheWatcher)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    auto watcher = std::make_unique<PulseDefaultOutputWatcher>();
+    watcher->listen([&] {
+        watcher.reset();
+        calls.add();
+    });
+    for (int i = 0; i < 100 && calls.count() == 0; ++i) {
+        server.setDefaultSink(i % 2 == 0 ? u"b"_s : u"a"_s);
+        calls.waitFor(1, std::chrono::milliseconds(100));
+    }
+    EXPECT_EQ(calls.count(), 1);
+    EXPECT_EQ(watcher, nullptr);
+}
+
+TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhetherItListensOrNotAndWithoutAServer)
+{
+    const PrivateSoundServer server(PrivateSoundServer::At::Later);
+    {
+        const PulseDefaultOutputWatcher idle;
+    }
+    for (int i = 0; i < 20; ++i) {
+        PulseDefaultOutputWatcher watcher;
+        EXPECT_EQ(watcher.listen([] {}), status::noError);
+    }
+}
+
+} // namespace
