@@ -34,7 +34,7 @@ struct SampleSpec {
     int rate = 44100;         ///< frames per second
     int channels = 2;
     QMap<QString, QString> tags = {}; ///< "title", "artist", "album", ...
-    bool artwork = false;             ///< attaches sampleArtwork(): mp3, m4a, flac, aiff, wma
+    bool artwork = false;             ///< attaches sampleArtwork(): mp3, m4a, flac, aiff
     QStringList options = {};         ///< further output options: {"-b:a", "256k"}
     QString name = {};                ///< the file's name without extension; empty: "sample"
 };

@@ -1,5 +1,6 @@
 #include "platform/audio/AudioFileReaderContainer.h"
 
+#include "platform/audio/AudioFileReaderDecoder.h"
 #include "platform/audio/AudioFileReaderFormats.h"
 
 #include <QFileInfo>
@@ -50,10 +51,25 @@ Status AudioFileReaderContainer::open(const QString &path)
         result = probe(path);
     if (result == status::noError)
         result = openContext();
-    if (result == status::noError)
-        result = chooseStream();
+    if (result == status::noError && !m_certain) {
+        if (!soundsLikeAudio())
+            return status::unsupportedFileType;
+        result = openContext();
+    }
     m_input.progress();
     return result;
+}
+
+/// Whether the beginning decodes: a name alone proves nothing. Leaves the context used up.
+bool AudioFileReaderContainer::soundsLikeAudio()
+{
+    AudioFileReaderDecoder decoder;
+    if (decoder.open(*this) != status::noError)
+        return false;
+    int frames = 0;
+    while (frames < 8 && decoder.next())
+        ++frames;
+    return frames > decoder.damagedPackets();
 }
 
 Status AudioFileReaderContainer::probe(const QString &path)
@@ -85,9 +101,12 @@ Status AudioFileReaderContainer::probe(const QString &path)
 
 Status AudioFileReaderContainer::openContext()
 {
+    m_stream = nullptr;
+    m_context.reset();
     AVFormatContext *context = avformat_alloc_context();
     if (!context)
         return status::notEnoughMemory;
+    avio_seek(m_input.context(), 0, SEEK_SET);
     context->pb = m_input.context();
     context->io_open = denyNestedOpen;
     context->max_streams = 64;
@@ -103,7 +122,7 @@ Status AudioFileReaderContainer::openContext()
     if (error < 0)
         return m_certain ? status::invalidFile : status::unsupportedFileType;
     m_context.reset(context);
-    return status::noError;
+    return chooseStream();
 }
 
 Status AudioFileReaderContainer::chooseStream()

@@ -26,6 +26,7 @@ private:
     Status probe(const QString &path);
     Status openContext();
     Status chooseStream();
+    bool soundsLikeAudio();
     bool isComplete() const;
 
     AudioFileReaderInput m_input;

@@ -145,7 +145,8 @@ Status AudioFileReaderConverter::convert(const AVFrame *frame, ConvertedFrames &
         target[channel] = reinterpret_cast<std::uint8_t *>(
             direct ? out.channels[channel] + out.count : m_waiting[channel].data() + m_waitingEnd);
     }
-    const std::uint8_t **input = frame ? const_cast<const std::uint8_t **>(frame->extended_data) : nullptr;
+    const std::uint8_t **input =
+        frame ? const_cast<const std::uint8_t **>(frame->extended_data) : nullptr;
     const int converted =
         swr_convert(m_swr.get(), target.data(), bound, input, frame ? frame->nb_samples : 0);
     if (converted < 0)

@@ -1,5 +1,9 @@
 #include "platform/audio/AudioFileReaderDecoder.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <string_view>
 #include <utility>
 
 namespace lyrabox {
@@ -28,6 +32,7 @@ Status AudioFileReaderDecoder::open(AudioFileReaderContainer &container)
     m_context->thread_count = 1;
     switch (avcodec_open2(m_context.get(), container.decoder(), nullptr)) {
     case 0:
+        findLength();
         return status::noError;
     case AVERROR(ENOMEM):
         return status::notEnoughMemory;
@@ -57,14 +62,19 @@ bool AudioFileReaderDecoder::receive()
     while (!m_ended) {
         const int error = avcodec_receive_frame(m_context.get(), m_waiting.get());
         if (error == 0) {
-            if (m_waiting->nb_samples > 0 && m_waiting->sample_rate > 0 &&
-                m_waiting->ch_layout.nb_channels > 0) {
-                m_delivered = true;
-                m_failures = 0;
-                m_container->input().progress();
-                return true;
+            if (m_waiting->nb_samples <= 0 || m_waiting->sample_rate <= 0 ||
+                m_waiting->ch_layout.nb_channels <= 0) {
+                ++m_failures;
+                continue;
             }
-            ++m_failures;
+            m_delivered = true;
+            m_failures = 0;
+            m_container->input().progress();
+            m_waiting->nb_samples =
+                static_cast<int>(std::min<std::int64_t>(m_waiting->nb_samples, m_remaining));
+            m_remaining -= m_waiting->nb_samples;
+            if (m_waiting->nb_samples > 0)
+                return true;
         } else if (error == AVERROR(EAGAIN) && !m_draining) {
             if (!feed())
                 continue;
@@ -75,6 +85,7 @@ bool AudioFileReaderDecoder::receive()
             m_ended = true;
         } else {
             ++m_failures;
+            ++m_damaged;
         }
         if (m_failures > maximumFailures)
             m_ended = true;
@@ -110,6 +121,7 @@ bool AudioFileReaderDecoder::feed()
         if (sent == 0)
             return true;
         ++m_failures;
+        ++m_damaged;
         if (sent == AVERROR(ENOMEM)) {
             m_status = status::notEnoughMemory;
             break;
@@ -118,6 +130,22 @@ bool AudioFileReaderDecoder::feed()
     m_draining = true;
     avcodec_send_packet(m_context.get(), nullptr);
     return true;
+}
+
+/// Apple's encoders write reserved, delay, padding and length in hexadecimal; FFmpeg only takes the
+/// delay from it.
+void AudioFileReaderDecoder::findLength()
+{
+    const AVDictionaryEntry *gapless =
+        av_dict_get(m_container->context()->metadata, "iTunSMPB", nullptr, 0);
+    const auto seconds = m_container->duration();
+    unsigned long long length = 0;
+    if (!gapless || !seconds || std::sscanf(gapless->value, "%*x %*x %*x %llx", &length) != 1)
+        return;
+    // Padding is a fraction of a second; a length that differs by more is not this stream's.
+    const int rate = m_container->stream()->codecpar->sample_rate;
+    if (std::abs(static_cast<double>(length) - *seconds * rate) < rate)
+        m_remaining = static_cast<std::int64_t>(length);
 }
 
 /// MP4 tells the padding after the last frame only by that packet's shorter duration.

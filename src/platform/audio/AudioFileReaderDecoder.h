@@ -18,9 +18,13 @@ public:
     /// After the end: 0, or why there was no more (a read error, no memory, or nothing but damage).
     Status status() const { return m_status; }
 
+    /// Packets so far that could not be decoded.
+    int damagedPackets() const { return m_damaged; }
+
 private:
     bool receive();
     bool feed();
+    void findLength();
     void trimLast();
 
     AudioFileReaderContainer *m_container = nullptr;
@@ -33,7 +37,9 @@ private:
     bool m_draining = false;
     bool m_ended = false;
     bool m_delivered = false;
-    int m_failures = 0;
+    int m_failures = 0; ///< since the last frame
+    int m_damaged = 0;
+    std::int64_t m_remaining = INT64_MAX; ///< frames still to come, where the tags tell
     Status m_status = status::noError;
 };
 

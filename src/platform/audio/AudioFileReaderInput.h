@@ -42,7 +42,7 @@ public:
     AVIOContext *context() const { return m_context.get(); }
 
     /// Junk between two frames of sound that is still read over; also what opening may read.
-    static constexpr std::int64_t readLimit = std::int64_t{64} << 20;
+    static constexpr std::int64_t readLimit = std::int64_t{40} << 20;
 
 private:
     static int readPacket(void *self, std::uint8_t *buffer, int size);
