@@ -1,0 +1,336 @@
+#include "EngineFixture.h"
+
+#include <limits>
+
+namespace lyrabox::test {
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::Not;
+using testing::StartsWith;
+
+class AudioEngine : public EngineFixture {};
+
+TEST_F(AudioEngine, BuildTakesItsStepsInOrder)
+{
+    EXPECT_EQ(engine::buildAudioSystem(), 0);
+    EXPECT_THAT(audio.calls(),
+                ElementsAre("equalizer1.initialize", "timePitch1.initialize", "output1.initialize",
+                            "output1.connect(timePitch1)", "timePitch1.connect(equalizer1)",
+                            "equalizer1.streamFormat", "equalizer1.setRenderCallback",
+                            "watcher1.listen", "equalizer1.setParameter(31, 0)"));
+    EXPECT_EQ(engine::streamFormat().mSampleRate, 44100.0);
+    EXPECT_EQ(engine::streamFormat().mBytesPerFrame, 4U);
+    EXPECT_EQ(engine::streamFormat().mChannelsPerFrame, 2U);
+    EXPECT_FALSE(engine::outputIsRunning());
+}
+
+struct FailingStep {
+    FakeStep step;
+    Status expected;
+    const char *lastCall;
+};
+
+class AudioEngineBuildFailure : public EngineFixture,
+                                public testing::WithParamInterface<FailingStep> {};
+
+TEST_P(AudioEngineBuildFailure, ReturnsTheStatusAndTakesNoLaterStep)
+{
+    audio.failAt(GetParam().step, -7);
+    EXPECT_EQ(engine::buildAudioSystem(), GetParam().expected);
+    const auto calls = audio.calls();
+    EXPECT_EQ(calls.empty() ? std::string() : calls.back(), GetParam().lastCall);
+}
+
+TEST_P(AudioEngineBuildFailure, LeavesAnEngineThatAcceptsEveryCall)
+{
+    audio.failAt(GetParam().step, -7);
+    engine::buildAudioSystem();
+    engine::setOutputVolume(0.5F);
+    engine::setPlaybackRate(0.5F);
+    engine::setPitchCents(100.0F);
+    engine::setEqLevel(2, 3.0F);
+    engine::seekToFrame(10);
+    engine::setOutputRunning(false);
+    engine::defaultOutputChanged();
+    EXPECT_EQ(loadSong(1000), 0);
+    engine::emptyAudioBuffers();
+    EXPECT_EQ(engine::totalFrames(), 0U);
+}
+
+TEST_P(AudioEngineBuildFailure, DuringADeviceChangeKeepsTheValuesForTheNextDevice)
+{
+    buildAndPlay(100000);
+    engine::setOutputVolume(0.25F);
+    engine::setPlaybackRate(0.75F);
+    engine::setPitchCents(-300.0F);
+    engine::setEqLevel(29, -4.0F);
+    audio.pull(1024);
+    const auto frame = engine::currentFrame();
+
+    if (GetParam().step == FakeStep::WatcherMissing)
+        return; // the watcher is made once
+    audio.failAt(GetParam().step, -7);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(audio.pull(256).isSilent());
+    EXPECT_EQ(engine::outputVolume(), 0.25F);
+    engine::setPitchCents(-200.0F); // changed while there is no device
+
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_EQ(audio.outputParameter(parameter::outputVolume), 0.25F);
+    EXPECT_EQ(audio.timePitchParameter(parameter::rate), 0.75F);
+    EXPECT_EQ(audio.timePitchParameter(parameter::pitch), -200.0F);
+    EXPECT_EQ(audio.equalizerParameter(29), -4.0F);
+    EXPECT_EQ(engine::currentFrame(), frame);
+    EXPECT_EQ(audio.pull(16).channels[0].front(), static_cast<float>(frame));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, AudioEngineBuildFailure,
+    testing::Values(
+        FailingStep{FakeStep::EqualizerMissing, engine::missingComponent, ""},
+        FailingStep{FakeStep::EqualizerInitialize, -7, "equalizer1.initialize"},
+        FailingStep{FakeStep::TimePitchMissing, engine::missingComponent, "equalizer1.initialize"},
+        FailingStep{FakeStep::TimePitchInitialize, -7, "timePitch1.initialize"},
+        FailingStep{FakeStep::OutputMissing, engine::missingComponent, "timePitch1.initialize"},
+        FailingStep{FakeStep::OutputInitialize, -7, "output1.initialize"},
+        FailingStep{FakeStep::OutputConnect, -7, "output1.connect(timePitch1)"},
+        FailingStep{FakeStep::TimePitchConnect, -7, "timePitch1.connect(equalizer1)"},
+        FailingStep{FakeStep::SetRenderCallback, -7, "equalizer1.setRenderCallback"},
+        FailingStep{FakeStep::WatcherMissing, engine::missingComponent,
+                    "equalizer1.setRenderCallback"},
+        FailingStep{FakeStep::Listen, -7, "watcher1.listen"},
+        FailingStep{FakeStep::EqualizerFixedParameter, -7, "equalizer1.setParameter(31, 0)"}));
+
+TEST_F(AudioEngine, BuildCanBeTriedAgainAfterAFailure)
+{
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    EXPECT_EQ(engine::buildAudioSystem(), status::noAudioDevice);
+    audio.clearFailures();
+    buildAndPlay(10000);
+    EXPECT_EQ(audio.pull(10).channels[0].back(), 9.0F);
+}
+
+TEST_F(AudioEngine, DeviceChangeTakesItsStepsInOrder)
+{
+    buildAndPlay(100000);
+    audio.clearCalls();
+    EXPECT_TRUE(audio.fireDefaultOutputChangedOnThread());
+
+    const auto bands = [](const std::string &unit, const std::string &call) {
+        std::vector<std::string> calls;
+        for (const char *band : {"2", "5", "8", "11", "14", "17", "20", "23", "26", "29"})
+            calls.push_back(unit + "." + call + "(" + band + (call == "parameter" ? ")" : ", 0)"));
+        return calls;
+    };
+    std::vector<std::string> expected{"output1.stop", "output1.parameter(14)",
+                                      "timePitch1.parameter(0)", "timePitch1.parameter(1)"};
+    const auto append = [&expected](const std::vector<std::string> &calls) {
+        expected.insert(expected.end(), calls.begin(), calls.end());
+    };
+    append(bands("equalizer1", "parameter"));
+    append({"equalizer2.initialize", "timePitch2.initialize", "output2.initialize",
+            "output2.connect(timePitch2)", "timePitch2.connect(equalizer2)",
+            "equalizer2.streamFormat", "equalizer2.setRenderCallback", "watcher1.listen",
+            "equalizer2.setParameter(31, 0)", "output2.setParameter(14, 1)",
+            "timePitch2.setParameter(0, 1)", "timePitch2.setParameter(1, 0)"});
+    append(bands("equalizer2", "setParameter"));
+    append({"output2.start", "output1.destroyed", "timePitch1.destroyed", "equalizer1.destroyed"});
+    EXPECT_EQ(audio.calls(), expected);
+}
+
+TEST_F(AudioEngine, DeviceChangeWhilePlayingGoesOnAtTheSamePositionWithTheSameValues)
+{
+    buildAndPlay(100000);
+    engine::setOutputVolume(0.5F);
+    engine::setPlaybackRate(0.8F);
+    engine::setPitchCents(150.5F);
+    for (std::uint32_t band = 0; band < parameter::equalizerBands; ++band)
+        engine::setEqLevel(band, static_cast<float>(band) - 15.0F);
+    engine::setLoopStartFrame(7);
+    engine::setLoopEndFrame(90000);
+    engine::setIsLooping(true);
+    audio.pull(4096);
+    const auto frame = engine::currentFrame();
+
+    audio.fireDefaultOutputChangedOnThread();
+
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_EQ(engine::currentFrame(), frame);
+    EXPECT_EQ(engine::totalFrames(), 100000U);
+    EXPECT_EQ(engine::loopStartFrame(), 7U);
+    EXPECT_EQ(engine::loopEndFrame(), 90000U);
+    EXPECT_TRUE(engine::isLooping());
+    EXPECT_EQ(engine::outputVolume(), 0.5F);
+    EXPECT_EQ(engine::playbackRate(), 0.8F);
+    EXPECT_EQ(engine::pitchCents(), 150.5F);
+    for (std::uint32_t band = 0; band < parameter::equalizerBands; ++band) {
+        const bool isCarried = band % 3 == 2 && band <= 29;
+        EXPECT_EQ(engine::eqLevel(band), isCarried ? static_cast<float>(band) - 15.0F : 0.0F)
+            << "band " << band;
+    }
+    EXPECT_EQ(audio.pull(1).channels[0].front(), static_cast<float>(frame));
+}
+
+TEST_F(AudioEngine, DeviceChangeWhileStoppedStaysStopped)
+{
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    loadSong(10000);
+    audio.clearCalls();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_FALSE(engine::outputIsRunning());
+    EXPECT_THAT(audio.calls(), Contains("output2.stop"));
+    EXPECT_THAT(audio.calls(), Not(Contains("output2.start")));
+}
+
+TEST_F(AudioEngine, DeviceChangesKeepNoMoreThanOneChain)
+{
+    buildAndPlay(100000);
+    for (int i = 0; i < 20; ++i)
+        audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(audio.unitsAlive(), 4); // three stages and one watcher
+    EXPECT_TRUE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngine, FailedDeviceChangesLeaveNoUnitsBehind)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    for (int i = 0; i < 20; ++i)
+        audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(audio.unitsAlive(), 4);
+}
+
+TEST_F(AudioEngine, PauseWhileNoDeviceIsThereHoldsOnTheNextDevice)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    engine::setOutputRunning(false);
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_FALSE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngine, PlayWhileNoDeviceIsThereStartsOnTheNextDevice)
+{
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    loadSong(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    engine::setOutputRunning(true);
+    EXPECT_FALSE(engine::outputIsRunning());
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngine, StartThatFailsOnTheNewDeviceIsMadeUpForOnTheOneAfter)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_FALSE(engine::outputIsRunning());
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngine, StartAndStopGoToTheOutput)
+{
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    loadSong(1000);
+    audio.clearCalls();
+    engine::setOutputRunning(true);
+    EXPECT_TRUE(engine::outputIsRunning());
+    engine::setOutputRunning(false);
+    EXPECT_FALSE(engine::outputIsRunning());
+    EXPECT_THAT(audio.calls(), ElementsAre("output1.start", "output1.stop"));
+}
+
+TEST_F(AudioEngine, SeekResetsOutputTimePitchAndEqualizerInThisOrder)
+{
+    buildAndPlay(100000);
+    audio.clearCalls();
+    engine::seekToFrame(777);
+    EXPECT_EQ(engine::currentFrame(), 777U);
+    EXPECT_THAT(audio.calls(),
+                ElementsAre("output1.reset", "timePitch1.reset", "equalizer1.reset"));
+}
+
+TEST_F(AudioEngine, SeekIsHeardAtOnce)
+{
+    buildAndPlay(100000);
+    audio.pull(100); // the time/pitch stage holds 28 frames more
+    engine::seekToFrame(5000);
+    EXPECT_EQ(audio.pull(10).channels[0].front(), 5000.0F);
+}
+
+TEST_F(AudioEngine, LoopPointsAreWrittenWithoutAReset)
+{
+    buildAndPlay(100000);
+    audio.clearCalls();
+    engine::setLoopStartFrame(1);
+    engine::setLoopEndFrame(2);
+    engine::setIsLooping(true);
+    EXPECT_TRUE(audio.calls().empty());
+}
+
+TEST_F(AudioEngine, ParametersGoToTheirUnits)
+{
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    audio.clearCalls();
+    engine::setOutputVolume(0.25F);
+    engine::setPlaybackRate(0.5F);
+    engine::setPitchCents(-100.0F);
+    engine::setEqLevel(17, 6.0F);
+    EXPECT_THAT(audio.calls(),
+                ElementsAre("output1.setParameter(14, 0.25)", "timePitch1.setParameter(0, 0.5)",
+                            "timePitch1.setParameter(1, -100)", "equalizer1.setParameter(17, 6)"));
+    EXPECT_EQ(engine::outputVolume(), 0.25F);
+    EXPECT_EQ(engine::playbackRate(), 0.5F);
+    EXPECT_EQ(engine::pitchCents(), -100.0F);
+    EXPECT_EQ(engine::eqLevel(17), 6.0F);
+}
+
+TEST_F(AudioEngine, WholeSecondsAreTruncated)
+{
+    EXPECT_EQ(engine::wholeSeconds(44099, 44100.0), 0);
+    EXPECT_EQ(engine::wholeSeconds(44100, 44100.0), 1);
+    EXPECT_EQ(engine::wholeSeconds(88199, 44100.0), 1);
+    EXPECT_EQ(engine::wholeSeconds(0, 44100.0), 0);
+}
+
+TEST_F(AudioEngine, WholeSecondsOfAWrappedPositionStayInRange)
+{
+    constexpr auto huge = std::numeric_limits<std::uint64_t>::max();
+    EXPECT_EQ(engine::wholeSeconds(huge, 44100.0), 418293516410647);
+    EXPECT_EQ(engine::wholeSeconds(huge, 1.0), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(engine::wholeSeconds(100, 0.0), 0);
+    EXPECT_EQ(engine::wholeSeconds(100, std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+TEST_F(AudioEngine, TearDownReleasesEveryUnitAndZeroesTheRecord)
+{
+    buildAndPlay(100000);
+    engine::setLoopEndFrame(5);
+    engine::setIsLooping(true);
+    audio.pull(256);
+    engine::tearDownAudioSystem();
+    EXPECT_EQ(audio.unitsAlive(), 0);
+    EXPECT_EQ(engine::totalFrames(), 0U);
+    EXPECT_EQ(engine::currentFrame(), 0U);
+    EXPECT_EQ(engine::loopEndFrame(), 0U);
+    EXPECT_FALSE(engine::isLooping());
+    EXPECT_FALSE(engine::outputIsRunning());
+    EXPECT_EQ(engine::defaultOutputChanged(), 0);
+    EXPECT_EQ(audio.unitsAlive(), 0);
+}
+
+} // namespace
+} // namespace lyrabox::test
