@@ -2,11 +2,14 @@
 
 #include "platform/ui/Theme.h"
 
+#include <QAccessibleWidget>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTimerEvent>
 
 #include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -15,6 +18,21 @@ constexpr double gap = 25.0;
 constexpr double firstFontSize = 12.0;
 constexpr int scrollMilliseconds = 50;
 constexpr int settleMilliseconds = 250;
+
+QAccessibleInterface *createInterface(const QString &className, QObject *object)
+{
+    auto *view = className == u"LB_ScrollingTextView"_s ? qobject_cast<QWidget *>(object) : nullptr;
+    return view ? new QAccessibleWidget(view, QAccessible::StaticText) : nullptr;
+}
+
+void installAccessible()
+{
+    static const bool installed = [] {
+        QAccessible::installFactory(createInterface);
+        return true;
+    }();
+    Q_UNUSED(installed)
+}
 
 /// A title may hold anything; a line break or a tabulator would be drawn as a box.
 QString oneLine(QString text)
@@ -42,6 +60,7 @@ lyrabox::MarqueePositions lyrabox::marqueePositions(double x, double stringWidth
 LB_ScrollingTextView::LB_ScrollingTextView(QWidget *parent)
     : QWidget(parent), m_font(lyrabox::uiFont(firstFontSize))
 {
+    installAccessible();
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }

@@ -148,11 +148,13 @@ void LB_TableHeaderCell::paintSection(QPainter *painter, const QRect &rect, int 
 
 void LB_TableHeaderCell::paintEvent(QPaintEvent *event)
 {
-    {
-        // What no section covers has the same ground.
-        QPainter painter(viewport());
-        painter.fillRect(viewport()->rect(), Theme::surface);
-        drawGround(painter, viewport()->rect(), Theme::lineGray);
-    }
     QHeaderView::paintEvent(event);
+    const int end = length() - offset();
+    if (orientation() != Qt::Horizontal || end >= viewport()->width())
+        return;
+    // What no section covers has the same ground.
+    QPainter painter(viewport());
+    const QRect rest(end, 0, viewport()->width() - end, viewport()->height());
+    painter.fillRect(rest, Theme::surface);
+    drawGround(painter, rest, Theme::lineGray);
 }

@@ -18,6 +18,8 @@ namespace {
 constexpr int columnPadding = 3;
 /// In a list without columns.
 constexpr int listPadding = 14;
+/// After a tree's indentation.
+constexpr int treePadding = 9;
 constexpr int iconSize = 16;
 constexpr int iconGap = 6;
 constexpr int indentation = 18;
@@ -107,9 +109,9 @@ void LB_TableRowView::paint(QPainter *painter, const QStyleOptionViewItem &optio
 void LB_TableRowView::drawInterior(QPainter &painter, const QStyleOptionViewItem &option,
                                    const QModelIndex &index, bool emphasized) const
 {
-    const bool isList =
-        m_separators == Separators::None && !qobject_cast<const QTreeView *>(option.widget);
-    const int padding = isList ? listPadding : columnPadding;
+    const bool isTree = qobject_cast<const QTreeView *>(option.widget) != nullptr;
+    const int listMargin = isTree ? treePadding : listPadding;
+    const int padding = m_separators == Separators::Hairline ? columnPadding : listMargin;
     QRect area = option.rect.adjusted(padding, 0, -padding, 0);
 
     const auto icon = index.data(Qt::DecorationRole).value<QIcon>();

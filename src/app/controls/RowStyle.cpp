@@ -16,7 +16,9 @@ void drawBranchTriangle(QPainter &painter, const QRectF &rect, bool open, bool m
                         const QColor &colour)
 {
     constexpr double half = 3.5;
-    const QPointF middle = rect.center();
+    // Away from the edge of the view, towards the text.
+    constexpr double shift = 5.0;
+    const QPointF middle = rect.center() + QPointF(mirrored ? -shift : shift, 0.0);
     QPolygonF triangle;
     if (open) {
         triangle << QPointF(-half, -2.5) << QPointF(half, -2.5) << QPointF(0.0, half);

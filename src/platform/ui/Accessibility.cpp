@@ -1,5 +1,6 @@
 #include "platform/ui/Accessibility.h"
 
+#include "platform/ui/SegmentedControl.h"
 #include "platform/ui/StateButton.h"
 
 #include <QAbstractButton>
@@ -10,24 +11,31 @@ namespace {
 
 QAccessible::Role roleOf(QWidget *widget)
 {
-    if (widget->inherits("LB_PopUpButtonCell"))
-        return QAccessible::ButtonMenu;
-    if (widget->inherits("lyrabox::SegmentButton"))
-        return QAccessible::RadioButton;
-    return QAccessible::Button;
+    return widget->inherits("LB_PopUpButtonCell") ? QAccessible::ButtonMenu : QAccessible::Button;
+}
+
+SegmentedControl *segmentedControl(QObject *object)
+{
+    return qobject_cast<SegmentedControl *>(object);
 }
 
 QAccessibleInterface *createInterface(const QString &className, QObject *object)
 {
-    if (className != QLatin1String("QAbstractButton"))
+    auto *widget = qobject_cast<QWidget *>(object);
+    if (!widget)
         return nullptr;
-    // Asked from the class downwards: the toolkit's own buttons never get here, they are served
-    // before.
-    auto *button = qobject_cast<QAbstractButton *>(object);
-    const bool ours = button && (button->inherits("lyrabox::StateButton") ||
-                                 button->inherits("lyrabox::MatrixCell") ||
-                                 button->inherits("lyrabox::SegmentButton"));
-    return ours ? new ButtonAccessible(button) : nullptr;
+    if (className == QLatin1String("lyrabox::StateButton") ||
+        className == QLatin1String("lyrabox::MatrixCell"))
+        return new ButtonAccessible(widget);
+    if (className == QLatin1String("lyrabox::SegmentedControl"))
+        return new SegmentedAccessible(widget);
+    if (className == QLatin1String("lyrabox::ButtonMatrix"))
+        return new QAccessibleWidget(widget, QAccessible::Grouping);
+    if (className == QLatin1String("lyrabox::ImageView"))
+        return new QAccessibleWidget(widget, QAccessible::Graphic);
+    if (className == QLatin1String("lyrabox::Popover"))
+        return new QAccessibleWidget(widget, QAccessible::Dialog);
+    return nullptr;
 }
 
 } // namespace
@@ -65,6 +73,104 @@ void ButtonAccessible::doAction(const QString &actionName)
         static_cast<QAbstractButton *>(widget())->click();
     else
         QAccessibleWidget::doAction(actionName);
+}
+
+SegmentedAccessible::SegmentedAccessible(QWidget *control)
+    : QAccessibleWidget(control, QAccessible::PageTabList)
+{}
+
+SegmentedAccessible::~SegmentedAccessible()
+{
+    for (const QAccessible::Id id : m_segments)
+        QAccessible::deleteAccessibleInterface(id);
+}
+
+int SegmentedAccessible::childCount() const
+{
+    return static_cast<int>(segmentedControl(widget())->segments().size());
+}
+
+QAccessibleInterface *SegmentedAccessible::child(int index) const
+{
+    if (index < 0 || index >= childCount())
+        return nullptr;
+    while (m_segments.size() <= static_cast<std::size_t>(index))
+        m_segments.push_back(QAccessible::registerAccessibleInterface(
+            new SegmentAccessible(widget(), static_cast<int>(m_segments.size()))));
+    return QAccessible::accessibleInterface(m_segments[static_cast<std::size_t>(index)]);
+}
+
+int SegmentedAccessible::indexOfChild(const QAccessibleInterface *child) const
+{
+    for (int index = 0; index < childCount(); ++index) {
+        if (this->child(index) == child)
+            return index;
+    }
+    return -1;
+}
+
+QString SegmentedAccessible::text(QAccessible::Text kind) const
+{
+    const SegmentedControl *control = segmentedControl(widget());
+    if (kind == QAccessible::Value)
+        return control->segments().value(control->selectedSegment());
+    return QAccessibleWidget::text(kind);
+}
+
+SegmentAccessible::SegmentAccessible(QWidget *control, int index)
+    : m_control(control), m_index(index)
+{}
+
+bool SegmentAccessible::isValid() const
+{
+    const SegmentedControl *control = segmentedControl(m_control);
+    return control && m_index < control->segments().size();
+}
+
+QAccessibleInterface *SegmentAccessible::parent() const
+{
+    return QAccessible::queryAccessibleInterface(m_control);
+}
+
+QString SegmentAccessible::text(QAccessible::Text kind) const
+{
+    return isValid() && kind == QAccessible::Name
+               ? segmentedControl(m_control)->segments().at(m_index)
+               : QString();
+}
+
+QRect SegmentAccessible::rect() const
+{
+    if (!isValid())
+        return {};
+    const QRect segment = segmentedControl(m_control)->segmentRect(m_index);
+    return {m_control->mapToGlobal(segment.topLeft()), segment.size()};
+}
+
+QAccessible::State SegmentAccessible::state() const
+{
+    QAccessible::State state;
+    state.selectable = true;
+    state.selected = isValid() && segmentedControl(m_control)->selectedSegment() == m_index;
+    state.disabled = !isValid() || !m_control->isEnabled();
+    return state;
+}
+
+void *SegmentAccessible::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this)
+                                                : nullptr;
+}
+
+QStringList SegmentAccessible::actionNames() const
+{
+    return {pressAction()};
+}
+
+void SegmentAccessible::doAction(const QString &actionName)
+{
+    if (isValid() && m_control->isEnabled() && actionName == pressAction())
+        segmentedControl(m_control)->pressSegment(m_index);
 }
 
 void installAccessibleControls()

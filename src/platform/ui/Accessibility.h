@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QAccessibleWidget>
+#include <QPointer>
+
+#include <vector>
 
 namespace lyrabox {
 
@@ -13,6 +16,50 @@ public:
     QAccessible::State state() const override;
     QStringList actionNames() const override;
     void doAction(const QString &actionName) override;
+};
+
+/// The accessible face of a SegmentedControl: a list of tabs.
+class SegmentedAccessible : public QAccessibleWidget {
+public:
+    explicit SegmentedAccessible(QWidget *control);
+    ~SegmentedAccessible() override;
+
+    int childCount() const override;
+    QAccessibleInterface *child(int index) const override;
+    int indexOfChild(const QAccessibleInterface *child) const override;
+    QString text(QAccessible::Text kind) const override;
+
+private:
+    /// Registered when first asked for.
+    mutable std::vector<QAccessible::Id> m_segments;
+};
+
+/// One segment, which is no widget of its own.
+class SegmentAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
+public:
+    SegmentAccessible(QWidget *control, int index);
+
+    bool isValid() const override;
+    QObject *object() const override { return nullptr; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface *parent() const override;
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    QString text(QAccessible::Text kind) const override;
+    void setText(QAccessible::Text, const QString &) override {}
+    QRect rect() const override;
+    QAccessible::Role role() const override { return QAccessible::PageTab; }
+    QAccessible::State state() const override;
+    void *interface_cast(QAccessible::InterfaceType type) override;
+
+    QStringList actionNames() const override;
+    void doAction(const QString &actionName) override;
+    QStringList keyBindingsForAction(const QString &) const override { return {}; }
+
+private:
+    QPointer<QWidget> m_control;
+    int m_index;
 };
 
 /// Registers the accessible faces of this folder's controls; called by their constructors.

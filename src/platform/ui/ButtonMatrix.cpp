@@ -9,6 +9,7 @@ namespace lyrabox {
 
 ButtonMatrix::ButtonMatrix(QWidget *parent) : QWidget(parent)
 {
+    installAccessibleControls();
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);

@@ -1,5 +1,7 @@
 #include "platform/ui/ImageView.h"
 
+#include "platform/ui/Accessibility.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -12,6 +14,7 @@ constexpr QSize naturalSize(174, 174);
 
 ImageView::ImageView(QWidget *parent) : QWidget(parent)
 {
+    installAccessibleControls();
     setFocusPolicy(Qt::NoFocus);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/ui/Popover.h"
 
+#include "platform/ui/Accessibility.h"
 #include "platform/ui/Theme.h"
 
 #include <QApplication>
@@ -106,6 +107,7 @@ PopoverPlacement placePopover(const QSize &size, const QRect &anchor, const QRec
 
 Popover::Popover(QWidget *parent) : QWidget(parent)
 {
+    installAccessibleControls();
     hide();
     setFocusPolicy(Qt::NoFocus);
 }
@@ -211,7 +213,8 @@ bool Popover::eventFilter(QObject *object, QEvent *event)
         break;
     }
     case QEvent::Resize:
-        if (object == parentWidget())
+    case QEvent::Move:
+        if (object == parentWidget() || object == m_anchor)
             place();
         break;
     case QEvent::Hide:

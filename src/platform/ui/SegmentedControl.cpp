@@ -1,5 +1,6 @@
 #include "platform/ui/SegmentedControl.h"
 
+#include "platform/ui/Accessibility.h"
 #include "platform/ui/Theme.h"
 
 #include <QAccessible>
@@ -19,6 +20,7 @@ constexpr double dimmedOpacity = 0.5;
 
 SegmentedControl::SegmentedControl(QWidget *parent) : QWidget(parent)
 {
+    installAccessibleControls();
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
@@ -41,6 +43,14 @@ void SegmentedControl::setSelectedSegment(int index)
     QAccessibleEvent event(this, QAccessible::Selection);
     event.setChild(index);
     QAccessible::updateAccessibility(&event);
+}
+
+void SegmentedControl::pressSegment(int index)
+{
+    if (index < 0 || index >= m_segments.size())
+        return;
+    setSelectedSegment(index);
+    Q_EMIT pressed(this);
 }
 
 QSize SegmentedControl::sizeHint() const
@@ -101,8 +111,7 @@ void SegmentedControl::mousePressEvent(QMouseEvent *event)
     for (int index = 0; index < m_segments.size(); ++index) {
         if (!segmentRect(index).contains(event->position().toPoint()))
             continue;
-        setSelectedSegment(index);
-        Q_EMIT pressed(this);
+        pressSegment(index);
         return;
     }
 }
@@ -115,10 +124,7 @@ void SegmentedControl::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
         return;
     }
-    const int before = m_selected;
-    setSelectedSegment(m_selected + (forth ? 1 : -1));
-    if (m_selected != before)
-        Q_EMIT pressed(this);
+    pressSegment(m_selected + (forth ? 1 : -1));
 }
 
 } // namespace lyrabox

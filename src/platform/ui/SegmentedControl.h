@@ -22,6 +22,10 @@ public:
     /// Selects without sending pressed(). An index outside is ignored.
     void setSelectedSegment(int index);
 
+    /// Selects and sends pressed(), as a click would.
+    void pressSegment(int index);
+
+    QRect segmentRect(int index) const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -35,8 +39,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QRect segmentRect(int index) const;
-
     QStringList m_segments;
     int m_selected = 0;
 };
