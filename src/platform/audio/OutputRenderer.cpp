@@ -16,8 +16,9 @@ thread_local const OutputRenderer *renderingHere = nullptr;
 
 // One-pole smoothing of the volume with a time constant of 5 ms at 44,100 Hz: 1 - exp(-1 / 220.5).
 constexpr float gainStep = 0.0045249F;
-// Below -120 dB the gain lands on its target, so that full volume passes the samples unchanged.
-constexpr float gainTolerance = 1e-6F;
+// At -100 dB from its target the gain lands on it, so that full volume passes the samples
+// unchanged; closer than 7e-6 the steps round to nothing.
+constexpr float gainTolerance = 1e-5F;
 
 } // namespace
 
