@@ -2,6 +2,7 @@
 
 #include "platform/audio/AudioFileReaderFFmpeg.h"
 
+#include <array>
 #include <cstring>
 
 namespace lyrabox {
@@ -58,8 +59,59 @@ std::int64_t id3TagBytes(std::span<const std::uint8_t> start)
     return 10 + bytes + (hasFooter ? 10 : 0);
 }
 
+std::size_t mp3FrameBytes(std::span<const std::uint8_t> header)
+{
+    // ISO 11172-3, 2.4.2.3, and its extension to half and quarter sampling rates.
+    static constexpr std::array<std::uint16_t, 15> fullRates = {
+        0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320};
+    static constexpr std::array<std::uint16_t, 15> lowRates = {0,  8,  16, 24,  32,  40,  48, 56,
+                                                               64, 80, 96, 112, 128, 144, 160};
+    static constexpr std::array<std::uint32_t, 3> sampleRates = {44100, 48000, 32000};
+    if (header.size() < 4 || header[0] != 0xff || (header[1] & 0xe6U) != 0xe2U)
+        return 0;
+    const unsigned version = header[1] >> 3 & 3U; // 0: quarter, 2: half, 3: full sampling rate
+    const unsigned bitrate = header[2] >> 4;
+    const unsigned rate = header[2] >> 2 & 3U;
+    if (version == 1 || bitrate == 0 || bitrate == 15 || rate == 3)
+        return 0;
+    const bool full = version == 3;
+    const std::uint32_t hertz = sampleRates[rate] >> (full ? 0U : version == 2 ? 1U : 2U);
+    const std::uint32_t bitsPerSecond = 1000U * (full ? fullRates[bitrate] : lowRates[bitrate]);
+    return (full ? 144U : 72U) * bitsPerSecond / hertz + (header[2] >> 1 & 1U);
+}
+
+const AVInputFormat *containerBySignature(std::span<const std::uint8_t> bytes)
+{
+    using namespace std::string_view_literals;
+    const std::string_view text(reinterpret_cast<const char *>(bytes.data()), bytes.size());
+    const auto has = [&](std::size_t offset, std::string_view what) {
+        return text.size() >= offset + what.size() && text.substr(offset, what.size()) == what;
+    };
+    if (has(0, "fLaC\0\0\0\x22"sv))
+        return av_find_input_format("flac");
+    if (has(0, "OggS\0"sv))
+        return av_find_input_format("ogg");
+    if (has(4, "ftyp"sv))
+        return av_find_input_format("mov");
+    if (has(0, "RIFF"sv) && has(8, "WAVEfmt "sv))
+        return av_find_input_format("wav");
+    if (has(0, "FORM"sv) && (has(8, "AIFF"sv) || has(8, "AIFC"sv)))
+        return av_find_input_format("aiff");
+    std::size_t offset = 0;
+    for (int frame = 0; frame < 3; ++frame) {
+        const std::size_t frameBytes =
+            offset < bytes.size() ? mp3FrameBytes(bytes.subspan(offset)) : 0;
+        if (frameBytes == 0)
+            return nullptr;
+        offset += frameBytes;
+    }
+    return av_find_input_format("mp3");
+}
+
 ProbeResult probeContainer(std::span<std::uint8_t> bytes, const std::string &extension)
 {
+    if (const AVInputFormat *known = containerBySignature(bytes))
+        return {.format = known, .certain = true};
     const std::string name = "song." + extension;
     AVProbeData data = {};
     data.filename = name.c_str();

@@ -4,10 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include "support/SampleAudio.h"
+
+#include <QFile>
+
 #include <string>
 #include <vector>
 
 using namespace lyrabox;
+using namespace Qt::Literals::StringLiterals;
 
 TEST(AudioFileReaderFormats, TakesContainersByAnyOfTheirNames)
 {
@@ -63,4 +68,63 @@ TEST(AudioFileReaderFormats, MeasuresATagAtTheStart)
     EXPECT_EQ(id3TagBytes(wrongSize), 0);
     EXPECT_EQ(id3TagBytes(std::span(tag).first(9)), 0);
     EXPECT_EQ(id3TagBytes(std::vector<std::uint8_t>(10, 0)), 0);
+}
+
+TEST(AudioFileReaderFormats, MeasuresMp3Frames)
+{
+    const auto bytes = [](std::uint8_t second, std::uint8_t third) {
+        return mp3FrameBytes(std::vector<std::uint8_t>{0xff, second, third, 0});
+    };
+    EXPECT_EQ(bytes(0xfb, 0x90), 417U); // 128 kbit/s at 44,100 Hz
+    EXPECT_EQ(bytes(0xfb, 0x92), 418U); // the same, padded
+    EXPECT_EQ(bytes(0xfb, 0xe4), 960U); // 320 kbit/s at 48,000 Hz
+    EXPECT_EQ(bytes(0xf3, 0x80), 208U); // 64 kbit/s at 22,050 Hz
+    EXPECT_EQ(bytes(0xe3, 0x80), 417U); // 64 kbit/s at 11,025 Hz
+    EXPECT_EQ(bytes(0xfd, 0x90), 0U);   // layer II
+    EXPECT_EQ(bytes(0xeb, 0x90), 0U);   // reserved version
+    EXPECT_EQ(bytes(0xfb, 0x00), 0U);   // free bit rate
+    EXPECT_EQ(bytes(0xfb, 0xf0), 0U);   // bad bit rate
+    EXPECT_EQ(bytes(0xfb, 0x9c), 0U);   // reserved sampling rate
+    EXPECT_EQ(mp3FrameBytes(std::vector<std::uint8_t>{0xff, 0xfb, 0x90}), 0U);
+}
+
+TEST(AudioFileReaderFormats, AgreesWithFFmpegOnWhatASignatureMeans)
+{
+    for (const auto &extension : {u"mp3"_s, u"m4a"_s, u"flac"_s, u"ogg"_s, u"opus"_s, u"wav"_s,
+                                  u"aiff"_s, u"wma"_s, u"mka"_s, u"ac3"_s, u"aac"_s}) {
+        test::SampleSpec spec{.extension = extension};
+        if (extension == u"mp3"_s)
+            spec.options = {u"-id3v2_version"_s, u"0"_s};
+        QFile file(test::sampleFile(spec));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        QByteArray bytes = file.read(4096);
+        const auto *start = reinterpret_cast<const std::uint8_t *>(bytes.constData());
+        const auto *known =
+            containerBySignature(std::span(start, static_cast<std::size_t>(bytes.size())));
+        AVProbeData data = {};
+        data.filename = "";
+        data.buf_size = static_cast<int>(bytes.size());
+        bytes.append(AVPROBE_PADDING_SIZE, '\0');
+        data.buf = reinterpret_cast<unsigned char *>(bytes.data());
+        int score = 0;
+        const AVInputFormat *probed = av_probe_input_format3(&data, 1, &score);
+        const bool isCommon = extension != u"wma"_s && extension != u"mka"_s &&
+                              extension != u"ac3"_s && extension != u"aac"_s;
+        EXPECT_EQ(known, isCommon ? probed : nullptr) << qPrintable(extension);
+    }
+}
+
+TEST(AudioFileReaderFormats, NeedsThreeFramesInARowToTellAnMp3)
+{
+    std::vector<std::uint8_t> bytes(2000, 0);
+    for (const std::size_t offset : {std::size_t{0}, std::size_t{417}, std::size_t{834}}) {
+        bytes[offset] = 0xff;
+        bytes[offset + 1] = 0xfb;
+        bytes[offset + 2] = 0x90;
+    }
+    EXPECT_STREQ(containerBySignature(bytes)->name, "mp3");
+    bytes[834] = 0;
+    EXPECT_EQ(containerBySignature(bytes), nullptr);
+    EXPECT_EQ(containerBySignature(std::span(bytes).first(800)), nullptr);
+    EXPECT_EQ(containerBySignature({}), nullptr);
 }
