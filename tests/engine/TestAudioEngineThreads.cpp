@@ -1,0 +1,121 @@
+#include "EngineFixture.h"
+
+#include <atomic>
+#include <random>
+#include <thread>
+
+namespace lyrabox::test {
+namespace {
+
+class AudioEngineThreads : public EngineFixture {};
+
+TEST_F(AudioEngineThreads, PullsSeeksLoopsLoadsAndDeviceChangesDoNotDisturbEachOther)
+{
+    buildAndPlay(50000);
+    engine::setOutputVolume(0.5F);
+    engine::setEqLevel(5, 3.0F);
+
+    std::atomic<bool> done = false;
+    std::atomic<bool> channelsAgree = true;
+    std::thread device([&] {
+        while (!done) {
+            const PulledAudio heard = audio.pull(512);
+            for (std::size_t i = 0; i < 512; ++i) {
+                if (heard.channels[0][i] != -heard.channels[1][i])
+                    channelsAgree = false;
+            }
+            std::this_thread::yield(); // the next pull must not take the device from a stop that
+                                       // waits
+        }
+    });
+    std::thread notifications([&] {
+        for (int i = 0; i < 60; ++i) {
+            audio.fireDefaultOutputChanged();
+            std::this_thread::yield();
+        }
+    });
+
+    std::mt19937 random(7);
+    for (int i = 0; i < 600; ++i) {
+        switch (random() % 8) {
+        case 0:
+            engine::setIsLooping(random() % 2 == 0);
+            break;
+        case 1:
+            engine::setLoopStartFrame(random() % 60000);
+            break;
+        case 2:
+            engine::setLoopEndFrame(random() % 60000);
+            break;
+        case 3:
+            engine::setPlaybackRate(0.5F + static_cast<float>(random() % 100) / 100.0F);
+            engine::setEqLevel(2, static_cast<float>(random() % 12));
+            break;
+        case 4:
+            if (engine::trackHasEnded())
+                engine::setTrackHasEnded(false);
+            engine::setOutputRunning(true);
+            break;
+        case 5:
+            if (random() % 8 == 0) {
+                engine::setOutputRunning(false);
+                EXPECT_EQ(loadSong(random() % 50000), 0);
+                engine::setOutputRunning(true);
+            }
+            break;
+        default:
+            engine::seekToFrame(random() % 60000);
+            engine::outputIsRunning();
+            engine::wholeSeconds(engine::currentFrame(), engine::streamFormat().mSampleRate);
+            break;
+        }
+    }
+    notifications.join();
+    done = true;
+    device.join();
+
+    EXPECT_TRUE(channelsAgree);
+    EXPECT_EQ(engine::outputVolume(), 0.5F);
+    EXPECT_EQ(engine::eqLevel(5), 3.0F);
+    EXPECT_EQ(audio.unitsAlive(), 4);
+}
+
+TEST_F(AudioEngineThreads, NoSeekIsLostToTheCallback)
+{
+    buildAndPlay(10000000);
+    std::atomic<bool> done = false;
+    std::thread device([&] {
+        while (!done) {
+            audio.pull(128);
+            std::this_thread::yield();
+        }
+    });
+    // Each seek goes far beyond what is pulled meanwhile, so an overwritten one would be seen as a
+    // step back.
+    std::uint64_t target = 0;
+    for (int i = 0; i < 2000; ++i) {
+        target += 2000;
+        engine::seekToFrame(target);
+        ASSERT_GE(engine::currentFrame(), target);
+        target = engine::currentFrame();
+        if (target > 9000000)
+            break;
+    }
+    done = true;
+    device.join();
+}
+
+TEST_F(AudioEngineThreads, TearDownWaitsForANotificationThatIsUnderWay)
+{
+    buildAndPlay(10000);
+    std::thread notifications([&] {
+        for (int i = 0; i < 20; ++i)
+            audio.fireDefaultOutputChanged();
+    });
+    engine::tearDownAudioSystem();
+    notifications.join();
+    EXPECT_EQ(audio.unitsAlive(), 0);
+}
+
+} // namespace
+} // namespace lyrabox::test

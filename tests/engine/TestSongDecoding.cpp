@@ -1,0 +1,212 @@
+#include "EngineFixture.h"
+
+#include <cstdint>
+
+namespace lyrabox::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+using testing::StartsWith;
+
+class SongDecoding : public EngineFixture {
+protected:
+    SongDecoding() { EXPECT_EQ(engine::buildAudioSystem(), 0); }
+
+    /// What is heard from `frame` on, first channel.
+    float sampleAt(std::uint64_t frame)
+    {
+        engine::setTrackHasEnded(false);
+        engine::seekToFrame(frame);
+        engine::setOutputRunning(true);
+        const float sample = audio.pull(1).channels[0].front();
+        engine::setOutputRunning(false);
+        return sample;
+    }
+};
+
+TEST_F(SongDecoding, TakesItsStepsInOrder)
+{
+    song->artwork = "picture";
+    EXPECT_EQ(loadSong(10000), 0);
+    EXPECT_THAT(song->calls, ElementsAre("open", "fileDataFormat", "setClientDataFormat",
+                                         "read(8192)", "read(8192)", "read(1808)", "dispose"));
+    EXPECT_EQ(song->openedPath, QStringLiteral("/songs/a.wav"));
+    EXPECT_EQ(engine::totalFrames(), 10000U);
+    EXPECT_EQ(engine::currentFrame(), 0U);
+    EXPECT_EQ(engine::albumArtData(), QByteArray("picture"));
+    EXPECT_EQ(song->readersAlive, 0);
+}
+
+TEST_F(SongDecoding, EndsWithAResetAtFrameZero)
+{
+    loadSong(10000);
+    engine::seekToFrame(5000);
+    audio.clearCalls();
+    loadSong(20000);
+    EXPECT_EQ(engine::currentFrame(), 0U);
+    EXPECT_THAT(audio.calls(),
+                ElementsAre("output1.reset", "timePitch1.reset", "equalizer1.reset"));
+}
+
+TEST_F(SongDecoding, EveryFrameOfALongSongIsWhereItBelongs)
+{
+    constexpr std::uint64_t frames = 3000001; // several steps of growth
+    ASSERT_EQ(loadSong(frames), 0);
+    EXPECT_EQ(engine::totalFrames(), frames);
+    for (std::uint64_t frame = 0; frame + 1000 < frames; frame += 8191)
+        ASSERT_EQ(sampleAt(frame), static_cast<float>(frame));
+}
+
+TEST_F(SongDecoding, TheNextReadAsksForWhatTheLastOneDelivered)
+{
+    song->maximumFramesPerRead = 3000;
+    EXPECT_EQ(loadSong(7000), 0);
+    EXPECT_THAT(song->calls, Contains("read(8192)").Times(1));
+    EXPECT_THAT(song->calls, Contains("read(3000)").Times(2));
+    EXPECT_THAT(song->calls, Contains("read(1000)").Times(1));
+    EXPECT_EQ(engine::totalFrames(), 7000U);
+}
+
+TEST_F(SongDecoding, AnEmptyFileLoadsWithNoFrames)
+{
+    loadSong(5000);
+    EXPECT_EQ(loadSong(0), 0);
+    EXPECT_EQ(engine::totalFrames(), 0U);
+    EXPECT_EQ(sampleAt(0), 0.0F);
+    EXPECT_TRUE(engine::trackHasEnded());
+}
+
+TEST_F(SongDecoding, AFailureToOpenOrConvertLeavesTheSongAsItIs)
+{
+    song->artwork = "first";
+    loadSong(50000);
+    engine::seekToFrame(1000);
+    song->artwork = "second";
+    const auto expectUnchanged = [this](Status expected) {
+        EXPECT_EQ(loadSong(100), expected);
+        EXPECT_EQ(engine::totalFrames(), 50000U);
+        EXPECT_EQ(engine::currentFrame(), 1000U);
+        EXPECT_EQ(engine::albumArtData(), QByteArray("first"));
+        EXPECT_EQ(song->readersAlive, 0);
+    };
+    song->clientFormatStatus = status::unsupportedDataFormat;
+    expectUnchanged(status::unsupportedDataFormat);
+    song->fileDataFormatStatus = status::invalidFile;
+    expectUnchanged(status::invalidFile);
+    song->openStatus = status::fileNotFound;
+    expectUnchanged(status::fileNotFound);
+    EXPECT_EQ(sampleAt(20000), 20000.0F);
+}
+
+TEST_F(SongDecoding, AFailureWhileReadingKeepsWhatWasDecodedAndReturnsTheStatus)
+{
+    song->readStatus = status::invalidFile;
+    song->readFailsAtFrame = 16384;
+    song->artwork = "picture";
+    EXPECT_EQ(loadSong(100000), status::invalidFile);
+    EXPECT_EQ(engine::totalFrames(), 16384U);
+    EXPECT_EQ(engine::currentFrame(), 0U);
+    EXPECT_EQ(engine::albumArtData(), QByteArray("picture"));
+    EXPECT_EQ(sampleAt(16000), 16000.0F);
+}
+
+TEST_F(SongDecoding, ArtworkOfTheEarlierSongGoes)
+{
+    song->artwork = "picture";
+    loadSong(1000);
+    song->artwork.clear();
+    loadSong(1000);
+    EXPECT_TRUE(engine::albumArtData().isNull());
+}
+
+TEST_F(SongDecoding, ASongThatDoesNotFitIsRefusedBeforeAnythingIsRead)
+{
+    loadSong(1000);
+    song->calls.clear();
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{1000000}; });
+    EXPECT_EQ(loadSong(200000), status::notEnoughMemory); // 1.6 MB
+    EXPECT_THAT(song->calls, Not(Contains(StartsWith("read"))));
+    EXPECT_EQ(engine::totalFrames(), 1000U);
+    EXPECT_EQ(sampleAt(500), 500.0F);
+}
+
+TEST_F(SongDecoding, TheSongThatIsReplacedMakesRoom)
+{
+    loadSong(200000);
+    // Enough for 150,000 frames only together with what the first song gives back.
+    auto available = std::make_shared<std::uint64_t>(10);
+    engine::setAvailableMemoryProbe([available] {
+        const std::uint64_t now = *available;
+        *available = 10000000;
+        return now;
+    });
+    EXPECT_EQ(loadSong(150000), 0);
+}
+
+TEST_F(SongDecoding, AnEstimateThatOverflowsIsRefused)
+{
+    for (const std::uint64_t frames :
+         {UINT64_MAX, UINT64_MAX / 8 + 1, UINT64_MAX / 4, std::uint64_t{1} << 61}) {
+        song->estimatedFrames = frames;
+        EXPECT_EQ(loadSong(1000), status::notEnoughMemory) << frames;
+    }
+}
+
+TEST_F(SongDecoding, MemoryThatRunsOutWhileReadingLeavesTheEngineEmpty)
+{
+    loadSong(1000);
+    song->estimateIsKnown = false;
+    engine::setAvailableMemoryProbe([left = std::uint64_t{20000000}]() mutable {
+        left /= 2;
+        return left;
+    });
+    EXPECT_EQ(loadSong(10000000), status::notEnoughMemory);
+    EXPECT_EQ(engine::totalFrames(), 0U);
+    EXPECT_EQ(engine::currentFrame(), 0U);
+    EXPECT_EQ(sampleAt(0), 0.0F);
+}
+
+TEST_F(SongDecoding, AWrongEstimateDoesNotCutTheSong)
+{
+    song->estimatedFrames = 10;
+    EXPECT_EQ(loadSong(30000), 0);
+    EXPECT_EQ(engine::totalFrames(), 30000U);
+}
+
+TEST_F(SongDecoding, EmptyingDropsFramesPositionAndArtwork)
+{
+    song->artwork = "picture";
+    loadSong(10000);
+    engine::seekToFrame(100);
+    engine::setLoopStartFrame(5);
+    engine::emptyAudioBuffers();
+    EXPECT_EQ(engine::totalFrames(), 0U);
+    EXPECT_EQ(engine::currentFrame(), 0U);
+    EXPECT_TRUE(engine::albumArtData().isNull());
+    EXPECT_EQ(engine::loopStartFrame(), 5U);
+    engine::emptyAudioBuffers();
+    EXPECT_EQ(loadSong(10000), 0);
+    EXPECT_EQ(sampleAt(9000), 9000.0F);
+}
+
+TEST_F(SongDecoding, ASongMayBeLoadedBeforeThereIsAChain)
+{
+    engine::tearDownAudioSystem();
+    EXPECT_EQ(loadSong(1000), 0);
+    engine::emptyAudioBuffers();
+    EXPECT_EQ(engine::totalFrames(), 0U);
+}
+
+TEST_F(SongDecoding, TheProgramsOwnReaderReportsAMissingFile)
+{
+    engine::setSongReaderFactory({});
+    EXPECT_EQ(engine::loadAudioFile(QUrl::fromLocalFile(QStringLiteral("/nowhere/song.flac"))),
+              status::fileNotFound);
+    EXPECT_NE(engine::loadAudioFile(QUrl()), 0);
+    EXPECT_NE(engine::loadAudioFile(QUrl(QStringLiteral("http://localhost/song.mp3"))), 0);
+}
+
+} // namespace
+} // namespace lyrabox::test

@@ -1,0 +1,59 @@
+#include "engine/TransportRules.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace lyrabox::transport {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+TEST(TransportRules, ClampedBringsAValueBetweenTheLimits)
+{
+    EXPECT_EQ(clamped(9.0F, 10.0F, 200.0F), 10.0F);
+    EXPECT_EQ(clamped(201.0F, 10.0F, 200.0F), 200.0F);
+    EXPECT_EQ(clamped(62.5F, 10.0F, 200.0F), 62.5F);
+    EXPECT_EQ(clamped(std::numeric_limits<float>::infinity(), 10.0F, 200.0F), 200.0F);
+}
+
+TEST(TransportRules, TagsStepDownResetAndUpAndOthersChangeNothing)
+{
+    EXPECT_EQ(stepped(0, 80.0F, speedStep, normalSpeed), 75.0F);
+    EXPECT_EQ(stepped(1, 80.0F, speedStep, normalSpeed), 100.0F);
+    EXPECT_EQ(stepped(2, 80.0F, speedStep, normalSpeed), 85.0F);
+    EXPECT_EQ(stepped(3, 80.0F, speedStep, normalSpeed), 80.0F);
+    EXPECT_EQ(stepped(-1, 80.0F, speedStep, normalSpeed), 80.0F);
+    EXPECT_EQ(stepped(0, 0.0F, pitchStep, normalPitch), -100.0F);
+}
+
+TEST(TransportRules, ZeroAndNotANumberAreRefusedAsEntries)
+{
+    EXPECT_FALSE(isAcceptedEntry(0.0F));
+    EXPECT_FALSE(isAcceptedEntry(-0.0F));
+    EXPECT_FALSE(isAcceptedEntry(std::numeric_limits<float>::quiet_NaN()));
+    EXPECT_TRUE(isAcceptedEntry(0.01F));
+    EXPECT_TRUE(isAcceptedEntry(-100.0F));
+}
+
+TEST(TransportRules, CentsAreTruncatedTowardZeroWithin16Bits)
+{
+    EXPECT_EQ(wholeCents(150.7F), 150);
+    EXPECT_EQ(wholeCents(-150.7F), -150);
+    EXPECT_EQ(wholeCents(-0.9F), 0);
+    EXPECT_EQ(wholeCents(1e9F), 32767);
+    EXPECT_EQ(wholeCents(-1e9F), -32768);
+    EXPECT_EQ(wholeCents(std::numeric_limits<float>::quiet_NaN()), 0);
+}
+
+TEST(TransportRules, ArtistLineJoinsWhatThereIs)
+{
+    EXPECT_EQ(artistLine(u"A"_s, u"B"_s), QString::fromUtf8("A \xe2\x97\x8f B"));
+    EXPECT_EQ(artistLine(u""_s, u"B"_s), u"B"_s);
+    EXPECT_EQ(artistLine(u"A"_s, u""_s), u"A"_s);
+    EXPECT_EQ(artistLine(u""_s, u""_s), u""_s);
+    EXPECT_EQ(artistLine(u"%2"_s, u"%1"_s), QString::fromUtf8("%2 \xe2\x97\x8f %1"));
+}
+
+} // namespace
+} // namespace lyrabox::transport
