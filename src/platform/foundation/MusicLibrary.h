@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <memory>
 #include <optional>
@@ -41,14 +42,26 @@ using MusicLibraryRef = std::shared_ptr<const MusicLibrary>;
 
 /// The library that the preferences name: the first entry of "iTunesRecentDatabases" in the
 /// preference domain "com.apple.iApps" (`$XDG_CONFIG_HOME/com.apple.iApps.plist`), an array of URL
-/// texts. None when the key is missing or empty, the first entry is no URL, or the file cannot be
-/// read as a property-list dictionary. Where no library is named, the library of the desktop's own
-/// music application is looked for, and then the demo music is offered as a library of one
-/// playlist. Reads files; main thread.
+/// texts. None when that entry is no URL of a file or the file cannot be read as a property-list
+/// dictionary. Where the key is missing or empty, the library of the desktop's own music
+/// application is looked for, and then the demo music is offered as a library of one playlist.
+/// Reads files; main thread.
 MusicLibraryRef locateMusicLibrary();
 
 /// Names `file` as the music library from the next start on. False when the preferences cannot be
 /// written.
 bool chooseMusicLibrary(const QString &file);
+
+/// The library in a file, a property list in XML or binary form; none when it is no property-list
+/// dictionary. XML is read as a stream: besides the result, memory holds a piece of the file.
+MusicLibraryRef readMusicLibrary(const QString &file);
+
+/// The songs in `folder` as a library of one playlist, "Demo Music", by name; none when there are
+/// none.
+MusicLibraryRef demoMusicLibrary(const QString &folder);
+
+/// A "Location" as a URL: percent-encoded text, "file://localhost/..." meaning this computer; an
+/// absolute path stands for its file. Invalid when the text is no URL.
+QUrl locationURL(const QString &location);
 
 } // namespace lyrabox

@@ -1,12 +1,21 @@
 #pragma once
 
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/PropertyListReader.h"
 
 /// The two written forms of a property list; parsePropertyList() tells them apart.
 namespace lyrabox {
 
 /// Whether `data` begins as a binary property list.
 bool isBinaryPropertyList(const QByteArray &data);
+
+/// Whether `data` begins with the byte-order mark of UTF-16, which the streaming reader does not
+/// read.
+bool isUtf16PropertyList(const QByteArray &data);
+
+/// The value of the scalar that `reader` has just given as `token`; none for one that is malformed.
+std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader,
+                                               PropertyListReader::Token token);
 
 /// The XML property list in `data`, none when malformed or beyond the limits.
 std::optional<PropertyList> parseXmlPropertyList(const QByteArray &data);

@@ -1,5 +1,4 @@
 #include "platform/foundation/PropertyListFormats.h"
-#include "platform/foundation/PropertyListReader.h"
 
 #include <QBuffer>
 #include <QStringDecoder>
@@ -65,36 +64,6 @@ std::optional<PropertyList> parseInteger(std::string_view text)
     return std::nullopt;
 }
 
-std::optional<PropertyList> scalar(const PropertyListReader &reader, Token token)
-{
-    const std::string_view text = reader.text();
-    switch (token) {
-    case Token::String:
-        return PropertyList(reader.string());
-    case Token::True:
-        return PropertyList(true);
-    case Token::False:
-        return PropertyList(false);
-    case Token::Integer:
-        return parseInteger(text);
-    case Token::Real:
-        if (const std::optional<double> value = parseReal(text))
-            return PropertyList(*value);
-        return std::nullopt;
-    case Token::Data:
-        return PropertyList(
-            QByteArray::fromBase64(QByteArray(text.data(), static_cast<qsizetype>(text.size()))));
-    case Token::Date: {
-        QDateTime date = QDateTime::fromString(QString::fromLatin1(trimmed(text)), Qt::ISODate);
-        if (!date.isValid())
-            return std::nullopt;
-        return PropertyList(date.toUTC());
-    }
-    default:
-        return std::nullopt;
-    }
-}
-
 /// Puts `value` where the next value belongs; gives the place where it stands.
 PropertyList *place(PropertyList *container, PropertyList &root, const QString &key,
                     PropertyList value)
@@ -136,7 +105,7 @@ std::optional<PropertyList> parseXml(QIODevice &device)
             open.pop_back();
             break;
         default:
-            if (std::optional<PropertyList> value = scalar(reader, token))
+            if (std::optional<PropertyList> value = propertyListScalar(reader, token))
                 place(container, root, key, std::move(*value));
             else
                 return std::nullopt;
@@ -159,6 +128,41 @@ QByteArray realText(double value)
 }
 
 } // namespace
+
+bool isUtf16PropertyList(const QByteArray &data)
+{
+    return data.startsWith("\xFE\xFF") || data.startsWith("\xFF\xFE");
+}
+
+std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader, Token token)
+{
+    const std::string_view text = reader.text();
+    switch (token) {
+    case Token::String:
+        return PropertyList(reader.string());
+    case Token::True:
+        return PropertyList(true);
+    case Token::False:
+        return PropertyList(false);
+    case Token::Integer:
+        return parseInteger(text);
+    case Token::Real:
+        if (const std::optional<double> value = parseReal(text))
+            return PropertyList(*value);
+        return std::nullopt;
+    case Token::Data:
+        return PropertyList(
+            QByteArray::fromBase64(QByteArray(text.data(), static_cast<qsizetype>(text.size()))));
+    case Token::Date: {
+        QDateTime date = QDateTime::fromString(QString::fromLatin1(trimmed(text)), Qt::ISODate);
+        if (!date.isValid())
+            return std::nullopt;
+        return PropertyList(date.toUTC());
+    }
+    default:
+        return std::nullopt;
+    }
+}
 
 /// Appends values to the text of an XML property list.
 class PropertyListXmlWriter {
@@ -259,7 +263,7 @@ QByteArray propertyListXml(const PropertyList &value)
 std::optional<PropertyList> parseXmlPropertyList(const QByteArray &data)
 {
     QByteArray utf8 = data;
-    if (data.startsWith("\xFE\xFF") || data.startsWith("\xFF\xFE"))
+    if (isUtf16PropertyList(data))
         utf8 = QString(QStringDecoder(QStringDecoder::Utf16)(data)).toUtf8();
     QBuffer buffer(&utf8);
     buffer.open(QIODevice::ReadOnly);
