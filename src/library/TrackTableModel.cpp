@@ -1,21 +1,13 @@
 #include "library/TrackTableModel.h"
 
+#include "app/controls/SecondsToMinutesTransformer.h"
+
 #include <algorithm>
 #include <numeric>
 
 namespace lyrabox {
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-QString minutesText(const TrackRecord &record)
-{
-    const auto seconds = static_cast<quint64>(std::max(record.durationValue(), 0.0));
-    return u"%1:%2"_s.arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
-}
-
-} // namespace
 
 TrackTableModel::TrackTableModel(QObject *parent)
     : QAbstractTableModel(parent), m_headerTitles{QString(),   tr("Title"), tr("Artist"),
@@ -226,7 +218,7 @@ QVariant TrackTableModel::displayText(const TrackRecord &record, int column) con
     case Album:
         return record.album;
     case DurationSeconds:
-        return minutesText(record);
+        return SecondsToMinutesTransformer::transformedValue(record.durationSeconds);
     default:
         return {};
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/controls/LB_InvertibleImageCellView.h"
 #include "engine/TrackRecord.h"
 #include "library/TrackSearch.h"
 #include "library/TrackSorting.h"
@@ -25,7 +26,7 @@ public:
     enum Column { IsPlaying, Title, Artist, Album, DurationSeconds, HasSettings, ColumnCount };
     enum Role {
         /// The name of the cell's image; an empty string for no image, invalid in text columns.
-        ImageNameRole = Qt::UserRole + 1,
+        ImageNameRole = LB_InvertibleImageCellView::imageNameRole,
     };
 
     explicit TrackTableModel(QObject *parent = nullptr);

@@ -1,0 +1,317 @@
+#include "library/LB_QueueController.h"
+
+#include "library/LibraryFixture.h"
+
+#include <numeric>
+#include <set>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr std::uint64_t notFound = LB_QueueController::notFound;
+
+struct QueueFixture : LibraryFixture {
+    void enqueue(const TrackRecordList &list) { queue.setPlayQueueWithListID(list, u"L"_s); }
+
+    void pressShuffle(bool on)
+    {
+        shuffleButton.setState(on ? 1 : 0);
+        queue.setIsShuffling(on);
+        queue.shuffleButtonPressed(&shuffleButton);
+    }
+
+    StateButton shuffleButton;
+};
+
+TrackRecordList sortedByAddress(TrackRecordList list)
+{
+    std::sort(list.begin(), list.end());
+    return list;
+}
+
+} // namespace
+
+TEST(LB_QueueController, PutsTheCurrentSongFirstInAShuffledQueue)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s});
+    f.queue.setIsShuffling(true);
+    f.queue.playTrack(list[3]);
+    f.enqueue(list);
+    EXPECT_EQ(f.queue.content().front(), list[3]);
+    EXPECT_EQ(f.queue.currentIndex(), 0U);
+    EXPECT_EQ(sortedByAddress(f.queue.content()), sortedByAddress(list));
+    EXPECT_EQ(f.queue.orderedArray(), list);
+}
+
+TEST(LB_QueueController, DrawsThePlacesAfterTheFirstOneByOne)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s});
+    f.enqueue(list);
+    std::vector<std::uint32_t> draws{7, 5, 4294967295U, 0}; // mod 4, 3, 2, 1: 3, 2, 1, 0
+    std::size_t next = 0;
+    f.queue.setRandomSource([&] { return draws.at(next++); });
+    EXPECT_EQ(LibraryFixture::titlesOf(f.queue.shuffledArray()),
+              (QStringList{u"A"_s, u"E"_s, u"B"_s, u"C"_s, u"D"_s}));
+    EXPECT_EQ(next, draws.size());
+}
+
+TEST(LB_QueueController, LeavesTheHeadFirstWhenTheCurrentSongIsNotInTheList)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s, u"D"_s});
+    f.queue.setIsShuffling(true);
+    f.queue.playTrack(f.track(u"elsewhere"_s));
+    for (int i = 0; i < 20; ++i) {
+        f.enqueue(list);
+        ASSERT_EQ(f.queue.content().front(), list.front());
+    }
+}
+
+TEST(LB_QueueController, ShufflesEveryOrderOfTheRest)
+{
+    QueueFixture f;
+    f.enqueue(f.trackList({u"A"_s, u"B"_s, u"C"_s, u"D"_s}));
+    std::set<QStringList> orders;
+    for (int i = 0; i < 1000 && orders.size() < 6; ++i)
+        orders.insert(LibraryFixture::titlesOf(f.queue.shuffledArray()));
+    EXPECT_EQ(orders.size(), 6U);
+}
+
+TEST(LB_QueueController, ShufflesListsOfNoneAndOne)
+{
+    QueueFixture f;
+    EXPECT_TRUE(f.queue.shuffledArray().empty());
+    const TrackRecordList one = f.trackList({u"A"_s});
+    f.enqueue(one);
+    EXPECT_EQ(f.queue.shuffledArray(), one);
+}
+
+TEST(LB_QueueController, FindsTheCurrentSongInTheListQueued)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s});
+    f.queue.playTrack(list[1]);
+    f.enqueue(list);
+    EXPECT_EQ(f.queue.currentIndex(), 1U);
+    EXPECT_EQ(f.queue.queuedListID(), u"L"_s);
+}
+
+TEST(LB_QueueController, TellsTheSameSongInARebuiltListByItsInode)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s});
+    TrackRecordList rebuilt;
+    for (const TrackRecordRef &record : list)
+        rebuilt.push_back(std::make_shared<TrackRecord>(*record));
+    f.queue.playTrack(list[2]);
+    f.enqueue(rebuilt);
+    EXPECT_EQ(f.queue.currentIndex(), 2U);
+}
+
+TEST(LB_QueueController, PrefersTheVeryRecordWhenASongIsInTheListTwice)
+{
+    QueueFixture f;
+    TrackRecordList list = f.trackList({u"A"_s, u"B"_s});
+    list.push_back(std::make_shared<TrackRecord>(*list[0]));
+    f.queue.playTrack(list[2]);
+    f.enqueue(list);
+    EXPECT_EQ(f.queue.currentIndex(), 2U);
+}
+
+TEST(LB_QueueController, LeavesThePositionWhenTheCurrentSongIsNotInTheListQueued)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s});
+    f.queue.playTrack(list[2]);
+    f.enqueue(list);
+    f.enqueue(f.trackList({u"X"_s, u"Y"_s}));
+    EXPECT_EQ(f.queue.currentIndex(), 2U);
+}
+
+TEST(LB_QueueController, StartsTheSongThatItPlays)
+{
+    QueueFixture f;
+    f.errorField.setText(u"old"_s);
+    f.queue.playTrack(f.track(u"A"_s));
+    EXPECT_EQ(f.playingTitle(), u"A"_s);
+    EXPECT_TRUE(f.playButtonIsOn());
+    EXPECT_TRUE(f.audio().isRunning());
+    EXPECT_EQ(f.errorField.text(), QString());
+}
+
+TEST(LB_QueueController, EmptiesThePlayerWhenThePickedSongDoesNotLoad)
+{
+    QueueFixture f;
+    const TrackRecordRef broken = f.track(u"Broken"_s);
+    f.failToLoad(broken, 1718449215);
+    f.queue.playTrack(broken);
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'Broken' (fmt?)"_s);
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_FALSE(f.playButtonIsOn());
+}
+
+TEST(LB_QueueController, ReportsAndSkipsASongThatDoesNotLoadOnTheWayForward)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s, u"Three"_s});
+    f.failToLoad(list[1], -43);
+    f.queue.playTrack(list[0]);
+    f.enqueue(list);
+    f.queue.playNextTrack();
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'Two' (-43)"_s);
+    EXPECT_EQ(f.playingTitle(), u"Three"_s);
+    EXPECT_EQ(f.queue.currentIndex(), 2U);
+    EXPECT_TRUE(f.audio().isRunning());
+}
+
+TEST(LB_QueueController, ShowsATitleWithMarkupAndPlaceholdersAsItStands)
+{
+    QueueFixture f;
+    const TrackRecordRef broken = f.track(u"<b>100%2</b> %1"_s);
+    f.failToLoad(broken, -43);
+    f.queue.playTrack(broken);
+    EXPECT_EQ(f.errorField.text(), u"Error loading '<b>100%2</b> %1' (-43)"_s);
+    EXPECT_EQ(f.errorField.textFormat(), Qt::PlainText);
+}
+
+TEST(LB_QueueController, LoadsNothingAtTheLastSongAndEmptiesThePlayerAtTheNextStep)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s});
+    f.queue.playTrack(list[1]);
+    f.enqueue(list);
+    f.queue.playNextTrack();
+    EXPECT_EQ(f.playingTitle(), u"B"_s);
+    EXPECT_EQ(f.queue.currentIndex(), 2U);
+    EXPECT_EQ(f.errorField.text(), QString());
+    f.queue.playNextTrack();
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.queue.content(), list);
+}
+
+TEST(LB_QueueController, SkipsThousandsOfBrokenSongs)
+{
+    QueueFixture f;
+    TrackRecordList list = f.trackList({u"first"_s});
+    for (int i = 0; i < 5000; ++i) {
+        list.push_back(f.track(u"broken %1"_s.arg(i)));
+        f.failToLoad(list.back(), -43);
+    }
+    list.push_back(f.track(u"last"_s));
+    f.queue.playTrack(list.front());
+    f.enqueue(list);
+    f.queue.playNextTrack();
+    EXPECT_EQ(f.playingTitle(), u"last"_s);
+    f.failToLoad(list.front(), -43);
+    f.queue.playPreviousTrack();
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.queue.currentIndex(), 0U);
+}
+
+TEST(LB_QueueController, StepsBackAndSkipsASongThatDoesNotLoad)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s, u"Three"_s});
+    f.failToLoad(list[1], -43);
+    f.queue.playTrack(list[2]);
+    f.enqueue(list);
+    f.queue.playPreviousTrack();
+    EXPECT_EQ(f.playingTitle(), u"One"_s);
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'Two' (-43)"_s);
+    EXPECT_FALSE(f.queue.canPlayPreviousTrack());
+}
+
+TEST(LB_QueueController, EmptiesThePlayerWhenTheFirstSongDoesNotLoadOnTheWayBack)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s});
+    f.failToLoad(list[0], -43);
+    f.queue.playTrack(list[1]);
+    f.enqueue(list);
+    f.queue.playPreviousTrack();
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'One' (-43)"_s);
+}
+
+TEST(LB_QueueController, CanPlayThePreviousTrackUnlessAtTheFirst)
+{
+    QueueFixture f;
+    EXPECT_FALSE(f.queue.canPlayPreviousTrack());
+    f.enqueue(f.trackList({u"A"_s, u"B"_s}));
+    f.pressShuffle(false); // nothing is loaded
+    EXPECT_EQ(f.queue.currentIndex(), notFound);
+    EXPECT_TRUE(f.queue.canPlayPreviousTrack());
+}
+
+TEST(LB_QueueController, LoadsNothingFromAPositionOutsideTheContent)
+{
+    QueueFixture f;
+    const TrackRecordList list = f.trackList({u"A"_s, u"B"_s});
+    f.enqueue(list);
+    f.queue.playTrack(f.track(u"elsewhere"_s));
+    f.pressShuffle(false);
+    ASSERT_EQ(f.queue.currentIndex(), notFound);
+    f.queue.playPreviousTrack();
+    EXPECT_EQ(f.queue.currentIndex(), notFound - 1);
+    EXPECT_EQ(f.playingTitle(), u"elsewhere"_s);
+    f.queue.playNextTrack();
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.errorField.text(), QString());
+}
+
+TEST(LB_QueueController, StepsBackFromTheFirstSongWithoutHarm)
+{
+    QueueFixture f;
+    f.enqueue(f.trackList({u"A"_s}));
+    f.queue.playPreviousTrack(); // although it can't
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.errorField.text(), QString());
+}
+
+TEST(LB_QueueController, DrawsANewOrderEachTimeShuffleIsSwitchedOn)
+{
+    QueueFixture f;
+    QStringList titles;
+    for (int i = 0; i < 40; ++i)
+        titles.append(QString::number(i));
+    const TrackRecordList list = f.trackList(titles);
+    f.queue.playTrack(list[5]);
+    f.enqueue(list);
+    f.pressShuffle(true);
+    const TrackRecordList first = f.queue.content();
+    EXPECT_EQ(f.queue.currentIndex(), 0U);
+    f.pressShuffle(false);
+    EXPECT_EQ(f.queue.content(), list);
+    EXPECT_EQ(f.queue.currentIndex(), 5U);
+    f.pressShuffle(true);
+    EXPECT_NE(f.queue.content(), first);
+    EXPECT_EQ(f.queue.content().front(), list[5]);
+}
+
+TEST(LB_QueueController, RemembersShuffleAtThePressOfItsButtonOnly)
+{
+    QueueFixture f;
+    f.queue.setIsShuffling(true);
+    f.enqueue(f.trackList({u"A"_s}));
+    EXPECT_FALSE(userDefaults().contains(defaultsKey::shuffle));
+    f.pressShuffle(true);
+    EXPECT_TRUE(userDefaults().value(defaultsKey::shuffle).toBool());
+    f.pressShuffle(false);
+    EXPECT_TRUE(userDefaults().contains(defaultsKey::shuffle));
+    EXPECT_FALSE(userDefaults().value(defaultsKey::shuffle).toBool());
+}
+
+TEST(LB_QueueController, TakesUpTheRememberedShuffleAtStart)
+{
+    QueueFixture f;
+    f.queue.awakeFromNib();
+    EXPECT_FALSE(f.queue.isShuffling());
+    userDefaults().setValue(defaultsKey::shuffle, true);
+    f.queue.awakeFromNib();
+    EXPECT_TRUE(f.queue.isShuffling());
+}

@@ -1,0 +1,375 @@
+#include "library/TrackImport.h"
+
+#include "library/LibraryFixture.h"
+#include "platform/foundation/Files.h"
+#include "support/SampleAudio.h"
+
+#include <QDir>
+
+#include <atomic>
+#include <sys/stat.h>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+TrackRecord recordFromLibrary(const MusicTrack &track)
+{
+    TrackRecord record;
+    fillFromLibrary(record, &track);
+    return record;
+}
+
+TrackRecord recordFromFile(const QMap<QString, QString> &information, const QUrl &url)
+{
+    TrackRecord record;
+    fillFromFile(record, information, url);
+    return record;
+}
+
+ProgressPacer silent()
+{
+    return {{}, progressClock, 0};
+}
+
+} // namespace
+
+TEST(TrackFromLibrary, TurnsMillisecondsIntoSecondsAsFloat)
+{
+    MusicTrack track;
+    track.totalTime = 215373;
+    const QVariant seconds = recordFromLibrary(track).durationSeconds;
+    EXPECT_EQ(seconds.typeId(), QMetaType::Float);
+    EXPECT_EQ(seconds.toFloat(), 215.373F);
+}
+
+TEST(TrackFromLibrary, TakesTheDecodedFileNameForAMissingName)
+{
+    MusicTrack track;
+    track.location = u"file:///music/An%20Artist/Song%20One.m4a"_s;
+    EXPECT_EQ(recordFromLibrary(track).title, u"Song One.m4a"_s);
+    track.name = u"One"_s;
+    EXPECT_EQ(recordFromLibrary(track).title, u"One"_s);
+}
+
+TEST(TrackFromLibrary, HasNeitherLocationNorTitleForATrackThatIsMissing)
+{
+    TrackRecord record;
+    fillFromLibrary(record, nullptr);
+    EXPECT_TRUE(record.fileURL.isEmpty());
+    EXPECT_EQ(record.title, std::nullopt);
+    EXPECT_EQ(record.artist, QString());
+    EXPECT_EQ(record.album, QString());
+    EXPECT_EQ(record.durationSeconds.typeId(), QMetaType::Float);
+    EXPECT_EQ(record.durationValue(), 0.0);
+}
+
+TEST(TrackFromLibrary, KeepsTheNameOfATrackWithoutLocation)
+{
+    MusicTrack track;
+    track.name = u"Gone"_s;
+    track.artist = u"Somebody"_s;
+    const TrackRecord record = recordFromLibrary(track);
+    EXPECT_TRUE(record.fileURL.isEmpty());
+    EXPECT_EQ(record.title, u"Gone"_s);
+    EXPECT_EQ(record.artist, u"Somebody"_s);
+}
+
+TEST(LocationURL, ReadsTheLocalHostAsThisMachine)
+{
+    EXPECT_EQ(locationURL(u"file://localhost/music/a.mp3"_s).toLocalFile(), u"/music/a.mp3"_s);
+    EXPECT_EQ(locationURL(u"file:///music/a%23b.mp3"_s).toLocalFile(), u"/music/a#b.mp3"_s);
+    EXPECT_TRUE(locationURL(u"http://[bad"_s).isEmpty());
+}
+
+TEST(TrackFromFile, FallsBackToTheFileNameAndToNothing)
+{
+    const TrackRecord record =
+        recordFromFile({}, QUrl::fromLocalFile(u"/music/100% live #1.mp3"_s));
+    EXPECT_EQ(record.title, u"100% live #1.mp3"_s);
+    EXPECT_EQ(record.artist, QString());
+    EXPECT_EQ(record.album, QString());
+    EXPECT_EQ(record.durationSeconds.typeId(), QMetaType::Float);
+    EXPECT_EQ(record.durationValue(), 0.0);
+}
+
+TEST(TrackFromFile, TakesTheTagsAsTheyStand)
+{
+    const TrackRecord record = recordFromFile({{u"title"_s, u"T"_s},
+                                               {u"artist"_s, u"A"_s},
+                                               {u"album"_s, u"B"_s},
+                                               {u"approximate duration in seconds"_s, u"12.75"_s}},
+                                              QUrl::fromLocalFile(u"/music/a.mp3"_s));
+    EXPECT_EQ(record.title, u"T"_s);
+    EXPECT_EQ(record.artist, u"A"_s);
+    EXPECT_EQ(record.album, u"B"_s);
+    EXPECT_EQ(record.durationSeconds, QVariant(u"12.75"_s));
+    EXPECT_EQ(record.durationValue(), 12.75);
+}
+
+TEST(OpenAudioFile, ReadsTagsAndInode)
+{
+    const QString path =
+        sampleFile({.extension = u"flac"_s, .seconds = 2.0, .tags = {{u"title"_s, u"A Title"_s}}});
+    const std::optional<OpenedAudioFile> file = openAudioFile(path);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->information.value(u"title"_s), u"A Title"_s);
+    EXPECT_NEAR(file->information.value(u"approximate duration in seconds"_s).toDouble(), 2.0, 0.1);
+    EXPECT_EQ(file->inode, files::inodeText(path));
+    EXPECT_NE(file->inode, u"(null)"_s);
+}
+
+TEST(OpenAudioFile, RefusesWhatIsNoRegularFile)
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(u"pipe.mp3"_s);
+    ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    EXPECT_FALSE(openAudioFile(pipe));
+    EXPECT_FALSE(openAudioFile(folder.path()));
+    EXPECT_FALSE(openAudioFile(folder.filePath(u"missing.mp3"_s)));
+}
+
+TEST(OpenAudioFiles, KeepsTheOrderOfThePathsWhicheverIsReadyFirst)
+{
+    QStringList paths;
+    for (int i = 0; i < 500; ++i)
+        paths.append(QString::number(i));
+    ProgressPacer progress = silent();
+    const auto results = openAudioFiles(
+        paths,
+        [](const QString &path) -> std::optional<OpenedAudioFile> {
+            const int number = path.toInt();
+            if (number % 3 == 0)
+                return std::nullopt;
+            std::atomic<int> spin = (number * 7919) % 4096; // uneven work
+            while (spin > 0)
+                --spin;
+            return OpenedAudioFile{{}, path};
+        },
+        progress);
+    ASSERT_EQ(results.size(), 500U);
+    for (int i = 0; i < 500; ++i) {
+        const auto &result = results[static_cast<std::size_t>(i)];
+        ASSERT_EQ(result.has_value(), i % 3 != 0);
+        if (result) {
+            ASSERT_EQ(result->inode, paths.at(i));
+        }
+    }
+}
+
+TEST(OpenAudioFiles, LeavesOutAFileThatThrows)
+{
+    ProgressPacer progress = silent();
+    const auto results = openAudioFiles(
+        {u"good"_s, u"bad"_s, u"good"_s},
+        [](const QString &path) -> std::optional<OpenedAudioFile> {
+            if (path == u"bad"_s)
+                throw std::bad_alloc();
+            return OpenedAudioFile{};
+        },
+        progress);
+    EXPECT_TRUE(results[0]);
+    EXPECT_FALSE(results[1]);
+    EXPECT_TRUE(results[2]);
+}
+
+TEST(OpenAudioFiles, ReturnsAtOnceForNoFiles)
+{
+    ProgressPacer progress = silent();
+    EXPECT_TRUE(openAudioFiles({}, openAudioFile, progress).empty());
+}
+
+TEST(ProgressPacer, KeepsQuietForAQuarterOfASecondAndThenTellsEvery50Milliseconds)
+{
+    std::chrono::milliseconds now = 1000ms;
+    std::vector<std::pair<qsizetype, qsizetype>> told;
+    ProgressPacer pacer([&](qsizetype done, qsizetype found) { told.emplace_back(done, found); },
+                        [&] { return now; }, 99);
+    for (int step = 0; step < 40; ++step) {
+        now = 1000ms + step * 10ms;
+        pacer.advance(step);
+    }
+    EXPECT_EQ(told, (std::vector<std::pair<qsizetype, qsizetype>>{{25, 99}, {30, 99}, {35, 99}}));
+}
+
+TEST(FolderScan, TakesTheVisibleAudioFilesOfTheFolderItself)
+{
+    LibraryFixture library;
+    const QDir folder(library.folder.path());
+    ASSERT_TRUE(folder.mkdir(u"below"_s));
+    const SampleSpec song{.extension = u"mp3"_s, .seconds = 0.5};
+    ASSERT_TRUE(makeSampleAt(folder.filePath(u"a.mp3"_s), song));
+    ASSERT_TRUE(makeSampleAt(folder.filePath(u".b.mp3"_s), song));
+    ASSERT_TRUE(makeSampleAt(folder.filePath(u"below/c.mp3"_s), song));
+    QFile text(folder.filePath(u"notes.txt"_s));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write("not a song");
+    text.close();
+
+    library.tracks.scanForAudioFilesStartingAtURLFolderID(QUrl::fromLocalFile(folder.path()),
+                                                          folder.path());
+
+    const TrackRecordList content = library.tracks.content();
+    ASSERT_EQ(content.size(), 1U);
+    EXPECT_EQ(content[0]->order, 1);
+    EXPECT_EQ(content[0]->title, u"a.mp3"_s);
+    EXPECT_EQ(content[0]->fileURL.toLocalFile(), folder.filePath(u"a.mp3"_s));
+    EXPECT_EQ(content[0]->inode, files::inodeText(folder.filePath(u"a.mp3"_s)));
+    EXPECT_NEAR(content[0]->durationValue(), 0.5, 0.1);
+    EXPECT_EQ(library.tracks.listID(), folder.path());
+    EXPECT_EQ(library.tracks.trackCount(), 1U);
+}
+
+TEST(FolderScan, CountsAcceptedFilesOnly)
+{
+    LibraryFixture library;
+    library.tracks.setAudioFileOpener([](const QString &path) -> std::optional<OpenedAudioFile> {
+        if (path.endsWith(u".txt"_s))
+            return std::nullopt;
+        return OpenedAudioFile{{}, path};
+    });
+    for (const QString &name : {u"1.wav"_s, u"2.txt"_s, u"3.wav"_s, u"4.txt"_s, u"5.wav"_s})
+        ASSERT_TRUE(QFile(library.folder.filePath(name)).open(QIODevice::WriteOnly));
+    library.tracks.scanForAudioFilesStartingAtURLFolderID(
+        QUrl::fromLocalFile(library.folder.path()), u"F"_s);
+    const TrackRecordList content = library.tracks.content();
+    ASSERT_EQ(content.size(), 3U);
+    for (std::size_t i = 0; i < content.size(); ++i)
+        EXPECT_EQ(content[i]->order, static_cast<int>(i) + 1);
+}
+
+TEST(FolderScan, SurvivesANameThatIsNoText)
+{
+    LibraryFixture library;
+    const QByteArray path = QFile::encodeName(library.folder.path()) + "/bad\xff\xfe.wav";
+    ASSERT_TRUE(QFile::copy(sampleFile({.seconds = 0.1}), library.folder.filePath(u"good.wav"_s)));
+    ASSERT_EQ(link(QFile::encodeName(library.folder.filePath(u"good.wav"_s)).constData(),
+                   path.constData()),
+              0);
+    library.tracks.scanForAudioFilesStartingAtURLFolderID(
+        QUrl::fromLocalFile(library.folder.path()), u"F"_s);
+    EXPECT_TRUE(library.shownTitles().contains(u"good.wav"_s));
+}
+
+TEST(FolderScan, GivesAnEmptyListForAnEmptyOrMissingFolder)
+{
+    LibraryFixture library;
+    library.showPlaylist({u"A"_s});
+    library.tracks.scanForAudioFilesStartingAtURLFolderID(
+        QUrl::fromLocalFile(library.folder.filePath(u"none"_s)), u"F"_s);
+    EXPECT_TRUE(library.tracks.content().empty());
+    EXPECT_EQ(library.tracks.trackCount(), 0U);
+    EXPECT_TRUE(library.table.isEnabled());
+    EXPECT_EQ(library.tracks.listID(), u"F"_s);
+}
+
+TEST(FolderScan, DisablesTheTableWhileItRuns)
+{
+    LibraryFixture library;
+    ASSERT_TRUE(QFile(library.folder.filePath(u"1.wav"_s)).open(QIODevice::WriteOnly));
+    std::atomic<bool> wasEnabled = true;
+    library.tracks.setAudioFileOpener([&](const QString &) -> std::optional<OpenedAudioFile> {
+        wasEnabled = library.table.isEnabled();
+        return std::nullopt;
+    });
+    library.tracks.scanForAudioFilesStartingAtURLFolderID(
+        QUrl::fromLocalFile(library.folder.path()), u"F"_s);
+    EXPECT_FALSE(wasEnabled);
+    EXPECT_TRUE(library.table.isEnabled());
+}
+
+TEST(PlaylistImport, SkipsNoItem)
+{
+    LibraryFixture library;
+    library.library->tracks[u"1"_s].name = u"Without location"_s;
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(
+        std::vector<QString>{u"missing"_s, u"1"_s}, u"P"_s);
+    const TrackRecordList content = library.tracks.content();
+    ASSERT_EQ(content.size(), 2U);
+    EXPECT_EQ(content[0]->title, std::nullopt);
+    EXPECT_EQ(content[0]->inode, u"(null)"_s);
+    EXPECT_EQ(content[0]->order, 1);
+    EXPECT_EQ(content[1]->title, u"Without location"_s);
+    EXPECT_EQ(content[1]->inode, u"(null)"_s);
+    EXPECT_EQ(content[1]->order, 2);
+}
+
+TEST(PlaylistImport, GivesTheSameInodeToTheSameFileInTwoPlaylists)
+{
+    LibraryFixture library;
+    library.showPlaylist({u"A"_s}, u"P1"_s);
+    const TrackRecordRef first = library.tracks.content().front();
+    library.library->tracks[u"again"_s].location = first->fileURL.toString();
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(std::vector<QString>{u"again"_s},
+                                                             u"P2"_s);
+    const TrackRecordRef second = library.tracks.content().front();
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->inode, second->inode);
+    EXPECT_NE(first->inode, u"(null)"_s);
+}
+
+TEST(PlaylistImport, SharesTheSettingsOfUnreadableFilesWithADeletedOne)
+{
+    LibraryFixture library;
+    library.library->tracks[u"1"_s].location = u"file:///no/such/file.mp3"_s;
+    const std::optional<std::vector<QString>> items{{u"1"_s}};
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(items, u"P"_s);
+    EXPECT_EQ(library.tracks.content().front()->inode, u"(null)"_s);
+    EXPECT_FALSE(library.tracks.content().front()->hasSettings);
+    library.transport.settings.setValuesForInode({50.0F, 0.0F}, u"(null)"_s);
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(items, u"P"_s);
+    EXPECT_TRUE(library.tracks.content().front()->hasSettings);
+}
+
+TEST(PlaylistImport, MarksTheSongThatPlays)
+{
+    LibraryFixture library;
+    library.showPlaylist({u"A"_s, u"B"_s});
+    library.queue.playTrack(library.tracks.content()[1]);
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(
+        std::vector<QString>{u"P1/0"_s, u"P1/1"_s}, u"P2"_s);
+    EXPECT_FALSE(library.tracks.content()[0]->isPlaying);
+    EXPECT_TRUE(library.tracks.content()[1]->isPlaying);
+}
+
+TEST(PlaylistImport, GivesAnEmptyListForAnEmptyPlaylist)
+{
+    LibraryFixture library;
+    library.showPlaylist({u"A"_s});
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(std::nullopt, u"P"_s);
+    EXPECT_TRUE(library.tracks.content().empty());
+    EXPECT_EQ(library.tracks.trackCount(), 0U);
+    EXPECT_TRUE(library.table.isEnabled());
+    EXPECT_EQ(library.tracks.listID(), u"P"_s);
+}
+
+TEST(PlaylistImport, GivesEmptyRecordsWithoutALibrary)
+{
+    LibraryFixture library;
+    library.tracks.setLibraryLocator([] { return nullptr; });
+    library.tracks.getTracksForiTunesPlaylistArrayPlaylistID(std::vector<QString>{u"1"_s}, u"P"_s);
+    ASSERT_EQ(library.tracks.content().size(), 1U);
+    EXPECT_EQ(library.tracks.content().front()->title, std::nullopt);
+}
+
+TEST(MusicLibraryOfTheTrackList, IsReadOnceAndAgainOnlyAfterAFailure)
+{
+    LibraryFixture library;
+    int reads = 0;
+    bool works = false;
+    library.tracks.setLibraryLocator([&]() -> MusicLibraryRef {
+        ++reads;
+        return works ? std::make_shared<MusicLibrary>() : nullptr;
+    });
+    EXPECT_EQ(library.tracks.iTunesLibraryDictionary(), nullptr);
+    EXPECT_EQ(library.tracks.iTunesLibraryDictionary(), nullptr);
+    EXPECT_EQ(reads, 2);
+    works = true;
+    const MusicLibraryRef first = library.tracks.iTunesLibraryDictionary();
+    EXPECT_NE(first, nullptr);
+    EXPECT_EQ(library.tracks.iTunesLibraryDictionary(), first);
+    EXPECT_EQ(reads, 3);
+}
