@@ -1,0 +1,231 @@
+#include "app/shell/Composition.h"
+
+#include "app/shell/MainMenu.h"
+#include "app/shell/WindowMemory.h"
+#include "library/TrackCountTextTransformer.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "platform/foundation/UserDefaults.h"
+#include "platform/ui/NamedImage.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QMenu>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+
+namespace {
+const QString mainWindowName = u"mainWindow"_s;
+const QString eqWindowName = u"eqWindow"_s;
+const QString trackTableName = u"trackTable"_s;
+} // namespace
+
+Composition::Composition(std::unique_ptr<LB_AudioController> audio) : m_audio(std::move(audio))
+{
+    m_main.setupUi(&m_mainWindow);
+    m_eq.setupUi(&m_eqWindow);
+    m_menu = new MainMenu(&m_mainWindow);
+    m_sourcePopover = new Popover(&m_mainWindow);
+    m_presetPopover = new Popover(&m_eqWindow);
+    buildCells();
+    applyLooks();
+    setOutlets();
+    connectTransport();
+    connectLists();
+    connectEqualizer();
+    connectMenu();
+}
+
+Composition::~Composition() = default;
+
+void Composition::launch()
+{
+    windowMemory::restoreWindow(&m_mainWindow, mainWindowName);
+    windowMemory::restoreWindow(&m_eqWindow, eqWindowName);
+    windowMemory::restoreDivider(m_main.splitView);
+
+    m_main.sourceTabView->awakeFromNib();
+    m_audio->awakeFromNib();
+    m_queue.awakeFromNib();
+    m_main.navigationView->awakeFromNib();
+    m_main.seekBackwardButton->awakeFromNib();
+    m_main.seekForwardButton->awakeFromNib();
+    m_equalizer.awakeFromNib();
+    windowMemory::restoreColumns(m_main.trackTableView->horizontalHeader(), trackTableName);
+    updateMenu();
+
+    m_mainWindow.show();
+    NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching);
+    m_volumes = std::make_unique<VolumeWatcher>();
+}
+
+void Composition::terminate()
+{
+    if (std::exchange(m_terminated, true))
+        return;
+    windowMemory::saveWindow(&m_mainWindow, mainWindowName);
+    windowMemory::saveWindow(&m_eqWindow, eqWindowName);
+    windowMemory::saveDivider(m_main.splitView);
+    windowMemory::saveColumns(m_main.trackTableView->horizontalHeader(), trackTableName);
+    NotificationCenter::defaultCenter().post(notification::applicationWillTerminate);
+    userDefaults().sync();
+    m_audio->setIsRunning(false);
+}
+
+void Composition::open(const QList<QUrl> &urls)
+{
+    QList<QUrl> files;
+    QList<QUrl> folders;
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            (QFileInfo(url.toLocalFile()).isDir() ? folders : files).append(url);
+    }
+    if (!folders.isEmpty()) {
+        m_main.sourceTabView->showTab(LB_SourceTabView::FolderTab);
+        m_folders.addFolders(folders);
+    }
+    if (!files.isEmpty())
+        m_tracks.showAndPlayFiles(files);
+}
+
+void Composition::setOutlets()
+{
+    m_audio->setAlbumArtImageView(m_main.albumArtImageView);
+    m_audio->setArtistField(m_main.artistField);
+    m_audio->setTitleField(m_main.titleField);
+    m_audio->setLoopButton(m_main.loopButton);
+    m_audio->setPlayPauseButton(m_main.playPauseButton);
+    m_audio->setSeekBackwardButton(m_main.seekBackwardButton);
+    m_audio->setSeekForwardButton(m_main.seekForwardButton);
+    m_audio->setOutputVolumeSlider(m_main.outputVolumeSlider);
+    m_audio->setPlaybackPitchMatrix(m_main.playbackPitchMatrix);
+    m_audio->setPlaybackPitchSlider(m_main.playbackPitchSlider);
+    m_audio->setPlaybackPitchTextField(m_main.playbackPitchTextField);
+    m_audio->setPlaybackSpeedMatrix(m_main.playbackSpeedMatrix);
+    m_audio->setPlaybackSpeedSlider(m_main.playbackSpeedSlider);
+    m_audio->setPlaybackSpeedTextField(m_main.playbackSpeedTextField);
+    m_audio->setSettings(&m_settings);
+    m_audio->setSettingsPopup(m_main.settingsPopup);
+
+    m_queue.setAudio(m_audio.get());
+    m_queue.setErrorField(m_main.errorField);
+
+    m_tracks.setQueue(&m_queue);
+    m_tracks.setSettings(&m_settings);
+
+    m_main.navigationView->setAudio(m_audio.get());
+    m_main.navigationView->setQueue(&m_queue);
+    m_main.seekBackwardButton->setNavView(m_main.navigationView);
+    m_main.seekForwardButton->setNavView(m_main.navigationView);
+    m_main.transportView->setButtons(m_main.seekBackwardButton, m_main.seekForwardButton);
+
+    m_equalizer.setAppDelegate(&m_appDelegate);
+    m_equalizer.setAudio(m_audio.get());
+    m_equalizer.setSettings(&m_settings);
+    m_equalizer.setEqWindow(&m_eqWindow);
+    m_equalizer.setSliders(m_eq.sliders);
+    m_equalizer.setBoxes(m_eq.boxes);
+    m_equalizer.setStepControls(m_eq.stepControls);
+    m_equalizer.setPopover(m_presetPopover);
+    m_equalizer.setAddRemoveButton(m_eq.addRemoveButton);
+    m_equalizer.setPresetTableView(m_eq.presetTableView);
+
+    m_playlists.setTracks(&m_tracks);
+    m_playlists.setPlaylistOutlineView(m_main.playlistOutlineView);
+
+    m_folders.setAppDelegate(&m_appDelegate);
+    m_folders.setSettings(&m_settings);
+    m_folders.setTracks(&m_tracks);
+    m_folders.setPopover(m_sourcePopover);
+    m_folders.setFolderOutlineView(m_main.folderOutlineView);
+
+    m_main.sourceTabView->setTabSelector(m_main.tabSelector);
+    m_main.sourceTabView->setAddRemoveButtons(m_main.addRemoveButtons);
+    m_main.sourceTabView->setFolderController(&m_folders);
+    m_main.sourceTabView->setPlaylistController(&m_playlists);
+
+    m_appDelegate.setMainWindow(&m_mainWindow);
+    m_appDelegate.setEqWindow(&m_eqWindow);
+    m_appDelegate.setMainWindowMenuItem(m_menu->mainWindow);
+    m_appDelegate.setEqWindowMenuItem(m_menu->eqWindow);
+    m_appDelegate.setSearchField(m_main.searchField);
+    m_appDelegate.setSplitView(m_main.splitView);
+    m_appDelegate.setTransportView(m_main.transportView);
+    m_main.splitView->setDelegate(&m_appDelegate);
+    m_main.splitView->setPanes(m_main.sourcePane, m_main.trackPane);
+}
+
+void Composition::connectTransport()
+{
+    LB_AudioController *audio = m_audio.get();
+    connect(m_main.playPauseButton, &QAbstractButton::clicked, audio,
+            [this, audio] { audio->playPauseButtonPressed(m_main.playPauseButton); });
+    connect(m_main.loopButton, &QAbstractButton::clicked, audio,
+            [this, audio] { audio->loopButtonPressed(m_main.loopButton); });
+    connect(m_main.playbackSpeedMatrix, &ButtonMatrix::pressed, audio, &LB_AudioController::speedButtonPressed);
+    connect(m_main.playbackSpeedSlider, &LB_Slider::moved, audio, &LB_AudioController::speedSliderMoved);
+    connect(m_main.playbackSpeedTextField, &NumberField::entered, audio, &LB_AudioController::speedTextChanged);
+    connect(m_main.playbackPitchMatrix, &ButtonMatrix::pressed, audio, &LB_AudioController::pitchButtonPressed);
+    connect(m_main.playbackPitchSlider, &LB_Slider::moved, audio, &LB_AudioController::pitchSliderMoved);
+    connect(m_main.playbackPitchTextField, &NumberField::entered, audio, &LB_AudioController::pitchTextChanged);
+
+    // The volume slider and the volume are tied to each other.
+    connect(m_main.outputVolumeSlider, &LB_Slider::moved, audio,
+            [audio](LB_Slider *slider) { audio->setOutputVolume(slider->floatValue()); });
+    connect(audio, &LB_AudioController::outputVolumeChanged, m_main.outputVolumeSlider,
+            [this](float volume) { m_main.outputVolumeSlider->setFloatValue(volume); });
+
+    m_main.settingsPopup->menu()->addAction(m_menu->saveSettings);
+    m_main.settingsPopup->menu()->addAction(m_menu->removeSettings);
+
+    // And so are the shuffle button and the queue's mode.
+    connect(m_main.shuffleButton, &QAbstractButton::clicked, &m_queue, [this] {
+        m_queue.setIsShuffling(m_main.shuffleButton->state() == 1);
+        m_queue.shuffleButtonPressed(m_main.shuffleButton);
+    });
+    connect(&m_queue, &LB_QueueController::isShufflingChanged, m_main.shuffleButton, [this](bool shuffling) {
+        m_main.shuffleButton->setState(shuffling ? 1 : 0);
+        m_menu->shuffle->setChecked(shuffling);
+    });
+}
+
+void Composition::connectLists()
+{
+    connect(m_main.tabSelector, &SegmentedControl::pressed, m_main.sourceTabView,
+            &LB_SourceTabView::segmentedControlPressed);
+    connect(m_main.addRemoveButtons, &ButtonMatrix::pressed, &m_folders,
+            &LB_FolderSourceController::addRemoveButtonPressed);
+    const auto bindRemoveButton = [this] {
+        const auto folder = m_folders.selectedFolder();
+        m_main.addRemoveButtons->cellWithTag(0)->setEnabled(folder != nullptr && folder->isRemovable());
+    };
+    connect(&m_folders, &LB_FolderSourceController::selectedFolderChanged, m_main.addRemoveButtons,
+            bindRemoveButton);
+    bindRemoveButton();
+
+    connect(m_main.searchField, &QLineEdit::textChanged, &m_tracks,
+            [this] { m_tracks.searchTextEntered(m_main.searchField); });
+    const auto showCount = [this](quint64 count) {
+        m_main.trackCountField->setText(TrackCountTextTransformer::transformedValue(count));
+    };
+    connect(&m_tracks, &LB_TrackController::trackCountChanged, m_main.trackCountField, showCount);
+    showCount(0);
+}
+
+void Composition::connectEqualizer()
+{
+    connect(m_eq.addRemoveButton, &QAbstractButton::clicked, &m_equalizer,
+            [this] { m_equalizer.addRemoveButtonPressed(m_eq.addRemoveButton); });
+    for (LB_Slider *slider : m_eq.sliders->findChildren<LB_Slider *>())
+        connect(slider, &LB_Slider::moved, &m_equalizer, &LB_EqualizerController::sliderValueChanged);
+    for (NumberField *box : m_eq.boxes->findChildren<NumberField *>()) {
+        connect(box, &NumberField::entered, &m_equalizer, &LB_EqualizerController::boxValueChanged);
+        connect(box, &QLineEdit::editingFinished, &m_equalizer, &LB_EqualizerController::controlTextDidEndEditing);
+    }
+    for (ButtonMatrix *steps : m_eq.stepControls->findChildren<ButtonMatrix *>())
+        connect(steps, &ButtonMatrix::pressed, &m_equalizer, &LB_EqualizerController::eqButtonPressed);
+}
+
+} // namespace lyrabox

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "app/shell/LB_AppDelegate.h"
+#include "engine/LB_AudioController.h"
+#include "equalizer/LB_EqualizerController.h"
+#include "library/LB_QueueController.h"
+#include "library/LB_TrackController.h"
+#include "platform/foundation/Volumes.h"
+#include "platform/ui/Popover.h"
+#include "settings/LB_SettingsController.h"
+#include "sources/LB_FolderSourceController.h"
+#include "sources/LB_PlaylistSourceController.h"
+
+#include "ui_EqualizerWindow.h"
+#include "ui_MainWindow.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace lyrabox {
+
+class MainMenu;
+
+/// The composition root: it builds both windows and every controller, sets every outlet, connects every action, and
+/// wakes them in the fixed start-up order. Nothing else in the program knows everybody. Main thread; one object.
+class Composition : public QObject {
+    Q_OBJECT
+
+public:
+    /// `audio` has built the engine already. The composition takes it over.
+    explicit Composition(std::unique_ptr<LB_AudioController> audio);
+    ~Composition() override;
+
+    /// Wakes the controllers, shows the windows and announces that the program has launched.
+    void launch();
+
+    /// Remembers the windows and announces that the program ends. Once.
+    void terminate();
+
+    /// Brings the main window to the front.
+    void bringToFront() { m_appDelegate.toggleMainWindow(); }
+
+    /// Plays audio files and adds folders, given from outside.
+    void open(const QList<QUrl> &urls);
+
+private:
+    void buildCells();
+    void setOutlets();
+    void connectTransport();
+    void connectLists();
+    void connectEqualizer();
+    void connectMenu();
+    void applyLooks();
+    void updateMenu();
+    void chooseLibrary();
+    void showHelp(const QString &title, const QString &text);
+
+    QMainWindow m_mainWindow;
+    QMainWindow m_eqWindow;
+    Ui::MainWindow m_main;
+    Ui::EqualizerWindow m_eq;
+    MainMenu *m_menu;
+
+    LB_AppDelegate m_appDelegate;
+    LB_SettingsController m_settings;
+    std::unique_ptr<LB_AudioController> m_audio;
+    LB_QueueController m_queue;
+    LB_TrackController m_tracks;
+    LB_EqualizerController m_equalizer;
+    LB_PlaylistSourceController m_playlists;
+    LB_FolderSourceController m_folders;
+    std::unique_ptr<VolumeWatcher> m_volumes;
+    Popover *m_sourcePopover;
+    Popover *m_presetPopover;
+    bool m_terminated = false;
+};
+
+} // namespace lyrabox

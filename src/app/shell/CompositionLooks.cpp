@@ -1,0 +1,111 @@
+// What the interface definitions cannot say: cells, images, fonts and delegates of both windows.
+
+#include "app/controls/LB_InvertibleImageCellView.h"
+#include "app/controls/LB_TableHeaderCell.h"
+#include "app/controls/LB_TableRowView.h"
+#include "app/shell/Composition.h"
+#include "library/TrackTableModel.h"
+#include "platform/ui/Theme.h"
+
+#include <QLabel>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+
+namespace {
+
+constexpr double labelSize = 11.0;
+
+void addSteps(ButtonMatrix *matrix, const QString &downText, const QString &downName, const QString &resetName,
+              const QString &upText, const QString &upName)
+{
+    matrix->addCell(0, downText, downName);
+    matrix->addCell(1, {}, resetName, NamedImage(u"ResetButton"_s));
+    matrix->addCell(2, upText, upName);
+}
+
+void setImages(StateButton *button, const QString &image, const QString &alternate = {})
+{
+    button->setImage(NamedImage(image));
+    if (!alternate.isEmpty())
+        button->setAlternateImage(NamedImage(alternate));
+}
+
+void makeSecondary(QLabel *label)
+{
+    label->setFont(uiFont(labelSize));
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, Theme::secondaryText);
+    label->setPalette(palette);
+}
+
+void fill(QWidget *widget, const QColor &color)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, color);
+    widget->setPalette(palette);
+    widget->setAutoFillBackground(true);
+}
+
+} // namespace
+
+void Composition::buildCells()
+{
+    addSteps(m_main.playbackSpeedMatrix, u"−"_s, tr("Slower by 5 percent"), tr("Normal speed"), u"+"_s,
+             tr("Faster by 5 percent"));
+    addSteps(m_main.playbackPitchMatrix, u"♭"_s, tr("A semitone down"), tr("Original pitch"), u"♯"_s,
+             tr("A semitone up"));
+    m_main.addRemoveButtons->addCell(1, {}, tr("Add a folder"), NamedImage(u"PlusButton"_s));
+    m_main.addRemoveButtons->addCell(0, {}, tr("Remove the folder"), NamedImage(u"MinusButton"_s));
+    for (ButtonMatrix *steps : m_eq.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly))
+        addSteps(steps, u"−"_s, tr("Down 1 decibel"), tr("0 decibels"), u"+"_s, tr("Up 1 decibel"));
+    m_main.tabSelector->setSegments({tr("Playlists"), tr("Folders")});
+}
+
+void Composition::applyLooks()
+{
+    using Ground = StateButton::Ground;
+    setImages(m_main.playPauseButton, u"PlayButton"_s, u"PauseButton"_s);
+    m_main.playPauseButton->setGround(Ground::RoundAccent);
+    setImages(m_main.seekBackwardButton, u"SeekBackward"_s, u"SeekBackwardAlt"_s);
+    setImages(m_main.seekForwardButton, u"SeekForward"_s, u"SeekForwardAlt"_s);
+    for (StateButton *button : {static_cast<StateButton *>(m_main.seekBackwardButton),
+                                static_cast<StateButton *>(m_main.seekForwardButton), m_main.loopButton})
+        button->setGround(Ground::Round);
+    m_main.loopButton->setAllowsMixedState(true);
+    m_main.settingsPopup->setGround(Ground::Box);
+    m_eq.addRemoveButton->setGround(Ground::Box);
+    setImages(m_main.shuffleButton, u"ShuffleOff"_s, u"ShuffleOn"_s);
+    m_main.seekBackwardButton->setKeyEquivalent(Qt::Key_Left);
+    m_main.seekForwardButton->setKeyEquivalent(Qt::Key_Right);
+    m_main.playbackSpeedSlider->setDefaultValue(100.0);
+    m_main.playbackPitchSlider->setDefaultValue(0.0);
+    for (LB_Slider *slider : m_eq.sliders->findChildren<LB_Slider *>())
+        slider->setDefaultValue(0.0);
+
+    for (QLabel *label : {m_main.speedLabel, m_main.pitchLabel, m_main.volumeLabel})
+        makeSecondary(label);
+    for (QLabel *label : m_eqWindow.findChildren<QLabel *>())
+        makeSecondary(label);
+    m_main.trackCountField->setForegroundRole(QPalette::PlaceholderText);
+
+    fill(m_main.transportLine, Theme::lineGray);
+    fill(m_main.sourcePane, Theme::sidebar);
+    fill(m_eq.presetPane, Theme::surface);
+    fill(m_eq.presetBar, Theme::sidebar);
+
+    auto *header = new LB_TableHeaderCell(Qt::Horizontal, m_main.trackTableView);
+    m_main.trackTableView->setHorizontalHeader(header);
+    m_tracks.setTrackTableView(m_main.trackTableView);
+    connect(&m_tracks, &LB_TrackController::highlightedColumnChanged, header,
+            &LB_TableHeaderCell::setHighlightedSection);
+    LB_TableRowView::install(m_main.trackTableView, LB_TableRowView::Separators::Hairline);
+    auto *images = new LB_InvertibleImageCellView(m_main.trackTableView, LB_TableRowView::Separators::Hairline);
+    m_main.trackTableView->setItemDelegateForColumn(TrackTableModel::IsPlaying, images);
+    m_main.trackTableView->setItemDelegateForColumn(TrackTableModel::HasSettings, images);
+    LB_TableRowView::install(m_main.playlistOutlineView);
+    LB_TableRowView::install(m_main.folderOutlineView);
+}
+
+} // namespace lyrabox

@@ -1,0 +1,41 @@
+#include "app/shell/Composition.h"
+#include "platform/foundation/TerminationSignals.h"
+#include "platform/ui/Theme.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QSessionManager>
+
+#include <cstdlib>
+#include <memory>
+
+/// Starts the program. It takes no command line of its own.
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lyrabox"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Lyrabox"));
+    QApplication::setDesktopFileName(QStringLiteral("lyrabox"));
+    QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
+    lyrabox::applyApplicationTheme(application);
+
+    bool hasSound = true;
+    LB_AudioController::FatalErrorHandling fatal;
+    fatal.present = [](const QString &description, const QString &recoverySuggestion) {
+        QMessageBox alert(QMessageBox::Critical, QStringLiteral("Lyrabox"), description, QMessageBox::Ok);
+        alert.setInformativeText(recoverySuggestion);
+        alert.exec();
+    };
+    fatal.terminate = [&hasSound] { hasSound = false; };
+    const lyrabox::TerminationSignals signals_([] { QApplication::quit(); });
+    auto audio = std::make_unique<LB_AudioController>(fatal);
+    if (!hasSound)
+        return EXIT_FAILURE;
+
+    lyrabox::Composition composition(std::move(audio));
+    QObject::connect(&application, &QApplication::aboutToQuit, &composition, &lyrabox::Composition::terminate);
+    QObject::connect(&application, &QApplication::commitDataRequest, &composition,
+                     [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartIfRunning); });
+    composition.launch();
+    return QApplication::exec();
+}

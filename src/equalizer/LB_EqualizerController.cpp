@@ -1,0 +1,349 @@
+#include "equalizer/LB_EqualizerController.h"
+
+#include "app/controls/LB_PopoverViewController.h"
+#include "app/controls/LB_Slider.h"
+#include "app/controls/LB_TableRowView.h"
+#include "app/controls/ValueTransformers.h"
+#include "engine/LB_AudioController.h"
+#include "equalizer/PresetTableModel.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "platform/foundation/UserDefaults.h"
+#include "platform/ui/ButtonMatrix.h"
+#include "platform/ui/NumberField.h"
+#include "platform/ui/Popover.h"
+#include "platform/ui/StateButton.h"
+#include "settings/LB_SettingsController.h"
+#include "ui_AddPopover.h"
+#include "ui_RemovePopover.h"
+
+#include <QCollator>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QTableView>
+
+#include <algorithm>
+
+using lyrabox::EqPreset;
+using lyrabox::EqPresetList;
+using lyrabox::EqPresetRef;
+
+namespace {
+
+constexpr float minimumLevel = -12.0F;
+constexpr float maximumLevel = 12.0F;
+constexpr float levelStep = 1.0F;
+constexpr const char *tagProperty = "tag";
+
+int tagOf(const QWidget *control)
+{
+    return control->property(tagProperty).toInt();
+}
+
+/// The controls of one kind in a container, tagged 0 upward in the order of the interface definition.
+template <typename Control>
+std::vector<Control *> taggedControls(QWidget *container)
+{
+    std::vector<Control *> controls;
+    for (Control *control : container->findChildren<Control *>(Qt::FindDirectChildrenOnly)) {
+        control->setProperty(tagProperty, static_cast<int>(controls.size()));
+        controls.push_back(control);
+    }
+    return controls;
+}
+
+bool isSameRecord(const EqPreset &a, const EqPreset &b)
+{
+    return a.id == b.id && a.name == b.name && a.persistent == b.persistent &&
+           (a.levels == b.levels || *a.levels == *b.levels);
+}
+
+} // namespace
+
+namespace lyrabox {
+
+float levelAfterStep(float level, int cellTag)
+{
+    switch (cellTag) {
+    case 0:
+        level -= levelStep;
+        break;
+    case 1:
+        level = 0.0F;
+        break;
+    case 2:
+        level += levelStep;
+        break;
+    default:
+        break;
+    }
+    return std::max(minimumLevel, std::min(maximumLevel, level));
+}
+
+qint64 nextPresetId(const EqPresetList &presets)
+{
+    qint64 largest = -1;
+    for (const EqPresetRef &preset : presets)
+        largest = std::max(largest, preset->id);
+    return largest + 1;
+}
+
+} // namespace lyrabox
+
+LB_EqualizerController::LB_EqualizerController(QObject *parent)
+    : QObject(parent), m_model(new lyrabox::PresetTableModel(this))
+{
+}
+
+LB_EqualizerController::~LB_EqualizerController() = default;
+
+void LB_EqualizerController::setPresetTableView(QTableView *view)
+{
+    m_presetTableView = view;
+    view->setModel(m_model);
+    LB_TableRowView::install(view);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setShowGrid(false);
+    view->setTabKeyNavigation(false);
+    view->horizontalHeader()->setStretchLastSection(true);
+    view->horizontalHeader()->hide();
+    view->verticalHeader()->hide();
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { tableViewSelectionDidChange(); });
+}
+
+void LB_EqualizerController::setSliders(QWidget *container)
+{
+    m_sliders = container;
+    m_sliders->setFocusPolicy(Qt::ClickFocus);
+    m_sliderOfBand = taggedControls<LB_Slider>(container);
+}
+
+void LB_EqualizerController::setBoxes(QWidget *container)
+{
+    m_boxes = container;
+    m_boxOfBand = taggedControls<lyrabox::NumberField>(container);
+    for (lyrabox::NumberField *box : m_boxOfBand)
+        box->setLimits(minimumLevel, maximumLevel);
+}
+
+void LB_EqualizerController::setStepControls(QWidget *container)
+{
+    m_stepControls = container;
+    taggedControls<lyrabox::ButtonMatrix>(container);
+}
+
+const EqPresetList &LB_EqualizerController::arrangedObjects() const
+{
+    return m_model->arrangedObjects();
+}
+
+void LB_EqualizerController::awakeFromNib()
+{
+    lyrabox::NotificationCenter::defaultCenter().addObserver(
+        this, lyrabox::notification::applicationDidFinishLaunching, [this] { appDidLaunch(); });
+}
+
+void LB_EqualizerController::appDidLaunch()
+{
+    m_presetTableView->setFocus();
+    m_content = m_settings->eqPresetArray();
+    rearrange();
+    const qint64 wanted = lyrabox::userDefaults().value(lyrabox::defaultsKey::eqPreset, 0).toLongLong();
+    const EqPresetList &presets = arrangedObjects();
+    const auto found = std::find_if(presets.begin(), presets.end(),
+                                    [wanted](const EqPresetRef &preset) { return preset->id == wanted; });
+    selectRow(found == presets.end() ? 0 : static_cast<int>(found - presets.begin()));
+}
+
+EqPresetList LB_EqualizerController::arrangeObjects(const EqPresetList &presets)
+{
+    QCollator standard;
+    standard.setNumericMode(true);
+    standard.setCaseSensitivity(Qt::CaseInsensitive);
+    QCollator names;
+    names.setCaseSensitivity(Qt::CaseInsensitive);
+
+    EqPresetList arranged = presets;
+    std::stable_sort(arranged.begin(), arranged.end(), [&](const EqPresetRef &a, const EqPresetRef &b) {
+        if (a->persistent.has_value() != b->persistent.has_value())
+            return a->persistent.has_value();
+        if (a->persistent) {
+            const int order = standard.compare(*a->persistent, *b->persistent);
+            if (order != 0)
+                return order > 0;
+        }
+        return names.compare(a->name, b->name) < 0;
+    });
+    return arranged;
+}
+
+void LB_EqualizerController::rearrange()
+{
+    m_model->setArrangedObjects(arrangeObjects(*m_content));
+}
+
+void LB_EqualizerController::selectRow(int row)
+{
+    const QModelIndex index = m_model->index(row, 0);
+    m_presetTableView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                                    QItemSelectionModel::Rows);
+    m_presetTableView->scrollTo(index);
+}
+
+int LB_EqualizerController::rowOfCurrentPreset() const
+{
+    const EqPresetList &presets = arrangedObjects();
+    const auto found = std::find_if(presets.begin(), presets.end(), [this](const EqPresetRef &preset) {
+        return isSameRecord(*preset, *m_currentPreset);
+    });
+    return found == presets.end() ? 0 : static_cast<int>(found - presets.begin());
+}
+
+void LB_EqualizerController::tableViewSelectionDidChange()
+{
+    const QModelIndexList rows = m_presetTableView->selectionModel()->selectedRows();
+    if (rows.isEmpty()) {
+        if (m_currentPreset)
+            selectRow(rowOfCurrentPreset());
+        return;
+    }
+    const EqPresetRef &preset = arrangedObjects().at(static_cast<std::size_t>(rows.first().row()));
+    m_currentPreset = *preset;
+    for (std::size_t i = 0; i < m_currentPreset->levels->size(); ++i)
+        m_audio->setEqLevelForIndex((*m_currentPreset->levels)[i], eqBandForIndex(static_cast<quint32>(i)));
+    synchronizeControlsWithAudioUnit();
+    lyrabox::userDefaults().setValue(lyrabox::defaultsKey::eqPreset, m_currentPreset->id);
+    showAddRemoveRole();
+}
+
+void LB_EqualizerController::synchronizeControlsWithAudioUnit()
+{
+    const std::vector<float> levels = engineLevels();
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        m_sliderOfBand.at(i)->animateToFloatValue(levels[i]);
+        m_boxOfBand.at(i)->setFloatValue(levels[i]);
+    }
+}
+
+std::vector<float> LB_EqualizerController::engineLevels() const
+{
+    std::vector<float> levels;
+    for (quint32 i = 0; i < EqPreset::bands; ++i)
+        levels.push_back(m_audio->eqLevelForIndex(eqBandForIndex(i)));
+    return levels;
+}
+
+void LB_EqualizerController::bandEdited(int tag, float level)
+{
+    if (!m_currentPreset)
+        return;
+    if (m_currentPreset->id != 0)
+        switchToManualPreset();
+    m_currentPreset->levels->at(static_cast<std::size_t>(tag)) = level;
+}
+
+void LB_EqualizerController::sliderValueChanged(LB_Slider *sender)
+{
+    const int tag = tagOf(sender);
+    const float level = sender->floatValue();
+    m_audio->setEqLevelForIndex(level, eqBandForIndex(static_cast<quint32>(tag)));
+    m_boxOfBand.at(static_cast<std::size_t>(tag))->setFloatValue(level);
+    bandEdited(tag, level);
+}
+
+void LB_EqualizerController::boxValueChanged(lyrabox::NumberField *sender)
+{
+    const int tag = tagOf(sender);
+    const float level = sender->floatValue();
+    m_audio->setEqLevelForIndex(level, eqBandForIndex(static_cast<quint32>(tag)));
+    m_sliderOfBand.at(static_cast<std::size_t>(tag))->animateToFloatValue(level);
+    bandEdited(tag, level);
+}
+
+void LB_EqualizerController::eqButtonPressed(lyrabox::ButtonMatrix *sender)
+{
+    const int tag = tagOf(sender);
+    const quint32 band = eqBandForIndex(static_cast<quint32>(tag));
+    const float level = lyrabox::levelAfterStep(m_audio->eqLevelForIndex(band), sender->selectedTag());
+    m_audio->setEqLevelForIndex(level, band);
+    m_sliderOfBand.at(static_cast<std::size_t>(tag))->animateToFloatValue(level);
+    m_boxOfBand.at(static_cast<std::size_t>(tag))->setFloatValue(level);
+    bandEdited(tag, level);
+}
+
+void LB_EqualizerController::switchToManualPreset()
+{
+    // A new list of levels: the one that the manual preset had may be shared with a copy made earlier.
+    arrangedObjects().front()->levels = std::make_shared<std::vector<float>>(engineLevels());
+    selectRow(0);
+}
+
+void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
+{
+    if (m_popover->isShown()) {
+        m_popover->closePopover();
+        return;
+    }
+    const bool adds = m_currentPreset->persistent.has_value();
+    LB_PopoverViewController *content = adds ? LB_PopoverViewController::load<Ui::AddPopover>()
+                                             : LB_PopoverViewController::load<Ui::RemovePopover>();
+    content->setParent(content->view());
+    m_popover->setContentView(content->view());
+    m_popover->setContentSize(content->view()->size());
+    if (adds) {
+        content->messageField()->setText(tr("Enter a name for the new preset"));
+        QLineEdit *input = content->inputField();
+        input->setText(tr("New Preset"));
+        input->selectAll();
+        connect(input, &QLineEdit::returnPressed, this, [this, input] { addPresetNameEntered(input); });
+        connect(content->okButton(), &QAbstractButton::clicked, this,
+                [this, input] { addPresetNameEntered(input); });
+    } else {
+        content->messageField()->setText(tr("Remove preset '%1'?").arg(m_currentPreset->name));
+        connect(content->okButton(), &QAbstractButton::clicked, this,
+                &LB_EqualizerController::removeOkButtonPressed);
+    }
+    m_popover->showRelativeTo(sender, lyrabox::Popover::Edge::MaxX);
+}
+
+void LB_EqualizerController::addPresetNameEntered(QLineEdit *sender)
+{
+    auto preset = std::make_shared<EqPreset>();
+    preset->id = lyrabox::nextPresetId(*m_content);
+    preset->name = sender->text();
+    preset->levels = std::make_shared<std::vector<float>>(engineLevels());
+    m_content->push_back(preset);
+    rearrange();
+    const EqPresetList &presets = arrangedObjects();
+    selectRow(static_cast<int>(std::find(presets.begin(), presets.end(), preset) - presets.begin()));
+    m_popover->closePopover();
+}
+
+void LB_EqualizerController::removeOkButtonPressed()
+{
+    const EqPresetRef preset = arrangedObjects().at(static_cast<std::size_t>(rowOfCurrentPreset()));
+    std::erase(*m_content, preset);
+    rearrange();
+    selectRow(0);
+    m_popover->closePopover();
+}
+
+void LB_EqualizerController::controlTextDidEndEditing()
+{
+    // Only Return leaves the keyboard in the box; a click or Tab has taken it elsewhere already.
+    const QWidget *focus = m_eqWindow->focusWidget();
+    if (focus != nullptr && m_boxes->isAncestorOf(focus))
+        m_sliders->setFocus();
+}
+
+void LB_EqualizerController::showAddRemoveRole()
+{
+    const bool adds = m_currentPreset->persistent.has_value();
+    m_addRemoveButton->setImage(PlusMinusImageTransformer::transformedValue(adds));
+    m_addRemoveButton->setAccessibleName(adds ? tr("Add a preset") : tr("Remove the preset"));
+    m_addRemoveButton->setToolTip(m_addRemoveButton->accessibleName());
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "settings/EqPreset.h"
+
+#include <QAbstractTableModel>
+
+namespace lyrabox {
+
+/// The presets in their arranged order, one column with the names.
+class PresetTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    const EqPresetList &arrangedObjects() const { return m_arranged; }
+    void setArrangedObjects(EqPresetList presets);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+private:
+    EqPresetList m_arranged;
+};
+
+} // namespace lyrabox

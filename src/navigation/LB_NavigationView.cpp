@@ -1,0 +1,260 @@
+#include "navigation/LB_NavigationView.h"
+
+#include "engine/LB_AudioController.h"
+#include "library/LB_QueueController.h"
+
+#include <QEnterEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto refreshInterval = 250ms;
+constexpr auto hoverTime = 3000ms;
+constexpr qint64 glideMilliseconds = 250; // from one refresh to the next
+constexpr double longestGlideSeconds = 2.0;
+constexpr double repaintStep = 0.25; // device pixels
+constexpr int shortestGlideStep = 16;
+
+constexpr double textMargin = 12.0;
+constexpr double textBottom = 3.0;
+constexpr double hoverBottom = 22.0;
+constexpr double textHeight = 17.0;
+constexpr double hoverHeight = 14.0;
+constexpr double hoverEdge = 22.0;
+constexpr int textPixels = 17;
+constexpr int hoverPixels = 14;
+
+qint64 monotonicMilliseconds()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+/// The same numbers, or both none.
+bool sameFraction(double a, double b)
+{
+    return a == b || (std::isnan(a) && std::isnan(b));
+}
+
+} // namespace
+
+namespace lyrabox {
+
+QString timeText(qint64 seconds)
+{
+    return QString::asprintf("%lld:%.2lld", static_cast<long long>(seconds / 60),
+                             static_cast<long long>(seconds % 60));
+}
+
+double playFraction(quint64 frame, quint64 totalFrames)
+{
+    return static_cast<double>(static_cast<float>(frame) / static_cast<float>(totalFrames));
+}
+
+quint64 frameAtPosition(double x, double width, quint64 totalFrames)
+{
+    const double frame = x / width * static_cast<double>(static_cast<float>(totalFrames));
+    return frame > 0.0 ? static_cast<quint64>(frame) : 0; // a pointer dragged out to the left, or no width
+}
+
+double hoverTextPosition(double x, double width)
+{
+    return x < hoverEdge ? hoverEdge : std::min(x, width - hoverEdge);
+}
+
+} // namespace lyrabox
+
+LB_NavigationView::LB_NavigationView(QWidget *parent) : QWidget(parent), m_clock(&monotonicMilliseconds)
+{
+    setMouseTracking(true);
+    m_refreshTimer.setInterval(refreshInterval);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &LB_NavigationView::updateTimeDisplay);
+    m_hoverTimer.setInterval(hoverTime);
+    m_hoverTimer.setSingleShot(true);
+    connect(&m_hoverTimer, &QTimer::timeout, this, &LB_NavigationView::hideHoverTime);
+}
+
+void LB_NavigationView::awakeFromNib()
+{
+    updateTimeDisplay();
+    m_refreshTimer.start();
+}
+
+void LB_NavigationView::seekToFrame(quint64 frame)
+{
+    if (m_audio->loopStartIsSet() && m_audio->loopStartFrame() >= frame)
+        m_audio->setCurrentFrame(m_audio->loopStartFrame());
+    else
+        m_audio->setCurrentFrame(frame);
+    updateTimeDisplay();
+}
+
+void LB_NavigationView::updateTimeDisplay()
+{
+    const QString elapsed = lyrabox::timeText(m_audio->currentSeconds());
+    const QString total = lyrabox::timeText(m_audio->totalSeconds());
+    const quint64 totalFrames = m_audio->totalFrames();
+    const double loopStart = lyrabox::playFraction(m_audio->loopStartFrame(), totalFrames);
+    const bool loopStartIsSet = m_audio->loopStartIsSet();
+
+    const bool changed = elapsed != m_elapsedText || total != m_totalText ||
+                         totalFrames != m_shownTotalFrames ||
+                         loopStartIsSet != m_playLayer.loopStartIsSet() ||
+                         (loopStartIsSet && !sameFraction(loopStart, m_playLayer.loopStart()));
+    m_elapsedText = elapsed;
+    m_totalText = total;
+    m_shownTotalFrames = totalFrames;
+    m_playLayer.setLoopStart(loopStart);
+    m_playLayer.setLoopStartIsSet(loopStartIsSet);
+    if (changed)
+        update();
+    glideTo(lyrabox::playFraction(m_audio->currentFrame(), totalFrames));
+
+    if (m_audio->trackHasEnded())
+        m_queue->playNextTrack();
+}
+
+void LB_NavigationView::glideTo(double fraction)
+{
+    if (sameFraction(fraction, m_playLayer.playProgress()))
+        return;
+    // A seek or another song is shown at once; what one refresh brings is walked until the next.
+    const double seconds = std::abs(fraction - m_playLayer.playProgress()) *
+                           static_cast<double>(m_audio->totalSeconds());
+    const bool jump = !std::isfinite(fraction) || !std::isfinite(m_playLayer.playProgress()) ||
+                      fraction < m_playLayer.playProgress() || seconds > longestGlideSeconds;
+    m_glideFrom = jump ? fraction : displayedProgress();
+    m_glideStart = m_clock();
+    m_playLayer.setPlayProgress(fraction);
+    if (jump) {
+        m_glideTimer.stop();
+        update();
+    } else {
+        scheduleGlideStep();
+    }
+}
+
+double LB_NavigationView::displayedProgress() const
+{
+    const double target = m_playLayer.playProgress();
+    const double part =
+        static_cast<double>(m_clock() - m_glideStart) / static_cast<double>(glideMilliseconds);
+    if (part >= 1.0 || !std::isfinite(target) || !std::isfinite(m_glideFrom))
+        return target;
+    return m_glideFrom + (target - m_glideFrom) * std::max(0.0, part);
+}
+
+double LB_NavigationView::edgeInDevicePixels(double fraction) const
+{
+    return std::isfinite(fraction) ? fraction * width() * devicePixelRatioF() : 0.0;
+}
+
+void LB_NavigationView::scheduleGlideStep()
+{
+    const double distance =
+        std::abs(edgeInDevicePixels(m_playLayer.playProgress()) - edgeInDevicePixels(m_glideFrom));
+    const double steps = std::max(1.0, distance / repaintStep);
+    const int interval = std::max(shortestGlideStep, static_cast<int>(glideMilliseconds / steps));
+    m_glideTimer.start(interval, this);
+}
+
+void LB_NavigationView::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_glideTimer.timerId()) {
+        QWidget::timerEvent(event);
+        return;
+    }
+    const double displayed = displayedProgress();
+    if (std::abs(edgeInDevicePixels(displayed) - m_paintedEdge) >= repaintStep)
+        update();
+    if (displayed == m_playLayer.playProgress())
+        m_glideTimer.stop();
+}
+
+void LB_NavigationView::paintEvent(QPaintEvent *)
+{
+    ++m_paintCount;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    m_backLayer.drawLayerInContext(layerBounds(), painter);
+    lyrabox::PlayLayerDelegate shown = m_playLayer;
+    shown.setPlayProgress(displayedProgress());
+    shown.drawLayerInContext(layerBounds(), painter);
+    m_paintedEdge = edgeInDevicePixels(shown.playProgress());
+
+    painter.setPen(Qt::white);
+    QFont textFont = font();
+    textFont.setPixelSize(textPixels);
+    painter.setFont(textFont);
+    const QRectF line(textMargin, height() - textBottom - textHeight, width() - 2 * textMargin, textHeight);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignBottom | Qt::TextDontClip, m_elapsedText);
+    painter.drawText(line, Qt::AlignRight | Qt::AlignBottom | Qt::TextDontClip, m_totalText);
+    if (m_hoverText.isEmpty())
+        return;
+    textFont.setPixelSize(hoverPixels);
+    painter.setFont(textFont);
+    constexpr double hoverWidth = 50.0;
+    painter.drawText(QRectF(m_hoverX - hoverWidth / 2, height() - hoverBottom - hoverHeight, hoverWidth, hoverHeight),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, m_hoverText);
+}
+
+void LB_NavigationView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        seekToFrame(lyrabox::frameAtPosition(event->position().x(), width(), m_audio->totalFrames()));
+}
+
+void LB_NavigationView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_audio->totalSeconds() <= 0)
+        return;
+    showHoverTime(event->position().x());
+    m_hoverTimer.start();
+}
+
+void LB_NavigationView::enterEvent(QEnterEvent *event)
+{
+    showHoverTime(event->position().x());
+}
+
+void LB_NavigationView::leaveEvent(QEvent *)
+{
+    hideHoverTime();
+}
+
+void LB_NavigationView::hideHoverTime()
+{
+    setHover(QString(), m_hoverX);
+}
+
+void LB_NavigationView::showHoverTime(double x)
+{
+    const qint64 total = m_audio->totalSeconds();
+    if (total <= 0)
+        return;
+    const double inside = std::clamp(x, 0.0, static_cast<double>(width()));
+    const auto seconds = static_cast<quint32>(static_cast<double>(total) * (inside / width()));
+    setHover(lyrabox::timeText(seconds), lyrabox::hoverTextPosition(inside, width()));
+}
+
+void LB_NavigationView::setHover(const QString &text, double x)
+{
+    if (text == m_hoverText && x == m_hoverX)
+        return;
+    m_hoverText = text;
+    m_hoverX = x;
+    update();
+}
+
+QSize LB_NavigationView::sizeHint() const
+{
+    return {400, 40};
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "sources/SourceTreeView.h"
+
+#include <QPushButton>
+
+/// The OK button of the directory browser: a plain push button that knows the outline it confirms.
+class LB_BrowserButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    using QPushButton::QPushButton;
+
+    lyrabox::SourceTreeView *browserOutlineView() const { return m_browserOutlineView; }
+    void setBrowserOutlineView(lyrabox::SourceTreeView *view) { m_browserOutlineView = view; }
+
+private:
+    lyrabox::SourceTreeView *m_browserOutlineView = nullptr;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "sources/FolderListing.h"
+
+/// One folder of the directory browser: the home folder, a mounted volume, or a subfolder. It lists its folder
+/// once in its lifetime.
+class LB_DirectoryItem : public lyrabox::DiskFolderItem {
+public:
+    LB_DirectoryItem(const QUrl &url, const std::shared_ptr<LB_DirectoryItem> &parent);
+
+    bool isVolume() const { return m_isVolume; }
+    void setIsVolume(bool isVolume) { m_isVolume = isVolume; }
+
+    /// What the file system calls the volume.
+    void setVolumeName(const QString &name) { m_volumeName = name; }
+
+    /// A volume's own name; otherwise the last path component.
+    QString name() const;
+    QIcon icon() const;
+
+    Appearance appearance() const override;
+
+protected:
+    lyrabox::SourceItemRef makeChild(const QUrl &url) override;
+
+private:
+    bool m_isVolume = false;
+    QString m_volumeName;
+};

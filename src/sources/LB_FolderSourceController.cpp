@@ -1,0 +1,292 @@
+#include "sources/LB_FolderSourceController.h"
+
+#include "app/controls/LB_PopoverViewController.h"
+#include "library/LB_TrackController.h"
+#include "platform/foundation/Files.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "platform/foundation/UserDefaults.h"
+#include "platform/ui/ButtonMatrix.h"
+#include "platform/ui/Popover.h"
+#include "settings/LB_SettingsController.h"
+#include "sources/BrowserPopover.h"
+#include "sources/LB_BrowserButton.h"
+#include "sources/LB_DirectoryItem.h"
+#include "ui_RemovePopover.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QScopedValueRollback>
+
+using lyrabox::NotificationCenter;
+namespace notification = lyrabox::notification;
+
+namespace {
+
+enum ButtonTag { removeTag = 0, addTag = 1 };
+
+/// The folders that are expanded beneath (and with) `parent`, parents before their children.
+void collectExpanded(const lyrabox::SourceTreeView *view, const lyrabox::SourceTreeModel *model,
+                     const QModelIndex &parent, QStringList &paths)
+{
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        if (!view->isExpanded(index))
+            continue;
+        paths.append(std::static_pointer_cast<LB_FolderItem>(model->itemAt(index))->itemID());
+        collectExpanded(view, model, index, paths);
+    }
+}
+
+} // namespace
+
+LB_FolderSourceController::LB_FolderSourceController(QObject *parent)
+    : QObject(parent), m_model(new lyrabox::SourceTreeModel(this))
+{
+}
+
+LB_FolderSourceController::~LB_FolderSourceController() = default;
+
+void LB_FolderSourceController::setFolderOutlineView(lyrabox::SourceTreeView *view)
+{
+    m_folderOutlineView = view;
+    view->setModel(m_model);
+    view->setAcceptsFolders(true);
+    view->setPlaceholderText(tr("No folders yet. Press + to add one, or drop a folder here."));
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { outlineViewSelectionDidChange(); });
+    connect(view, &lyrabox::SourceTreeView::foldersDropped, this, &LB_FolderSourceController::addFolders);
+}
+
+void LB_FolderSourceController::setup()
+{
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, notification::volumeDidMount, [this] { volumeMountChanged(); });
+    center.addObserver(this, notification::volumeDidUnmount, [this] { volumeMountChanged(); });
+    center.addObserver(this, notification::playlistSelected, [this] { deselectFolder(); });
+
+    m_model->setRoots({});
+    const QStringList paths = m_settings->folderDataArray();
+    for (const QString &path : paths)
+        addDirectoryToFolderList(lyrabox::folderURL(lyrabox::files::resolvingSymbolicLinks(path)));
+    setSelectedFolder(nullptr);
+}
+
+void LB_FolderSourceController::restoreSelection()
+{
+    const QVariant stored = lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath);
+    const QString path = stored.toString();
+    if (!stored.isValid() || !lyrabox::files::isReadable(path)) {
+        deselectFolder();
+        return;
+    }
+
+    QString current = lyrabox::folderPath(lyrabox::folderURL(path));
+    QStringList components;
+    FolderRef node = rootWithURL(lyrabox::folderURL(current));
+    while (node == nullptr) {
+        const qsizetype separator = current.lastIndexOf(QLatin1Char('/'));
+        if (separator < 0 || current.size() <= 1)
+            return; // under no root
+        components.prepend(current.mid(separator + 1));
+        current.truncate(qMax<qsizetype>(separator, 1));
+        node = rootWithURL(lyrabox::folderURL(current));
+    }
+
+    m_folderOutlineView->expand(m_model->indexOf(node));
+    for (const QString &component : std::as_const(components)) {
+        current = (current == QLatin1String("/") ? QString() : current) + QLatin1Char('/') + component;
+        const FolderRef child = childWithURL(node, lyrabox::folderURL(current));
+        if (child == nullptr)
+            break;
+        node = child;
+        m_folderOutlineView->expand(m_model->indexOf(node));
+    }
+
+    if (node->isReachable())
+        m_folderOutlineView->selectRow(m_model->indexOf(node));
+    else
+        deselectFolder();
+}
+
+void LB_FolderSourceController::addRemoveButtonPressed(lyrabox::ButtonMatrix *sender)
+{
+    switch (sender->selectedTag()) {
+    case addTag:
+        addFolder(sender);
+        break;
+    case removeTag:
+        removeFolder(sender);
+        break;
+    default:
+        break;
+    }
+}
+
+void LB_FolderSourceController::addFolder(QWidget *anchor)
+{
+    const auto browser = lyrabox::makeBrowserPopover();
+    m_popover->setContentView(browser.view);
+    m_popover->setContentSize(browser.view->size());
+    m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);
+    connect(browser.okButton, &QAbstractButton::clicked, this,
+            [this, button = browser.okButton] { directorySelectedToAdd(button); });
+}
+
+void LB_FolderSourceController::directorySelectedToAdd(LB_BrowserButton *sender)
+{
+    const lyrabox::SourceTreeView *browser = sender->browserOutlineView();
+    const auto *model = qobject_cast<const lyrabox::SourceTreeModel *>(browser->model());
+    const auto item = std::static_pointer_cast<LB_DirectoryItem>(model->itemAt(browser->selectedRow()));
+    if (item == nullptr)
+        return;
+    addFolders({item->url()});
+    m_popover->closePopover();
+}
+
+void LB_FolderSourceController::addFolders(const QList<QUrl> &folders)
+{
+    for (const QUrl &folder : folders)
+        addDirectoryToFolderList(folder);
+    m_folderOutlineView->selectRow(m_folderOutlineView->lastVisibleRow());
+    storeFolders();
+}
+
+void LB_FolderSourceController::addDirectoryToFolderList(const QUrl &url)
+{
+    const QUrl folder = lyrabox::folderURL(lyrabox::folderPath(url));
+    if (rootWithURL(folder) == nullptr)
+        m_model->appendRoot(std::make_shared<LB_FolderItem>(folder, nullptr));
+}
+
+void LB_FolderSourceController::removeFolder(QWidget *anchor)
+{
+    if (m_selectedFolder == nullptr)
+        return;
+    auto *content = LB_PopoverViewController::load<Ui::RemovePopover>();
+    content->setParent(content->view());
+    content->messageField()->setText(tr("Remove folder '%1'?").arg(m_selectedFolder->itemName().text));
+    m_popover->setContentView(content->view());
+    m_popover->setContentSize(content->view()->size());
+    m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);
+    connect(content->okButton(), &QAbstractButton::clicked, this,
+            &LB_FolderSourceController::removeOkButtonPressed);
+}
+
+void LB_FolderSourceController::removeOkButtonPressed()
+{
+    const FolderRef folder = m_selectedFolder;
+    {
+        // The view would move the selection to a neighbour of the removed row and so scan it.
+        const QScopedValueRollback<bool> guard(m_relisting, true);
+        m_folderOutlineView->selectionModel()->clear();
+    }
+    m_model->removeRoot(folder); // a subfolder is no root and stays
+    deselectFolder();
+    storeFolders();
+    m_popover->closePopover();
+}
+
+void LB_FolderSourceController::storeFolders()
+{
+    QStringList paths;
+    for (const lyrabox::SourceItemRef &root : m_model->roots())
+        paths.append(std::static_pointer_cast<LB_FolderItem>(root)->itemID());
+    m_settings->setFolderDataArray(paths);
+}
+
+void LB_FolderSourceController::deselectFolder()
+{
+    m_folderOutlineView->selectionModel()->clear();
+    setSelectedFolder(nullptr);
+    lyrabox::userDefaults().remove(lyrabox::defaultsKey::folderPath);
+}
+
+void LB_FolderSourceController::volumeMountChanged()
+{
+    const QScopedValueRollback<bool> guard(m_relisting, true);
+    QStringList expanded;
+    collectExpanded(m_folderOutlineView, m_model, {}, expanded);
+    const FolderRef selected = m_selectedFolder;
+
+    m_model->discardListings();
+    for (const QString &path : std::as_const(expanded))
+        m_folderOutlineView->expand(indexOfPath(path));
+    const QModelIndex row = selected != nullptr ? indexOfPath(selected->itemID()) : QModelIndex();
+    if (row.isValid()) {
+        m_folderOutlineView->selectRow(row);
+        setSelectedFolder(folderAt(row));
+    }
+}
+
+void LB_FolderSourceController::outlineViewSelectionDidChange()
+{
+    if (m_relisting)
+        return;
+    setSelectedFolder(folderAt(m_folderOutlineView->selectedRow()));
+    if (m_selectedFolder == nullptr) {
+        lyrabox::userDefaults().remove(lyrabox::defaultsKey::folderPath);
+        return;
+    }
+    const FolderRef folder = m_selectedFolder;
+    lyrabox::userDefaults().setValue(lyrabox::defaultsKey::folderPath, folder->itemID());
+    NotificationCenter::defaultCenter().post(notification::folderSelected);
+    m_tracks->scanForAudioFilesStartingAtURLFolderID(folder->url(), folder->itemID());
+}
+
+LB_FolderSourceController::FolderRef LB_FolderSourceController::rootWithURL(const QUrl &url) const
+{
+    const QString path = lyrabox::folderPath(url);
+    for (const lyrabox::SourceItemRef &root : m_model->roots()) {
+        auto folder = std::static_pointer_cast<LB_FolderItem>(root);
+        if (folder->itemID() == path)
+            return folder;
+    }
+    return nullptr;
+}
+
+LB_FolderSourceController::FolderRef LB_FolderSourceController::childWithURL(const FolderRef &folder,
+                                                                             const QUrl &url) const
+{
+    const QString path = lyrabox::folderPath(url);
+    for (const lyrabox::SourceItemRef &child : folder->children()) {
+        auto candidate = std::static_pointer_cast<LB_FolderItem>(child);
+        if (candidate->itemID() == path)
+            return candidate;
+    }
+    return nullptr;
+}
+
+LB_FolderSourceController::FolderRef LB_FolderSourceController::folderAt(const QModelIndex &index) const
+{
+    return std::static_pointer_cast<LB_FolderItem>(m_model->itemAt(index));
+}
+
+QModelIndex LB_FolderSourceController::indexOfPath(const QString &path) const
+{
+    for (const lyrabox::SourceItemRef &root : m_model->roots()) {
+        auto node = std::static_pointer_cast<LB_FolderItem>(root);
+        while (node != nullptr && node->itemID() != path) {
+            // The only child that can lie on the way is the one whose path leads there.
+            FolderRef next;
+            for (const lyrabox::SourceItemRef &child : node->children()) {
+                auto candidate = std::static_pointer_cast<LB_FolderItem>(child);
+                const QString id = candidate->itemID();
+                if (path == id || path.startsWith(id + QLatin1Char('/')))
+                    next = candidate;
+            }
+            node = next;
+        }
+        if (node != nullptr)
+            return m_model->indexOf(node);
+    }
+    return {};
+}
+
+void LB_FolderSourceController::setSelectedFolder(const FolderRef &folder)
+{
+    if (m_selectedFolder == folder)
+        return;
+    m_selectedFolder = folder;
+    Q_EMIT selectedFolderChanged();
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "sources/LB_PlaylistItem.h"
+#include "sources/SourceTreeModel.h"
+#include "sources/SourceTreeView.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+class LB_TrackController;
+
+/// The playlist tab: the music library's playlists as a tree, built once, and the playlist selected, whose songs
+/// the track table shows. Main thread only. Outlets are set once, before setup(), and are not owned.
+class LB_PlaylistSourceController : public QObject {
+    Q_OBJECT
+
+public:
+    using PlaylistRef = std::shared_ptr<LB_PlaylistItem>;
+
+    explicit LB_PlaylistSourceController(QObject *parent = nullptr);
+
+    lyrabox::SourceTreeView *playlistOutlineView() const { return m_playlistOutlineView; }
+    void setPlaylistOutlineView(lyrabox::SourceTreeView *view);
+    LB_TrackController *tracks() const { return m_tracks; }
+    void setTracks(LB_TrackController *tracks) { m_tracks = tracks; }
+
+    /// Builds the tree. Once, at start-up.
+    void setup();
+
+    /// Selects the playlist remembered in the user defaults, or the first.
+    void restoreSelection();
+
+    /// The first item in depth-first order whose identifier is the given one; none when there is none.
+    static PlaylistRef playlistItemMatchingPersistentIDInArray(const std::optional<QString> &persistentID,
+                                                               const std::vector<lyrabox::SourceItemRef> &items);
+
+    void outlineViewSelectionDidChange();
+
+    const lyrabox::SourceTreeModel *model() const { return m_model; }
+
+private:
+    lyrabox::SourceTreeView *m_playlistOutlineView = nullptr;
+    LB_TrackController *m_tracks = nullptr;
+    lyrabox::SourceTreeModel *m_model;
+};

@@ -1,0 +1,368 @@
+#include "app/controls/LB_Slider.h"
+#include "equalizer/LB_EqualizerController.h"
+#include "equalizer/PresetTableModel.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "platform/foundation/UserDefaults.h"
+#include "platform/ui/ButtonMatrix.h"
+#include "platform/ui/NumberField.h"
+#include "platform/ui/Popover.h"
+#include "platform/ui/StateButton.h"
+#include "support/TransportFixture.h"
+
+#include "ui_EqualizerWindow.h"
+
+#include <QAbstractItemModelTester>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace lyrabox {
+namespace {
+
+using testing::ElementsAre;
+
+EqPresetRef preset(qint64 id, const QString &name, float level, const std::optional<QString> &persistent)
+{
+    auto made = std::make_shared<EqPreset>();
+    made->id = id;
+    made->name = name;
+    made->levels = std::make_shared<std::vector<float>>(EqPreset::bands, level);
+    made->persistent = persistent;
+    return made;
+}
+
+struct Equalizer : testing::Test {
+    explicit Equalizer(std::optional<int> storedPreset = {})
+    {
+        userDefaults().remove(defaultsKey::eqPreset);
+        if (storedPreset)
+            userDefaults().setValue(defaultsKey::eqPreset, *storedPreset);
+        presets = std::make_shared<EqPresetList>(
+            EqPresetList{user, rock, manual, bass});
+        transport.settings.setEqPresetArray(presets);
+        ui.setupUi(&window);
+        for (ButtonMatrix *steps : ui.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly)) {
+            for (int tag = 0; tag < 3; ++tag)
+                steps->addCell(tag, QStringLiteral("x"), QStringLiteral("x"));
+        }
+        controller.setAudio(transport.controller.get());
+        controller.setSettings(&transport.settings);
+        controller.setEqWindow(&window);
+        controller.setSliders(ui.sliders);
+        controller.setBoxes(ui.boxes);
+        controller.setStepControls(ui.stepControls);
+        controller.setPopover(&popover);
+        controller.setAddRemoveButton(ui.addRemoveButton);
+        controller.setPresetTableView(ui.presetTableView);
+        controller.awakeFromNib();
+    }
+
+    void launch() { NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching); }
+    QStringList names() const
+    {
+        QStringList list;
+        for (const EqPresetRef &record : controller.arrangedObjects())
+            list.append(record->name);
+        return list;
+    }
+    int selectedRow() const
+    {
+        const auto rows = ui.presetTableView->selectionModel()->selectedRows();
+        return rows.isEmpty() ? -1 : rows.first().row();
+    }
+    void select(const QString &name) const
+    {
+        ui.presetTableView->selectRow(static_cast<int>(names().indexOf(name)));
+    }
+    LB_Slider *slider(int band) const { return window.findChild<LB_Slider *>(QStringLiteral("slider%1").arg(band)); }
+    NumberField *box(int band) const { return window.findChild<NumberField *>(QStringLiteral("box%1").arg(band)); }
+    ButtonMatrix *steps(int band) const
+    {
+        return window.findChild<ButtonMatrix *>(QStringLiteral("steps%1").arg(band));
+    }
+    void moveSlider(int band, float level)
+    {
+        slider(band)->setFloatValue(level);
+        controller.sliderValueChanged(slider(band));
+    }
+    void pressStep(int band, int tag)
+    {
+        steps(band)->pressCellWithTag(tag);
+        controller.eqButtonPressed(steps(band));
+    }
+    float engineLevel(quint32 band) const
+    {
+        return transport.controller->eqLevelForIndex(LB_EqualizerController::eqBandForIndex(band));
+    }
+    QWidget *popoverChild(const char *name) const { return popover.findChild<QWidget *>(QLatin1String(name)); }
+
+    EqPresetRef manual = preset(0, QStringLiteral("Manual"), 0.0F, QStringLiteral("2"));
+    EqPresetRef bass = preset(1, QStringLiteral("bass"), 3.0F, QStringLiteral("1"));
+    EqPresetRef rock = preset(2, QStringLiteral("Rock"), 5.0F, QStringLiteral("1"));
+    EqPresetRef user = preset(7, QStringLiteral("Attic"), -2.0F, std::nullopt);
+    std::shared_ptr<EqPresetList> presets;
+    test::TransportFixture transport;
+    QMainWindow window;
+    Ui::EqualizerWindow ui;
+    Popover popover{&window};
+    LB_EqualizerController controller;
+};
+
+struct EqualizerWithStoredPreset : Equalizer {
+    EqualizerWithStoredPreset() : Equalizer(2) {}
+};
+struct EqualizerWithUnknownPreset : Equalizer {
+    EqualizerWithUnknownPreset() : Equalizer(99) {}
+};
+
+TEST(EqBand, IsEveryThirdBandFromTheThird)
+{
+    EXPECT_EQ(LB_EqualizerController::eqBandForIndex(0), 2U);
+    EXPECT_EQ(LB_EqualizerController::eqBandForIndex(9), 29U);
+}
+
+TEST_F(Equalizer, ArrangesBuiltInPresetsFirstThenByNameIgnoringCase)
+{
+    launch();
+    EXPECT_THAT(names(), ElementsAre(QStringLiteral("Manual"), QStringLiteral("bass"), QStringLiteral("Rock"),
+                                     QStringLiteral("Attic")));
+}
+
+TEST_F(Equalizer, TouchesNothingBeforeTheLaunch)
+{
+    EXPECT_FALSE(controller.currentPreset().has_value());
+    EXPECT_EQ(controller.arrangedObjects().size(), 0U);
+}
+
+TEST_F(Equalizer, SelectsTheManualPresetWithoutAStoredChoice)
+{
+    launch();
+    EXPECT_EQ(selectedRow(), 0);
+    EXPECT_EQ(controller.currentPreset()->id, 0);
+    EXPECT_EQ(userDefaults().value(defaultsKey::eqPreset).toInt(), 0);
+}
+
+TEST_F(EqualizerWithStoredPreset, SelectsAndAppliesTheStoredPresetAtLaunch)
+{
+    launch();
+    EXPECT_EQ(controller.currentPreset()->name, QStringLiteral("Rock"));
+    for (quint32 band = 0; band < 10; ++band)
+        EXPECT_EQ(engineLevel(band), 5.0F);
+    EXPECT_EQ(slider(4)->floatValue(), 5.0F);
+    EXPECT_EQ(box(4)->floatValue(), 5.0F);
+}
+
+TEST_F(EqualizerWithUnknownPreset, FallsBackToTheFirstRow)
+{
+    launch();
+    EXPECT_EQ(selectedRow(), 0);
+}
+
+TEST_F(Equalizer, SelectingAPresetAppliesItAndRemembersIt)
+{
+    launch();
+    select(QStringLiteral("Attic"));
+    EXPECT_EQ(engineLevel(0), -2.0F);
+    EXPECT_EQ(userDefaults().value(defaultsKey::eqPreset).toInt(), 7);
+}
+
+TEST_F(Equalizer, MovingASliderOnANamedPresetTurnsToTheManualOne)
+{
+    launch();
+    select(QStringLiteral("Rock"));
+    moveSlider(3, -6.0F);
+    EXPECT_EQ(selectedRow(), 0);
+    EXPECT_EQ(controller.currentPreset()->id, 0);
+    EXPECT_EQ((*manual->levels)[3], -6.0F);
+    EXPECT_EQ((*manual->levels)[4], 5.0F);
+    EXPECT_EQ((*rock->levels)[3], 5.0F);
+    EXPECT_EQ(engineLevel(3), -6.0F);
+    EXPECT_EQ(engineLevel(4), 5.0F);
+    EXPECT_EQ(box(3)->floatValue(), -6.0F);
+}
+
+TEST_F(Equalizer, MovingASliderOnTheManualPresetChangesOnlyThat)
+{
+    launch();
+    moveSlider(0, 4.5F);
+    EXPECT_EQ((*manual->levels)[0], 4.5F);
+    EXPECT_EQ((*manual->levels)[1], 0.0F);
+    EXPECT_EQ((*rock->levels)[0], 5.0F);
+    EXPECT_EQ((*user->levels)[0], -2.0F);
+}
+
+TEST_F(Equalizer, CurrentPresetSharesItsLevelsWithTheListsRecord)
+{
+    launch();
+    EXPECT_EQ(controller.currentPreset()->levels, manual->levels);
+    moveSlider(9, 1.5F);
+    EXPECT_EQ((*(*presets)[2]->levels)[9], 1.5F);
+}
+
+TEST_F(Equalizer, EditingABoxSetsTheEngineAndTheSlider)
+{
+    launch();
+    box(2)->setFloatValue(-3.5F);
+    controller.boxValueChanged(box(2));
+    EXPECT_EQ(engineLevel(2), -3.5F);
+    EXPECT_EQ(slider(2)->floatValue(), -3.5F);
+    EXPECT_EQ((*manual->levels)[2], -3.5F);
+}
+
+TEST_F(Equalizer, TypedValueOutsideIsBroughtToTheLimitByTheBox)
+{
+    launch();
+    QObject::connect(box(2), &NumberField::entered, &controller, &LB_EqualizerController::boxValueChanged);
+    box(2)->selectAll();
+    QTest::keyClicks(box(2), QStringLiteral("40"));
+    QTest::keyClick(box(2), Qt::Key_Return);
+    EXPECT_EQ(engineLevel(2), 12.0F);
+}
+
+TEST_F(Equalizer, UpAtTheTopStaysAndDownAtTheBottomStays)
+{
+    launch();
+    moveSlider(1, 12.0F);
+    pressStep(1, 2);
+    EXPECT_EQ(engineLevel(1), 12.0F);
+    moveSlider(1, -12.0F);
+    pressStep(1, 0);
+    EXPECT_EQ(engineLevel(1), -12.0F);
+}
+
+TEST_F(Equalizer, StepsGoUpDownAndToZero)
+{
+    launch();
+    pressStep(5, 2);
+    EXPECT_EQ(engineLevel(5), 1.0F);
+    pressStep(5, 0);
+    pressStep(5, 0);
+    EXPECT_EQ(engineLevel(5), -1.0F);
+    EXPECT_EQ(slider(5)->floatValue(), -1.0F);
+    pressStep(5, 1);
+    EXPECT_EQ(engineLevel(5), 0.0F);
+    EXPECT_EQ((*manual->levels)[5], 0.0F);
+}
+
+TEST_F(Equalizer, StepOnANamedPresetKeepsIt)
+{
+    launch();
+    select(QStringLiteral("bass"));
+    pressStep(0, 2);
+    EXPECT_EQ((*bass->levels)[0], 3.0F);
+    EXPECT_EQ((*manual->levels)[0], 4.0F);
+    EXPECT_EQ(controller.currentPreset()->id, 0);
+}
+
+TEST_F(Equalizer, NewPresetGetsTheLargestIdPlusOneAndTheEnginesLevels)
+{
+    launch();
+    moveSlider(6, 2.5F);
+    QLineEdit name;
+    name.setText(QStringLiteral("Zoo"));
+    controller.addPresetNameEntered(&name);
+    ASSERT_EQ(presets->size(), 5U);
+    EXPECT_EQ(presets->back()->id, 8);
+    EXPECT_EQ((*presets->back()->levels)[6], 2.5F);
+    EXPECT_FALSE(presets->back()->persistent.has_value());
+    EXPECT_EQ(controller.currentPreset()->name, QStringLiteral("Zoo"));
+    EXPECT_EQ(names().last(), QStringLiteral("Zoo"));
+}
+
+TEST_F(Equalizer, EmptyAndDuplicateNamesAreAccepted)
+{
+    launch();
+    QLineEdit name;
+    controller.addPresetNameEntered(&name);
+    name.setText(QStringLiteral("Rock"));
+    controller.addPresetNameEntered(&name);
+    EXPECT_EQ(presets->size(), 6U);
+    EXPECT_EQ(controller.currentPreset()->id, 9);
+}
+
+TEST_F(Equalizer, RemovingAUserPresetSelectsTheManualOneWithItsLevels)
+{
+    launch();
+    moveSlider(0, 7.0F);
+    select(QStringLiteral("Attic"));
+    EXPECT_EQ(engineLevel(0), -2.0F);
+    controller.removeOkButtonPressed();
+    EXPECT_EQ(presets->size(), 3U);
+    EXPECT_EQ(selectedRow(), 0);
+    EXPECT_EQ(engineLevel(0), 7.0F);
+}
+
+TEST_F(Equalizer, AddsWhileABuiltInPresetIsSelected)
+{
+    launch();
+    window.show();
+    controller.addRemoveButtonPressed(ui.addRemoveButton);
+    ASSERT_TRUE(popover.isShown());
+    EXPECT_EQ(static_cast<QLabel *>(popoverChild("messageField"))->text(),
+              QStringLiteral("Enter a name for the new preset"));
+    auto *input = static_cast<QLineEdit *>(popoverChild("inputField"));
+    EXPECT_EQ(input->text(), QStringLiteral("New Preset"));
+    EXPECT_EQ(ui.addRemoveButton->image().name(), QStringLiteral("PlusButton"));
+    QTest::keyClick(input, Qt::Key_Return);
+    EXPECT_EQ(controller.currentPreset()->name, QStringLiteral("New Preset"));
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(Equalizer, RemovesWhileAUserPresetIsSelected)
+{
+    launch();
+    window.show();
+    select(QStringLiteral("Attic"));
+    EXPECT_EQ(ui.addRemoveButton->image().name(), QStringLiteral("MinusButton"));
+    controller.addRemoveButtonPressed(ui.addRemoveButton);
+    EXPECT_EQ(static_cast<QLabel *>(popoverChild("messageField"))->text(),
+              QStringLiteral("Remove preset 'Attic'?"));
+    static_cast<QAbstractButton *>(popoverChild("okButton"))->click();
+    EXPECT_EQ(presets->size(), 3U);
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(Equalizer, PressingTheButtonWhileThePopoverIsOpenOnlyClosesIt)
+{
+    launch();
+    window.show();
+    controller.addRemoveButtonPressed(ui.addRemoveButton);
+    ASSERT_TRUE(popover.isShown());
+    controller.addRemoveButtonPressed(ui.addRemoveButton);
+    EXPECT_FALSE(popover.isShown());
+    EXPECT_EQ(presets->size(), 4U);
+}
+
+TEST_F(Equalizer, ClearingTheSelectionSelectsTheCurrentPresetAgain)
+{
+    launch();
+    select(QStringLiteral("Rock"));
+    ui.presetTableView->clearSelection();
+    EXPECT_EQ(names().at(selectedRow()), QStringLiteral("Rock"));
+}
+
+TEST_F(Equalizer, ReturnInABoxGivesTheKeyboardToTheSliders)
+{
+    launch();
+    window.show();
+    box(0)->setFocus();
+    controller.controlTextDidEndEditing();
+    EXPECT_EQ(window.focusWidget(), ui.sliders);
+}
+
+TEST_F(Equalizer, PresetTableModelKeepsItsPromises)
+{
+    PresetTableModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.setArrangedObjects(*presets);
+    EXPECT_EQ(model.rowCount(), 4);
+    model.setArrangedObjects({});
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+} // namespace
+} // namespace lyrabox
