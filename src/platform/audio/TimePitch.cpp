@@ -1,5 +1,7 @@
 #include "platform/audio/TimePitch.h"
 
+#include "platform/audio/TimePitchLeadIn.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -129,11 +131,9 @@ void TimePitch::takeReset() noexcept
         return;
     }
     m_state = State::stretching;
-    // What comes before is not known. Its mirror image has the level and the partials that a song
-    // goes on with; after silence the first sound would swell over a window's length.
-    const std::uint32_t leadIn = m_stretcher.windowFrames() / 2;
-    pull(leadIn);
-    m_history.mirrorStart(leadIn);
+    setRatios(m_wantedRate, m_wantedPitchRatio);
+    pull(leadInSourceFrames(m_stretcher.leadInFrames()));
+    makeLeadIn(m_history, m_stretcher.leadInFrames());
     startStretcher(0, m_wantedRate, m_wantedPitchRatio);
     m_fadeInLeft = fadeInFrames;
 }
@@ -256,7 +256,7 @@ void TimePitch::fadeIn(Output output, std::uint32_t frames) noexcept
 void TimePitch::startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept
 {
     setRatios(speed, pitch);
-    m_stretcher.restart(frame - m_stretcher.windowFrames() / 2);
+    m_stretcher.restart(frame - m_stretcher.leadInFrames());
     std::uint32_t leadIn = m_stretcher.leadInOutput();
     const Output discarded{m_scratch.data(), m_scratch.data() + blockFrames};
     while (leadIn > 0) {

@@ -23,12 +23,4 @@ TimePitchHistory::Channels TimePitchHistory::writable() noexcept
     return {m_left.data() + index(m_end), m_right.data() + index(m_end)};
 }
 
-void TimePitchHistory::mirrorStart(std::uint32_t count) noexcept
-{
-    for (std::int64_t i = 0; i < count; ++i) {
-        m_left[index(-1 - i)] = left(i);
-        m_right[index(-1 - i)] = right(i);
-    }
-}
-
 } // namespace lyrabox

@@ -25,16 +25,17 @@ public:
     Channels writable() noexcept;
     void advance(std::uint32_t count) noexcept { m_end += count; }
 
-    /// Makes the `count` frames before frame 0 the mirror image of those after it, which have been
-    /// written.
-    void mirrorStart(std::uint32_t count) noexcept;
-
     /// The number of the frame that is written next.
     std::int64_t end() const noexcept { return m_end; }
 
     /// `frame` lies within the last `capacity` frames before end(); it may be negative.
     float left(std::int64_t frame) const noexcept { return m_left[index(frame)]; }
     float right(std::int64_t frame) const noexcept { return m_right[index(frame)]; }
+    void set(std::int64_t frame, float left, float right) noexcept
+    {
+        m_left[index(frame)] = left;
+        m_right[index(frame)] = right;
+    }
 
 private:
     static std::size_t index(std::int64_t frame) noexcept

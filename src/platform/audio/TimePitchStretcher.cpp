@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace lyrabox {
 
@@ -32,6 +33,7 @@ Status TimePitchStretcher::initialize()
     m_mid.assign(maximumFeed, 0.0F);
     m_side.assign(maximumFeed, 0.0F);
     warmUp();
+    m_resamplerDelay = measureResamplerDelay();
     return status::noError;
 }
 
@@ -59,12 +61,45 @@ void TimePitchStretcher::warmUp() noexcept
     }
     setRatios(1.0, {});
     restart(0);
-    run(1);
-    const auto firstBatch = static_cast<std::uint32_t>(m_engine->available()) + 1;
-    run(firstBatch);
-    const auto secondBatch = static_cast<std::uint32_t>(m_engine->available()) + 1;
-    m_resamplerDelay = secondBatch - firstBatch;
+}
+
+std::uint32_t TimePitchStretcher::measureResamplerDelay()
+{
+    // At ratios of 1 the engine follows its input wave for wave, so noise tells how late it comes.
+    constexpr std::uint32_t longestDelay = 512;
+    constexpr std::uint32_t compared = 2048;
+    std::vector<float> input;
+    std::vector<float> output;
+    std::uint32_t random = 1;
+    std::array<float, maximumFeed> left{};
+    std::array<float, maximumFeed> right{};
     restart(0);
+    while (output.size() < m_window + compared) {
+        const std::uint32_t taken = take(left.data(), right.data(), maximumFeed);
+        output.insert(output.end(), left.begin(), left.begin() + taken);
+        if (taken > 0)
+            continue;
+        const std::uint32_t count = std::min(framesRequired(), maximumFeed);
+        for (std::uint32_t i = 0; i < count; ++i) {
+            random = random * 1664525U + 1013904223U;
+            left[i] = static_cast<float>(random >> 8U) / 16777216.0F - 0.5F;
+        }
+        input.insert(input.end(), left.begin(), left.begin() + count);
+        feed(left.data(), left.data(), count);
+    }
+    restart(0);
+    std::uint32_t best = 0;
+    double highest = 0.0;
+    for (std::uint32_t delay = 0; delay <= longestDelay; ++delay) {
+        double sum = 0.0;
+        for (std::uint32_t i = m_window; i < m_window + compared; ++i)
+            sum += static_cast<double>(output[i]) * static_cast<double>(input[i - delay]);
+        if (sum > highest) {
+            highest = sum;
+            best = delay;
+        }
+    }
+    return best;
 }
 
 void TimePitchStretcher::run(std::uint32_t outputFrames) noexcept
@@ -97,9 +132,24 @@ void TimePitchStretcher::restart(std::int64_t firstFrame) noexcept
     m_taken = 0;
 }
 
+double TimePitchStretcher::attackLead() const noexcept
+{
+    // Measured with clicks: stretched, an attack comes early against the sustained sound around it.
+    constexpr double perStretch = 250.0;
+    constexpr double most = 520.0;
+    const double stretch = m_pitch.value() / m_speed;
+    return std::clamp(perStretch * (stretch - 1.0), 0.0, most) / stretch;
+}
+
+std::uint32_t TimePitchStretcher::leadInFrames() const noexcept
+{
+    return m_window / 2 + static_cast<std::uint32_t>(std::lround(attackLead()));
+}
+
 std::uint32_t TimePitchStretcher::leadInOutput() const noexcept
 {
-    return static_cast<std::uint32_t>(m_engine->getStartDelay());
+    return static_cast<std::uint32_t>(
+        std::lround((0.5 * m_window + m_resamplerDelay) / m_pitch.value()));
 }
 
 std::uint32_t TimePitchStretcher::framesRequired() const noexcept
@@ -149,9 +199,8 @@ double TimePitchStretcher::position() const noexcept
     // A hop's window is centred where its newest frame lies half a window ahead; its output is
     // centred half a window, as stretched before the resampler, behind what the hop delivers.
     const double halfWindow = 0.5 * m_window;
-    const double behind = halfWindow + halfWindow * m_speed / m_pitch.value();
-    return static_cast<double>(m_fedAtHop) - behind +
-           m_speed * (static_cast<double>(m_taken) - m_resamplerDelay);
+    const double behind = halfWindow + (halfWindow + m_resamplerDelay) * m_speed / m_pitch.value();
+    return static_cast<double>(m_fedAtHop) - behind + m_speed * m_taken + attackLead();
 }
 
 } // namespace lyrabox

@@ -35,12 +35,15 @@ public:
     /// `speed` 0.1 to 2.0. From the next hop on.
     void setRatios(double speed, PitchRatio pitch) noexcept;
 
-    /// Forgets the signal; the next frame fed counts as number `firstFrame`. Feed windowFrames() /
-    /// 2 frames of lead-in and discard leadInOutput() frames, and what comes next belongs to the
-    /// frame after the lead-in.
+    /// Forgets the signal; the next frame fed counts as number `firstFrame`. Feed leadInFrames() of
+    /// lead-in and discard leadInOutput() frames, and what comes next belongs to the frame after
+    /// the lead-in.
     void restart(std::int64_t firstFrame) noexcept;
 
     std::uint32_t windowFrames() const noexcept { return m_window; }
+
+    /// At the ratios set: half a window, and what an attack must be held back to come in time.
+    std::uint32_t leadInFrames() const noexcept;
 
     /// Output frames that the lead-in makes at the ratios set.
     std::uint32_t leadInOutput() const noexcept;
@@ -59,20 +62,22 @@ public:
     /// Moves up to `frames` frames of output into `left` and `right`; returns how many.
     std::uint32_t take(float *left, float *right, std::uint32_t frames) noexcept;
 
-    /// The source frame that belongs to the next output frame. Exact, and a whole number, once the
-    /// ratios have been 1 for windowFrames() of output; within a hop of the truth right after a
-    /// change of the ratios.
+    /// The source frame whose attack belongs to the next output frame. Exact, and a whole number,
+    /// once the ratios have been 1 for windowFrames() of output; within a hop of the truth right
+    /// after a change of the ratios.
     double position() const noexcept;
 
 private:
+    double attackLead() const noexcept;
     void warmUp() noexcept;
+    std::uint32_t measureResamplerDelay();
     void run(std::uint32_t outputFrames) noexcept;
 
     std::unique_ptr<RubberBand::RubberBandStretcher> m_engine;
     std::vector<float> m_mid;
     std::vector<float> m_side;
     std::uint32_t m_window = 0;
-    std::uint32_t m_resamplerDelay = 0; ///< output frames that the resampler holds back
+    std::uint32_t m_resamplerDelay = 0; ///< frames, as stretched before the resampler
     double m_speed = 1.0;
     PitchRatio m_pitch;
     std::int64_t m_fed = 0;

@@ -352,7 +352,7 @@ TEST_F(TimePitchTest, allocatesNothingWhileItRenders)
         state = state * 1664525U + 1013904223U;
         return static_cast<int>((state >> 8U) % static_cast<std::uint32_t>(count));
     };
-    for (int i = 0; i < 1500; ++i) {
+    for (int i = 0; i < 500; ++i) {
         const bool unchanged = random(6) == 0;
         set(unchanged ? 1.0F : 0.1F + 0.01F * static_cast<float>(random(191)),
             unchanged ? 0.0F : static_cast<float>(random(4801) - 2400));
