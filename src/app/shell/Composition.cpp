@@ -1,6 +1,8 @@
 #include "app/shell/Composition.h"
 
+#include "app/shell/BuildSettings.h"
 #include "app/shell/MainMenu.h"
+#include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
 #include "library/TrackCountTextTransformer.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -9,6 +11,7 @@
 #include "platform/ui/NamedImage.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileInfo>
 #include <QMenu>
 
@@ -59,6 +62,10 @@ void Composition::launch()
     m_mainWindow.show();
     NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching);
     m_volumes = std::make_unique<VolumeWatcher>();
+    m_updater.setCurrentVersion(QStringLiteral(LYRABOX_VERSION));
+    m_updater.setFeedURL(QUrl(updateFeedAddress()));
+    m_updater.setPresenter(updateDialogs(&m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
+    m_updater.setAutomaticallyChecksForUpdates(true);
 }
 
 void Composition::terminate()

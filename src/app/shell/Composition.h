@@ -7,6 +7,7 @@
 #include "library/LB_TrackController.h"
 #include "platform/foundation/Volumes.h"
 #include "platform/ui/Popover.h"
+#include "platform/updates/SUUpdater.h"
 #include "settings/LB_SettingsController.h"
 #include "sources/LB_FolderSourceController.h"
 #include "sources/LB_PlaylistSourceController.h"
@@ -70,6 +71,7 @@ private:
     LB_EqualizerController m_equalizer;
     LB_PlaylistSourceController m_playlists;
     LB_FolderSourceController m_folders;
+    SUUpdater m_updater;
     std::unique_ptr<VolumeWatcher> m_volumes;
     Popover *m_sourcePopover;
     Popover *m_presetPopover;

@@ -1,6 +1,5 @@
 // The menu's commands. A command that a control has as well works through the control, so that both stay alike.
 
-#include "app/shell/BuildSettings.h"
 #include "app/shell/Composition.h"
 #include "app/shell/HelpText.h"
 #include "app/shell/MainMenu.h"
@@ -81,6 +80,7 @@ void Composition::connectMenu()
     });
     connect(m_menu->emailSupport, &QAction::triggered, &m_appDelegate, &LB_AppDelegate::emailSupport);
     connect(m_menu->openWebsite, &QAction::triggered, &m_appDelegate, &LB_AppDelegate::openWebsite);
+    connect(m_menu->checkForUpdates, &QAction::triggered, &m_updater, &SUUpdater::checkForUpdates);
     connect(m_menu->keys, &QAction::triggered, this, [this] { showHelp(tr("Keys"), keysHelpText()); });
     connect(m_menu->about, &QAction::triggered, this, [this] { showHelp(tr("About Lyrabox"), aboutText()); });
 }

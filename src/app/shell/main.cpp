@@ -1,4 +1,5 @@
 #include "app/shell/Composition.h"
+#include "app/shell/SingleInstance.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/ui/Theme.h"
 
@@ -19,6 +20,12 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
     lyrabox::applyApplicationTheme(application);
 
+    LB_SettingsController settingsFolder; // only to find the folder that the lock lies in
+    const std::optional<QUrl> folder = settingsFolder.applicationSupportDirectory();
+    lyrabox::SingleInstance instance(folder ? folder->toLocalFile() : QString());
+    if (instance.claim() == lyrabox::SingleInstance::Role::Second)
+        return EXIT_SUCCESS;
+
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal;
     fatal.present = [](const QString &description, const QString &recoverySuggestion) {
@@ -37,5 +44,9 @@ int main(int argc, char **argv)
     QObject::connect(&application, &QApplication::commitDataRequest, &composition,
                      [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartIfRunning); });
     composition.launch();
+    instance.setHandler([&composition](const QList<QUrl> &urls) {
+        composition.bringToFront();
+        composition.open(urls);
+    });
     return QApplication::exec();
 }

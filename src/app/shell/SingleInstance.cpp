@@ -1,0 +1,121 @@
+#include "app/shell/SingleInstance.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLocalSocket>
+#include <QStandardPaths>
+#include <QThread>
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+
+namespace {
+
+constexpr int answerTime = 3000;
+constexpr int retryTime = 50;
+constexpr qsizetype largestMessage = 1024 * 1024;
+const QByteArray acknowledgement = "ok";
+
+/// A socket of this user's for this folder. Sockets have short names, so the folder is in it as a hash.
+QString socketName(const QString &folder)
+{
+    const QByteArray hash = QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
+    QString directory = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (directory.isEmpty())
+        directory = QDir::tempPath();
+    return QDir(directory).filePath(u"lyrabox-"_s + QString::fromLatin1(hash));
+}
+
+QByteArray message(const QList<QUrl> &urls)
+{
+    QByteArray bytes;
+    for (const QUrl &url : urls)
+        bytes += url.toEncoded() + '\n';
+    return bytes + '\n';
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const QString &folder, QObject *parent)
+    : QObject(parent), m_socketName(socketName(folder)), m_lock(QDir(folder).filePath(u".running"_s))
+{
+    m_lock.setStaleLockTime(0); // a lock is stale only when its process is gone
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::accept);
+}
+
+SingleInstance::~SingleInstance() = default;
+
+SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
+{
+    QElapsedTimer clock;
+    clock.start();
+    // The first may be on its way in or out: the lock is tried as often as the socket.
+    do {
+        if (m_lock.tryLock(0) || m_lock.error() == QLockFile::PermissionError) {
+            listen();
+            return Role::First;
+        }
+        if (ask(urls))
+            return Role::Second;
+        QThread::msleep(retryTime);
+    } while (!clock.hasExpired(answerTime));
+    return Role::Second;
+}
+
+void SingleInstance::setHandler(std::function<void(const QList<QUrl> &urls)> handler)
+{
+    m_handler = std::move(handler);
+    for (const QList<QUrl> &urls : std::exchange(m_waiting, {}))
+        m_handler(urls);
+}
+
+void SingleInstance::listen()
+{
+    QLocalServer::removeServer(m_socketName); // what a killed process left
+    if (!m_server.listen(m_socketName))
+        qWarning("Other instances cannot reach this one: %s", qPrintable(m_server.errorString()));
+}
+
+void SingleInstance::accept()
+{
+    QLocalSocket *socket = m_server.nextPendingConnection();
+    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+        if (socket->bytesAvailable() > largestMessage) {
+            socket->abort();
+            return;
+        }
+        const QByteArray bytes = socket->peek(largestMessage);
+        if (bytes != "\n" && !bytes.endsWith("\n\n"))
+            return; // more is to come
+        socket->readAll();
+        socket->write(acknowledgement);
+        socket->disconnectFromServer();
+        QList<QUrl> urls;
+        for (const QByteArray &line : bytes.split('\n')) {
+            if (!line.isEmpty())
+                urls.append(QUrl::fromEncoded(line));
+        }
+        if (m_handler)
+            m_handler(urls);
+        else
+            m_waiting.push_back(urls);
+    });
+}
+
+bool SingleInstance::ask(const QList<QUrl> &urls) const
+{
+    QLocalSocket socket;
+    socket.connectToServer(m_socketName);
+    if (!socket.waitForConnected(retryTime))
+        return false;
+    socket.write(message(urls));
+    return socket.waitForReadyRead(answerTime) && socket.readAll() == acknowledgement;
+}
+
+} // namespace lyrabox

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+#include <QUrl>
+
+#include <functional>
+#include <vector>
+
+namespace lyrabox {
+
+/// Sees to it that one process per settings folder runs: the first holds a lock in the folder and listens; a later
+/// one asks it to come to the front, hands over what it was to open, and ends.
+class SingleInstance : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Role {
+        First,  ///< go on; this process holds the lock
+        Second, ///< end; the first one has been asked, or does not answer
+    };
+
+    /// `folder` is the settings folder, which exists. Where it cannot be written to, every process counts as the
+    /// first: nothing can be written there twice either.
+    explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
+    ~SingleInstance() override;
+
+    /// Becomes the first, or asks the first. Blocks for 3 s at most.
+    Role claim(const QList<QUrl> &urls = {});
+
+    /// What the first process does when another one asks.
+    void setHandler(std::function<void(const QList<QUrl> &urls)> handler);
+
+private:
+    void listen();
+    void accept();
+    bool ask(const QList<QUrl> &urls) const;
+
+    QString m_socketName;
+    QLockFile m_lock;
+    QLocalServer m_server;
+    std::function<void(const QList<QUrl> &urls)> m_handler;
+    std::vector<QList<QUrl>> m_waiting;
+};
+
+} // namespace lyrabox

@@ -1,0 +1,72 @@
+#include "app/shell/SingleInstance.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <future>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+namespace {
+
+using Role = SingleInstance::Role;
+
+/// Asks from another thread, as another process would, while this thread serves.
+Role claimElsewhere(const QString &folder, const QList<QUrl> &urls = {})
+{
+    auto second = std::async(std::launch::async, [&] { return SingleInstance(folder).claim(urls); });
+    while (second.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
+        QCoreApplication::processEvents();
+    return second.get();
+}
+
+TEST(SingleInstance, SecondAsksTheFirstAndHandsOverWhatItWasToOpen)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    QList<QList<QUrl>> asked;
+    first.setHandler([&](const QList<QUrl> &urls) { asked.append(urls); });
+    EXPECT_EQ(claimElsewhere(folder.path()), Role::Second);
+    const QList<QUrl> songs{QUrl::fromLocalFile(u"/music/a b.mp3"_s), QUrl::fromLocalFile(u"/music/ü.mp3"_s)};
+    EXPECT_EQ(claimElsewhere(folder.path(), songs), Role::Second);
+    EXPECT_EQ(asked, QList<QList<QUrl>>({{}, songs}));
+}
+
+TEST(SingleInstance, RequestsBeforeTheLaunchAreKept)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    EXPECT_EQ(claimElsewhere(folder.path()), Role::Second);
+    int asked = 0;
+    first.setHandler([&](const QList<QUrl> &) { ++asked; });
+    EXPECT_EQ(asked, 1);
+}
+
+TEST(SingleInstance, OtherSettingsFoldersDoNotMeet)
+{
+    const QTemporaryDir one;
+    const QTemporaryDir other;
+    SingleInstance first(one.path());
+    SingleInstance second(other.path());
+    EXPECT_EQ(first.claim(), Role::First);
+    EXPECT_EQ(second.claim(), Role::First);
+}
+
+TEST(SingleInstance, TheNextStartIsTheFirstAgain)
+{
+    const QTemporaryDir folder;
+    {
+        SingleInstance first(folder.path());
+        ASSERT_EQ(first.claim(), Role::First);
+    }
+    SingleInstance again(folder.path());
+    EXPECT_EQ(again.claim(), Role::First);
+}
+
+} // namespace
+} // namespace lyrabox
