@@ -1,6 +1,7 @@
 #include "app/shell/Composition.h"
 
 #include "app/shell/BuildSettings.h"
+#include "app/shell/FileDrop.h"
 #include "app/shell/MainMenu.h"
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
@@ -214,6 +215,7 @@ void Composition::connectLists()
 
     connect(m_main.searchField, &QLineEdit::textChanged, &m_tracks,
             [this] { m_tracks.searchTextEntered(m_main.searchField); });
+    new FileDrop(m_main.trackTableView, [this](const QList<QUrl> &urls) { open(urls); });
     const auto showCount = [this](quint64 count) {
         m_main.trackCountField->setText(TrackCountTextTransformer::transformedValue(count));
     };
