@@ -19,17 +19,16 @@ constexpr double smallestGain = 0.01;  // dB; below it a section is a share of t
 constexpr std::size_t pointCount = 2 * sectionCount - 1;
 constexpr double sliderWeight = 1.0;
 constexpr double bandWeight = 0.04;
-constexpr double midpointWeight =
-    0.01;                          // more is closer between the sliders and further off at them
+constexpr double midpointWeight = 0.01; // more: closer between the sliders, further off at them
+
 constexpr double firstGain = 17.0; // dB; the gain at which the sections' shapes are taken at first
-constexpr int refinements =
-    2; // solving again with the shapes at the gains found; a third changes nothing
-constexpr double sectionGainLimit = 36.0;
+constexpr int refinements = 2; // rounds with the shapes at the gains found; a third changes nothing
+constexpr double sectionGainLimit = 36.0; // dB
 
 using SectionGains = std::array<double, sectionCount>;
 using PointLevels = std::array<double, pointCount>;
-using Shapes =
-    std::array<std::array<double, sectionCount>, pointCount>; // dB per dB of a section's gain
+// What each section does at each point, in dB per dB of its gain.
+using Shapes = std::array<std::array<double, sectionCount>, pointCount>;
 
 double fromDecibels(double level)
 {
