@@ -25,5 +25,5 @@ void LB_InvertibleImageCellView::drawInterior(QPainter &painter, const QStyleOpt
         return;
     QRect target(QPoint(), image.size());
     target.moveCenter(option.rect.center());
-    painter.drawPixmap(target.topLeft(), image.pixmap(painter.device()->devicePixelRatioF()));
+    image.draw(painter, target.topLeft());
 }

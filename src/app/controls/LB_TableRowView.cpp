@@ -101,7 +101,8 @@ void LB_TableRowView::paint(QPainter *painter, const QStyleOptionViewItem &optio
         painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
                           Theme::hairline);
     drawInterior(*painter, option, index, emphasized);
-    if (!selected && option.state.testFlag(QStyle::State_HasFocus) && isEmphasized(option.widget))
+    const bool current = option.state.testFlag(QStyle::State_HasFocus);
+    if (current && !option.state.testFlag(QStyle::State_Selected) && isEmphasized(option.widget))
         lyrabox::drawFocusRing(*painter, option.rect, 2.0);
     painter->restore();
 }

@@ -69,7 +69,7 @@ void MatrixCell::paintEvent(QPaintEvent *)
     } else {
         const QPoint position((width() - m_image.size().width()) / 2,
                               (height() - m_image.size().height()) / 2);
-        painter.drawPixmap(position, m_image.pixmap(devicePixelRatioF()));
+        m_image.draw(painter, position);
     }
     painter.setOpacity(1.0);
     if (hasFocus())

@@ -6,6 +6,8 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <cmath>
+
 using namespace Qt::Literals::StringLiterals;
 
 /// The drawings lie in a static library, from which nothing else would link them in.
@@ -71,6 +73,14 @@ QPixmap NamedImage::pixmap(const QSize &size, qreal devicePixelRatio) const
     pixmap.setDevicePixelRatio(devicePixelRatio);
     QPixmapCache::insert(key, pixmap);
     return pixmap;
+}
+
+void NamedImage::draw(QPainter &painter, const QPoint &position) const
+{
+    // Not the device's ratio: a widget that is rendered into an image has its own.
+    const QTransform transform = painter.deviceTransform();
+    const qreal scale = std::hypot(transform.m11(), transform.m12());
+    painter.drawPixmap(position, pixmap(scale));
 }
 
 } // namespace lyrabox

@@ -5,6 +5,8 @@
 #include <QSize>
 #include <QString>
 
+class QPainter;
+
 namespace lyrabox {
 
 /// An image of the program's own, found by its name among the compiled-in drawings
@@ -27,6 +29,9 @@ public:
     /// The image at its natural size, sharp at `devicePixelRatio`.
     QPixmap pixmap(qreal devicePixelRatio) const;
     QPixmap pixmap(const QSize &size, qreal devicePixelRatio) const;
+
+    /// Draws the image at its natural size, sharp on whatever `painter` draws to.
+    void draw(QPainter &painter, const QPoint &position) const;
 
 private:
     QString m_name;

@@ -59,8 +59,7 @@ void SearchField::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     drawControlBox(painter, rect(), height() / 2.0 - 0.5);
-    const QPixmap magnifier = NamedImage(u"Search"_s).pixmap(devicePixelRatioF());
-    painter.drawPixmap(QPoint(iconMargin, (height() - iconSize) / 2), magnifier);
+    NamedImage(u"Search"_s).draw(painter, QPoint(iconMargin, (height() - iconSize) / 2));
     if (hasFocus())
         drawFocusRing(painter, rect(), height() / 2.0 - 1.0);
     painter.end();

@@ -179,7 +179,7 @@ void StateButton::drawCentered(QPainter &painter, const NamedImage &image, const
         return;
     const QPoint position(qRound(rect.width() * 0.5 - image.size().width() * 0.5),
                           qRound(rect.height() * 0.5 - image.size().height() * 0.5));
-    painter.drawPixmap(position, image.pixmap(painter.device()->devicePixelRatioF()));
+    image.draw(painter, position);
 }
 
 } // namespace lyrabox

@@ -1,0 +1,105 @@
+#include "app/controls/LB_PopUpButtonCell.h"
+
+#include <QAccessible>
+#include <QImage>
+#include <QMenu>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using lyrabox::NamedImage;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QImage drawn(QWidget &widget, qreal ratio = 1.0)
+{
+    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+/// What the widget's picture is when it shows `name`, centred on whole points.
+QImage expected(const QWidget &widget, const QString &name, qreal ratio = 1.0)
+{
+    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    const NamedImage named(name);
+    QPainter painter(&image);
+    if (!named.isNull())
+        painter.drawPixmap(QPoint(qRound(widget.width() * 0.5 - named.size().width() * 0.5),
+                                  qRound(widget.height() * 0.5 - named.size().height() * 0.5)),
+                           named.pixmap(ratio));
+    return image;
+}
+
+class PopUpButtonTest : public testing::Test {
+protected:
+    PopUpButtonTest()
+    {
+        button.setFirstItemImage(NamedImage(u"SettingsButtonOff"_s));
+        button.resize(45, 37);
+    }
+
+    LB_PopUpButtonCell button;
+};
+
+TEST_F(PopUpButtonTest, ShowsTheFirstItemsImageCentredOnWholePoints)
+{
+    EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOff"_s));
+    button.setFirstItemImage(NamedImage(u"SettingsButtonOn"_s));
+    EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOn"_s));
+}
+
+TEST_F(PopUpButtonTest, HighlightedShowsTheAlternateImageWhereThereIsOne)
+{
+    button.setHighlighted(true);
+    EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOff"_s));
+    button.setAlternateImage(NamedImage(u"SettingsButtonOn"_s));
+    EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOn"_s));
+    button.setHighlighted(false);
+    EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOff"_s));
+}
+
+TEST_F(PopUpButtonTest, PressOpensTheMenuWhoseItemsAct)
+{
+    const QAction *save = button.menu()->addAction(u"Save"_s);
+    const QSignalSpy triggered(save, &QAction::triggered);
+    button.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&button));
+    QTest::mousePress(&button, Qt::LeftButton);
+    ASSERT_TRUE(button.menu()->isVisible());
+    EXPECT_TRUE(button.isHighlighted());
+    QTest::keyClick(button.menu(), Qt::Key_Down);
+    QTest::keyClick(button.menu(), Qt::Key_Return);
+    EXPECT_EQ(triggered.count(), 1);
+    EXPECT_FALSE(button.menu()->isVisible());
+    EXPECT_FALSE(button.isHighlighted());
+}
+
+TEST_F(PopUpButtonTest, SpaceOpensTheMenuAndADisabledButtonStaysShut)
+{
+    button.menu()->addAction(u"Save"_s);
+    button.show();
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_TRUE(button.menu()->isVisible());
+    button.menu()->close();
+    button.setEnabled(false);
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.menu()->isVisible());
+}
+
+TEST_F(PopUpButtonTest, IsAMenuButtonForAssistivePrograms)
+{
+    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(face->role(), QAccessible::ButtonMenu);
+    EXPECT_FALSE(face->state().checkable);
+}
+
+} // namespace

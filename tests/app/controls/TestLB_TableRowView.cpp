@@ -1,0 +1,179 @@
+#include "app/controls/LB_TableRowView.h"
+
+#include "app/controls/LB_InvertibleImageCellView.h"
+
+#include <QImage>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTest>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QColor accentBlue(0x34, 0x98, 0xDB);
+const QColor lineGray(0xBD, 0xC3, 0xC7);
+
+QColor filled(bool emphasized, LB_TableRowView::SelectionHighlightStyle style, qreal ratio)
+{
+    QImage image((QSizeF(20, 10) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    LB_TableRowView::drawSelectionInRect(painter, QRect(0, 0, 10, 10), emphasized, style);
+    EXPECT_EQ(image.pixelColor(static_cast<int>(15 * ratio), 5), QColor(Qt::white))
+        << "outside the rectangle";
+    return image.pixelColor(static_cast<int>(10 * ratio) - 1, static_cast<int>(10 * ratio) - 1);
+}
+
+TEST(LB_TableRowView, SelectionIsAccentBlueWhenEmphasizedAndLineGrayWhenNot)
+{
+    for (const qreal ratio : {1.0, 2.0}) {
+        EXPECT_EQ(filled(true, LB_TableRowView::SelectionHighlightStyleRegular, ratio), accentBlue);
+        EXPECT_EQ(filled(false, LB_TableRowView::SelectionHighlightStyleRegular, ratio), lineGray);
+    }
+}
+
+TEST(LB_TableRowView, NothingIsDrawnForTheHighlightStyleNone)
+{
+    EXPECT_EQ(filled(true, LB_TableRowView::SelectionHighlightStyleNone, 1.0), QColor(Qt::white));
+    EXPECT_EQ(filled(false, LB_TableRowView::SelectionHighlightStyleNone, 1.0), QColor(Qt::white));
+}
+
+/// A window with a table, a tree and a field that can take the keyboard from them.
+class RowsInAWindow : public testing::Test {
+protected:
+    RowsInAWindow()
+    {
+        auto *layout = new QVBoxLayout(&window);
+        for (QWidget *widget : std::initializer_list<QWidget *>{&table, &tree, &field})
+            layout->addWidget(widget);
+        model.setData(model.index(1, 0), u"IsPlaying"_s, LB_InvertibleImageCellView::imageNameRole);
+        model.setData(model.index(1, 1), u"<b>Rain</b>\nBow"_s);
+        table.setModel(&model);
+        LB_TableRowView::install(&table, LB_TableRowView::Separators::Hairline);
+        table.setItemDelegateForColumn(
+            0, new LB_InvertibleImageCellView(&table, LB_TableRowView::Separators::Hairline));
+        table.selectRow(1);
+
+        auto *root = new QStandardItem(u"Music"_s);
+        root->appendRow(new QStandardItem(u"Live"_s));
+        folders.appendRow(root);
+        tree.setModel(&folders);
+        rows = LB_TableRowView::install(&tree);
+        tree.expandAll();
+        tree.setCurrentIndex(root->child(0)->index());
+        window.resize(500, 400);
+        window.show();
+        window.activateWindow();
+    }
+    ~RowsInAWindow() override
+    {
+        table.setParent(nullptr);
+        tree.setParent(nullptr);
+        field.setParent(nullptr);
+    }
+
+    bool giveKeyboardTo(QWidget &widget)
+    {
+        if (!QTest::qWaitForWindowActive(&window))
+            return false;
+        widget.setFocus();
+        return widget.hasFocus();
+    }
+
+    static QColor colourIn(QAbstractItemView &view, QPoint point)
+    {
+        return view.viewport()->grab().toImage().pixelColor(point);
+    }
+    QPoint selectedCorner()
+    {
+        return table.visualRect(model.index(1, 1)).topRight() + QPoint(-2, 2);
+    }
+
+    QStandardItemModel model{3, 2};
+    QStandardItemModel folders;
+    QWidget window;
+    QTableView table;
+    QTreeView tree;
+    QLineEdit field;
+    LB_TableRowView *rows = nullptr;
+};
+
+TEST_F(RowsInAWindow, SelectedRowIsEmphasizedWhileItsTableHasTheKeyboard)
+{
+    ASSERT_TRUE(giveKeyboardTo(table));
+    EXPECT_EQ(colourIn(table, selectedCorner()), accentBlue);
+    ASSERT_TRUE(giveKeyboardTo(field));
+    EXPECT_EQ(colourIn(table, selectedCorner()), lineGray);
+}
+
+TEST_F(RowsInAWindow, TreeSelectionReachesOverTheIndentation)
+{
+    ASSERT_TRUE(giveKeyboardTo(tree));
+    const QRect row = tree.visualRect(tree.currentIndex());
+    ASSERT_GT(row.left(), 10);
+    EXPECT_EQ(colourIn(tree, QPoint(1, row.top() + 1)), accentBlue);
+    EXPECT_EQ(colourIn(tree, QPoint(tree.viewport()->width() - 2, row.top() + 1)), accentBlue);
+    ASSERT_TRUE(giveKeyboardTo(field));
+    EXPECT_EQ(colourIn(tree, QPoint(1, row.top() + 1)), lineGray);
+}
+
+TEST_F(RowsInAWindow, TreeWithHighlightStyleNoneShowsNoSelection)
+{
+    rows->setSelectionHighlightStyle(LB_TableRowView::SelectionHighlightStyleNone);
+    ASSERT_TRUE(giveKeyboardTo(tree));
+    const QRect row = tree.visualRect(tree.currentIndex());
+    const QColor plain = tree.palette().color(QPalette::Base);
+    EXPECT_EQ(colourIn(tree, QPoint(1, row.top() + 1)), plain);
+    EXPECT_EQ(colourIn(tree, QPoint(row.right() - 2, row.top() + 1)), plain);
+}
+
+/// Whether a pixel of the colour is in the part of the view's picture.
+bool shows(QAbstractItemView &view, const QRect &rect, const QColor &colour)
+{
+    const QImage image = view.viewport()->grab(rect).toImage();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == colour)
+                return true;
+        }
+    }
+    return false;
+}
+
+TEST_F(RowsInAWindow, SelectedRowShowsTheLightImageAndThePlainOneWhenDeselected)
+{
+    const QRect cell = table.visualRect(model.index(1, 0));
+    ASSERT_TRUE(giveKeyboardTo(table));
+    EXPECT_TRUE(shows(table, cell, Qt::white)) << "the light image on the emphasized row";
+    table.clearSelection();
+    EXPECT_TRUE(shows(table, cell, accentBlue)) << "the plain image on the plain row";
+}
+
+TEST_F(RowsInAWindow, EmphasizedRowHasWhiteTextAndOthersDarkText)
+{
+    const QRect cell = table.visualRect(model.index(1, 1));
+    ASSERT_TRUE(giveKeyboardTo(table));
+    EXPECT_TRUE(shows(table, cell, Qt::white));
+    ASSERT_TRUE(giveKeyboardTo(field));
+    EXPECT_FALSE(shows(table, cell, Qt::white));
+}
+
+TEST_F(RowsInAWindow, RowsAreCalmAndEndWithAHairline)
+{
+    EXPECT_EQ(table.rowHeight(0), 26);
+    EXPECT_EQ(tree.visualRect(tree.currentIndex()).height(), 24);
+    const QRect first = table.visualRect(model.index(0, 1));
+    EXPECT_EQ(colourIn(table, first.bottomLeft() + QPoint(20, 0)), QColor(0xE4, 0xE8, 0xEA));
+    EXPECT_EQ(colourIn(table, first.bottomLeft() + QPoint(20, -1)),
+              table.palette().color(QPalette::Base));
+}
+
+} // namespace

@@ -1,0 +1,89 @@
+#include "platform/ui/SegmentedControl.h"
+
+#include "platform/ui/Theme.h"
+
+#include <QAccessible>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using lyrabox::SegmentedControl;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class SegmentedControlTest : public testing::Test {
+protected:
+    SegmentedControlTest()
+    {
+        control.setSegments({u"Playlists"_s, u"Folders"_s});
+        control.resize(200, 26);
+    }
+
+    SegmentedControl control;
+    QSignalSpy pressed{&control, &SegmentedControl::pressed};
+};
+
+TEST_F(SegmentedControlTest, ClickSelectsTheSegmentAndSends)
+{
+    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(150, 13));
+    EXPECT_EQ(control.selectedSegment(), 1);
+    EXPECT_EQ(pressed.count(), 1);
+    QTest::mouseClick(&control, Qt::RightButton, {}, QPoint(20, 13));
+    EXPECT_EQ(control.selectedSegment(), 1);
+}
+
+TEST_F(SegmentedControlTest, SelectingInCodeSendsNothingAndIgnoresWhatIsOutside)
+{
+    control.setSelectedSegment(1);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    control.setSelectedSegment(2);
+    control.setSelectedSegment(-1);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    EXPECT_EQ(pressed.count(), 0);
+}
+
+TEST_F(SegmentedControlTest, ArrowKeysMoveTheSelectionAndStopAtTheEnds)
+{
+    QTest::keyClick(&control, Qt::Key_Right);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    QTest::keyClick(&control, Qt::Key_Right);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    EXPECT_EQ(pressed.count(), 1);
+    QTest::keyClick(&control, Qt::Key_Left);
+    EXPECT_EQ(control.selectedSegment(), 0);
+    EXPECT_EQ(pressed.count(), 2);
+}
+
+TEST_F(SegmentedControlTest, SelectedSegmentIsAccentBlueAndTheOtherWhite)
+{
+    control.setSelectedSegment(1);
+    QImage image(control.size(), QImage::Format_ARGB32_Premultiplied);
+    control.render(&image);
+    EXPECT_EQ(image.pixelColor(190, 13), lyrabox::Theme::accent);
+    EXPECT_EQ(image.pixelColor(10, 13), QColor(Qt::white));
+}
+
+TEST_F(SegmentedControlTest, AssistiveProgramsSeeTabsAndPressThem)
+{
+    control.setSelectedSegment(1);
+    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&control);
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(face->role(), QAccessible::PageTabList);
+    EXPECT_EQ(face->text(QAccessible::Value), u"Folders"_s);
+    ASSERT_EQ(face->childCount(), 2);
+    QAccessibleInterface *playlists = face->child(0);
+    ASSERT_NE(playlists, nullptr);
+    EXPECT_EQ(playlists->text(QAccessible::Name), u"Playlists"_s);
+    EXPECT_FALSE(playlists->state().selected);
+    EXPECT_EQ(face->indexOfChild(face->child(1)), 1);
+    playlists->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(control.selectedSegment(), 0);
+    EXPECT_TRUE(playlists->state().selected);
+    EXPECT_EQ(pressed.count(), 1);
+    EXPECT_EQ(face->child(2), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#include "platform/ui/StateButton.h"
+
+#include "platform/ui/Theme.h"
+
+#include <QAccessible>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using lyrabox::NamedImage;
+using lyrabox::StateButton;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QImage drawn(QWidget &widget, qreal ratio = 1.0)
+{
+    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+TEST(StateButton, TwoStateButtonGoesOffOnOff)
+{
+    StateButton button;
+    button.click();
+    EXPECT_EQ(button.state(), 1);
+    button.click();
+    EXPECT_EQ(button.state(), 0);
+}
+
+TEST(StateButton, ThreeStateButtonGoesOffMixedOnOff)
+{
+    StateButton button;
+    button.setAllowsMixedState(true);
+    button.click();
+    EXPECT_EQ(button.state(), -1);
+    button.click();
+    EXPECT_EQ(button.state(), 1);
+    button.click();
+    EXPECT_EQ(button.state(), 0);
+}
+
+TEST(StateButton, StateHasChangedBeforeTheClickIsSent)
+{
+    StateButton button;
+    button.resize(30, 30);
+    int seen = 7;
+    QObject::connect(&button, &StateButton::clicked, &button, [&] { seen = button.state(); });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(seen, 1);
+}
+
+TEST(StateButton, DisabledButtonKeepsItsState)
+{
+    StateButton button;
+    button.resize(30, 30);
+    button.setEnabled(false);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(button.state(), 0);
+}
+
+TEST(StateButton, KeyboardPressesTheButton)
+{
+    StateButton button;
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(button.state(), 1);
+}
+
+TEST(StateButton, ImageDimsWhenDisabledUnlessToldNotTo)
+{
+    StateButton button;
+    button.setImage(NamedImage(u"SeekForward"_s));
+    button.resize(30, 30);
+    const QImage enabled = drawn(button);
+    button.setEnabled(false);
+    EXPECT_NE(drawn(button), enabled);
+    button.setImageDimsWhenDisabled(false);
+    EXPECT_EQ(drawn(button), enabled);
+}
+
+TEST(StateButton, PushInShowsThePressAndNoneDoesNot)
+{
+    StateButton button;
+    button.setImage(NamedImage(u"LoopButton1"_s));
+    button.setGround(StateButton::Ground::Round);
+    button.resize(40, 40);
+    const QImage plain = drawn(button);
+    button.setHighlighted(true);
+    EXPECT_NE(drawn(button), plain);
+    button.setHighlightMode(StateButton::Highlight::None);
+    EXPECT_EQ(drawn(button), plain);
+}
+
+TEST(StateButton, GroundsAreDrawnInTheirColours)
+{
+    StateButton button;
+    button.resize(40, 40);
+    for (const qreal ratio : {1.0, 2.0}) {
+        button.setGround(StateButton::Ground::RoundAccent);
+        const QImage accent = drawn(button, ratio);
+        EXPECT_EQ(accent.pixelColor(accent.width() / 2, accent.height() / 2),
+                  lyrabox::Theme::accent);
+        EXPECT_EQ(accent.pixelColor(1, 1), QColor(Qt::white)) << "the corner lies outside the disc";
+        button.setGround(StateButton::Ground::None);
+        EXPECT_EQ(drawn(button, ratio).pixelColor(20, 20), QColor(Qt::white));
+    }
+}
+
+TEST(StateButton, StateIsAnnouncedToAssistivePrograms)
+{
+    StateButton button;
+    button.setAllowsMixedState(true);
+    button.setStateTexts(u"Loop off"_s, u"Loop start marked"_s, u"Looping"_s);
+    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(face->role(), QAccessible::Button);
+    EXPECT_EQ(face->text(QAccessible::Name), u"Loop off"_s);
+    EXPECT_TRUE(face->state().checkable);
+    button.click();
+    EXPECT_EQ(face->text(QAccessible::Name), u"Loop start marked"_s);
+    EXPECT_TRUE(face->state().checkStateMixed);
+    button.click();
+    EXPECT_EQ(face->text(QAccessible::Name), u"Looping"_s);
+    EXPECT_TRUE(face->state().checked);
+    EXPECT_EQ(button.toolTip(), u"Looping"_s);
+}
+
+TEST(StateButton, AssistiveProgramsPressTheButton)
+{
+    StateButton button;
+    const QSignalSpy clicked(&button, &StateButton::clicked);
+    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(face, nullptr);
+    ASSERT_NE(face->actionInterface(), nullptr);
+    ASSERT_TRUE(
+        face->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    face->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicked.count(), 1);
+}
+
+} // namespace
