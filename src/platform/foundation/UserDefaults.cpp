@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <memory>
 
@@ -48,7 +50,10 @@ float finiteUserDefault(const QString &key, float fallback)
 
 void setUserDefault(const QString &key, float value)
 {
-    userDefaults().setValue(key, QString::number(value, 'g', 9));
+    std::array<char, 32> digits{};
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    Q_ASSERT(error == std::errc()); // 32 characters hold every float
+    userDefaults().setValue(key, QString::fromLatin1(digits.data(), end - digits.data()));
 }
 
 } // namespace lyrabox

@@ -16,7 +16,7 @@ void reopenUserDefaults();
 /// number.
 float finiteUserDefault(const QString &key, float fallback);
 
-/// Stores `value` in decimal digits that a person can read and that read back as the same float.
+/// Stores `value` in the fewest decimal digits that read back as the same float.
 void setUserDefault(const QString &key, float value);
 
 /// The keys that the system itself defines; window geometry and the like have keys of their own

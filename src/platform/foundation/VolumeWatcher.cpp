@@ -1,6 +1,7 @@
+#include "platform/foundation/VolumeWatcher.h"
+
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
-#include "platform/foundation/Volumes.h"
 
 #include <QFile>
 #include <QSocketNotifier>
