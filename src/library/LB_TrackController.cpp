@@ -185,6 +185,7 @@ void LB_TrackController::scrollToCurrentTrack()
     const int playing = m_model->firstPlayingRow();
     if (playing < 0)
         return;
+    m_trackTableView->doItemsLayout(); // after a change of list the rows are not in place yet
     const QRect visible = m_trackTableView->viewport()->rect();
     int first = visible.isEmpty() ? -1 : m_trackTableView->rowAt(visible.top());
     int count = 0;

@@ -114,16 +114,6 @@ void fillFromFile(TrackRecord &record, const QMap<QString, QString> &information
         duration == information.constEnd() ? QVariant(0.0F) : QVariant(*duration);
 }
 
-QUrl locationURL(const QString &location)
-{
-    QUrl url(location);
-    // Older libraries name this machine as the host, which would otherwise be read as a network
-    // share.
-    if (url.isLocalFile() && url.host() == "localhost"_L1)
-        url.setHost({});
-    return url.isValid() ? url : QUrl();
-}
-
 void fillFromLibrary(TrackRecord &record, const MusicTrack *track)
 {
     record.durationSeconds = 0.0F;

@@ -63,7 +63,4 @@ void fillFromFile(TrackRecord &record, const QMap<QString, QString> &information
 /// have.
 void fillFromLibrary(TrackRecord &record, const MusicTrack *track);
 
-/// The library's text of a location as a URL; empty when it is none.
-QUrl locationURL(const QString &location);
-
 } // namespace lyrabox

@@ -5,6 +5,8 @@
 
 namespace lyrabox {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 // No byte of UTF-8, so that a text never matches across two fields or two records.
@@ -54,11 +56,12 @@ void appendFolded(std::vector<char> &buffer, const QString &text)
 
 QByteArray foldedText(const QString &text)
 {
-    // Folding case may bring forth new marks, hence it comes before the marks are dropped. What is
-    // left is composed again, or half a Hangul syllable would be found in a whole one.
-    QString decomposed = text.toCaseFolded().normalized(QString::NormalizationForm_D);
+    QString decomposed = text.normalized(QString::NormalizationForm_D);
     decomposed.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
+    decomposed = decomposed.toCaseFolded();
     std::transform(decomposed.begin(), decomposed.end(), decomposed.begin(), withoutStroke);
+    decomposed.replace(u'ß', "ss"_L1);
+    // Composed again, or half a Hangul syllable would be found in a whole one.
     return decomposed.normalized(QString::NormalizationForm_C).toUtf8();
 }
 
