@@ -189,7 +189,7 @@ void tearDownAudioSystem()
     // Its thread may be waiting for the mutex in a notification, which now finds no chain.
     watcher.reset();
 
-    releaseChannelBuffers(false);
+    releaseChannelBuffers(maximumChannels, false);
     state().albumArtData = {};
     state().totalFrames = 0;
     state().currentFrame = 0;

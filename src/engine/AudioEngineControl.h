@@ -38,7 +38,8 @@ AudioEngineState &state();
 /// Never destroyed: threads of the sound system may still be running when static objects go.
 Control &control();
 
-/// Frees every channel's samples; `placeholder`: each gets one byte instead, as an empty song has.
-void releaseChannelBuffers(bool placeholder);
+/// Frees the samples of the first `channels` channels; `placeholder`: each gets one byte instead,
+/// as an empty song has.
+void releaseChannelBuffers(std::uint32_t channels, bool placeholder);
 
 } // namespace lyrabox::engine

@@ -40,7 +40,7 @@ public:
         : m_bytesPerFrame(format.mBytesPerFrame),
           m_channels(std::min(format.mChannelsPerFrame, maximumChannels))
     {
-        releaseChannelBuffers(true);
+        releaseChannelBuffers(m_channels, true);
     }
 
     std::uint64_t decodedBytes() const { return m_decoded; }
@@ -130,12 +130,10 @@ void setAvailableMemoryProbe(std::function<std::uint64_t()> probe)
     control().availableMemoryProbe = std::move(probe);
 }
 
-void releaseChannelBuffers(bool placeholder)
+void releaseChannelBuffers(std::uint32_t channels, bool placeholder)
 {
     // No song, whatever a callback that should not be there finds.
     state().totalFrames.store(0, std::memory_order_release);
-    const std::uint32_t channels =
-        placeholder ? state().streamFormat.mChannelsPerFrame : maximumChannels;
     for (std::uint32_t i = 0; i < std::min(channels, maximumChannels); ++i) {
         auto &slot = state().channelBuffers[i];
         std::free(slot.exchange(nullptr, std::memory_order_acq_rel));
@@ -180,7 +178,7 @@ Status loadAudioFile(const QUrl &url)
     } while (frames > 0);
 
     if (outOfMemory) {
-        releaseChannelBuffers(true);
+        releaseChannelBuffers(format.mChannelsPerFrame, true);
     } else {
         buffers.trim();
         state().totalFrames.store(buffers.decodedBytes() / std::max(format.mBytesPerFrame, 1U),
@@ -196,7 +194,7 @@ void emptyAudioBuffers()
 {
     state().currentFrame.store(0, std::memory_order_relaxed);
     state().channelIndex.store(0, std::memory_order_relaxed);
-    releaseChannelBuffers(true);
+    releaseChannelBuffers(streamFormat().mChannelsPerFrame, true);
     state().albumArtData = {};
 }
 
