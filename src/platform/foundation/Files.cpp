@@ -47,10 +47,10 @@ bool isDirectoryEntry(int folder, const dirent &entry)
 bool isPackageName(const QString &name)
 {
     static constexpr std::array suffixes = {
-        "app"_L1,           "appex"_L1,     "aupreset"_L1,  "band"_L1,   "bundle"_L1,   "clap"_L1,
-        "component"_L1,     "framework"_L1, "gsproject"_L1, "kext"_L1,   "logicx"_L1,   "lv2"_L1,
-        "musiclibrary"_L1,  "pkg"_L1,       "mpkg"_L1,      "plugin"_L1, "prefpane"_L1, "rtfd"_L1,
-        "photoslibrary"_L1, "tvlibrary"_L1, "vst"_L1,       "vst3"_L1,   "xcodeproj"_L1};
+        "app"_L1,       "appex"_L1,     "aupreset"_L1, "bundle"_L1,   "clap"_L1, "component"_L1,
+        "framework"_L1, "gsproject"_L1, "kext"_L1,     "logicx"_L1,   "lv2"_L1,  "musiclibrary"_L1,
+        "pkg"_L1,       "mpkg"_L1,      "plugin"_L1,   "prefpane"_L1, "rtfd"_L1, "photoslibrary"_L1,
+        "tvlibrary"_L1, "vst"_L1,       "vst3"_L1,     "xcodeproj"_L1};
     const qsizetype dot = name.lastIndexOf(u'.');
     if (dot <= 0)
         return false;
@@ -111,25 +111,16 @@ void setReadabilityProbe(std::function<bool(const QString &path)> probe)
 QString resolvingSymbolicLinks(const QString &path)
 {
     const QByteArray native = nativePath(path);
-    QByteArray existing = native;
-    while (!existing.isEmpty()) {
-        const std::unique_ptr<char, decltype(&std::free)> resolved(
-            realpath(existing.constData(), nullptr), std::free);
-        if (resolved) {
-            QByteArray rest = native.mid(existing.size());
-            while (rest.endsWith('/'))
-                rest.chop(1);
-            const QByteArray base = resolved.get();
-            return QFile::decodeName(base == "/" && rest.startsWith('/') ? rest : base + rest);
-        }
-        while (existing.size() > 1 && existing.endsWith('/'))
-            existing.chop(1);
-        const qsizetype slash = existing.lastIndexOf('/');
-        if (slash < 0 || existing.size() == 1)
-            break;
-        existing.truncate(std::max<qsizetype>(slash, 1));
-        if (slash == 0) // what follows the root keeps no separator of its own
-            return path;
+    for (qsizetype end = native.size(); end > 0; end = native.lastIndexOf('/', end - 1)) {
+        const std::unique_ptr<char, decltype(&std::free)> existing(
+            realpath(native.left(end).constData(), nullptr), std::free);
+        if (!existing)
+            continue;
+        QByteArray rest = native.mid(end);
+        while (rest.endsWith('/'))
+            rest.chop(1);
+        const QByteArray base = existing.get();
+        return QFile::decodeName(base == "/" && !rest.isEmpty() ? rest : base + rest);
     }
     return path;
 }

@@ -25,10 +25,9 @@ struct Entry {
     bool isPackage;   ///< a directory that the desktop shows as one document: isPackageName()
 };
 
-/// Whether a directory of this name is one document or program to its user: the file systems here
-/// keep no such mark, so the suffix decides, in any case (".app", ".bundle", ".component",
-/// ".framework", ".logicx", ".lv2",
-/// ".vst3" and the like). A name that only begins with a dot has no suffix.
+/// Whether a directory of this name is one document or program to its user. The file systems here
+/// keep no such mark, so the suffix decides, in any case (".app", ".bundle", ".lv2", ".vst3" and
+/// the like). A name that only begins with a dot has no suffix.
 bool isPackageName(const QString &name);
 
 /// The entries of one folder in the order in which the file system returns them: no descent, hidden

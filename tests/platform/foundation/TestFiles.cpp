@@ -148,8 +148,8 @@ TEST_F(Files, ASuffixMakesAPackage)
     for (const QString &name :
          {u"A.app"_s, u"a.VST3"_s, u"My.Song.logicx"_s, u"x.lv2"_s, u"y.component"_s})
         EXPECT_TRUE(files::isPackageName(name)) << name.toStdString();
-    for (const QString &name :
-         {u"app"_s, u".app"_s, u"A.app.old"_s, u"Mr. Big"_s, u"vol.1"_s, u"a."_s, QString()})
+    for (const QString &name : {u"app"_s, u".app"_s, u"A.app.old"_s, u"Mr. Big"_s, u"vol.1"_s,
+                                u"Dave.Band"_s, u"a."_s, QString()})
         EXPECT_FALSE(files::isPackageName(name)) << name.toStdString();
 }
 
