@@ -7,6 +7,7 @@
 #include <cmath>
 #include <new>
 #include <stdexcept>
+#include <thread>
 
 namespace lyrabox {
 
@@ -52,7 +53,7 @@ Status AudioFileReader::open(const QString &path, Depth depth)
         if (opened != status::noError || depth == Depth::Tags)
             return opened;
         d->hasSamples = true;
-        return d->decoder.open(d->container);
+        return d->decoder.open(d->container, std::thread::hardware_concurrency());
     });
     if (result != status::noError)
         d.reset();

@@ -64,7 +64,7 @@ Status AudioFileReaderContainer::open(const QString &path)
 bool AudioFileReaderContainer::soundsLikeAudio()
 {
     AudioFileReaderDecoder decoder;
-    if (decoder.open(*this) != status::noError)
+    if (decoder.open(*this, 1) != status::noError)
         return false;
     int frames = 0;
     while (frames < 8 && decoder.next())

@@ -13,35 +13,36 @@ namespace {
 /// Packets and reads in a row that bring no sound before the rest of the file is given up.
 constexpr int maximumFailures = 20000;
 
-/// Reads in a row that fail outright.
-constexpr int maximumReadFailures = 64;
+/// A song shorter than this is decoded before several threads get going.
+constexpr double shortestForThreads = 10.0;
 
 } // namespace
 
-Status AudioFileReaderDecoder::open(AudioFileReaderContainer &container)
+Status AudioFileReaderDecoder::open(AudioFileReaderContainer &container, unsigned threads)
 {
     m_container = &container;
-    m_context.reset(avcodec_alloc_context3(container.decoder()));
+    m_packets = AudioFileReaderPackets(container);
     m_packet.reset(av_packet_alloc());
     m_frame.reset(av_frame_alloc());
     m_waiting.reset(av_frame_alloc());
-    if (!m_context || !m_packet || !m_frame || !m_waiting ||
-        avcodec_parameters_to_context(m_context.get(), container.stream()->codecpar) < 0)
+    if (!m_packet || !m_frame || !m_waiting)
         return status::notEnoughMemory;
-    m_context->pkt_timebase = container.stream()->time_base;
-    m_context->thread_count = 1;
-    switch (avcodec_open2(m_context.get(), container.decoder(), nullptr)) {
-    case 0:
-        findLength();
-        return status::noError;
-    case AVERROR(ENOMEM):
-        return status::notEnoughMemory;
-    case AVERROR_PATCHWELCOME:
-    case AVERROR(ENOSYS):
-        return status::unsupportedDataFormat;
-    default:
-        return status::invalidFile;
-    }
+    const AVStream &stream = *container.stream();
+    Status result = status::noError;
+    m_context = openCodec(container.decoder(), *stream.codecpar, stream.time_base, result);
+    if (!m_context)
+        return result;
+    findLength();
+    // Uncompressed samples are not worth a thread.
+    const bool isCompressed = av_get_exact_bits_per_sample(stream.codecpar->codec_id) == 0;
+    if (threads > 1 && isCompressed && container.duration().value_or(0.0) >= shortestForThreads)
+        m_stretches.emplace(container, std::move(m_context), threads);
+    return status::noError;
+}
+
+int AudioFileReaderDecoder::damagedPackets() const
+{
+    return m_stretches ? m_stretches->failures() : m_damaged;
 }
 
 const AVFrame *AudioFileReaderDecoder::next()
@@ -57,79 +58,81 @@ const AVFrame *AudioFileReaderDecoder::next()
     return m_frame.get();
 }
 
+/// Brings the next frame with something of the song in it into m_waiting.
 bool AudioFileReaderDecoder::receive()
 {
     while (!m_ended) {
-        const int error = avcodec_receive_frame(m_context.get(), m_waiting.get());
-        if (error == 0) {
-            if (m_waiting->nb_samples <= 0 || m_waiting->sample_rate <= 0 ||
-                m_waiting->ch_layout.nb_channels <= 0) {
-                ++m_failures;
-                continue;
-            }
-            m_delivered = true;
-            m_failures = 0;
-            m_container->input().progress();
-            m_waiting->nb_samples =
-                static_cast<int>(std::min<std::int64_t>(m_waiting->nb_samples, m_remaining));
-            m_remaining -= m_waiting->nb_samples;
-            if (m_waiting->nb_samples > 0)
-                return true;
-        } else if (error == AVERROR(EAGAIN) && !m_draining) {
-            if (!feed())
-                continue;
-        } else if (error == AVERROR_EOF || error == AVERROR(EAGAIN)) {
-            m_ended = true;
-        } else if (error == AVERROR(ENOMEM)) {
-            m_status = status::notEnoughMemory;
-            m_ended = true;
-        } else {
-            ++m_failures;
-            ++m_damaged;
+        if (!(m_stretches ? receiveAhead() : receiveNow()))
+            break;
+        if (m_waiting->nb_samples <= 0 || m_waiting->sample_rate <= 0 ||
+            m_waiting->ch_layout.nb_channels <= 0) {
+            m_ended = ++m_failures > maximumFailures;
+            continue;
         }
-        if (m_failures > maximumFailures)
-            m_ended = true;
+        m_delivered = true;
+        m_failures = 0;
+        m_container->input().progress();
+        m_waiting->nb_samples =
+            static_cast<int>(std::min<std::int64_t>(m_waiting->nb_samples, m_remaining));
+        m_remaining -= m_waiting->nb_samples;
+        if (m_waiting->nb_samples > 0)
+            return true;
     }
+    m_ended = true;
     if (m_status == status::noError)
         m_status = m_container->input().error();
-    if (m_status == status::noError && !m_delivered && m_failures > 0)
+    if (m_status == status::noError && !m_delivered && damagedPackets() > 0)
         m_status = status::invalidFile;
     return false;
 }
 
-/// Hands the decoder its next packet, or tells it that there are no more.
-bool AudioFileReaderDecoder::feed()
+bool AudioFileReaderDecoder::receiveAhead()
 {
-    int readFailures = 0;
-    while (m_failures <= maximumFailures) {
-        const int error = av_read_frame(m_container->context(), m_packet.get());
-        if (error < 0) {
-            ++m_failures;
-            // Some demuxers find their way again after a damaged place.
-            if (error != AVERROR_EOF && error != AVERROR(EIO) &&
-                ++readFailures < maximumReadFailures)
-                continue;
-            if (error == AVERROR_EOF)
-                --m_failures;
-            break;
-        }
-        const bool mine = m_packet->stream_index == m_container->stream()->index;
-        const int sent = mine ? avcodec_send_packet(m_context.get(), m_packet.get()) : 0;
-        av_packet_unref(m_packet.get());
-        if (!mine)
-            continue;
-        if (sent == 0)
-            return true;
-        ++m_failures;
-        ++m_damaged;
-        if (sent == AVERROR(ENOMEM)) {
+    auto frame = m_stretches->next();
+    if (!frame) {
+        if (m_stretches->outOfMemory())
             m_status = status::notEnoughMemory;
-            break;
+        return false;
+    }
+    m_waiting = std::move(frame);
+    return true;
+}
+
+bool AudioFileReaderDecoder::receiveNow()
+{
+    while (m_failures <= maximumFailures) {
+        const int error = avcodec_receive_frame(m_context.get(), m_waiting.get());
+        if (error == 0)
+            return true;
+        if (error == AVERROR(ENOMEM)) {
+            m_status = status::notEnoughMemory;
+            return false;
+        }
+        if (error == AVERROR_EOF || (error == AVERROR(EAGAIN) && m_draining))
+            return false;
+        if (error == AVERROR(EAGAIN)) {
+            feed();
+        } else {
+            ++m_failures;
+            ++m_damaged;
         }
     }
-    m_draining = true;
-    avcodec_send_packet(m_context.get(), nullptr);
-    return true;
+    return false;
+}
+
+/// Hands the decoder its next packet, or tells it that there are no more.
+void AudioFileReaderDecoder::feed()
+{
+    if (!m_packets.next(*m_packet)) {
+        m_draining = true;
+        m_damaged += m_packets.failures();
+        avcodec_send_packet(m_context.get(), nullptr);
+        return;
+    }
+    if (avcodec_send_packet(m_context.get(), m_packet.get()) < 0) {
+        ++m_failures;
+        ++m_damaged;
+    }
 }
 
 /// Apple's encoders write reserved, delay, padding and length in hexadecimal; FFmpeg only takes the
@@ -154,7 +157,7 @@ void AudioFileReaderDecoder::trimLast()
     const std::string_view demuxer = m_container->context()->iformat->name;
     if (!demuxer.starts_with("mov") || m_frame->pkt_duration <= 0)
         return;
-    const auto samples = av_rescale_q(m_frame->pkt_duration, m_context->pkt_timebase,
+    const auto samples = av_rescale_q(m_frame->pkt_duration, m_container->stream()->time_base,
                                       AVRational{1, m_frame->sample_rate});
     if (samples > 0 && samples < m_frame->nb_samples)
         m_frame->nb_samples = static_cast<int>(samples);

@@ -1,15 +1,18 @@
 #pragma once
 
-#include "platform/audio/AudioFileReaderContainer.h"
+#include "platform/audio/AudioFileReaderStretches.h"
+
+#include <optional>
 
 namespace lyrabox {
 
 /// Decodes the chosen stream of a container from its start to its end. What is damaged is skipped.
 class AudioFileReaderDecoder {
 public:
-    /// The container must outlive the decoder. unsupportedDataFormat, invalidFile or
-    /// notEnoughMemory on failure.
-    Status open(AudioFileReaderContainer &container);
+    /// The container must outlive the decoder. Streams whose decoders can start anywhere are
+    /// decoded by up to `threads` threads ahead of the caller; the result is the same.
+    /// unsupportedDataFormat, invalidFile or notEnoughMemory on failure.
+    Status open(AudioFileReaderContainer &container, unsigned threads);
 
     /// The next frame with sound in it, without encoder delay and padding, valid until the next
     /// call; null at the end, or where nothing decodable comes any more.
@@ -19,16 +22,20 @@ public:
     Status status() const { return m_status; }
 
     /// Packets so far that could not be decoded.
-    int damagedPackets() const { return m_damaged; }
+    int damagedPackets() const;
 
 private:
     bool receive();
-    bool feed();
+    bool receiveAhead();
+    bool receiveNow();
+    void feed();
     void findLength();
     void trimLast();
 
     AudioFileReaderContainer *m_container = nullptr;
+    AudioFileReaderPackets m_packets;
     AvPointer<AVCodecContext> m_context;
+    std::optional<AudioFileReaderStretches> m_stretches; ///< instead of the context
     AvPointer<AVPacket> m_packet;
     AvPointer<AVFrame> m_frame; ///< what next() returned last
     AvPointer<AVFrame>
