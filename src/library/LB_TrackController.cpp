@@ -1,6 +1,5 @@
 #include "library/LB_TrackController.h"
 
-#include "app/controls/LB_TableHeaderCell.h"
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "library/TrackListDecisions.h"
@@ -252,8 +251,6 @@ void LB_TrackController::setTrackCount(quint64 count)
 
 void LB_TrackController::setHighlightedColumn(int column)
 {
-    if (auto *header = qobject_cast<LB_TableHeaderCell *>(m_trackTableView->horizontalHeader()))
-        header->setHighlightedSection(column);
     if (std::exchange(m_highlightedColumn, column) != column)
         Q_EMIT highlightedColumnChanged(column);
 }
