@@ -39,22 +39,27 @@ private:
     double m_amplitude;
 };
 
-/// The frequency of a recorded sine in hertz, from its rising zero crossings; 0 when there are
-/// fewer than two.
+/// The frequency of a recorded sine in hertz: the median over stretches of 25 periods between
+/// rising zero crossings, so that a gap of a recording on a busy machine does not count. 0 when
+/// there is not one such stretch.
 inline double frequencyOf(const std::vector<float> &samples, double rate = 44100.0)
 {
-    double first = -1.0;
-    double last = -1.0;
-    int periods = -1;
+    constexpr std::size_t periods = 25;
+    std::vector<double> crossings;
     for (std::size_t i = 1; i < samples.size(); ++i) {
         if (samples[i - 1] < 0.0F && samples[i] >= 0.0F) {
             const double below = -samples[i - 1];
-            last = static_cast<double>(i - 1) + below / (below + samples[i]);
-            if (++periods == 0)
-                first = last;
+            crossings.push_back(static_cast<double>(i - 1) + below / (below + samples[i]));
         }
     }
-    return periods > 0 ? periods * rate / (last - first) : 0.0;
+    std::vector<double> frequencies;
+    for (std::size_t i = periods; i < crossings.size(); i += periods)
+        frequencies.push_back(periods * rate / (crossings[i] - crossings[i - periods]));
+    if (frequencies.empty())
+        return 0.0;
+    const auto middle = frequencies.begin() + static_cast<std::ptrdiff_t>(frequencies.size() / 2);
+    std::nth_element(frequencies.begin(), middle, frequencies.end());
+    return *middle;
 }
 
 inline float peakOf(const std::vector<float> &samples)
