@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 #include <numbers>
 #include <string>
 
@@ -314,6 +315,45 @@ TEST(TimePitchSeek, startsWithoutAClickInTheVeryNextBuffer)
     }
 }
 
+double processorMilliseconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
+}
+
+TEST(TimePitchSeek, costsLessThanHalfACallbackUpToDoubleSpeed)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "instrumented code tells nothing about speed";
+#endif
+    constexpr double half = 0.5 * 1000.0 * 1024.0 / sampleRate;
+    for (const Setting setting :
+         {Setting{0.5F, 0.0F, 0.0}, Setting{1.0F, 300.0F, 0.0}, Setting{1.25F, 0.0F, 0.0},
+          Setting{1.6F, 0.0F, 0.0}, Setting{2.0F, 0.0F, 0.0}}) {
+        StageUnderTest test(
+            [](std::int64_t frame) {
+                const float sample = noiseAt(frame, 1, 0.3F);
+                return StereoFrame{sample, 0.5F * sample};
+            },
+            setting.rate, setting.cents);
+        // The best of several: what else the machine does must not count.
+        double seeking = half * 100.0;
+        double playing = half * 100.0;
+        for (int i = 0; i < 8; ++i) {
+            test.seek(100000 * i);
+            const double start = processorMilliseconds();
+            test.pull(1024);
+            const double sought = processorMilliseconds();
+            test.pull(4 * 1024);
+            seeking = std::min(seeking, sought - start);
+            playing = std::min(playing, (processorMilliseconds() - sought) / 4.0);
+        }
+        report(setting, "a seek's own cost", seeking - playing, "ms");
+        EXPECT_LT(seeking - playing, half) << setting;
+    }
+}
+
 TEST(TimePitchDrift, keepsToSongTime)
 {
     // A steady difference is none of drift's business; what it grows by in five seconds, times 120,
@@ -334,6 +374,7 @@ TEST(TimePitchDrift, keepsToSongTime)
             return sum / 441.0;
         };
         const double start = meanOffset();
+        EXPECT_LT(std::abs(start), 0.01 * sampleRate) << setting;
         test.pull(4 * 44100);
         delivered += 4 * 44100;
         const double growth = meanOffset() - start;
