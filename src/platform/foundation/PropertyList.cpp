@@ -22,6 +22,13 @@ std::optional<qint64> integerPart(double value)
 
 } // namespace
 
+PropertyList::PropertyList() = default;
+PropertyList::PropertyList(const PropertyList &) = default;
+PropertyList::PropertyList(PropertyList &&) noexcept = default;
+PropertyList &PropertyList::operator=(const PropertyList &) = default;
+PropertyList &PropertyList::operator=(PropertyList &&) noexcept = default;
+PropertyList::~PropertyList() = default;
+
 std::optional<bool> PropertyList::boolean() const
 {
     if (const bool *const value = std::get_if<bool>(&m_value))

@@ -22,7 +22,13 @@ public:
     using Dictionary = std::vector<Member>;
 
     /// Nothing: what a missing key gives. It is not written.
-    PropertyList() = default;
+    PropertyList();
+    PropertyList(const PropertyList &);
+    PropertyList(PropertyList &&) noexcept;
+    PropertyList &operator=(const PropertyList &);
+    PropertyList &operator=(PropertyList &&) noexcept;
+    ~PropertyList();
+
     PropertyList(bool value) : m_value(value) {}
     PropertyList(qint64 value) : m_value(value) {}
     PropertyList(int value) : m_value(static_cast<qint64>(value)) {}

@@ -98,7 +98,7 @@ TEST_F(UserDefaults, WhatIsNoFiniteNumberGivesTheFallback)
 
 TEST_F(UserDefaults, AFileOfGarbageIsNoObstacle)
 {
-    writeDefaults(QByteArray("\0\xFF[[]\nnonsense\n=\n[General\nshuffle", 36));
+    writeDefaults("\0\xFF[[]\nnonsense\n=\n[General\nshuffle"_ba);
     EXPECT_FALSE(userDefaults().value(defaultsKey::shuffle).toBool());
     userDefaults().setValue(defaultsKey::shuffle, true);
     reopenUserDefaults();
