@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
-#include <memory>
-#include <new>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -330,6 +331,29 @@ TEST_F(TimePitchTest, playsSilenceWhenTheSourceGivesNothing)
     song.silent = true;
     pull(1024);
     EXPECT_EQ(*std::max_element(left.begin(), left.end() - 1), 0.0F);
+}
+
+TEST_F(TimePitchTest, takesParametersAndResetsFromAnotherThreadWhileItRenders)
+{
+    std::atomic<bool> done{false};
+    std::thread control([this, &done] {
+        for (int i = 0; i < 200; ++i) {
+            stage.setParameter(parameter::rate, 0.5F + 0.01F * static_cast<float>(i % 100));
+            stage.setParameter(parameter::pitch, static_cast<float>(i - 100));
+            if (i % 20 == 0)
+                stage.reset();
+            EXPECT_TRUE(std::isfinite(stage.latencyFrames()));
+            std::this_thread::yield();
+        }
+        done.store(true);
+    });
+    while (!done.load()) {
+        pull(256);
+        ASSERT_TRUE(std::all_of(left.begin(), left.end(),
+                                [](float sample) { return std::isfinite(sample); }));
+    }
+    control.join();
+    EXPECT_EQ(stage.parameter(parameter::pitch), 99.0F);
 }
 
 TEST_F(TimePitchTest, allocatesNothingWhileItRenders)
