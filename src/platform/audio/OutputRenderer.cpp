@@ -82,9 +82,10 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
     if (isSilent())
         m_gain = target;
 
+    const bool running = m_running.load(); // acquires what was set before start()
     if (m_leadFrames > 0)
         m_leadFrames -= std::min(m_leadFrames, frames);
-    else if (m_running.load())
+    else if (running)
         pullAhead(frames);
     else
         retire();

@@ -171,6 +171,9 @@ struct PulseDefaultOutputWatcher::Watch {
 void PulseDefaultOutputWatcher::Watch::run()
 {
     pthread_setname_np(pthread_self(), "device-watch");
+    {
+        const std::lock_guard started(mutex);
+    }
     auto retry = firstRetry;
     while (!quit) {
         if (watchOneConnection())
@@ -265,8 +268,10 @@ Status PulseDefaultOutputWatcher::listen(std::function<void()> listener)
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &before);
     try {
+        // The thread begins by taking the lock, so that a listener finds both members set.
+        const std::lock_guard lock(watch->mutex);
         m_thread = std::thread([watch] { watch->run(); });
-        m_watch = std::move(watch);
+        m_watch = watch;
     } catch (const std::system_error &) {
     }
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
