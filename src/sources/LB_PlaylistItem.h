@@ -20,7 +20,7 @@ public:
     const std::vector<lyrabox::SourceItemRef> &children() override { return m_children; }
     bool isListed() const override { return true; }
     void discardChildren() override;
-    Appearance appearance() const override { return {.text = itemName()}; }
+    Appearance appearance() const override { return {.text = itemName(), .icon = {}}; }
 
 private:
     lyrabox::MusicPlaylist m_playlist;

@@ -48,7 +48,6 @@ void Composition::launch()
 {
     windowMemory::restoreWindow(&m_mainWindow, mainWindowName);
     windowMemory::restoreWindow(&m_eqWindow, eqWindowName);
-    windowMemory::restoreDivider(m_main.splitView);
 
     m_main.sourceTabView->awakeFromNib();
     m_audio->awakeFromNib();
@@ -61,6 +60,7 @@ void Composition::launch()
     updateMenu();
 
     m_mainWindow.show();
+    windowMemory::restoreDivider(m_main.splitView); // its limits need the view's real width
     NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching);
     m_volumes = std::make_unique<VolumeWatcher>();
     m_updater.setCurrentVersion(QStringLiteral(LYRABOX_VERSION));

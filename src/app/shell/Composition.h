@@ -5,7 +5,7 @@
 #include "equalizer/LB_EqualizerController.h"
 #include "library/LB_QueueController.h"
 #include "library/LB_TrackController.h"
-#include "platform/foundation/Volumes.h"
+#include "platform/foundation/VolumeWatcher.h"
 #include "platform/ui/Popover.h"
 #include "platform/updates/SUUpdater.h"
 #include "settings/LB_SettingsController.h"

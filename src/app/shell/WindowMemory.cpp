@@ -13,6 +13,7 @@ namespace lyrabox::windowMemory {
 namespace {
 
 const QString dividerKey = u"dividerPosition"_s;
+constexpr int firstDividerPosition = 228;
 
 QString geometryKey(const QString &name)
 {
@@ -38,10 +39,7 @@ void saveWindow(const QWidget *window, const QString &name)
 
 void restoreDivider(SplitView *view)
 {
-    bool known = false;
-    const int position = userDefaults().value(dividerKey).toInt(&known);
-    if (known)
-        view->setDividerPosition(position);
+    view->setDividerPosition(userDefaults().value(dividerKey, firstDividerPosition).toInt());
 }
 
 void saveDivider(const SplitView *view)
