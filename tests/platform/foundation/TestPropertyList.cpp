@@ -264,6 +264,22 @@ TEST(PropertyList, NoPartOfAListIsAList)
         ASSERT_FALSE(parsePropertyList(xml.left(length))) << length;
 }
 
+TEST(PropertyList, NoDamageIsMoreThanARefusal)
+{
+    const QByteArray whole = propertyListXml(sample());
+    std::mt19937 random(11);
+    for (int round = 0; round < 3000; ++round) {
+        QByteArray damaged = whole;
+        for (int i = 0; i < 3; ++i)
+            damaged[static_cast<qsizetype>(random() % static_cast<unsigned>(damaged.size()))] =
+                "<>/&;!-[]\"k\0\xFF"[random() % 13];
+        const auto read = parsePropertyList(damaged);
+        if (read) {
+            EXPECT_TRUE(parsePropertyList(propertyListXml(*read)).has_value());
+        }
+    }
+}
+
 TEST(PropertyList, DepthIsLimited)
 {
     EXPECT_TRUE(parsed(nestedArrays(propertyListLimit::depth)));
