@@ -41,26 +41,22 @@ void TimePitchStretcher::warmUp() noexcept
 {
     // The resampler keeps two sets of tables and changes between them when the ratio does, or
     // starts anew. Both must have met the longest filter, that of the lowest ratio, and the most
-    // phases, those of the longest fraction.
-    constexpr std::array<PitchRatio, 5> pitches{{{4, 1},
-                                                 {1, 4},
-                                                 {maximumPitchRatioPart - 1, maximumPitchRatioPart},
-                                                 {maximumPitchRatioPart, maximumPitchRatioPart - 1},
-                                                 {1, 1}}};
+    // phases, those of the longest fraction; the engine must have met its longest and shortest
+    // hops.
+    constexpr std::array<PitchRatio, 5> extremes{
+        {{4, 1},
+         {1, 4},
+         {maximumPitchRatioPart - 1, maximumPitchRatioPart},
+         {maximumPitchRatioPart, maximumPitchRatioPart - 1},
+         {1, 1}}};
     for (const bool restarts : {true, false, true, false}) {
-        for (const PitchRatio &pitch : pitches) {
-            setRatios(1.0, pitch);
-            if (restarts)
-                restart(0);
-            runHop();
-        }
-    }
-    // The longest and the shortest hops.
-    for (const double speed : {2.0, 0.1}) {
-        for (const PitchRatio &pitch : {pitches[0], pitches[1]}) {
-            setRatios(speed, pitch);
-            runHop();
-            runHop();
+        for (const PitchRatio &pitch : extremes) {
+            for (const double speed : {2.0, 0.1}) {
+                setRatios(speed, pitch);
+                if (restarts)
+                    restart(0);
+                run(m_window / 4);
+            }
         }
     }
     setRatios(1.0, {});
@@ -106,16 +102,18 @@ std::uint32_t TimePitchStretcher::measureResamplerDelay()
     return best;
 }
 
-/// Takes what output there is, then feeds silence until there is more.
-void TimePitchStretcher::runHop() noexcept
+void TimePitchStretcher::run(std::uint32_t outputFrames) noexcept
 {
+    static constexpr std::array<float, maximumFeed> silence{};
     std::array<float, maximumFeed> left{};
     std::array<float, maximumFeed> right{};
-    while (take(left.data(), right.data(), maximumFeed) > 0) {
+    while (outputFrames > 0) {
+        const std::uint32_t taken =
+            take(left.data(), right.data(), std::min(outputFrames, maximumFeed));
+        outputFrames -= taken;
+        if (taken == 0)
+            feed(silence.data(), silence.data(), std::min(framesRequired(), maximumFeed));
     }
-    left.fill(0.0F);
-    while (const std::uint32_t count = std::min(framesRequired(), maximumFeed))
-        feed(left.data(), left.data(), count);
 }
 
 void TimePitchStretcher::setRatios(double speed, PitchRatio pitch) noexcept

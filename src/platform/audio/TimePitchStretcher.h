@@ -71,7 +71,7 @@ private:
     double attackLead() const noexcept;
     void warmUp() noexcept;
     std::uint32_t measureResamplerDelay();
-    void runHop() noexcept;
+    void run(std::uint32_t outputFrames) noexcept;
 
     std::unique_ptr<RubberBand::RubberBandStretcher> m_engine;
     std::vector<float> m_mid;
