@@ -49,6 +49,7 @@ void TimePitchStretcher::warmUp() noexcept
          {maximumPitchRatioPart - 1, maximumPitchRatioPart},
          {maximumPitchRatioPart, maximumPitchRatioPart - 1},
          {1, 1}}};
+    // Tables that have not grown yet also delay the signal differently: do not shorten this.
     for (const bool restarts : {true, false, true, false}) {
         for (const PitchRatio &pitch : extremes) {
             for (const double speed : {2.0, 0.1}) {
