@@ -1,6 +1,8 @@
 #include "navigation/NavigationFixture.h"
 
+#include <QApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -17,7 +19,11 @@ struct NavigationView : testing::Test {
     NavigationFixture f;
 
     void click(int x) { QTest::mouseClick(&f.view, Qt::LeftButton, {}, QPoint(x, 20)); }
-    void hover(int x) { QTest::mouseMove(&f.view, QPoint(x, 20)); }
+    void hover(int x)
+    {
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, 20), QPointF(x, 20), Qt::NoButton, Qt::NoButton, {});
+        QApplication::sendEvent(&f.view, &move);
+    }
     QColor pixel(int x, int y = 37)
     {
         return f.view.grab().toImage().pixelColor(x, y);

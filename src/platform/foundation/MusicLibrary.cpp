@@ -4,13 +4,10 @@
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/RhythmboxLibrary.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include <algorithm>
-#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,18 +20,6 @@ QString preferencesPath()
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return QDir(folder).filePath(u"com.apple.iApps.plist"_s);
-}
-
-/// Only names are looked at: what cannot be played is refused when it is loaded.
-bool looksLikeSong(const QString &path)
-{
-    static constexpr std::array suffixes = {"aac"_L1,  "aif"_L1, "aiff"_L1, "ape"_L1, "flac"_L1,
-                                            "m4a"_L1,  "mka"_L1, "mp3"_L1,  "oga"_L1, "ogg"_L1,
-                                            "opus"_L1, "wav"_L1, "wma"_L1,  "wv"_L1};
-    const QString suffix = QFileInfo(path).suffix();
-    return std::any_of(suffixes.begin(), suffixes.end(), [&suffix](QLatin1StringView known) {
-        return suffix.compare(known, Qt::CaseInsensitive) == 0;
-    });
 }
 
 } // namespace
@@ -53,29 +38,15 @@ QUrl locationURL(const QString &location)
 
 MusicLibraryRef demoMusicLibrary(const QString &folder)
 {
-    QStringList songs;
-    for (const files::Entry &entry : files::shallowEntries(folder)) {
-        if (!entry.isDirectory && looksLikeSong(entry.path))
-            songs.append(entry.path);
-    }
-    if (songs.isEmpty())
+    const MusicLibraryRef shipped = readMusicLibrary(QDir(folder).filePath(u"Library.xml"_s));
+    if (!shipped)
         return nullptr;
-    songs.sort();
-
-    auto library = std::make_shared<MusicLibrary>();
-    std::vector<QString> items;
-    for (const QString &path : std::as_const(songs)) {
-        MusicTrack track;
-        track.location = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
-        track.name = QFileInfo(path).completeBaseName();
-        items.push_back(QString::number(items.size() + 1));
-        library->tracks.emplace(items.back(), std::move(track));
+    auto library = std::make_shared<MusicLibrary>(*shipped);
+    const QUrl base = QUrl::fromLocalFile(folder + u'/');
+    for (auto &[id, track] : library->tracks) {
+        if (track.location)
+            track.location = base.resolved(QUrl(*track.location)).toString(QUrl::FullyEncoded);
     }
-    MusicPlaylist playlist;
-    playlist.persistentID = u"LyraboxDemoMusic"_s;
-    playlist.name = QCoreApplication::translate("MusicLibrary", "Demo Music");
-    playlist.items = std::move(items);
-    library->playlists.push_back(std::move(playlist));
     return library;
 }
 

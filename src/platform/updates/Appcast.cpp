@@ -88,10 +88,6 @@ std::vector<VersionPart> partsOf(const QString &version)
         const QString text = match.next().captured();
         parts.push_back({text.front().isDigit(), text.toLower()});
     }
-    // Trailing zeros say nothing: 1.0 is 1.
-    while (!parts.empty() && parts.back().isNumber &&
-           std::all_of(parts.back().text.begin(), parts.back().text.end(), [](QChar c) { return c == u'0'; }))
-        parts.pop_back();
     return parts;
 }
 
@@ -144,14 +140,14 @@ std::weak_ordering compareVersions(const QString &a, const QString &b)
     const std::vector<VersionPart> left = partsOf(a);
     const std::vector<VersionPart> right = partsOf(b);
     for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
-        if (i >= left.size())
-            return right[i].isNumber ? std::weak_ordering::less : std::weak_ordering::greater;
-        if (i >= right.size())
-            return left[i].isNumber ? std::weak_ordering::greater : std::weak_ordering::less;
-        if (left[i].isNumber != right[i].isNumber)
-            return left[i].isNumber ? std::weak_ordering::greater : std::weak_ordering::less;
-        const std::weak_ordering order = left[i].isNumber ? compareNumbers(left[i].text, right[i].text)
-                                                          : std::weak_ordering(left[i].text.compare(right[i].text) <=> 0);
+        // What one of them lacks is a zero, so that 1.0 is 1; letters make a pre-release, so they come before it.
+        const VersionPart zero{true, u"0"_s};
+        const VersionPart &l = i < left.size() ? left[i] : zero;
+        const VersionPart &r = i < right.size() ? right[i] : zero;
+        if (l.isNumber != r.isNumber)
+            return l.isNumber ? std::weak_ordering::greater : std::weak_ordering::less;
+        const std::weak_ordering order =
+            l.isNumber ? compareNumbers(l.text, r.text) : std::weak_ordering(l.text.compare(r.text) <=> 0);
         if (order != 0)
             return order;
     }

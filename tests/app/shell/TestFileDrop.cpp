@@ -17,6 +17,8 @@ struct Dropping : testing::Test {
     {
         QMimeData data;
         data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &enter);
         QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         event.ignore();
         QApplication::sendEvent(view.viewport(), &event);

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox {
@@ -24,7 +26,6 @@ struct AppDelegate : testing::Test {
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(0);
         layout->addWidget(search);
-        layout->addWidget(split);
         layout->addWidget(transport);
         layout->addWidget(other);
         transport->setFocusPolicy(Qt::StrongFocus);
@@ -37,15 +38,16 @@ struct AppDelegate : testing::Test {
         delegate.setMainWindowMenuItem(&mainItem);
         delegate.setEqWindowMenuItem(&eqItem);
         delegate.setSearchField(search);
-        delegate.setSplitView(split);
+        delegate.setSplitView(split.get());
         delegate.setTransportView(transport);
         delegate.setURLOpener([this](const QUrl &url) {
             opened = url;
             return true;
         });
         split->setDelegate(&delegate);
-        split->resize(1200, 400);
         split->setPanes(left, right);
+        split->resize(1200, 400);
+        split->show();
     }
 
     void launch() { NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching); }
@@ -55,7 +57,7 @@ struct AppDelegate : testing::Test {
     QAction mainItem;
     QAction eqItem;
     SearchField *search = new SearchField;
-    SplitView *split = new SplitView;
+    std::unique_ptr<SplitView> split = std::make_unique<SplitView>();
     QWidget *transport = new QWidget;
     QWidget *other = new QWidget;
     QWidget *left = new QWidget;

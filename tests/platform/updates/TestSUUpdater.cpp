@@ -65,15 +65,13 @@ struct Updater : testing::Test {
     {
         QSignalSpy finished(&updater, &SUUpdater::checkFinished);
         updater.checkForUpdates();
-        if (finished.isEmpty())
-            EXPECT_TRUE(finished.wait(10000));
+        EXPECT_TRUE(!finished.isEmpty() || finished.wait(10000));
     }
     void askInSilence()
     {
         QSignalSpy finished(&updater, &SUUpdater::checkFinished);
         updater.setAutomaticallyChecksForUpdates(true);
-        if (finished.isEmpty())
-            EXPECT_TRUE(finished.wait(10000));
+        EXPECT_TRUE(!finished.isEmpty() || finished.wait(10000));
     }
     /// Both checks fail, the user's with these words, the other in silence.
     void expectFailure(const QString &words)
@@ -151,7 +149,7 @@ TEST_F(Updater, ErrorPageIsAMessageOnlyWhenAsked)
 
 TEST_F(Updater, RedirectToAnotherSchemeIsRefused)
 {
-    for (const QByteArray target : {QByteArray("file:///etc/passwd"), QByteArray("http://198.51.100.1/feed.xml"),
+    for (const QByteArray &target : {QByteArray("file:///etc/passwd"), QByteArray("http://198.51.100.1/feed.xml"),
                                     QByteArray("ftp://127.0.0.1/feed.xml")}) {
         messages.clear();
         server.answerWith("", "302 Found", "Location: " + target + "\r\n");
