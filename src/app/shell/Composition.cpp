@@ -47,7 +47,7 @@ Composition::~Composition() = default;
 void Composition::launch()
 {
     windowMemory::restoreWindow(&m_mainWindow, mainWindowName);
-    windowMemory::restoreWindow(&m_eqWindow, eqWindowName);
+    m_placesEqWindow = !windowMemory::restoreWindow(&m_eqWindow, eqWindowName);
 
     m_main.sourceTabView->awakeFromNib();
     m_audio->awakeFromNib();
@@ -67,6 +67,16 @@ void Composition::launch()
     m_updater.setFeedURL(QUrl(updateFeedAddress()));
     m_updater.setPresenter(updateDialogs(&m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
     m_updater.setAutomaticallyChecksForUpdates(true);
+}
+
+void Composition::showEqualizer()
+{
+    if (std::exchange(m_placesEqWindow, false)) {
+        // The first time, over the upper part of the main window, so that the transport stays in sight.
+        const QRect main = m_mainWindow.geometry();
+        m_eqWindow.move(main.center().x() - m_eqWindow.width() / 2, main.top());
+    }
+    m_appDelegate.toggleEqWindow();
 }
 
 void Composition::terminate()

@@ -54,6 +54,7 @@ private:
     void connectMenu();
     void applyLooks();
     void updateMenu();
+    void showEqualizer();
     void chooseLibrary();
     void showHelp(const QString &title, const QString &text);
 
@@ -75,6 +76,7 @@ private:
     std::unique_ptr<VolumeWatcher> m_volumes;
     Popover *m_sourcePopover;
     Popover *m_presetPopover;
+    bool m_placesEqWindow = false;
     bool m_terminated = false;
 };
 

@@ -74,6 +74,10 @@ void Composition::applyLooks()
                                 static_cast<StateButton *>(m_main.seekForwardButton), m_main.loopButton})
         button->setGround(Ground::Round);
     m_main.loopButton->setAllowsMixedState(true);
+    m_main.playPauseButton->setStateTexts(tr("Play"), {}, tr("Pause"));
+    m_main.loopButton->setStateTexts(tr("Mark the start of a loop"), tr("Mark the end of the loop"),
+                                     tr("Clear the loop"));
+    m_main.shuffleButton->setStateTexts(tr("Shuffle"), {}, tr("Play in order"));
     m_main.settingsPopup->setGround(Ground::Box);
     m_eq.addRemoveButton->setGround(Ground::Box);
     setImages(m_main.shuffleButton, u"ShuffleOff"_s, u"ShuffleOn"_s);
@@ -92,6 +96,11 @@ void Composition::applyLooks()
 
     fill(m_main.transportLine, Theme::lineGray);
     fill(m_main.sourcePane, Theme::sidebar);
+    for (QTreeView *outline : {m_main.playlistOutlineView, m_main.folderOutlineView}) {
+        QPalette palette = outline->palette();
+        palette.setColor(QPalette::Base, Theme::sidebar);
+        outline->setPalette(palette);
+    }
     fill(m_eq.presetPane, Theme::surface);
     fill(m_eq.presetBar, Theme::sidebar);
 

@@ -76,7 +76,7 @@ void Composition::connectMenu()
     });
     connect(m_menu->eqWindow, &QAction::triggered, &m_appDelegate, [this] {
         m_menu->eqWindow->setChecked(m_eqWindow.isActiveWindow());
-        m_appDelegate.toggleEqWindow();
+        showEqualizer();
     });
     connect(m_menu->emailSupport, &QAction::triggered, &m_appDelegate, &LB_AppDelegate::emailSupport);
     connect(m_menu->openWebsite, &QAction::triggered, &m_appDelegate, &LB_AppDelegate::openWebsite);

@@ -27,9 +27,9 @@ QString columnsKey(const QString &name)
 
 } // namespace
 
-void restoreWindow(QWidget *window, const QString &name)
+bool restoreWindow(QWidget *window, const QString &name)
 {
-    window->restoreGeometry(userDefaults().value(geometryKey(name)).toByteArray());
+    return window->restoreGeometry(userDefaults().value(geometryKey(name)).toByteArray());
 }
 
 void saveWindow(const QWidget *window, const QString &name)

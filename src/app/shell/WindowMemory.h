@@ -12,8 +12,9 @@ class SplitView;
 /// Remembers sizes, positions, the divider and the column layout from run to run, in user defaults of their own.
 namespace windowMemory {
 
-/// Puts the window where it was; where it was never shown, or its screen is gone, it stays as it is.
-void restoreWindow(QWidget *window, const QString &name);
+/// Puts the window where it was; where it was never shown, or its screen is gone, it stays as it is. Returns
+/// whether it was moved.
+bool restoreWindow(QWidget *window, const QString &name);
 void saveWindow(const QWidget *window, const QString &name);
 
 void restoreDivider(SplitView *view);
