@@ -6,13 +6,11 @@
 #include <QFileInfo>
 #include <QMimeData>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace lyrabox {
 
 namespace {
 constexpr int placeholderMargin = 16;
-constexpr qreal triangleSize = 8.0;
 constexpr int rowIndentation = 18;
 } // namespace
 
@@ -34,6 +32,7 @@ SourceTreeView::SourceTreeView(QWidget *parent) : QTreeView(parent)
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(true);
+    viewport()->setAutoFillBackground(false); // the pane's own ground shows
 }
 
 void SourceTreeView::setPlaceholderText(const QString &text)
@@ -80,23 +79,13 @@ void SourceTreeView::drawBranches(QPainter *painter, const QRect &rect, const QM
     const auto *tree = qobject_cast<const SourceTreeModel *>(model());
     if (tree == nullptr || !tree->isExpandable(index))
         return;
-    const QRectF box(rect.right() - indentation() + 1, rect.top(), indentation(), rect.height());
-    QPainterPath triangle;
-    triangle.moveTo(-triangleSize / 2, -triangleSize / 2);
-    triangle.lineTo(triangleSize / 2, 0);
-    triangle.lineTo(-triangleSize / 2, triangleSize / 2);
-    triangle.closeSubpath();
-    const bool emphasized = selectionModel()->isSelected(index) && hasFocus();
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(box.center());
-    if (isExpanded(index))
-        painter->rotate(90);
-    else if (isRightToLeft())
-        painter->rotate(180);
-    painter->scale(0.9, 0.75);
-    painter->fillPath(triangle, emphasized ? QColor(Qt::white) : QColor(0x7f, 0x8c, 0x8d));
-    painter->restore();
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = QRect(rect.right() - indentation() + 1, rect.top(), indentation(), rect.height());
+    option.state |= QStyle::State_Item | QStyle::State_Children;
+    option.state.setFlag(QStyle::State_Open, isExpanded(index));
+    option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
+    style()->drawPrimitive(QStyle::PE_IndicatorBranch, &option, painter, this);
 }
 
 void SourceTreeView::paintEvent(QPaintEvent *event)

@@ -96,11 +96,6 @@ void Composition::applyLooks()
 
     fill(m_main.transportLine, Theme::lineGray);
     fill(m_main.sourcePane, Theme::sidebar);
-    for (QTreeView *outline : {m_main.playlistOutlineView, m_main.folderOutlineView}) {
-        QPalette palette = outline->palette();
-        palette.setColor(QPalette::Base, Theme::sidebar);
-        outline->setPalette(palette);
-    }
     fill(m_eq.presetPane, Theme::surface);
     fill(m_eq.presetBar, Theme::sidebar);
 
