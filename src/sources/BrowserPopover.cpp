@@ -14,6 +14,7 @@ BrowserPopoverContent makeBrowserPopover()
     auto *outline = view->findChild<SourceTreeView *>(QStringLiteral("browserOutlineView"));
     auto *okButton = view->findChild<LB_BrowserButton *>(QStringLiteral("okButton"));
     okButton->setBrowserOutlineView(outline);
+    outline->viewport()->setAutoFillBackground(true);
 
     auto *controller = new LB_BrowserController(view);
     controller->setBrowserOutlineView(outline);

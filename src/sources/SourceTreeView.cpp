@@ -4,6 +4,7 @@
 
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 
@@ -72,6 +73,16 @@ QModelIndex SourceTreeView::lastVisibleRow() const
         last = model()->index(rows - 1, 0, last);
     }
     return last;
+}
+
+void SourceTreeView::keyPressEvent(QKeyEvent *event)
+{
+    // The first row has the keyboard before it is selected; an arrow key begins there.
+    const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (moves && !selectedRow().isValid() && currentIndex().isValid())
+        selectRow(currentIndex());
+    else
+        QTreeView::keyPressEvent(event);
 }
 
 void SourceTreeView::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const

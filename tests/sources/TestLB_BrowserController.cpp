@@ -5,6 +5,7 @@
 #include <QAbstractItemModelTester>
 #include <QDir>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -60,6 +61,16 @@ TEST_F(Browser, WakingTwiceBuildsTheRootsOnce)
     const SourceItemRef home = controller.model()->roots().front();
     controller.awakeFromNib();
     EXPECT_EQ(controller.model()->roots().front(), home);
+}
+
+TEST_F(Browser, AnArrowKeyBeginsAtTheFirstRow)
+{
+    wake({});
+    view.setCurrentIndex({});
+    view.selectionModel()->setCurrentIndex(view.model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    ASSERT_FALSE(controller.hasSelection());
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_EQ(view.selectedRow(), view.model()->index(0, 0));
 }
 
 TEST_F(Browser, SelectingARowSetsHasSelection)

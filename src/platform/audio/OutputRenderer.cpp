@@ -24,9 +24,11 @@ constexpr float gainTolerance = 1e-5F;
 
 OutputRenderer::OutputRenderer()
 {
+    // A polynomial with no slope and no curvature at either end. It keeps closer to nothing at first
+    // than half a cosine does, for the equalizer rings when a signal sets in at full height.
     for (std::uint32_t i = 0; i < fadeFrames; ++i) {
-        const double phase = (i + 1.0) / (fadeFrames + 1.0);
-        m_fade[i] = static_cast<float>(0.5 - 0.5 * std::cos(std::numbers::pi * phase));
+        const double t = (i + 1.0) / (fadeFrames + 1.0);
+        m_fade[i] = static_cast<float>(t * t * t * (10.0 + t * (6.0 * t - 15.0)));
     }
 }
 

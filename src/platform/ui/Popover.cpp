@@ -129,11 +129,11 @@ void Popover::setContentView(QWidget *view)
     m_contentView = view;
     if (!view)
         return;
+    m_contentSize = view->size();
     view->setParent(this);
     view->show();
-    if (m_contentSize.isEmpty())
-        m_contentSize = view->size();
-    layoutContent();
+    if (m_shown)
+        place();
 }
 
 void Popover::setContentSize(const QSize &size)

@@ -126,6 +126,18 @@ TEST_F(PopoverTest, NewContentReplacesTheOld)
     EXPECT_TRUE(old.isNull());
 }
 
+TEST_F(PopoverTest, ContentKeepsTheSizeOfItsInterfaceDefinition)
+{
+    for (const QSize size : {QSize(320, 380), QSize(280, 96)}) {
+        auto *view = new QWidget;
+        view->resize(size);
+        popover->setContentView(view);
+        popover->setContentSize(view->size());
+        popover->showRelativeTo(anchor, Popover::Edge::MaxX);
+        EXPECT_EQ(view->size(), size);
+    }
+}
+
 TEST_F(PopoverTest, HidingTheAnchorClosesIt)
 {
     popover->showRelativeTo(anchor, Popover::Edge::MaxX);
