@@ -4,7 +4,7 @@
 #include <QFontDatabase>
 #include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 #include <QToolTip>
 
 using namespace Qt::Literals::StringLiterals;
@@ -95,6 +95,19 @@ QString styleSheet()
            u"QSplitter::handle { background: #D5DADD; }"_s;
 }
 
+/// Fusion without the desktop's icons on the buttons of alerts.
+class ApplicationStyle : public QProxyStyle {
+public:
+    ApplicationStyle() : QProxyStyle(u"Fusion"_s) {}
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returnData) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
 } // namespace
 
 QFont uiFont(double points)
@@ -108,7 +121,7 @@ QFont uiFont(double points)
 
 void applyApplicationTheme(QApplication &application)
 {
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new ApplicationStyle);
     QApplication::setPalette(lightPalette());
     QApplication::setFont(uiFont(Theme::textSize));
     QToolTip::setPalette(lightPalette());
