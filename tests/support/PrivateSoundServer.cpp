@@ -14,26 +14,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-#ifdef __SANITIZE_THREAD__
-#include <cstdarg>
-
-extern "C" int __clone(int (*function)(void *), void *stack, int flags, void *argument, ...);
-
-/// QProcess starts its child on the memory of its parent (CLONE_VM). The sanitizer's own wrapper
-/// takes that for a fork and from then on ignores, in the parent, every lock and atomic of the
-/// calling thread. So it is passed by.
-extern "C" int clone(int (*function)(void *), void *stack, int flags, void *argument, ...)
-{
-    va_list list;
-    va_start(list, argument);
-    auto *const parentId = va_arg(list, void *);
-    auto *const storage = va_arg(list, void *);
-    auto *const childId = va_arg(list, void *);
-    va_end(list);
-    return __clone(function, stack, flags, argument, parentId, storage, childId);
-}
-#endif
-
 namespace lyrabox::test {
 namespace {
 
