@@ -42,7 +42,8 @@ int tagOf(const QWidget *control)
     return control->property(tagProperty).toInt();
 }
 
-/// The controls of one kind in a container, tagged 0 upward in the order of the interface definition.
+/// The controls of one kind in a container, tagged 0 upward in the order of the interface
+/// definition.
 template <typename Control>
 std::vector<Control *> taggedControls(QWidget *container)
 {
@@ -94,8 +95,7 @@ qint64 nextPresetId(const EqPresetList &presets)
 
 LB_EqualizerController::LB_EqualizerController(QObject *parent)
     : QObject(parent), m_model(new lyrabox::PresetTableModel(this))
-{
-}
+{}
 
 LB_EqualizerController::~LB_EqualizerController() = default;
 
@@ -152,10 +152,12 @@ void LB_EqualizerController::appDidLaunch()
     m_presetTableView->setFocus();
     m_content = m_settings->eqPresetArray();
     rearrange();
-    const qint64 wanted = lyrabox::userDefaults().value(lyrabox::defaultsKey::eqPreset, 0).toLongLong();
+    const qint64 wanted =
+        lyrabox::userDefaults().value(lyrabox::defaultsKey::eqPreset, 0).toLongLong();
     const EqPresetList &presets = arrangedObjects();
-    const auto found = std::find_if(presets.begin(), presets.end(),
-                                    [wanted](const EqPresetRef &preset) { return preset->id == wanted; });
+    const auto found =
+        std::find_if(presets.begin(), presets.end(),
+                     [wanted](const EqPresetRef &preset) { return preset->id == wanted; });
     selectRow(found == presets.end() ? 0 : static_cast<int>(found - presets.begin()));
 }
 
@@ -168,16 +170,17 @@ EqPresetList LB_EqualizerController::arrangeObjects(const EqPresetList &presets)
     names.setCaseSensitivity(Qt::CaseInsensitive);
 
     EqPresetList arranged = presets;
-    std::stable_sort(arranged.begin(), arranged.end(), [&](const EqPresetRef &a, const EqPresetRef &b) {
-        if (a->persistent.has_value() != b->persistent.has_value())
-            return a->persistent.has_value();
-        if (a->persistent) {
-            const int order = standard.compare(*a->persistent, *b->persistent);
-            if (order != 0)
-                return order > 0;
-        }
-        return names.compare(a->name, b->name) < 0;
-    });
+    std::stable_sort(arranged.begin(), arranged.end(),
+                     [&](const EqPresetRef &a, const EqPresetRef &b) {
+                         if (a->persistent.has_value() != b->persistent.has_value())
+                             return a->persistent.has_value();
+                         if (a->persistent) {
+                             const int order = standard.compare(*a->persistent, *b->persistent);
+                             if (order != 0)
+                                 return order > 0;
+                         }
+                         return names.compare(a->name, b->name) < 0;
+                     });
     return arranged;
 }
 
@@ -189,17 +192,18 @@ void LB_EqualizerController::rearrange()
 void LB_EqualizerController::selectRow(int row)
 {
     const QModelIndex index = m_model->index(row, 0);
-    m_presetTableView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                                    QItemSelectionModel::Rows);
+    m_presetTableView->selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_presetTableView->scrollTo(index);
 }
 
 int LB_EqualizerController::rowOfCurrentPreset() const
 {
     const EqPresetList &presets = arrangedObjects();
-    const auto found = std::find_if(presets.begin(), presets.end(), [this](const EqPresetRef &preset) {
-        return isSameRecord(*preset, *m_currentPreset);
-    });
+    const auto found =
+        std::find_if(presets.begin(), presets.end(), [this](const EqPresetRef &preset) {
+            return isSameRecord(*preset, *m_currentPreset);
+        });
     return found == presets.end() ? 0 : static_cast<int>(found - presets.begin());
 }
 
@@ -214,7 +218,8 @@ void LB_EqualizerController::tableViewSelectionDidChange()
     const EqPresetRef &preset = arrangedObjects().at(static_cast<std::size_t>(rows.first().row()));
     m_currentPreset = *preset;
     for (std::size_t i = 0; i < m_currentPreset->levels->size(); ++i)
-        m_audio->setEqLevelForIndex((*m_currentPreset->levels)[i], eqBandForIndex(static_cast<quint32>(i)));
+        m_audio->setEqLevelForIndex((*m_currentPreset->levels)[i],
+                                    eqBandForIndex(static_cast<quint32>(i)));
     synchronizeControlsWithAudioUnit();
     lyrabox::userDefaults().setValue(lyrabox::defaultsKey::eqPreset, m_currentPreset->id);
     showAddRemoveRole();
@@ -268,7 +273,8 @@ void LB_EqualizerController::eqButtonPressed(lyrabox::ButtonMatrix *sender)
 {
     const int tag = tagOf(sender);
     const quint32 band = eqBandForIndex(static_cast<quint32>(tag));
-    const float level = lyrabox::levelAfterStep(m_audio->eqLevelForIndex(band), sender->selectedTag());
+    const float level =
+        lyrabox::levelAfterStep(m_audio->eqLevelForIndex(band), sender->selectedTag());
     m_audio->setEqLevelForIndex(level, band);
     m_sliderOfBand.at(static_cast<std::size_t>(tag))->animateToFloatValue(level);
     m_boxOfBand.at(static_cast<std::size_t>(tag))->setFloatValue(level);
@@ -277,7 +283,8 @@ void LB_EqualizerController::eqButtonPressed(lyrabox::ButtonMatrix *sender)
 
 void LB_EqualizerController::switchToManualPreset()
 {
-    // A new list of levels: the one that the manual preset had may be shared with a copy made earlier.
+    // A new list of levels: the one that the manual preset had may be shared with a copy made
+    // earlier.
     arrangedObjects().front()->levels = std::make_shared<std::vector<float>>(engineLevels());
     selectRow(0);
 }
@@ -299,7 +306,8 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
         QLineEdit *input = content->inputField();
         input->setText(tr("New Preset"));
         input->selectAll();
-        connect(input, &QLineEdit::returnPressed, this, [this, input] { addPresetNameEntered(input); });
+        connect(input, &QLineEdit::returnPressed, this,
+                [this, input] { addPresetNameEntered(input); });
         connect(content->okButton(), &QAbstractButton::clicked, this,
                 [this, input] { addPresetNameEntered(input); });
     } else {
@@ -319,7 +327,8 @@ void LB_EqualizerController::addPresetNameEntered(QLineEdit *sender)
     m_content->push_back(preset);
     rearrange();
     const EqPresetList &presets = arrangedObjects();
-    selectRow(static_cast<int>(std::find(presets.begin(), presets.end(), preset) - presets.begin()));
+    selectRow(
+        static_cast<int>(std::find(presets.begin(), presets.end(), preset) - presets.begin()));
     m_popover->closePopover();
 }
 

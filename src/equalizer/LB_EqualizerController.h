@@ -24,8 +24,8 @@ class Popover;
 class PresetTableModel;
 class StateButton;
 
-/// The level after a step control's cell was pressed: 2 is up one decibel, 1 is zero, 0 is down one; dB, held
-/// within -12 to +12.
+/// The level after a step control's cell was pressed: 2 is up one decibel, 1 is zero, 0 is down
+/// one; dB, held within -12 to +12.
 float levelAfterStep(float level, int cellTag);
 
 /// The largest id in the list plus 1.
@@ -33,9 +33,9 @@ qint64 nextPresetId(const EqPresetList &presets);
 
 } // namespace lyrabox
 
-/// The equalizer window: the preset list and the ten bands. From the launch on exactly one preset is selected; a
-/// band that is touched while a named preset is selected turns to the manual preset. Main thread only. Outlets are
-/// set once, before the launch, and are not owned.
+/// The equalizer window: the preset list and the ten bands. From the launch on exactly one preset
+/// is selected; a band that is touched while a named preset is selected turns to the manual preset.
+/// Main thread only. Outlets are set once, before the launch, and are not owned.
 class LB_EqualizerController : public QObject {
     Q_OBJECT
 
@@ -66,7 +66,8 @@ public:
     lyrabox::StateButton *addRemoveButton() const { return m_addRemoveButton; }
     void setAddRemoveButton(lyrabox::StateButton *button) { m_addRemoveButton = button; }
 
-    /// A copy of the selected record that shares its levels with the list's; none before the launch.
+    /// A copy of the selected record that shares its levels with the list's; none before the
+    /// launch.
     const std::optional<lyrabox::EqPreset> &currentPreset() const { return m_currentPreset; }
     const lyrabox::EqPresetList &arrangedObjects() const;
 
@@ -89,7 +90,8 @@ public:
     /// The engine's parameter ID of the user interface's band.
     static quint32 eqBandForIndex(quint32 index) { return 3U * index + 2U; }
 
-    /// Built-in presets first, by their "persistent" text, falling; then by name, as people sort names.
+    /// Built-in presets first, by their "persistent" text, falling; then by name, as people sort
+    /// names.
     static lyrabox::EqPresetList arrangeObjects(const lyrabox::EqPresetList &presets);
 
 private:

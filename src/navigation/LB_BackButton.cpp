@@ -29,7 +29,8 @@ void LB_BackButton::clickAction()
 {
     const LB_AudioController *audio = navView()->audio();
     LB_QueueController *queue = navView()->queue();
-    if (queue->canPlayPreviousTrack() && audio->currentSeconds() < restartThreshold && !audio->loopStartIsSet())
+    if (queue->canPlayPreviousTrack() && audio->currentSeconds() < restartThreshold &&
+        !audio->loopStartIsSet())
         queue->playPreviousTrack();
     else
         navView()->seekToFrame(0);

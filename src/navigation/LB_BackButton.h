@@ -2,8 +2,8 @@
 
 #include "navigation/SeekButton.h"
 
-/// Short: the start of the song or of the loop, or the previous song within the first seconds. Held: back through
-/// the song, to the loop start or the start.
+/// Short: the start of the song or of the loop, or the previous song within the first seconds.
+/// Held: back through the song, to the loop start or the start.
 class LB_BackButton : public lyrabox::SeekButton {
     Q_OBJECT
 

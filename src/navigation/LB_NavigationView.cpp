@@ -62,7 +62,8 @@ double playFraction(quint64 frame, quint64 totalFrames)
 quint64 frameAtPosition(double x, double width, quint64 totalFrames)
 {
     const double frame = x / width * static_cast<double>(static_cast<float>(totalFrames));
-    return frame > 0.0 ? static_cast<quint64>(frame) : 0; // a pointer dragged out to the left, or no width
+    return frame > 0.0 ? static_cast<quint64>(frame)
+                       : 0; // a pointer dragged out to the left, or no width
 }
 
 double hoverTextPosition(double x, double width)
@@ -72,7 +73,8 @@ double hoverTextPosition(double x, double width)
 
 } // namespace lyrabox
 
-LB_NavigationView::LB_NavigationView(QWidget *parent) : QWidget(parent), m_clock(&monotonicMilliseconds)
+LB_NavigationView::LB_NavigationView(QWidget *parent)
+    : QWidget(parent), m_clock(&monotonicMilliseconds)
 {
     setMouseTracking(true);
     m_refreshTimer.setInterval(refreshInterval);
@@ -194,7 +196,8 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
     QFont textFont = font();
     textFont.setPixelSize(textPixels);
     painter.setFont(textFont);
-    const QRectF line(textMargin, height() - textBottom - textHeight, width() - 2 * textMargin, textHeight);
+    const QRectF line(textMargin, height() - textBottom - textHeight, width() - 2 * textMargin,
+                      textHeight);
     painter.drawText(line, Qt::AlignLeft | Qt::AlignBottom | Qt::TextDontClip, m_elapsedText);
     painter.drawText(line, Qt::AlignRight | Qt::AlignBottom | Qt::TextDontClip, m_totalText);
     if (m_hoverText.isEmpty())
@@ -202,14 +205,16 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
     textFont.setPixelSize(hoverPixels);
     painter.setFont(textFont);
     constexpr double hoverWidth = 50.0;
-    painter.drawText(QRectF(m_hoverX - hoverWidth / 2, height() - hoverBottom - hoverHeight, hoverWidth, hoverHeight),
+    painter.drawText(QRectF(m_hoverX - hoverWidth / 2, height() - hoverBottom - hoverHeight,
+                            hoverWidth, hoverHeight),
                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, m_hoverText);
 }
 
 void LB_NavigationView::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        seekToFrame(lyrabox::frameAtPosition(event->position().x(), width(), m_audio->totalFrames()));
+        seekToFrame(
+            lyrabox::frameAtPosition(event->position().x(), width(), m_audio->totalFrames()));
 }
 
 void LB_NavigationView::mouseMoveEvent(QMouseEvent *event)

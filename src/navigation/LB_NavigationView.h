@@ -20,17 +20,19 @@ QString timeText(qint64 seconds);
 /// `frame` over `totalFrames`, divided in single precision; not a number when there are no frames.
 double playFraction(quint64 frame, quint64 totalFrames);
 
-/// The frame that a click at `x` in a view of `width` means; the total goes through single precision.
+/// The frame that a click at `x` in a view of `width` means; the total goes through single
+/// precision.
 quint64 frameAtPosition(double x, double width, quint64 totalFrames);
 
-/// Where the centre of the hover text stands for a pointer at `x`: never nearer than 22 points to an end.
+/// Where the centre of the hover text stands for a pointer at `x`: never nearer than 22 points to
+/// an end.
 double hoverTextPosition(double x, double width);
 
 } // namespace lyrabox
 
-/// The bar that shows and sets the position. A timer refreshes it four times a second, notices the end of the song
-/// there and asks the queue for the next. Main thread only. References are set once, before awakeFromNib(), and are
-/// not owned.
+/// The bar that shows and sets the position. A timer refreshes it four times a second, notices the
+/// end of the song there and asks the queue for the next. Main thread only. References are set
+/// once, before awakeFromNib(), and are not owned.
 class LB_NavigationView : public QWidget {
     Q_OBJECT
 
@@ -45,7 +47,8 @@ public:
     /// Starts the timer.
     void awakeFromNib();
 
-    /// Moves the position there, or to the loop start when that is set and lies at or behind `frame`.
+    /// Moves the position there, or to the loop start when that is set and lies at or behind
+    /// `frame`.
     void seekToFrame(quint64 frame);
 
     /// Shows the player's position, and starts the next song when the present one has ended.
@@ -65,7 +68,8 @@ public:
     /// The fraction drawn now; it glides to the delegate's between two refreshes.
     double displayedProgress() const;
 
-    /// The timer that empties the hover text 3 s after the pointer's last move, and the one that refreshes.
+    /// The timer that empties the hover text 3 s after the pointer's last move, and the one that
+    /// refreshes.
     QTimer *hoverTimer() { return &m_hoverTimer; }
     QTimer *refreshTimer() { return &m_refreshTimer; }
 

@@ -21,7 +21,8 @@ TimerPeriodicEvents::TimerPeriodicEvents()
     });
 }
 
-void TimerPeriodicEvents::start(double delaySeconds, double periodSeconds, std::function<void()> event)
+void TimerPeriodicEvents::start(double delaySeconds, double periodSeconds,
+                                std::function<void()> event)
 {
     m_event = std::move(event);
     m_period = milliseconds(periodSeconds);

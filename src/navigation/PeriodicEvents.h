@@ -6,8 +6,8 @@
 
 namespace lyrabox {
 
-/// Calls back after a first delay and then at a fixed period, until it is stopped. A test replaces it by one that
-/// is driven by hand.
+/// Calls back after a first delay and then at a fixed period, until it is stopped. A test replaces
+/// it by one that is driven by hand.
 class PeriodicEvents {
 public:
     virtual ~PeriodicEvents() = default;

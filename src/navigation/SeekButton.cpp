@@ -9,7 +9,8 @@
 
 namespace lyrabox {
 
-SeekButton::SeekButton(QWidget *parent) : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
+SeekButton::SeekButton(QWidget *parent)
+    : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
 {
     setFocusPolicy(Qt::TabFocus);
 }

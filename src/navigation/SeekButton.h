@@ -10,9 +10,10 @@ class QKeyEvent;
 
 namespace lyrabox {
 
-/// What the two seek buttons share: a press by mouse or key is a click when it is short, and steps through the song
-/// five times a second when it is held. While a press lasts, other input is swallowed. A press that is cut off (the
-/// button is disabled or hidden, the window is left) ends without a click.
+/// What the two seek buttons share: a press by mouse or key is a click when it is short, and steps
+/// through the song five times a second when it is held. While a press lasts, other input is
+/// swallowed. A press that is cut off (the button is disabled or hidden, the window is left) ends
+/// without a click.
 class SeekButton : public StateButton {
     Q_OBJECT
     Q_PROPERTY(double periodicDelay READ periodicDelay WRITE setPeriodicDelay)
@@ -32,8 +33,8 @@ public:
     /// Reads the periodic delay and interval of the interface definition.
     void awakeFromNib();
 
-    /// The press and hold of a key. True when the key is this button's, also when the button is disabled and
-    /// nothing is done. The release is awaited by the event loop.
+    /// The press and hold of a key. True when the key is this button's, also when the button is
+    /// disabled and nothing is done. The release is awaited by the event loop.
     bool performKeyEquivalent(QKeyEvent *event);
 
     quint64 clickCount() const { return m_clickCount; }

@@ -26,9 +26,12 @@ FocusKind focusKind(const QWidget *focus)
         return FocusKind::Text;
     if (qobject_cast<const QAbstractButton *>(focus) != nullptr)
         return FocusKind::Button;
-    if (qobject_cast<const LB_Slider *>(focus) != nullptr || qobject_cast<const QTreeView *>(focus) != nullptr ||
-        qobject_cast<const SegmentedControl *>(focus) != nullptr || qobject_cast<const QMenu *>(focus) != nullptr ||
-        qobject_cast<const QMenuBar *>(focus) != nullptr || focus->objectName() == QLatin1String("divider"))
+    if (qobject_cast<const LB_Slider *>(focus) != nullptr ||
+        qobject_cast<const QTreeView *>(focus) != nullptr ||
+        qobject_cast<const SegmentedControl *>(focus) != nullptr ||
+        qobject_cast<const QMenu *>(focus) != nullptr ||
+        qobject_cast<const QMenuBar *>(focus) != nullptr ||
+        focus->objectName() == QLatin1String("divider"))
         return FocusKind::Arrows;
     return FocusKind::Other;
 }
@@ -71,7 +74,8 @@ bool TransportView::eventFilter(QObject *watched, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     const FocusKind focus = focusKind(widget);
     if (isOverride) {
-        // Space is a shortcut of the menu; a button that was reached with Tab keeps it all the same.
+        // Space is a shortcut of the menu; a button that was reached with Tab keeps it all the
+        // same.
         if (key->key() == Qt::Key_Space && !transportTakesKey(Qt::Key_Space, focus))
             key->accept();
         return false;

@@ -19,8 +19,9 @@ FocusKind focusKind(const QWidget *focus);
 /// Whether a key (an arrow or Space) goes to the transport rather than to what has the keyboard.
 bool transportTakesKey(int key, FocusKind focus);
 
-/// The transport area of the main window. It takes the keyboard when nothing else wants it, and hands the seek
-/// buttons their keys from anywhere in its window where they are not needed otherwise.
+/// The transport area of the main window. It takes the keyboard when nothing else wants it, and
+/// hands the seek buttons their keys from anywhere in its window where they are not needed
+/// otherwise.
 class TransportView : public QWidget {
     Q_OBJECT
 

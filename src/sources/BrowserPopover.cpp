@@ -18,13 +18,15 @@ BrowserPopoverContent makeBrowserPopover()
 
     auto *controller = new LB_BrowserController(view);
     controller->setBrowserOutlineView(outline);
-    QObject::connect(controller, &LB_BrowserController::hasSelectionChanged, okButton, &QWidget::setEnabled);
+    QObject::connect(controller, &LB_BrowserController::hasSelectionChanged, okButton,
+                     &QWidget::setEnabled);
     // A row may be expanded by a double-click, so it is Return that confirms.
-    QObject::connect(outline, &QAbstractItemView::activated, okButton, [okButton](const QModelIndex &index) {
-        const auto *tree = okButton->browserOutlineView();
-        if (!static_cast<const SourceTreeModel *>(tree->model())->isExpandable(index))
-            okButton->click();
-    });
+    QObject::connect(
+        outline, &QAbstractItemView::activated, okButton, [okButton](const QModelIndex &index) {
+            const auto *tree = okButton->browserOutlineView();
+            if (!static_cast<const SourceTreeModel *>(tree->model())->isExpandable(index))
+                okButton->click();
+        });
     controller->awakeFromNib();
     okButton->setEnabled(controller->hasSelection());
     return {view, controller, okButton};

@@ -9,9 +9,9 @@ namespace lyrabox {
 
 /// One fresh copy of the directory browser's interface.
 struct BrowserPopoverContent {
-    QWidget *view;                       ///< owned by whoever shows it; owns the rest
+    QWidget *view; ///< owned by whoever shows it; owns the rest
     LB_BrowserController *controller;
-    LB_BrowserButton *okButton;          ///< enabled while a row is selected
+    LB_BrowserButton *okButton; ///< enabled while a row is selected
 };
 
 BrowserPopoverContent makeBrowserPopover();

@@ -8,21 +8,23 @@
 
 namespace lyrabox {
 
-/// The path of a folder's URL without a trailing separator; what two folders are compared by. No case folding, no
-/// resolution of links or of "..". A URL without a scheme counts as a path.
+/// The path of a folder's URL without a trailing separator; what two folders are compared by. No
+/// case folding, no resolution of links or of "..". A URL without a scheme counts as a path.
 QString folderPath(const QUrl &url);
 
 /// A file URL of the folder at `path`.
 QUrl folderURL(const QString &path);
 
-/// The paths of a folder's immediate subfolders in the file system's order: no hidden ones, no packages, no links.
-/// Errors end the list where they occur.
+/// The paths of a folder's immediate subfolders in the file system's order: no hidden ones, no
+/// packages, no links. Errors end the list where they occur.
 QStringList subfolderPaths(const QUrl &directory);
 
 /// A source item that is a folder on disk and lists its subfolders when it is first asked for them.
 class DiskFolderItem : public SourceItem {
 public:
-    DiskFolderItem(const QUrl &url, SourceItemRef parent) : SourceItem(std::move(parent)), m_url(url) {}
+    DiskFolderItem(const QUrl &url, SourceItemRef parent)
+        : SourceItem(std::move(parent)), m_url(url)
+    {}
 
     const QUrl &url() const { return m_url; }
 

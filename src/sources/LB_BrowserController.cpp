@@ -7,8 +7,7 @@
 
 LB_BrowserController::LB_BrowserController(QObject *parent)
     : QObject(parent), m_mountedVolumes(&lyrabox::mountedVolumes)
-{
-}
+{}
 
 void LB_BrowserController::setBrowserOutlineView(lyrabox::SourceTreeView *view)
 {

@@ -9,8 +9,9 @@
 #include <functional>
 #include <vector>
 
-/// The directory browser: the home folder and the writable volumes, and what lies beneath. Made anew each time the
-/// browser is opened. Main thread only; the outlet is set once, before awakeFromNib(), and is not owned.
+/// The directory browser: the home folder and the writable volumes, and what lies beneath. Made
+/// anew each time the browser is opened. Main thread only; the outlet is set once, before
+/// awakeFromNib(), and is not owned.
 class LB_BrowserController : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY hasSelectionChanged)

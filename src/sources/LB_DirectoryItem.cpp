@@ -5,8 +5,7 @@
 
 LB_DirectoryItem::LB_DirectoryItem(const QUrl &url, const std::shared_ptr<LB_DirectoryItem> &parent)
     : DiskFolderItem(url, parent)
-{
-}
+{}
 
 QString LB_DirectoryItem::name() const
 {
@@ -31,5 +30,6 @@ LB_DirectoryItem::Appearance LB_DirectoryItem::appearance() const
 
 lyrabox::SourceItemRef LB_DirectoryItem::makeChild(const QUrl &url)
 {
-    return std::make_shared<LB_DirectoryItem>(url, std::static_pointer_cast<LB_DirectoryItem>(shared_from_this()));
+    return std::make_shared<LB_DirectoryItem>(
+        url, std::static_pointer_cast<LB_DirectoryItem>(shared_from_this()));
 }

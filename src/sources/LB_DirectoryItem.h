@@ -2,8 +2,8 @@
 
 #include "sources/FolderListing.h"
 
-/// One folder of the directory browser: the home folder, a mounted volume, or a subfolder. It lists its folder
-/// once in its lifetime.
+/// One folder of the directory browser: the home folder, a mounted volume, or a subfolder. It lists
+/// its folder once in its lifetime.
 class LB_DirectoryItem : public lyrabox::DiskFolderItem {
 public:
     LB_DirectoryItem(const QUrl &url, const std::shared_ptr<LB_DirectoryItem> &parent);

@@ -12,8 +12,7 @@ constexpr double unreachableObliqueness = 0.2;
 
 LB_FolderItem::LB_FolderItem(const QUrl &url, const std::shared_ptr<LB_FolderItem> &parent)
     : DiskFolderItem(url, parent)
-{
-}
+{}
 
 QString LB_FolderItem::itemID() const
 {
@@ -38,5 +37,6 @@ bool LB_FolderItem::isReachable() const
 
 lyrabox::SourceItemRef LB_FolderItem::makeChild(const QUrl &url)
 {
-    return std::make_shared<LB_FolderItem>(url, std::static_pointer_cast<LB_FolderItem>(shared_from_this()));
+    return std::make_shared<LB_FolderItem>(
+        url, std::static_pointer_cast<LB_FolderItem>(shared_from_this()));
 }

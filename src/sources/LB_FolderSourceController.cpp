@@ -42,8 +42,7 @@ void collectExpanded(const lyrabox::SourceTreeView *view, const lyrabox::SourceT
 
 LB_FolderSourceController::LB_FolderSourceController(QObject *parent)
     : QObject(parent), m_model(new lyrabox::SourceTreeModel(this))
-{
-}
+{}
 
 LB_FolderSourceController::~LB_FolderSourceController() = default;
 
@@ -55,7 +54,8 @@ void LB_FolderSourceController::setFolderOutlineView(lyrabox::SourceTreeView *vi
     view->setPlaceholderText(tr("No folders yet. Press + to add one, or drop a folder here."));
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { outlineViewSelectionDidChange(); });
-    connect(view, &lyrabox::SourceTreeView::foldersDropped, this, &LB_FolderSourceController::addFolders);
+    connect(view, &lyrabox::SourceTreeView::foldersDropped, this,
+            &LB_FolderSourceController::addFolders);
 }
 
 void LB_FolderSourceController::setup()
@@ -95,7 +95,8 @@ void LB_FolderSourceController::restoreSelection()
 
     m_folderOutlineView->expand(m_model->indexOf(node));
     for (const QString &component : std::as_const(components)) {
-        current = (current == QLatin1String("/") ? QString() : current) + QLatin1Char('/') + component;
+        current =
+            (current == QLatin1String("/") ? QString() : current) + QLatin1Char('/') + component;
         const FolderRef child = childWithURL(node, lyrabox::folderURL(current));
         if (child == nullptr)
             break;
@@ -137,7 +138,8 @@ void LB_FolderSourceController::directorySelectedToAdd(LB_BrowserButton *sender)
 {
     const lyrabox::SourceTreeView *browser = sender->browserOutlineView();
     const auto *model = qobject_cast<const lyrabox::SourceTreeModel *>(browser->model());
-    const auto item = std::static_pointer_cast<LB_DirectoryItem>(model->itemAt(browser->selectedRow()));
+    const auto item =
+        std::static_pointer_cast<LB_DirectoryItem>(model->itemAt(browser->selectedRow()));
     if (item == nullptr)
         return;
     addFolders({item->url()});
@@ -165,7 +167,8 @@ void LB_FolderSourceController::removeFolder(QWidget *anchor)
         return;
     auto *content = LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
-    content->messageField()->setText(tr("Remove folder '%1'?").arg(m_selectedFolder->itemName().text));
+    content->messageField()->setText(
+        tr("Remove folder '%1'?").arg(m_selectedFolder->itemName().text));
     m_popover->setContentView(content->view());
     m_popover->setContentSize(content->view()->size());
     m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);
@@ -245,8 +248,8 @@ LB_FolderSourceController::FolderRef LB_FolderSourceController::rootWithURL(cons
     return nullptr;
 }
 
-LB_FolderSourceController::FolderRef LB_FolderSourceController::childWithURL(const FolderRef &folder,
-                                                                             const QUrl &url) const
+LB_FolderSourceController::FolderRef
+LB_FolderSourceController::childWithURL(const FolderRef &folder, const QUrl &url) const
 {
     const QString path = lyrabox::folderPath(url);
     for (const lyrabox::SourceItemRef &child : folder->children()) {
@@ -257,7 +260,8 @@ LB_FolderSourceController::FolderRef LB_FolderSourceController::childWithURL(con
     return nullptr;
 }
 
-LB_FolderSourceController::FolderRef LB_FolderSourceController::folderAt(const QModelIndex &index) const
+LB_FolderSourceController::FolderRef
+LB_FolderSourceController::folderAt(const QModelIndex &index) const
 {
     return std::static_pointer_cast<LB_FolderItem>(m_model->itemAt(index));
 }

@@ -18,8 +18,9 @@ class ButtonMatrix;
 class Popover;
 } // namespace lyrabox
 
-/// The folder tab: the root folders that the user added, their trees, and the folder selected, whose songs the
-/// track table shows. Main thread only. Outlets are set once, before setup(), and are not owned.
+/// The folder tab: the root folders that the user added, their trees, and the folder selected,
+/// whose songs the track table shows. Main thread only. Outlets are set once, before setup(), and
+/// are not owned.
 class LB_FolderSourceController : public QObject {
     Q_OBJECT
 
@@ -61,8 +62,8 @@ public:
     void storeFolders();
     void deselectFolder();
 
-    /// A volume came or went: every tree is listed anew. What was expanded and can still be found stays expanded,
-    /// and the selection stays without a new scan.
+    /// A volume came or went: every tree is listed anew. What was expanded and can still be found
+    /// stays expanded, and the selection stays without a new scan.
     void volumeMountChanged();
     void outlineViewSelectionDidChange();
 

@@ -3,8 +3,7 @@
 LB_PlaylistItem::LB_PlaylistItem(const lyrabox::MusicPlaylist &playlist,
                                  const std::shared_ptr<LB_PlaylistItem> &parent)
     : SourceItem(parent), m_playlist(playlist)
-{
-}
+{}
 
 void LB_PlaylistItem::discardChildren()
 {

@@ -6,7 +6,8 @@
 /// One playlist of the music library, or a folder of playlists.
 class LB_PlaylistItem : public lyrabox::SourceItem {
 public:
-    LB_PlaylistItem(const lyrabox::MusicPlaylist &playlist, const std::shared_ptr<LB_PlaylistItem> &parent);
+    LB_PlaylistItem(const lyrabox::MusicPlaylist &playlist,
+                    const std::shared_ptr<LB_PlaylistItem> &parent);
 
     /// The library's entry, a copy taken at creation.
     const lyrabox::MusicPlaylist &playlistDictionary() const { return m_playlist; }

@@ -10,7 +10,8 @@ namespace notification = lyrabox::notification;
 
 namespace {
 
-/// Of the playlists that the music application keeps for itself, the only kind that is shown: all music.
+/// Of the playlists that the music application keeps for itself, the only kind that is shown: all
+/// music.
 constexpr qint64 shownDistinguishedKind = 4;
 
 bool isShown(const lyrabox::MusicPlaylist &playlist)
@@ -23,25 +24,23 @@ bool isShown(const lyrabox::MusicPlaylist &playlist)
 
 LB_PlaylistSourceController::LB_PlaylistSourceController(QObject *parent)
     : QObject(parent), m_model(new lyrabox::SourceTreeModel(this))
-{
-}
+{}
 
 void LB_PlaylistSourceController::setPlaylistOutlineView(lyrabox::SourceTreeView *view)
 {
     m_playlistOutlineView = view;
     view->setModel(m_model);
-    view->setPlaceholderText(
-        tr("No playlists. Choose a music library in the File menu, or add folders on the other tab."));
+    view->setPlaceholderText(tr(
+        "No playlists. Choose a music library in the File menu, or add folders on the other tab."));
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { outlineViewSelectionDidChange(); });
 }
 
 void LB_PlaylistSourceController::setup()
 {
-    NotificationCenter::defaultCenter().addObserver(m_playlistOutlineView, notification::folderSelected,
-                                                    [view = m_playlistOutlineView] {
-                                                        view->selectionModel()->clear();
-                                                    });
+    NotificationCenter::defaultCenter().addObserver(
+        m_playlistOutlineView, notification::folderSelected,
+        [view = m_playlistOutlineView] { view->selectionModel()->clear(); });
     std::vector<lyrabox::SourceItemRef> roots;
     if (const lyrabox::MusicLibraryRef library = m_tracks->iTunesLibraryDictionary()) {
         for (const lyrabox::MusicPlaylist &playlist : library->playlists) {
@@ -51,7 +50,8 @@ void LB_PlaylistSourceController::setup()
                 roots.push_back(std::make_shared<LB_PlaylistItem>(playlist, nullptr));
                 continue;
             }
-            // One pass: a folder that comes later in the library, or is hidden, hides what it holds.
+            // One pass: a folder that comes later in the library, or is hidden, hides what it
+            // holds.
             const PlaylistRef parent =
                 playlistItemMatchingPersistentIDInArray(playlist.parentPersistentID, roots);
             if (parent != nullptr)
@@ -71,14 +71,16 @@ void LB_PlaylistSourceController::restoreSelection()
         return;
     }
     std::vector<lyrabox::SourceItemRef> ancestors;
-    for (lyrabox::SourceItemRef parent = item->parent(); parent != nullptr; parent = parent->parent())
+    for (lyrabox::SourceItemRef parent = item->parent(); parent != nullptr;
+         parent = parent->parent())
         ancestors.insert(ancestors.begin(), parent);
     for (const lyrabox::SourceItemRef &ancestor : ancestors)
         m_playlistOutlineView->expand(m_model->indexOf(ancestor));
     m_playlistOutlineView->selectRow(m_model->indexOf(item));
 }
 
-LB_PlaylistSourceController::PlaylistRef LB_PlaylistSourceController::playlistItemMatchingPersistentIDInArray(
+LB_PlaylistSourceController::PlaylistRef
+LB_PlaylistSourceController::playlistItemMatchingPersistentIDInArray(
     const std::optional<QString> &persistentID, const std::vector<lyrabox::SourceItemRef> &items)
 {
     if (!persistentID)
@@ -87,7 +89,8 @@ LB_PlaylistSourceController::PlaylistRef LB_PlaylistSourceController::playlistIt
         auto playlist = std::static_pointer_cast<LB_PlaylistItem>(item);
         if (playlist->itemID() == *persistentID)
             return playlist;
-        if (auto found = playlistItemMatchingPersistentIDInArray(persistentID, playlist->children()))
+        if (auto found =
+                playlistItemMatchingPersistentIDInArray(persistentID, playlist->children()))
             return found;
     }
     return nullptr;
@@ -95,11 +98,12 @@ LB_PlaylistSourceController::PlaylistRef LB_PlaylistSourceController::playlistIt
 
 void LB_PlaylistSourceController::outlineViewSelectionDidChange()
 {
-    const auto item =
-        std::static_pointer_cast<LB_PlaylistItem>(m_model->itemAt(m_playlistOutlineView->selectedRow()));
+    const auto item = std::static_pointer_cast<LB_PlaylistItem>(
+        m_model->itemAt(m_playlistOutlineView->selectedRow()));
     if (item == nullptr)
         return;
     lyrabox::userDefaults().setValue(lyrabox::defaultsKey::playlist, item->itemID());
     NotificationCenter::defaultCenter().post(notification::playlistSelected);
-    m_tracks->getTracksForiTunesPlaylistArrayPlaylistID(item->playlistDictionary().items, item->itemID());
+    m_tracks->getTracksForiTunesPlaylistArrayPlaylistID(item->playlistDictionary().items,
+                                                        item->itemID());
 }

@@ -11,8 +11,9 @@
 
 class LB_TrackController;
 
-/// The playlist tab: the music library's playlists as a tree, built once, and the playlist selected, whose songs
-/// the track table shows. Main thread only. Outlets are set once, before setup(), and are not owned.
+/// The playlist tab: the music library's playlists as a tree, built once, and the playlist
+/// selected, whose songs the track table shows. Main thread only. Outlets are set once, before
+/// setup(), and are not owned.
 class LB_PlaylistSourceController : public QObject {
     Q_OBJECT
 
@@ -32,9 +33,11 @@ public:
     /// Selects the playlist remembered in the user defaults, or the first.
     void restoreSelection();
 
-    /// The first item in depth-first order whose identifier is the given one; none when there is none.
-    static PlaylistRef playlistItemMatchingPersistentIDInArray(const std::optional<QString> &persistentID,
-                                                               const std::vector<lyrabox::SourceItemRef> &items);
+    /// The first item in depth-first order whose identifier is the given one; none when there is
+    /// none.
+    static PlaylistRef
+    playlistItemMatchingPersistentIDInArray(const std::optional<QString> &persistentID,
+                                            const std::vector<lyrabox::SourceItemRef> &items);
 
     void outlineViewSelectionDidChange();
 

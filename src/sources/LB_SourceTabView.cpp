@@ -49,7 +49,8 @@ void LB_SourceTabView::showTab(Tab tab)
 
 void LB_SourceTabView::storeSelectedTab()
 {
-    lyrabox::userDefaults().setValue(lyrabox::defaultsKey::lastTab, m_tabSelector->selectedSegment());
+    lyrabox::userDefaults().setValue(lyrabox::defaultsKey::lastTab,
+                                     m_tabSelector->selectedSegment());
 }
 
 void LB_SourceTabView::showAddRemoveButtonsOn(int tab)

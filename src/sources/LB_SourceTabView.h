@@ -10,8 +10,8 @@ class ButtonMatrix;
 class SegmentedControl;
 } // namespace lyrabox
 
-/// Switches between the playlists (tab 0) and the folders (tab 1), and sets up the source side at start. Main
-/// thread only. Outlets are set once, before awakeFromNib(), and are not owned.
+/// Switches between the playlists (tab 0) and the folders (tab 1), and sets up the source side at
+/// start. Main thread only. Outlets are set once, before awakeFromNib(), and are not owned.
 class LB_SourceTabView : public QStackedWidget {
     Q_OBJECT
 
@@ -25,12 +25,18 @@ public:
     lyrabox::ButtonMatrix *addRemoveButtons() const { return m_addRemoveButtons; }
     void setAddRemoveButtons(lyrabox::ButtonMatrix *buttons) { m_addRemoveButtons = buttons; }
     LB_FolderSourceController *folderController() const { return m_folderController; }
-    void setFolderController(LB_FolderSourceController *controller) { m_folderController = controller; }
+    void setFolderController(LB_FolderSourceController *controller)
+    {
+        m_folderController = controller;
+    }
     LB_PlaylistSourceController *playlistController() const { return m_playlistController; }
-    void setPlaylistController(LB_PlaylistSourceController *controller) { m_playlistController = controller; }
+    void setPlaylistController(LB_PlaylistSourceController *controller)
+    {
+        m_playlistController = controller;
+    }
 
-    /// Sets up the settings store, the track list, the playlists and the folders, in this order, and restores the
-    /// remembered tab with its selection.
+    /// Sets up the settings store, the track list, the playlists and the folders, in this order,
+    /// and restores the remembered tab with its selection.
     void awakeFromNib();
 
     void segmentedControlPressed(lyrabox::SegmentedControl *sender);

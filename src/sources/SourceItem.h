@@ -9,8 +9,9 @@
 
 namespace lyrabox {
 
-/// A node of one of the source trees: folders, playlists, directories. A child keeps its parent alive and a parent
-/// its listed children; whoever owns the roots calls discardChildren() on them before letting go.
+/// A node of one of the source trees: folders, playlists, directories. A child keeps its parent
+/// alive and a parent its listed children; whoever owns the roots calls discardChildren() on them
+/// before letting go.
 class SourceItem : public std::enable_shared_from_this<SourceItem> {
 public:
     explicit SourceItem(std::shared_ptr<SourceItem> parent) : m_parent(std::move(parent)) {}
@@ -27,7 +28,10 @@ public:
     int numberOfChildren() { return static_cast<int>(children().size()); }
 
     /// `index` is in the range of numberOfChildren().
-    std::shared_ptr<SourceItem> childAtIndex(int index) { return children().at(static_cast<std::size_t>(index)); }
+    std::shared_ptr<SourceItem> childAtIndex(int index)
+    {
+        return children().at(static_cast<std::size_t>(index));
+    }
 
     /// Whether children() would have nothing to list.
     virtual bool isListed() const = 0;
@@ -38,9 +42,9 @@ public:
     /// How the node is shown.
     struct Appearance {
         QString text;
-        QIcon icon;                             ///< null for none
+        QIcon icon; ///< null for none
         QColor foreground = QColor(Qt::black);
-        double obliqueness = 0.0;               ///< slant of the letters; anything but 0 is drawn italic
+        double obliqueness = 0.0; ///< slant of the letters; anything but 0 is drawn italic
     };
     virtual Appearance appearance() const = 0;
 

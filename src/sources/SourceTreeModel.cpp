@@ -10,8 +10,9 @@ namespace {
 
 int rowIn(const std::vector<SourceItemRef> &items, const SourceItem *item)
 {
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [item](const SourceItemRef &candidate) { return candidate.get() == item; });
+    const auto found =
+        std::find_if(items.begin(), items.end(),
+                     [item](const SourceItemRef &candidate) { return candidate.get() == item; });
     return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
@@ -90,7 +91,8 @@ QModelIndex SourceTreeModel::index(int row, int column, const QModelIndex &paren
 {
     if (!hasIndex(row, column, parent))
         return {};
-    const std::vector<SourceItemRef> &items = parent.isValid() ? rawItem(parent)->children() : m_roots;
+    const std::vector<SourceItemRef> &items =
+        parent.isValid() ? rawItem(parent)->children() : m_roots;
     return createIndex(row, column, items.at(static_cast<std::size_t>(row)).get());
 }
 
@@ -101,7 +103,8 @@ QModelIndex SourceTreeModel::parent(const QModelIndex &child) const
 
 int SourceTreeModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? rawItem(parent)->numberOfChildren() : static_cast<int>(m_roots.size());
+    return parent.isValid() ? rawItem(parent)->numberOfChildren()
+                            : static_cast<int>(m_roots.size());
 }
 
 int SourceTreeModel::columnCount(const QModelIndex &) const

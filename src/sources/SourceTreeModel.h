@@ -6,8 +6,8 @@
 
 namespace lyrabox {
 
-/// The one item model of the three source trees. It holds the roots in order; the items beneath are theirs. A
-/// folder is not listed before its row is shown: until then it counts as having children.
+/// The one item model of the three source trees. It holds the roots in order; the items beneath are
+/// theirs. A folder is not listed before its row is shown: until then it counts as having children.
 class SourceTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -31,8 +31,8 @@ public:
     /// Invalid for none, and for an item that is not in the tree.
     QModelIndex indexOf(const SourceItemRef &item) const;
 
-    /// Whether the item has children; lists its folder if that was not done yet. The top level is always
-    /// expandable.
+    /// Whether the item has children; lists its folder if that was not done yet. The top level is
+    /// always expandable.
     bool isExpandable(const QModelIndex &index) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;

@@ -53,13 +53,15 @@ void SourceTreeView::selectRow(const QModelIndex &index)
 {
     if (!index.isValid())
         return;
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
     scrollTo(index);
 }
 
 QModelIndex SourceTreeView::selectedRow() const
 {
-    const QModelIndexList rows = selectionModel() != nullptr ? selectionModel()->selectedRows() : QModelIndexList();
+    const QModelIndexList rows =
+        selectionModel() != nullptr ? selectionModel()->selectedRows() : QModelIndexList();
     return rows.isEmpty() ? QModelIndex() : rows.first();
 }
 
@@ -85,7 +87,8 @@ void SourceTreeView::keyPressEvent(QKeyEvent *event)
         QTreeView::keyPressEvent(event);
 }
 
-void SourceTreeView::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
+void SourceTreeView::drawBranches(QPainter *painter, const QRect &rect,
+                                  const QModelIndex &index) const
 {
     const auto *tree = qobject_cast<const SourceTreeModel *>(model());
     if (tree == nullptr || !tree->isExpandable(index))
@@ -106,9 +109,10 @@ void SourceTreeView::paintEvent(QPaintEvent *event)
         return;
     QPainter painter(viewport());
     painter.setPen(QColor(0x6b, 0x77, 0x7a));
-    painter.drawText(viewport()->rect().adjusted(placeholderMargin, placeholderMargin, -placeholderMargin,
-                                                 -placeholderMargin),
-                     static_cast<int>(Qt::AlignTop | Qt::AlignHCenter) | Qt::TextWordWrap, m_placeholderText);
+    painter.drawText(viewport()->rect().adjusted(placeholderMargin, placeholderMargin,
+                                                 -placeholderMargin, -placeholderMargin),
+                     static_cast<int>(Qt::AlignTop | Qt::AlignHCenter) | Qt::TextWordWrap,
+                     m_placeholderText);
 }
 
 void SourceTreeView::dragEnterEvent(QDragEnterEvent *event)

@@ -6,8 +6,9 @@
 
 namespace lyrabox {
 
-/// The outline of a source tree. It asks whether a row can be expanded when it draws it, so that a folder is listed
-/// on disk when its row is first shown and not before. Where the tree is empty, a gray text says what can be done.
+/// The outline of a source tree. It asks whether a row can be expanded when it draws it, so that a
+/// folder is listed on disk when its row is first shown and not before. Where the tree is empty, a
+/// gray text says what can be done.
 class SourceTreeView : public QTreeView {
     Q_OBJECT
 
@@ -34,7 +35,8 @@ Q_SIGNALS:
     void foldersDropped(const QList<QUrl> &folders);
 
 protected:
-    void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const override;
+    void drawBranches(QPainter *painter, const QRect &rect,
+                      const QModelIndex &index) const override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;

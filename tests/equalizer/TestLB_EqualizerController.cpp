@@ -25,7 +25,8 @@ namespace {
 
 using testing::ElementsAre;
 
-EqPresetRef preset(qint64 id, const QString &name, float level, const std::optional<QString> &persistent)
+EqPresetRef preset(qint64 id, const QString &name, float level,
+                   const std::optional<QString> &persistent)
 {
     auto made = std::make_shared<EqPreset>();
     made->id = id;
@@ -41,11 +42,11 @@ struct Equalizer : testing::Test {
         userDefaults().remove(defaultsKey::eqPreset);
         if (storedPreset)
             userDefaults().setValue(defaultsKey::eqPreset, *storedPreset);
-        presets = std::make_shared<EqPresetList>(
-            EqPresetList{user, rock, manual, bass});
+        presets = std::make_shared<EqPresetList>(EqPresetList{user, rock, manual, bass});
         transport.settings.setEqPresetArray(presets);
         ui.setupUi(&window);
-        for (ButtonMatrix *steps : ui.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly)) {
+        for (ButtonMatrix *steps :
+             ui.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly)) {
             for (int tag = 0; tag < 3; ++tag)
                 steps->addCell(tag, QStringLiteral("x"), QStringLiteral("x"));
         }
@@ -61,7 +62,10 @@ struct Equalizer : testing::Test {
         controller.awakeFromNib();
     }
 
-    void launch() { NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching); }
+    void launch()
+    {
+        NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching);
+    }
     QStringList names() const
     {
         QStringList list;
@@ -78,8 +82,14 @@ struct Equalizer : testing::Test {
     {
         ui.presetTableView->selectRow(static_cast<int>(names().indexOf(name)));
     }
-    LB_Slider *slider(int band) const { return window.findChild<LB_Slider *>(QStringLiteral("slider%1").arg(band)); }
-    NumberField *box(int band) const { return window.findChild<NumberField *>(QStringLiteral("box%1").arg(band)); }
+    LB_Slider *slider(int band) const
+    {
+        return window.findChild<LB_Slider *>(QStringLiteral("slider%1").arg(band));
+    }
+    NumberField *box(int band) const
+    {
+        return window.findChild<NumberField *>(QStringLiteral("box%1").arg(band));
+    }
     ButtonMatrix *steps(int band) const
     {
         return window.findChild<ButtonMatrix *>(QStringLiteral("steps%1").arg(band));
@@ -98,7 +108,10 @@ struct Equalizer : testing::Test {
     {
         return transport.controller->eqLevelForIndex(LB_EqualizerController::eqBandForIndex(band));
     }
-    QWidget *popoverChild(const char *name) const { return popover.findChild<QWidget *>(QLatin1String(name)); }
+    QWidget *popoverChild(const char *name) const
+    {
+        return popover.findChild<QWidget *>(QLatin1String(name));
+    }
 
     EqPresetRef manual = preset(0, QStringLiteral("Manual"), 0.0F, QStringLiteral("2"));
     EqPresetRef bass = preset(1, QStringLiteral("bass"), 3.0F, QStringLiteral("1"));
@@ -128,8 +141,8 @@ TEST(EqBand, IsEveryThirdBandFromTheThird)
 TEST_F(Equalizer, ArrangesBuiltInPresetsFirstThenByNameIgnoringCase)
 {
     launch();
-    EXPECT_THAT(names(), ElementsAre(QStringLiteral("Manual"), QStringLiteral("bass"), QStringLiteral("Rock"),
-                                     QStringLiteral("Attic")));
+    EXPECT_THAT(names(), ElementsAre(QStringLiteral("Manual"), QStringLiteral("bass"),
+                                     QStringLiteral("Rock"), QStringLiteral("Attic")));
 }
 
 TEST_F(Equalizer, TouchesNothingBeforeTheLaunch)
@@ -216,7 +229,8 @@ TEST_F(Equalizer, EditingABoxSetsTheEngineAndTheSlider)
 TEST_F(Equalizer, TypedValueOutsideIsBroughtToTheLimitByTheBox)
 {
     launch();
-    QObject::connect(box(2), &NumberField::entered, &controller, &LB_EqualizerController::boxValueChanged);
+    QObject::connect(box(2), &NumberField::entered, &controller,
+                     &LB_EqualizerController::boxValueChanged);
     box(2)->selectAll();
     QTest::keyClicks(box(2), QStringLiteral("40"));
     QTest::keyClick(box(2), Qt::Key_Return);
@@ -357,7 +371,8 @@ TEST_F(Equalizer, ReturnInABoxGivesTheKeyboardToTheSliders)
 TEST_F(Equalizer, PresetTableModelKeepsItsPromises)
 {
     PresetTableModel model;
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.setArrangedObjects(*presets);
     EXPECT_EQ(model.rowCount(), 4);
     model.setArrangedObjects({});

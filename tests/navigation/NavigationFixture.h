@@ -44,7 +44,8 @@ struct NavigationFixture {
         view.setQueue(&queue);
         view.setClock([this] { return now; });
         view.resize(400, 40);
-        for (SeekButton *button : {static_cast<SeekButton *>(&back), static_cast<SeekButton *>(&forward)}) {
+        for (SeekButton *button :
+             {static_cast<SeekButton *>(&back), static_cast<SeekButton *>(&forward)}) {
             button->setNavView(&view);
             button->resize(40, 40);
             button->setPeriodicDelay(0.4);
@@ -70,7 +71,10 @@ struct NavigationFixture {
         view.updateTimeDisplay();
     }
 
-    QString playingTitle() { return audio().currentTrack() ? audio().currentTrack()->title.value() : QString(); }
+    QString playingTitle()
+    {
+        return audio().currentTrack() ? audio().currentTrack()->title.value() : QString();
+    }
 
     void setLoopStart(quint64 frame)
     {

@@ -21,13 +21,11 @@ struct NavigationView : testing::Test {
     void click(int x) { QTest::mouseClick(&f.view, Qt::LeftButton, {}, QPoint(x, 20)); }
     void hover(int x)
     {
-        QMouseEvent move(QEvent::MouseMove, QPointF(x, 20), QPointF(x, 20), Qt::NoButton, Qt::NoButton, {});
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, 20), QPointF(x, 20), Qt::NoButton,
+                         Qt::NoButton, {});
         QApplication::sendEvent(&f.view, &move);
     }
-    QColor pixel(int x, int y = 37)
-    {
-        return f.view.grab().toImage().pixelColor(x, y);
-    }
+    QColor pixel(int x, int y = 37) { return f.view.grab().toImage().pixelColor(x, y); }
 };
 
 const QColor played(52, 152, 219);
@@ -35,7 +33,8 @@ const QColor ground(189, 195, 199);
 
 bool isNear(const QColor &a, const QColor &b, int tolerance = 2)
 {
-    return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance &&
+    return std::abs(a.red() - b.red()) <= tolerance &&
+           std::abs(a.green() - b.green()) <= tolerance &&
            std::abs(a.blue() - b.blue()) <= tolerance;
 }
 

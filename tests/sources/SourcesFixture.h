@@ -24,11 +24,13 @@
 
 namespace lyrabox::test {
 
-/// Both source controllers over a track list, with folders on disk beneath `disk` and a library in memory.
+/// Both source controllers over a track list, with folders on disk beneath `disk` and a library in
+/// memory.
 struct SourcesFixture : testing::Test {
     SourcesFixture()
     {
-        for (const QString &key : {defaultsKey::folderPath, defaultsKey::playlist, defaultsKey::lastTab})
+        for (const QString &key :
+             {defaultsKey::folderPath, defaultsKey::playlist, defaultsKey::lastTab})
             userDefaults().remove(key);
         queue.setAudio(transport.controller.get());
         queue.setErrorField(&errorField);
@@ -59,11 +61,13 @@ struct SourcesFixture : testing::Test {
     }
     void setUnreadable(const QString &name)
     {
-        files::setReadabilityProbe([unreadable = path(name)](const QString &probed) { return probed != unreadable; });
+        files::setReadabilityProbe(
+            [unreadable = path(name)](const QString &probed) { return probed != unreadable; });
     }
 
     /// The rows of an outline, as far as they are expanded, each indented by two blanks a level.
-    static QStringList rowsOf(const SourceTreeView &view, const QModelIndex &parent = {}, int level = 0)
+    static QStringList rowsOf(const SourceTreeView &view, const QModelIndex &parent = {},
+                              int level = 0)
     {
         QStringList rows;
         for (int row = 0; row < view.model()->rowCount(parent); ++row) {

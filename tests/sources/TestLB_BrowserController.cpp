@@ -36,7 +36,8 @@ TEST_F(Browser, ShowsOnlyTheHomeFolderWithoutWritableVolumes)
 {
     wake({});
     EXPECT_EQ(roots(), QStringList({homeName()}));
-    EXPECT_FALSE(std::static_pointer_cast<LB_DirectoryItem>(controller.model()->roots().front())->isVolume());
+    EXPECT_FALSE(std::static_pointer_cast<LB_DirectoryItem>(controller.model()->roots().front())
+                     ->isVolume());
 }
 
 TEST_F(Browser, LeavesReadOnlyVolumesOut)
@@ -50,7 +51,8 @@ TEST_F(Browser, ShowsAVolumeByItsNameAndNotByItsMountPath)
 {
     wake({{QStringLiteral("/media/sdb1"), QStringLiteral("My Songs"), false}});
     EXPECT_EQ(roots().last(), QStringLiteral("My Songs"));
-    const auto volume = std::static_pointer_cast<LB_DirectoryItem>(controller.model()->roots().back());
+    const auto volume =
+        std::static_pointer_cast<LB_DirectoryItem>(controller.model()->roots().back());
     EXPECT_TRUE(volume->isVolume());
     EXPECT_EQ(folderPath(volume->url()), QStringLiteral("/media/sdb1"));
 }
@@ -67,7 +69,8 @@ TEST_F(Browser, AnArrowKeyBeginsAtTheFirstRow)
 {
     wake({});
     view.setCurrentIndex({});
-    view.selectionModel()->setCurrentIndex(view.model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    view.selectionModel()->setCurrentIndex(view.model()->index(0, 0),
+                                           QItemSelectionModel::NoUpdate);
     ASSERT_FALSE(controller.hasSelection());
     QTest::keyClick(&view, Qt::Key_Down);
     EXPECT_EQ(view.selectedRow(), view.model()->index(0, 0));
@@ -112,10 +115,12 @@ TEST(SourceTreeModel, KeepsItsPromises)
     ASSERT_TRUE(QDir(disk.path()).mkpath(QStringLiteral("a/b")));
     ASSERT_TRUE(QDir(disk.path()).mkpath(QStringLiteral("c")));
     SourceTreeModel model;
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
     const auto root = std::make_shared<LB_DirectoryItem>(folderURL(disk.path()), nullptr);
     model.appendRoot(root);
-    model.appendRoot(std::make_shared<LB_DirectoryItem>(folderURL(disk.filePath(QStringLiteral("a"))), nullptr));
+    model.appendRoot(
+        std::make_shared<LB_DirectoryItem>(folderURL(disk.filePath(QStringLiteral("a"))), nullptr));
     const QModelIndex first = model.index(0, 0);
     EXPECT_EQ(model.rowCount(first), 2);
     EXPECT_EQ(model.parent(model.index(0, 0, first)), first);

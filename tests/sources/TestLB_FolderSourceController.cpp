@@ -23,7 +23,10 @@ struct FolderSource : test::SourcesFixture {
         folders.restoreSelection();
     }
     QString storedPath() const { return userDefaults().value(defaultsKey::folderPath).toString(); }
-    void remember(const QString &name) const { userDefaults().setValue(defaultsKey::folderPath, path(name)); }
+    void remember(const QString &name) const
+    {
+        userDefaults().setValue(defaultsKey::folderPath, path(name));
+    }
     void select(int row) { folderView.selectRow(folderView.model()->index(row, 0)); }
 };
 
@@ -200,10 +203,13 @@ TEST_F(FolderSource, FolderOfOnlyFilesHiddenFoldersOrPackagesIsNotExpandable)
     ASSERT_TRUE(QFile::link(disk.path(), path(QStringLiteral("links/up"))));
     makeFolder(QStringLiteral("real/sub"));
     for (const char *name : {"files", "hidden", "packages", "links"}) {
-        const auto item = std::make_shared<LB_FolderItem>(folderURL(path(QLatin1String(name))), nullptr);
+        const auto item =
+            std::make_shared<LB_FolderItem>(folderURL(path(QLatin1String(name))), nullptr);
         EXPECT_EQ(item->numberOfChildren(), 0) << name;
     }
-    EXPECT_EQ(std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("real"))), nullptr)->numberOfChildren(), 1);
+    EXPECT_EQ(std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("real"))), nullptr)
+                  ->numberOfChildren(),
+              1);
 }
 
 TEST_F(FolderSource, MountingOrUnmountingListsEveryTreeAnewAndKeepsWhatWasExpandedAndSelected)
@@ -218,10 +224,12 @@ TEST_F(FolderSource, MountingOrUnmountingListsEveryTreeAnewAndKeepsWhatWasExpand
     ASSERT_TRUE(QDir(path(QStringLiteral("s"))).rmdir(QStringLiteral("gone")));
     int scans = 0;
     QObject observer;
-    NotificationCenter::defaultCenter().addObserver(&observer, notification::folderSelected, [&] { ++scans; });
+    NotificationCenter::defaultCenter().addObserver(&observer, notification::folderSelected,
+                                                    [&] { ++scans; });
     NotificationCenter::defaultCenter().post(notification::volumeDidMount);
-    EXPECT_THAT(rowsOf(folderView), UnorderedElementsAre(QStringLiteral("r"), QStringLiteral("  old"),
-                                                         QStringLiteral("  new"), QStringLiteral("s")));
+    EXPECT_THAT(rowsOf(folderView),
+                UnorderedElementsAre(QStringLiteral("r"), QStringLiteral("  old"),
+                                     QStringLiteral("  new"), QStringLiteral("s")));
     EXPECT_EQ(selectedText(folderView), QStringLiteral("old"));
     EXPECT_EQ(scans, 0);
     makeFolder(QStringLiteral("s/back"));
@@ -260,14 +268,17 @@ TEST_F(FolderSource, ButtonTagDecidesBetweenAddAndRemove)
     popover.closePopover();
     buttons.pressCellWithTag(0);
     folders.addRemoveButtonPressed(&buttons);
-    EXPECT_EQ(popover.contentView()->findChild<SourceTreeView *>(QStringLiteral("browserOutlineView")), nullptr);
+    EXPECT_EQ(
+        popover.contentView()->findChild<SourceTreeView *>(QStringLiteral("browserOutlineView")),
+        nullptr);
     EXPECT_TRUE(popover.isShown());
 }
 
 TEST_F(FolderSource, UnreachableFolderIsSlantedAndGray)
 {
     makeFolder(QStringLiteral("r"));
-    const auto item = std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("r"))), nullptr);
+    const auto item =
+        std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("r"))), nullptr);
     EXPECT_EQ(item->itemName().foreground, QColor(Qt::black));
     EXPECT_EQ(item->itemName().obliqueness, 0.0);
     setUnreadable(QStringLiteral("r"));

@@ -33,7 +33,10 @@ struct PlaylistSource : test::SourcesFixture {
             ids.append(std::static_pointer_cast<LB_PlaylistItem>(root)->itemID());
         return ids;
     }
-    QString storedPlaylist() const { return userDefaults().value(defaultsKey::playlist).toString(); }
+    QString storedPlaylist() const
+    {
+        return userDefaults().value(defaultsKey::playlist).toString();
+    }
 };
 
 TEST_F(PlaylistSource, ShowsOnlyVisiblePlaylistsOfTheRightKind)
@@ -45,8 +48,8 @@ TEST_F(PlaylistSource, ShowsOnlyVisiblePlaylistsOfTheRightKind)
     add(QStringLiteral("movies")).distinguishedKind = 2;
     add(QStringLiteral("zero")).distinguishedKind = 0;
     playlists.setup();
-    EXPECT_EQ(topLevel(),
-              QStringList({QStringLiteral("plain"), QStringLiteral("visible"), QStringLiteral("music")}));
+    EXPECT_EQ(topLevel(), QStringList({QStringLiteral("plain"), QStringLiteral("visible"),
+                                       QStringLiteral("music")}));
 }
 
 TEST_F(PlaylistSource, ChildListedBeforeItsFolderIsMissing)
@@ -77,8 +80,9 @@ TEST_F(PlaylistSource, RestoringExpandsTheAncestorsOfADeepPlaylist)
     playlists.setup();
     playlists.restoreSelection();
     EXPECT_EQ(selectedText(playlistView), QStringLiteral("Name 3"));
-    EXPECT_THAT(rowsOf(playlistView), ElementsAre(QStringLiteral("Name first"), QStringLiteral("Name 1"),
-                                                  QStringLiteral("  Name 2"), QStringLiteral("    Name 3")));
+    EXPECT_THAT(rowsOf(playlistView),
+                ElementsAre(QStringLiteral("Name first"), QStringLiteral("Name 1"),
+                            QStringLiteral("  Name 2"), QStringLiteral("    Name 3")));
     EXPECT_EQ(listShown(), QStringLiteral("3"));
 }
 
@@ -118,7 +122,8 @@ TEST_F(PlaylistSource, SelectingAFolderClearsTheSelectionWithoutLoadingAndKeepsT
     playlists.restoreSelection();
     int announced = 0;
     QObject observer;
-    NotificationCenter::defaultCenter().addObserver(&observer, notification::playlistSelected, [&] { ++announced; });
+    NotificationCenter::defaultCenter().addObserver(&observer, notification::playlistSelected,
+                                                    [&] { ++announced; });
     NotificationCenter::defaultCenter().post(notification::folderSelected);
     EXPECT_EQ(selectedText(playlistView), QString());
     EXPECT_EQ(announced, 0);
@@ -136,8 +141,8 @@ TEST_F(PlaylistSource, SearchGoesThroughChildrenBeforeTheNextItem)
         QStringLiteral("twin"), playlists.model()->roots());
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(found->itemName(), QStringLiteral("inner"));
-    EXPECT_EQ(LB_PlaylistSourceController::playlistItemMatchingPersistentIDInArray(std::nullopt,
-                                                                                   playlists.model()->roots()),
+    EXPECT_EQ(LB_PlaylistSourceController::playlistItemMatchingPersistentIDInArray(
+                  std::nullopt, playlists.model()->roots()),
               nullptr);
 }
 

@@ -32,8 +32,9 @@ struct SourceTabs : test::SourcesFixture {
         const auto support = transport.settings.applicationSupportDirectory();
         QFile file(support->toLocalFile() + QStringLiteral("/Folders.plist"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><array><string>" +
-                   path(QStringLiteral("r")).toUtf8() + "</string></array></plist>\n");
+        file.write(
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><array><string>" +
+            path(QStringLiteral("r")).toUtf8() + "</string></array></plist>\n");
     }
     void press(int segment)
     {

@@ -24,12 +24,14 @@ extern "C" int clone(int (*function)(void *), void *stack, int flags, void *argu
 }
 #endif
 
-/// Runs the tests of one executable on the offscreen platform, with home, settings and user defaults in a
-/// temporary folder, in English.
+/// Runs the tests of one executable on the offscreen platform, with home, settings and user
+/// defaults in a temporary folder, in English.
 int main(int argc, char **argv)
 {
     const QTemporaryDir home;
-    const auto inHome = [&](const char *name) { return home.filePath(QLatin1String(name)).toLocal8Bit(); };
+    const auto inHome = [&](const char *name) {
+        return home.filePath(QLatin1String(name)).toLocal8Bit();
+    };
     qputenv("HOME", inHome("home"));
     qputenv("XDG_DATA_HOME", inHome("data"));
     qputenv("XDG_CONFIG_HOME", inHome("config"));

@@ -65,14 +65,16 @@ void Composition::launch()
     m_volumes = std::make_unique<VolumeWatcher>();
     m_updater.setCurrentVersion(QStringLiteral(LYRABOX_VERSION));
     m_updater.setFeedURL(QUrl(updateFeedAddress()));
-    m_updater.setPresenter(updateDialogs(&m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
+    m_updater.setPresenter(updateDialogs(
+        &m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
     m_updater.setAutomaticallyChecksForUpdates(true);
 }
 
 void Composition::showEqualizer()
 {
     if (std::exchange(m_placesEqWindow, false)) {
-        // The first time, over the upper part of the main window, so that the transport stays in sight.
+        // The first time, over the upper part of the main window, so that the transport stays in
+        // sight.
         const QRect main = m_mainWindow.geometry();
         m_eqWindow.move(main.center().x() - m_eqWindow.width() / 2, main.top());
     }
@@ -182,12 +184,18 @@ void Composition::connectTransport()
             [this, audio] { audio->playPauseButtonPressed(m_main.playPauseButton); });
     connect(m_main.loopButton, &QAbstractButton::clicked, audio,
             [this, audio] { audio->loopButtonPressed(m_main.loopButton); });
-    connect(m_main.playbackSpeedMatrix, &ButtonMatrix::pressed, audio, &LB_AudioController::speedButtonPressed);
-    connect(m_main.playbackSpeedSlider, &LB_Slider::moved, audio, &LB_AudioController::speedSliderMoved);
-    connect(m_main.playbackSpeedTextField, &NumberField::entered, audio, &LB_AudioController::speedTextChanged);
-    connect(m_main.playbackPitchMatrix, &ButtonMatrix::pressed, audio, &LB_AudioController::pitchButtonPressed);
-    connect(m_main.playbackPitchSlider, &LB_Slider::moved, audio, &LB_AudioController::pitchSliderMoved);
-    connect(m_main.playbackPitchTextField, &NumberField::entered, audio, &LB_AudioController::pitchTextChanged);
+    connect(m_main.playbackSpeedMatrix, &ButtonMatrix::pressed, audio,
+            &LB_AudioController::speedButtonPressed);
+    connect(m_main.playbackSpeedSlider, &LB_Slider::moved, audio,
+            &LB_AudioController::speedSliderMoved);
+    connect(m_main.playbackSpeedTextField, &NumberField::entered, audio,
+            &LB_AudioController::speedTextChanged);
+    connect(m_main.playbackPitchMatrix, &ButtonMatrix::pressed, audio,
+            &LB_AudioController::pitchButtonPressed);
+    connect(m_main.playbackPitchSlider, &LB_Slider::moved, audio,
+            &LB_AudioController::pitchSliderMoved);
+    connect(m_main.playbackPitchTextField, &NumberField::entered, audio,
+            &LB_AudioController::pitchTextChanged);
 
     // The volume slider and the volume are tied to each other.
     connect(m_main.outputVolumeSlider, &LB_Slider::moved, audio,
@@ -203,10 +211,11 @@ void Composition::connectTransport()
         m_queue.setIsShuffling(m_main.shuffleButton->state() == 1);
         m_queue.shuffleButtonPressed(m_main.shuffleButton);
     });
-    connect(&m_queue, &LB_QueueController::isShufflingChanged, m_main.shuffleButton, [this](bool shuffling) {
-        m_main.shuffleButton->setState(shuffling ? 1 : 0);
-        m_menu->shuffle->setChecked(shuffling);
-    });
+    connect(&m_queue, &LB_QueueController::isShufflingChanged, m_main.shuffleButton,
+            [this](bool shuffling) {
+                m_main.shuffleButton->setState(shuffling ? 1 : 0);
+                m_menu->shuffle->setChecked(shuffling);
+            });
 }
 
 void Composition::connectLists()
@@ -217,7 +226,8 @@ void Composition::connectLists()
             &LB_FolderSourceController::addRemoveButtonPressed);
     const auto bindRemoveButton = [this] {
         const auto folder = m_folders.selectedFolder();
-        m_main.addRemoveButtons->cellWithTag(0)->setEnabled(folder != nullptr && folder->isRemovable());
+        m_main.addRemoveButtons->cellWithTag(0)->setEnabled(folder != nullptr &&
+                                                            folder->isRemovable());
     };
     connect(&m_folders, &LB_FolderSourceController::selectedFolderChanged, m_main.addRemoveButtons,
             bindRemoveButton);
@@ -238,13 +248,16 @@ void Composition::connectEqualizer()
     connect(m_eq.addRemoveButton, &QAbstractButton::clicked, &m_equalizer,
             [this] { m_equalizer.addRemoveButtonPressed(m_eq.addRemoveButton); });
     for (LB_Slider *slider : m_eq.sliders->findChildren<LB_Slider *>())
-        connect(slider, &LB_Slider::moved, &m_equalizer, &LB_EqualizerController::sliderValueChanged);
+        connect(slider, &LB_Slider::moved, &m_equalizer,
+                &LB_EqualizerController::sliderValueChanged);
     for (NumberField *box : m_eq.boxes->findChildren<NumberField *>()) {
         connect(box, &NumberField::entered, &m_equalizer, &LB_EqualizerController::boxValueChanged);
-        connect(box, &QLineEdit::editingFinished, &m_equalizer, &LB_EqualizerController::controlTextDidEndEditing);
+        connect(box, &QLineEdit::editingFinished, &m_equalizer,
+                &LB_EqualizerController::controlTextDidEndEditing);
     }
     for (ButtonMatrix *steps : m_eq.stepControls->findChildren<ButtonMatrix *>())
-        connect(steps, &ButtonMatrix::pressed, &m_equalizer, &LB_EqualizerController::eqButtonPressed);
+        connect(steps, &ButtonMatrix::pressed, &m_equalizer,
+                &LB_EqualizerController::eqButtonPressed);
 }
 
 } // namespace lyrabox

@@ -23,8 +23,9 @@ namespace lyrabox {
 
 class MainMenu;
 
-/// The composition root: it builds both windows and every controller, sets every outlet, connects every action, and
-/// wakes them in the fixed start-up order. Nothing else in the program knows everybody. Main thread; one object.
+/// The composition root: it builds both windows and every controller, sets every outlet, connects
+/// every action, and wakes them in the fixed start-up order. Nothing else in the program knows
+/// everybody. Main thread; one object.
 class Composition : public QObject {
     Q_OBJECT
 

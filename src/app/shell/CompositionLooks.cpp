@@ -17,8 +17,8 @@ namespace {
 
 constexpr double labelSize = 11.0;
 
-void addSteps(ButtonMatrix *matrix, const QString &downText, const QString &downName, const QString &resetName,
-              const QString &upText, const QString &upName)
+void addSteps(ButtonMatrix *matrix, const QString &downText, const QString &downName,
+              const QString &resetName, const QString &upText, const QString &upName)
 {
     matrix->addCell(0, downText, downName);
     matrix->addCell(1, {}, resetName, NamedImage(u"ResetButton"_s));
@@ -52,13 +52,14 @@ void fill(QWidget *widget, const QColor &color)
 
 void Composition::buildCells()
 {
-    addSteps(m_main.playbackSpeedMatrix, u"−"_s, tr("Slower by 5 percent"), tr("Normal speed"), u"+"_s,
-             tr("Faster by 5 percent"));
-    addSteps(m_main.playbackPitchMatrix, u"♭"_s, tr("A semitone down"), tr("Original pitch"), u"♯"_s,
-             tr("A semitone up"));
+    addSteps(m_main.playbackSpeedMatrix, u"−"_s, tr("Slower by 5 percent"), tr("Normal speed"),
+             u"+"_s, tr("Faster by 5 percent"));
+    addSteps(m_main.playbackPitchMatrix, u"♭"_s, tr("A semitone down"), tr("Original pitch"),
+             u"♯"_s, tr("A semitone up"));
     m_main.addRemoveButtons->addCell(1, {}, tr("Add a folder"), NamedImage(u"PlusButton"_s));
     m_main.addRemoveButtons->addCell(0, {}, tr("Remove the folder"), NamedImage(u"MinusButton"_s));
-    for (ButtonMatrix *steps : m_eq.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly))
+    for (ButtonMatrix *steps :
+         m_eq.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly))
         addSteps(steps, u"−"_s, tr("Down 1 decibel"), tr("0 decibels"), u"+"_s, tr("Up 1 decibel"));
     m_main.tabSelector->setSegments({tr("Playlists"), tr("Folders")});
 }
@@ -70,8 +71,9 @@ void Composition::applyLooks()
     m_main.playPauseButton->setGround(Ground::RoundAccent);
     setImages(m_main.seekBackwardButton, u"SeekBackward"_s, u"SeekBackwardAlt"_s);
     setImages(m_main.seekForwardButton, u"SeekForward"_s, u"SeekForwardAlt"_s);
-    for (StateButton *button : {static_cast<StateButton *>(m_main.seekBackwardButton),
-                                static_cast<StateButton *>(m_main.seekForwardButton), m_main.loopButton})
+    for (StateButton *button :
+         {static_cast<StateButton *>(m_main.seekBackwardButton),
+          static_cast<StateButton *>(m_main.seekForwardButton), m_main.loopButton})
         button->setGround(Ground::Round);
     m_main.loopButton->setAllowsMixedState(true);
     m_main.playPauseButton->setStateTexts(tr("Play"), {}, tr("Pause"));
@@ -105,7 +107,8 @@ void Composition::applyLooks()
     connect(&m_tracks, &LB_TrackController::highlightedColumnChanged, header,
             &LB_TableHeaderCell::setHighlightedSection);
     LB_TableRowView::install(m_main.trackTableView, LB_TableRowView::Separators::Hairline);
-    auto *images = new LB_InvertibleImageCellView(m_main.trackTableView, LB_TableRowView::Separators::Hairline);
+    auto *images = new LB_InvertibleImageCellView(m_main.trackTableView,
+                                                  LB_TableRowView::Separators::Hairline);
     m_main.trackTableView->setItemDelegateForColumn(TrackTableModel::IsPlaying, images);
     m_main.trackTableView->setItemDelegateForColumn(TrackTableModel::HasSettings, images);
     LB_TableRowView::install(m_main.playlistOutlineView);

@@ -1,4 +1,5 @@
-// The menu's commands. A command that a control has as well works through the control, so that both stay alike.
+// The menu's commands. A command that a control has as well works through the control, so that both
+// stay alike.
 
 #include "app/shell/Composition.h"
 #include "app/shell/HelpText.h"
@@ -27,7 +28,8 @@ void Composition::connectMenu()
 {
     LB_AudioController *audio = m_audio.get();
     const auto press = [this](QAction *action, ButtonMatrix *matrix, int tag) {
-        connect(action, &QAction::triggered, matrix, [matrix, tag] { matrix->pressCellWithTag(tag); });
+        connect(action, &QAction::triggered, matrix,
+                [matrix, tag] { matrix->pressCellWithTag(tag); });
     };
     const auto click = [this](QAction *action, QAbstractButton *button) {
         connect(action, &QAction::triggered, button, &QAbstractButton::click);
@@ -46,14 +48,18 @@ void Composition::connectMenu()
         if (m_queue.canPlayPreviousTrack())
             m_queue.playPreviousTrack();
     });
-    connect(m_menu->volumeUp, &QAction::triggered, audio,
-            [audio] { audio->setOutputVolume(std::min(1.0F, audio->outputVolume() + volumeStep)); });
-    connect(m_menu->volumeDown, &QAction::triggered, audio,
-            [audio] { audio->setOutputVolume(std::max(0.0F, audio->outputVolume() - volumeStep)); });
+    connect(m_menu->volumeUp, &QAction::triggered, audio, [audio] {
+        audio->setOutputVolume(std::min(1.0F, audio->outputVolume() + volumeStep));
+    });
+    connect(m_menu->volumeDown, &QAction::triggered, audio, [audio] {
+        audio->setOutputVolume(std::max(0.0F, audio->outputVolume() - volumeStep));
+    });
 
     connect(m_menu->saveSettings, &QAction::triggered, audio, &LB_AudioController::saveSettings);
-    connect(m_menu->removeSettings, &QAction::triggered, audio, &LB_AudioController::removeSettings);
-    connect(m_menu->showCurrentSong, &QAction::triggered, &m_tracks, &LB_TrackController::scrollToCurrentTrack);
+    connect(m_menu->removeSettings, &QAction::triggered, audio,
+            &LB_AudioController::removeSettings);
+    connect(m_menu->showCurrentSong, &QAction::triggered, &m_tracks,
+            &LB_TrackController::scrollToCurrentTrack);
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, notification::currentTrackChanged, [this] { updateMenu(); });
     center.addObserver(this, notification::songSettingsChanged, [this] { updateMenu(); });
@@ -71,18 +77,22 @@ void Composition::connectMenu()
     });
 
     connect(m_menu->mainWindow, &QAction::triggered, &m_appDelegate, [this] {
-        m_menu->mainWindow->setChecked(m_mainWindow.isActiveWindow()); // the window's state decides, not the click
+        m_menu->mainWindow->setChecked(
+            m_mainWindow.isActiveWindow()); // the window's state decides, not the click
         m_appDelegate.toggleMainWindow();
     });
     connect(m_menu->eqWindow, &QAction::triggered, &m_appDelegate, [this] {
         m_menu->eqWindow->setChecked(m_eqWindow.isActiveWindow());
         showEqualizer();
     });
-    connect(m_menu->emailSupport, &QAction::triggered, &m_appDelegate, &LB_AppDelegate::emailSupport);
+    connect(m_menu->emailSupport, &QAction::triggered, &m_appDelegate,
+            &LB_AppDelegate::emailSupport);
     connect(m_menu->openWebsite, &QAction::triggered, &m_appDelegate, &LB_AppDelegate::openWebsite);
     connect(m_menu->checkForUpdates, &QAction::triggered, &m_updater, &SUUpdater::checkForUpdates);
-    connect(m_menu->keys, &QAction::triggered, this, [this] { showHelp(tr("Keys"), keysHelpText()); });
-    connect(m_menu->about, &QAction::triggered, this, [this] { showHelp(tr("About Lyrabox"), aboutText()); });
+    connect(m_menu->keys, &QAction::triggered, this,
+            [this] { showHelp(tr("Keys"), keysHelpText()); });
+    connect(m_menu->about, &QAction::triggered, this,
+            [this] { showHelp(tr("About Lyrabox"), aboutText()); });
 }
 
 void Composition::updateMenu()
@@ -106,13 +116,14 @@ void Composition::showHelp(const QString &title, const QString &text)
 
 void Composition::chooseLibrary()
 {
-    const QString file = QFileDialog::getOpenFileName(
-        &m_mainWindow, tr("Choose Music Library"), QString(),
-        tr("Music libraries (*.xml *.plist);;All files (*)"));
+    const QString file =
+        QFileDialog::getOpenFileName(&m_mainWindow, tr("Choose Music Library"), QString(),
+                                     tr("Music libraries (*.xml *.plist);;All files (*)"));
     if (file.isEmpty())
         return;
     if (chooseMusicLibrary(file))
-        showHelp(tr("Music library chosen"), tr("Its playlists are shown from the next start of Lyrabox on."));
+        showHelp(tr("Music library chosen"),
+                 tr("Its playlists are shown from the next start of Lyrabox on."));
     else
         showHelp(tr("The music library could not be chosen"),
                  tr("The preferences could not be written."));

@@ -12,16 +12,17 @@ struct HelpText {
 
 QString keysHelpText()
 {
-    return HelpText::tr("Space: play or pause\n"
-                        "Left, Right: click to go back or to the next song, hold to move through the song\n"
-                        "L: mark the start of a loop, then its end, then clear it\n"
-                        "- and =: slower and faster; 0: normal speed\n"
-                        "[ and ]: a semitone down and up; \\: original pitch\n"
-                        "Ctrl+Up, Ctrl+Down: volume\n"
-                        "Return: play the selected song\n"
-                        "Ctrl+S: keep the speed and pitch of the song\n"
-                        "Ctrl+F: search\n"
-                        "Ctrl+1, Ctrl+2: the main window, the equalizer");
+    return HelpText::tr(
+        "Space: play or pause\n"
+        "Left, Right: click to go back or to the next song, hold to move through the song\n"
+        "L: mark the start of a loop, then its end, then clear it\n"
+        "- and =: slower and faster; 0: normal speed\n"
+        "[ and ]: a semitone down and up; \\: original pitch\n"
+        "Ctrl+Up, Ctrl+Down: volume\n"
+        "Return: play the selected song\n"
+        "Ctrl+S: keep the speed and pitch of the song\n"
+        "Ctrl+F: search\n"
+        "Ctrl+1, Ctrl+2: the main window, the equalizer");
 }
 
 QString aboutText()

@@ -65,10 +65,12 @@ int leftPaneWidthAfterResize(int currentWidth, int splitViewWidth)
 
 } // namespace lyrabox
 
-LB_AppDelegate::LB_AppDelegate(QObject *parent) : QObject(parent), m_openURL(&QDesktopServices::openUrl)
+LB_AppDelegate::LB_AppDelegate(QObject *parent)
+    : QObject(parent), m_openURL(&QDesktopServices::openUrl)
 {
     lyrabox::NotificationCenter::defaultCenter().addObserver(
-        this, lyrabox::notification::applicationDidFinishLaunching, [this] { applicationDidFinishLaunching(); });
+        this, lyrabox::notification::applicationDidFinishLaunching,
+        [this] { applicationDidFinishLaunching(); });
 }
 
 void LB_AppDelegate::setMainWindow(QMainWindow *window)
@@ -88,9 +90,12 @@ void LB_AppDelegate::applicationDidFinishLaunching()
     lyrabox::setWindowBackground(m_mainWindow);
     lyrabox::setWindowBackground(m_eqWindow);
     m_transportView->setFocus();
-    // Neither window is in a list that the menu would make by itself: the two items are the only ones.
-    connect(m_searchField, &lyrabox::SearchField::canceled, this, &LB_AppDelegate::searchFieldCanceled);
-    connect(m_searchField, &QLineEdit::editingFinished, this, &LB_AppDelegate::controlTextDidEndEditing);
+    // Neither window is in a list that the menu would make by itself: the two items are the only
+    // ones.
+    connect(m_searchField, &lyrabox::SearchField::canceled, this,
+            &LB_AppDelegate::searchFieldCanceled);
+    connect(m_searchField, &QLineEdit::editingFinished, this,
+            &LB_AppDelegate::controlTextDidEndEditing);
 }
 
 void LB_AppDelegate::toggleMainWindow()
@@ -131,7 +136,8 @@ void LB_AppDelegate::searchFieldCanceled(lyrabox::SearchField *sender)
 
 void LB_AppDelegate::controlTextDidEndEditing()
 {
-    // Focus that has gone to another control by itself stays there; only Return leaves it in the field.
+    // Focus that has gone to another control by itself stays there; only Return leaves it in the
+    // field.
     if (m_searchField->hasFocus())
         m_transportView->setFocus();
 }

@@ -24,9 +24,9 @@ int leftPaneWidthAfterResize(int currentWidth, int splitViewWidth);
 
 } // namespace lyrabox
 
-/// The hub of the two windows: their appearance at launch, the check marks of their menu items, the split view's
-/// limits, the keyboard after a search, and the links. Outlets are set once, before the launch notification, and
-/// are not owned.
+/// The hub of the two windows: their appearance at launch, the check marks of their menu items, the
+/// split view's limits, the keyboard after a search, and the links. Outlets are set once, before
+/// the launch notification, and are not owned.
 class LB_AppDelegate : public QObject, public lyrabox::SplitViewDelegate {
     Q_OBJECT
 

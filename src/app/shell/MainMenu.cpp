@@ -13,7 +13,8 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
 
     QMenu *file = bar->addMenu(tr("&File"));
     addFolder = add(file, tr("&Add Folder…"), {Qt::CTRL | Qt::Key_O});
-    chooseMusicLibrary = add(file, tr("Choose &Music Library…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_O});
+    chooseMusicLibrary =
+        add(file, tr("Choose &Music Library…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_O});
     file->addSeparator();
     quit = add(file, tr("&Quit"), {Qt::CTRL | Qt::Key_Q});
     quit->setMenuRole(QAction::QuitRole);

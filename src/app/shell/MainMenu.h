@@ -8,9 +8,9 @@ class QMenu;
 
 namespace lyrabox {
 
-/// The menu bar of the main window. It holds the commands and shows their shortcuts; what they do is connected by
-/// the composition root. Shortcuts work in both windows; single keys are left to a text field that has the
-/// keyboard.
+/// The menu bar of the main window. It holds the commands and shows their shortcuts; what they do
+/// is connected by the composition root. Shortcuts work in both windows; single keys are left to a
+/// text field that has the keyboard.
 class MainMenu : public QObject {
     Q_OBJECT
 

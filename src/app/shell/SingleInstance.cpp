@@ -20,10 +20,12 @@ constexpr int retryTime = 50;
 constexpr qsizetype largestMessage = 1024 * 1024;
 const QByteArray acknowledgement = "ok";
 
-/// A socket of this user's for this folder. Sockets have short names, so the folder is in it as a hash.
+/// A socket of this user's for this folder. Sockets have short names, so the folder is in it as a
+/// hash.
 QString socketName(const QString &folder)
 {
-    const QByteArray hash = QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
+    const QByteArray hash =
+        QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
     QString directory = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (directory.isEmpty())
         directory = QDir::tempPath();
@@ -41,7 +43,9 @@ QByteArray message(const QList<QUrl> &urls)
 } // namespace
 
 SingleInstance::SingleInstance(const QString &folder, QObject *parent)
-    : QObject(parent), m_socketName(socketName(folder)), m_lock(QDir(folder).filePath(u".running"_s))
+    : QObject(parent),
+      m_socketName(socketName(folder)),
+      m_lock(QDir(folder).filePath(u".running"_s))
 {
     m_lock.setStaleLockTime(0); // a lock is stale only when its process is gone
     m_server.setSocketOptions(QLocalServer::UserAccessOption);

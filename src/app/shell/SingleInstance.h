@@ -11,8 +11,8 @@
 
 namespace lyrabox {
 
-/// Sees to it that one process per settings folder runs: the first holds a lock in the folder and listens; a later
-/// one asks it to come to the front, hands over what it was to open, and ends.
+/// Sees to it that one process per settings folder runs: the first holds a lock in the folder and
+/// listens; a later one asks it to come to the front, hands over what it was to open, and ends.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -22,8 +22,8 @@ public:
         Second, ///< end; the first one has been asked, or does not answer
     };
 
-    /// `folder` is the settings folder, which exists. Where it cannot be written to, every process counts as the
-    /// first: nothing can be written there twice either.
+    /// `folder` is the settings folder, which exists. Where it cannot be written to, every process
+    /// counts as the first: nothing can be written there twice either.
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
     ~SingleInstance() override;
 

@@ -17,7 +17,8 @@ struct UpdateDialog {
     Q_DECLARE_TR_FUNCTIONS(UpdateDialog)
 };
 
-/// None of the dialogs blocks: a check that runs by itself must not stop the music or the other windows.
+/// None of the dialogs blocks: a check that runs by itself must not stop the music or the other
+/// windows.
 void open(QDialog *dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -41,7 +42,8 @@ SUUpdater::Presenter updateDialogs(QWidget *parent, std::function<bool(const QUr
         auto *dialog = new QDialog(parent);
         dialog->setWindowTitle(UpdateDialog::tr("Updates"));
         auto *layout = new QVBoxLayout(dialog);
-        auto *headline = new QLabel(UpdateDialog::tr("Lyrabox %1 is available.").arg(update.version), dialog);
+        auto *headline =
+            new QLabel(UpdateDialog::tr("Lyrabox %1 is available.").arg(update.version), dialog);
         headline->setTextFormat(Qt::PlainText);
         headline->setWordWrap(true);
         layout->addWidget(headline);
@@ -54,12 +56,14 @@ SUUpdater::Presenter updateDialogs(QWidget *parent, std::function<bool(const QUr
         buttons->addButton(UpdateDialog::tr("Later"), QDialogButtonBox::RejectRole);
         QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
         if (!update.page.isEmpty()) {
-            QPushButton *page = buttons->addButton(UpdateDialog::tr("Open Its Page"), QDialogButtonBox::AcceptRole);
+            QPushButton *page =
+                buttons->addButton(UpdateDialog::tr("Open Its Page"), QDialogButtonBox::AcceptRole);
             page->setDefault(true);
-            QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, [dialog, openURL, url = update.page] {
-                openURL(url);
-                dialog->close();
-            });
+            QObject::connect(buttons, &QDialogButtonBox::accepted, dialog,
+                             [dialog, openURL, url = update.page] {
+                                 openURL(url);
+                                 dialog->close();
+                             });
         }
         layout->addWidget(buttons);
         open(dialog);

@@ -29,7 +29,8 @@ int main(int argc, char **argv)
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal;
     fatal.present = [](const QString &description, const QString &recoverySuggestion) {
-        QMessageBox alert(QMessageBox::Critical, QStringLiteral("Lyrabox"), description, QMessageBox::Ok);
+        QMessageBox alert(QMessageBox::Critical, QStringLiteral("Lyrabox"), description,
+                          QMessageBox::Ok);
         alert.setInformativeText(recoverySuggestion);
         alert.exec();
     };
@@ -40,9 +41,12 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
 
     lyrabox::Composition composition(std::move(audio));
-    QObject::connect(&application, &QApplication::aboutToQuit, &composition, &lyrabox::Composition::terminate);
+    QObject::connect(&application, &QApplication::aboutToQuit, &composition,
+                     &lyrabox::Composition::terminate);
     QObject::connect(&application, &QApplication::commitDataRequest, &composition,
-                     [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartIfRunning); });
+                     [](QSessionManager &session) {
+                         session.setRestartHint(QSessionManager::RestartIfRunning);
+                     });
     composition.launch();
     instance.setHandler([&composition](const QList<QUrl> &urls) {
         composition.bringToFront();

@@ -11,20 +11,23 @@ namespace lyrabox {
 
 /// Parameter IDs, in the units that each stage documents.
 namespace parameter {
-constexpr std::uint32_t outputVolume = 14;      ///< output: linear, 0.0 to 1.0
-constexpr std::uint32_t rate = 0;               ///< time/pitch: 1.0 is normal speed
-constexpr std::uint32_t pitch = 1;              ///< time/pitch: cents, 0.0 is unchanged
-constexpr std::uint32_t equalizerBands = 31;    ///< equalizer: IDs 0 to 30, dB, ISO 266 from 20 Hz to 20 kHz
-constexpr std::uint32_t equalizerFixed = 31;    ///< equalizer: set to 0.0 at every build, without effect
+constexpr std::uint32_t outputVolume = 14; ///< output: linear, 0.0 to 1.0
+constexpr std::uint32_t rate = 0;          ///< time/pitch: 1.0 is normal speed
+constexpr std::uint32_t pitch = 1;         ///< time/pitch: cents, 0.0 is unchanged
+constexpr std::uint32_t equalizerBands =
+    31; ///< equalizer: IDs 0 to 30, dB, ISO 266 from 20 Hz to 20 kHz
+constexpr std::uint32_t equalizerFixed =
+    31; ///< equalizer: set to 0.0 at every build, without effect
 } // namespace parameter
 
-/// Fills `ioData` with the next `inNumberFrames` frames of a stage's input. Called on the audio callback
-/// thread: no allocation, no lock, no logging. Returns 0, or a status that makes the pull deliver silence.
+/// Fills `ioData` with the next `inNumberFrames` frames of a stage's input. Called on the audio
+/// callback thread: no allocation, no lock, no logging. Returns 0, or a status that makes the pull
+/// deliver silence.
 using RenderCallback = Status (*)(void *inRefCon, std::uint32_t inNumberFrames,
                                   AudioBufferList &ioData) noexcept;
 
-/// A stage of the chain. Control side (main or device-notification thread, serialised by the caller) unless a
-/// member says "callback thread".
+/// A stage of the chain. Control side (main or device-notification thread, serialised by the
+/// caller) unless a member says "callback thread".
 class AudioUnit {
 public:
     AudioUnit() = default;
@@ -32,30 +35,32 @@ public:
     AudioUnit &operator=(const AudioUnit &) = delete;
     virtual ~AudioUnit() = default;
 
-    /// Allocates everything that the stage will ever need; after it nothing on the callback thread allocates.
+    /// Allocates everything that the stage will ever need; after it nothing on the callback thread
+    /// allocates.
     virtual Status initialize() = 0;
 
     /// The value last set; 0.0 for an ID that the stage does not have.
     virtual float parameter(std::uint32_t id) const = 0;
 
-    /// Takes effect at the next pull. invalidParameter for an ID that the stage does not have; a value that is
-    /// not finite is refused with invalidParameter as well.
+    /// Takes effect at the next pull. invalidParameter for an ID that the stage does not have; a
+    /// value that is not finite is refused with invalidParameter as well.
     virtual Status setParameter(std::uint32_t id, float value) = 0;
 
-    /// Drops what the stage holds of the signal; parameters stay. Requested here, carried out by the callback
-    /// thread before it renders again.
+    /// Drops what the stage holds of the signal; parameters stay. Requested here, carried out by
+    /// the callback thread before it renders again.
     virtual void reset() = 0;
 };
 
 /// A stage that others pull from.
 class RenderingUnit : public AudioUnit {
 public:
-    /// Callback thread. Delivers exactly `frames` frames into `ioData` (one buffer per channel, each of
-    /// `frames` * 4 bytes, allocated by the caller).
+    /// Callback thread. Delivers exactly `frames` frames into `ioData` (one buffer per channel,
+    /// each of `frames` * 4 bytes, allocated by the caller).
     virtual void render(std::uint32_t frames, AudioBufferList &ioData) noexcept = 0;
 };
 
-/// The 31-band graphic equalizer. Pulls its input from the render callback in exactly the frames it is asked for.
+/// The 31-band graphic equalizer. Pulls its input from the render callback in exactly the frames it
+/// is asked for.
 class EqualizerUnit : public RenderingUnit {
 public:
     /// The input format, which the whole chain adopts.
@@ -65,7 +70,8 @@ public:
     virtual Status setRenderCallback(RenderCallback callback, void *context) = 0;
 };
 
-/// Time stretching and pitch shifting. Pulls its source in slices of sliceFrames, never more at once.
+/// Time stretching and pitch shifting. Pulls its source in slices of sliceFrames, never more at
+/// once.
 class TimePitchUnit : public RenderingUnit {
 public:
     static constexpr std::uint32_t sliceFrames = 128;
@@ -82,15 +88,16 @@ public:
 
     virtual Status start() = 0;
 
-    /// Control side: returns when no callback runs or will run. From inside the callback it only marks the
-    /// unit as stopped; the device is halted from outside later.
+    /// Control side: returns when no callback runs or will run. From inside the callback it only
+    /// marks the unit as stopped; the device is halted from outside later.
     virtual Status stop() noexcept = 0;
 
     /// Any thread.
     virtual bool isRunning() const noexcept = 0;
 };
 
-/// Tells when the default output device changes, or when the sound server came back after it had gone.
+/// Tells when the default output device changes, or when the sound server came back after it had
+/// gone.
 class DefaultOutputWatcher {
 public:
     DefaultOutputWatcher() = default;
@@ -98,13 +105,13 @@ public:
     DefaultOutputWatcher &operator=(const DefaultOutputWatcher &) = delete;
     virtual ~DefaultOutputWatcher() = default;
 
-    /// `listener` runs on the device-notification thread, one call at a time. A second listen() replaces the
-    /// listener. Returns noAudioDevice where changes can't be watched.
+    /// `listener` runs on the device-notification thread, one call at a time. A second listen()
+    /// replaces the listener. Returns noAudioDevice where changes can't be watched.
     virtual Status listen(std::function<void()> listener) = 0;
 };
 
-/// Makes the stages of a chain; a test replaces the output by one that is pulled by hand. A null result is a
-/// missing component.
+/// Makes the stages of a chain; a test replaces the output by one that is pulled by hand. A null
+/// result is a missing component.
 struct AudioUnitFactory {
     std::function<std::unique_ptr<EqualizerUnit>()> equalizer;
     std::function<std::unique_ptr<TimePitchUnit>()> timePitch;
@@ -112,7 +119,8 @@ struct AudioUnitFactory {
     std::function<std::unique_ptr<DefaultOutputWatcher>()> defaultOutputWatcher;
 };
 
-/// The stages that the program plays through: GraphicEqualizer, TimePitch, CubebOutput and the watcher.
+/// The stages that the program plays through: GraphicEqualizer, TimePitch, CubebOutput and the
+/// watcher.
 AudioUnitFactory platformAudioUnits();
 
 } // namespace lyrabox

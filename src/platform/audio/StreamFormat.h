@@ -5,15 +5,15 @@
 
 namespace lyrabox {
 
-/// The platform's 40-byte stream-format record. The chain runs in one format: linear 32-bit float, native
-/// endian, non-interleaved, so "per frame" means per frame of one channel.
+/// The platform's 40-byte stream-format record. The chain runs in one format: linear 32-bit float,
+/// native endian, non-interleaved, so "per frame" means per frame of one channel.
 struct AudioStreamBasicDescription {
-    double mSampleRate = 0.0;             ///< frames per second
-    std::uint32_t mFormatID = 0;          ///< 'lpcm'
-    std::uint32_t mFormatFlags = 0;       ///< float, packed, non-interleaved
+    double mSampleRate = 0.0;       ///< frames per second
+    std::uint32_t mFormatID = 0;    ///< 'lpcm'
+    std::uint32_t mFormatFlags = 0; ///< float, packed, non-interleaved
     std::uint32_t mBytesPerPacket = 0;
     std::uint32_t mFramesPerPacket = 0;
-    std::uint32_t mBytesPerFrame = 0;     ///< of one channel
+    std::uint32_t mBytesPerFrame = 0; ///< of one channel
     std::uint32_t mChannelsPerFrame = 0;
     std::uint32_t mBitsPerChannel = 0;
     std::uint32_t mReserved = 0;

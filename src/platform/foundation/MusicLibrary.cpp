@@ -8,7 +8,6 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox {

@@ -56,8 +56,8 @@ bool chooseMusicLibrary(const QString &file);
 /// dictionary. XML is read as a stream: besides the result, memory holds a piece of the file.
 MusicLibraryRef readMusicLibrary(const QString &file);
 
-/// The library that lies with the demo music in `folder` as "Library.xml", its locations relative to
-/// the folder; none when there is none.
+/// The library that lies with the demo music in `folder` as "Library.xml", its locations relative
+/// to the folder; none when there is none.
 MusicLibraryRef demoMusicLibrary(const QString &folder);
 
 /// A "Location" as a URL: percent-encoded text, "file://localhost/..." meaning this computer; an

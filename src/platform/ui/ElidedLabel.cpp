@@ -33,7 +33,8 @@ void ElidedLabel::paintEvent(QPaintEvent *)
 bool ElidedLabel::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip && elidedText() != text().simplified()) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text().toHtmlEscaped(),
+                           this);
         return true;
     }
     return QLabel::event(event);

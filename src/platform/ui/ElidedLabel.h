@@ -4,8 +4,8 @@
 
 namespace lyrabox {
 
-/// A one-line plain-text label that shortens its text in the middle where it does not fit; the whole text is its
-/// tool tip then. text() is always whole.
+/// A one-line plain-text label that shortens its text in the middle where it does not fit; the
+/// whole text is its tool tip then. text() is always whole.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

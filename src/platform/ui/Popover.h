@@ -21,7 +21,8 @@ public:
     void setContentView(QWidget *view);
     QWidget *contentView() const { return m_contentView; }
 
-    /// The size of the content, at first the view's own; the panel is larger by its border and arrow.
+    /// The size of the content, at first the view's own; the panel is larger by its border and
+    /// arrow.
     void setContentSize(const QSize &size);
 
     /// Shows the popover beside `anchor`, on `preferredEdge` where the window has room, else on the

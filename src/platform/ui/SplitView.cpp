@@ -53,7 +53,8 @@ void SplitView::setDividerPosition(double position)
     }
     const int left = static_cast<int>(std::clamp(position, least, std::max(least, greatest)));
     m_left->setGeometry(0, 0, left, height());
-    m_right->setGeometry(left + dividerThickness, 0, std::max(0, width() - dividerThickness - left), height());
+    m_right->setGeometry(left + dividerThickness, 0, std::max(0, width() - dividerThickness - left),
+                         height());
     placeHandle();
     update();
     Q_EMIT dividerMoved(left);
@@ -68,7 +69,8 @@ QSize SplitView::minimumSizeHint() const
 {
     const QSize left = m_left != nullptr ? m_left->minimumSizeHint() : QSize(0, 0);
     const QSize right = m_right != nullptr ? m_right->minimumSizeHint() : QSize(0, 0);
-    return {left.width() + dividerThickness + right.width(), std::max(left.height(), right.height())};
+    return {left.width() + dividerThickness + right.width(),
+            std::max(left.height(), right.height())};
 }
 
 void SplitView::resizeEvent(QResizeEvent *event)
@@ -95,12 +97,14 @@ bool SplitView::eventFilter(QObject *watched, QEvent *event)
         return QWidget::eventFilter(watched, event);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        m_grabOffset = static_cast<int>(static_cast<QMouseEvent *>(event)->position().x()) - handleWidth / 2;
+        m_grabOffset =
+            static_cast<int>(static_cast<QMouseEvent *>(event)->position().x()) - handleWidth / 2;
         return true;
     case QEvent::MouseMove: {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         if ((mouse->buttons() & Qt::LeftButton) != 0)
-            setDividerPosition(m_handle->mapToParent(mouse->position().toPoint()).x() - m_grabOffset);
+            setDividerPosition(m_handle->mapToParent(mouse->position().toPoint()).x() -
+                               m_grabOffset);
         return true;
     }
     case QEvent::KeyPress: {

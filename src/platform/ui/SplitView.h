@@ -19,8 +19,8 @@ public:
     virtual void splitViewResizeSubviewsWithOldSize(SplitView *view, QSize oldSize) = 0;
 };
 
-/// Two panes side by side with a divider that the user drags, or moves with the arrow keys while it has the
-/// keyboard. The panes are children of the view.
+/// Two panes side by side with a divider that the user drags, or moves with the arrow keys while it
+/// has the keyboard. The panes are children of the view.
 class SplitView : public QWidget {
     Q_OBJECT
 

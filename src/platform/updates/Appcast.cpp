@@ -48,7 +48,8 @@ RawItem readItem(QXmlStreamReader &xml)
         } else if (name == u"shortVersionString") {
             item.shortVersion = xml.readElementText(QXmlStreamReader::IncludeChildElements);
         } else if (name == u"description") {
-            item.notes = xml.readElementText(QXmlStreamReader::IncludeChildElements).left(longestNotes);
+            item.notes =
+                xml.readElementText(QXmlStreamReader::IncludeChildElements).left(longestNotes);
         } else if (name == u"link") {
             item.link = xml.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
         } else {
@@ -66,7 +67,9 @@ bool isForThisSystem(const RawItem &item)
 AppcastItem finished(const RawItem &raw)
 {
     AppcastItem item;
-    item.version = (raw.shortVersion.isEmpty() ? raw.version : raw.shortVersion).trimmed().left(longestVersion);
+    item.version = (raw.shortVersion.isEmpty() ? raw.version : raw.shortVersion)
+                       .trimmed()
+                       .left(longestVersion);
     item.notes = plainTextFromHtml(raw.notes);
     const QUrl page(raw.link, QUrl::StrictMode);
     if (page.isValid() && page.scheme() == u"https")
@@ -140,25 +143,29 @@ std::weak_ordering compareVersions(const QString &a, const QString &b)
     const std::vector<VersionPart> left = partsOf(a);
     const std::vector<VersionPart> right = partsOf(b);
     for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
-        // What one of them lacks is a zero, so that 1.0 is 1; letters make a pre-release, so they come before it.
+        // What one of them lacks is a zero, so that 1.0 is 1; letters make a pre-release, so they
+        // come before it.
         const VersionPart zero{true, u"0"_s};
         const VersionPart &l = i < left.size() ? left[i] : zero;
         const VersionPart &r = i < right.size() ? right[i] : zero;
         if (l.isNumber != r.isNumber)
             return l.isNumber ? std::weak_ordering::greater : std::weak_ordering::less;
-        const std::weak_ordering order =
-            l.isNumber ? compareNumbers(l.text, r.text) : std::weak_ordering(l.text.compare(r.text) <=> 0);
+        const std::weak_ordering order = l.isNumber
+                                             ? compareNumbers(l.text, r.text)
+                                             : std::weak_ordering(l.text.compare(r.text) <=> 0);
         if (order != 0)
             return order;
     }
     return std::weak_ordering::equivalent;
 }
 
-std::optional<AppcastItem> newestUpdate(const std::vector<AppcastItem> &items, const QString &current)
+std::optional<AppcastItem> newestUpdate(const std::vector<AppcastItem> &items,
+                                        const QString &current)
 {
-    const auto newest = std::max_element(items.begin(), items.end(), [](const AppcastItem &a, const AppcastItem &b) {
-        return compareVersions(a.version, b.version) < 0;
-    });
+    const auto newest = std::max_element(items.begin(), items.end(),
+                                         [](const AppcastItem &a, const AppcastItem &b) {
+                                             return compareVersions(a.version, b.version) < 0;
+                                         });
     if (newest == items.end() || compareVersions(newest->version, current) <= 0)
         return std::nullopt;
     return *newest;
@@ -170,7 +177,8 @@ QString plainTextFromHtml(const QString &html)
                                            QRegularExpression::CaseInsensitiveOption |
                                                QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression blank(u"[ \\t\\r\\n]+"_s);
-    static const QRegularExpression listItem(u" ?<li\\b[^>]*> ?"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression listItem(u" ?<li\\b[^>]*> ?"_s,
+                                             QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression block(u" ?</?(p|div|h[1-6]|ul|ol|br|tr)\\b[^>]*> ?"_s,
                                           QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression tag(u"<[^>]*>"_s);

@@ -23,7 +23,8 @@ bool isAllowedFeedURL(const QUrl &url)
         return false;
     if (url.scheme() == u"https")
         return true;
-    return url.scheme() == u"http" && (url.host() == u"localhost" || QHostAddress(url.host()).isLoopback());
+    return url.scheme() == u"http" &&
+           (url.host() == u"localhost" || QHostAddress(url.host()).isLoopback());
 }
 
 SUUpdater::SUUpdater(QObject *parent) : QObject(parent)
@@ -78,7 +79,8 @@ void SUUpdater::request(const QUrl &url)
     }
     m_feed.clear();
     QNetworkRequest request(url);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setHeader(QNetworkRequest::UserAgentHeader, u"Lyrabox/%1"_s.arg(m_currentVersion));
@@ -126,7 +128,8 @@ void SUUpdater::finished()
         m_presenter.showUpdate(*update);
     } else {
         if (m_askedByUser)
-            say(tr("Lyrabox is up to date."), tr("Version %1 is the newest there is.").arg(m_currentVersion));
+            say(tr("Lyrabox is up to date."),
+                tr("Version %1 is the newest there is.").arg(m_currentVersion));
         end();
     }
     Q_EMIT checkFinished();

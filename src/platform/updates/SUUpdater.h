@@ -16,9 +16,9 @@ namespace lyrabox {
 /// Whether the feed may be asked for there: https, or http on this machine.
 bool isAllowedFeedURL(const QUrl &url);
 
-/// Looks for a newer version in an appcast feed: at start and then daily, and when the user asks. It shows what
-/// there is and opens its page; it downloads and runs nothing. A check that nobody asked for fails in silence.
-/// Main thread.
+/// Looks for a newer version in an appcast feed: at start and then daily, and when the user asks.
+/// It shows what there is and opens its page; it downloads and runs nothing. A check that nobody
+/// asked for fails in silence. Main thread.
 class SUUpdater : public QObject {
     Q_OBJECT
 

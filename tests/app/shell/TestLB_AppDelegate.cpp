@@ -50,7 +50,10 @@ struct AppDelegate : testing::Test {
         split->show();
     }
 
-    void launch() { NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching); }
+    void launch()
+    {
+        NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching);
+    }
 
     QMainWindow main;
     QMainWindow eq;

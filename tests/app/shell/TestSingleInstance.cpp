@@ -17,7 +17,8 @@ using Role = SingleInstance::Role;
 /// Asks from another thread, as another process would, while this thread serves.
 Role claimElsewhere(const QString &folder, const QList<QUrl> &urls = {})
 {
-    auto second = std::async(std::launch::async, [&] { return SingleInstance(folder).claim(urls); });
+    auto second =
+        std::async(std::launch::async, [&] { return SingleInstance(folder).claim(urls); });
     while (second.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
         QCoreApplication::processEvents();
     return second.get();
@@ -31,7 +32,8 @@ TEST(SingleInstance, SecondAsksTheFirstAndHandsOverWhatItWasToOpen)
     QList<QList<QUrl>> asked;
     first.setHandler([&](const QList<QUrl> &urls) { asked.append(urls); });
     EXPECT_EQ(claimElsewhere(folder.path()), Role::Second);
-    const QList<QUrl> songs{QUrl::fromLocalFile(u"/music/a b.mp3"_s), QUrl::fromLocalFile(u"/music/ü.mp3"_s)};
+    const QList<QUrl> songs{QUrl::fromLocalFile(u"/music/a b.mp3"_s),
+                            QUrl::fromLocalFile(u"/music/ü.mp3"_s)};
     EXPECT_EQ(claimElsewhere(folder.path(), songs), Role::Second);
     EXPECT_EQ(asked, QList<QList<QUrl>>({{}, songs}));
 }

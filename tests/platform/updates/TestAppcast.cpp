@@ -9,8 +9,9 @@ namespace {
 
 QByteArray feed(const QByteArray &items)
 {
-    return "<?xml version=\"1.0\"?><rss version=\"2.0\" xmlns:s=\"urn:updates\"><channel><title>T</title>" + items +
-           "</channel></rss>";
+    return "<?xml version=\"1.0\"?><rss version=\"2.0\" "
+           "xmlns:s=\"urn:updates\"><channel><title>T</title>" +
+           items + "</channel></rss>";
 }
 
 bool isOlder(const QString &a, const QString &b)
@@ -43,9 +44,10 @@ TEST(CompareVersions, PutsAPreReleaseBeforeItsRelease)
 
 TEST(ParseAppcast, ReadsVersionsFromElementsAndEnclosures)
 {
-    const auto items = parseAppcast(feed("<item><s:version>7</s:version><s:shortVersionString>1.2</s:shortVersionString>"
-                                         "<link>https://lyrabox.example/1.2</link><description>New</description></item>"
-                                         "<item><enclosure url=\"https://x\" s:version=\"1.3\"/></item>"));
+    const auto items = parseAppcast(
+        feed("<item><s:version>7</s:version><s:shortVersionString>1.2</s:shortVersionString>"
+             "<link>https://lyrabox.example/1.2</link><description>New</description></item>"
+             "<item><enclosure url=\"https://x\" s:version=\"1.3\"/></item>"));
     ASSERT_TRUE(items);
     ASSERT_EQ(items->size(), 2U);
     EXPECT_EQ(items->at(0).version, u"1.2"_s);
@@ -56,9 +58,10 @@ TEST(ParseAppcast, ReadsVersionsFromElementsAndEnclosures)
 
 TEST(ParseAppcast, LeavesOutItemsWithoutAVersionAndForOtherSystems)
 {
-    const auto items = parseAppcast(feed("<item><title>x</title></item>"
-                                         "<item><enclosure s:version=\"9\" s:os=\"windows\"/></item>"
-                                         "<item><enclosure s:version=\"2\" s:os=\"linux\"/></item>"));
+    const auto items =
+        parseAppcast(feed("<item><title>x</title></item>"
+                          "<item><enclosure s:version=\"9\" s:os=\"windows\"/></item>"
+                          "<item><enclosure s:version=\"2\" s:os=\"linux\"/></item>"));
     ASSERT_TRUE(items);
     ASSERT_EQ(items->size(), 1U);
     EXPECT_EQ(items->front().version, u"2"_s);
@@ -66,8 +69,10 @@ TEST(ParseAppcast, LeavesOutItemsWithoutAVersionAndForOtherSystems)
 
 TEST(ParseAppcast, TakesNoPageThatIsNotHttps)
 {
-    for (const char *link : {"http://a/", "file:///etc/passwd", "javascript:alert(1)", "not a url"}) {
-        const auto items = parseAppcast(feed(QByteArray("<item><s:version>2</s:version><link>") + link + "</link></item>"));
+    for (const char *link :
+         {"http://a/", "file:///etc/passwd", "javascript:alert(1)", "not a url"}) {
+        const auto items = parseAppcast(
+            feed(QByteArray("<item><s:version>2</s:version><link>") + link + "</link></item>"));
         ASSERT_TRUE(items);
         EXPECT_TRUE(items->front().page.isEmpty()) << link;
     }
@@ -75,7 +80,8 @@ TEST(ParseAppcast, TakesNoPageThatIsNotHttps)
 
 TEST(ParseAppcast, RefusesWhatIsNoFeed)
 {
-    for (const char *text : {"", "nonsense", "<html><body/></html>", "<rss><channel><item>", "<rss><channel></rss>"})
+    for (const char *text :
+         {"", "nonsense", "<html><body/></html>", "<rss><channel><item>", "<rss><channel></rss>"})
         EXPECT_FALSE(parseAppcast(text)) << text;
 }
 
@@ -83,14 +89,16 @@ TEST(ParseAppcast, SurvivesEntityBombs)
 {
     QByteArray bomb = "<?xml version=\"1.0\"?><!DOCTYPE rss [<!ENTITY a0 \"aaaaaaaaaa\">";
     for (int i = 1; i < 12; ++i)
-        bomb += "<!ENTITY a" + QByteArray::number(i) + " \"" + ("&a" + QByteArray::number(i - 1) + ";").repeated(10) + "\">";
+        bomb += "<!ENTITY a" + QByteArray::number(i) + " \"" +
+                ("&a" + QByteArray::number(i - 1) + ";").repeated(10) + "\">";
     bomb += "]><rss><channel><item><description>&a11;</description></item></channel></rss>";
     EXPECT_FALSE(parseAppcast(bomb));
 }
 
 TEST(NewestUpdate, IsTheNewestWhateverTheOrder)
 {
-    const std::vector<AppcastItem> items{{u"1.1"_s, {}, {}}, {u"1.10"_s, {}, {}}, {u"1.9"_s, {}, {}}};
+    const std::vector<AppcastItem> items{
+        {u"1.1"_s, {}, {}}, {u"1.10"_s, {}, {}}, {u"1.9"_s, {}, {}}};
     EXPECT_EQ(newestUpdate(items, u"1.2"_s)->version, u"1.10"_s);
     EXPECT_FALSE(newestUpdate(items, u"1.10"_s));
     EXPECT_FALSE(newestUpdate(items, u"2"_s));
@@ -99,8 +107,9 @@ TEST(NewestUpdate, IsTheNewestWhateverTheOrder)
 
 TEST(PlainTextFromHtml, DropsMarkupAndKeepsLines)
 {
-    EXPECT_EQ(plainTextFromHtml(u"<h2>New</h2>\n<ul>\n <li>Loops &amp; more</li>\n <li>A &lt;b&gt;</li>\n</ul>"
-                                "<script>evil()</script>"_s),
+    EXPECT_EQ(plainTextFromHtml(
+                  u"<h2>New</h2>\n<ul>\n <li>Loops &amp; more</li>\n <li>A &lt;b&gt;</li>\n</ul>"
+                  "<script>evil()</script>"_s),
               u"New\n• Loops & more\n• A <b>"_s);
     EXPECT_EQ(plainTextFromHtml(u"line one\nline two"_s), u"line one\nline two"_s);
 }

@@ -32,10 +32,12 @@ public:
     {
         return QUrl(u"http://127.0.0.1:%1%2"_s.arg(serverPort()).arg(path));
     }
-    void answerWith(const QByteArray &body, const QByteArray &status = "200 OK", const QByteArray &header = {})
+    void answerWith(const QByteArray &body, const QByteArray &status = "200 OK",
+                    const QByteArray &header = {})
     {
         answer = [=](QTcpSocket &socket) {
-            socket.write("HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) +
+            socket.write("HTTP/1.1 " + status +
+                         "\r\nContent-Length: " + QByteArray::number(body.size()) +
                          "\r\nConnection: close\r\n" + header + "\r\n" + body);
             socket.disconnectFromHost();
         };
@@ -43,7 +45,8 @@ public:
     void answerWithVersion(const QByteArray &version)
     {
         answerWith("<rss><channel><item><version>" + version +
-                   "</version><link>https://lyrabox.example/new</link><description>&lt;p&gt;Notes&lt;/p&gt;"
+                   "</version><link>https://lyrabox.example/new</"
+                   "link><description>&lt;p&gt;Notes&lt;/p&gt;"
                    "</description></item></channel></rss>");
     }
 
@@ -56,7 +59,9 @@ struct Updater : testing::Test {
     {
         updater.setCurrentVersion(u"1.2"_s);
         updater.setFeedURL(server.url());
-        updater.setPresenter({[this](const AppcastItem &update) { updates.append(update.version + u'|' + update.notes); },
+        updater.setPresenter({[this](const AppcastItem &update) {
+                                  updates.append(update.version + u'|' + update.notes);
+                              },
                               [this](const QString &message, const QString &detail) {
                                   messages.append(message + u'|' + detail);
                               }});
@@ -149,8 +154,9 @@ TEST_F(Updater, ErrorPageIsAMessageOnlyWhenAsked)
 
 TEST_F(Updater, RedirectToAnotherSchemeIsRefused)
 {
-    for (const QByteArray &target : {QByteArray("file:///etc/passwd"), QByteArray("http://198.51.100.1/feed.xml"),
-                                    QByteArray("ftp://127.0.0.1/feed.xml")}) {
+    for (const QByteArray &target :
+         {QByteArray("file:///etc/passwd"), QByteArray("http://198.51.100.1/feed.xml"),
+          QByteArray("ftp://127.0.0.1/feed.xml")}) {
         messages.clear();
         server.answerWith("", "302 Found", "Location: " + target + "\r\n");
         expectFailure(u"not secure"_s);
@@ -165,7 +171,8 @@ TEST_F(Updater, RedirectOnThisMachineIsFollowedButNotForEver)
             feed(socket);
             return;
         }
-        socket.write("HTTP/1.1 302 Found\r\nLocation: /other.xml\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+        socket.write("HTTP/1.1 302 Found\r\nLocation: /other.xml\r\nContent-Length: "
+                     "0\r\nConnection: close\r\n\r\n");
         socket.disconnectFromHost();
     };
     ask();
