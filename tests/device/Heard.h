@@ -1,14 +1,13 @@
 #pragma once
 
 #include "platform/audio/AudioUnit.h"
+#include "support/Heard.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <vector>
 
-/// What the device tests play and how they judge what was recorded.
+/// What the device tests play.
 namespace lyrabox::test {
 
 /// A source that plays one sine in both channels, from phase 0.
@@ -38,36 +37,5 @@ private:
     double m_step;
     double m_amplitude;
 };
-
-/// The frequency of a recorded sine in hertz: the median over stretches of 25 periods between
-/// rising zero crossings, so that a gap of a recording on a busy machine does not count. 0 when
-/// there is not one such stretch.
-inline double frequencyOf(const std::vector<float> &samples, double rate = 44100.0)
-{
-    constexpr std::size_t periods = 25;
-    std::vector<double> crossings;
-    for (std::size_t i = 1; i < samples.size(); ++i) {
-        if (samples[i - 1] < 0.0F && samples[i] >= 0.0F) {
-            const double below = -samples[i - 1];
-            crossings.push_back(static_cast<double>(i - 1) + below / (below + samples[i]));
-        }
-    }
-    std::vector<double> frequencies;
-    for (std::size_t i = periods; i < crossings.size(); i += periods)
-        frequencies.push_back(periods * rate / (crossings[i] - crossings[i - periods]));
-    if (frequencies.empty())
-        return 0.0;
-    const auto middle = frequencies.begin() + static_cast<std::ptrdiff_t>(frequencies.size() / 2);
-    std::nth_element(frequencies.begin(), middle, frequencies.end());
-    return *middle;
-}
-
-inline float peakOf(const std::vector<float> &samples)
-{
-    float peak = 0.0F;
-    for (const float sample : samples)
-        peak = std::max(peak, std::abs(sample));
-    return peak;
-}
 
 } // namespace lyrabox::test

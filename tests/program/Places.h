@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+/// Where a person finds things: the one table of positions, in pixels of the windows' contents at
+/// the sizes given here. Nearly everything is the middle of a control, so that it may move by some
+/// pixels; what has to be exact is measured on the screen.
+namespace lyrabox::test::place {
+
+inline constexpr QRect mainWindow{20, 20, 1120, 720};
+inline constexpr QRect equalizerWindow{100, 60, 780, 360};
+
+inline constexpr QPoint playlistsTab{62, 53};
+inline constexpr QPoint foldersTab{165, 53};
+inline constexpr QPoint addFolderButton{22, 493};
+inline constexpr QPoint removeFolderButton{47, 493};
+inline constexpr QPoint searchField{990, 53};
+inline constexpr QPoint titleHeader{420, 91};
+
+inline constexpr QPoint backButton{234, 669};
+inline constexpr QPoint playButton{290, 669};
+inline constexpr QPoint forwardButton{346, 669};
+/// In the middle of the navigation bar, between its texts and above them.
+inline constexpr QPoint navigationBar{657, 596};
+
+inline constexpr int sourceRowHeight = 24;
+inline constexpr QPoint sourceRow(int row)
+{
+    return {80, 86 + row * sourceRowHeight};
+}
+/// The triangle that opens and closes a row without a parent.
+inline constexpr QPoint sourceRowArrow(int row)
+{
+    return {9, 86 + row * sourceRowHeight};
+}
+
+inline constexpr int songRowHeight = 26;
+inline constexpr QPoint songRow(int row)
+{
+    return {420, 117 + row * songRowHeight};
+}
+/// Where the texts of a row stand.
+inline constexpr QRect songRowTexts(int row)
+{
+    return {258, 106 + row * songRowHeight, 480, songRowHeight - 4};
+}
+
+/// In the equalizer window.
+inline constexpr QPoint presetRow(int row)
+{
+    return {60, 12 + row * 24};
+}
+inline constexpr QPoint oneKilohertzMiddle{527, 138};
+inline constexpr QPoint oneKilohertzTop{527, 20};
+
+} // namespace lyrabox::test::place

@@ -1,0 +1,295 @@
+#include "program/RunningProgram.h"
+
+#include "program/Places.h"
+#include "support/Heard.h"
+#include "support/SampleAudio.h"
+
+#include <QDir>
+#include <QSettings>
+
+#include <cmath>
+#include <csignal>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox::test {
+namespace {
+
+constexpr int patienceMilliseconds = 20'000;
+constexpr std::size_t listenFrames = Recorder::sampleRate / 5;
+constexpr float loudness = 0.02F;
+const QString mainWindowTitle = u"^Lyrabox$"_s;
+
+bool isDark(QRgb pixel)
+{
+    return qGray(pixel) < 140;
+}
+
+bool sounds(double heard, double frequency)
+{
+    return std::abs(heard - frequency) <= 0.005 * frequency;
+}
+
+double toneOf(const std::vector<float> &samples)
+{
+    return peakOf(samples) < loudness ? 0.0 : frequencyOf(samples);
+}
+
+} // namespace
+
+RunningProgram::RunningProgram() : m_home(u"/tmp/lbXXXXXX"_s)
+{
+    for (const QString &folder : {u"h"_s, u"d/Lyrabox"_s, u"c/Lyrabox"_s, u"r"_s})
+        EXPECT_TRUE(QDir(m_home.path()).mkpath(folder));
+    const auto onlyOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    EXPECT_TRUE(QFile::setPermissions(m_home.filePath(u"r"_s), onlyOwner));
+    recorder = sound.record(u"a"_s);
+}
+
+RunningProgram::~RunningProgram()
+{
+    if (HasFailure()) {
+        const testing::TestInfo *test = testing::UnitTest::GetInstance()->current_test_info();
+        const QDir folder(QStringLiteral(LYRABOX_BINARY_DIR "/screenshots"));
+        folder.mkpath(u"."_s);
+        display.screen().save(
+            folder.filePath(QString::fromLatin1(test->name()).replace(u'/', u'-') + u".png"_s));
+    }
+    EXPECT_NE(m_program.exitStatus(), QProcess::CrashExit) << "the program has crashed";
+    m_program.kill();
+    m_program.waitForFinished(patienceMilliseconds);
+}
+
+QString RunningProgram::makeFolder(const QString &name, const std::vector<Tone> &songs)
+{
+    const QString folder = QDir(homeFolder()).filePath(name);
+    EXPECT_TRUE(QDir().mkpath(folder));
+    for (const Tone &song : songs) {
+        const SampleSpec spec{
+            .extension = u"flac"_s,
+            .frequency = song.frequency,
+            .amplitude = song.amplitude,
+            .seconds = song.seconds,
+            .tags = {{u"title"_s, song.title}, {u"artist"_s, u"The "_s + song.title}}};
+        makeSampleAt(QDir(folder).filePath(song.title.toLower() + u".flac"_s), spec);
+    }
+    return folder;
+}
+
+void RunningProgram::addStepSong(const QString &folder, const QString &title, int seconds)
+{
+    // The tones meet without a jump: at a whole second each has made a whole number of periods.
+    runFfmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s,
+               u"aevalsrc=0.4*sin(2*PI*(400+50*floor(t))*t):s=44100:d=%1"_s.arg(seconds), u"-ac"_s,
+               u"2"_s, u"-metadata"_s, u"title="_s + title,
+               QDir(folder).filePath(title.toLower() + u".flac"_s)});
+}
+
+void RunningProgram::showFolder(const QString &path)
+{
+    using List = PropertyList;
+    EXPECT_TRUE(writePropertyList(List(List::Array{List(path)}), settingsFile(u"Folders.plist"_s)));
+    const List sort(List::Dictionary{
+        {u"id"_s, List(path)}, {u"key"_s, List(u"title"_s)}, {u"ascending"_s, List(true)}});
+    const List settings(List::Dictionary{{u"sorts"_s, List(List::Array{sort})},
+                                         {u"songSettings"_s, List(List::Array{})}});
+    EXPECT_TRUE(writePropertyList(settings, settingsFile(u"UserSettings.plist"_s)));
+    QSettings defaults(m_home.filePath(u"c/Lyrabox/Lyrabox.conf"_s), QSettings::IniFormat);
+    defaults.setValue(u"lastTab"_s, 1);
+    defaults.setValue(u"folderPath"_s, path);
+}
+
+void RunningProgram::start(Size size)
+{
+    m_program.setProcessEnvironment(environment());
+    m_program.setProcessChannelMode(QProcess::ForwardedChannels);
+    dieWithTheTest(m_program);
+    m_program.start(QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox"), QStringList());
+    ASSERT_TRUE(m_program.waitForStarted(patienceMilliseconds)) << "the program does not start";
+    m_window = display.waitForWindow(mainWindowTitle);
+    if (size == Size::Usual)
+        display.place(m_window, place::mainWindow);
+    m_frame = display.frameOf(m_window);
+    EXPECT_TRUE(waitUntil([this] { return display.activeWindow() == m_window; }))
+        << "the window is not active";
+    EXPECT_TRUE(waitUntil([this] { return !navigationBar().isEmpty(); }))
+        << "the window is not drawn";
+    EXPECT_TRUE(isRunning());
+}
+
+int RunningProgram::quit()
+{
+    display.key(u"ctrl+q"_s);
+    return waitForEnd(m_program);
+}
+
+int RunningProgram::sendSignalAndWait(int signal)
+{
+    ::kill(static_cast<pid_t>(m_program.processId()), signal);
+    return waitForEnd(m_program);
+}
+
+int RunningProgram::startSecond()
+{
+    QProcess second;
+    second.setProcessEnvironment(environment());
+    dieWithTheTest(second);
+    second.start(QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox"), QStringList());
+    return waitForEnd(second);
+}
+
+int RunningProgram::waitForEnd(QProcess &process) const
+{
+    if (process.state() != QProcess::NotRunning && !process.waitForFinished(patienceMilliseconds)) {
+        ADD_FAILURE() << "the program does not end";
+        process.kill();
+        process.waitForFinished(patienceMilliseconds);
+        return -1;
+    }
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << "the program has crashed";
+    return process.exitCode();
+}
+
+QProcessEnvironment RunningProgram::environment() const
+{
+    QProcessEnvironment environment =
+        QProcessEnvironment::systemEnvironment(); // leads to the sound server
+    environment.insert(u"DISPLAY"_s, display.name());
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    environment.insert(u"HOME"_s, homeFolder());
+    environment.insert(u"XDG_DATA_HOME"_s, m_home.filePath(u"d"_s));
+    environment.insert(u"XDG_CONFIG_HOME"_s, m_home.filePath(u"c"_s));
+    environment.insert(u"XDG_CACHE_HOME"_s, m_home.filePath(u"x"_s));
+    environment.insert(u"XDG_RUNTIME_DIR"_s, m_home.filePath(u"r"_s));
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"disabled:"_s);
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    environment.remove(u"WAYLAND_DISPLAY"_s);
+    return environment;
+}
+
+QString RunningProgram::settingsFile(const QString &name) const
+{
+    return m_home.filePath(u"d/Lyrabox/"_s + name);
+}
+
+std::optional<PropertyList> RunningProgram::settingsList(const QString &name) const
+{
+    return readPropertyList(settingsFile(name));
+}
+
+QVariant RunningProgram::userDefault(const QString &key) const
+{
+    return QSettings(m_home.filePath(u"c/Lyrabox/Lyrabox.conf"_s), QSettings::IniFormat).value(key);
+}
+
+void RunningProgram::click(QPoint point, int times)
+{
+    display.click(m_frame.topLeft() + point, times);
+}
+
+void RunningProgram::doubleClickSong(int row)
+{
+    click(place::songRow(row), 2);
+}
+
+QImage RunningProgram::window() const
+{
+    return display.screen(m_frame);
+}
+
+bool RunningProgram::songRowIsEmpty(int row) const
+{
+    const QImage texts = window().copy(place::songRowTexts(row));
+    for (int y = 0; y < texts.height(); ++y) {
+        for (int x = 0; x < texts.width(); ++x) {
+            if (isDark(texts.pixel(x, y)))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool RunningProgram::waitForSongs(int count) const
+{
+    return waitUntil(
+        [&] { return (count == 0 || !songRowIsEmpty(count - 1)) && songRowIsEmpty(count); });
+}
+
+QRect RunningProgram::navigationBar() const
+{
+    const QImage image = window();
+    const auto isBar = [&image](int x, int y) {
+        const QColor color = image.pixelColor(x, y);
+        const auto near = [&color](int red, int green, int blue) {
+            return std::abs(color.red() - red) < 4 && std::abs(color.green() - green) < 4 &&
+                   std::abs(color.blue() - blue) < 4;
+        };
+        return near(0xBD, 0xC3, 0xC7) || near(0x34, 0x98, 0xDB);
+    };
+    const QPoint inside = place::navigationBar;
+    if (!image.rect().contains(inside) || !isBar(inside.x(), inside.y()))
+        return {};
+    int top = inside.y();
+    while (isBar(inside.x(), top - 1))
+        --top;
+    int bottom = inside.y();
+    while (isBar(inside.x(), bottom + 1))
+        ++bottom;
+    const int y = (top + bottom) / 2; // clear of the rounded corners
+    const auto isGround = [&image, y](int x) {
+        return qGray(image.pixel(x, y)) > 225 && qGray(image.pixel(x, y)) < 250;
+    };
+    int left = inside.x();
+    while (left > 0 && !isGround(left - 1))
+        --left;
+    int right = inside.x();
+    while (right + 1 < image.width() && !isGround(right + 1))
+        ++right;
+    return {QPoint(left, top), QPoint(right, bottom)};
+}
+
+int RunningProgram::playedPixels() const
+{
+    const QRect bar = navigationBar();
+    const QImage image = window();
+    const int y = bar.top() + 6; // above the texts, below the corners' tips
+    int end = bar.right() + 1;
+    while (end > bar.left() && image.pixelColor(end - 1, y).red() > 0x78)
+        --end;
+    return end - bar.left();
+}
+
+std::vector<float> RunningProgram::lastSamples() const
+{
+    const std::size_t size = recorder->size();
+    return recorder->samples(size < listenFrames ? 0 : size - listenFrames, size);
+}
+
+double RunningProgram::toneNow() const
+{
+    return toneOf(lastSamples());
+}
+
+double RunningProgram::toneAt(std::size_t sample) const
+{
+    return toneOf(recorder->samples(sample, sample + listenFrames));
+}
+
+bool RunningProgram::hears(double frequency, double seconds) const
+{
+    const bool heard = waitUntil([&] { return sounds(toneNow(), frequency); }, seconds);
+    EXPECT_TRUE(heard) << "heard is " << toneNow() << " Hz, not " << frequency << " Hz";
+    return heard;
+}
+
+bool RunningProgram::hearsSilence(double seconds) const
+{
+    return waitUntil([this] { return peakOf(lastSamples()) < 0.001F; }, seconds);
+}
+
+bool RunningProgram::hearsAnything(double seconds) const
+{
+    return waitUntil([this] { return peakOf(lastSamples()) > loudness; }, seconds);
+}
+
+} // namespace lyrabox::test

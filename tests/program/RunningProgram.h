@@ -1,0 +1,97 @@
+#pragma once
+
+#include "platform/foundation/PropertyList.h"
+#include "program/VirtualDisplay.h"
+#include "support/PrivateSoundServer.h"
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace lyrabox::test {
+
+/// The program as it is built, on a screen and a sound server of the test's own and with a home
+/// folder of its own: started, used with mouse and keys, heard, ended and started again. A test
+/// that fails leaves a picture of the screen in the build folder's "screenshots".
+class RunningProgram : public testing::Test {
+protected:
+    RunningProgram();
+    ~RunningProgram() override;
+
+    /// Before the first start: a folder of songs in the folder list, selected and sorted by title.
+    /// Songs are listed in the order of their titles, whatever their files are called.
+    struct Tone {
+        QString title;
+        double frequency = 440.0;
+        double seconds = 12.0;
+        double amplitude = 0.4;
+    };
+    QString makeFolder(const QString &name, const std::vector<Tone> &songs);
+    void showFolder(const QString &path);
+    /// A song in that folder whose tone rises every second: second n is heard at stepFrequency(n).
+    void addStepSong(const QString &folder, const QString &title, int seconds);
+    static double stepFrequency(double second) { return 400.0 + 50.0 * second; }
+
+    /// Starts the program and waits for its window, which it then puts to its place unless
+    /// `size` says that its own is of interest.
+    enum class Size { Usual, ItsOwn };
+    void start(Size size = Size::Usual);
+    /// The exit status; -1, with a test failure, when it does not end.
+    int quit();
+    int sendSignalAndWait(int signal);
+    /// A second process beside the first: its exit status, -1 when it does not end.
+    int startSecond();
+    bool isRunning() const { return m_program.state() == QProcess::Running; }
+
+    QString homeFolder() const { return m_home.filePath(QStringLiteral("h")); }
+    QString settingsFile(const QString &name) const;
+    std::optional<PropertyList> settingsList(const QString &name) const;
+    /// What Lyrabox.conf holds under a key, of what is on disk.
+    QVariant userDefault(const QString &key) const;
+
+    /// Of the main window, in its own coordinates.
+    void click(QPoint point, int times = 1);
+    void doubleClickSong(int row);
+    QImage window() const;
+    QString mainWindow() const { return m_window; }
+    /// Whether a row of the song table shows texts.
+    bool songRowIsEmpty(int row) const;
+    bool waitForSongs(int count) const;
+
+    /// The navigation bar as it is on the screen, in window coordinates.
+    QRect navigationBar() const;
+    /// Where its played part ends: pixels from its left edge.
+    int playedPixels() const;
+
+    /// Whether a tone of that frequency (within half a percent) becomes the sound of the last fifth
+    /// of a second before `seconds` are over.
+    bool hears(double frequency, double seconds = 10.0) const;
+    bool hearsSilence(double seconds = 10.0) const;
+    bool hearsAnything(double seconds = 10.0) const;
+    /// The frequency of the last fifth of a second; 0 without a tone.
+    double toneNow() const;
+    /// The frequency in the fifth of a second of the recording that begins there.
+    double toneAt(std::size_t sample) const;
+
+    VirtualDisplay display;
+    PrivateSoundServer sound;
+    std::unique_ptr<Recorder> recorder;
+
+private:
+    QProcessEnvironment environment() const;
+    int waitForEnd(QProcess &process) const;
+    std::vector<float> lastSamples() const;
+
+    QTemporaryDir m_home;
+    QProcess m_program;
+    QString m_window;
+    QRect m_frame;
+};
+
+} // namespace lyrabox::test
