@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstring>
-#include <numbers>
 #include <thread>
 
 namespace lyrabox {
