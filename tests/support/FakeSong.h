@@ -3,6 +3,7 @@
 #include "engine/SongReader.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +24,8 @@ struct FakeSong {
     Status readStatus = 0; ///< returned in place of the read that starts at readFailsAtFrame
     std::uint64_t readFailsAtFrame = 0;
     std::uint32_t maximumFramesPerRead = 0xffffffff;
+    /// What a frame holds instead, where a test wants something to listen to.
+    std::function<float(std::uint32_t channel, std::uint64_t frame)> sample;
 
     // What the engine did.
     QString openedPath;
@@ -75,7 +78,8 @@ inline engine::SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong>
                 auto *samples = static_cast<float *>(list.mBuffers[channel].mData);
                 const float sign = channel == 0 ? 1.0F : -1.0F;
                 for (std::uint32_t i = 0; i < frames; ++i)
-                    samples[i] = sign * static_cast<float>(m_position + i);
+                    samples[i] = m_song->sample ? m_song->sample(channel, m_position + i)
+                                                : sign * static_cast<float>(m_position + i);
                 list.mBuffers[channel].mDataByteSize = frames * m_format.mBytesPerFrame;
             }
             m_position += frames;

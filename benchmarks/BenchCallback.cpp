@@ -1,0 +1,149 @@
+#include "engine/AudioEngine.h"
+#include "platform/audio/GraphicEqualizer.h"
+#include "platform/audio/TimePitch.h"
+#include "support/FakeSong.h"
+#include "support/HandPulledOutput.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <ctime>
+#include <memory>
+#include <random>
+#include <vector>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+
+namespace {
+
+constexpr std::uint64_t songFrames = 60 * 44100;
+
+/// The whole chain without a device, playing a minute of noise.
+class Chain {
+public:
+    Chain()
+    {
+        AudioUnitFactory factory;
+        factory.equalizer = [] { return std::make_unique<GraphicEqualizer>(); };
+        factory.timePitch = [] { return std::make_unique<TimePitch>(); };
+        factory.output = [this] {
+            auto unit = std::make_unique<HandPulledOutput>();
+            output = unit.get();
+            return unit;
+        };
+        factory.defaultOutputWatcher = [] { return std::make_unique<DeafWatcher>(); };
+        engine::setAudioUnitFactory(std::move(factory));
+        engine::buildAudioSystem();
+
+        auto song = std::make_shared<FakeSong>();
+        song->frames = songFrames;
+        std::mt19937 random(1);
+        song->sample = [random](std::uint32_t, std::uint64_t) mutable {
+            return std::uniform_real_distribution<float>(-0.3F, 0.3F)(random);
+        };
+        engine::setSongReaderFactory(fakeSongReaderFactory(song));
+        engine::loadAudioFile(QUrl::fromLocalFile(QStringLiteral("/songs/a.wav")));
+        engine::setOutputRunning(true);
+    }
+    ~Chain()
+    {
+        engine::tearDownAudioSystem();
+        engine::setAudioUnitFactory({});
+        engine::setSongReaderFactory({});
+    }
+    Chain(const Chain &) = delete;
+    Chain &operator=(const Chain &) = delete;
+
+    HandPulledOutput *output = nullptr;
+};
+
+/// Every eighth callback follows a seek, a change of speed, pitch or a slider, a loop or a new
+/// start.
+class Listener {
+public:
+    void act()
+    {
+        switch (upTo(48)) {
+        case 0:
+            engine::seekToFrame(upTo(songFrames / 2));
+            break;
+        case 1:
+            engine::setPlaybackRate(0.25F + 0.25F * static_cast<float>(upTo(7)));
+            break;
+        case 2:
+            engine::setPitchCents(100.0F * (static_cast<float>(upTo(24)) - 12.0F));
+            break;
+        case 3:
+            engine::setEqLevel(static_cast<std::uint32_t>(2 + 3 * upTo(9)),
+                               static_cast<float>(upTo(24)) - 12.0F);
+            break;
+        case 4:
+            engine::setLoopStartFrame(upTo(songFrames / 2));
+            engine::setLoopEndFrame(engine::loopStartFrame() + 2205 + upTo(44100));
+            engine::setIsLooping(upTo(1) == 0);
+            break;
+        case 5:
+            engine::setOutputRunning(false);
+            engine::setOutputRunning(true);
+            break;
+        default:
+            break;
+        }
+        if (engine::currentFrame() > songFrames - 100'000)
+            engine::seekToFrame(0);
+    }
+
+private:
+    std::uint64_t upTo(std::uint64_t most)
+    {
+        return std::uniform_int_distribution<std::uint64_t>(0, most)(m_random);
+    }
+
+    std::mt19937 m_random{5};
+};
+
+double processorSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+}
+
+/// A callback's processor time as a share of the time that its buffer lasts, in percent: the middle
+/// one, the one that one in a thousand exceeds, and the longest.
+void BM_CallbackShareOfItsBuffer(benchmark::State &state)
+{
+    Chain chain;
+    Listener listener;
+    const auto frames = static_cast<std::uint32_t>(state.range(0));
+    const double bufferSeconds = frames / 44100.0;
+    std::vector<float> interleaved(2 * std::size_t{frames});
+    std::vector<double> shares;
+    for (auto _ : state) {
+        listener.act();
+        const double begin = processorSeconds();
+        chain.output->pull(interleaved.data(), frames);
+        const double seconds = processorSeconds() - begin;
+        shares.push_back(100.0 * seconds / bufferSeconds);
+        state.SetIterationTime(seconds);
+    }
+    std::sort(shares.begin(), shares.end());
+    const auto at = [&shares](double quantile) {
+        return shares[static_cast<std::size_t>(quantile * static_cast<double>(shares.size() - 1))];
+    };
+    state.counters["median %"] = at(0.5);
+    state.counters["99.9th %"] = at(0.999);
+    state.counters["worst %"] = shares.back();
+}
+BENCHMARK(BM_CallbackShareOfItsBuffer)
+    ->ArgName("frames")
+    ->Arg(256)
+    ->Arg(384)
+    ->Arg(512)
+    ->Arg(1024)
+    ->Iterations(10'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace

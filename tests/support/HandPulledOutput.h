@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/audio/AudioUnit.h"
+#include "platform/audio/OutputRenderer.h"
+
+#include <cstdint>
+
+namespace lyrabox::test {
+
+/// The program's output without its device: whoever calls pull() is the audio callback thread.
+/// Fades as CubebOutput does; a stop from outside does not wait, so what fades out is in the pulls
+/// after it.
+class HandPulledOutput final : public OutputUnit {
+public:
+    Status initialize() override { return status::noError; }
+    float parameter(std::uint32_t id) const override
+    {
+        return id == parameter::outputVolume ? m_renderer.volume() : 0.0F;
+    }
+    Status setParameter(std::uint32_t id, float value) override
+    {
+        if (id != parameter::outputVolume)
+            return status::invalidParameter;
+        m_renderer.setVolume(value);
+        return status::noError;
+    }
+    void reset() override { m_renderer.requestReset(); }
+    Status connect(RenderingUnit *source) override
+    {
+        m_renderer.connect(source);
+        return status::noError;
+    }
+    Status start() override
+    {
+        m_renderer.start();
+        return status::noError;
+    }
+    Status stop() noexcept override
+    {
+        m_renderer.stop();
+        return status::noError;
+    }
+    bool isRunning() const noexcept override { return m_renderer.isRunning(); }
+
+    /// What the device's callback does: `frames` frames of interleaved stereo.
+    void pull(float *interleaved, std::uint32_t frames) noexcept
+    {
+        m_renderer.render(interleaved, frames);
+    }
+
+private:
+    OutputRenderer m_renderer;
+};
+
+/// Where changes of the default device are of no interest.
+class DeafWatcher final : public DefaultOutputWatcher {
+public:
+    Status listen(std::function<void()>) override { return status::noError; }
+};
+
+} // namespace lyrabox::test
