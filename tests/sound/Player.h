@@ -1,0 +1,66 @@
+#pragma once
+
+#include "engine/AudioEngine.h"
+#include "platform/audio/GraphicEqualizer.h"
+#include "platform/audio/TimePitch.h"
+#include "sound/TimePitchSignals.h"
+#include "support/FakeSong.h"
+#include "support/HandPulledOutput.h"
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <vector>
+
+namespace lyrabox::test {
+
+/// The program's whole chain, save the device: engine, equalizer, time/pitch, and the output's
+/// fades. One at a time.
+class Player {
+public:
+    using Song = std::function<float(std::uint32_t channel, std::uint64_t frame)>;
+
+    /// Loads a song of `frames` frames; the output is stopped.
+    Player(Song song, std::uint64_t frames);
+    /// Loads a file.
+    explicit Player(const QUrl &file);
+    ~Player();
+    Player(const Player &) = delete;
+    Player &operator=(const Player &) = delete;
+
+    /// Some slider positions other than flat.
+    static void setSomeEqualizer();
+
+    /// The next `frames` frames, in callbacks of `callback` frames.
+    Stereo pull(std::size_t frames, std::uint32_t callback = 512);
+    /// Appends them to `heard`.
+    void pull(Stereo &heard, std::size_t frames, std::uint32_t callback = 512);
+
+    HandPulledOutput &output() { return *m_output; }
+    const TimePitch &timePitch() const { return *m_timePitch; }
+
+    /// Where in the song each slice came from that the equalizer pulled since the last clear(); the
+    /// first 200,000. No slice where the song has ended.
+    const std::vector<std::uint64_t> &slices() const { return m_slices; }
+    void clearSlices() { m_slices.clear(); }
+
+private:
+    class TappedEqualizer;
+
+    void build();
+    void noteSlice(std::uint64_t frame) noexcept;
+
+    HandPulledOutput *m_output = nullptr;
+    TimePitch *m_timePitch = nullptr;
+    std::vector<std::uint64_t> m_slices;
+};
+
+/// The same value in both channels at every frame: `amplitude` times a sine at `hertz`.
+Player::Song tone(double hertz, double amplitude = 0.5);
+
+/// How loud the loudest click is beside a tone below 500 Hz: the peak of what lies beyond 2 kHz, in
+/// dB of the tone's amplitude. The first and last 3 ms are not looked at.
+double clickLevel(const std::vector<float> &heard, double toneAmplitude = 0.5);
+
+} // namespace lyrabox::test
