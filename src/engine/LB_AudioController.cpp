@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
-#include <cmath>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -24,24 +23,6 @@ namespace {
 
 constexpr double titleFontSize = 22.0;
 constexpr double artistFontSize = 16.0;
-
-LB_AudioController::FatalErrorHandling alertAndQuit()
-{
-    return {
-        .present =
-            [](const QString &description, const QString &recoverySuggestion) {
-                QMessageBox alert(QMessageBox::Critical, QApplication::applicationDisplayName(),
-                                  description);
-                alert.setTextFormat(Qt::PlainText);
-                alert.setInformativeText(recoverySuggestion);
-                alert.exec();
-            },
-        // Queued: the engine is built before the event loop starts, and quit() means nothing until
-        // it does.
-        .terminate =
-            [] { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); },
-    };
-}
 
 /// Ends the editing of a text field: what was typed is entered first. Other controls keep the
 /// keyboard.
@@ -58,6 +39,24 @@ float clampedToSlider(float value, const LB_Slider &slider)
 }
 
 } // namespace
+
+LB_AudioController::FatalErrorHandling LB_AudioController::alertAndQuit()
+{
+    return {
+        .present =
+            [](const QString &description, const QString &recoverySuggestion) {
+                QMessageBox alert(QMessageBox::Critical, QApplication::applicationDisplayName(),
+                                  description);
+                alert.setTextFormat(Qt::PlainText);
+                alert.setInformativeText(recoverySuggestion);
+                alert.exec();
+            },
+        // Queued: the engine is built before the event loop starts, and quit() means nothing until
+        // it does.
+        .terminate =
+            [] { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); },
+    };
+}
 
 LB_AudioController::LB_AudioController(QObject *parent) : LB_AudioController(alertAndQuit(), parent)
 {}
@@ -107,139 +106,6 @@ void LB_AudioController::setTransportEnabled(bool enabled)
     m_loopButton->setEnabled(enabled);
     m_seekBackwardButton->setEnabled(enabled);
     m_seekForwardButton->setEnabled(enabled);
-}
-
-lyrabox::AudioStreamBasicDescription LB_AudioController::audioBufferFormat() const
-{
-    return engine::streamFormat();
-}
-
-quint64 LB_AudioController::currentFrame() const
-{
-    return engine::currentFrame();
-}
-
-void LB_AudioController::setCurrentFrame(quint64 frame)
-{
-    engine::seekToFrame(frame);
-}
-
-quint64 LB_AudioController::totalFrames() const
-{
-    return engine::totalFrames();
-}
-
-quint64 LB_AudioController::loopStartFrame() const
-{
-    return engine::loopStartFrame();
-}
-
-void LB_AudioController::setLoopStartFrame(quint64 frame)
-{
-    engine::setLoopStartFrame(frame);
-}
-
-quint64 LB_AudioController::loopEndFrame() const
-{
-    return engine::loopEndFrame();
-}
-
-void LB_AudioController::setLoopEndFrame(quint64 frame)
-{
-    engine::setLoopEndFrame(frame);
-}
-
-bool LB_AudioController::isLooping() const
-{
-    return engine::isLooping();
-}
-
-void LB_AudioController::setIsLooping(bool looping)
-{
-    engine::setIsLooping(looping);
-}
-
-bool LB_AudioController::trackHasEnded() const
-{
-    return engine::trackHasEnded();
-}
-
-void LB_AudioController::setTrackHasEnded(bool ended)
-{
-    engine::setTrackHasEnded(ended);
-}
-
-qint64 LB_AudioController::currentSeconds() const
-{
-    return engine::wholeSeconds(engine::currentFrame(), engine::streamFormat().mSampleRate);
-}
-
-qint64 LB_AudioController::totalSeconds() const
-{
-    return engine::wholeSeconds(engine::totalFrames(), engine::streamFormat().mSampleRate);
-}
-
-bool LB_AudioController::isRunning() const
-{
-    return engine::outputIsRunning();
-}
-
-void LB_AudioController::setIsRunning(bool running)
-{
-    engine::setOutputRunning(running);
-    Q_EMIT runningChanged(isRunning());
-}
-
-float LB_AudioController::outputVolume() const
-{
-    return engine::outputVolume();
-}
-
-void LB_AudioController::setOutputVolume(float volume)
-{
-    engine::setOutputVolume(volume);
-    lyrabox::setUserDefault(lyrabox::defaultsKey::outputVolume, volume);
-    Q_EMIT outputVolumeChanged(outputVolume());
-}
-
-float LB_AudioController::playbackSpeedPct() const
-{
-    return engine::playbackRate() * 100.0F;
-}
-
-void LB_AudioController::setPlaybackSpeedPct(float pct)
-{
-    if (!std::isfinite(pct))
-        return;
-    m_playbackSpeedSlider->animateToFloatValue(pct);
-    m_playbackSpeedTextField->setFloatValue(pct);
-    engine::setPlaybackRate(pct / 100.0F);
-    Q_EMIT speedOrPitchChanged();
-}
-
-float LB_AudioController::playbackPitch() const
-{
-    return static_cast<float>(transport::wholeCents(engine::pitchCents()));
-}
-
-void LB_AudioController::setPlaybackPitch(float cents)
-{
-    if (!std::isfinite(cents))
-        return;
-    m_playbackPitchSlider->animateToFloatValue(cents);
-    m_playbackPitchTextField->setFloatValue(cents);
-    engine::setPitchCents(cents);
-    Q_EMIT speedOrPitchChanged();
-}
-
-float LB_AudioController::eqLevelForIndex(quint32 index) const
-{
-    return engine::eqLevel(index);
-}
-
-void LB_AudioController::setEqLevelForIndex(float level, quint32 index)
-{
-    engine::setEqLevel(index, level);
 }
 
 lyrabox::Status LB_AudioController::loadTrackObject(const lyrabox::TrackRecordRef &track)

@@ -32,6 +32,9 @@ public:
         std::function<void()> terminate;
     };
 
+    /// A modal alert, and then the end of the program.
+    static FatalErrorHandling alertAndQuit();
+
     /// Builds the engine. On failure the alert is presented and the program asked to terminate.
     explicit LB_AudioController(QObject *parent = nullptr);
     LB_AudioController(FatalErrorHandling handling, QObject *parent = nullptr);

@@ -4,7 +4,6 @@
 #include "platform/ui/Theme.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QSessionManager>
 
 #include <cstdlib>
@@ -27,13 +26,7 @@ int main(int argc, char **argv)
         return EXIT_SUCCESS;
 
     bool hasSound = true;
-    LB_AudioController::FatalErrorHandling fatal;
-    fatal.present = [](const QString &description, const QString &recoverySuggestion) {
-        QMessageBox alert(QMessageBox::Critical, QStringLiteral("Lyrabox"), description,
-                          QMessageBox::Ok);
-        alert.setInformativeText(recoverySuggestion);
-        alert.exec();
-    };
+    LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
     fatal.terminate = [&hasSound] { hasSound = false; };
     const lyrabox::TerminationSignals signals_([] { QApplication::quit(); });
     auto audio = std::make_unique<LB_AudioController>(fatal);

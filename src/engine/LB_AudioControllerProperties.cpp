@@ -1,0 +1,144 @@
+// The properties that the engine holds: thin wrappers, and what their setters do to the controls.
+
+#include "engine/AudioEngine.h"
+#include "engine/LB_AudioController.h"
+#include "engine/TransportRules.h"
+#include "platform/foundation/UserDefaults.h"
+
+#include <cmath>
+
+namespace engine = lyrabox::engine;
+namespace transport = lyrabox::transport;
+
+lyrabox::AudioStreamBasicDescription LB_AudioController::audioBufferFormat() const
+{
+    return engine::streamFormat();
+}
+
+quint64 LB_AudioController::currentFrame() const
+{
+    return engine::currentFrame();
+}
+
+void LB_AudioController::setCurrentFrame(quint64 frame)
+{
+    engine::seekToFrame(frame);
+}
+
+quint64 LB_AudioController::totalFrames() const
+{
+    return engine::totalFrames();
+}
+
+quint64 LB_AudioController::loopStartFrame() const
+{
+    return engine::loopStartFrame();
+}
+
+void LB_AudioController::setLoopStartFrame(quint64 frame)
+{
+    engine::setLoopStartFrame(frame);
+}
+
+quint64 LB_AudioController::loopEndFrame() const
+{
+    return engine::loopEndFrame();
+}
+
+void LB_AudioController::setLoopEndFrame(quint64 frame)
+{
+    engine::setLoopEndFrame(frame);
+}
+
+bool LB_AudioController::isLooping() const
+{
+    return engine::isLooping();
+}
+
+void LB_AudioController::setIsLooping(bool looping)
+{
+    engine::setIsLooping(looping);
+}
+
+bool LB_AudioController::trackHasEnded() const
+{
+    return engine::trackHasEnded();
+}
+
+void LB_AudioController::setTrackHasEnded(bool ended)
+{
+    engine::setTrackHasEnded(ended);
+}
+
+qint64 LB_AudioController::currentSeconds() const
+{
+    return engine::wholeSeconds(engine::currentFrame(), engine::streamFormat().mSampleRate);
+}
+
+qint64 LB_AudioController::totalSeconds() const
+{
+    return engine::wholeSeconds(engine::totalFrames(), engine::streamFormat().mSampleRate);
+}
+
+bool LB_AudioController::isRunning() const
+{
+    return engine::outputIsRunning();
+}
+
+void LB_AudioController::setIsRunning(bool running)
+{
+    engine::setOutputRunning(running);
+    Q_EMIT runningChanged(isRunning());
+}
+
+float LB_AudioController::outputVolume() const
+{
+    return engine::outputVolume();
+}
+
+void LB_AudioController::setOutputVolume(float volume)
+{
+    engine::setOutputVolume(volume);
+    lyrabox::setUserDefault(lyrabox::defaultsKey::outputVolume, volume);
+    Q_EMIT outputVolumeChanged(outputVolume());
+}
+
+float LB_AudioController::playbackSpeedPct() const
+{
+    return engine::playbackRate() * 100.0F;
+}
+
+void LB_AudioController::setPlaybackSpeedPct(float pct)
+{
+    if (!std::isfinite(pct))
+        return;
+    m_playbackSpeedSlider->animateToFloatValue(pct);
+    m_playbackSpeedTextField->setFloatValue(pct);
+    engine::setPlaybackRate(pct / 100.0F);
+    Q_EMIT speedOrPitchChanged();
+}
+
+float LB_AudioController::playbackPitch() const
+{
+    return static_cast<float>(transport::wholeCents(engine::pitchCents()));
+}
+
+void LB_AudioController::setPlaybackPitch(float cents)
+{
+    if (!std::isfinite(cents))
+        return;
+    m_playbackPitchSlider->animateToFloatValue(cents);
+    m_playbackPitchTextField->setFloatValue(cents);
+    engine::setPitchCents(cents);
+    Q_EMIT speedOrPitchChanged();
+}
+
+float LB_AudioController::eqLevelForIndex(quint32 index) const
+{
+    return engine::eqLevel(index);
+}
+
+void LB_AudioController::setEqLevelForIndex(float level, quint32 index)
+{
+    engine::setEqLevel(index, level);
+}
