@@ -70,6 +70,8 @@ void Composition::connectMenu()
     });
     connect(m_menu->chooseMusicLibrary, &QAction::triggered, this, &Composition::chooseLibrary);
     connect(m_menu->quit, &QAction::triggered, qApp, &QApplication::quit);
+    connect(&m_appDelegate, &LB_AppDelegate::mainWindowClosed, qApp, &QApplication::quit,
+            Qt::QueuedConnection);
     connect(m_menu->find, &QAction::triggered, m_main.searchField, [this] {
         m_appDelegate.toggleMainWindow();
         m_main.searchField->setFocus(Qt::ShortcutFocusReason);

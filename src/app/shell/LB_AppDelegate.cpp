@@ -179,5 +179,7 @@ bool LB_AppDelegate::eventFilter(QObject *watched, QEvent *event)
         windowDidBecomeKey(static_cast<QMainWindow *>(watched));
     else if (event->type() == QEvent::WindowDeactivate)
         windowDidResignKey(static_cast<QMainWindow *>(watched));
+    else if (event->type() == QEvent::Close && watched == m_mainWindow)
+        Q_EMIT mainWindowClosed();
     return QObject::eventFilter(watched, event);
 }

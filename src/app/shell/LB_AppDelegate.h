@@ -71,6 +71,10 @@ public:
     /// Replaces what opens a URL; at first the desktop's own service.
     void setURLOpener(std::function<bool(const QUrl &)> opener) { m_openURL = std::move(opener); }
 
+Q_SIGNALS:
+    /// The user closed the main window; the program ends with it.
+    void mainWindowClosed();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -120,6 +120,18 @@ TEST_F(AppDelegate, TogglesOnlyBringAWindowForward)
     EXPECT_TRUE(eq.isVisible());
 }
 
+TEST_F(AppDelegate, OnlyClosingTheMainWindowIsAnnounced)
+{
+    int closed = 0;
+    QObject::connect(&delegate, &LB_AppDelegate::mainWindowClosed, &main, [&] { ++closed; });
+    delegate.toggleMainWindow();
+    delegate.toggleEqWindow();
+    eq.close();
+    EXPECT_EQ(closed, 0);
+    main.close();
+    EXPECT_EQ(closed, 1);
+}
+
 TEST_F(AppDelegate, DividerIsHeldBetweenItsLimits)
 {
     split->setDividerPosition(50);
