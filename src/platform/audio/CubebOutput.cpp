@@ -10,14 +10,6 @@
 #include <thread>
 
 namespace lyrabox {
-namespace {
-
-// 46 ms. Sound servers ask for a quarter of it at a time, so that a stretcher that works in blocks
-// of some ten milliseconds never runs the device dry, and a press of the play button is still heard
-// at once.
-constexpr std::uint32_t preferredLatencyFrames = 2048;
-
-} // namespace
 
 CubebOutput::~CubebOutput()
 {
