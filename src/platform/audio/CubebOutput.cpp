@@ -90,13 +90,18 @@ Status CubebOutput::start()
     if (!m_renderer.isConnected())
         return status::noConnection;
     m_renderer.start();
-    // A lost stream must not be started: cubeb's PulseAudio backend asserts that the server
-    // answers.
     if (m_stream == nullptr || m_lost.load())
         return status::noAudioDevice;
     // Stopped from inside the callback: the device never halted.
     if (m_deviceStarted)
         return status::noError;
+    // A lost stream must not be started: cubeb's PulseAudio backend asserts that the server
+    // answers. A server that died a moment ago is found out by asking it something.
+    cubeb_device_collection devices{};
+    if (cubeb_enumerate_devices(m_context, CUBEB_DEVICE_TYPE_OUTPUT, &devices) == CUBEB_OK)
+        cubeb_device_collection_destroy(m_context, &devices);
+    if (m_lost.load())
+        return status::noAudioDevice;
     if (cubeb_stream_start(m_stream) != CUBEB_OK)
         return status::noAudioDevice;
     m_deviceStarted = true;
