@@ -22,13 +22,21 @@ inline constexpr QPoint titleHeader{420, 91};
 inline constexpr QPoint backButton{234, 669};
 inline constexpr QPoint playButton{290, 669};
 inline constexpr QPoint forwardButton{346, 669};
-/// In the middle of the navigation bar, between its texts and above them.
-inline constexpr QPoint navigationBar{657, 596};
+/// In the navigation bar, between its texts.
+inline constexpr QPoint navigationBar(QSize window)
+{
+    return {window.width() / 2, window.height() - 116};
+}
 
 inline constexpr int sourceRowHeight = 24;
 inline constexpr QPoint sourceRow(int row)
 {
     return {80, 86 + row * sourceRowHeight};
+}
+/// Where a row is empty but for the ground that tells whether it is selected.
+inline constexpr QPoint sourceRowEnd(int row)
+{
+    return {218, 86 + row * sourceRowHeight};
 }
 /// The triangle that opens and closes a row without a parent.
 inline constexpr QPoint sourceRowArrow(int row)
@@ -41,11 +49,20 @@ inline constexpr QPoint songRow(int row)
 {
     return {420, 117 + row * songRowHeight};
 }
-/// Where the texts of a row stand.
-inline constexpr QRect songRowTexts(int row)
+/// Where a row's title stands, clear of the pointer that has clicked a song.
+inline constexpr QRect songRowTitle(int row)
 {
-    return {258, 106 + row * songRowHeight, 480, songRowHeight - 4};
+    return {258, 106 + row * songRowHeight, 140, songRowHeight - 4};
 }
+
+/// In the popover beside the add button.
+inline constexpr QPoint browserRow(int row)
+{
+    return {200, 354 + row * sourceRowHeight};
+}
+inline constexpr QPoint browserRowArrow{96, 354};
+inline constexpr QPoint browserOk{353, 657};
+inline constexpr QPoint removeOk{309, 513};
 
 /// In the equalizer window.
 inline constexpr QPoint presetRow(int row)

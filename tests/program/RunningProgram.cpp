@@ -199,7 +199,7 @@ QImage RunningProgram::window() const
 
 bool RunningProgram::songRowIsEmpty(int row) const
 {
-    const QImage texts = window().copy(place::songRowTexts(row));
+    const QImage texts = window().copy(place::songRowTitle(row));
     for (int y = 0; y < texts.height(); ++y) {
         for (int x = 0; x < texts.width(); ++x) {
             if (isDark(texts.pixel(x, y)))
@@ -215,6 +215,12 @@ bool RunningProgram::waitForSongs(int count) const
         [&] { return (count == 0 || !songRowIsEmpty(count - 1)) && songRowIsEmpty(count); });
 }
 
+bool RunningProgram::waitForSelectedSource(int row) const
+{
+    // The ground of a selected row is darker than that of the list, focused or not.
+    return waitUntil([&] { return qGray(window().pixel(place::sourceRowEnd(row))) < 215; });
+}
+
 QRect RunningProgram::navigationBar() const
 {
     const QImage image = window();
@@ -226,7 +232,7 @@ QRect RunningProgram::navigationBar() const
         };
         return near(0xBD, 0xC3, 0xC7) || near(0x34, 0x98, 0xDB);
     };
-    const QPoint inside = place::navigationBar;
+    const QPoint inside = place::navigationBar(image.size());
     if (!image.rect().contains(inside) || !isBar(inside.x(), inside.y()))
         return {};
     int top = inside.y();
@@ -235,7 +241,7 @@ QRect RunningProgram::navigationBar() const
     int bottom = inside.y();
     while (isBar(inside.x(), bottom + 1))
         ++bottom;
-    const int y = (top + bottom) / 2; // clear of the rounded corners
+    const int y = top + 10; // clear of the rounded corners and of the texts
     const auto isGround = [&image, y](int x) {
         return qGray(image.pixel(x, y)) > 225 && qGray(image.pixel(x, y)) < 250;
     };
@@ -252,7 +258,7 @@ int RunningProgram::playedPixels() const
 {
     const QRect bar = navigationBar();
     const QImage image = window();
-    const int y = bar.top() + 6; // above the texts, below the corners' tips
+    const int y = bar.top() + 10;
     int end = bar.right() + 1;
     while (end > bar.left() && image.pixelColor(end - 1, y).red() > 0x78)
         --end;

@@ -63,6 +63,8 @@ protected:
     /// Whether a row of the song table shows texts.
     bool songRowIsEmpty(int row) const;
     bool waitForSongs(int count) const;
+    /// Which row of the folder tree is selected.
+    bool waitForSelectedSource(int row) const;
 
     /// The navigation bar as it is on the screen, in window coordinates.
     QRect navigationBar() const;

@@ -78,8 +78,9 @@ VirtualDisplay::VirtualDisplay()
 {
     dieWithTheTest(m_server);
     m_server.setStandardErrorFile(QProcess::nullDevice());
-    m_server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x860x24"_s,
-                               u"-nolisten"_s, u"tcp"_s, u"-noreset"_s, u"-fbdir"_s, m_folder.path()});
+    m_server.start(u"Xvfb"_s,
+                   {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x860x24"_s, u"-nolisten"_s,
+                    u"tcp"_s, u"-noreset"_s, u"-fbdir"_s, m_folder.path()});
     if (!m_server.waitForReadyRead(patienceMilliseconds)) {
         ADD_FAILURE() << "the virtual display does not start: "
                       << m_server.errorString().toStdString();

@@ -1,0 +1,80 @@
+#include "program/Places.h"
+#include "program/RunningProgram.h"
+#include "support/Heard.h"
+
+#include <cmath>
+#include <numbers>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int guitarSolo = 9; ///< the identifier of a preset that is shipped, and its row
+constexpr double guitarSoloAtOneKilohertz = 3.5;
+
+class EqualizingProgram : public RunningProgram {
+protected:
+    void SetUp() override
+    {
+        showFolder(makeFolder(u"Tones"_s, {{u"Tone"_s, 1000.0, 60.0, 0.1}}));
+        start();
+        ASSERT_TRUE(waitForSongs(1));
+        doubleClickSong(0);
+        ASSERT_TRUE(hears(1000.0));
+    }
+
+    void openEqualizer()
+    {
+        display.key(u"ctrl+2"_s);
+        const QString window = display.waitForWindow(u"^Equalizer"_s);
+        display.place(window, place::equalizerWindow);
+        ASSERT_TRUE(waitUntil([&] { return display.activeWindow() == window; }));
+    }
+
+    /// The level of the last fifth of a second, in decibels against the tone in the file.
+    double levelNow() const
+    {
+        constexpr double inTheFile = 0.1 / std::numbers::sqrt2;
+        const std::size_t size = recorder->size();
+        return 20.0 *
+               std::log10(levelOf(recorder->samples(size - Recorder::sampleRate / 5)) / inTheFile);
+    }
+
+    bool hearsLevel(double decibels, double tolerance) const
+    {
+        const bool heard =
+            waitUntil([&] { return std::abs(levelNow() - decibels) <= tolerance; }, 8.0);
+        EXPECT_TRUE(heard) << levelNow() << " dB, not " << decibels;
+        return heard;
+    }
+};
+
+TEST_F(EqualizingProgram, TheSliderAtTheTopRaisesItsToneByTwelveDecibels)
+{
+    EXPECT_TRUE(hearsLevel(0.0, 0.5));
+    openEqualizer();
+    const QPoint corner = place::equalizerWindow.topLeft();
+    display.drag(corner + place::oneKilohertzMiddle, corner + place::oneKilohertzTop);
+    EXPECT_TRUE(hearsLevel(12.0, 0.5));
+    display.drag(corner + place::oneKilohertzTop, corner + place::oneKilohertzMiddle);
+    EXPECT_TRUE(hearsLevel(0.0, 0.5));
+}
+
+TEST_F(EqualizingProgram, AChosenPresetComesBackAfterARestart)
+{
+    openEqualizer();
+    display.click(place::equalizerWindow.topLeft() + place::presetRow(guitarSolo));
+    EXPECT_TRUE(hearsLevel(guitarSoloAtOneKilohertz, 0.7));
+    EXPECT_EQ(quit(), 0);
+    EXPECT_EQ(userDefault(u"eqPreset"_s).toInt(), guitarSolo);
+
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(1000.0));
+    EXPECT_TRUE(hearsLevel(guitarSoloAtOneKilohertz, 0.7));
+}
+
+} // namespace

@@ -1,0 +1,102 @@
+#include "program/Places.h"
+#include "program/RunningProgram.h"
+
+#include <cmath>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr double rate = Recorder::sampleRate;
+
+class NavigatingProgram : public RunningProgram {
+protected:
+    void startWithSteps(int seconds)
+    {
+        const QString folder = makeFolder(u"Steps"_s, {{u"Zeta"_s, 250.0, 20.0}});
+        addStepSong(folder, u"Steps"_s, seconds);
+        showFolder(folder);
+        start();
+        ASSERT_TRUE(waitForSongs(2));
+        doubleClickSong(0);
+        ASSERT_TRUE(hears(stepFrequency(0)));
+    }
+
+    /// The second of the step song that is heard; -1 for anything else.
+    static int stepOf(double frequency)
+    {
+        const double step = (frequency - stepFrequency(0)) / (stepFrequency(1) - stepFrequency(0));
+        return std::abs(step - std::round(step)) < 0.1 ? static_cast<int>(std::round(step)) : -1;
+    }
+    int stepNow() const { return stepOf(toneNow()); }
+
+    /// Where in the song the bar ends, in seconds of one that long.
+    double playedSeconds(double length) const
+    {
+        return playedPixels() * length / navigationBar().width();
+    }
+};
+
+TEST_F(NavigatingProgram, HoldingForwardScrubsFiveSecondsASecondAndStopsShortOfTheEnd)
+{
+    constexpr int seconds = 40;
+    startWithSteps(seconds);
+    display.moveTo(place::mainWindow.topLeft() + place::forwardButton);
+    display.press();
+    const auto waitForPosition = [&](double position) {
+        EXPECT_TRUE(waitUntil([&] { return playedSeconds(seconds) >= position; }));
+        return recorder->size();
+    };
+    const std::size_t early = waitForPosition(6.0);
+    const std::size_t late = waitForPosition(30.0);
+    // Between the steps, five of which it takes in a second, the song plays on.
+    EXPECT_NEAR(24.0 / (static_cast<double>(late - early) / rate), 6.0, 0.9);
+
+    // With less than four seconds left it takes no more steps, and the song goes on as it was
+    // recorded.
+    EXPECT_TRUE(hears(stepFrequency(seconds - 2)));
+    const std::size_t first = recorder->size();
+    EXPECT_TRUE(hears(stepFrequency(seconds - 1)));
+    EXPECT_NEAR(static_cast<double>(recorder->size() - first) / rate, 1.0, 0.25);
+    display.release();
+    EXPECT_TRUE(hears(250.0)); // the end of the song, not the button, brings the next one
+}
+
+TEST_F(NavigatingProgram, AClickInTheBarLandsWithinAPixel)
+{
+    startWithSteps(20);
+    display.key(u"space"_s);
+    EXPECT_TRUE(hearsSilence());
+    const QRect bar = navigationBar();
+    for (const double part : {0.3, 0.85, 0.5}) {
+        const int pixels = static_cast<int>(part * bar.width());
+        click({bar.left() + pixels, bar.center().y()});
+        display.moveTo(place::mainWindow.center()); // takes the time under the pointer away
+        EXPECT_TRUE(waitUntil([&] { return std::abs(playedPixels() - pixels) <= 1; }, 5.0))
+            << playedPixels() << " of " << pixels;
+    }
+    // What is heard then is what lies there.
+    display.key(u"space"_s);
+    EXPECT_TRUE(hears(stepFrequency(10)));
+}
+
+TEST_F(NavigatingProgram, AMarkedLoopRepeats)
+{
+    startWithSteps(12);
+    EXPECT_TRUE(hears(stepFrequency(2)));
+    display.key(u"l"_s);
+    EXPECT_TRUE(hears(stepFrequency(4)));
+    display.key(u"l"_s);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(hears(stepFrequency(3)));
+        EXPECT_TRUE(hears(stepFrequency(4)));
+        EXPECT_TRUE(hears(stepFrequency(2)));
+    }
+    // A third press ends it, and the song goes on.
+    display.key(u"l"_s);
+    EXPECT_TRUE(hears(stepFrequency(5)));
+}
+
+} // namespace
