@@ -256,7 +256,7 @@ TEST_F(FolderSource, ButtonTagDecidesBetweenAddAndRemove)
     folders.setup();
     select(0);
     window.show();
-    ButtonMatrix buttons;
+    ButtonMatrix buttons(&window);
     for (const int tag : {0, 1, 5})
         buttons.addCell(tag, QStringLiteral("x"), QStringLiteral("x"));
     buttons.pressCellWithTag(5);
