@@ -276,9 +276,10 @@ double RunningProgram::toneNow() const
     return toneOf(lastSamples());
 }
 
-double RunningProgram::toneAt(std::size_t sample) const
+double RunningProgram::toneAt(std::size_t sample, double seconds) const
 {
-    return toneOf(recorder->samples(sample, sample + listenFrames));
+    const auto frames = static_cast<std::size_t>(seconds * Recorder::sampleRate);
+    return toneOf(recorder->samples(sample, sample + frames));
 }
 
 bool RunningProgram::hears(double frequency, double seconds) const

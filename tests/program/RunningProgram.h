@@ -78,8 +78,8 @@ protected:
     bool hearsAnything(double seconds = 10.0) const;
     /// The frequency of the last fifth of a second; 0 without a tone.
     double toneNow() const;
-    /// The frequency in the fifth of a second of the recording that begins there.
-    double toneAt(std::size_t sample) const;
+    /// The frequency in a part of the recording; 0 without a tone.
+    double toneAt(std::size_t sample, double seconds = 0.2) const;
 
     VirtualDisplay display;
     PrivateSoundServer sound;

@@ -32,10 +32,18 @@ protected:
     }
     int stepNow() const { return stepOf(toneNow()); }
 
-    /// Where in the song the bar ends, in seconds of one that long.
-    double playedSeconds(double length) const
+    /// The first sample from `begin` on at which a second of the song from `step` on is heard.
+    std::size_t firstHeard(int step, std::size_t begin) const
     {
-        return playedPixels() * length / navigationBar().width();
+        constexpr double window = 0.06;
+        constexpr std::size_t hop = Recorder::sampleRate / 50;
+        for (std::size_t at = begin; at + 4 * hop < recorder->size(); at += hop) {
+            const int heard = stepOf(toneAt(at, window));
+            if (heard >= step && stepOf(toneAt(at + hop, window)) == heard)
+                return at;
+        }
+        ADD_FAILURE() << "second " << step << " is not heard";
+        return begin;
     }
 };
 
@@ -45,21 +53,18 @@ TEST_F(NavigatingProgram, HoldingForwardScrubsFiveSecondsASecondAndStopsShortOfT
     startWithSteps(seconds);
     display.moveTo(place::mainWindow.topLeft() + place::forwardButton);
     display.press();
-    const auto waitForPosition = [&](double position) {
-        EXPECT_TRUE(waitUntil([&] { return playedSeconds(seconds) >= position; }));
-        return recorder->size();
-    };
-    const std::size_t early = waitForPosition(6.0);
-    const std::size_t late = waitForPosition(30.0);
-    // Between the steps, five of which it takes in a second, the song plays on.
-    EXPECT_NEAR(24.0 / (static_cast<double>(late - early) / rate), 6.0, 0.9);
-
+    const std::size_t begin = recorder->size();
     // With less than four seconds left it takes no more steps, and the song goes on as it was
     // recorded.
     EXPECT_TRUE(hears(stepFrequency(seconds - 2)));
-    const std::size_t first = recorder->size();
+    const std::size_t nearEnd = recorder->size();
     EXPECT_TRUE(hears(stepFrequency(seconds - 1)));
-    EXPECT_NEAR(static_cast<double>(recorder->size() - first) / rate, 1.0, 0.25);
+    EXPECT_NEAR(static_cast<double>(recorder->size() - nearEnd) / rate, 1.0, 0.25);
+
+    // Between the steps, five of which it takes in a second, the song plays on.
+    const auto early = static_cast<double>(firstHeard(5, begin));
+    const auto late = static_cast<double>(firstHeard(35, begin));
+    EXPECT_NEAR(30.0 / ((late - early) / rate), 6.0, 0.6);
     display.release();
     EXPECT_TRUE(hears(250.0)); // the end of the song, not the button, brings the next one
 }
