@@ -86,12 +86,12 @@ void Player::build()
     EXPECT_EQ(engine::buildAudioSystem(), 0);
 }
 
-void Player::setSomeEqualizer()
+void Player::setUnevenEqualizer()
 {
-    float level = -9.0F;
+    float level = 9.0F;
     for (std::uint32_t id = 2; id < parameter::equalizerBands; id += 3) {
         engine::setEqLevel(id, level);
-        level = level > 0.0F ? level - 13.0F : level + 11.0F;
+        level = -level;
     }
 }
 

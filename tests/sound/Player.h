@@ -29,8 +29,8 @@ public:
     Player(const Player &) = delete;
     Player &operator=(const Player &) = delete;
 
-    /// Some slider positions other than flat.
-    static void setSomeEqualizer();
+    /// Sliders in turn at +9 and -9 dB.
+    static void setUnevenEqualizer();
 
     /// The next `frames` frames, in callbacks of `callback` frames.
     Stereo pull(std::size_t frames, std::uint32_t callback = 512);

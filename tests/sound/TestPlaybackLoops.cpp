@@ -84,7 +84,7 @@ protected:
     static Stereo listen(Player &player)
     {
         const LoopSetting setting = GetParam();
-        Player::setSomeEqualizer();
+        Player::setUnevenEqualizer();
         engine::setPlaybackRate(setting.rate());
         engine::setPitchCents(setting.cents);
         engine::setOutputRunning(true);

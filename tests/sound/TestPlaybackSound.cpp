@@ -41,7 +41,7 @@ TEST(PlaybackUntouched, AfterChangesOfEverythingAndBack)
     };
     Player player(song, 500'000);
     engine::setOutputRunning(true);
-    Player::setSomeEqualizer();
+    Player::setUnevenEqualizer();
     engine::setPlaybackRate(0.75F);
     engine::setPitchCents(-200.0F);
     engine::setOutputVolume(0.3F);
@@ -172,7 +172,7 @@ protected:
 TEST_P(Clicks, SeeksWhilePlayingMakeNone)
 {
     Player player(tone(331.0), 3'000'000);
-    Player::setSomeEqualizer();
+    Player::setUnevenEqualizer();
     GetParam().apply();
     engine::setOutputRunning(true);
     player.pull(20'000);

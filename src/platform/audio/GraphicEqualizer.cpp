@@ -79,6 +79,12 @@ void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noe
     if (renderCallback != nullptr &&
         renderCallback(renderContext, frames, ioData) != status::noError)
         silence(ioData, frames);
+    if (resets && frames > 0 && ioData.mNumberBuffers > 0) {
+        const auto first = [&ioData](std::uint32_t channel) {
+            return *static_cast<const float *>(ioData.mBuffers[channel].mData);
+        };
+        cascade.settleOn(first(0), ioData.mNumberBuffers >= 2 ? first(1) : 0.0F);
+    }
 
     if (ioData.mNumberBuffers >= 2) {
         cascade.process(static_cast<float *>(ioData.mBuffers[0].mData),

@@ -95,6 +95,14 @@ void GraphicEqualizerCascade::clear() noexcept
     states = {};
 }
 
+// A section adds nothing to a constant, which tells what its state must be.
+void GraphicEqualizerCascade::settleOn(float left, float right) noexcept
+{
+    const StereoLanes in = stereoLanes(read(left), read(right)) * bothLanes(gain);
+    for (std::size_t s = 0; s < equalizer::sectionCount; ++s)
+        states[s] = {bothLanes(0.0) - current[s].c0 * in, current[s].c2 * in};
+}
+
 // Transposed direct form II, with the section written as a wire and what is added to it: y = x + v.
 template <std::uint32_t count, bool isRamping>
 void GraphicEqualizerCascade::filter(float *left, float *right) noexcept

@@ -28,6 +28,11 @@ public:
     /// Ends a ramp at its target and forgets the signal.
     void clear() noexcept;
 
+    /// Goes on as if `left` and `right` had been the input for ever. A signal that sets in at full
+    /// height after clear() makes the sections ring, far louder beyond the signal's own frequencies
+    /// than anything in it.
+    void settleOn(float left, float right) noexcept;
+
     /// Filters in place. `left` and `right` hold `frames` samples each. A sample that is not finite
     /// counts as 0.0; one that comes out beyond the range of float is held at its end.
     void process(float *left, float *right, std::uint32_t frames) noexcept;
