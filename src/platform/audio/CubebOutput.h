@@ -22,8 +22,8 @@ class CubebOutput : public OutputUnit {
 public:
     /// What the device holds between a pull and the ear, unless it insists on more: 35 ms. Sound
     /// servers ask for a quarter of it at a time, which leaves 26 ms for a pull; a stretcher that
-    /// starts anew after a seek needs up to half of that. More would make the position shown run
-    /// too far ahead of what is heard: at double speed a frame held here is two frames of song.
+    /// starts anew after a seek needs up to two thirds of that. More would make the position shown
+    /// run too far ahead of what is heard: at double speed a frame held here is two frames of song.
     static constexpr std::uint32_t preferredLatencyFrames = 1536;
 
     CubebOutput() = default;
