@@ -69,6 +69,25 @@ TEST_F(NavigatingProgram, HoldingForwardScrubsFiveSecondsASecondAndStopsShortOfT
     EXPECT_TRUE(hears(250.0)); // the end of the song, not the button, brings the next one
 }
 
+TEST_F(NavigatingProgram, PressingTheRightArrowKeyPlaysTheNextSong)
+{
+    startWithSteps(20);
+    display.key(u"Right"_s);
+    EXPECT_TRUE(hears(250.0, 5.0)); // long before the end
+}
+
+TEST_F(NavigatingProgram, HoldingTheRightArrowKeyScrubs)
+{
+    startWithSteps(30);
+    const std::size_t begin = recorder->size();
+    display.keyDown(u"Right"_s); // the display repeats it, as displays do
+    ASSERT_TRUE(waitUntil([this] { return stepNow() >= 12; }, 8.0));
+    display.keyUp(u"Right"_s);
+    EXPECT_LT(static_cast<double>(firstHeard(12, begin) - begin) / rate, 6.0);
+    const int reached = stepNow();
+    EXPECT_TRUE(hears(stepFrequency(reached + 2), 4.0)); // it goes on as it was recorded
+}
+
 TEST_F(NavigatingProgram, AClickInTheBarLandsWithinAPixel)
 {
     startWithSteps(20);
