@@ -128,7 +128,7 @@ TEST_F(PopoverTest, NewContentReplacesTheOld)
 
 TEST_F(PopoverTest, ContentKeepsTheSizeOfItsInterfaceDefinition)
 {
-    for (const QSize size : {QSize(320, 380), QSize(280, 96)}) {
+    for (const QSize size : {QSize(320, 300), QSize(280, 96)}) {
         auto *view = new QWidget;
         view->resize(size);
         popover->setContentView(view);
