@@ -71,6 +71,24 @@ TEST_F(PlayingProgram, SpacePlaysAndPausesExceptInTheSearchField)
         EXPECT_NEAR(toneAt(at), 400.0, 2.0) << "after " << (at - before) << " samples";
 }
 
+TEST_F(PlayingProgram, HoldingSpaceIsOnePress)
+{
+    startWithTones();
+    doubleClickSong(1);
+    EXPECT_TRUE(hears(400.0));
+    display.keyDown(u"space"_s); // the display repeats it, as displays do
+    EXPECT_TRUE(hearsSilence());
+    const std::size_t begin = recorder->size();
+    recorder->waitFor(1.5);
+    display.keyUp(u"space"_s);
+    for (const float sample : recorder->samples(begin)) {
+        if (std::abs(sample) > 0.001F) {
+            ADD_FAILURE() << "it plays again";
+            break;
+        }
+    }
+}
+
 TEST_F(PlayingProgram, AFirstStartShowsSongsAndSpacePlays)
 {
     start();
