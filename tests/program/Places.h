@@ -12,15 +12,11 @@ namespace lyrabox::test::place {
 inline constexpr QRect mainWindow{20, 20, 1120, 720};
 inline constexpr QRect equalizerWindow{100, 60, 780, 360};
 
-inline constexpr QPoint playlistsTab{62, 53};
-inline constexpr QPoint foldersTab{165, 53};
 inline constexpr QPoint addFolderButton{22, 493};
 inline constexpr QPoint removeFolderButton{47, 493};
 inline constexpr QPoint searchField{990, 53};
 inline constexpr QPoint titleHeader{420, 91};
 
-inline constexpr QPoint backButton{234, 669};
-inline constexpr QPoint playButton{290, 669};
 inline constexpr QPoint forwardButton{346, 669};
 /// In the navigation bar, between its texts.
 inline constexpr QPoint navigationBar(QSize window)
