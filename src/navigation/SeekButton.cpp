@@ -9,10 +9,18 @@
 
 namespace lyrabox {
 
+namespace {
+/// How long a key's release waits for the press that would make it a repeat.
+constexpr int releaseMilliseconds = 20;
+} // namespace
+
 SeekButton::SeekButton(QWidget *parent)
     : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
 {
     setFocusPolicy(Qt::TabFocus);
+    m_releaseTimer.setSingleShot(true);
+    m_releaseTimer.setInterval(releaseMilliseconds);
+    connect(&m_releaseTimer, &QTimer::timeout, this, [this] { endPress(End::Released); });
 }
 
 SeekButton::~SeekButton()
@@ -57,8 +65,21 @@ void SeekButton::periodicEvent()
         endPress(End::CutOff);
 }
 
+void SeekButton::keyReleased(quint64 timestamp)
+{
+    // An X server repeats a held key as a release and a press with one timestamp. The toolkit marks
+    // the pair as repeated only where the press had arrived when it looked at the release.
+    if (timestamp == 0) {
+        endPress(End::Released);
+        return;
+    }
+    m_releaseTimestamp = timestamp;
+    m_releaseTimer.start();
+}
+
 void SeekButton::endPress(End end)
 {
+    m_releaseTimer.stop();
     if (m_press == Press::None)
         return;
     m_press = Press::None;
@@ -127,9 +148,13 @@ bool SeekButton::eventFilter(QObject *watched, QEvent *event)
         return false;
     case QEvent::KeyRelease:
         if (m_press == Press::Key && !static_cast<QKeyEvent *>(event)->isAutoRepeat())
-            endPress(End::Released);
+            keyReleased(static_cast<QKeyEvent *>(event)->timestamp());
         return true;
     case QEvent::KeyPress:
+        if (static_cast<QKeyEvent *>(event)->timestamp() == m_releaseTimestamp)
+            m_releaseTimer.stop(); // the key was not released: it repeats itself
+        event->accept();
+        return true;
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
     case QEvent::Wheel:

@@ -3,6 +3,8 @@
 #include "navigation/PeriodicEvents.h"
 #include "platform/ui/StateButton.h"
 
+#include <QTimer>
+
 #include <memory>
 
 class LB_NavigationView;
@@ -76,6 +78,7 @@ private:
     void beginPress(Press press);
     void endPress(End end);
     void periodicEvent();
+    void keyReleased(quint64 timestamp);
 
     LB_NavigationView *m_navView = nullptr;
     std::unique_ptr<PeriodicEvents> m_events;
@@ -86,6 +89,8 @@ private:
     double m_periodicInterval = 0.2;
     int m_keyEquivalent = 0;
     Press m_press = Press::None;
+    QTimer m_releaseTimer; ///< runs while a key's release may yet be a repeat
+    quint64 m_releaseTimestamp = 0;
 };
 
 } // namespace lyrabox

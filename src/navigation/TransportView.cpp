@@ -51,6 +51,14 @@ bool transportTakesKey(int key, FocusKind focus)
     return true;
 }
 
+namespace {
+/// Keys that switch something to and fro.
+bool isHeldOnce(int key)
+{
+    return key == Qt::Key_Space || key == Qt::Key_L;
+}
+} // namespace
+
 TransportView::TransportView(QWidget *parent) : QWidget(parent)
 {
     setFocusPolicy(Qt::ClickFocus);
@@ -63,8 +71,18 @@ void TransportView::setButtons(SeekButton *backward, SeekButton *forward)
     m_forward = forward;
 }
 
+bool TransportView::isRepeat(const QKeyEvent *event) const
+{
+    // An X server repeats a held key as a release and a press with one timestamp. The toolkit marks
+    // the pair as repeated only where the press had arrived when it looked at the release.
+    return event->isAutoRepeat() ||
+           (event->timestamp() != 0 && event->timestamp() == m_releaseTimestamp);
+}
+
 bool TransportView::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::KeyRelease)
+        m_releaseTimestamp = static_cast<QKeyEvent *>(event)->timestamp();
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     if ((!isOverride && event->type() != QEvent::KeyPress) || m_backward == nullptr)
         return false;
@@ -78,8 +96,13 @@ bool TransportView::eventFilter(QObject *watched, QEvent *event)
         // same.
         if (key->key() == Qt::Key_Space && !transportTakesKey(Qt::Key_Space, focus))
             key->accept();
+        // Held, it is one press: neither the menu's shortcut nor the list gets what follows.
+        else if (isHeldOnce(key->key()) && isRepeat(key) && focus != FocusKind::Text)
+            key->accept();
         return false;
     }
+    if (isHeldOnce(key->key()) && isRepeat(key) && transportTakesKey(key->key(), focus))
+        return true;
     if (widget->window() != window() || !transportTakesKey(key->key(), focus) ||
         (key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;

@@ -35,8 +35,11 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool isRepeat(const QKeyEvent *event) const;
+
     SeekButton *m_backward = nullptr;
     SeekButton *m_forward = nullptr;
+    quint64 m_releaseTimestamp = 0;
 };
 
 } // namespace lyrabox

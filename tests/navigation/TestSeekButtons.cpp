@@ -202,6 +202,26 @@ TEST_F(SeekButtons, AutoRepeatCountsAsHoldingTheKey)
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
 }
 
+TEST_F(SeekButtons, ARepeatThatIsNotMarkedAsOneIsKnownByItsTimestamp)
+{
+    f.play(100);
+    EXPECT_TRUE(sendKey(f.forward, Qt::Key_Right));
+    for (const quint64 timestamp : {500U, 530U, 560U}) {
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_Right, Qt::NoModifier);
+        up.setTimestamp(timestamp);
+        QApplication::sendEvent(&f.view, &up);
+        EXPECT_TRUE(f.forward.isPressing());
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+        down.setTimestamp(timestamp);
+        QApplication::sendEvent(&f.view, &down);
+        EXPECT_TRUE(f.forward.isPressing());
+    }
+    f.forwardEvents.event();
+    releaseKey(Qt::Key_Right);
+    EXPECT_FALSE(f.forward.isPressing());
+    EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
+}
+
 TEST_F(SeekButtons, HoldSwallowsOtherInput)
 {
     f.play(100);

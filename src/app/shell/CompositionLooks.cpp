@@ -94,6 +94,7 @@ void Composition::applyLooks()
         makeSecondary(label);
     for (QLabel *label : m_eqWindow.findChildren<QLabel *>())
         makeSecondary(label);
+    m_main.volumeLabel->setIndent(Theme::grid); // over the slider's track, which is inset
     m_main.trackCountField->setForegroundRole(QPalette::PlaceholderText);
 
     fill(m_main.transportLine, Theme::lineGray);

@@ -42,6 +42,9 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     volumeUp = add(playback, tr("Lou&der"), {Qt::CTRL | Qt::Key_Up});
     volumeDown = add(playback, tr("&Quieter"), {Qt::CTRL | Qt::Key_Down});
 
+    for (QAction *step : {faster, slower, pitchUp, pitchDown, volumeUp, volumeDown})
+        step->setAutoRepeat(true);
+
     QMenu *song = bar->addMenu(tr("&Song"));
     saveSettings = add(song, tr("&Keep Speed and Pitch"), {Qt::CTRL | Qt::Key_S});
     removeSettings = add(song, tr("&Forget Speed and Pitch"), {Qt::CTRL | Qt::SHIFT | Qt::Key_S});
@@ -70,6 +73,7 @@ QAction *MainMenu::add(QMenu *menu, const QString &text, const QList<QKeySequenc
     QAction *action = menu->addAction(text);
     action->setShortcuts(shortcuts);
     action->setShortcutContext(Qt::ApplicationShortcut);
+    action->setAutoRepeat(false);
     return action;
 }
 
