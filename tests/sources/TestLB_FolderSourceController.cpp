@@ -207,9 +207,10 @@ TEST_F(FolderSource, FolderOfOnlyFilesHiddenFoldersOrPackagesIsNotExpandable)
             std::make_shared<LB_FolderItem>(folderURL(path(QLatin1String(name))), nullptr);
         EXPECT_EQ(item->numberOfChildren(), 0) << name;
     }
-    EXPECT_EQ(std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("real"))), nullptr)
-                  ->numberOfChildren(),
-              1);
+    const auto real =
+        std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("real"))), nullptr);
+    EXPECT_EQ(real->numberOfChildren(), 1);
+    real->discardChildren();
 }
 
 TEST_F(FolderSource, MountingOrUnmountingListsEveryTreeAnewAndKeepsWhatWasExpandedAndSelected)
