@@ -20,7 +20,8 @@ constexpr auto hoverTime = 3000ms;
 constexpr qint64 glideMilliseconds = 250; // from one refresh to the next
 constexpr double longestGlideSeconds = 2.0;
 constexpr double repaintStep = 0.25; // device pixels
-constexpr int shortestGlideStep = 16;
+constexpr int shortestGlideStep = 33;
+constexpr double edgeMargin = 2.0; // what the moving edge may have gone on by when it is painted
 
 constexpr double textMargin = 12.0;
 constexpr double textBottom = 3.0;
@@ -175,10 +176,18 @@ void LB_NavigationView::timerEvent(QTimerEvent *event)
         return;
     }
     const double displayed = displayedProgress();
-    if (std::abs(edgeInDevicePixels(displayed) - m_paintedEdge) >= repaintStep)
-        update();
+    const double edge = edgeInDevicePixels(displayed);
+    if (std::abs(edge - m_paintedEdge) >= repaintStep)
+        updateBetween(m_paintedEdge / devicePixelRatioF(), edge / devicePixelRatioF());
     if (displayed == m_playLayer.playProgress())
         m_glideTimer.stop();
+}
+
+void LB_NavigationView::updateBetween(double from, double to)
+{
+    const QRectF strip(std::min(from, to) - edgeMargin, 0.0, std::abs(to - from) + 2.0 * edgeMargin,
+                       height());
+    update(strip.toAlignedRect());
 }
 
 void LB_NavigationView::paintEvent(QPaintEvent *)

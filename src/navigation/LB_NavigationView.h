@@ -94,6 +94,7 @@ private:
     void setHover(const QString &text, double x);
     void glideTo(double fraction);
     void scheduleGlideStep();
+    void updateBetween(double from, double to);
     double edgeInDevicePixels(double fraction) const;
     QRectF layerBounds() const { return QRectF(rect()); }
 
