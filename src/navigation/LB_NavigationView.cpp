@@ -19,7 +19,7 @@ constexpr auto refreshInterval = 250ms;
 constexpr auto hoverTime = 3000ms;
 constexpr qint64 glideMilliseconds = 250; // from one refresh to the next
 constexpr double longestGlideSeconds = 2.0;
-constexpr double repaintStep = 0.25; // device pixels
+constexpr double repaintStep = 0.5; // device pixels
 constexpr int shortestGlideStep = 33;
 constexpr double edgeMargin = 2.0; // what the moving edge may have gone on by when it is painted
 
