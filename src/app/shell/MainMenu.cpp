@@ -39,7 +39,7 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     pitchDown = add(playback, tr("Pitch &Down"), {Qt::Key_BracketLeft});
     originalPitch = add(playback, tr("Or&iginal Pitch"), {Qt::Key_Backslash});
     playback->addSeparator();
-    volumeUp = add(playback, tr("Lou&der"), {Qt::CTRL | Qt::Key_Up});
+    volumeUp = add(playback, tr("Loud&er"), {Qt::CTRL | Qt::Key_Up});
     volumeDown = add(playback, tr("&Quieter"), {Qt::CTRL | Qt::Key_Down});
 
     for (QAction *step : {faster, slower, pitchUp, pitchDown, volumeUp, volumeDown})

@@ -1,4 +1,5 @@
 #include "app/shell/Composition.h"
+#include "app/shell/Languages.h"
 #include "app/shell/SingleInstance.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/ui/Theme.h"
@@ -17,6 +18,7 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName(QStringLiteral("Lyrabox"));
     QApplication::setDesktopFileName(QStringLiteral("lyrabox"));
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
+    lyrabox::installLanguage(application);
     lyrabox::applyApplicationTheme(application);
 
     LB_SettingsController settingsFolder; // only to find the folder that the lock lies in

@@ -1,0 +1,836 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AddPopover</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPopover</name>
+    <message>
+        <source>Choose a folder to add</source>
+        <translation>Ordner zum Hinzufügen wählen</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>EqualizerWindow</name>
+    <message>
+        <source>Equalizer</source>
+        <translation>Equalizer</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Voreinstellungen</translation>
+    </message>
+    <message>
+        <source>Add or remove a preset</source>
+        <translation>Voreinstellung hinzufügen oder entfernen</translation>
+    </message>
+    <message>
+        <source>+12</source>
+        <translation>+12</translation>
+    </message>
+    <message>
+        <source>0 dB</source>
+        <translation>0 dB</translation>
+    </message>
+    <message>
+        <source>−12</source>
+        <translation>−12</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz</source>
+        <translation>Pegel bei 31,5 Hertz</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz</source>
+        <translation>Pegel bei 63 Hertz</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz</source>
+        <translation>Pegel bei 125 Hertz</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz</source>
+        <translation>Pegel bei 250 Hertz</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz</source>
+        <translation>Pegel bei 500 Hertz</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz</source>
+        <translation>Pegel bei 1 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz</source>
+        <translation>Pegel bei 2 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz</source>
+        <translation>Pegel bei 4 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz</source>
+        <translation>Pegel bei 8 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz</source>
+        <translation>Pegel bei 16 Kilohertz</translation>
+    </message>
+    <message>
+        <source>31.5</source>
+        <translation>31,5</translation>
+    </message>
+    <message>
+        <source>63</source>
+        <translation>63</translation>
+    </message>
+    <message>
+        <source>125</source>
+        <translation>125</translation>
+    </message>
+    <message>
+        <source>250</source>
+        <translation>250</translation>
+    </message>
+    <message>
+        <source>500</source>
+        <translation>500</translation>
+    </message>
+    <message>
+        <source>1k</source>
+        <translation>1k</translation>
+    </message>
+    <message>
+        <source>2k</source>
+        <translation>2k</translation>
+    </message>
+    <message>
+        <source>4k</source>
+        <translation>4k</translation>
+    </message>
+    <message>
+        <source>8k</source>
+        <translation>8k</translation>
+    </message>
+    <message>
+        <source>16k</source>
+        <translation>16k</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz in decibels</source>
+        <translation>Pegel bei 31,5 Hertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz in decibels</source>
+        <translation>Pegel bei 63 Hertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz in decibels</source>
+        <translation>Pegel bei 125 Hertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz in decibels</source>
+        <translation>Pegel bei 250 Hertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz in decibels</source>
+        <translation>Pegel bei 500 Hertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz in decibels</source>
+        <translation>Pegel bei 1 Kilohertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz in decibels</source>
+        <translation>Pegel bei 2 Kilohertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz in decibels</source>
+        <translation>Pegel bei 4 Kilohertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz in decibels</source>
+        <translation>Pegel bei 8 Kilohertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz in decibels</source>
+        <translation>Pegel bei 16 Kilohertz in Dezibel</translation>
+    </message>
+    <message>
+        <source>Steps at 31.5 hertz</source>
+        <translation>Schritte bei 31,5 Hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 63 hertz</source>
+        <translation>Schritte bei 63 Hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 125 hertz</source>
+        <translation>Schritte bei 125 Hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 250 hertz</source>
+        <translation>Schritte bei 250 Hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 500 hertz</source>
+        <translation>Schritte bei 500 Hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 1 kilohertz</source>
+        <translation>Schritte bei 1 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 2 kilohertz</source>
+        <translation>Schritte bei 2 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 4 kilohertz</source>
+        <translation>Schritte bei 4 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 8 kilohertz</source>
+        <translation>Schritte bei 8 Kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 16 kilohertz</source>
+        <translation>Schritte bei 16 Kilohertz</translation>
+    </message>
+</context>
+<context>
+    <name>HelpText</name>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Leertaste: Wiedergabe oder Pause
+Links, Rechts: kurz für den vorigen oder nächsten Titel, gehalten zum Spulen
+L: Anfang einer Schleife setzen, dann ihr Ende, dann aufheben
+- und =: langsamer und schneller; 0: normales Tempo
+[ und ]: einen Halbton tiefer und höher; \: ursprüngliche Tonhöhe
+Strg+Auf, Strg+Ab: Lautstärke
+Eingabe: den gewählten Titel spielen
+Strg+S: Tempo und Tonhöhe des Titels merken
+Strg+F: suchen
+Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
+    </message>
+    <message>
+        <source>Version %1
+A music-practice player.
+Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>Version %1
+Ein Musikspieler zum Üben.
+Freie Software unter der GNU General Public License, Version 3 oder neuer.</translation>
+    </message>
+</context>
+<context>
+    <name>LB_AudioController</name>
+    <message>
+        <source>Lyrabox cannot build its audio system. (Error %1)</source>
+        <translation>Lyrabox kann seine Tonausgabe nicht aufbauen. (Fehler %1)</translation>
+    </message>
+    <message>
+        <source>The program will now terminate</source>
+        <translation>Das Programm wird jetzt beendet</translation>
+    </message>
+</context>
+<context>
+    <name>LB_EqualizerController</name>
+    <message>
+        <source>Enter a name for the new preset</source>
+        <translation>Name der neuen Voreinstellung</translation>
+    </message>
+    <message>
+        <source>New Preset</source>
+        <translation>Neue Voreinstellung</translation>
+    </message>
+    <message>
+        <source>Remove preset &apos;%1&apos;?</source>
+        <translation>Voreinstellung „%1“ entfernen?</translation>
+    </message>
+    <message>
+        <source>Add a preset</source>
+        <translation>Voreinstellung hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove the preset</source>
+        <translation>Voreinstellung entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>LB_FolderSourceController</name>
+    <message>
+        <source>No folders yet. Press + to add one, or drop a folder here.</source>
+        <translation>Noch keine Ordner. Mit + einen hinzufügen oder einen Ordner hierher ziehen.</translation>
+    </message>
+    <message>
+        <source>Remove folder &apos;%1&apos;?</source>
+        <translation>Ordner „%1“ entfernen?</translation>
+    </message>
+</context>
+<context>
+    <name>LB_PlaylistSourceController</name>
+    <message>
+        <source>No playlists. Choose a music library in the File menu, or add folders on the other tab.</source>
+        <translation>Keine Listen. Im Menü „Datei“ eine Musikbibliothek wählen oder auf dem anderen Reiter Ordner hinzufügen.</translation>
+    </message>
+</context>
+<context>
+    <name>LB_QueueController</name>
+    <message>
+        <source>Error loading &apos;%1&apos; (%2)</source>
+        <translation>Fehler beim Laden von „%1“ (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>LB_SettingsController</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Source list</source>
+        <translation>Quellen</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>Listen</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Add or remove a folder</source>
+        <translation>Ordner hinzufügen oder entfernen</translation>
+    </message>
+    <message>
+        <source>Number of songs</source>
+        <translation>Anzahl der Titel</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Zufällig</translation>
+    </message>
+    <message>
+        <source>Play the list in random order</source>
+        <translation>Liste in zufälliger Reihenfolge spielen</translation>
+    </message>
+    <message>
+        <source>Search songs</source>
+        <translation>Titel suchen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Transport</source>
+        <translation>Transport</translation>
+    </message>
+    <message>
+        <source>Artwork</source>
+        <translation>Cover</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Artist and album</source>
+        <translation>Interpret und Album</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Previous song; hold to rewind</source>
+        <translation>Voriger Titel; halten zum Zurückspulen</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Wiedergabe oder Pause</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Next song; hold to fast-forward</source>
+        <translation>Nächster Titel; halten zum Vorspulen</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop, then its end</source>
+        <translation>Anfang einer Schleife setzen, dann ihr Ende</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Speed steps</source>
+        <translation>Temposchritte</translation>
+    </message>
+    <message>
+        <source>Speed in percent</source>
+        <translation>Tempo in Prozent</translation>
+    </message>
+    <message>
+        <source>Pitch (cents)</source>
+        <translation>Tonhöhe (Cent)</translation>
+    </message>
+    <message>
+        <source>Pitch steps</source>
+        <translation>Tonhöhenschritte</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Tonhöhe</translation>
+    </message>
+    <message>
+        <source>Pitch in cents</source>
+        <translation>Tonhöhe in Cent</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Song settings</source>
+        <translation>Titeleinstellungen</translation>
+    </message>
+    <message>
+        <source>Keep or forget the speed and pitch of this song</source>
+        <translation>Tempo und Tonhöhe dieses Titels merken oder vergessen</translation>
+    </message>
+</context>
+<context>
+    <name>MusicLibrary</name>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+</context>
+<context>
+    <name>RemovePopover</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TrackCountTextTransformer</name>
+    <message>
+        <source>1 song</source>
+        <translation>1 Titel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>%n Titel</numerusform>
+            <numerusform>%n Titel</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Lyrabox %1 is available.</source>
+        <translation>Lyrabox %1 ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>Release notes</source>
+        <translation>Was neu ist</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Open Its Page</source>
+        <translation>Seite öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Composition</name>
+    <message>
+        <source>Slower by 5 percent</source>
+        <translation>5 Prozent langsamer</translation>
+    </message>
+    <message>
+        <source>Normal speed</source>
+        <translation>Normales Tempo</translation>
+    </message>
+    <message>
+        <source>Faster by 5 percent</source>
+        <translation>5 Prozent schneller</translation>
+    </message>
+    <message>
+        <source>A semitone down</source>
+        <translation>Einen Halbton tiefer</translation>
+    </message>
+    <message>
+        <source>Original pitch</source>
+        <translation>Ursprüngliche Tonhöhe</translation>
+    </message>
+    <message>
+        <source>A semitone up</source>
+        <translation>Einen Halbton höher</translation>
+    </message>
+    <message>
+        <source>Add a folder</source>
+        <translation>Ordner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove the folder</source>
+        <translation>Ordner entfernen</translation>
+    </message>
+    <message>
+        <source>Down 1 decibel</source>
+        <translation>1 Dezibel leiser</translation>
+    </message>
+    <message>
+        <source>0 decibels</source>
+        <translation>0 Dezibel</translation>
+    </message>
+    <message>
+        <source>Up 1 decibel</source>
+        <translation>1 Dezibel lauter</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>Listen</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop</source>
+        <translation>Anfang einer Schleife setzen</translation>
+    </message>
+    <message>
+        <source>Mark the end of the loop</source>
+        <translation>Ende der Schleife setzen</translation>
+    </message>
+    <message>
+        <source>Clear the loop</source>
+        <translation>Schleife aufheben</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Zufällig</translation>
+    </message>
+    <message>
+        <source>Play in order</source>
+        <translation>Der Reihe nach spielen</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>About Lyrabox</source>
+        <translation>Über Lyrabox</translation>
+    </message>
+    <message>
+        <source>Choose Music Library</source>
+        <translation>Musikbibliothek wählen</translation>
+    </message>
+    <message>
+        <source>Music libraries (*.xml *.plist);;All files (*)</source>
+        <translation>Musikbibliotheken (*.xml *.plist);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Music library chosen</source>
+        <translation>Musikbibliothek gewählt</translation>
+    </message>
+    <message>
+        <source>Its playlists are shown from the next start of Lyrabox on.</source>
+        <translation>Ihre Listen erscheinen ab dem nächsten Start von Lyrabox.</translation>
+    </message>
+    <message>
+        <source>The music library could not be chosen</source>
+        <translation>Die Musikbibliothek konnte nicht gewählt werden</translation>
+    </message>
+    <message>
+        <source>The preferences could not be written.</source>
+        <translation>Die Einstellungen konnten nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MainMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Add Folder…</source>
+        <translation>Ordner &amp;hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Choose &amp;Music Library…</source>
+        <translation>&amp;Musikbibliothek wählen …</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Search Songs</source>
+        <translation>Titel &amp;suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Pause</source>
+        <translation>&amp;Wiedergabe oder Pause</translation>
+    </message>
+    <message>
+        <source>&amp;Next Song</source>
+        <translation>&amp;Nächster Titel</translation>
+    </message>
+    <message>
+        <source>P&amp;revious Song</source>
+        <translation>&amp;Voriger Titel</translation>
+    </message>
+    <message>
+        <source>S&amp;huffle</source>
+        <translation>&amp;Zufällige Reihenfolge</translation>
+    </message>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>S&amp;chleife</translation>
+    </message>
+    <message>
+        <source>&amp;Faster</source>
+        <translation>&amp;Schneller</translation>
+    </message>
+    <message>
+        <source>&amp;Slower</source>
+        <translation>Lan&amp;gsamer</translation>
+    </message>
+    <message>
+        <source>N&amp;ormal Speed</source>
+        <translation>N&amp;ormales Tempo</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Up</source>
+        <translation>&amp;Höher</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Down</source>
+        <translation>&amp;Tiefer</translation>
+    </message>
+    <message>
+        <source>Or&amp;iginal Pitch</source>
+        <translation>&amp;Ursprüngliche Tonhöhe</translation>
+    </message>
+    <message>
+        <source>Loud&amp;er</source>
+        <translation>L&amp;auter</translation>
+    </message>
+    <message>
+        <source>&amp;Quieter</source>
+        <translation>&amp;Leiser</translation>
+    </message>
+    <message>
+        <source>&amp;Song</source>
+        <translation>&amp;Titel</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>Tempo und Tonhöhe &amp;merken</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>Tempo und Tonhöhe &amp;vergessen</translation>
+    </message>
+    <message>
+        <source>&amp;Show Playing Song</source>
+        <translation>Spielenden Titel &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Lyrabox</source>
+        <translation>&amp;Lyrabox</translation>
+    </message>
+    <message>
+        <source>&amp;Equalizer</source>
+        <translation>&amp;Equalizer</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;Email Support…</source>
+        <translation>&amp;E-Mail an den Support …</translation>
+    </message>
+    <message>
+        <source>&amp;Website</source>
+        <translation>&amp;Website</translation>
+    </message>
+    <message>
+        <source>&amp;Check for Updates…</source>
+        <translation>Nach &amp;Aktualisierungen suchen …</translation>
+    </message>
+    <message>
+        <source>&amp;About Lyrabox</source>
+        <translation>Ü&amp;ber Lyrabox</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SUUpdater</name>
+    <message>
+        <source>Lyrabox is up to date.</source>
+        <translation>Lyrabox ist auf dem neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>Version %1 is the newest there is.</source>
+        <translation>Version %1 ist die neueste.</translation>
+    </message>
+    <message>
+        <source>This version was built without an address to ask.</source>
+        <translation>Diese Version kennt keine Adresse, bei der sie fragen könnte.</translation>
+    </message>
+    <message>
+        <source>The address for updates leads to a connection that is not secure.</source>
+        <translation>Die Adresse für Aktualisierungen führt zu einer unsicheren Verbindung.</translation>
+    </message>
+    <message>
+        <source>The answer was too large.</source>
+        <translation>Die Antwort war zu groß.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>Der Server hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message>
+        <source>The answer could not be understood.</source>
+        <translation>Die Antwort war nicht zu verstehen.</translation>
+    </message>
+    <message>
+        <source>Lyrabox could not check for updates.</source>
+        <translation>Lyrabox konnte nicht nach Aktualisierungen suchen.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Cancel search</source>
+        <translation>Suche abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SplitView</name>
+    <message>
+        <source>Divider</source>
+        <translation>Teiler</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrackTableModel</name>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Spielt</translation>
+    </message>
+    <message>
+        <source>Has settings</source>
+        <translation>Hat Einstellungen</translation>
+    </message>
+</context>
+</TS>

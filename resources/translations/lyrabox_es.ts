@@ -1,0 +1,836 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>AddPopover</name>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPopover</name>
+    <message>
+        <source>Choose a folder to add</source>
+        <translation>Elija la carpeta que añadir</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Carpetas</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>EqualizerWindow</name>
+    <message>
+        <source>Equalizer</source>
+        <translation>Ecualizador</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Preajustes</translation>
+    </message>
+    <message>
+        <source>Add or remove a preset</source>
+        <translation>Añadir o quitar un preajuste</translation>
+    </message>
+    <message>
+        <source>+12</source>
+        <translation>+12</translation>
+    </message>
+    <message>
+        <source>0 dB</source>
+        <translation>0 dB</translation>
+    </message>
+    <message>
+        <source>−12</source>
+        <translation>−12</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz</source>
+        <translation>Nivel a 31,5 hercios</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz</source>
+        <translation>Nivel a 63 hercios</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz</source>
+        <translation>Nivel a 125 hercios</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz</source>
+        <translation>Nivel a 250 hercios</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz</source>
+        <translation>Nivel a 500 hercios</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz</source>
+        <translation>Nivel a 1 kilohercio</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz</source>
+        <translation>Nivel a 2 kilohercios</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz</source>
+        <translation>Nivel a 4 kilohercios</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz</source>
+        <translation>Nivel a 8 kilohercios</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz</source>
+        <translation>Nivel a 16 kilohercios</translation>
+    </message>
+    <message>
+        <source>31.5</source>
+        <translation>31,5</translation>
+    </message>
+    <message>
+        <source>63</source>
+        <translation>63</translation>
+    </message>
+    <message>
+        <source>125</source>
+        <translation>125</translation>
+    </message>
+    <message>
+        <source>250</source>
+        <translation>250</translation>
+    </message>
+    <message>
+        <source>500</source>
+        <translation>500</translation>
+    </message>
+    <message>
+        <source>1k</source>
+        <translation>1k</translation>
+    </message>
+    <message>
+        <source>2k</source>
+        <translation>2k</translation>
+    </message>
+    <message>
+        <source>4k</source>
+        <translation>4k</translation>
+    </message>
+    <message>
+        <source>8k</source>
+        <translation>8k</translation>
+    </message>
+    <message>
+        <source>16k</source>
+        <translation>16k</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz in decibels</source>
+        <translation>Nivel a 31,5 hercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz in decibels</source>
+        <translation>Nivel a 63 hercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz in decibels</source>
+        <translation>Nivel a 125 hercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz in decibels</source>
+        <translation>Nivel a 250 hercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz in decibels</source>
+        <translation>Nivel a 500 hercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz in decibels</source>
+        <translation>Nivel a 1 kilohercio en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz in decibels</source>
+        <translation>Nivel a 2 kilohercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz in decibels</source>
+        <translation>Nivel a 4 kilohercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz in decibels</source>
+        <translation>Nivel a 8 kilohercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz in decibels</source>
+        <translation>Nivel a 16 kilohercios en decibelios</translation>
+    </message>
+    <message>
+        <source>Steps at 31.5 hertz</source>
+        <translation>Pasos a 31,5 hercios</translation>
+    </message>
+    <message>
+        <source>Steps at 63 hertz</source>
+        <translation>Pasos a 63 hercios</translation>
+    </message>
+    <message>
+        <source>Steps at 125 hertz</source>
+        <translation>Pasos a 125 hercios</translation>
+    </message>
+    <message>
+        <source>Steps at 250 hertz</source>
+        <translation>Pasos a 250 hercios</translation>
+    </message>
+    <message>
+        <source>Steps at 500 hertz</source>
+        <translation>Pasos a 500 hercios</translation>
+    </message>
+    <message>
+        <source>Steps at 1 kilohertz</source>
+        <translation>Pasos a 1 kilohercio</translation>
+    </message>
+    <message>
+        <source>Steps at 2 kilohertz</source>
+        <translation>Pasos a 2 kilohercios</translation>
+    </message>
+    <message>
+        <source>Steps at 4 kilohertz</source>
+        <translation>Pasos a 4 kilohercios</translation>
+    </message>
+    <message>
+        <source>Steps at 8 kilohertz</source>
+        <translation>Pasos a 8 kilohercios</translation>
+    </message>
+    <message>
+        <source>Steps at 16 kilohertz</source>
+        <translation>Pasos a 16 kilohercios</translation>
+    </message>
+</context>
+<context>
+    <name>HelpText</name>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Espacio: reproducir o pausar
+Izquierda, Derecha: una pulsación va a la canción anterior o siguiente; mantener pulsado avanza por la canción
+L: marcar el inicio de un bucle, luego su final, luego quitarlo
+- y =: más lento y más rápido; 0: velocidad normal
+[ y ]: un semitono abajo y arriba; \: tono original
+Ctrl+Arriba, Ctrl+Abajo: volumen
+Intro: reproducir la canción seleccionada
+Ctrl+S: guardar la velocidad y el tono de la canción
+Ctrl+F: buscar
+Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
+    </message>
+    <message>
+        <source>Version %1
+A music-practice player.
+Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>Versión %1
+Un reproductor para practicar música.
+Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.</translation>
+    </message>
+</context>
+<context>
+    <name>LB_AudioController</name>
+    <message>
+        <source>Lyrabox cannot build its audio system. (Error %1)</source>
+        <translation>Lyrabox no puede crear su sistema de audio. (Error %1)</translation>
+    </message>
+    <message>
+        <source>The program will now terminate</source>
+        <translation>El programa se cerrará ahora</translation>
+    </message>
+</context>
+<context>
+    <name>LB_EqualizerController</name>
+    <message>
+        <source>Enter a name for the new preset</source>
+        <translation>Nombre del nuevo preajuste</translation>
+    </message>
+    <message>
+        <source>New Preset</source>
+        <translation>Nuevo preajuste</translation>
+    </message>
+    <message>
+        <source>Remove preset &apos;%1&apos;?</source>
+        <translation>¿Quitar el preajuste «%1»?</translation>
+    </message>
+    <message>
+        <source>Add a preset</source>
+        <translation>Añadir un preajuste</translation>
+    </message>
+    <message>
+        <source>Remove the preset</source>
+        <translation>Quitar el preajuste</translation>
+    </message>
+</context>
+<context>
+    <name>LB_FolderSourceController</name>
+    <message>
+        <source>No folders yet. Press + to add one, or drop a folder here.</source>
+        <translation>Aún no hay carpetas. Pulse + para añadir una o suelte aquí una carpeta.</translation>
+    </message>
+    <message>
+        <source>Remove folder &apos;%1&apos;?</source>
+        <translation>¿Quitar la carpeta «%1»?</translation>
+    </message>
+</context>
+<context>
+    <name>LB_PlaylistSourceController</name>
+    <message>
+        <source>No playlists. Choose a music library in the File menu, or add folders on the other tab.</source>
+        <translation>No hay listas. Elija una biblioteca de música en el menú Archivo o añada carpetas en la otra pestaña.</translation>
+    </message>
+</context>
+<context>
+    <name>LB_QueueController</name>
+    <message>
+        <source>Error loading &apos;%1&apos; (%2)</source>
+        <translation>Error al cargar «%1» (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>LB_SettingsController</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sin título</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Source list</source>
+        <translation>Lista de fuentes</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>Listas</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Carpetas</translation>
+    </message>
+    <message>
+        <source>Add or remove a folder</source>
+        <translation>Añadir o quitar una carpeta</translation>
+    </message>
+    <message>
+        <source>Number of songs</source>
+        <translation>Número de canciones</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Aleatorio</translation>
+    </message>
+    <message>
+        <source>Play the list in random order</source>
+        <translation>Reproducir la lista en orden aleatorio</translation>
+    </message>
+    <message>
+        <source>Search songs</source>
+        <translation>Buscar canciones</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Canciones</translation>
+    </message>
+    <message>
+        <source>Transport</source>
+        <translation>Transporte</translation>
+    </message>
+    <message>
+        <source>Artwork</source>
+        <translation>Carátula</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Título</translation>
+    </message>
+    <message>
+        <source>Artist and album</source>
+        <translation>Artista y álbum</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Posición</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Previous song; hold to rewind</source>
+        <translation>Canción anterior; mantenga pulsado para rebobinar</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Reproducir o pausar</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>Next song; hold to fast-forward</source>
+        <translation>Canción siguiente; mantenga pulsado para avanzar</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop, then its end</source>
+        <translation>Marcar el inicio de un bucle y luego su final</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Speed steps</source>
+        <translation>Pasos de velocidad</translation>
+    </message>
+    <message>
+        <source>Speed in percent</source>
+        <translation>Velocidad en porcentaje</translation>
+    </message>
+    <message>
+        <source>Pitch (cents)</source>
+        <translation>Tono (cents)</translation>
+    </message>
+    <message>
+        <source>Pitch steps</source>
+        <translation>Pasos de tono</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Tono</translation>
+    </message>
+    <message>
+        <source>Pitch in cents</source>
+        <translation>Tono en cents</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Song settings</source>
+        <translation>Ajustes de la canción</translation>
+    </message>
+    <message>
+        <source>Keep or forget the speed and pitch of this song</source>
+        <translation>Guardar u olvidar la velocidad y el tono de esta canción</translation>
+    </message>
+</context>
+<context>
+    <name>MusicLibrary</name>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+</context>
+<context>
+    <name>RemovePopover</name>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>TrackCountTextTransformer</name>
+    <message>
+        <source>1 song</source>
+        <translation>1 canción</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>%n canción</numerusform>
+            <numerusform>%n canciones</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Updates</source>
+        <translation>Actualizaciones</translation>
+    </message>
+    <message>
+        <source>Lyrabox %1 is available.</source>
+        <translation>Lyrabox %1 está disponible.</translation>
+    </message>
+    <message>
+        <source>Release notes</source>
+        <translation>Notas de la versión</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Más tarde</translation>
+    </message>
+    <message>
+        <source>Open Its Page</source>
+        <translation>Abrir su página</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Composition</name>
+    <message>
+        <source>Slower by 5 percent</source>
+        <translation>5 por ciento más lento</translation>
+    </message>
+    <message>
+        <source>Normal speed</source>
+        <translation>Velocidad normal</translation>
+    </message>
+    <message>
+        <source>Faster by 5 percent</source>
+        <translation>5 por ciento más rápido</translation>
+    </message>
+    <message>
+        <source>A semitone down</source>
+        <translation>Un semitono abajo</translation>
+    </message>
+    <message>
+        <source>Original pitch</source>
+        <translation>Tono original</translation>
+    </message>
+    <message>
+        <source>A semitone up</source>
+        <translation>Un semitono arriba</translation>
+    </message>
+    <message>
+        <source>Add a folder</source>
+        <translation>Añadir una carpeta</translation>
+    </message>
+    <message>
+        <source>Remove the folder</source>
+        <translation>Quitar la carpeta</translation>
+    </message>
+    <message>
+        <source>Down 1 decibel</source>
+        <translation>Bajar 1 decibelio</translation>
+    </message>
+    <message>
+        <source>0 decibels</source>
+        <translation>0 decibelios</translation>
+    </message>
+    <message>
+        <source>Up 1 decibel</source>
+        <translation>Subir 1 decibelio</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>Listas</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Carpetas</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop</source>
+        <translation>Marcar el inicio de un bucle</translation>
+    </message>
+    <message>
+        <source>Mark the end of the loop</source>
+        <translation>Marcar el final del bucle</translation>
+    </message>
+    <message>
+        <source>Clear the loop</source>
+        <translation>Quitar el bucle</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Aleatorio</translation>
+    </message>
+    <message>
+        <source>Play in order</source>
+        <translation>Reproducir en orden</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Teclas</translation>
+    </message>
+    <message>
+        <source>About Lyrabox</source>
+        <translation>Acerca de Lyrabox</translation>
+    </message>
+    <message>
+        <source>Choose Music Library</source>
+        <translation>Elegir biblioteca de música</translation>
+    </message>
+    <message>
+        <source>Music libraries (*.xml *.plist);;All files (*)</source>
+        <translation>Bibliotecas de música (*.xml *.plist);;Todos los archivos (*)</translation>
+    </message>
+    <message>
+        <source>Music library chosen</source>
+        <translation>Biblioteca de música elegida</translation>
+    </message>
+    <message>
+        <source>Its playlists are shown from the next start of Lyrabox on.</source>
+        <translation>Sus listas se mostrarán la próxima vez que inicie Lyrabox.</translation>
+    </message>
+    <message>
+        <source>The music library could not be chosen</source>
+        <translation>No se pudo elegir la biblioteca de música</translation>
+    </message>
+    <message>
+        <source>The preferences could not be written.</source>
+        <translation>No se pudieron guardar las preferencias.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MainMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Add Folder…</source>
+        <translation>&amp;Añadir carpeta…</translation>
+    </message>
+    <message>
+        <source>Choose &amp;Music Library…</source>
+        <translation>Elegir biblioteca de &amp;música…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>&amp;Search Songs</source>
+        <translation>&amp;Buscar canciones</translation>
+    </message>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Reproducción</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Pause</source>
+        <translation>&amp;Reproducir o pausar</translation>
+    </message>
+    <message>
+        <source>&amp;Next Song</source>
+        <translation>Canción &amp;siguiente</translation>
+    </message>
+    <message>
+        <source>P&amp;revious Song</source>
+        <translation>Canción &amp;anterior</translation>
+    </message>
+    <message>
+        <source>S&amp;huffle</source>
+        <translation>Orden a&amp;leatorio</translation>
+    </message>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>&amp;Bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Faster</source>
+        <translation>Más rápid&amp;o</translation>
+    </message>
+    <message>
+        <source>&amp;Slower</source>
+        <translation>Más len&amp;to</translation>
+    </message>
+    <message>
+        <source>N&amp;ormal Speed</source>
+        <translation>&amp;Velocidad normal</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Up</source>
+        <translation>S&amp;ubir el tono</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Down</source>
+        <translation>Bajar &amp;el tono</translation>
+    </message>
+    <message>
+        <source>Or&amp;iginal Pitch</source>
+        <translation>Tono or&amp;iginal</translation>
+    </message>
+    <message>
+        <source>Loud&amp;er</source>
+        <translation>&amp;Más alto</translation>
+    </message>
+    <message>
+        <source>&amp;Quieter</source>
+        <translation>Más ba&amp;jo</translation>
+    </message>
+    <message>
+        <source>&amp;Song</source>
+        <translation>&amp;Canción</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>&amp;Guardar velocidad y tono</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>&amp;Olvidar velocidad y tono</translation>
+    </message>
+    <message>
+        <source>&amp;Show Playing Song</source>
+        <translation>&amp;Mostrar la canción que suena</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Ventana</translation>
+    </message>
+    <message>
+        <source>&amp;Lyrabox</source>
+        <translation>&amp;Lyrabox</translation>
+    </message>
+    <message>
+        <source>&amp;Equalizer</source>
+        <translation>&amp;Ecualizador</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Ay&amp;uda</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Teclas</translation>
+    </message>
+    <message>
+        <source>&amp;Email Support…</source>
+        <translation>&amp;Escribir al soporte…</translation>
+    </message>
+    <message>
+        <source>&amp;Website</source>
+        <translation>Sitio &amp;web</translation>
+    </message>
+    <message>
+        <source>&amp;Check for Updates…</source>
+        <translation>&amp;Buscar actualizaciones…</translation>
+    </message>
+    <message>
+        <source>&amp;About Lyrabox</source>
+        <translation>&amp;Acerca de Lyrabox</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SUUpdater</name>
+    <message>
+        <source>Lyrabox is up to date.</source>
+        <translation>Lyrabox está actualizado.</translation>
+    </message>
+    <message>
+        <source>Version %1 is the newest there is.</source>
+        <translation>La versión %1 es la más reciente.</translation>
+    </message>
+    <message>
+        <source>This version was built without an address to ask.</source>
+        <translation>Esta versión se compiló sin una dirección a la que preguntar.</translation>
+    </message>
+    <message>
+        <source>The address for updates leads to a connection that is not secure.</source>
+        <translation>La dirección de actualizaciones lleva a una conexión no segura.</translation>
+    </message>
+    <message>
+        <source>The answer was too large.</source>
+        <translation>La respuesta era demasiado grande.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>El servidor no respondió a tiempo.</translation>
+    </message>
+    <message>
+        <source>The answer could not be understood.</source>
+        <translation>No se pudo entender la respuesta.</translation>
+    </message>
+    <message>
+        <source>Lyrabox could not check for updates.</source>
+        <translation>Lyrabox no pudo buscar actualizaciones.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Cancel search</source>
+        <translation>Cancelar la búsqueda</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SplitView</name>
+    <message>
+        <source>Divider</source>
+        <translation>Divisor</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrackTableModel</name>
+    <message>
+        <source>Title</source>
+        <translation>Título</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Artista</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Álbum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Duración</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Suena</translation>
+    </message>
+    <message>
+        <source>Has settings</source>
+        <translation>Tiene ajustes</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,836 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>AddPopover</name>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPopover</name>
+    <message>
+        <source>Choose a folder to add</source>
+        <translation>Choisir un dossier à ajouter</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>EqualizerWindow</name>
+    <message>
+        <source>Equalizer</source>
+        <translation>Égaliseur</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Préréglages</translation>
+    </message>
+    <message>
+        <source>Add or remove a preset</source>
+        <translation>Ajouter ou supprimer un préréglage</translation>
+    </message>
+    <message>
+        <source>+12</source>
+        <translation>+12</translation>
+    </message>
+    <message>
+        <source>0 dB</source>
+        <translation>0 dB</translation>
+    </message>
+    <message>
+        <source>−12</source>
+        <translation>−12</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz</source>
+        <translation>Niveau à 31,5 hertz</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz</source>
+        <translation>Niveau à 63 hertz</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz</source>
+        <translation>Niveau à 125 hertz</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz</source>
+        <translation>Niveau à 250 hertz</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz</source>
+        <translation>Niveau à 500 hertz</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz</source>
+        <translation>Niveau à 1 kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz</source>
+        <translation>Niveau à 2 kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz</source>
+        <translation>Niveau à 4 kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz</source>
+        <translation>Niveau à 8 kilohertz</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz</source>
+        <translation>Niveau à 16 kilohertz</translation>
+    </message>
+    <message>
+        <source>31.5</source>
+        <translation>31,5</translation>
+    </message>
+    <message>
+        <source>63</source>
+        <translation>63</translation>
+    </message>
+    <message>
+        <source>125</source>
+        <translation>125</translation>
+    </message>
+    <message>
+        <source>250</source>
+        <translation>250</translation>
+    </message>
+    <message>
+        <source>500</source>
+        <translation>500</translation>
+    </message>
+    <message>
+        <source>1k</source>
+        <translation>1k</translation>
+    </message>
+    <message>
+        <source>2k</source>
+        <translation>2k</translation>
+    </message>
+    <message>
+        <source>4k</source>
+        <translation>4k</translation>
+    </message>
+    <message>
+        <source>8k</source>
+        <translation>8k</translation>
+    </message>
+    <message>
+        <source>16k</source>
+        <translation>16k</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz in decibels</source>
+        <translation>Niveau à 31,5 hertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz in decibels</source>
+        <translation>Niveau à 63 hertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz in decibels</source>
+        <translation>Niveau à 125 hertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz in decibels</source>
+        <translation>Niveau à 250 hertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz in decibels</source>
+        <translation>Niveau à 500 hertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz in decibels</source>
+        <translation>Niveau à 1 kilohertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz in decibels</source>
+        <translation>Niveau à 2 kilohertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz in decibels</source>
+        <translation>Niveau à 4 kilohertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz in decibels</source>
+        <translation>Niveau à 8 kilohertz en décibels</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz in decibels</source>
+        <translation>Niveau à 16 kilohertz en décibels</translation>
+    </message>
+    <message>
+        <source>Steps at 31.5 hertz</source>
+        <translation>Pas à 31,5 hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 63 hertz</source>
+        <translation>Pas à 63 hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 125 hertz</source>
+        <translation>Pas à 125 hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 250 hertz</source>
+        <translation>Pas à 250 hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 500 hertz</source>
+        <translation>Pas à 500 hertz</translation>
+    </message>
+    <message>
+        <source>Steps at 1 kilohertz</source>
+        <translation>Pas à 1 kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 2 kilohertz</source>
+        <translation>Pas à 2 kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 4 kilohertz</source>
+        <translation>Pas à 4 kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 8 kilohertz</source>
+        <translation>Pas à 8 kilohertz</translation>
+    </message>
+    <message>
+        <source>Steps at 16 kilohertz</source>
+        <translation>Pas à 16 kilohertz</translation>
+    </message>
+</context>
+<context>
+    <name>HelpText</name>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Espace : lecture ou pause
+Gauche, Droite : une pression passe au morceau précédent ou suivant ; maintenir parcourt le morceau
+L : marquer le début d’une boucle, puis sa fin, puis l’effacer
+- et = : moins vite et plus vite ; 0 : vitesse normale
+[ et ] : un demi-ton plus bas et plus haut ; \ : hauteur d’origine
+Ctrl+Haut, Ctrl+Bas : volume
+Entrée : lire le morceau sélectionné
+Ctrl+S : garder la vitesse et la hauteur du morceau
+Ctrl+F : rechercher
+Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
+    </message>
+    <message>
+        <source>Version %1
+A music-practice player.
+Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>Version %1
+Un lecteur pour travailler la musique.
+Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure.</translation>
+    </message>
+</context>
+<context>
+    <name>LB_AudioController</name>
+    <message>
+        <source>Lyrabox cannot build its audio system. (Error %1)</source>
+        <translation>Lyrabox ne peut pas créer son système audio. (Erreur %1)</translation>
+    </message>
+    <message>
+        <source>The program will now terminate</source>
+        <translation>Le programme va se fermer</translation>
+    </message>
+</context>
+<context>
+    <name>LB_EqualizerController</name>
+    <message>
+        <source>Enter a name for the new preset</source>
+        <translation>Nom du nouveau préréglage</translation>
+    </message>
+    <message>
+        <source>New Preset</source>
+        <translation>Nouveau préréglage</translation>
+    </message>
+    <message>
+        <source>Remove preset &apos;%1&apos;?</source>
+        <translation>Supprimer le préréglage « %1 » ?</translation>
+    </message>
+    <message>
+        <source>Add a preset</source>
+        <translation>Ajouter un préréglage</translation>
+    </message>
+    <message>
+        <source>Remove the preset</source>
+        <translation>Supprimer le préréglage</translation>
+    </message>
+</context>
+<context>
+    <name>LB_FolderSourceController</name>
+    <message>
+        <source>No folders yet. Press + to add one, or drop a folder here.</source>
+        <translation>Aucun dossier. Appuyez sur + pour en ajouter un, ou déposez un dossier ici.</translation>
+    </message>
+    <message>
+        <source>Remove folder &apos;%1&apos;?</source>
+        <translation>Retirer le dossier « %1 » ?</translation>
+    </message>
+</context>
+<context>
+    <name>LB_PlaylistSourceController</name>
+    <message>
+        <source>No playlists. Choose a music library in the File menu, or add folders on the other tab.</source>
+        <translation>Aucune liste de lecture. Choisissez une bibliothèque musicale dans le menu Fichier, ou ajoutez des dossiers dans l’autre onglet.</translation>
+    </message>
+</context>
+<context>
+    <name>LB_QueueController</name>
+    <message>
+        <source>Error loading &apos;%1&apos; (%2)</source>
+        <translation>Erreur au chargement de « %1 » (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>LB_SettingsController</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Source list</source>
+        <translation>Liste des sources</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>Listes</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>Add or remove a folder</source>
+        <translation>Ajouter ou retirer un dossier</translation>
+    </message>
+    <message>
+        <source>Number of songs</source>
+        <translation>Nombre de morceaux</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Aléatoire</translation>
+    </message>
+    <message>
+        <source>Play the list in random order</source>
+        <translation>Lire la liste dans un ordre aléatoire</translation>
+    </message>
+    <message>
+        <source>Search songs</source>
+        <translation>Rechercher des morceaux</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Morceaux</translation>
+    </message>
+    <message>
+        <source>Transport</source>
+        <translation>Transport</translation>
+    </message>
+    <message>
+        <source>Artwork</source>
+        <translation>Pochette</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>Artist and album</source>
+        <translation>Artiste et album</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Previous song; hold to rewind</source>
+        <translation>Morceau précédent ; maintenir pour reculer</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Lecture ou pause</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Next song; hold to fast-forward</source>
+        <translation>Morceau suivant ; maintenir pour avancer</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop, then its end</source>
+        <translation>Marquer le début d’une boucle, puis sa fin</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source>Speed steps</source>
+        <translation>Pas de vitesse</translation>
+    </message>
+    <message>
+        <source>Speed in percent</source>
+        <translation>Vitesse en pour cent</translation>
+    </message>
+    <message>
+        <source>Pitch (cents)</source>
+        <translation>Hauteur (cents)</translation>
+    </message>
+    <message>
+        <source>Pitch steps</source>
+        <translation>Pas de hauteur</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Hauteur</translation>
+    </message>
+    <message>
+        <source>Pitch in cents</source>
+        <translation>Hauteur en cents</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Song settings</source>
+        <translation>Réglages du morceau</translation>
+    </message>
+    <message>
+        <source>Keep or forget the speed and pitch of this song</source>
+        <translation>Garder ou oublier la vitesse et la hauteur de ce morceau</translation>
+    </message>
+</context>
+<context>
+    <name>MusicLibrary</name>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+</context>
+<context>
+    <name>RemovePopover</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TrackCountTextTransformer</name>
+    <message>
+        <source>1 song</source>
+        <translation>1 morceau</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>%n morceau</numerusform>
+            <numerusform>%n morceaux</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Updates</source>
+        <translation>Mises à jour</translation>
+    </message>
+    <message>
+        <source>Lyrabox %1 is available.</source>
+        <translation>Lyrabox %1 est disponible.</translation>
+    </message>
+    <message>
+        <source>Release notes</source>
+        <translation>Notes de version</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>Open Its Page</source>
+        <translation>Ouvrir la page</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Composition</name>
+    <message>
+        <source>Slower by 5 percent</source>
+        <translation>Ralentir de 5 %</translation>
+    </message>
+    <message>
+        <source>Normal speed</source>
+        <translation>Vitesse normale</translation>
+    </message>
+    <message>
+        <source>Faster by 5 percent</source>
+        <translation>Accélérer de 5 %</translation>
+    </message>
+    <message>
+        <source>A semitone down</source>
+        <translation>Un demi-ton plus bas</translation>
+    </message>
+    <message>
+        <source>Original pitch</source>
+        <translation>Hauteur d’origine</translation>
+    </message>
+    <message>
+        <source>A semitone up</source>
+        <translation>Un demi-ton plus haut</translation>
+    </message>
+    <message>
+        <source>Add a folder</source>
+        <translation>Ajouter un dossier</translation>
+    </message>
+    <message>
+        <source>Remove the folder</source>
+        <translation>Retirer le dossier</translation>
+    </message>
+    <message>
+        <source>Down 1 decibel</source>
+        <translation>Baisser de 1 décibel</translation>
+    </message>
+    <message>
+        <source>0 decibels</source>
+        <translation>0 décibel</translation>
+    </message>
+    <message>
+        <source>Up 1 decibel</source>
+        <translation>Monter de 1 décibel</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>Listes</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop</source>
+        <translation>Marquer le début d’une boucle</translation>
+    </message>
+    <message>
+        <source>Mark the end of the loop</source>
+        <translation>Marquer la fin de la boucle</translation>
+    </message>
+    <message>
+        <source>Clear the loop</source>
+        <translation>Effacer la boucle</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Aléatoire</translation>
+    </message>
+    <message>
+        <source>Play in order</source>
+        <translation>Lire dans l’ordre</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Touches</translation>
+    </message>
+    <message>
+        <source>About Lyrabox</source>
+        <translation>À propos de Lyrabox</translation>
+    </message>
+    <message>
+        <source>Choose Music Library</source>
+        <translation>Choisir la bibliothèque musicale</translation>
+    </message>
+    <message>
+        <source>Music libraries (*.xml *.plist);;All files (*)</source>
+        <translation>Bibliothèques musicales (*.xml *.plist);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Music library chosen</source>
+        <translation>Bibliothèque musicale choisie</translation>
+    </message>
+    <message>
+        <source>Its playlists are shown from the next start of Lyrabox on.</source>
+        <translation>Ses listes de lecture apparaîtront au prochain démarrage de Lyrabox.</translation>
+    </message>
+    <message>
+        <source>The music library could not be chosen</source>
+        <translation>La bibliothèque musicale n’a pas pu être choisie</translation>
+    </message>
+    <message>
+        <source>The preferences could not be written.</source>
+        <translation>Les préférences n’ont pas pu être enregistrées.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MainMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Add Folder…</source>
+        <translation>&amp;Ajouter un dossier…</translation>
+    </message>
+    <message>
+        <source>Choose &amp;Music Library…</source>
+        <translation>Choisir la &amp;bibliothèque musicale…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Édition</translation>
+    </message>
+    <message>
+        <source>&amp;Search Songs</source>
+        <translation>&amp;Rechercher des morceaux</translation>
+    </message>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Lecture</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Pause</source>
+        <translation>&amp;Lecture ou pause</translation>
+    </message>
+    <message>
+        <source>&amp;Next Song</source>
+        <translation>Morceau &amp;suivant</translation>
+    </message>
+    <message>
+        <source>P&amp;revious Song</source>
+        <translation>Morceau &amp;précédent</translation>
+    </message>
+    <message>
+        <source>S&amp;huffle</source>
+        <translation>&amp;Ordre aléatoire</translation>
+    </message>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>&amp;Boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Faster</source>
+        <translation>Plus &amp;vite</translation>
+    </message>
+    <message>
+        <source>&amp;Slower</source>
+        <translation>Plus l&amp;entement</translation>
+    </message>
+    <message>
+        <source>N&amp;ormal Speed</source>
+        <translation>Vitesse &amp;normale</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Up</source>
+        <translation>Plus &amp;haut</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Down</source>
+        <translation>Plus b&amp;as</translation>
+    </message>
+    <message>
+        <source>Or&amp;iginal Pitch</source>
+        <translation>Hauteur d’or&amp;igine</translation>
+    </message>
+    <message>
+        <source>Loud&amp;er</source>
+        <translation>Plus &amp;fort</translation>
+    </message>
+    <message>
+        <source>&amp;Quieter</source>
+        <translation>&amp;Moins fort</translation>
+    </message>
+    <message>
+        <source>&amp;Song</source>
+        <translation>&amp;Morceau</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>&amp;Garder la vitesse et la hauteur</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>&amp;Oublier la vitesse et la hauteur</translation>
+    </message>
+    <message>
+        <source>&amp;Show Playing Song</source>
+        <translation>&amp;Afficher le morceau en cours</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>Fe&amp;nêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Lyrabox</source>
+        <translation>&amp;Lyrabox</translation>
+    </message>
+    <message>
+        <source>&amp;Equalizer</source>
+        <translation>&amp;Égaliseur</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Touches</translation>
+    </message>
+    <message>
+        <source>&amp;Email Support…</source>
+        <translation>&amp;Écrire à l’assistance…</translation>
+    </message>
+    <message>
+        <source>&amp;Website</source>
+        <translation>Site &amp;web</translation>
+    </message>
+    <message>
+        <source>&amp;Check for Updates…</source>
+        <translation>&amp;Rechercher des mises à jour…</translation>
+    </message>
+    <message>
+        <source>&amp;About Lyrabox</source>
+        <translation>À &amp;propos de Lyrabox</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SUUpdater</name>
+    <message>
+        <source>Lyrabox is up to date.</source>
+        <translation>Lyrabox est à jour.</translation>
+    </message>
+    <message>
+        <source>Version %1 is the newest there is.</source>
+        <translation>La version %1 est la plus récente.</translation>
+    </message>
+    <message>
+        <source>This version was built without an address to ask.</source>
+        <translation>Cette version a été construite sans adresse à interroger.</translation>
+    </message>
+    <message>
+        <source>The address for updates leads to a connection that is not secure.</source>
+        <translation>L’adresse des mises à jour mène à une connexion non sécurisée.</translation>
+    </message>
+    <message>
+        <source>The answer was too large.</source>
+        <translation>La réponse était trop volumineuse.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>Le serveur n’a pas répondu à temps.</translation>
+    </message>
+    <message>
+        <source>The answer could not be understood.</source>
+        <translation>La réponse n’a pas pu être comprise.</translation>
+    </message>
+    <message>
+        <source>Lyrabox could not check for updates.</source>
+        <translation>Lyrabox n’a pas pu rechercher de mises à jour.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Cancel search</source>
+        <translation>Annuler la recherche</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SplitView</name>
+    <message>
+        <source>Divider</source>
+        <translation>Séparateur</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrackTableModel</name>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Artiste</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Has settings</source>
+        <translation>A des réglages</translation>
+    </message>
+</context>
+</TS>

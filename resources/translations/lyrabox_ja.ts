@@ -1,0 +1,835 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>AddPopover</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPopover</name>
+    <message>
+        <source>Choose a folder to add</source>
+        <translation>追加するフォルダを選んでください</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>EqualizerWindow</name>
+    <message>
+        <source>Equalizer</source>
+        <translation>イコライザ</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>プリセット</translation>
+    </message>
+    <message>
+        <source>Add or remove a preset</source>
+        <translation>プリセットを追加・削除</translation>
+    </message>
+    <message>
+        <source>+12</source>
+        <translation>+12</translation>
+    </message>
+    <message>
+        <source>0 dB</source>
+        <translation>0 dB</translation>
+    </message>
+    <message>
+        <source>−12</source>
+        <translation>−12</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz</source>
+        <translation>31.5 ヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz</source>
+        <translation>63 ヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz</source>
+        <translation>125 ヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz</source>
+        <translation>250 ヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz</source>
+        <translation>500 ヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz</source>
+        <translation>1 キロヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz</source>
+        <translation>2 キロヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz</source>
+        <translation>4 キロヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz</source>
+        <translation>8 キロヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz</source>
+        <translation>16 キロヘルツのレベル</translation>
+    </message>
+    <message>
+        <source>31.5</source>
+        <translation>31.5</translation>
+    </message>
+    <message>
+        <source>63</source>
+        <translation>63</translation>
+    </message>
+    <message>
+        <source>125</source>
+        <translation>125</translation>
+    </message>
+    <message>
+        <source>250</source>
+        <translation>250</translation>
+    </message>
+    <message>
+        <source>500</source>
+        <translation>500</translation>
+    </message>
+    <message>
+        <source>1k</source>
+        <translation>1k</translation>
+    </message>
+    <message>
+        <source>2k</source>
+        <translation>2k</translation>
+    </message>
+    <message>
+        <source>4k</source>
+        <translation>4k</translation>
+    </message>
+    <message>
+        <source>8k</source>
+        <translation>8k</translation>
+    </message>
+    <message>
+        <source>16k</source>
+        <translation>16k</translation>
+    </message>
+    <message>
+        <source>Level at 31.5 hertz in decibels</source>
+        <translation>31.5 ヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 63 hertz in decibels</source>
+        <translation>63 ヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 125 hertz in decibels</source>
+        <translation>125 ヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 250 hertz in decibels</source>
+        <translation>250 ヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 500 hertz in decibels</source>
+        <translation>500 ヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 1 kilohertz in decibels</source>
+        <translation>1 キロヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 2 kilohertz in decibels</source>
+        <translation>2 キロヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 4 kilohertz in decibels</source>
+        <translation>4 キロヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 8 kilohertz in decibels</source>
+        <translation>8 キロヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Level at 16 kilohertz in decibels</source>
+        <translation>16 キロヘルツのレベル (デシベル)</translation>
+    </message>
+    <message>
+        <source>Steps at 31.5 hertz</source>
+        <translation>31.5 ヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 63 hertz</source>
+        <translation>63 ヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 125 hertz</source>
+        <translation>125 ヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 250 hertz</source>
+        <translation>250 ヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 500 hertz</source>
+        <translation>500 ヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 1 kilohertz</source>
+        <translation>1 キロヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 2 kilohertz</source>
+        <translation>2 キロヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 4 kilohertz</source>
+        <translation>4 キロヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 8 kilohertz</source>
+        <translation>8 キロヘルツのステップ</translation>
+    </message>
+    <message>
+        <source>Steps at 16 kilohertz</source>
+        <translation>16 キロヘルツのステップ</translation>
+    </message>
+</context>
+<context>
+    <name>HelpText</name>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Space: 再生・一時停止
+←、→: 押すと前の曲・次の曲、長押しで曲の中を移動
+L: ループの始点、次に終点を設定、もう一度で解除
+- と =: 遅く・速く、0: 標準の速度
+[ と ]: 半音下げる・上げる、\: 元のピッチ
+Ctrl+↑、Ctrl+↓: 音量
+Return: 選択した曲を再生
+Ctrl+S: 曲の速度とピッチを保存
+Ctrl+F: 検索
+Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
+    </message>
+    <message>
+        <source>Version %1
+A music-practice player.
+Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>バージョン %1
+音楽練習用プレーヤー。
+GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソフトウェアです。</translation>
+    </message>
+</context>
+<context>
+    <name>LB_AudioController</name>
+    <message>
+        <source>Lyrabox cannot build its audio system. (Error %1)</source>
+        <translation>Lyrabox はオーディオシステムを構築できません。(エラー %1)</translation>
+    </message>
+    <message>
+        <source>The program will now terminate</source>
+        <translation>プログラムを終了します</translation>
+    </message>
+</context>
+<context>
+    <name>LB_EqualizerController</name>
+    <message>
+        <source>Enter a name for the new preset</source>
+        <translation>新しいプリセットの名前</translation>
+    </message>
+    <message>
+        <source>New Preset</source>
+        <translation>新規プリセット</translation>
+    </message>
+    <message>
+        <source>Remove preset &apos;%1&apos;?</source>
+        <translation>プリセット「%1」を削除しますか？</translation>
+    </message>
+    <message>
+        <source>Add a preset</source>
+        <translation>プリセットを追加</translation>
+    </message>
+    <message>
+        <source>Remove the preset</source>
+        <translation>プリセットを削除</translation>
+    </message>
+</context>
+<context>
+    <name>LB_FolderSourceController</name>
+    <message>
+        <source>No folders yet. Press + to add one, or drop a folder here.</source>
+        <translation>フォルダがありません。＋で追加するか、ここにフォルダをドロップしてください。</translation>
+    </message>
+    <message>
+        <source>Remove folder &apos;%1&apos;?</source>
+        <translation>フォルダ「%1」を削除しますか？</translation>
+    </message>
+</context>
+<context>
+    <name>LB_PlaylistSourceController</name>
+    <message>
+        <source>No playlists. Choose a music library in the File menu, or add folders on the other tab.</source>
+        <translation>プレイリストがありません。「ファイル」メニューで音楽ライブラリを選ぶか、もう一方のタブでフォルダを追加してください。</translation>
+    </message>
+</context>
+<context>
+    <name>LB_QueueController</name>
+    <message>
+        <source>Error loading &apos;%1&apos; (%2)</source>
+        <translation>「%1」を読み込めません (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>LB_SettingsController</name>
+    <message>
+        <source>Untitled</source>
+        <translation>名称未設定</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Source list</source>
+        <translation>ソース一覧</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>プレイリスト</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>Add or remove a folder</source>
+        <translation>フォルダを追加・削除</translation>
+    </message>
+    <message>
+        <source>Number of songs</source>
+        <translation>曲数</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>シャッフル</translation>
+    </message>
+    <message>
+        <source>Play the list in random order</source>
+        <translation>リストをランダムに再生</translation>
+    </message>
+    <message>
+        <source>Search songs</source>
+        <translation>曲を検索</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Transport</source>
+        <translation>再生操作</translation>
+    </message>
+    <message>
+        <source>Artwork</source>
+        <translation>アートワーク</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>Artist and album</source>
+        <translation>アーティストとアルバム</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Previous song; hold to rewind</source>
+        <translation>前の曲・長押しで早戻し</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>再生・一時停止</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>Next song; hold to fast-forward</source>
+        <translation>次の曲・長押しで早送り</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop, then its end</source>
+        <translation>ループの始点、次に終点を設定</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Speed steps</source>
+        <translation>速度のステップ</translation>
+    </message>
+    <message>
+        <source>Speed in percent</source>
+        <translation>速度 (パーセント)</translation>
+    </message>
+    <message>
+        <source>Pitch (cents)</source>
+        <translation>ピッチ (セント)</translation>
+    </message>
+    <message>
+        <source>Pitch steps</source>
+        <translation>ピッチのステップ</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>ピッチ</translation>
+    </message>
+    <message>
+        <source>Pitch in cents</source>
+        <translation>ピッチ (セント単位)</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Song settings</source>
+        <translation>曲の設定</translation>
+    </message>
+    <message>
+        <source>Keep or forget the speed and pitch of this song</source>
+        <translation>この曲の速度とピッチを保存・消去</translation>
+    </message>
+</context>
+<context>
+    <name>MusicLibrary</name>
+    <message>
+        <source>Music</source>
+        <translation>ミュージック</translation>
+    </message>
+</context>
+<context>
+    <name>RemovePopover</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TrackCountTextTransformer</name>
+    <message>
+        <source>1 song</source>
+        <translation>1 曲</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>%n 曲</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialog</name>
+    <message>
+        <source>Updates</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Lyrabox %1 is available.</source>
+        <translation>Lyrabox %1 が利用できます。</translation>
+    </message>
+    <message>
+        <source>Release notes</source>
+        <translation>リリースノート</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>あとで</translation>
+    </message>
+    <message>
+        <source>Open Its Page</source>
+        <translation>ページを開く</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Composition</name>
+    <message>
+        <source>Slower by 5 percent</source>
+        <translation>5% 遅く</translation>
+    </message>
+    <message>
+        <source>Normal speed</source>
+        <translation>標準の速度</translation>
+    </message>
+    <message>
+        <source>Faster by 5 percent</source>
+        <translation>5% 速く</translation>
+    </message>
+    <message>
+        <source>A semitone down</source>
+        <translation>半音下げる</translation>
+    </message>
+    <message>
+        <source>Original pitch</source>
+        <translation>元のピッチ</translation>
+    </message>
+    <message>
+        <source>A semitone up</source>
+        <translation>半音上げる</translation>
+    </message>
+    <message>
+        <source>Add a folder</source>
+        <translation>フォルダを追加</translation>
+    </message>
+    <message>
+        <source>Remove the folder</source>
+        <translation>フォルダを削除</translation>
+    </message>
+    <message>
+        <source>Down 1 decibel</source>
+        <translation>1 デシベル下げる</translation>
+    </message>
+    <message>
+        <source>0 decibels</source>
+        <translation>0 デシベル</translation>
+    </message>
+    <message>
+        <source>Up 1 decibel</source>
+        <translation>1 デシベル上げる</translation>
+    </message>
+    <message>
+        <source>Playlists</source>
+        <translation>プレイリスト</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Mark the start of a loop</source>
+        <translation>ループの始点を設定</translation>
+    </message>
+    <message>
+        <source>Mark the end of the loop</source>
+        <translation>ループの終点を設定</translation>
+    </message>
+    <message>
+        <source>Clear the loop</source>
+        <translation>ループを解除</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>シャッフル</translation>
+    </message>
+    <message>
+        <source>Play in order</source>
+        <translation>順番に再生</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー操作</translation>
+    </message>
+    <message>
+        <source>About Lyrabox</source>
+        <translation>Lyrabox について</translation>
+    </message>
+    <message>
+        <source>Choose Music Library</source>
+        <translation>音楽ライブラリを選択</translation>
+    </message>
+    <message>
+        <source>Music libraries (*.xml *.plist);;All files (*)</source>
+        <translation>音楽ライブラリ (*.xml *.plist);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Music library chosen</source>
+        <translation>音楽ライブラリを選択しました</translation>
+    </message>
+    <message>
+        <source>Its playlists are shown from the next start of Lyrabox on.</source>
+        <translation>プレイリストは次回の Lyrabox の起動時から表示されます。</translation>
+    </message>
+    <message>
+        <source>The music library could not be chosen</source>
+        <translation>音楽ライブラリを選択できませんでした</translation>
+    </message>
+    <message>
+        <source>The preferences could not be written.</source>
+        <translation>環境設定を書き込めませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MainMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Add Folder…</source>
+        <translation>フォルダを追加(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Choose &amp;Music Library…</source>
+        <translation>音楽ライブラリを選択(&amp;M)…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Search Songs</source>
+        <translation>曲を検索(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Pause</source>
+        <translation>再生・一時停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Next Song</source>
+        <translation>次の曲(&amp;N)</translation>
+    </message>
+    <message>
+        <source>P&amp;revious Song</source>
+        <translation>前の曲(&amp;R)</translation>
+    </message>
+    <message>
+        <source>S&amp;huffle</source>
+        <translation>シャッフル(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>ループ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Faster</source>
+        <translation>速く(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Slower</source>
+        <translation>遅く(&amp;S)</translation>
+    </message>
+    <message>
+        <source>N&amp;ormal Speed</source>
+        <translation>標準の速度(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Up</source>
+        <translation>ピッチを上げる(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Pitch &amp;Down</source>
+        <translation>ピッチを下げる(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Or&amp;iginal Pitch</source>
+        <translation>元のピッチ(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Loud&amp;er</source>
+        <translation>音量を上げる(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Quieter</source>
+        <translation>音量を下げる(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Song</source>
+        <translation>曲(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>速度とピッチを保存(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>速度とピッチを消去(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Show Playing Song</source>
+        <translation>再生中の曲を表示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>ウインドウ(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Lyrabox</source>
+        <translation>Lyrabox(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Equalizer</source>
+        <translation>イコライザ(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>キー操作(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Email Support…</source>
+        <translation>サポートにメール(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Website</source>
+        <translation>ウェブサイト(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Check for Updates…</source>
+        <translation>アップデートを確認(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>&amp;About Lyrabox</source>
+        <translation>Lyrabox について(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SUUpdater</name>
+    <message>
+        <source>Lyrabox is up to date.</source>
+        <translation>Lyrabox は最新です。</translation>
+    </message>
+    <message>
+        <source>Version %1 is the newest there is.</source>
+        <translation>バージョン %1 が最新です。</translation>
+    </message>
+    <message>
+        <source>This version was built without an address to ask.</source>
+        <translation>このバージョンには問い合わせ先が設定されていません。</translation>
+    </message>
+    <message>
+        <source>The address for updates leads to a connection that is not secure.</source>
+        <translation>アップデートの問い合わせ先は安全でない接続です。</translation>
+    </message>
+    <message>
+        <source>The answer was too large.</source>
+        <translation>応答が大きすぎます。</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>サーバが時間内に応答しませんでした。</translation>
+    </message>
+    <message>
+        <source>The answer could not be understood.</source>
+        <translation>応答を理解できませんでした。</translation>
+    </message>
+    <message>
+        <source>Lyrabox could not check for updates.</source>
+        <translation>Lyrabox はアップデートを確認できませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SearchField</name>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Cancel search</source>
+        <translation>検索を取り消す</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SplitView</name>
+    <message>
+        <source>Divider</source>
+        <translation>仕切り</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrackTableModel</name>
+    <message>
+        <source>Title</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>アーティスト</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>アルバム</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>再生中</translation>
+    </message>
+    <message>
+        <source>Has settings</source>
+        <translation>設定あり</translation>
+    </message>
+</context>
+</TS>
