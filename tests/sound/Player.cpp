@@ -86,9 +86,8 @@ void Player::build()
     EXPECT_EQ(engine::buildAudioSystem(), 0);
 }
 
-void Player::setUnevenEqualizer()
+void Player::setUnevenEqualizer(float level)
 {
-    float level = 9.0F;
     for (std::uint32_t id = 2; id < parameter::equalizerBands; id += 3) {
         engine::setEqLevel(id, level);
         level = -level;

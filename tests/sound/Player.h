@@ -29,8 +29,8 @@ public:
     Player(const Player &) = delete;
     Player &operator=(const Player &) = delete;
 
-    /// Sliders in turn at +9 and -9 dB.
-    static void setUnevenEqualizer();
+    /// Sliders in turn at +`level` and -`level` dB.
+    static void setUnevenEqualizer(float level);
 
     /// The next `frames` frames, in callbacks of `callback` frames.
     Stereo pull(std::size_t frames, std::uint32_t callback = 512);

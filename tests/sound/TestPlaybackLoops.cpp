@@ -84,7 +84,7 @@ protected:
     static Stereo listen(Player &player)
     {
         const LoopSetting setting = GetParam();
-        Player::setUnevenEqualizer();
+        Player::setUnevenEqualizer(9.0F);
         engine::setPlaybackRate(setting.rate());
         engine::setPitchCents(setting.cents);
         engine::setOutputRunning(true);

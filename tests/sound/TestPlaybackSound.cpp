@@ -41,7 +41,7 @@ TEST(PlaybackUntouched, AfterChangesOfEverythingAndBack)
     };
     Player player(song, 500'000);
     engine::setOutputRunning(true);
-    Player::setUnevenEqualizer();
+    Player::setUnevenEqualizer(9.0F);
     engine::setPlaybackRate(0.75F);
     engine::setPitchCents(-200.0F);
     engine::setOutputVolume(0.3F);
@@ -169,27 +169,50 @@ protected:
     }
 };
 
-TEST_P(Clicks, SeeksWhilePlayingMakeNone)
-{
-    Player player(tone(331.0), 3'000'000);
-    Player::setUnevenEqualizer();
-    GetParam().apply();
-    engine::setOutputRunning(true);
-    player.pull(20'000);
-    Stereo heard;
-    player.pull(heard, 5000);
-    for (std::uint64_t i = 1; i <= 24; ++i) {
-        engine::seekToFrame(100'000 * i + 3571 * i);
-        player.pull(heard, 6000 + 37 * i, 512);
+class ClicksOfSeeks : public Clicks {
+protected:
+    /// In dB of what is heard of the tone, which the equalizer turns up or down.
+    static double ofSeeks(float sliders)
+    {
+        Player player(tone(331.0), 3'000'000);
+        Player::setUnevenEqualizer(sliders);
+        GetParam().apply();
+        engine::setOutputRunning(true);
+        player.pull(20'000);
+        Stereo heard;
+        player.pull(heard, 5000);
+        for (std::uint64_t i = 1; i <= 24; ++i) {
+            engine::seekToFrame(100'000 * i + 3571 * i);
+            player.pull(heard, 6000 + 37 * i, 512);
+        }
+        double squares = 0.0;
+        for (const float sample : player.pull(8820).left)
+            squares += static_cast<double>(sample) * static_cast<double>(sample);
+        return clickLevel(heard.left, std::sqrt(squares / 4410.0));
     }
-    // The equalizer turns the tone up or down; its level is what is heard of it.
-    double squares = 0.0;
-    for (const float sample : player.pull(8820).left)
-        squares += static_cast<double>(sample) * static_cast<double>(sample);
-    const double level = clickLevel(heard.left, std::sqrt(squares / 4410.0));
+};
+
+TEST_P(ClicksOfSeeks, MakeNone)
+{
+    const double level = ofSeeks(0.0F);
     report("seeks", level);
     EXPECT_LT(level, -60.0);
 }
+
+TEST_P(ClicksOfSeeks, MakeNoneWithTheSlidersAtTheirExtremes)
+{
+    for (const float sliders : {12.0F, -12.0F}) {
+        const double level = ofSeeks(sliders);
+        report(sliders > 0.0F ? "seeks, sliders at +12, -12 ..." : "seeks, sliders at -12, +12 ...",
+               level);
+        EXPECT_LT(level, -60.0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Settings, ClicksOfSeeks,
+                         testing::Values(Setting{100}, Setting{50}, Setting{75}, Setting{125},
+                                         Setting{200}, Setting{100, 300.0F},
+                                         Setting{100, -1200.0F}));
 
 TEST_P(Clicks, HurriedSeeksMakeNone)
 {

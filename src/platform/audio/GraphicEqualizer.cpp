@@ -79,12 +79,8 @@ void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noe
     if (renderCallback != nullptr &&
         renderCallback(renderContext, frames, ioData) != status::noError)
         silence(ioData, frames);
-    if (resets && frames > 0 && ioData.mNumberBuffers > 0) {
-        const auto first = [&ioData](std::uint32_t channel) {
-            return *static_cast<const float *>(ioData.mBuffers[channel].mData);
-        };
-        cascade.settleOn(first(0), ioData.mNumberBuffers >= 2 ? first(1) : 0.0F);
-    }
+    if (resets && frames > 0)
+        leadIn(frames, ioData);
 
     if (ioData.mNumberBuffers >= 2) {
         cascade.process(static_cast<float *>(ioData.mBuffers[0].mData),
@@ -98,6 +94,24 @@ void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noe
             cascade.process(samples + done, other.data(), count);
         }
     }
+}
+
+/// Runs the filter up to the first frame on what it might have met before: the signal's own
+/// beginning, turned about its first sample, so that neither the level nor the slope breaks there.
+void GraphicEqualizer::leadIn(std::uint32_t frames, const AudioBufferList &ioData) noexcept
+{
+    constexpr std::uint32_t longest = 128; // 3 ms: what rings above 1 kHz has died away by then
+    std::array<std::array<float, longest>, 2> before{};
+    const std::uint32_t length = std::min(frames - 1, longest);
+    std::array<float, 2> oldest{};
+    for (std::uint32_t channel = 0; channel < std::min(ioData.mNumberBuffers, 2U); ++channel) {
+        const auto *signal = static_cast<const float *>(ioData.mBuffers[channel].mData);
+        for (std::uint32_t i = 0; i < length; ++i)
+            before[channel][i] = 2.0F * signal[0] - signal[length - i];
+        oldest[channel] = length > 0 ? before[channel][0] : signal[0];
+    }
+    cascade.settleOn(oldest[0], oldest[1]);
+    cascade.process(before[0].data(), before[1].data(), length);
 }
 
 } // namespace lyrabox

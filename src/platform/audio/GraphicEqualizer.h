@@ -27,9 +27,9 @@ public:
     float parameter(std::uint32_t id) const override;
     Status setParameter(std::uint32_t id, float value) override;
 
-    /// The filter's memory goes, and its next input is taken to go on from a constant at its first
-    /// sample, so that a signal that sets in at full height does not make it ring. A ramp on its
-    /// way ends at its target at once.
+    /// The filter's memory goes, and its next input is taken to go on from its own mirror image, so
+    /// that a signal that sets in at full height does not make it ring. A ramp on its way ends at
+    /// its target at once.
     void reset() override;
     AudioStreamBasicDescription streamFormat() const override;
     Status setRenderCallback(RenderCallback callback, void *context) override;
@@ -38,6 +38,8 @@ public:
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
 private:
+    void leadIn(std::uint32_t frames, const AudioBufferList &ioData) noexcept;
+
     // Control side.
     equalizer::Levels levels{};
     float fixedParameter = 0.0F;
