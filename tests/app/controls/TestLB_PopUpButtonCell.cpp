@@ -1,42 +1,21 @@
 #include "app/controls/LB_PopUpButtonCell.h"
 
+#include "support/DrawnWidget.h"
+
 #include <QAccessible>
 #include <QImage>
 #include <QMenu>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 using lyrabox::NamedImage;
+using lyrabox::test::drawn;
+using lyrabox::test::expected;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QImage drawn(QWidget &widget, qreal ratio = 1.0)
-{
-    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
-
-/// What the widget's picture is when it shows `name`, centred on whole points.
-QImage expected(const QWidget &widget, const QString &name, qreal ratio = 1.0)
-{
-    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    const NamedImage named(name);
-    QPainter painter(&image);
-    if (!named.isNull())
-        painter.drawPixmap(QPoint(qRound(widget.width() * 0.5 - named.size().width() * 0.5),
-                                  qRound(widget.height() * 0.5 - named.size().height() * 0.5)),
-                           named.pixmap(ratio));
-    return image;
-}
 
 class PopUpButtonTest : public testing::Test {
 protected:

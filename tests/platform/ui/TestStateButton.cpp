@@ -1,6 +1,7 @@
 #include "platform/ui/StateButton.h"
 
 #include "platform/ui/Theme.h"
+#include "support/DrawnWidget.h"
 
 #include <QAccessible>
 #include <QImage>
@@ -11,18 +12,10 @@
 
 using lyrabox::NamedImage;
 using lyrabox::StateButton;
+using lyrabox::test::drawn;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QImage drawn(QWidget &widget, qreal ratio = 1.0)
-{
-    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::white);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
 
 TEST(StateButton, TwoStateButtonGoesOffOnOff)
 {
