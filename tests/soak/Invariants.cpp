@@ -1,0 +1,224 @@
+#include "soak/Invariants.h"
+
+#include "app/controls/LB_Slider.h"
+#include "engine/AudioEngine.h"
+#include "engine/LB_AudioController.h"
+#include "library/LB_QueueController.h"
+#include "library/TrackTableModel.h"
+#include "navigation/LB_NavigationView.h"
+#include "platform/foundation/UserDefaults.h"
+#include "platform/ui/NumberField.h"
+#include "platform/ui/StateButton.h"
+#include "settings/LB_SettingsController.h"
+
+#include <QApplication>
+#include <QItemSelectionModel>
+#include <QMainWindow>
+#include <QTableView>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox::soak {
+namespace {
+
+/// Half of the last decimal that the fields show.
+constexpr float fieldPrecision = 0.051F;
+
+/// The windows' widgets by name, and those controllers that a widget leads to.
+class Program {
+public:
+    static LB_NavigationView *navigation()
+    {
+        return widget<LB_NavigationView>(u"navigationView"_s);
+    }
+
+    template <typename Widget>
+    static Widget *widget(const QString &name)
+    {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (qobject_cast<QMainWindow *>(window) == nullptr)
+                continue;
+            if (auto *found = window->findChild<Widget *>(name))
+                return found;
+        }
+        return nullptr;
+    }
+};
+
+class Findings {
+public:
+    void require(bool holds, const QString &what)
+    {
+        if (!holds)
+            m_broken.append(what);
+    }
+    void requireNear(float a, float b, float tolerance, const QString &what)
+    {
+        require(std::abs(a - b) <= tolerance, u"%1: %2 and %3"_s.arg(what).arg(a).arg(b));
+    }
+    QStringList broken() const { return m_broken; }
+
+private:
+    QStringList m_broken;
+};
+
+/// A field that is being edited shows what is typed.
+void requireField(Findings &findings, const NumberField *field, float value)
+{
+    if (!field->hasFocus())
+        findings.requireNear(field->floatValue(), value, fieldPrecision,
+                             u"the field %1 and its value differ"_s.arg(field->objectName()));
+}
+
+void checkPosition(Findings &findings, const LB_AudioController &audio)
+{
+    const quint64 total = audio.totalFrames();
+    findings.require(
+        audio.currentFrame() <= total,
+        u"the position %1 is behind the end %2"_s.arg(audio.currentFrame()).arg(total));
+    findings.require(audio.loopStartFrame() <= total, u"the loop starts behind the end"_s);
+    findings.require(audio.loopEndFrame() <= total, u"the loop ends behind the end"_s);
+    findings.require(audio.currentTrack() != nullptr || total == 0,
+                     u"there are samples without a song"_s);
+}
+
+void checkButtons(Findings &findings, const LB_AudioController &audio)
+{
+    const bool loaded = audio.currentTrack() != nullptr;
+    const int loop = audio.loopButton()->state();
+    findings.require(audio.isLooping() == (loop == 1), u"the loop button is not like the loop"_s);
+    findings.require(audio.loopStartIsSet() == (loop != 0),
+                     u"the loop button is not like the loop's start"_s);
+    for (const StateButton *button :
+         {audio.loopButton(), audio.seekBackwardButton(), audio.seekForwardButton()})
+        findings.require(button->isEnabled() == loaded,
+                         button->objectName() + u" is not enabled as the song is loaded"_s);
+    const bool plays = audio.playPauseButton()->state() != 0;
+    findings.require(
+        audio.isRunning() == (plays && loaded),
+        u"the play button (%1) is not like the sound (%2)"_s.arg(plays).arg(audio.isRunning()));
+}
+
+void checkValues(Findings &findings, const LB_AudioController &audio)
+{
+    const auto checkPair = [&](const LB_Slider *slider, const NumberField *field, float value,
+                               float tolerance) {
+        findings.require(value >= static_cast<float>(slider->minValue()) - tolerance &&
+                             value <= static_cast<float>(slider->maxValue()) + tolerance,
+                         slider->objectName() + u" is outside its range"_s);
+        findings.requireNear(slider->floatValue(), value, tolerance,
+                             slider->objectName() + u" and its value differ"_s);
+        if (field != nullptr)
+            requireField(findings, field, value);
+    };
+    checkPair(audio.playbackSpeedSlider(), audio.playbackSpeedTextField(), audio.playbackSpeedPct(),
+              0.01F);
+    // Pitch is read in whole cents.
+    checkPair(audio.playbackPitchSlider(), nullptr, audio.playbackPitch(), 1.0F);
+    checkPair(audio.outputVolumeSlider(), nullptr, audio.outputVolume(), 0.001F);
+    findings.requireNear(finiteUserDefault(defaultsKey::outputVolume, -1.0F), audio.outputVolume(),
+                         0.001F, u"the volume and its default differ"_s);
+}
+
+void checkPresets(Findings &findings, const LB_AudioController &audio)
+{
+    const std::shared_ptr<EqPresetList> presets = audio.settings()->eqPresetArray();
+    std::set<qint64> ids;
+    for (const EqPresetRef &preset : *presets) {
+        findings.require(ids.insert(preset->id).second,
+                         u"two presets have the id %1"_s.arg(preset->id));
+        findings.require(preset->levels != nullptr && preset->levels->size() == EqPreset::bands,
+                         u"the preset %1 has not ten bands"_s.arg(preset->name));
+        for (const float level : *preset->levels)
+            findings.require(level >= -12.0F && level <= 12.0F,
+                             u"the preset %1 has a level %2"_s.arg(preset->name).arg(level));
+    }
+    findings.require(ids.contains(0), u"there is no manual preset"_s);
+
+    const auto *table = Program::widget<QTableView>(u"presetTableView"_s);
+    const QModelIndexList rows = table->selectionModel()->selectedRows();
+    findings.require(table->model()->rowCount() == static_cast<int>(presets->size()),
+                     u"the preset list does not show the presets"_s);
+    findings.require(rows.size() == 1, u"%1 presets are selected"_s.arg(rows.size()));
+    const qint64 selected = userDefaults().value(defaultsKey::eqPreset, -1).toLongLong();
+    const auto preset = std::find_if(presets->begin(), presets->end(),
+                                     [&](const EqPresetRef &p) { return p->id == selected; });
+    findings.require(preset != presets->end(), u"the remembered preset does not exist"_s);
+    if (rows.size() != 1 || preset == presets->end())
+        return;
+    findings.require(rows.first().data().toString() == (*preset)->name,
+                     u"the remembered preset is not the selected one"_s);
+    for (std::uint32_t band = 0; band < EqPreset::bands; ++band) {
+        const float level = audio.eqLevelForIndex(3 * band + 2);
+        const QString number = QString::number(band);
+        findings.requireNear((*(*preset)->levels)[band], level, 0.001F,
+                             u"band %1 of preset and engine differ"_s.arg(number));
+        findings.requireNear(Program::widget<LB_Slider>(u"slider"_s + number)->floatValue(), level,
+                             0.001F, u"slider and band %1 differ"_s.arg(number));
+        requireField(findings, Program::widget<NumberField>(u"box"_s + number), level);
+    }
+}
+
+void checkQueue(Findings &findings, const LB_QueueController &queue)
+{
+    // Play pressed on an empty list empties the content alone.
+    findings.require(queue.content().empty() ||
+                         queue.content().size() == queue.orderedArray().size(),
+                     u"the queue has lost or won songs"_s);
+    const bool shuffling = Program::widget<StateButton>(u"shuffleButton"_s)->state() == 1;
+    findings.require(shuffling == queue.isShuffling(),
+                     u"the shuffle button is not like the queue"_s);
+    const TrackRecordRef track = queue.audio()->currentTrack();
+    if (track && queue.currentIndex() < queue.content().size())
+        findings.require(queue.content()[queue.currentIndex()]->inode == track->inode,
+                         u"the queue's song is not the one that is loaded"_s);
+}
+
+void checkList(Findings &findings, const LB_AudioController &audio)
+{
+    const auto *table = Program::widget<QTableView>(u"trackTableView"_s);
+    const auto *model = qobject_cast<const TrackTableModel *>(table->model());
+    if (model == nullptr)
+        return;
+    const TrackRecordRef current = audio.currentTrack();
+    for (const TrackRecordRef &track : model->arrangedObjects()) {
+        findings.require(track->isPlaying == (current && current->inode == track->inode),
+                         u"%1 is not marked as it plays"_s.arg(track->inode));
+        findings.require(track->hasSettings == audio.settings()->hasSettingsForInode(track->inode),
+                         u"%1 has not the mark of its settings"_s.arg(track->inode));
+    }
+    if (current)
+        findings.require(current->hasSettings ==
+                             audio.settings()->hasSettingsForInode(current->inode),
+                         u"the loaded song does not know its settings"_s);
+}
+
+} // namespace
+
+QStringList brokenInvariants()
+{
+    const LB_NavigationView *navigation = Program::navigation();
+    if (navigation == nullptr || navigation->audio() == nullptr)
+        return {}; // not launched yet
+    Findings findings;
+    const LB_AudioController &audio = *navigation->audio();
+    checkPosition(findings, audio);
+    checkButtons(findings, audio);
+    checkValues(findings, audio);
+    checkPresets(findings, audio);
+    checkQueue(findings, *navigation->queue());
+    checkList(findings, audio);
+    return findings.broken();
+}
+
+void writeSettings()
+{
+    if (const LB_NavigationView *navigation = Program::navigation())
+        navigation->audio()->settings()->appWillTerminate();
+}
+
+} // namespace lyrabox::soak

@@ -1,0 +1,128 @@
+#include "soak/Probe.h"
+
+#include "engine/AudioEngine.h"
+#include "soak/Invariants.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMainWindow>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <QWidget>
+
+#include <malloc.h>
+#include <unistd.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox::soak {
+namespace {
+
+QJsonArray frameOf(const QWidget *widget)
+{
+    const QPoint origin = widget->mapToGlobal(QPoint());
+    return {origin.x(), origin.y(), widget->width(), widget->height()};
+}
+
+bool isOnScreen(const QWidget *widget)
+{
+    return widget->isVisible() && !widget->visibleRegion().isEmpty() &&
+           !widget->window()->isMinimized();
+}
+
+/// Every named widget that can be seen, by its name; a list's rows are those of its viewport.
+QJsonObject targets()
+{
+    QJsonObject found;
+    for (const QWidget *window : QApplication::topLevelWidgets()) {
+        if (!isOnScreen(window))
+            continue;
+        const bool isMain = qobject_cast<const QMainWindow *>(window) != nullptr;
+        if (isMain)
+            found.insert(window->objectName(), frameOf(window));
+        for (const QWidget *widget : window->findChildren<QWidget *>()) {
+            if (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_"_s) ||
+                !isOnScreen(widget))
+                continue;
+            const auto *list = qobject_cast<const QAbstractItemView *>(widget);
+            found.insert(widget->objectName(), frameOf(list ? list->viewport() : widget));
+        }
+    }
+    return found;
+}
+
+/// Bytes that the program has got from the allocator and not given back, less the song's samples.
+double heapBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    const auto format = engine::streamFormat();
+    const double song = static_cast<double>(engine::totalFrames()) * format.mBytesPerFrame *
+                        format.mChannelsPerFrame;
+    return static_cast<double>(info.uordblks + info.hblkhd) - song;
+}
+
+QJsonObject state()
+{
+    QJsonObject state;
+    state.insert(u"broken"_s, QJsonArray::fromStringList(brokenInvariants()));
+    state.insert(u"targets"_s, targets());
+    const QWidget *modal = QApplication::activeModalWidget();
+    const QWidget *popup = QApplication::activePopupWidget();
+    state.insert(u"modal"_s, modal != nullptr ? frameOf(modal) : QJsonArray());
+    state.insert(u"popup"_s, popup != nullptr ? frameOf(popup) : QJsonArray());
+    state.insert(u"frame"_s, static_cast<double>(engine::currentFrame()));
+    state.insert(u"frames"_s, static_cast<double>(engine::totalFrames()));
+    state.insert(u"runs"_s, engine::outputIsRunning());
+    state.insert(u"loops"_s, engine::isLooping());
+    state.insert(u"heap"_s, heapBytes());
+    return state;
+}
+
+void startProbe()
+{
+    new Probe(qApp);
+}
+
+} // namespace
+
+Probe::Probe(QObject *parent)
+    : QObject(parent), m_notifier(new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this))
+{
+    connect(m_notifier, &QSocketNotifier::activated, this, &Probe::read);
+}
+
+void Probe::read()
+{
+    QByteArray block(256, '\0');
+    const ssize_t got = ::read(STDIN_FILENO, block.data(), static_cast<std::size_t>(block.size()));
+    if (got <= 0) {
+        m_notifier->setEnabled(false); // nobody asks any more
+        return;
+    }
+    m_pending.append(block.constData(), got);
+    for (qsizetype end = m_pending.indexOf('\n'); end >= 0; end = m_pending.indexOf('\n')) {
+        if (m_pending.left(end) == "settings")
+            writeSettings();
+        m_pending.remove(0, end + 1);
+        QTimer::singleShot(0, this, &Probe::answer);
+    }
+}
+
+void Probe::answer()
+{
+    QByteArray line = QJsonDocument(state()).toJson(QJsonDocument::Compact) + '\n';
+    while (!line.isEmpty()) {
+        const ssize_t written =
+            ::write(STDOUT_FILENO, line.constData(), static_cast<std::size_t>(line.size()));
+        if (written <= 0)
+            return;
+        line.remove(0, written);
+    }
+}
+
+Q_COREAPP_STARTUP_FUNCTION(startProbe)
+
+} // namespace lyrabox::soak

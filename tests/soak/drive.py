@@ -1,0 +1,622 @@
+#!/usr/bin/env python3
+"""Drives the program as a restless musician would, ten actions a second, and looks after every one whether all is well.
+
+drive.py PROGRAM MINUTES [SEED [FIRST]]
+
+PROGRAM is lyrabox_soak of a build: the program with a probe on its standard streams (see Probe.h). It runs on a virtual
+display with a window manager, a private sound server with two sinks, and a home of its own. Mouse and keys come through
+the display server. Action number N depends on the seed and N alone: the same seed gives the same actions, and a run
+from action FIRST on repeats the end of a longer one. What a click then meets depends on time, as in life.
+
+Everything that is wrong ends the run with status 1, the seed and the last 50 actions.
+"""
+import collections
+import json
+import os
+import pathlib
+import plistlib
+import random
+import re
+import select
+import shutil
+import signal
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+PERIOD = 0.1
+PATIENCE = 30.0  # seconds without an answer; a sanitizer's build takes its time to decode
+SETTLE = 3.0  # seconds in which what glides or is coalesced has to arrive
+CHECK_FILES_EVERY = 50
+RESTART_EVERY = 1500
+SAMPLE_EVERY = 20
+WARM_UP = 600  # actions before memory counts
+HEAP_GROWTH = 6.0  # MB that the heap may grow by after the warm-up, the decoded song left out
+RESIDENT_GROWTH = 64.0  # MB
+SINKS = ("a", "b")
+
+# What Qt or a library may say to the standard error; everything else of the severity "warning" and up is a failure.
+HARMLESS = (
+    "Unable to read settings file",  # says what it should
+    "libpng warning",
+)
+
+KEYS = (
+    ["space"] * 6 + ["l"] * 4 + ["ctrl+r", "ctrl+Right", "ctrl+Left"] * 2 + ["equal", "minus", "0", "bracketright",
+    "bracketleft", "backslash"] * 2 + ["ctrl+Up", "ctrl+Down"] + ["ctrl+s", "ctrl+shift+s", "ctrl+j", "ctrl+f"]
+    + ["ctrl+1", "ctrl+2"] * 2 + ["Tab", "shift+Tab", "Return", "Up", "Down", "Home", "End", "Prior", "Next"]
+    + ["Escape"] * 6 + ["Left", "Right", "Delete", "BackSpace", "ctrl+a", "F1", "ctrl+o", "F10", "Menu"])
+TEXTS = ("75", "100", "-3", "12,5", "0", "nan", "1e9", "abc", "a", "oboe", "ü", "  ", "-", "Song 3", "New", "<b>x</b>")
+CLICKED = (
+    ["playPauseButton", "loopButton", "shuffleButton", "playbackSpeedMatrix", "playbackPitchMatrix"] * 3
+    + ["seekBackwardButton", "seekForwardButton", "navigationView", "navigationView", "navigationView", "tabSelector",
+       "addRemoveButtons", "addRemoveButton", "okButton", "okButton", "searchField", "playbackSpeedTextField",
+       "playbackPitchTextField", "settingsPopup", "presetTableView", "presetTableView", "presetTableView",
+       "stepControls", "stepControls", "boxes", "inputField", "albumArtImageView", "transportView", "titleField"])
+SLID = (["outputVolumeSlider", "playbackSpeedSlider", "playbackPitchSlider", "navigationView", "splitView"]
+        + [f"slider{band}" for band in range(10)])
+LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
+ROW = 26
+
+
+class Failure(Exception):
+    pass
+
+
+class Soundserver:
+    """A private PulseAudio server whose log tells of the underruns that it met."""
+
+    def __init__(self, folder, env):
+        self.folder, self.env, self.process, self.log = folder, env, None, open(f"{folder}/pulse.log", "ab+")
+        self.start()
+
+    def start(self):
+        sink = "module-null-sink sink_name={} rate={} channels=2 format=float32le"
+        self.process = subprocess.Popen(
+            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--high-priority=no",
+             "--realtime=no", "--log-level=debug", "--log-target=stderr", "-L", sink.format("a", 44100), "-L",
+             sink.format("b", 48000), "-L",
+             f"module-native-protocol-unix socket={self.folder}/native auth-anonymous=1"],
+            env=self.env, stdout=subprocess.DEVNULL, stderr=self.log)
+
+    def kill(self):
+        if self.process:
+            self.process.kill()
+            self.process.wait()
+            self.process = None
+
+    def pactl(self, *arguments):
+        """Fails silently: the server may be away."""
+        return subprocess.run(["pactl", *arguments], env=self.env, capture_output=True, text=True, timeout=PATIENCE,
+                              check=False).stdout.strip()
+
+    def underruns(self):
+        self.log.flush()
+        text = pathlib.Path(f"{self.folder}/pulse.log").read_text(errors="replace")
+        return len(re.findall(r"(?:Underrun on|Implicit underrun of) '", text))
+
+
+class Music:
+    """The shown folders: songs of a pool appear in them, change and vanish."""
+
+    def __init__(self, root):
+        self.pool = pathlib.Path(root, "pool")
+        self.shown = pathlib.Path(root, "home", "Music")
+        self.pool.mkdir()
+        tones = enumerate(("wav", "flac", "mp3", "ogg", "m4a", "flac", "mp3", "opus"))
+        for number, extension in tones:
+            seconds = (3, 8, 20, 45, 2, 90, 12, 6)[number]
+            subprocess.run(["ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i",
+                            f"sine=frequency={220 + 55 * number}:sample_rate={(44100, 48000, 22050)[number % 3]}"
+                            f":duration={seconds}", "-ac", str(1 + number % 2), "-metadata", f"title=Song {number}",
+                            "-metadata", f"artist=Oboe {number % 3}", str(self.pool / f"{number}.{extension}")],
+                           check=True)
+        whole = (self.pool / "1.flac").read_bytes()
+        (self.pool / "broken.flac").write_bytes(whole[:len(whole) // 3])
+        (self.pool / "empty.mp3").write_bytes(b"")
+        (self.pool / "text.wav").write_text("not a song")
+        self.songs = sorted(self.pool.iterdir())
+        for name in ("Alpha", "Beta", "Beta/Inner"):
+            (self.shown / name).mkdir(parents=True)
+            for number in range(5):
+                self.put(self.shown / name, self.songs[number], f"start {number}")
+
+    def put(self, folder, song, name):
+        try:
+            shutil.copyfile(song, folder / f"{name}{song.suffix}")
+        except OSError:
+            pass  # the folder has just gone
+
+    def folders(self):
+        return sorted(path for path in [self.shown, *self.shown.rglob("*")] if path.is_dir())
+
+    def files(self):
+        return sorted(path for path in self.shown.rglob("*") if not path.is_dir())
+
+    def act(self, dice):
+        kind = dice.choice(("add", "add", "add", "remove", "remove", "rename", "truncate", "replace", "rewrite",
+                            "folder", "drop folder", "rename folder", "fifo", "loop", "permission"))
+        song, number = dice.choice(self.songs), dice.randrange(40)
+        name = dice.choice((f"Song {number}", f"Ä {number}", f"{number} <b>&", "x" * 200, "\udcff\udcfe" + str(number)))
+        folders, files = self.folders(), self.files()
+        folder = folders[dice.randrange(1 << 30) % len(folders)]
+        file = files[dice.randrange(1 << 30) % len(files)] if files else None
+        try:
+            if kind == "add" and len(files) < 120:
+                self.put(folder, song, name)
+            elif kind == "remove" and file and len(files) > 8:
+                file.unlink()
+            elif kind == "rename" and file:
+                file.rename(folder / f"{name}{file.suffix}")
+            elif kind == "truncate" and file and file.is_file():
+                os.truncate(file, file.stat().st_size // 2)
+            elif kind == "replace" and file:
+                temporary = file.with_name(".new")
+                shutil.copyfile(song, temporary)
+                temporary.rename(file)
+            elif kind == "rewrite" and file and file.is_file():
+                shutil.copyfile(song, file)
+            elif kind == "folder" and len(folders) < 20:
+                (folder / f"Folder {number}").mkdir(exist_ok=True)
+            elif kind == "drop folder" and folder != self.shown and len(folders) > 3:
+                shutil.rmtree(folder, ignore_errors=True)
+            elif kind == "rename folder" and folder != self.shown:
+                folder.rename(folder.with_name(f"Renamed {number}"))
+            elif kind == "fifo":
+                os.mkfifo(folder / f"pipe {number}.mp3")
+            elif kind == "loop":
+                os.symlink("..", folder / f"up {number}")
+            elif kind == "permission" and file:
+                os.chmod(file, dice.choice((0o000, 0o644)))
+        except OSError:
+            pass
+        return f"{kind}: {str(file)!a} in {str(folder)!a}"
+
+
+class Soak:
+    def __init__(self, program, seed, first, root):
+        self.program, self.seed, self.first, self.root = program, seed, first, root
+        self.children, self.child, self.state, self.held = [], None, {}, False
+        self.recent = collections.deque(maxlen=50)
+        self.samples, self.starts, self.modal_since, self.server_returns, self.modules = [], 0, None, None, []
+        self.slowest = 0.0
+        self.seen = collections.Counter()  # in how many looks: a soak that never plays a song proves nothing
+        self.errors = open(f"{root}/stderr", "ab+")
+        self.errors_read = 0
+        for name in ("home", "data", "config", "cache", "run", "bin"):
+            os.mkdir(f"{root}/{name}", 0o700)
+        # Whatever the program wants to open elsewhere stays here.
+        opener = pathlib.Path(root, "bin", "xdg-open")
+        opener.write_text("#!/bin/sh\n")
+        opener.chmod(0o755)
+        self.env = dict(os.environ, HOME=f"{root}/home", XDG_DATA_HOME=f"{root}/data",
+                        XDG_CONFIG_HOME=f"{root}/config", XDG_CACHE_HOME=f"{root}/cache",
+                        XDG_RUNTIME_DIR=f"{root}/run", PULSE_SERVER=f"unix:{root}/native",
+                        PULSE_COOKIE=f"{root}/cookie", DBUS_SESSION_BUS_ADDRESS="disabled:", QT_QPA_PLATFORM="xcb",
+                        QT_MESSAGE_PATTERN="[%{type}] %{message}", LC_ALL="C.UTF-8",
+                        PATH=f"{root}/bin:{os.environ['PATH']}", http_proxy="", https_proxy="http://127.0.0.1:9")
+        for name in ("WAYLAND_DISPLAY", "SESSION_MANAGER"):
+            self.env.pop(name, None)
+        self.sound = Soundserver(root, self.env)
+        self.start_display()
+        self.music = Music(root)
+        os.makedirs(f"{root}/data/Lyrabox")
+        os.makedirs(f"{root}/config/Lyrabox")
+        with open(f"{root}/data/Lyrabox/Folders.plist", "wb") as out:
+            plistlib.dump([str(self.music.shown)], out)
+        pathlib.Path(root, "config/Lyrabox/Lyrabox.conf").write_text(
+            f"[General]\nlastTab=1\nfolderPath={self.music.shown}/Alpha\n")
+
+    def start_display(self):
+        reading, writing = os.pipe()
+        self.children.append(subprocess.Popen(
+            ["Xvfb", "-screen", "0", "1280x860x24", "-nolisten", "tcp", "-noreset", "-displayfd", str(writing)],
+            pass_fds=[writing], stderr=subprocess.DEVNULL))
+        os.close(writing)
+        self.env["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
+        self.children.append(subprocess.Popen(["openbox", "--sm-disable"], env=self.env, stdout=subprocess.DEVNULL,
+                                              stderr=subprocess.DEVNULL))
+
+    # The program.
+
+    def start(self):
+        for _ in range(200):
+            if self.sound.pactl("info"):
+                break
+            time.sleep(0.05)
+        self.child = subprocess.Popen([self.program], env=self.env, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                      stderr=self.errors)
+        os.set_blocking(self.child.stdout.fileno(), False)
+        self.starts += 1
+        begin = time.monotonic()
+        while "MainWindow" not in self.ask("state")["targets"]:
+            if time.monotonic() - begin > PATIENCE:
+                raise Failure("the window does not come")
+            time.sleep(0.05)
+
+    def ask(self, question):
+        begin = time.monotonic()
+        try:
+            self.child.stdin.write(question.encode() + b"\n")
+            self.child.stdin.flush()
+        except BrokenPipeError:
+            self.gone()
+        line = b""
+        while not line.endswith(b"\n"):
+            left = PATIENCE - (time.monotonic() - begin)
+            if left <= 0:
+                raise Failure(f"the program does not answer\n{self.stack()}")
+            if select.select([self.child.stdout], [], [], left)[0]:
+                block = self.child.stdout.read()
+                if not block:
+                    self.gone()
+                line += block
+        self.slowest = max(self.slowest, time.monotonic() - begin)
+        self.state = json.loads(line)
+        return self.state
+
+    def gone(self):
+        status = self.child.wait(PATIENCE)
+        if status != 0:
+            raise Failure(f"the program has ended with {status}\n{self.core()}")
+        raise StopIteration  # somebody has found the menu's Quit
+
+    def stack(self):
+        done = subprocess.run(["gdb", "-batch", "-ex", "thread apply all bt 25", "-p", str(self.child.pid)],
+                              capture_output=True, text=True, check=False) if shutil.which("gdb") else None
+        return done.stdout[-12000:] if done else "(no gdb, no stack)"
+
+    def core(self):
+        cores = sorted(pathlib.Path(self.root).glob("core*"), key=os.path.getmtime)
+        if not cores or not shutil.which("gdb"):
+            return "(no core file or no gdb: no stack)"
+        return subprocess.run(["gdb", "-batch", "-ex", "thread apply all bt 25", self.program, str(cores[-1])],
+                              capture_output=True, text=True, check=False).stdout[-12000:]
+
+    def restart(self, how):
+        if how == "terminate":
+            self.child.send_signal(signal.SIGTERM)
+        try:
+            if self.child.wait(PATIENCE) != 0:
+                raise Failure(f"the program has ended with {self.child.returncode}\n{self.core()}")
+        except subprocess.TimeoutExpired:
+            raise Failure(f"the program does not end\n{self.stack()}") from None
+        self.check_files()
+        self.check_errors()
+        self.start()
+
+    # The hands.
+
+    def xdotool(self, *arguments):
+        subprocess.run(["xdotool", *map(str, arguments)], env=self.env, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False)
+
+    def point(self, dice, target):
+        """A point in a widget, or somewhere in a window when it is not on the screen."""
+        across, down = dice.random(), dice.random()
+        frame = self.state.get("targets", {}).get(target) or self.state.get("modal") or [0, 0, 1280, 860]
+        return int(frame[0] + across * frame[2]), int(frame[1] + down * frame[3])
+
+    def row(self, dice, target):
+        across, row = dice.random(), dice.randrange(12)
+        frame = self.state.get("targets", {}).get(target) or [20, 100, 300, 300]
+        return int(frame[0] + across * frame[2]), int(frame[1] + min(row * ROW + 12, frame[3] - 2))
+
+    # The actions. Each draws all its numbers from the dice first, whatever the state is.
+
+    def click(self, dice):
+        target = dice.choice(CLICKED)
+        x, y = self.point(dice, target)
+        self.xdotool("mousemove", x, y, "click", 1)
+        return f"click {target} {x},{y}"
+
+    def click_row(self, dice):
+        target, times = dice.choice(LISTS + ("trackTableView", "folderOutlineView")), dice.choice((1, 2, 2))
+        x, y = self.row(dice, target)
+        self.xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
+        return f"click row {target} {x},{y} times {times}"
+
+    def click_anywhere(self, dice):
+        window, button = dice.choice(("MainWindow", "MainWindow", "EqualizerWindow")), dice.choice((1, 1, 1, 2, 3))
+        x, y = self.point(dice, window)
+        self.xdotool("mousemove", x, y, "click", button)
+        return f"click anywhere {x},{y} button {button}"
+
+    def click_dialog(self, dice):
+        across, down = dice.random(), dice.random()
+        frame = self.state.get("popup") or self.state.get("modal")
+        if not frame:
+            return "no dialog"
+        x, y = int(frame[0] + across * frame[2]), int(frame[1] + down * frame[3])
+        self.xdotool("mousemove", x, y, "click", 1)
+        return f"click dialog {x},{y}"
+
+    def drag(self, dice):
+        target = dice.choice(SLID)
+        x, y = self.point(dice, target)
+        to_x, to_y = self.point(dice, target)
+        self.xdotool("mousemove", x, y, "mousedown", 1, "mousemove", (x + to_x) // 2, (y + to_y) // 2, "mousemove", to_x,
+                     to_y, "mouseup", 1)
+        return f"drag {target} {x},{y} to {to_x},{to_y}"
+
+    def drag_header(self, dice):
+        a, b = dice.random(), dice.random()
+        frame = self.state.get("targets", {}).get("trackTableView") or [300, 100, 300, 300]
+        self.xdotool("mousemove", int(frame[0] + a * frame[2]), frame[1] - 12, "mousedown", 1, "mousemove",
+                     int(frame[0] + b * frame[2]), frame[1] - 12, "mouseup", 1)
+        return f"drag header {a:.3f} to {b:.3f}"
+
+    def click_header(self, dice):
+        across = dice.random()
+        frame = self.state.get("targets", {}).get("trackTableView") or [300, 100, 300, 300]
+        self.xdotool("mousemove", int(frame[0] + across * frame[2]), frame[1] - 12, "click", 1)
+        return f"click header {across:.3f}"
+
+    def hold(self, dice):
+        """Presses a seek button and leaves it held over some actions."""
+        target = dice.choice(("seekBackwardButton", "seekForwardButton", "navigationView", "outputVolumeSlider"))
+        x, y = self.point(dice, target)
+        self.xdotool("mouseup", 1, "mousemove", x, y, "mousedown", 1)
+        self.held = True
+        return f"hold {target} {x},{y}"
+
+    def let_go(self, dice):
+        self.xdotool("mouseup", 1, "keyup", "Left", "keyup", "Right")
+        self.held = False
+        return "let go"
+
+    def hold_key(self, dice):
+        key = dice.choice(("Left", "Right"))
+        self.xdotool("keydown", key)
+        self.held = True
+        return f"hold key {key}"
+
+    def wheel(self, dice):
+        target = dice.choice(tuple(SLID) + LISTS)
+        button, times = dice.choice((4, 5, 6, 7)), dice.randrange(1, 5)
+        x, y = self.point(dice, target)
+        self.xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 1, button)
+        return f"wheel {target} {button} times {times}"
+
+    def key(self, dice):
+        key = dice.choice(KEYS)
+        self.xdotool("key", key)
+        return f"key {key}"
+
+    def menu(self, dice):
+        letter, down, end = dice.choice("fepswh"), dice.randrange(12), dice.choice(("Return", "Return", "Escape"))
+        if letter == "f" and end == "Return":
+            down = min(down, 1)  # Quit has an action of its own
+        self.xdotool("key", "--delay", 4, f"alt+{letter}", *["Down"] * down, end)
+        return f"menu {letter} {down} {end}"
+
+    def write(self, dice):
+        target = dice.choice(("searchField", "playbackSpeedTextField", "playbackPitchTextField", "inputField",
+                              f"box{dice.randrange(10)}"))
+        text, end = dice.choice(TEXTS), dice.choice(("Return", "Return", "Tab", "Escape", "space"))
+        x, y = self.point(dice, target)
+        self.xdotool("mousemove", x, y, "click", 1, "key", "ctrl+a", "type", "--delay", 1, text)
+        self.xdotool("key", end)
+        return f"write {text} into {target}, {end}"
+
+    def resize(self, dice):
+        name = dice.choice(("^Lyrabox$", "^Equalizer"))
+        width, height, x, y = dice.randrange(200, 1280), dice.randrange(150, 860), dice.randrange(200), dice.randrange(
+            150)
+        self.xdotool("search", "--onlyvisible", "--name", name, "windowsize", width, height, "windowmove", x, y)
+        return f"resize {name} {width}x{height}+{x}+{y}"
+
+    def minimize(self, dice):
+        self.xdotool("search", "--onlyvisible", "--name", "^Lyrabox$", "windowminimize")
+        time.sleep(PERIOD)
+        self.xdotool("search", "--name", "^Lyrabox$", "windowmap", "windowactivate")
+        return "minimize"
+
+    def files(self, dice):
+        return self.music.act(dice)
+
+    def device(self, dice):
+        kind = dice.choice(("default",) * 5 + ("suspend", "module", "unload", "mute", "kill"))
+        sink, away = dice.choice(SINKS), dice.uniform(0.1, 2.5)
+        if kind == "kill" and self.server_returns is None:
+            self.sound.kill()
+            self.modules = []
+            self.server_returns = time.monotonic() + away
+        elif kind == "default":
+            self.sound.pactl("set-default-sink", sink)
+        elif kind == "suspend":
+            self.sound.pactl("suspend-sink", sink, "1")
+            self.sound.pactl("suspend-sink", sink, "0")
+        elif kind == "mute":
+            self.sound.pactl("set-sink-mute", sink, "toggle")
+        elif kind == "module" and len(self.modules) < 3:
+            self.modules.append(self.sound.pactl("load-module", "module-null-sink", "sink_name=c", "rate=96000",
+                                                 "channels=6"))
+            self.sound.pactl("set-default-sink", "c")
+        elif kind == "unload" and self.modules:
+            self.sound.pactl("unload-module", self.modules.pop())
+        return f"device {kind} {sink} {away:.1f}"
+
+    def second(self, dice):
+        """A second start hands over to the first and ends."""
+        del dice
+        done = subprocess.run([self.program], env=self.env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=self.errors, timeout=PATIENCE, check=False)
+        if done.returncode != 0:
+            raise Failure(f"a second start has ended with {done.returncode}")
+        return "second start"
+
+    def rest(self, dice):
+        del dice
+        return "rest"
+
+    ACTIONS = (("click", 22), ("click_row", 16), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
+               ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("wheel", 5),
+               ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8), ("device", 3),
+               ("second", 0.2), ("rest", 3))
+
+    def act(self, number):
+        dice = random.Random(f"{self.seed}/{number}")
+        name = dice.choices([a for a, _ in self.ACTIONS], [weight for _, weight in self.ACTIONS])[0]
+        if self.server_returns is not None and time.monotonic() >= self.server_returns:
+            self.sound.start()
+            self.server_returns = None
+        return getattr(self, name)(dice)
+
+    # The looks.
+
+    def check(self):
+        begin = time.monotonic()
+        state = self.ask("state")
+        self.seen.update(name for name, is_so in (
+            ("a song loaded", state["frames"] > 0), ("playing", state["runs"]), ("looping", state["loops"]),
+            ("a dialog", state["modal"]), ("a menu", state["popup"]), ("a popover", "okButton" in state["targets"]),
+            ("the equalizer", "slider0" in state["targets"]), ("no sound server", self.server_returns is not None))
+            if is_so)
+        while state["broken"]:
+            # A held button or an open dialog may keep what glides from arriving; time alone may not.
+            if time.monotonic() - begin > SETTLE:
+                raise Failure("; ".join(state["broken"]))
+            time.sleep(0.1)
+            state = self.ask("state")
+        # Nobody sits before a dialog for ever.
+        if not (state["modal"] or state["popup"]):
+            self.modal_since = None
+        elif self.modal_since is None:
+            self.modal_since = begin
+        elif begin - self.modal_since > 2.0:
+            self.recent.append("     (Escape, out of a dialog)")
+            self.xdotool("key", "Escape")
+
+    def check_errors(self):
+        self.errors.flush()
+        text = pathlib.Path(f"{self.root}/stderr").read_text(errors="replace")
+        new, self.errors_read = text[self.errors_read:], len(text)
+        bad = [line for line in new.splitlines()
+               if re.search(r"\[(warning|critical|fatal)\]|Sanitizer|runtime error|ASSERT|assertion|CRITICAL", line)
+               and not any(harmless in line for harmless in HARMLESS)]
+        if bad:
+            raise Failure("the program complains: " + "\n".join(new.splitlines()[-60:] if any(
+                "Sanitizer" in line or "runtime error" in line for line in bad) else bad[:10]))
+
+    def check_files(self):
+        """The settings sets, as they stand in the files."""
+        folder = pathlib.Path(self.root, "data/Lyrabox")
+        stray = [path.name for path in folder.iterdir() if path.suffix not in (".plist", ".lock") and path.is_file()
+                 and ".plist" in path.name]
+        user, presets, folders = (plistlib.loads((folder / f"{name}.plist").read_bytes())
+                                  for name in ("UserSettings", "EQPresets", "Folders"))
+
+        def require(holds, what):
+            if not holds:
+                raise Failure(what)
+
+        require(not stray, f"stray files beside the settings: {stray}")
+        for key, identifier in (("sorts", "id"), ("songSettings", "inode")):
+            names = [entry[identifier] for entry in user[key]]
+            require(len(names) == len(set(names)), f"an {identifier} twice in {key}")
+        require(all(not (e["key"] == "order" and e["ascending"]) for e in user["sorts"]), "a default sort is stored")
+        require(all(not (e["speed"] == 100.0 and e["pitch"] == 0.0) for e in user["songSettings"]),
+                "default song settings are stored")
+        ids = [preset["id"] for preset in presets]
+        require(len(ids) == len(set(ids)) and 0 in ids, "the presets' ids are not one each, or without the manual one")
+        require(all(len(p["levels"]) == 10 and all(-12 <= level <= 12 for level in p["levels"]) for p in presets),
+                "a preset without ten levels within 12 dB")
+        require(all(isinstance(path, str) and path for path in folders), "a folder without a path")
+        require(len(folders) == len(set(folders)), "a folder twice")
+
+    def sample(self):
+        pid = self.child.pid
+        with open(f"/proc/{pid}/statm", encoding="ascii") as file:
+            resident = int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE") / 1e6
+        self.samples.append((self.starts, self.state["heap"] / 1e6, resident - self.state["frames"] * 8 / 1e6,
+                             len(os.listdir(f"/proc/{pid}/fd")), len(os.listdir(f"/proc/{pid}/task"))))
+
+    def check_memory(self):
+        """Between the restarts: what the last third needs at the median, against the first after the warm-up."""
+        mine = [s for s in self.samples if s[0] == self.starts][WARM_UP // SAMPLE_EVERY:]
+        if len(mine) < 30:
+            return
+        third = len(mine) // 3
+        for column, what, limit in ((1, "heap, MB", HEAP_GROWTH), (2, "resident set, MB", RESIDENT_GROWTH),
+                                    (3, "open files", 12), (4, "threads", 4)):
+            early = statistics.median(s[column] for s in mine[:third])
+            late = statistics.median(s[column] for s in mine[-third:])
+            if late - early > limit and not (column < 3 and "asan" in self.program):
+                raise Failure(f"{what}: {early:.1f} became {late:.1f}")
+
+    def run(self, seconds):
+        begin = time.monotonic()
+        number = self.first
+        self.start()
+        while time.monotonic() - begin < seconds:
+            next_action = time.monotonic() + PERIOD
+            try:
+                self.recent.append(f"{number:6} {self.act(number)}")
+                self.check()
+                if number % CHECK_FILES_EVERY == CHECK_FILES_EVERY - 1:
+                    self.ask("settings")
+                    self.check_files()
+                    self.check_errors()
+                if number % SAMPLE_EVERY == 0:
+                    self.sample()
+                if number % RESTART_EVERY == RESTART_EVERY - 1 and seconds - (time.monotonic() - begin) < 1e9:
+                    self.check_memory()
+                    self.recent.append("     (ends and starts again)")
+                    self.restart("terminate")
+            except StopIteration:
+                self.recent.append("     (has been ended, starts again)")
+                self.restart("by itself")
+            number += 1
+            time.sleep(max(0.0, next_action - time.monotonic()))
+            if number % 600 == 0:
+                heap, resident = (self.samples[-1][1:3] if self.samples else (0, 0))
+                print(f"soak: {number - self.first} actions, {(time.monotonic() - begin) / 60:.1f} min, heap "
+                      f"{heap:.1f} MB, resident {resident:.0f} MB, {self.sound.underruns()} underruns", flush=True)
+        self.check_memory()
+        self.xdotool("mouseup", 1)
+        self.child.send_signal(signal.SIGTERM)
+        if self.child.wait(PATIENCE) != 0:
+            raise Failure(f"the program has ended with {self.child.returncode}\n{self.core()}")
+        self.check_files()
+        self.check_errors()
+        return number - self.first
+
+    def end(self):
+        if self.child and self.child.poll() is None:
+            self.child.kill()
+            self.child.wait()
+        self.sound.kill()
+        for child in reversed(self.children):
+            child.kill()
+            child.wait()
+
+
+def main():
+    program, minutes = os.path.abspath(sys.argv[1]), float(sys.argv[2])
+    seed = int(sys.argv[3]) if len(sys.argv) > 3 else random.randrange(1 << 30)
+    first = int(sys.argv[4]) if len(sys.argv) > 4 else 0
+    print(f"soak: {minutes:g} minutes, seed {seed}", flush=True)
+    status = 0
+    with tempfile.TemporaryDirectory(prefix="soak", ignore_cleanup_errors=True) as root:
+        os.chmod(root, 0o700)
+        soak = Soak(program, seed, first, root)
+        try:
+            done = soak.run(minutes * 60.0)
+            print(f"soak: {done} actions without a fault, {soak.starts} starts, slowest answer {soak.slowest:.2f} s, "
+                  f"{soak.sound.underruns()} underruns")
+            print("soak: seen at", ", ".join(f"{name} {count}" for name, count in soak.seen.most_common()))
+        except Failure as failure:
+            status = 1
+            print("\n".join(soak.recent))
+            print(pathlib.Path(root, "stderr").read_text(errors="replace")[-6000:])
+            print(f"soak: after the actions above: {failure}\nsoak: to repeat: scripts/soak {minutes:g} {seed}")
+        finally:
+            soak.end()
+    sys.exit(status)
+
+
+if __name__ == "__main__":
+    main()
