@@ -1,12 +1,10 @@
+#include "platform/foundation/FileReplacement.h"
 #include "platform/foundation/PropertyListFormats.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
-
-#include <unistd.h>
 
 namespace lyrabox {
 namespace {
@@ -90,10 +88,7 @@ std::optional<PropertyList> readPropertyList(const QString &path)
 
 bool writePropertyList(const PropertyList &value, const QString &path)
 {
-    QSaveFile file(path);
-    const QByteArray text = propertyListXml(value);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() &&
-           fsync(file.handle()) == 0 && file.commit();
+    return files::replaceFile(path, propertyListXml(value));
 }
 
 } // namespace lyrabox

@@ -1,0 +1,175 @@
+#include "platform/foundation/FileReplacement.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#include <vector>
+
+using namespace lyrabox;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// What was asked of the system, in order, and whether the next flush fails.
+struct Calls {
+    std::vector<std::string> order;
+    bool records = false;
+    bool flushFails = false;
+};
+
+Calls &calls()
+{
+    static Calls theCalls;
+    return theCalls;
+}
+
+std::string nameOf(int file)
+{
+    const QString path = QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(file));
+    return QFileInfo(path).fileName().toStdString();
+}
+
+} // namespace
+
+// In the place of the library's own: they note the call and ask the system themselves.
+extern "C" int fsync(int file)
+{
+    if (calls().records)
+        calls().order.push_back("flush " + nameOf(file));
+    if (calls().flushFails) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fsync, file));
+}
+
+extern "C" int rename(const char *from, const char *to) noexcept
+{
+    if (calls().records)
+        calls().order.push_back("rename to " +
+                                QFileInfo(QFile::decodeName(to)).fileName().toStdString());
+    return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+namespace {
+
+class FileReplacement : public testing::Test {
+protected:
+    FileReplacement()
+    {
+        QDir().mkpath(m_folder.filePath(u"settings"_s));
+        put("old");
+    }
+    ~FileReplacement() override { calls() = {}; }
+
+    QString path() const { return m_folder.filePath(u"settings/list"_s); }
+    void put(const QByteArray &text) const
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    QByteArray content() const
+    {
+        QFile file(path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+    }
+    QStringList names() const
+    {
+        return QDir(m_folder.filePath(u"settings"_s))
+            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System, QDir::Name);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(FileReplacement, FlushesTheNewFileBeforeItTakesTheOldOnesPlaceAndTheFolderAfter)
+{
+    calls().records = true;
+    EXPECT_TRUE(files::replaceFile(path(), "new"));
+    calls().records = false;
+    EXPECT_EQ(calls().order,
+              (std::vector<std::string>{"flush list.new", "rename to list", "flush settings"}));
+    EXPECT_EQ(content(), "new");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, AFlushThatFailsLeavesTheOldFile)
+{
+    calls().flushFails = true;
+    EXPECT_FALSE(files::replaceFile(path(), "new"));
+    calls().flushFails = false;
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, ADiskThatFillsUpLeavesTheOldFile)
+{
+    // A limit of the file's size fails a write half-way, as a full disk does.
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = before;
+    small.rlim_cur = 1000;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool isReplaced = files::replaceFile(path(), QByteArray(5000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_FALSE(isReplaced);
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, OverwritesWhatAKilledProgramLeft)
+{
+    QFile stale(path() + u".new"_s);
+    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
+    stale.write("half of something that was longer than this");
+    stale.close();
+    EXPECT_TRUE(files::replaceFile(path(), "new"));
+    EXPECT_EQ(content(), "new");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, APipeInTheTemporaryFilesPlaceDoesNotHang)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(path() + u".new"_s).constData(), 0600), 0);
+    EXPECT_TRUE(files::replaceFile(path(), "new"));
+    EXPECT_EQ(content(), "new");
+}
+
+TEST_F(FileReplacement, KeepsALinkAndThePermissions)
+{
+    const QString link = m_folder.filePath(u"link"_s);
+    ASSERT_TRUE(QFile::link(path(), link));
+    ASSERT_EQ(chmod(QFile::encodeName(path()).constData(), 0640), 0);
+    EXPECT_TRUE(files::replaceFile(link, "new"));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(content(), "new");
+    struct stat attributes = {};
+    ASSERT_EQ(stat(QFile::encodeName(path()).constData(), &attributes), 0);
+    EXPECT_EQ(attributes.st_mode & 0777, 0640U);
+}
+
+TEST_F(FileReplacement, MakesAFileButNoFolder)
+{
+    EXPECT_TRUE(files::replaceFile(m_folder.filePath(u"settings/more"_s), "new"));
+    EXPECT_EQ(names(), (QStringList{u"list"_s, u"more"_s}));
+    EXPECT_FALSE(files::replaceFile(m_folder.filePath(u"nowhere/list"_s), "new"));
+    EXPECT_FALSE(files::replaceFile(m_folder.filePath(u"settings"_s), "new"));
+}
+
+} // namespace
