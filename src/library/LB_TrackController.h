@@ -65,8 +65,9 @@ public:
     void scanForAudioFilesStartingAtURLFolderID(const QUrl &directory, const QString &folderID);
 
     /// Shows those of `files` that are audio, plays the first and queues the list. Returns how many
-    /// there were; with none the table keeps what it shows.
-    qsizetype showAndPlayFiles(const QList<QUrl> &files);
+    /// there were; with none the table keeps what it shows. Those that are no audio are appended
+    /// to `left`.
+    qsizetype showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
 
     /// A record with location, title, artist, album and length filled in.
     lyrabox::TrackRecordRef trackObjectForFileIDAtURL(const lyrabox::OpenedAudioFile &file,
@@ -143,7 +144,7 @@ Q_SIGNALS:
 
 private:
     lyrabox::TrackRecordRef playingTrack() const;
-    lyrabox::TrackRecordList recordsOfFiles(const QList<QUrl> &files);
+    lyrabox::TrackRecordList recordsOfFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
     void completeRecord(lyrabox::TrackRecord &record, int order, const QString &inode) const;
     void finishList(const lyrabox::TrackRecordList &records, const QString &listID);
     void headerClicked(int column);

@@ -84,10 +84,10 @@ void LB_TrackController::scanForAudioFilesStartingAtURLFolderID(const QUrl &dire
     finishList(recordsOfFiles(entries), folderID);
 }
 
-qsizetype LB_TrackController::showAndPlayFiles(const QList<QUrl> &files)
+qsizetype LB_TrackController::showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left)
 {
     const DisabledTable disabled(m_trackTableView);
-    const TrackRecordList records = recordsOfFiles(files);
+    const TrackRecordList records = recordsOfFiles(files, left);
     if (records.empty())
         return 0;
     finishList(records, droppedFilesListID);
@@ -109,7 +109,7 @@ TrackRecordRef LB_TrackController::newObject() const
     return std::make_shared<TrackRecord>();
 }
 
-TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files)
+TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files, QList<QUrl> *left)
 {
     QStringList paths;
     paths.reserve(files.size());
@@ -122,10 +122,13 @@ TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files)
     TrackRecordList records;
     records.reserve(opened.size());
     for (std::size_t i = 0; i < opened.size(); ++i) {
-        if (!opened[i])
+        const QUrl &file = files.at(static_cast<qsizetype>(i));
+        if (!opened[i]) {
+            if (left)
+                left->append(file);
             continue;
-        TrackRecordRef record =
-            trackObjectForFileIDAtURL(*opened[i], files.at(static_cast<qsizetype>(i)));
+        }
+        TrackRecordRef record = trackObjectForFileIDAtURL(*opened[i], file);
         completeRecord(*record, static_cast<int>(records.size()) + 1, opened[i]->inode);
         records.push_back(std::move(record));
     }

@@ -359,8 +359,11 @@ TEST(LB_TrackController, ShowsPlaysAndQueuesDroppedFiles)
     const auto file = [](const QString &name) {
         return QUrl::fromLocalFile(u"/dropped/"_s + name);
     };
-    EXPECT_EQ(f.tracks.showAndPlayFiles({file(u"no.txt"_s), file(u"b.wav"_s), file(u"a.wav"_s)}),
-              2);
+    QList<QUrl> left;
+    EXPECT_EQ(
+        f.tracks.showAndPlayFiles({file(u"no.txt"_s), file(u"b.wav"_s), file(u"a.wav"_s)}, &left),
+        2);
+    EXPECT_EQ(left, QList<QUrl>({file(u"no.txt"_s)}));
     EXPECT_EQ(f.shownTitles(), (QStringList{u"b.wav"_s, u"a.wav"_s}));
     EXPECT_EQ(f.playingTitle(), u"b.wav"_s);
     EXPECT_TRUE(f.audio().isRunning());

@@ -15,6 +15,8 @@ inline constexpr QRect equalizerWindow{100, 60, 780, 360};
 inline constexpr QPoint addFolderButton{22, 493};
 inline constexpr QPoint removeFolderButton{47, 493};
 inline constexpr QPoint searchField{990, 53};
+/// Where a message about songs stands, clear of the number of songs.
+inline constexpr QRect messageLine{320, 44, 480, 18};
 inline constexpr QPoint titleHeader{420, 91};
 
 inline constexpr QPoint forwardButton{346, 669};

@@ -18,11 +18,23 @@ namespace {
 constexpr int patienceMilliseconds = 20'000;
 constexpr std::size_t listenFrames = Recorder::sampleRate / 5;
 constexpr float loudness = 0.02F;
+const QString programPath = QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox");
 const QString mainWindowTitle = u"^Lyrabox$"_s;
 
 bool isDark(QRgb pixel)
 {
     return qGray(pixel) < 140;
+}
+
+bool hasText(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (isDark(image.pixel(x, y)))
+                return true;
+        }
+    }
+    return false;
 }
 
 bool sounds(double heard, double frequency)
@@ -99,12 +111,12 @@ void RunningProgram::showFolder(const QString &path)
     defaults.setValue(u"folderPath"_s, path);
 }
 
-void RunningProgram::start(Size size)
+void RunningProgram::start(Size size, const QStringList &arguments)
 {
     m_program.setProcessEnvironment(environment());
     m_program.setProcessChannelMode(QProcess::ForwardedChannels);
     dieWithTheTest(m_program);
-    m_program.start(QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox"), QStringList());
+    m_program.start(programPath, arguments);
     ASSERT_TRUE(m_program.waitForStarted(patienceMilliseconds)) << "the program does not start";
     m_window = display.waitForWindow(mainWindowTitle);
     if (size == Size::Usual)
@@ -129,12 +141,25 @@ int RunningProgram::sendSignalAndWait(int signal)
     return waitForEnd(m_program);
 }
 
-int RunningProgram::startSecond()
+int RunningProgram::startSecond(const QStringList &arguments, const QString &folder)
+{
+    return runBeside(programPath, arguments, folder);
+}
+
+int RunningProgram::startSecondWithBytes(const QString &format)
+{
+    return runBeside(u"/bin/sh"_s,
+                     {u"-c"_s, u"exec \"$0\" \"$(printf \"$1\")\""_s, programPath, format}, {});
+}
+
+int RunningProgram::runBeside(const QString &program, const QStringList &arguments,
+                              const QString &folder) const
 {
     QProcess second;
     second.setProcessEnvironment(environment());
+    second.setWorkingDirectory(folder);
     dieWithTheTest(second);
-    second.start(QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox"), QStringList());
+    second.start(program, arguments);
     return waitForEnd(second);
 }
 
@@ -199,14 +224,12 @@ QImage RunningProgram::window() const
 
 bool RunningProgram::songRowIsEmpty(int row) const
 {
-    const QImage texts = window().copy(place::songRowTitle(row));
-    for (int y = 0; y < texts.height(); ++y) {
-        for (int x = 0; x < texts.width(); ++x) {
-            if (isDark(texts.pixel(x, y)))
-                return false;
-        }
-    }
-    return true;
+    return !hasText(window().copy(place::songRowTitle(row)));
+}
+
+bool RunningProgram::showsMessage() const
+{
+    return hasText(window().copy(place::messageLine));
 }
 
 bool RunningProgram::waitForSongs(int count) const

@@ -41,12 +41,15 @@ protected:
     /// Starts the program and waits for its window, which it then puts to its place unless
     /// `size` says that its own is of interest.
     enum class Size { Usual, ItsOwn };
-    void start(Size size = Size::Usual);
+    void start(Size size = Size::Usual, const QStringList &arguments = {});
     /// The exit status; -1, with a test failure, when it does not end.
     int quit();
     int sendSignalAndWait(int signal);
-    /// A second process beside the first: its exit status, -1 when it does not end.
-    int startSecond();
+    /// A second process beside the first, started in `folder`: its exit status, -1 when it does not
+    /// end.
+    int startSecond(const QStringList &arguments = {}, const QString &folder = {});
+    /// The same with one argument, whose bytes the shell's printf makes of `format`.
+    int startSecondWithBytes(const QString &format);
     bool isRunning() const { return m_program.state() == QProcess::Running; }
 
     QString homeFolder() const { return m_home.filePath(QStringLiteral("h")); }
@@ -62,6 +65,8 @@ protected:
     QString mainWindow() const { return m_window; }
     /// Whether a row of the song table shows texts.
     bool songRowIsEmpty(int row) const;
+    /// Whether the line for messages about songs shows one.
+    bool showsMessage() const;
     bool waitForSongs(int count) const;
     /// Which row of the folder tree is selected.
     bool waitForSelectedSource(int row) const;
@@ -88,6 +93,8 @@ protected:
 private:
     QProcessEnvironment environment() const;
     int waitForEnd(QProcess &process) const;
+    int runBeside(const QString &program, const QStringList &arguments,
+                  const QString &folder) const;
     std::vector<float> lastSamples() const;
 
     QTemporaryDir m_home;

@@ -3,6 +3,7 @@
 #include "app/shell/BuildSettings.h"
 #include "app/shell/FileDrop.h"
 #include "app/shell/MainMenu.h"
+#include "app/shell/OpenRequest.h"
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
 #include "library/TrackCountTextTransformer.h"
@@ -13,7 +14,6 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QMenu>
 
 using namespace Qt::Literals::StringLiterals;
@@ -96,18 +96,23 @@ void Composition::terminate()
 
 void Composition::open(const QList<QUrl> &urls)
 {
-    QList<QUrl> files;
-    QList<QUrl> folders;
-    for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            (QFileInfo(url.toLocalFile()).isDir() ? folders : files).append(url);
-    }
-    if (!folders.isEmpty()) {
+    OpenRequest request = sortOut(urls);
+    if (!request.folders.isEmpty()) {
         m_main.sourceTabView->showTab(LB_SourceTabView::FolderTab);
-        m_folders.addFolders(folders);
+        m_folders.addFolders(request.folders);
     }
-    if (!files.isEmpty())
-        m_tracks.showAndPlayFiles(files);
+    QList<QUrl> silent;
+    const bool plays =
+        !request.files.isEmpty() && m_tracks.showAndPlayFiles(request.files, &silent) > 0;
+    for (const QUrl &file : silent)
+        request.refused.append({file.fileName(), OpenRequest::Refusal::NotAudio});
+    if (request.refused.isEmpty())
+        return;
+    // Last, since a song that starts clears the line; one that did not has left its own message.
+    QStringList messages{refusalText(request.refused)};
+    if (plays && !m_main.errorField->text().isEmpty())
+        messages.prepend(m_main.errorField->text());
+    m_main.errorField->setText(messages.join(u"; "_s));
 }
 
 void Composition::setOutlets()

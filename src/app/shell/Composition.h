@@ -43,7 +43,8 @@ public:
     /// Brings the main window to the front.
     void bringToFront() { m_appDelegate.toggleMainWindow(); }
 
-    /// Plays audio files and adds folders, given from outside.
+    /// Makes audio files the list of songs and plays the first; adds folders to the folder list.
+    /// What is neither is named in the message line, and the list stays when there is no audio.
     void open(const QList<QUrl> &urls);
 
 private:

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int answerTime = 3000;
 constexpr int retryTime = 50;
-constexpr qsizetype largestMessage = 1024 * 1024;
+constexpr qsizetype largestMessage = 8 * 1024 * 1024; // more than a command line holds
 const QByteArray acknowledgement = "ok";
 
 /// A socket of this user's for this folder. Sockets have short names, so the folder is in it as a
@@ -68,7 +68,7 @@ SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
             return Role::Second;
         QThread::msleep(retryTime);
     } while (!clock.hasExpired(answerTime));
-    return Role::Second;
+    return Role::Unanswered;
 }
 
 void SingleInstance::setHandler(std::function<void(const QList<QUrl> &urls)> handler)

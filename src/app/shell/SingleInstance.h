@@ -18,8 +18,9 @@ class SingleInstance : public QObject {
 
 public:
     enum class Role {
-        First,  ///< go on; this process holds the lock
-        Second, ///< end; the first one has been asked, or does not answer
+        First,      ///< go on; this process holds the lock
+        Second,     ///< end; the first one has been asked
+        Unanswered, ///< end; the first one does not answer, and what was to be opened is not
     };
 
     /// `folder` is the settings folder, which exists. Where it cannot be written to, every process
@@ -30,7 +31,7 @@ public:
     /// Becomes the first, or asks the first. Blocks for 3 s at most.
     Role claim(const QList<QUrl> &urls = {});
 
-    /// What the first process does when another one asks.
+    /// What the first process does when another one asks. Requests until then are kept for it.
     void setHandler(std::function<void(const QList<QUrl> &urls)> handler);
 
 private:

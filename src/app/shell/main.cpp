@@ -1,22 +1,60 @@
+#include "app/shell/CommandLine.h"
 #include "app/shell/Composition.h"
 #include "app/shell/Languages.h"
+#include "app/shell/ProgramIcon.h"
 #include "app/shell/SingleInstance.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/ui/Theme.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QSessionManager>
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
-/// Starts the program. It takes no command line of its own.
+using lyrabox::CommandLine;
+
+namespace {
+
+constexpr int exitWrongUse = 2;
+
+/// Says to the user of a file manager as well as to that of a terminal that a process which is
+/// there does not answer.
+int failForWantOfAnswer()
+{
+    const QString text =
+        QCoreApplication::translate("main", "Lyrabox is running already but does not answer.");
+    std::fprintf(stderr, "lyrabox: %s\n", qPrintable(text));
+    QMessageBox(QMessageBox::Critical, QApplication::applicationDisplayName(), text).exec();
+    return EXIT_FAILURE;
+}
+
+} // namespace
+
+/// Starts the program, or hands its command line over to the process that runs already.
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
+    // Help and version need no display, and everything else is for later.
+    const CommandLine::Task task = lyrabox::readCommandLine(argc, argv).task;
+    if (task == CommandLine::Task::ShowHelp || task == CommandLine::Task::ShowVersion) {
+        const QString text = task == CommandLine::Task::ShowHelp ? lyrabox::commandLineHelp()
+                                                                 : lyrabox::versionText();
+        return std::fputs(qPrintable(text), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+    }
+
+    QApplication application(argc, argv); // takes the toolkit's own options out
+    const CommandLine line = lyrabox::readCommandLine(argc, argv);
+    if (line.task == CommandLine::Task::Complain) {
+        std::fprintf(stderr, "lyrabox: unknown option %s\n%s", qPrintable(line.unknownOption),
+                     qPrintable(lyrabox::commandLineHelp()));
+        return exitWrongUse;
+    }
     QApplication::setApplicationName(QStringLiteral("Lyrabox"));
     QApplication::setApplicationDisplayName(QStringLiteral("Lyrabox"));
-    QApplication::setDesktopFileName(QStringLiteral("lyrabox"));
+    QApplication::setDesktopFileName(QStringLiteral("org.lyrabox.Lyrabox"));
+    QApplication::setWindowIcon(lyrabox::programIcon());
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
     lyrabox::installLanguage(application);
     lyrabox::applyApplicationTheme(application);
@@ -24,8 +62,14 @@ int main(int argc, char **argv)
     LB_SettingsController settingsFolder; // only to find the folder that the lock lies in
     const std::optional<QUrl> folder = settingsFolder.applicationSupportDirectory();
     lyrabox::SingleInstance instance(folder ? folder->toLocalFile() : QString());
-    if (instance.claim() == lyrabox::SingleInstance::Role::Second)
+    switch (instance.claim(line.urls)) {
+    case lyrabox::SingleInstance::Role::First:
+        break;
+    case lyrabox::SingleInstance::Role::Second:
         return EXIT_SUCCESS;
+    case lyrabox::SingleInstance::Role::Unanswered:
+        return failForWantOfAnswer();
+    }
 
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
@@ -43,6 +87,7 @@ int main(int argc, char **argv)
                          session.setRestartHint(QSessionManager::RestartIfRunning);
                      });
     composition.launch();
+    composition.open(line.urls);
     instance.setHandler([&composition](const QList<QUrl> &urls) {
         composition.bringToFront();
         composition.open(urls);

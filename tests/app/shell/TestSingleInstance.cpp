@@ -49,6 +49,43 @@ TEST(SingleInstance, RequestsBeforeTheLaunchAreKept)
     EXPECT_EQ(asked, 1);
 }
 
+TEST(SingleInstance, NamesArriveAsTheyWereSent)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    QList<QUrl> asked;
+    first.setHandler([&](const QList<QUrl> &urls) { asked = urls; });
+    const QList<QUrl> sent{QUrl::fromLocalFile(u"/m/100% a b\nc\n\n.mp3"_s),
+                           QUrl::fromEncoded("file:///m/caf%E9.mp3"),
+                           QUrl(u"https://lyrabox.example/a.mp3"_s)};
+    EXPECT_EQ(claimElsewhere(folder.path(), sent), Role::Second);
+    EXPECT_EQ(asked, sent);
+}
+
+TEST(SingleInstance, ThousandsOfFilesAreHandedOver)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    qsizetype asked = 0;
+    first.setHandler([&](const QList<QUrl> &urls) { asked = urls.size(); });
+    const QString directory = u"/music/"_s + QString(200, u'ü') + u'/';
+    QList<QUrl> sent;
+    for (int i = 0; i < 2000; ++i)
+        sent.append(QUrl::fromLocalFile(directory + QString::number(i)));
+    EXPECT_EQ(claimElsewhere(folder.path(), sent), Role::Second);
+    EXPECT_EQ(asked, sent.size());
+}
+
+TEST(SingleInstance, ANewcomerIsToldWhenTheFirstDoesNotAnswer)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    EXPECT_EQ(SingleInstance(folder.path()).claim(), Role::Unanswered); // nobody serves meanwhile
+}
+
 TEST(SingleInstance, OtherSettingsFoldersDoNotMeet)
 {
     const QTemporaryDir one;

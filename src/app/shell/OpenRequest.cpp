@@ -1,0 +1,67 @@
+#include "app/shell/OpenRequest.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace lyrabox {
+
+namespace {
+
+struct OpenText {
+    Q_DECLARE_TR_FUNCTIONS(OpenText)
+};
+
+/// What a person calls it: the file's name, the whole URL when it has none.
+QString nameOf(const QUrl &url)
+{
+    const QString name = url.isLocalFile() ? url.fileName() : QString();
+    return name.isEmpty() ? url.toDisplayString() : name;
+}
+
+} // namespace
+
+OpenRequest sortOut(const QList<QUrl> &urls)
+{
+    using Refusal = OpenRequest::Refusal;
+    OpenRequest request;
+    for (const QUrl &url : urls) {
+        const auto refuse = [&](Refusal reason) { request.refused.append({nameOf(url), reason}); };
+        if (!url.isLocalFile() || !url.host().isEmpty()) {
+            refuse(Refusal::NotHere);
+            continue;
+        }
+        const QFileInfo info(url.toLocalFile());
+        if (!info.exists())
+            refuse(Refusal::Missing);
+        else if (!info.isReadable())
+            refuse(Refusal::Unreadable);
+        else
+            (info.isDir() ? request.folders : request.files).append(url);
+    }
+    return request;
+}
+
+QString refusalText(const QList<OpenRequest::Refused> &refused)
+{
+    using Refusal = OpenRequest::Refusal;
+    if (refused.isEmpty())
+        return {};
+    const QString name = refused.front().name.simplified();
+    if (refused.size() > 1)
+        return OpenText::tr("'%1' and %n more could not be opened", nullptr,
+                            static_cast<int>(refused.size() - 1))
+            .arg(name);
+    switch (refused.front().reason) {
+    case Refusal::NotHere:
+        return OpenText::tr("'%1' is not a file on this computer").arg(name);
+    case Refusal::Missing:
+        return OpenText::tr("There is no '%1'").arg(name);
+    case Refusal::Unreadable:
+        return OpenText::tr("'%1' may not be read").arg(name);
+    case Refusal::NotAudio:
+        return OpenText::tr("'%1' is not an audio file").arg(name);
+    }
+    return {};
+}
+
+} // namespace lyrabox

@@ -1,0 +1,34 @@
+#include "app/shell/ProgramIcon.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// The drawings lie in a static library, from which nothing else would link them in.
+static void linkIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace lyrabox {
+
+QIcon programIcon()
+{
+    linkIcons();
+    QSvgRenderer full(u":/icons/lyrabox.svg"_s);
+    QSvgRenderer small(u":/icons/lyrabox-small.svg"_s); // fewer parts, on whole pixels
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        (size < 32 ? small : full).render(&painter);
+        painter.end();
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
+} // namespace lyrabox

@@ -1,0 +1,113 @@
+#include "app/shell/OpenRequest.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+namespace {
+
+using Refusal = OpenRequest::Refusal;
+
+struct SortingOut : testing::Test {
+    QUrl file(const QString &name)
+    {
+        QFile made(folder.filePath(name));
+        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
+        return QUrl::fromLocalFile(made.fileName());
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(SortingOut, FilesAndFoldersKeepTheirOrder)
+{
+    const QUrl b = file(u"b.mp3"_s);
+    const QUrl a = file(u"a.mp3"_s);
+    const QUrl place = QUrl::fromLocalFile(folder.path());
+    const OpenRequest request = sortOut({b, place, a});
+    EXPECT_EQ(request.files, QList<QUrl>({b, a}));
+    EXPECT_EQ(request.folders, QList<QUrl>({place}));
+    EXPECT_TRUE(request.refused.isEmpty());
+}
+
+TEST_F(SortingOut, NamesWithPercentSignAndLineBreakAreFound)
+{
+    const QUrl odd = file(u"100% a\nb.mp3"_s);
+    EXPECT_EQ(sortOut({odd}).files, QList<QUrl>({odd}));
+}
+
+TEST_F(SortingOut, WhatDoesNotExistIsRefusedByItsName)
+{
+    const OpenRequest request = sortOut({QUrl::fromLocalFile(folder.filePath(u"gone.mp3"_s))});
+    ASSERT_EQ(request.refused.size(), 1);
+    EXPECT_EQ(request.refused.front().reason, Refusal::Missing);
+    EXPECT_EQ(refusalText(request.refused), u"There is no 'gone.mp3'"_s);
+}
+
+TEST_F(SortingOut, ANameThatIsNoTextIsRefused)
+{
+    const QByteArray name = folder.path().toLocal8Bit() + "/caf\xe9.mp3";
+    FILE *made = std::fopen(name.constData(), "w");
+    ASSERT_NE(made, nullptr);
+    std::fclose(made);
+    const OpenRequest request =
+        sortOut({QUrl::fromEncoded("file://" + name.toPercentEncoding("/"))});
+    ASSERT_EQ(request.refused.size(), 1);
+    EXPECT_EQ(request.refused.front().reason, Refusal::Missing);
+    EXPECT_TRUE(refusalText(request.refused).contains(u"caf"_s));
+    ::unlink(name.constData());
+}
+
+TEST_F(SortingOut, WhatMayNotBeReadIsRefused)
+{
+    const QUrl secret = file(u"secret.mp3"_s);
+    ASSERT_TRUE(QFile::setPermissions(secret.toLocalFile(), {}));
+    if (::access(secret.toLocalFile().toLocal8Bit().constData(), R_OK) == 0)
+        GTEST_SKIP() << "this user reads everything";
+    const OpenRequest request = sortOut({secret});
+    ASSERT_EQ(request.refused.size(), 1);
+    EXPECT_EQ(refusalText(request.refused), u"'secret.mp3' may not be read"_s);
+}
+
+TEST_F(SortingOut, WhatIsOnAnotherMachineIsRefused)
+{
+    const OpenRequest request = sortOut(
+        {QUrl(u"https://lyrabox.example/a.mp3"_s), QUrl(u"file://elsewhere/music/b.mp3"_s)});
+    ASSERT_EQ(request.refused.size(), 2);
+    EXPECT_EQ(request.refused.at(0).reason, Refusal::NotHere);
+    EXPECT_EQ(request.refused.at(1).reason, Refusal::NotHere);
+    EXPECT_EQ(refusalText(request.refused.mid(0, 1)),
+              u"'https://lyrabox.example/a.mp3' is not a file on this computer"_s);
+}
+
+TEST(RefusalText, SaysWhatIsNoAudio)
+{
+    EXPECT_EQ(refusalText({{u"note.txt"_s, Refusal::NotAudio}}),
+              u"'note.txt' is not an audio file"_s);
+}
+
+TEST(RefusalText, SeveralAreCounted)
+{
+    const QString text = refusalText(
+        {{u"a"_s, Refusal::Missing}, {u"b"_s, Refusal::NotAudio}, {u"c"_s, Refusal::NotHere}});
+    EXPECT_EQ(text, u"'a' and 2 more could not be opened"_s);
+}
+
+TEST(RefusalText, IsOneLine)
+{
+    EXPECT_EQ(refusalText({{u"a\nb.mp3"_s, Refusal::Missing}}), u"There is no 'a b.mp3'"_s);
+}
+
+TEST(RefusalText, OfNothingIsEmpty)
+{
+    EXPECT_TRUE(refusalText({}).isEmpty());
+}
+
+} // namespace
+} // namespace lyrabox

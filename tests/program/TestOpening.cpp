@@ -1,0 +1,126 @@
+// Files and folders given on the command line, to the first process and to one that runs.
+
+#include "program/Places.h"
+#include "program/RunningProgram.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class OpeningProgram : public RunningProgram {
+protected:
+    /// A folder of three songs beside the one that is shown.
+    void SetUp() override
+    {
+        showFolder(makeFolder(u"Shown"_s, {{u"Alpha"_s, 300.0}}));
+        given = makeFolder(u"Given"_s, {{u"Beta"_s, 400.0}, {u"Gamma"_s, 500.0}});
+    }
+
+    /// One of the given songs under another name.
+    void rename(const QString &song, const QString &name) const
+    {
+        ASSERT_TRUE(QDir(given).rename(song, name));
+    }
+
+    QString given;
+};
+
+TEST_F(OpeningProgram, AFirstStartWithFilesListsThemAndPlaysTheFirst)
+{
+    start(Size::Usual, {given + u"/gamma.flac"_s, given + u"/beta.flac"_s});
+    EXPECT_TRUE(hears(500.0));
+    EXPECT_TRUE(waitForSongs(2));
+    EXPECT_FALSE(showsMessage());
+    display.key(u"ctrl+Right"_s);
+    EXPECT_TRUE(hears(400.0)) << "the files are the queue";
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(OpeningProgram, ARunningProgramPlaysAFileWhoseRelativePathTheSenderResolves)
+{
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    EXPECT_TRUE(hears(300.0));
+    EXPECT_EQ(startSecond({u"Given/../Given/beta.flac"_s}, homeFolder()), 0);
+    EXPECT_TRUE(hears(400.0));
+    EXPECT_TRUE(isRunning());
+}
+
+TEST_F(OpeningProgram, NamesWithSpacePercentSignAndLineBreakPlay)
+{
+    rename(u"beta.flac"_s, u"100%20 a b.flac"_s);
+    rename(u"gamma.flac"_s, u"two\nlines\n\n.flac"_s);
+    start();
+    EXPECT_EQ(startSecond({u"100%20 a b.flac"_s}, given), 0);
+    EXPECT_TRUE(hears(400.0));
+    EXPECT_EQ(startSecond({u"two\nlines\n\n.flac"_s}, given), 0);
+    EXPECT_TRUE(hears(500.0));
+    EXPECT_EQ(startSecond({u"file://"_s + given + u"/100%2520%20a%20b.flac"_s}), 0);
+    EXPECT_TRUE(hears(400.0)) << "a URL, as a file manager gives it";
+    EXPECT_FALSE(showsMessage());
+}
+
+TEST_F(OpeningProgram, AGivenFolderIsAddedAndShown)
+{
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    EXPECT_EQ(startSecond({u"."_s}, given), 0);
+    EXPECT_TRUE(waitForSelectedSource(1));
+    EXPECT_TRUE(waitForSongs(2));
+    EXPECT_EQ(quit(), 0);
+    const auto folders = settingsList(u"Folders.plist"_s);
+    ASSERT_TRUE(folders);
+    ASSERT_NE(folders->array(), nullptr);
+    ASSERT_EQ(folders->array()->size(), 2U);
+    EXPECT_EQ(folders->array()->at(1), PropertyList(given));
+}
+
+TEST_F(OpeningProgram, WhatIsNoSongIsNamedAndNothingElseChanges)
+{
+    QFile note(given + u"/note.flac"_s);
+    ASSERT_TRUE(note.open(QIODevice::WriteOnly));
+    note.write("not a song");
+    note.close();
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    EXPECT_TRUE(hears(300.0));
+    EXPECT_FALSE(showsMessage());
+    EXPECT_EQ(startSecond({note.fileName()}), 0);
+    EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
+    EXPECT_TRUE(waitForSongs(1));
+    EXPECT_TRUE(hears(300.0));
+
+    // A song beside it plays none the less, and what is missing is named again.
+    EXPECT_EQ(startSecond({u"gone.flac"_s, u"gamma.flac"_s}, given), 0);
+    EXPECT_TRUE(hears(500.0));
+    EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
+    EXPECT_TRUE(waitForSongs(1));
+}
+
+TEST_F(OpeningProgram, ANameThatIsNoTextIsToldOfAndDoesNoHarm)
+{
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    EXPECT_EQ(startSecondWithBytes(given + u"/caf\\351.flac"_s), 0);
+    EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
+    EXPECT_TRUE(waitForSongs(1));
+    EXPECT_TRUE(isRunning());
+}
+
+TEST_F(OpeningProgram, HelpVersionAndWrongOptionsLeaveTheRunningProgramAlone)
+{
+    start();
+    EXPECT_EQ(startSecond({u"--help"_s}), 0);
+    EXPECT_EQ(startSecond({u"--version"_s}), 0);
+    EXPECT_EQ(startSecond({u"--no-such-option"_s}), 2);
+    EXPECT_TRUE(isRunning());
+}
+
+} // namespace
