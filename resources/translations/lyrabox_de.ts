@@ -28,6 +28,31 @@
     </message>
 </context>
 <context>
+    <name>CommandLineText</name>
+    <message>
+        <source>Usage: lyrabox [options] [files, folders or file: URLs]
+
+Audio files become the list of songs, and the first one plays. Folders are added
+to the list of folders. A program that runs already takes both over.
+
+Options:
+  -h, --help     show this help
+  -v, --version  show the version
+  --             only files and folders follow
+</source>
+        <translation>Aufruf: lyrabox [Optionen] [Dateien, Ordner oder file:-URLs]
+
+Audiodateien werden zur Liste der Titel, und der erste wird abgespielt. Ordner
+kommen zur Ordnerliste. Läuft das Programm schon, übernimmt es beides.
+
+Optionen:
+  -h, --help     diese Hilfe zeigen
+  -v, --version  die Version zeigen
+  --             danach folgen nur Dateien und Ordner
+</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -460,6 +485,32 @@ Freie Software unter der GNU General Public License, Version 3 oder neuer.</tran
     </message>
 </context>
 <context>
+    <name>OpenText</name>
+    <message numerus="yes">
+        <source>&apos;%1&apos; and %n more could not be opened</source>
+        <translation>
+            <numerusform>„%1“ und %n weitere Datei konnten nicht geöffnet werden</numerusform>
+            <numerusform>„%1“ und %n weitere Dateien konnten nicht geöffnet werden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a file on this computer</source>
+        <translation>„%1“ ist keine Datei auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>There is no &apos;%1&apos;</source>
+        <translation>„%1“ gibt es nicht</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; may not be read</source>
+        <translation>„%1“ darf nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an audio file</source>
+        <translation>„%1“ ist keine Audiodatei</translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -831,6 +882,13 @@ Freie Software unter der GNU General Public License, Version 3 oder neuer.</tran
     <message>
         <source>Has settings</source>
         <translation>Hat Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Lyrabox is running already but does not answer.</source>
+        <translation>Lyrabox läuft bereits, antwortet aber nicht.</translation>
     </message>
 </context>
 </TS>

@@ -28,6 +28,31 @@
     </message>
 </context>
 <context>
+    <name>CommandLineText</name>
+    <message>
+        <source>Usage: lyrabox [options] [files, folders or file: URLs]
+
+Audio files become the list of songs, and the first one plays. Folders are added
+to the list of folders. A program that runs already takes both over.
+
+Options:
+  -h, --help     show this help
+  -v, --version  show the version
+  --             only files and folders follow
+</source>
+        <translation>Uso: lyrabox [opciones] [archivos, carpetas o URL file:]
+
+Los archivos de audio forman la lista de canciones y suena el primero. Las carpetas
+se añaden a la lista de carpetas. Si el programa ya está abierto, recibe ambas cosas.
+
+Opciones:
+  -h, --help     mostrar esta ayuda
+  -v, --version  mostrar la versión
+  --             a continuación solo hay archivos y carpetas
+</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -460,6 +485,32 @@ Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.
     </message>
 </context>
 <context>
+    <name>OpenText</name>
+    <message numerus="yes">
+        <source>&apos;%1&apos; and %n more could not be opened</source>
+        <translation>
+            <numerusform>No se pudieron abrir «%1» y %n más</numerusform>
+            <numerusform>No se pudieron abrir «%1» y %n más</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a file on this computer</source>
+        <translation>«%1» no es un archivo de este equipo</translation>
+    </message>
+    <message>
+        <source>There is no &apos;%1&apos;</source>
+        <translation>No existe «%1»</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; may not be read</source>
+        <translation>«%1» no se puede leer</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an audio file</source>
+        <translation>«%1» no es un archivo de audio</translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -831,6 +882,13 @@ Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.
     <message>
         <source>Has settings</source>
         <translation>Tiene ajustes</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Lyrabox is running already but does not answer.</source>
+        <translation>Lyrabox ya está abierto, pero no responde.</translation>
     </message>
 </context>
 </TS>

@@ -28,6 +28,32 @@
     </message>
 </context>
 <context>
+    <name>CommandLineText</name>
+    <message>
+        <source>Usage: lyrabox [options] [files, folders or file: URLs]
+
+Audio files become the list of songs, and the first one plays. Folders are added
+to the list of folders. A program that runs already takes both over.
+
+Options:
+  -h, --help     show this help
+  -v, --version  show the version
+  --             only files and folders follow
+</source>
+        <translation>Utilisation : lyrabox [options] [fichiers, dossiers ou URL file:]
+
+Les fichiers audio deviennent la liste des morceaux et le premier est joué. Les
+dossiers sont ajoutés à la liste des dossiers. Si le programme est déjà ouvert,
+il reçoit les deux.
+
+Options :
+  -h, --help     afficher cette aide
+  -v, --version  afficher la version
+  --             la suite ne contient que des fichiers et des dossiers
+</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -460,6 +486,32 @@ Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure
     </message>
 </context>
 <context>
+    <name>OpenText</name>
+    <message numerus="yes">
+        <source>&apos;%1&apos; and %n more could not be opened</source>
+        <translation>
+            <numerusform>« %1 » et %n autre n’ont pas pu être ouverts</numerusform>
+            <numerusform>« %1 » et %n autres n’ont pas pu être ouverts</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a file on this computer</source>
+        <translation>« %1 » n’est pas un fichier de cet ordinateur</translation>
+    </message>
+    <message>
+        <source>There is no &apos;%1&apos;</source>
+        <translation>« %1 » n’existe pas</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; may not be read</source>
+        <translation>« %1 » ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an audio file</source>
+        <translation>« %1 » n’est pas un fichier audio</translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -831,6 +883,13 @@ Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure
     <message>
         <source>Has settings</source>
         <translation>A des réglages</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Lyrabox is running already but does not answer.</source>
+        <translation>Lyrabox est déjà ouvert mais ne répond pas.</translation>
     </message>
 </context>
 </TS>

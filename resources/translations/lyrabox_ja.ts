@@ -28,6 +28,31 @@
     </message>
 </context>
 <context>
+    <name>CommandLineText</name>
+    <message>
+        <source>Usage: lyrabox [options] [files, folders or file: URLs]
+
+Audio files become the list of songs, and the first one plays. Folders are added
+to the list of folders. A program that runs already takes both over.
+
+Options:
+  -h, --help     show this help
+  -v, --version  show the version
+  --             only files and folders follow
+</source>
+        <translation>使い方: lyrabox [オプション] [ファイル、フォルダ、file: URL]
+
+オーディオファイルは曲のリストになり、最初の曲が再生されます。フォルダはフォルダの
+リストに追加されます。すでに起動している場合は、そちらに渡されます。
+
+オプション:
+  -h, --help     このヘルプを表示
+  -v, --version  バージョンを表示
+  --             以降はファイルとフォルダのみ
+</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -460,6 +485,31 @@ GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソ�
     </message>
 </context>
 <context>
+    <name>OpenText</name>
+    <message numerus="yes">
+        <source>&apos;%1&apos; and %n more could not be opened</source>
+        <translation>
+            <numerusform>「%1」とほか %n 個を開けませんでした</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a file on this computer</source>
+        <translation>「%1」はこのコンピュータ上のファイルではありません</translation>
+    </message>
+    <message>
+        <source>There is no &apos;%1&apos;</source>
+        <translation>「%1」はありません</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; may not be read</source>
+        <translation>「%1」を読み取る権限がありません</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an audio file</source>
+        <translation>「%1」はオーディオファイルではありません</translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -830,6 +880,13 @@ GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソ�
     <message>
         <source>Has settings</source>
         <translation>設定あり</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Lyrabox is running already but does not answer.</source>
+        <translation>Lyrabox はすでに起動していますが、応答しません。</translation>
     </message>
 </context>
 </TS>

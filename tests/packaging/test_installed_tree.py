@@ -100,6 +100,7 @@ class InstalledTree(unittest.TestCase):
     def run_program(self, *arguments):
         environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY")}
         environment.pop("QT_QPA_PLATFORM", None)
+        environment["LC_ALL"] = "C.UTF-8"
         return subprocess.run([self.root / "bin/lyrabox", *arguments], env=environment, text=True,
                               capture_output=True, timeout=60, check=False)
 

@@ -1,5 +1,7 @@
 #include "app/shell/OpenRequest.h"
 
+#include "platform/foundation/Files.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 
@@ -33,7 +35,7 @@ OpenRequest sortOut(const QList<QUrl> &urls)
         const QFileInfo info(url.toLocalFile());
         if (!info.exists())
             refuse(Refusal::Missing);
-        else if (!info.isReadable())
+        else if (!files::isReadable(info.filePath()))
             refuse(Refusal::Unreadable);
         else
             (info.isDir() ? request.folders : request.files).append(url);

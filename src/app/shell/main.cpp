@@ -39,6 +39,8 @@ int main(int argc, char **argv)
     // Help and version need no display, and everything else is for later.
     const CommandLine::Task task = lyrabox::readCommandLine(argc, argv).task;
     if (task == CommandLine::Task::ShowHelp || task == CommandLine::Task::ShowVersion) {
+        QCoreApplication application(argc, argv);
+        lyrabox::installLanguage(application);
         const QString text = task == CommandLine::Task::ShowHelp ? lyrabox::commandLineHelp()
                                                                  : lyrabox::versionText();
         return std::fputs(qPrintable(text), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;

@@ -54,17 +54,20 @@ std::vector<Text> textsOf(const QString &language)
                u"/resources/translations/lyrabox_%1.ts"_s.arg(language));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     std::vector<Text> texts;
+    bool isPlural = false;
     QXmlStreamReader xml(&file);
     while (!xml.atEnd()) {
         xml.readNext();
         if (!xml.isStartElement())
             continue;
-        if (xml.name() == u"source"_s)
+        if (xml.name() == u"message"_s)
+            isPlural = xml.attributes().hasAttribute(u"numerus"_s);
+        else if (xml.name() == u"source"_s)
             texts.push_back({xml.readElementText(), {}});
         else if (xml.name() == u"numerusform"_s)
             texts.back().translations << xml.readElementText();
         else if (xml.name() == u"translation"_s && !xml.attributes().hasAttribute(u"type"_s) &&
-                 texts.back().source != u"%n songs"_s)
+                 !isPlural)
             texts.back().translations
                 << xml.readElementText(QXmlStreamReader::IncludeChildElements);
     }
