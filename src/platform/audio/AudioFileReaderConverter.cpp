@@ -1,10 +1,20 @@
 #include "platform/audio/AudioFileReaderConverter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace lyrabox {
 
 namespace {
+
+/// Floating-point files may hold anything. What is no number, or so loud that a filter behind could
+/// overflow and never recover, is damage and becomes silence.
+void silenceDamage(float *samples, std::int64_t count)
+{
+    constexpr float loudest = 1.0e6F;
+    for (std::int64_t i = 0; i < count; ++i)
+        samples[i] = std::abs(samples[i]) <= loudest ? samples[i] : 0.0F;
+}
 
 /// The most common case needs no gains at all; mono and unknown layouts need given ones; the rest
 /// is mixed by the usual rules of its layout.
@@ -156,6 +166,8 @@ Status AudioFileReaderConverter::convert(const AVFrame *frame, ConvertedFrames &
         frame ? INT64_MAX : av_rescale(m_inFrames, m_rate, m_inRate) - m_outFrames;
     const auto count = std::clamp<std::int64_t>(converted, 0, std::max<std::int64_t>(limit, 0));
     m_outFrames += count;
+    for (std::size_t channel = 0; channel < static_cast<std::size_t>(m_channels); ++channel)
+        silenceDamage(reinterpret_cast<float *>(target[channel]), count);
     if (direct) {
         out.count += static_cast<std::size_t>(count);
     } else {
