@@ -17,7 +17,7 @@ struct MusicTrack {
     std::optional<QString> name;     ///< "Name"
     std::optional<QString> artist;   ///< "Artist"
     std::optional<QString> album;    ///< "Album"
-    std::optional<double> totalTime; ///< "Total Time", milliseconds
+    std::optional<double> totalTime; ///< "Total Time", milliseconds; finite
 };
 
 /// One playlist of the library, in the library's words.

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cmath>
 #include <string_view>
 
 namespace lyrabox {
@@ -51,7 +52,7 @@ void takeTrackMember(MusicTrack &track, std::string_view key, const PropertyList
 {
     if (std::optional<QString> *const field = textField(track, key))
         take(*field, value);
-    else if (key == "Total Time" && !track.totalTime)
+    else if (key == "Total Time" && !track.totalTime && std::isfinite(value.real().value_or(NAN)))
         track.totalTime = value.real();
 }
 

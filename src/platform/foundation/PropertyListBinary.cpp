@@ -200,11 +200,11 @@ private:
                                         : std::bit_cast<float>(static_cast<std::uint32_t>(bits));
         if (!isDate)
             return PropertyList(number);
-        constexpr double furthest = 1e11; // seconds; some three thousand years
+        constexpr double furthest = 1e12; // seconds; what milliseconds surely hold
         if (!(std::abs(number) < furthest))
             return std::nullopt;
         const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC);
-        return PropertyList(epoch.addMSecs(std::llround(number * 1000.0)));
+        return propertyListDate(epoch.addMSecs(std::llround(number * 1000.0)));
     }
 
     const uchar *m_bytes;

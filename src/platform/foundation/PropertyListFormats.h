@@ -17,6 +17,9 @@ bool isUtf16PropertyList(const QByteArray &data);
 std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader,
                                                PropertyListReader::Token token);
 
+/// `date` as a value; none for one outside the years 1 to 9999, which could not be written.
+std::optional<PropertyList> propertyListDate(const QDateTime &date);
+
 /// The XML property list in `data`, none when malformed or beyond the limits.
 std::optional<PropertyList> parseXmlPropertyList(const QByteArray &data);
 

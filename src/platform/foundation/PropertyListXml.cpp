@@ -134,6 +134,14 @@ bool isUtf16PropertyList(const QByteArray &data)
     return data.startsWith("\xFE\xFF") || data.startsWith("\xFF\xFE");
 }
 
+std::optional<PropertyList> propertyListDate(const QDateTime &date)
+{
+    const QDateTime utc = date.toUTC();
+    const int year = utc.date().year();
+    return utc.isValid() && year >= 1 && year <= 9999 ? std::optional(PropertyList(utc))
+                                                      : std::nullopt;
+}
+
 std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader, Token token)
 {
     const std::string_view text = reader.text();
@@ -153,12 +161,9 @@ std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader,
     case Token::Data:
         return PropertyList(
             QByteArray::fromBase64(QByteArray(text.data(), static_cast<qsizetype>(text.size()))));
-    case Token::Date: {
-        QDateTime date = QDateTime::fromString(QString::fromLatin1(trimmed(text)), Qt::ISODate);
-        if (!date.isValid())
-            return std::nullopt;
-        return PropertyList(date.toUTC());
-    }
+    case Token::Date:
+        return propertyListDate(
+            QDateTime::fromString(QString::fromLatin1(trimmed(text)), Qt::ISODate));
     default:
         return std::nullopt;
     }

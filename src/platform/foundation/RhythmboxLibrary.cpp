@@ -10,6 +10,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,6 +28,13 @@ struct Songs {
 bool openXml(QFile &file)
 {
     return QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly);
+}
+
+/// None for seconds that are no number to count with.
+std::optional<double> milliseconds(const QString &seconds)
+{
+    const double value = seconds.toDouble() * 1000.0;
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 /// Reads one entry of type "song".
@@ -47,7 +55,7 @@ void readSong(QXmlStreamReader &xml, Songs &songs)
         else if (name == "album"_L1)
             track.album = text;
         else if (name == "duration"_L1)
-            track.totalTime = text.toDouble() * 1000.0;
+            track.totalTime = milliseconds(text);
         else if (name == "hidden"_L1)
             isHidden = text.toInt() != 0;
     }

@@ -109,6 +109,29 @@ std::weak_ordering compareNumbers(QString a, QString b)
     return a.compare(b) <=> 0;
 }
 
+/// `html` without the elements of that name and what they hold. One that is not closed stays.
+QString withoutElement(const QString &html, const QString &name)
+{
+    const QRegularExpression closing(u"</%1\\s*>"_s.arg(name),
+                                     QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpression opening(u"<%1\\b[^>]*>"_s.arg(name),
+                                     QRegularExpression::CaseInsensitiveOption);
+    QString text;
+    qsizetype kept = 0;
+    for (;;) { // forward only, so that no feed takes long
+        const QRegularExpressionMatch begin = opening.match(html, kept);
+        if (!begin.hasMatch())
+            break;
+        const QRegularExpressionMatch end = closing.match(html, begin.capturedEnd());
+        if (!end.hasMatch())
+            break;
+        text += QStringView(html).mid(kept, begin.capturedStart() - kept);
+        kept = end.capturedEnd();
+    }
+    text += QStringView(html).mid(kept);
+    return text;
+}
+
 } // namespace
 
 std::optional<std::vector<AppcastItem>> parseAppcast(const QByteArray &feed)
@@ -173,9 +196,6 @@ std::optional<AppcastItem> newestUpdate(const std::vector<AppcastItem> &items,
 
 QString plainTextFromHtml(const QString &html)
 {
-    static const QRegularExpression hidden(u"<(script|style)\\b[^>]*>.*?</\\1\\s*>"_s,
-                                           QRegularExpression::CaseInsensitiveOption |
-                                               QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression blank(u"[ \\t\\r\\n]+"_s);
     static const QRegularExpression listItem(u" ?<li\\b[^>]*> ?"_s,
                                              QRegularExpression::CaseInsensitiveOption);
@@ -185,7 +205,8 @@ QString plainTextFromHtml(const QString &html)
     static const QRegularExpression lineBreaks(u" *\\n[ \\n]*"_s);
     QString text = html;
     const bool isHtml = text.contains(tag);
-    text.remove(hidden);
+    for (const QString &name : {u"script"_s, u"style"_s})
+        text = withoutElement(text, name);
     if (isHtml)
         text.replace(blank, u" "_s);
     text.replace(listItem, u"\n• "_s);

@@ -404,6 +404,14 @@ TEST(PropertyListBinary, NoDamageIsMoreThanARefusal)
         EXPECT_FALSE(parsePropertyList(whole.left(length)));
 }
 
+TEST(PropertyListXml, ADateThatCouldNotBeWrittenIsNoDate)
+{
+    EXPECT_TRUE(parsePropertyList("<date>9999-12-31T23:59:59Z</date>"));
+    EXPECT_FALSE(parsePropertyList("<date>9999-12-31T23:59:59-14:00</date>"));
+    EXPECT_TRUE(parsePropertyList("<date>0001-01-01T00:00:00Z</date>"));
+    EXPECT_FALSE(parsePropertyList("<date>0001-01-01T00:00:00+01:00</date>"));
+}
+
 TEST(PropertyListFile, ReadingWhatIsNoFileGivesNone)
 {
     const QTemporaryDir folder;

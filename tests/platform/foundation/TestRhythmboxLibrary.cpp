@@ -157,6 +157,17 @@ TEST_F(RhythmboxLibrary, OddEntriesDoNotSpoilTheirNeighbours)
     EXPECT_EQ(library->tracks.at(u"file:///a"_s).totalTime, 0.0);
 }
 
+TEST_F(RhythmboxLibrary, ALengthThatIsNoNumberToCountWithIsNone)
+{
+    const MusicLibraryRef library = read(songs(song("file:///a", "<duration>nan</duration>") +
+                                               song("file:///b", "<duration>1e308</duration>") +
+                                               song("file:///c", "<duration>2</duration>")));
+    ASSERT_TRUE(library);
+    EXPECT_FALSE(library->tracks.at(u"file:///a"_s).totalTime);
+    EXPECT_FALSE(library->tracks.at(u"file:///b"_s).totalTime);
+    EXPECT_EQ(library->tracks.at(u"file:///c"_s).totalTime, 2000.0);
+}
+
 TEST_F(RhythmboxLibrary, WithoutSongsThereIsNoLibrary)
 {
     EXPECT_EQ(readRhythmboxLibrary(m_folder.filePath(u"missing"_s)), nullptr);

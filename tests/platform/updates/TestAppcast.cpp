@@ -112,6 +112,8 @@ TEST(PlainTextFromHtml, DropsMarkupAndKeepsLines)
                   "<script>evil()</script>"_s),
               u"New\n• Loops & more\n• A <b>"_s);
     EXPECT_EQ(plainTextFromHtml(u"line one\nline two"_s), u"line one\nline two"_s);
+    EXPECT_EQ(plainTextFromHtml(u"a<STYLE type=x>p{}</Style >b<script>1</script>c"_s), u"abc"_s);
+    EXPECT_EQ(plainTextFromHtml(u"a<script>never closed"_s), u"anever closed"_s);
 }
 
 } // namespace
