@@ -1,3 +1,5 @@
+// Long because it goes through one controller, whose operations share a fixture and a state.
+
 #include "support/TransportFixture.h"
 
 #include "platform/foundation/NotificationCenter.h"

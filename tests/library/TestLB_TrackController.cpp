@@ -1,3 +1,5 @@
+// Long because it goes through one controller, whose lists and table belong together.
+
 #include "library/LB_TrackController.h"
 
 #include "library/LibraryFixture.h"

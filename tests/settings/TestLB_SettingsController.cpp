@@ -1,3 +1,5 @@
+// Long because it goes through one controller and every odd entry of its three files.
+
 #include "settings/LB_SettingsController.h"
 
 #include "platform/foundation/Files.h"

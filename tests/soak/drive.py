@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# Long because it runs as it is: every action with what has to be true after it.
 """Drives the program as a restless musician would, ten actions a second, and looks after every one whether all is well.
 
 drive.py PROGRAM MINUTES [SEED [FIRST]]

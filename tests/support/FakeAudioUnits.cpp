@@ -1,3 +1,5 @@
+// Long because the fakes of one chain act on one state, which nobody else is to see.
+
 #include "support/FakeAudioUnits.h"
 
 #include <algorithm>

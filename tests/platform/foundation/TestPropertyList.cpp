@@ -1,3 +1,5 @@
+// Long because both formats are tried with the same values and the same damage.
+
 #include "platform/foundation/PropertyListFormats.h"
 
 #include <QDir>

@@ -1,0 +1,72 @@
+"""Holds the source tree against the house rules of docs/architecture.md and CONTRIBUTING.md."""
+import pathlib
+import subprocess
+import unittest
+
+import tree
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SRC = ROOT / "src"
+DOCUMENT = (ROOT / "docs/architecture.md").read_text()
+TABLE = tree.layers(DOCUMENT)
+SOURCES = {str(p.relative_to(SRC)): p.read_text() for p in SRC.rglob("*") if p.suffix in (".h", ".cpp")}
+CODE = {".h", ".cpp", ".py", ".txt", ".cmake", ".md", ""}
+
+
+def target_of(folder):
+    return folder.replace("/", "_")
+
+
+class Layers(unittest.TestCase):
+    def test_a_folder_includes_only_what_its_row_allows(self):
+        self.assertEqual(tree.includes_against(TABLE, SOURCES), [])
+
+    def test_every_row_is_a_folder(self):
+        self.assertEqual([f for f in TABLE if not (SRC / f).is_dir()], [])
+
+    def test_there_is_no_circle(self):
+        self.assertEqual(tree.circle(TABLE), [])
+        edges = {}
+        for path, text in SOURCES.items():
+            folder = path.rsplit("/", 1)[0]
+            edges.setdefault(folder, set()).update(tree.included_folders(text) - {folder})
+        self.assertEqual(tree.circle(edges), [])
+
+    def test_no_row_allows_what_nobody_includes(self):
+        for folder, allowed in TABLE.items():
+            included = set()
+            for path, text in SOURCES.items():
+                if path.rsplit("/", 1)[0] == folder:
+                    included |= tree.included_folders(text)
+            for name in allowed:
+                if name != "app/interfaces" and len(allowed) < len(TABLE) - 1:
+                    below = tree.reachable(TABLE, name) | {name}
+                    self.assertTrue(included & below, f"{folder} includes nothing of {name}")
+
+    def test_what_links_is_what_the_row_allows(self):
+        targets = {target_of(f): f for f in TABLE}
+        for folder in TABLE:
+            if folder == "app/interfaces":
+                continue
+            linked = tree.dependencies((SRC / folder / "CMakeLists.txt").read_text())
+            allowed = tree.reachable(TABLE, folder)
+            for name in linked:
+                self.assertIn(targets.get(name, name), allowed, f"{folder}/CMakeLists.txt")
+
+    def test_the_picture_shows_the_table(self):
+        self.assertEqual(tree.picture_against(tree.picture(DOCUMENT), TABLE), [])
+
+
+class Lengths(unittest.TestCase):
+    def test_no_file_is_over_400_lines_without_a_reason_at_its_top(self):
+        # Also before the first commit of a file; what git ignores is not the tree's.
+        names = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard"], cwd=ROOT, text=True,
+                               capture_output=True, check=False).stdout.split("\n")
+        files = [ROOT / n for n in names if n] or [p for f in ("src", "tests") for p in (ROOT / f).rglob("*")]
+        looked_at = [f for f in files if f.suffix in CODE and f.name != "LICENSE" and f.is_file()]
+        self.assertGreater(len(looked_at), 200)
+        self.assertEqual([str(f.relative_to(ROOT)) for f in looked_at if tree.is_too_long(f.read_text())], [])
+
+
+if __name__ == "__main__":
+    unittest.main()
