@@ -21,7 +21,7 @@ elseif(LYRABOX_SANITIZER)
   message(FATAL_ERROR "LYRABOX_SANITIZER is '${LYRABOX_SANITIZER}'; it may be empty, address, thread or fuzzer")
 endif()
 if(sanitizer_flags)
-  target_compile_options(lyrabox_options INTERFACE ${sanitizer_flags} -O1)
+  target_compile_options(lyrabox_options INTERFACE ${sanitizer_flags})
   target_link_options(lyrabox_options INTERFACE ${sanitizer_flags})
 endif()
 
