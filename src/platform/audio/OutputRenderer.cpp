@@ -1,6 +1,7 @@
 #include "platform/audio/OutputRenderer.h"
 
 #include "platform/audio/DenormalGuard.h"
+#include "platform/audio/FadeShape.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,12 +24,8 @@ constexpr float gainTolerance = 1e-5F;
 
 OutputRenderer::OutputRenderer()
 {
-    // A polynomial with no slope and no curvature at either end. It keeps closer to nothing at first
-    // than half a cosine does, for the equalizer rings when a signal sets in at full height.
-    for (std::uint32_t i = 0; i < fadeFrames; ++i) {
-        const double t = (i + 1.0) / (fadeFrames + 1.0);
-        m_fade[i] = static_cast<float>(t * t * t * (10.0 + t * (6.0 * t - 15.0)));
-    }
+    for (std::uint32_t i = 0; i < fadeFrames; ++i)
+        m_fade[i] = static_cast<float>(fadeShape((i + 1.0) / (fadeFrames + 1.0)));
 }
 
 void OutputRenderer::start() noexcept

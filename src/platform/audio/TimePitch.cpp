@@ -1,11 +1,11 @@
 #include "platform/audio/TimePitch.h"
 
+#include "platform/audio/FadeShape.h"
 #include "platform/audio/TimePitchLeadIn.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
 namespace lyrabox {
 
@@ -14,11 +14,9 @@ namespace {
 constexpr std::uint32_t blockFrames = 1024;
 static_assert(blockFrames <= TimePitchStretcher::maximumFeed);
 
-/// 0 to 1 along half a cosine.
 float rise(std::uint32_t step, std::uint32_t steps) noexcept
 {
-    const double phase = std::numbers::pi * (step + 0.5) / steps;
-    return static_cast<float>(0.5 - 0.5 * std::cos(phase));
+    return static_cast<float>(fadeShape((step + 0.5) / steps));
 }
 
 } // namespace
@@ -29,6 +27,7 @@ Status TimePitch::initialize()
     if (engineStatus != status::noError)
         return engineStatus;
     m_history.allocate();
+    m_cover.allocate();
     m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
     m_resetRequested.store(true, std::memory_order_release);
     m_initialized = true;
@@ -100,9 +99,11 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
         output = {output.left + done, output.right + done};
         frames -= done;
     }
-    const double position = m_state == State::passing || m_state == State::leaving
-                                ? static_cast<double>(m_passed)
-                                : m_stretcher.position();
+    double position = m_stretcher.position();
+    if (m_state == State::passing || m_state == State::leaving)
+        position = static_cast<double>(m_passed);
+    else if (m_state == State::covering)
+        position = m_speed * m_progress;
     m_latency.store(static_cast<double>(m_history.end()) - position, std::memory_order_relaxed);
 }
 
@@ -130,11 +131,16 @@ void TimePitch::takeReset() noexcept
         m_state = State::passing;
         return;
     }
-    m_state = State::stretching;
-    setRatios(m_wantedRate, m_wantedPitchRatio);
-    pull(leadInSourceFrames(m_stretcher.leadInFrames()));
-    makeLeadIn(m_history, m_stretcher.leadInFrames());
-    startStretcher(0, m_wantedRate, m_wantedPitchRatio);
+    m_state = State::covering;
+    startStretcher(std::llround(static_cast<double>(m_wantedRate) * startFrames), m_wantedRate,
+                   m_wantedPitchRatio);
+    const std::int64_t missing = -m_stretcher.nextFrame();
+    if (missing > 0) {
+        const auto frames = static_cast<std::uint32_t>(missing);
+        pull(leadInSourceFrames(frames));
+        makeLeadIn(m_history, frames);
+    }
+    m_cover.start(m_wantedRate, m_wantedPitchRatio.value());
     m_fadeInLeft = fadeInFrames;
 }
 
@@ -146,16 +152,19 @@ std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcep
             pass(output, frames);
             return frames;
         }
-        startStretcher(m_passed, 1.0, {});
         m_state = State::leaving;
         m_progress = 0;
+        startStretcher(m_passed + startFrames, 1.0, {});
         [[fallthrough]];
     case State::leaving:
+        return leave(output, frames);
+    case State::covering:
+        return cover(output, frames);
     case State::returning:
         frames = std::min(frames, crossfadeFrames - m_progress);
         crossfade(output, frames);
         if (m_progress == crossfadeFrames) {
-            m_state = m_state == State::leaving ? State::stretching : State::passing;
+            m_state = State::passing;
             m_progress = 0;
         }
         return frames;
@@ -170,7 +179,6 @@ std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcep
         m_progress += frames;
     }
     stretch(output, frames);
-    fadeIn(output, frames);
     if (m_progress == settleFrames) {
         m_passed = std::llround(m_stretcher.position());
         m_state = State::returning;
@@ -227,15 +235,80 @@ void TimePitch::stretch(Output output, std::uint32_t frames) noexcept
     }
 }
 
+std::uint32_t TimePitch::leave(Output output, std::uint32_t frames) noexcept
+{
+    if (m_progress < startFrames) {
+        frames = std::min(frames, startFrames - m_progress);
+        pass(output, frames);
+        m_progress += frames;
+        readAhead(m_progress);
+        return frames;
+    }
+    frames = std::min(frames, startFrames + crossfadeFrames - m_progress);
+    crossfade(output, frames);
+    if (m_progress == startFrames + crossfadeFrames) {
+        m_state = State::stretching;
+        m_progress = 0;
+    }
+    return frames;
+}
+
+std::uint32_t TimePitch::cover(Output output, std::uint32_t frames) noexcept
+{
+    const bool isAlone = m_progress < startFrames;
+    const std::uint32_t end = isAlone ? startFrames : startFrames + uncoverFrames;
+    frames = std::min(frames, end - m_progress);
+    pull(m_cover.reach(frames));
+    m_cover.render(m_history, output.left, output.right, frames);
+    fadeIn(output, frames);
+    if (isAlone) {
+        m_progress += frames;
+        readAhead(m_progress);
+        return frames;
+    }
+    const Output stretched{m_scratch.data(), m_scratch.data() + blockFrames};
+    stretch(stretched, frames);
+    for (std::uint32_t i = 0; i < frames; ++i) {
+        const float gain = rise(m_progress - startFrames + i, uncoverFrames);
+        output.left[i] += gain * (stretched.left[i] - output.left[i]);
+        output.right[i] += gain * (stretched.right[i] - output.right[i]);
+    }
+    m_progress += frames;
+    if (m_progress == end) {
+        m_state = State::stretching;
+        m_progress = 0;
+    }
+    return frames;
+}
+
+/// Takes the stretcher as far through its lead-in as is due `progress` frames after the change
+/// began. What it gives depends on nothing but the song and the ratios, so it makes no difference
+/// into which callbacks the work falls.
+void TimePitch::readAhead(std::uint32_t progress) noexcept
+{
+    if (progress <= restFrames)
+        return;
+    const std::uint32_t due =
+        m_stretcher.leadInOutput() * (progress - restFrames) / (startFrames - restFrames);
+    const Output discarded{m_scratch.data(), m_scratch.data() + blockFrames};
+    while (m_discarded < due) {
+        const std::uint32_t count = std::min(due - m_discarded, blockFrames);
+        stretch(discarded, count);
+        m_discarded += count;
+    }
+}
+
 /// Both sides give the same place of the song, nearly wave for wave, so their gains add up to 1.
 void TimePitch::crossfade(Output output, std::uint32_t frames) noexcept
 {
+    const bool isLeaving = m_state == State::leaving;
+    const std::uint32_t faded = isLeaving ? m_progress - startFrames : m_progress;
     const Output stretched{m_scratch.data(), m_scratch.data() + blockFrames};
     stretch(stretched, frames);
     pass(output, frames);
     for (std::uint32_t i = 0; i < frames; ++i) {
-        const float gain = rise(m_progress + i, crossfadeFrames);
-        const float ofStretched = m_state == State::leaving ? gain : 1.0F - gain;
+        const float gain = rise(faded + i, crossfadeFrames);
+        const float ofStretched = isLeaving ? gain : 1.0F - gain;
         output.left[i] += ofStretched * (stretched.left[i] - output.left[i]);
         output.right[i] += ofStretched * (stretched.right[i] - output.right[i]);
     }
@@ -251,19 +324,13 @@ void TimePitch::fadeIn(Output output, std::uint32_t frames) noexcept
     }
 }
 
-/// Makes the stretcher's next output belong to source frame `frame`, of which half a window before
-/// it is held.
+/// Sets the stretcher on its way to source frame `frame`: what it gives behind its lead-in belongs
+/// there.
 void TimePitch::startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept
 {
     setRatios(speed, pitch);
     m_stretcher.restart(frame - m_stretcher.leadInFrames());
-    std::uint32_t leadIn = m_stretcher.leadInOutput();
-    const Output discarded{m_scratch.data(), m_scratch.data() + blockFrames};
-    while (leadIn > 0) {
-        const std::uint32_t count = std::min(leadIn, blockFrames);
-        stretch(discarded, count);
-        leadIn -= count;
-    }
+    m_discarded = 0;
 }
 
 void TimePitch::setRatios(double speed, PitchRatio pitch) noexcept

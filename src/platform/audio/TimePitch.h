@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/audio/AudioUnit.h"
+#include "platform/audio/TimePitchCover.h"
 #include "platform/audio/TimePitchHistory.h"
 #include "platform/audio/TimePitchStretcher.h"
 
@@ -19,13 +20,13 @@ namespace lyrabox {
 /// At rate 1 and pitch 0 the source passes untouched, without delay and bit for bit; otherwise it
 /// goes through a stretcher, which needs to read ahead. Where the stage changes over between the
 /// two, both give the same place of the song at the same time, and one is faded into the other:
-///  - leaving, the stretcher starts at rate 1 on the frames already delivered, reads ahead in one
-///  go, is faded in,
-///    and only then takes the ratios wanted;
+///  - leaving, the stretcher starts at rate 1 a little ahead, reads ahead while the source goes on
+///    passing, is faded in, and only then takes the ratios wanted;
 ///  - returning, the stretcher goes on at rate 1 until it follows the source wave for wave, then
-///  the source is
-///    faded in from where the stretcher stands, and what has been read ahead is played before more
-///    is pulled.
+///    the source is faded in from where the stretcher stands, and what has been read ahead is
+///    played before more is pulled.
+/// After a reset at other ratios the stretcher has to read ahead as well. Until it has, a
+/// TimePitchCover plays. So no callback has to do all of it at once.
 class TimePitch final : public TimePitchUnit {
 public:
     static constexpr float minimumRate = 0.1F;
@@ -34,8 +35,16 @@ public:
 
     static constexpr std::uint32_t crossfadeFrames = 1024;
     static constexpr std::uint32_t settleFrames = 26460; ///< at rate 1 before the source takes over
-    static constexpr std::uint32_t fadeInFrames =
-        220; ///< of the stretcher's first sound after a reset
+    static constexpr std::uint32_t fadeInFrames = 220;   ///< of the cover's first sound
+
+    /// So long after a change or a reset the stretcher is heard; its reading ahead is spread over
+    /// this time.
+    static constexpr std::uint32_t startFrames = 2304;
+    /// But for the first frames, which an output that fades pulls in one callback with those that
+    /// it delivers.
+    static constexpr std::uint32_t restFrames = 256;
+    /// Over which the cover goes over into the stretcher.
+    static constexpr std::uint32_t uncoverFrames = 512;
 
     TimePitch() = default;
 
@@ -49,12 +58,12 @@ public:
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
     /// Source frames pulled but not yet delivered: what is heard next is the source's position
-    /// minus this. 0 at rate 1 and pitch 0; up to about 6,300 at normal pitch. 0 while a reset is
+    /// minus this. 0 at rate 1 and pitch 0; up to about 6,700 at normal pitch. 0 while a reset is
     /// pending. Any thread.
     double latencyFrames() const noexcept;
 
 private:
-    enum class State { passing, leaving, stretching, returning };
+    enum class State { passing, leaving, covering, stretching, returning };
 
     struct Output {
         float *left;
@@ -68,6 +77,9 @@ private:
     void pass(Output output, std::uint32_t frames) noexcept;
     void stretch(Output output, std::uint32_t frames) noexcept;
     void crossfade(Output output, std::uint32_t frames) noexcept;
+    std::uint32_t leave(Output output, std::uint32_t frames) noexcept;
+    std::uint32_t cover(Output output, std::uint32_t frames) noexcept;
+    void readAhead(std::uint32_t progress) noexcept;
     void fadeIn(Output output, std::uint32_t frames) noexcept;
     void startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept;
     void setRatios(double speed, PitchRatio pitch) noexcept;
@@ -82,6 +94,7 @@ private:
     bool m_initialized = false;
     TimePitchHistory m_history;
     TimePitchStretcher m_stretcher;
+    TimePitchCover m_cover;
     std::vector<float> m_scratch;
 
     State m_state = State::passing;
@@ -91,8 +104,9 @@ private:
     PitchRatio m_pitchRatio; ///< what the stretcher is set to
     PitchRatio m_wantedPitchRatio;
     bool m_wantsUnchanged = true;
-    std::int64_t m_passed = 0;    ///< the next source frame to pass on
-    std::uint32_t m_progress = 0; ///< frames into the crossfade, or settled at rate 1
+    std::int64_t m_passed = 0;     ///< the next source frame to pass on
+    std::uint32_t m_progress = 0;  ///< frames since the change began, or settled at rate 1
+    std::uint32_t m_discarded = 0; ///< of the stretcher's lead-in
     std::uint32_t m_fadeInLeft = 0;
 };
 

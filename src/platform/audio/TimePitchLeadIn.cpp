@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint32_t searched = 1024; // lags tried: a period of every tone from 43 Hz on
 constexpr std::uint32_t compared = 768;
-constexpr std::uint32_t blended = 256;
+constexpr std::uint32_t longestBlend = 256;
 constexpr std::uint32_t thinning = 3;
 constexpr std::uint32_t longestLeadIn = 2400;
 
@@ -55,12 +55,17 @@ void makeLeadIn(TimePitchHistory &history, std::uint32_t frames) noexcept
     const std::int64_t lag = bestLag(history, length);
     for (std::int64_t frame = -static_cast<std::int64_t>(length); frame < 0; ++frame)
         history.set(frame, history.left(frame + lag), history.right(frame + lag));
-    for (std::uint32_t frame = 0; frame < blended; ++frame) {
-        const double phase = std::numbers::pi * (frame + 0.5) / blended;
-        const auto song = static_cast<float>(0.5 - 0.5 * std::cos(phase));
-        const auto blend = [song](float own, float other) { return other + song * (own - other); };
-        history.set(frame, blend(history.left(frame), history.left(frame + lag)),
-                    blend(history.right(frame), history.right(frame + lag)));
+    // The last of it goes over into the song's mirror image about frame 0, which runs on smoothly.
+    const auto blended = static_cast<std::int64_t>(std::min(length, longestBlend));
+    for (std::int64_t back = 1; back <= blended; ++back) {
+        const double phase =
+            std::numbers::pi * (static_cast<double>(back) - 0.5) / static_cast<double>(blended);
+        const auto share = static_cast<float>(0.5 + 0.5 * std::cos(phase));
+        const auto blend = [share](float other, float first, float mirrored) {
+            return other + share * (2.0F * first - mirrored - other);
+        };
+        history.set(-back, blend(history.left(-back), history.left(0), history.left(back)),
+                    blend(history.right(-back), history.right(0), history.right(back)));
     }
 }
 
