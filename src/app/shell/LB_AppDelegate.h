@@ -16,7 +16,7 @@ namespace lyrabox {
 class SearchField;
 class SUUpdater;
 
-/// The background of both windows: #ECF0F1, nearly opaque.
+/// The background of both windows: 0xECF0F1, nearly opaque.
 QColor windowBackgroundColor();
 
 /// The width of the left pane after a resize: kept, but never more than a quarter of the view.

@@ -15,6 +15,7 @@ struct OpenRequest {
         Unreadable, ///< it may not be read
         NotAudio,   ///< nothing here decodes it
     };
+    /// One thing that is not opened, by the name that a person knows it by.
     struct Refused {
         QString name;
         Refusal reason;

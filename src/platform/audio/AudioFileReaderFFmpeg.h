@@ -14,6 +14,7 @@ extern "C" {
 
 namespace lyrabox {
 
+/// Gives back what FFmpeg allocated, each kind in its own way.
 struct AvDeleter {
     void operator()(AVFormatContext *context) const noexcept { avformat_close_input(&context); }
     void operator()(AVCodecContext *context) const noexcept { avcodec_free_context(&context); }

@@ -35,6 +35,7 @@ std::size_t mp3FrameBytes(std::span<const std::uint8_t> header);
 /// demuxer.
 const AVInputFormat *containerBySignature(std::span<const std::uint8_t> bytes);
 
+/// What probeContainer() has found out.
 struct ProbeResult {
     const AVInputFormat *format = nullptr; ///< an audio container, or null
     bool certain = false;                  ///< the content says so, not only the file's name
