@@ -24,6 +24,10 @@ if(sanitizer_flags)
   target_compile_options(lyrabox_options INTERFACE ${sanitizer_flags})
   target_link_options(lyrabox_options INTERFACE ${sanitizer_flags})
 endif()
+if(LYRABOX_COVERAGE)
+  target_compile_options(lyrabox_options INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(lyrabox_options INTERFACE --coverage)
+endif()
 
 # lyrabox_add_library(engine DEPENDS platform_audio settings LIBRARIES Qt6::Core PRIVATE_LIBRARIES ...)
 # makes lb_engine of every source in the calling folder. DEPENDS are folders of this tree, named as their targets:
