@@ -1,0 +1,129 @@
+"""A display and a sound server of one's own, and what the kernel tells of a process that runs there."""
+import contextlib
+import os
+import pathlib
+import plistlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+from .measuring import BUILD
+
+
+def processor_seconds(pid):
+    """Processor time so far of a process: its main thread, and all its others."""
+    main, others = 0.0, 0.0
+    for task in pathlib.Path(f"/proc/{pid}/task").iterdir():
+        with contextlib.suppress(FileNotFoundError, ProcessLookupError):
+            seconds = int((task / "schedstat").read_text().split()[0]) / 1e9
+            if int(task.name) == pid:
+                main += seconds
+            else:
+                others += seconds
+    return main, others
+
+
+def processor_share(pid, span):
+    """Cores that a process keeps busy over `span` seconds: its main thread, and all its others."""
+    before, begin = processor_seconds(pid), time.monotonic()
+    time.sleep(span)
+    elapsed = time.monotonic() - begin
+    return tuple((after - former) / elapsed for after, former in zip(processor_seconds(pid), before))
+
+
+def resident_megabytes(pid):
+    for line in pathlib.Path(f"/proc/{pid}/status").read_text().splitlines():
+        if line.startswith("VmRSS:"):
+            return int(line.split()[1]) * 1024 / 1e6
+    return 0.0
+
+
+class Desktop:
+    """A virtual display and a private sound server without a device; use it in a with statement."""
+
+    def __init__(self, window_manager=True):
+        self.window_manager = window_manager
+
+    def __enter__(self):
+        self.children = []
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="lyrabox-bench-"))
+        self.env = dict(os.environ, HOME=str(self.folder), XDG_RUNTIME_DIR=str(self.folder),
+                        PULSE_SERVER=f"unix:{self.folder}/native", QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8")
+        self.env.pop("WAYLAND_DISPLAY", None)
+        try:
+            self.start_servers()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for child in reversed(self.children):
+            child.terminate()
+            child.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def start_servers(self):
+        self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                    "-L", f"module-native-protocol-unix socket={self.folder}/native auth-anonymous=1",
+                    "-L", "module-null-sink sink_name=nothing"])
+        reading, writing = os.pipe()
+        self.start(["Xvfb", "-screen", "0", "1280x860x24", "-nolisten", "tcp", "-displayfd", str(writing)],
+                   pass_fds=[writing])
+        os.close(writing)
+        self.env["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
+        os.close(reading)
+        if self.window_manager:
+            self.start(["openbox"])
+        self.wait_for("the sound server", lambda: self.call("pactl", "info").returncode == 0)
+
+    def start(self, command, env=None, **options):
+        child = subprocess.Popen(command, env=env or self.env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL, **options)
+        self.children.append(child)
+        return child
+
+    def stop(self, child):
+        self.children.remove(child)
+        child.terminate()
+        child.wait()
+
+    def call(self, *command):
+        return subprocess.run(command, env=self.env, capture_output=True, text=True, check=False)
+
+    def wait_for(self, what, condition, seconds=30):
+        for _ in range(seconds * 20):
+            if condition():
+                return
+            time.sleep(0.05)
+        sys.exit(f"bench: waited for {what} in vain")
+
+    def wait_for_sound(self):
+        self.wait_for("sound", lambda: "Corked: no" in self.call("pactl", "list", "sink-inputs").stdout)
+
+    def home(self, name, folder=None, defaults=()):
+        """The environment of a program with a home of its own, which remembers `folder` and its `defaults`."""
+        home = self.folder / name
+        shutil.rmtree(home, ignore_errors=True)
+        env = dict(self.env, HOME=str(home), XDG_CONFIG_HOME=f"{home}/config", XDG_DATA_HOME=f"{home}/data",
+                   XDG_CACHE_HOME=f"{home}/cache")
+        home.mkdir()
+        if folder:
+            (home / "data/Lyrabox").mkdir(parents=True)
+            (home / "config/Lyrabox").mkdir(parents=True)
+            with open(home / "data/Lyrabox/Folders.plist", "wb") as out:
+                plistlib.dump([str(folder)], out)
+            lines = ["[General]", "lastTab=1", f"folderPath={folder}", *defaults]
+            (home / "config/Lyrabox/Lyrabox.conf").write_text("\n".join(lines) + "\n", encoding="utf-8")
+        return env
+
+    def program(self, env):
+        """Starts the program and waits until its window has the keyboard."""
+        child = self.start([BUILD / "lyrabox"], env)
+        self.call("xdotool", "search", "--sync", "--onlyvisible", "--name", "^Lyrabox$", "windowfocus")
+        return child
+
+    def keys(self, *keys):
+        self.call("xdotool", "key", *keys)

@@ -1,0 +1,121 @@
+"""What the rows work on: songs, a folder of tagged files, a music library. Made once, kept in build/bench."""
+import concurrent.futures
+import os
+import plistlib
+import shutil
+import subprocess
+
+from .measuring import DATA, ROOT, tell
+
+RATES = (44100, 48000)
+CODECS = {
+    "mp3": ("mp3", ["-c:a", "libmp3lame", "-b:a", "256k"]),
+    "aac": ("m4a", ["-c:a", "aac", "-b:a", "256k"]),
+    "flac": ("flac", ["-c:a", "flac"]),
+    "vorbis": ("ogg", ["-c:a", "libvorbis", "-q:a", "6"]),
+    "opus": ("opus", ["-c:a", "libopus", "-b:a", "160k"]),
+}
+SONG_SECONDS = 240
+MASTER_SECONDS = 300
+
+
+def ffmpeg(*arguments):
+    subprocess.run(["ffmpeg", "-y", "-nostdin", "-loglevel", "error", *map(str, arguments)], check=True)
+
+
+def made(path, make):
+    """`path`, by `make(path)` when it is not there. What was interrupted is made again."""
+    if not path.exists():
+        tell(f"making {path.relative_to(ROOT)}")
+        DATA.mkdir(parents=True, exist_ok=True)
+        half = path.with_name(f"half-{path.name}")
+        if half.is_dir():
+            shutil.rmtree(half)
+        make(half)
+        half.rename(path)
+    return path
+
+
+def master():
+    """Five minutes of the demo band, with hiss of its own on either side so that no codec finds silence or mono."""
+    def make(path):
+        demo = sorted(str(file) for file in (ROOT / "resources/demo").iterdir() if file.suffix != ".xml")
+        band = DATA / "band.wav"
+        inputs = [argument for file in demo for argument in ("-i", file)]
+        ffmpeg(*inputs, "-filter_complex", f"concat=n={len(demo)}:v=0:a=1", "-ar", 44100, "-ac", 2, band)
+        hiss = [argument for seed in (1, 2)
+                for argument in ("-f", "lavfi", "-i", f"anoisesrc=color=pink:amplitude=0.03:seed={seed}:r=44100")]
+        ffmpeg("-stream_loop", -1, "-i", band, *hiss, "-filter_complex",
+               "[1][2]join=inputs=2:channel_layout=stereo[hiss];[0][hiss]amix=inputs=2:normalize=0",
+               "-t", MASTER_SECONDS, "-sample_fmt", "s16", path)
+        band.unlink()
+    return made(DATA / "master.flac", make)
+
+
+def song(codec, rate, seconds=SONG_SECONDS):
+    """A song in one codec at one rate. Opus knows no other rate than 48,000 and keeps the source's in its header."""
+    suffix, options = CODECS[codec]
+
+    def make(path):
+        repeats = (seconds - 1) // MASTER_SECONDS
+        ffmpeg("-stream_loop", repeats, "-i", master(), "-t", seconds,
+               *(["-ar", rate] if codec != "opus" or rate == 48000 else []), *options, path)
+    return made(DATA / f"song-{rate}-{seconds}.{suffix}", make)
+
+
+def songs():
+    """{(codec, rate): file}"""
+    master()
+    kinds = [(codec, rate) for codec in CODECS for rate in RATES]
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        return dict(zip(kinds, pool.map(lambda kind: song(*kind), kinds)))
+
+
+def practice_song():
+    """Five minutes, for what is measured while it plays."""
+    return song("flac", 44100, MASTER_SECONDS)
+
+
+def folder(count):
+    """`count` tagged files with a cover: mp3, m4a and flac by turns. Beneath a folder that holds nothing else."""
+    def make(path):
+        path.mkdir()
+        cover = DATA / "cover.jpg"
+        ffmpeg("-f", "lavfi", "-i", "testsrc2=size=300x300", "-frames:v", 1, cover)
+        templates = []
+        for codec in ("mp3", "aac", "flac"):
+            suffix, options = CODECS[codec]
+            file = DATA / f"template.{suffix}"
+            ffmpeg("-i", master(), "-i", cover, "-map", 0, "-map", 1, "-c:v", "copy", "-disposition:v", "attached_pic",
+                   "-t", 5, "-metadata", "title=Title 00000 of a song", "-metadata", "artist=Artist 00000",
+                   "-metadata", "album=Album 00000", *options, file)
+            templates.append((suffix, file.read_bytes()))
+            file.unlink()
+        cover.unlink()
+        for number in range(count):
+            suffix, content = templates[number % len(templates)]
+            for word, value in (("Title", number), ("Artist", number // 12), ("Album", number // 12)):
+                content = content.replace(f"{word} 00000".encode(), f"{word} {value:05}".encode())
+            (path / f"{number:05}.{suffix}").write_bytes(content)
+    return made(DATA / f"folder-{count}", make)
+
+
+def library(tracks, playlists=200, playlist_songs=500):
+    """A music library in XML, much as music applications write it."""
+    def make(path):
+        entries = {"Major Version": 1, "Minor Version": 1, "Tracks": {}, "Playlists": []}
+        for number in range(1, tracks + 1):
+            entries["Tracks"][str(number)] = {
+                "Track ID": number, "Name": f"Song number {number}", "Artist": f"Artist {number % 700}",
+                "Album Artist": f"Artist {number % 700}", "Album": f"Album {number % 4000}", "Genre": "Jazz",
+                "Kind": "MPEG audio file", "Size": 4_000_000 + number, "Total Time": 180_000 + number,
+                "Track Number": number % 12, "Year": 1990 + number % 30, "Bit Rate": 256, "Sample Rate": 44100,
+                "Play Count": number % 40, "Persistent ID": f"{number:016X}", "Track Type": "File",
+                "Location": f"file://localhost/music/Artist%20{number % 700}/Song%20number%20{number}.mp3"}
+        for number in range(max(1, playlists * tracks // 50_000)):
+            items = [{"Track ID": (number * playlist_songs + i) % tracks + 1} for i in range(playlist_songs)]
+            entries["Playlists"].append({"Name": f"Playlist {number}", "Playlist ID": 100_000 + number,
+                                         "Playlist Persistent ID": f"{number:016X}", "Playlist Items": items})
+        with open(path, "wb") as out:
+            plistlib.dump(entries, out, sort_keys=False)
+    return made(DATA / f"library-{tracks}.xml", make)
