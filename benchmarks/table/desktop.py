@@ -69,15 +69,23 @@ class Desktop:
         self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
                     "-L", f"module-native-protocol-unix socket={self.folder}/native auth-anonymous=1",
                     "-L", "module-null-sink sink_name=nothing"])
-        reading, writing = os.pipe()
-        self.start(["Xvfb", "-screen", "0", "1280x860x24", "-nolisten", "tcp", "-displayfd", str(writing)],
-                   pass_fds=[writing])
-        os.close(writing)
-        self.env["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
-        os.close(reading)
+        self.wait_for("a display", self.start_display)
         if self.window_manager:
             self.start(["openbox"])
         self.wait_for("the sound server", lambda: self.call("pactl", "info").returncode == 0)
+
+    def start_display(self):
+        """Whether the display came up: another one may have taken its number meanwhile."""
+        reading, writing = os.pipe()
+        display = self.start(["Xvfb", "-screen", "0", "1280x860x24", "-nolisten", "tcp", "-displayfd", str(writing)],
+                             pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as pipe:
+            number = pipe.readline().strip()  # its line feed too, or the server ends for want of a reader
+        self.env["DISPLAY"] = f":{number}"
+        if not number:
+            self.stop(display)
+        return number != ""
 
     def start(self, command, env=None, **options):
         child = subprocess.Popen(command, env=env or self.env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,

@@ -66,7 +66,7 @@ Cost measureRepeated(const std::function<void()> &prepare, const std::function<v
 void report(const Cost &cost, double amount)
 {
     std::cout << "{\"seconds\": " << cost.seconds << ", \"megabytes\": " << cost.megabytes
-              << ", \"amount\": " << amount << "}\n";
+              << ", \"amount\": " << amount << '}' << std::endl;
 }
 
 Arguments arguments(int argc, char **argv)
@@ -93,7 +93,7 @@ void startApplication()
         qputenv(variable, home.path().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    static const QApplication application(argc, argv);
+    new QApplication(argc, argv); // lives until the process ends
 }
 
 } // namespace lyrabox::work
