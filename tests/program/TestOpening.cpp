@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -112,6 +113,23 @@ TEST_F(OpeningProgram, ANameThatIsNoTextIsToldOfAndDoesNoHarm)
     EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
     EXPECT_TRUE(waitForSongs(1));
     EXPECT_TRUE(isRunning());
+}
+
+TEST_F(OpeningProgram, TheWindowBelongsToTheMenuEntryAndCarriesTheIcon)
+{
+    start();
+    QProcess xprop;
+    xprop.start(u"xprop"_s, {u"-display"_s, display.name(), u"-id"_s, mainWindow(), u"WM_CLASS"_s,
+                             u"_NET_WM_ICON"_s});
+    ASSERT_TRUE(xprop.waitForFinished());
+    const QString properties = QString::fromUtf8(xprop.readAllStandardOutput());
+    QFile entry(
+        QStringLiteral(LYRABOX_SOURCE_DIR "/resources/desktop/org.lyrabox.Lyrabox.desktop"));
+    ASSERT_TRUE(entry.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(entry.readAll().contains("\nStartupWMClass=Lyrabox\n"));
+    EXPECT_TRUE(properties.contains(u"\"Lyrabox\""_s)) << qPrintable(properties.left(200));
+    for (const QString &size : {u"16 x 16"_s, u"48 x 48"_s, u"128 x 128"_s})
+        EXPECT_TRUE(properties.contains(size)) << qPrintable(size);
 }
 
 TEST_F(OpeningProgram, HelpVersionAndWrongOptionsLeaveTheRunningProgramAlone)
