@@ -208,6 +208,8 @@ void setOutputRunning(bool running)
 bool outputIsRunning()
 {
     const Lock lock(control().mutex);
+    if (control().waitsForDevice)
+        return control().runOnNextDevice;
     return control().chain.output && control().chain.output->isRunning();
 }
 

@@ -80,6 +80,8 @@ Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
 /// status is discarded. While the chain waits for a device (see defaultOutputChanged()), says what
 /// to do when one is there.
 void setOutputRunning(bool running);
+/// Started and not stopped since, by whomever. While the chain waits for a device: whether it goes
+/// on when one is there.
 bool outputIsRunning();
 
 /// Moves the position and drops what the stages hold, so that the new position is heard at once.

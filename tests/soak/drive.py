@@ -47,7 +47,7 @@ HARMLESS = (
 KEYS = (
     ["space"] * 6 + ["l"] * 4 + ["ctrl+r", "ctrl+Right", "ctrl+Left"] * 2 + ["equal", "minus", "0", "bracketright",
     "bracketleft", "backslash"] * 2 + ["ctrl+Up", "ctrl+Down"] + ["ctrl+s", "ctrl+shift+s", "ctrl+j", "ctrl+f"]
-    + ["ctrl+1", "ctrl+2"] * 2 + ["Tab", "shift+Tab", "Return", "Up", "Down", "Home", "End", "Prior", "Next"]
+    + ["ctrl+1"] * 4 + ["ctrl+2"] * 2 + ["Tab", "shift+Tab", "Return", "Up", "Down", "Home", "End", "Prior", "Next"]
     + ["Escape"] * 6 + ["Left", "Right", "Delete", "BackSpace", "ctrl+a", "F1", "ctrl+o", "F10", "Menu"])
 TEXTS = ("75", "100", "-3", "12,5", "0", "nan", "1e9", "abc", "a", "oboe", "ü", "  ", "-", "Song 3", "New", "<b>x</b>")
 CLICKED = (
@@ -108,7 +108,7 @@ class Music:
         self.pool.mkdir()
         tones = enumerate(("wav", "flac", "mp3", "ogg", "m4a", "flac", "mp3", "opus"))
         for number, extension in tones:
-            seconds = (3, 8, 20, 45, 2, 90, 12, 6)[number]
+            seconds = (3, 40, 20, 90, 2, 240, 60, 12)[number]
             subprocess.run(["ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i",
                             f"sine=frequency={220 + 55 * number}:sample_rate={(44100, 48000, 22050)[number % 3]}"
                             f":duration={seconds}", "-ac", str(1 + number % 2), "-metadata", f"title=Song {number}",
@@ -319,6 +319,15 @@ class Soak:
         self.xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, 1)
         return f"click row {target} {x},{y} times {times}"
 
+    def play(self, dice):
+        """Turns to the song table and plays one of its first songs."""
+        row = dice.randrange(6)
+        self.xdotool("key", "Escape", "ctrl+1")
+        frame = self.state.get("targets", {}).get("trackTableView") or [300, 100, 300, 300]
+        self.xdotool("mousemove", frame[0] + 60, frame[1] + min(row * ROW + 12, frame[3] - 2), "click", "--repeat", 2,
+                     "--delay", 20, 1)
+        return f"play row {row}"
+
     def click_anywhere(self, dice):
         window, button = dice.choice(("MainWindow", "MainWindow", "EqualizerWindow")), dice.choice((1, 1, 1, 2, 3))
         x, y = self.point(dice, window)
@@ -453,7 +462,7 @@ class Soak:
         del dice
         return "rest"
 
-    ACTIONS = (("click", 22), ("click_row", 16), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
+    ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
                ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("wheel", 5),
                ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8), ("device", 3),
                ("second", 0.2), ("rest", 3))

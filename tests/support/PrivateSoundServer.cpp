@@ -128,6 +128,11 @@ bool PrivateSoundServer::unloadModule(int index)
     return pactl({u"unload-module"_s, QString::number(index)});
 }
 
+bool PrivateSoundServer::removeSinks()
+{
+    return pactl({u"unload-module"_s, u"module-null-sink"_s});
+}
+
 bool PrivateSoundServer::setSinkVolume(const QString &sink, int percent)
 {
     return pactl({u"set-sink-volume"_s, sink, u"%1%"_s.arg(percent)});

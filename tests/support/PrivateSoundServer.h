@@ -51,6 +51,8 @@ public:
     /// pactl's `load-module`: the module's index, or -1.
     int loadModule(const QString &name, const QStringList &arguments = {});
     bool unloadModule(int index);
+    /// Takes every sink away that is a null sink, the first two as well.
+    bool removeSinks();
     bool setSinkVolume(const QString &sink, int percent);
 
     /// How many streams play to the server at present, halted ones included.
