@@ -111,13 +111,18 @@ void RunningProgram::showFolder(const QString &path)
     defaults.setValue(u"folderPath"_s, path);
 }
 
-void RunningProgram::start(Size size, const QStringList &arguments)
+void RunningProgram::startWithoutWindow(const QStringList &arguments)
 {
     m_program.setProcessEnvironment(environment());
     m_program.setProcessChannelMode(QProcess::ForwardedChannels);
     dieWithTheTest(m_program);
     m_program.start(programPath, arguments);
     ASSERT_TRUE(m_program.waitForStarted(patienceMilliseconds)) << "the program does not start";
+}
+
+void RunningProgram::start(Size size, const QStringList &arguments)
+{
+    startWithoutWindow(arguments);
     m_window = display.waitForWindow(mainWindowTitle);
     if (size == Size::Usual)
         display.place(m_window, place::mainWindow);
@@ -139,6 +144,12 @@ int RunningProgram::sendSignalAndWait(int signal)
 {
     ::kill(static_cast<pid_t>(m_program.processId()), signal);
     return waitForEnd(m_program);
+}
+
+void RunningProgram::killAtOnce()
+{
+    ::kill(processId(), SIGKILL);
+    m_program.waitForFinished(patienceMilliseconds);
 }
 
 int RunningProgram::startSecond(const QStringList &arguments, const QString &folder)

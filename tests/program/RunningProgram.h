@@ -42,6 +42,8 @@ protected:
     /// `size` says that its own is of interest.
     enum class Size { Usual, ItsOwn };
     void start(Size size = Size::Usual, const QStringList &arguments = {});
+    /// Starts it and waits for nothing.
+    void startWithoutWindow(const QStringList &arguments = {});
     /// The exit status; -1, with a test failure, when it does not end.
     int quit();
     int sendSignalAndWait(int signal);
@@ -50,6 +52,11 @@ protected:
     int startSecond(const QStringList &arguments = {}, const QString &folder = {});
     /// The same with one argument, whose bytes the shell's printf makes of `format`.
     int startSecondWithBytes(const QString &format);
+    /// Waits for the end that something else brings about: the exit status, -1 when it stays.
+    int waitForEnd() { return waitForEnd(m_program); }
+    /// Ends it at once, and returns when it is gone.
+    void killAtOnce();
+    pid_t processId() const { return static_cast<pid_t>(m_program.processId()); }
     bool isRunning() const { return m_program.state() == QProcess::Running; }
 
     QString homeFolder() const { return m_home.filePath(QStringLiteral("h")); }

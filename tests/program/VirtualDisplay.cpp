@@ -114,6 +114,12 @@ VirtualDisplay::~VirtualDisplay()
     }
 }
 
+void VirtualDisplay::kill()
+{
+    m_server.kill();
+    m_server.waitForFinished(patienceMilliseconds);
+}
+
 QImage VirtualDisplay::screen() const
 {
     QFile file(m_folder.filePath(u"Xvfb_screen0"_s));

@@ -31,6 +31,9 @@ public:
     /// What DISPLAY has to be.
     QString name() const { return m_name; }
 
+    /// Ends the display server without any farewell.
+    void kill();
+
     /// What the screen shows now.
     QImage screen() const;
     /// A part of it; `area` in screen coordinates.

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QSessionManager>
 
 #include <cstdio>
@@ -29,6 +30,16 @@ int failForWantOfAnswer()
     std::fprintf(stderr, "lyrabox: %s\n", qPrintable(text));
     QMessageBox(QMessageBox::Critical, QApplication::applicationDisplayName(), text).exec();
     return EXIT_FAILURE;
+}
+
+/// What is to be ended in order when the toolkit ends the process by exit(), as it does when the
+/// display server has died.
+lyrabox::Composition *runningComposition = nullptr;
+
+void terminateComposition()
+{
+    if (runningComposition != nullptr)
+        runningComposition->terminate();
 }
 
 } // namespace
@@ -76,7 +87,8 @@ int main(int argc, char **argv)
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
     fatal.terminate = [&hasSound] { hasSound = false; };
-    const lyrabox::TerminationSignals signals_([] { QApplication::quit(); });
+    // Not quit(), which does nothing while only the alert runs an event loop, and asks every window.
+    const lyrabox::TerminationSignals signals_([] { QApplication::exit(); });
     auto audio = std::make_unique<LB_AudioController>(fatal);
     if (!hasSound)
         return EXIT_FAILURE;
@@ -89,6 +101,9 @@ int main(int argc, char **argv)
                          session.setRestartHint(QSessionManager::RestartIfRunning);
                      });
     composition.launch();
+    runningComposition = &composition;
+    const auto isOver = qScopeGuard([] { runningComposition = nullptr; });
+    std::atexit(terminateComposition);
     composition.open(line.urls);
     instance.setHandler([&composition](const QList<QUrl> &urls) {
         composition.bringToFront();

@@ -1,0 +1,302 @@
+// The end that comes at a bad moment, and folders that fail while the program shows them.
+
+#include "program/Places.h"
+#include "program/RunningProgram.h"
+#include "program/SessionManager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <random>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QStringList fileNames{u"UserSettings.plist"_s, u"EQPresets.plist"_s, u"Folders.plist"_s};
+
+class FaultyProgram : public RunningProgram {
+protected:
+    void startWithSongs()
+    {
+        showFolder(makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}, {u"Beta"_s, 400.0}}));
+        start();
+        ASSERT_TRUE(waitForSongs(2));
+        for (const QString &name : fileNames)
+            QFile::remove(settingsFile(name));
+    }
+
+    void expectWrittenFiles() const
+    {
+        for (const QString &name : fileNames)
+            EXPECT_TRUE(settingsList(name)) << name.toStdString() << " is not written";
+    }
+
+    /// Whether the program has a file of that folder open now.
+    bool reads(const QString &folder) const
+    {
+        const QDir files(u"/proc/%1/fd"_s.arg(processId()));
+        const QStringList names =
+            files.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System | QDir::Hidden);
+        for (const QString &name : names) {
+            if (QFile::symLinkTarget(files.filePath(name)).startsWith(folder))
+                return true;
+        }
+        return false;
+    }
+};
+
+class ProgramInTheMiddle;
+
+/// What the user is doing when the end comes.
+struct Moment {
+    const char *name;
+    void (ProgramInTheMiddle::*reach)();
+};
+
+class ProgramInTheMiddle : public FaultyProgram, public testing::WithParamInterface<Moment> {
+public:
+    void alert()
+    {
+        display.key(u"F1"_s);
+        display.waitForWindow(u"^Keys"_s);
+    }
+    void fileDialog()
+    {
+        display.key(u"ctrl+shift+o"_s);
+        display.waitForWindow(u"^Choose Music Library"_s);
+    }
+    void popover()
+    {
+        const QRgb before = window().pixel(place::browserOk);
+        click(place::addFolderButton);
+        EXPECT_TRUE(waitUntil([&] { return window().pixel(place::browserOk) != before; }));
+    }
+    void menu()
+    {
+        const QImage before = window().copy(0, 24, 120, 60);
+        display.key(u"alt+f"_s);
+        EXPECT_TRUE(waitUntil([&] { return window().copy(0, 24, 120, 60) != before; }));
+    }
+    void buttonHold()
+    {
+        doubleClickSong(0);
+        hears(300.0);
+        display.moveTo(place::mainWindow.topLeft() + place::forwardButton);
+        const int before = playedPixels();
+        display.press();
+        EXPECT_TRUE(waitUntil([&] { return playedPixels() > before + 40; }));
+    }
+    void keyHold()
+    {
+        doubleClickSong(0);
+        hears(300.0);
+        const int before = playedPixels();
+        display.keyDown(u"Right"_s);
+        EXPECT_TRUE(waitUntil([&] { return playedPixels() > before + 40; }));
+    }
+    void typing()
+    {
+        display.key(u"ctrl+f"_s);
+        display.type(u"alp"_s);
+        EXPECT_TRUE(waitForSongs(1));
+    }
+};
+
+TEST_P(ProgramInTheMiddle, WritesItsFilesAndEndsOnASignal)
+{
+    startWithSongs();
+    (this->*GetParam().reach)();
+    ASSERT_FALSE(HasFailure());
+    EXPECT_EQ(sendSignalAndWait(SIGTERM), 0);
+    expectWrittenFiles();
+}
+
+INSTANTIATE_TEST_SUITE_P(Moments, ProgramInTheMiddle,
+                         testing::Values(Moment{"Alert", &ProgramInTheMiddle::alert},
+                                         Moment{"FileDialog", &ProgramInTheMiddle::fileDialog},
+                                         Moment{"Popover", &ProgramInTheMiddle::popover},
+                                         Moment{"Menu", &ProgramInTheMiddle::menu},
+                                         Moment{"ButtonHold", &ProgramInTheMiddle::buttonHold},
+                                         Moment{"KeyHold", &ProgramInTheMiddle::keyHold},
+                                         Moment{"Typing", &ProgramInTheMiddle::typing}),
+                         [](const auto &moment) { return std::string(moment.param.name); });
+
+TEST_F(FaultyProgram, ASignalInAScanWritesTheFilesAndEnds)
+{
+    const QString tones = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}, {u"Beta"_s, 400.0}});
+    const QString many = makeFolder(u"Many"_s, {});
+    const QByteArray song = QFile::encodeName(QDir(tones).filePath(u"alpha.flac"_s));
+    for (int i = 0; i < 6000; ++i)
+        ASSERT_EQ(
+            ::link(song.constData(), QFile::encodeName(many + u"/%1.flac"_s.arg(i)).constData()),
+            0);
+    showFolder(tones);
+    const PropertyList both(PropertyList::Array{PropertyList(tones), PropertyList(many)});
+    ASSERT_TRUE(writePropertyList(both, settingsFile(u"Folders.plist"_s)));
+    start();
+    ASSERT_TRUE(waitForSongs(2));
+    click(place::sourceRow(1));
+    ASSERT_TRUE(waitUntil([&] { return reads(many); }));
+    for (const QString &name : fileNames)
+        QFile::remove(settingsFile(name));
+    EXPECT_EQ(sendSignalAndWait(SIGTERM), 0);
+    expectWrittenFiles();
+}
+
+TEST_F(FaultyProgram, ASignalInTheAlertThatThereIsNoSoundEndsTheProgram)
+{
+    sound.kill();
+    startWithoutWindow();
+    display.waitForWindow(u"^Lyrabox$"_s);
+    EXPECT_EQ(sendSignalAndWait(SIGTERM), 1); // it has not come up
+    EXPECT_FALSE(QFile::exists(settingsFile(u"EQPresets.plist"_s)));
+}
+
+TEST_F(FaultyProgram, TheEndOfTheDesktopSessionWritesTheFilesAndEnds)
+{
+    SessionManager session;
+    startWithSongs();
+    ASSERT_TRUE(session.waitForProgram());
+    ASSERT_TRUE(session.endSession());
+    EXPECT_EQ(waitForEnd(), 0);
+    expectWrittenFiles();
+}
+
+TEST_F(FaultyProgram, TheEndOfTheDesktopSessionInAnAlertWritesTheFilesAndEnds)
+{
+    SessionManager session;
+    startWithSongs();
+    ASSERT_TRUE(session.waitForProgram());
+    display.key(u"F1"_s);
+    display.waitForWindow(u"^Keys"_s);
+    ASSERT_TRUE(session.endSession());
+    EXPECT_EQ(waitForEnd(), 0);
+    expectWrittenFiles();
+}
+
+TEST_F(FaultyProgram, ADisplayServerThatDiesTakesTheProgramAlongButNotTheSettings)
+{
+    startWithSongs();
+    display.kill();
+    waitForEnd(); // by exit(), with a status of the toolkit's
+    expectWrittenFiles();
+}
+
+TEST_F(FaultyProgram, AKillInTheEndLeavesEachFileWhole)
+{
+    startWithSongs();
+    ASSERT_EQ(sendSignalAndWait(SIGTERM), 0);
+    const int rounds = qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS") > 0
+                           ? qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS")
+                           : 6;
+    std::mt19937 dice(9); // when the kill falls
+    std::uniform_int_distribution<useconds_t> moment(0, 80'000);
+    for (int round = 0; round < rounds; ++round) {
+        start();
+        ASSERT_TRUE(waitForSongs(2));
+        display.key(u"ctrl+2"_s);
+        ::kill(processId(), SIGTERM);
+        ::usleep(moment(dice));
+        killAtOnce();
+        expectWrittenFiles();
+        ASSERT_FALSE(HasFailure()) << "in round " << round;
+    }
+    start();
+    EXPECT_TRUE(waitForSongs(2));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(FaultyProgram, WhatIsNoFileIsNoSongAndHoldsNothingUp)
+{
+    const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}});
+    const auto inFolder = [&](const char *name) {
+        return QFile::encodeName(QDir(folder).filePath(QString::fromLatin1(name)));
+    };
+    ASSERT_EQ(mkfifo(inFolder("pipe.mp3").constData(), 0666), 0);
+    ASSERT_EQ(symlink("/dev/zero", inFolder("zero.wav").constData()), 0);
+    ASSERT_EQ(symlink("loop.flac", inFolder("loop.flac").constData()), 0);
+    ASSERT_EQ(symlink("gone.flac", inFolder("dangling.flac").constData()), 0);
+    ASSERT_EQ(symlink("..", inFolder("up").constData()), 0);
+    ASSERT_EQ(symlink("pipe.mp3", inFolder("link.mp3").constData()), 0);
+    showFolder(folder);
+    start();
+    EXPECT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    EXPECT_TRUE(hears(300.0));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(FaultyProgram, AFolderThatVanishesWhileItsSongPlaysLeavesTheSongPlaying)
+{
+    const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 60.0}, {u"Beta"_s, 400.0}});
+    showFolder(folder);
+    start();
+    ASSERT_TRUE(waitForSongs(2));
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    display.key(u"Right"_s); // a seek goes on as well
+    EXPECT_TRUE(hears(300.0));
+    display.key(u"ctrl+Right"_s); // the next song is gone: an error, and the queue's end
+    EXPECT_TRUE(hearsSilence());
+    EXPECT_TRUE(isRunning());
+    EXPECT_EQ(quit(), 0);
+}
+
+/// A disk of its own under a folder of songs.
+class ProgramOnDisk : public FaultyProgram {
+protected:
+    bool mountDisk()
+    {
+        folder = QDir(homeFolder()).filePath(u"Disk"_s);
+        QDir().mkpath(folder);
+        const QByteArray path = QFile::encodeName(folder);
+        if (::mount("none", path.constData(), "tmpfs", 0, "size=64m") != 0) {
+            reason = std::strerror(errno);
+            return false;
+        }
+        isMounted = true;
+        makeFolder(u"Disk"_s, {{u"Alpha"_s, 300.0, 60.0}, {u"Beta"_s, 400.0}});
+        showFolder(folder);
+        return true;
+    }
+    void unplug()
+    {
+        if (std::exchange(isMounted, false))
+            ::umount2(QFile::encodeName(folder).constData(), MNT_DETACH);
+    }
+    ~ProgramOnDisk() override { unplug(); }
+
+    QString folder;
+    const char *reason = "";
+    bool isMounted = false;
+};
+
+TEST_F(ProgramOnDisk, UnpluggedWhileASongPlaysLeavesItPlaying)
+{
+    if (!mountDisk())
+        GTEST_SKIP() << "no disk can be mounted here (" << reason << "): root rights are needed";
+    start();
+    ASSERT_TRUE(waitForSongs(2));
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    unplug();
+    display.key(u"Right"_s);
+    EXPECT_TRUE(hears(300.0));
+    display.key(u"ctrl+Right"_s);
+    EXPECT_TRUE(hearsSilence());
+    EXPECT_EQ(quit(), 0);
+    EXPECT_TRUE(settingsList(u"Folders.plist"_s));
+}
+
+} // namespace
