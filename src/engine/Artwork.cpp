@@ -24,6 +24,15 @@ bool isTooLarge(const QSize &size)
     return size.width() > maximumArtworkSide || size.height() > maximumArtworkSide;
 }
 
+/// What `size` takes while it is decoded.
+qint64 decodedBytes(const QImageReader &reader, const QSize &size)
+{
+    const QImage::Format format = reader.imageFormat();
+    const int bits =
+        format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
+    return qint64{size.width()} * size.height() * bits / 8;
+}
+
 } // namespace
 
 QImage decodedArtwork(const QByteArray &data)
@@ -35,9 +44,16 @@ QImage decodedArtwork(const QByteArray &data)
     if (!buffer.open(QIODevice::ReadOnly))
         return {};
     QImageReader reader(&buffer);
-    // A header that lies about its size is stopped by the reader's own allocation limit of 256 MB.
-    if (!isAcceptedFormat(reader.format()) || isTooLarge(reader.size()))
+    // A header that does not tell its size is stopped by the reader's own allocation limit.
+    const QSize size = reader.size();
+    if (!isAcceptedFormat(reader.format()) || isTooLarge(size))
         return {};
+    if (decodedBytes(reader, size) > maximumArtworkBytes) {
+        const QSize half((size.width() + 1) / 2, (size.height() + 1) / 2);
+        if (reader.format() != "jpeg" || decodedBytes(reader, half) > maximumArtworkBytes)
+            return {};
+        reader.setScaledSize(half); // decoded so, not made smaller afterwards
+    }
     QImage image = reader.read();
     return isTooLarge(image.size()) ? QImage() : image;
 }

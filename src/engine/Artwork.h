@@ -8,9 +8,13 @@ namespace lyrabox {
 /// The widest and highest artwork that is shown, in pixels.
 constexpr int maximumArtworkSide = 8192;
 
+/// What a picture may take in memory. A JPEG that takes up to four times as much is decoded to half
+/// its sides.
+constexpr qint64 maximumArtworkBytes = qint64{48} << 20;
+
 /// The first image in `data` (PNG, JPEG, GIF, BMP, WebP or TIFF); null when there is none, when it
-/// is broken or larger than maximumArtworkSide either way. The data comes from a song, so nothing
-/// in it is trusted.
+/// is broken, larger than maximumArtworkSide either way or takes more than maximumArtworkBytes. The
+/// data comes from a song, so nothing in it is trusted.
 QImage decodedArtwork(const QByteArray &data);
 
 } // namespace lyrabox

@@ -1,5 +1,6 @@
 #include "platform/audio/AudioFileReaderContainer.h"
 
+#include "platform/audio/AudioFileReaderCrowds.h"
 #include "platform/audio/AudioFileReaderDecoder.h"
 #include "platform/audio/AudioFileReaderFormats.h"
 
@@ -49,14 +50,18 @@ Status AudioFileReaderContainer::open(const QString &path)
     Status result = m_input.open(path);
     if (result == status::noError)
         result = probe(path);
-    if (result == status::noError)
+    if (result == status::noError) {
+        for (const FilePart &part : crowdedTags(m_input))
+            m_input.blank(part.offset, part.length);
         result = openContext();
+    }
     if (result == status::noError && !m_certain) {
         if (!soundsLikeAudio())
             return status::unsupportedFileType;
         result = openContext();
     }
     m_input.progress();
+    m_input.endOpening();
     return result;
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,6 +34,14 @@ Status statusOf(int error)
     }
 }
 
+/// Nanoseconds that this thread has had of the processor.
+std::int64_t threadTime()
+{
+    timespec time = {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
 } // namespace
 
 AudioFileReaderInput::~AudioFileReaderInput()
@@ -60,6 +69,7 @@ Status AudioFileReaderInput::open(const QString &path)
     if (!S_ISREG(attributes.st_mode))
         return status::unsupportedFileType;
     m_size = attributes.st_size;
+    m_openingStart = threadTime();
 
     auto *buffer = static_cast<std::uint8_t *>(av_malloc(bufferBytes));
     m_context.reset(
@@ -87,15 +97,33 @@ std::size_t AudioFileReaderInput::peek(std::int64_t offset, std::span<std::uint8
     return got;
 }
 
+bool AudioFileReaderInput::isExhausted() const
+{
+    return m_sinceProgress >= readLimit ||
+           (m_isOpening && threadTime() - m_openingStart > openingLimit);
+}
+
+/// `bytes` were read at the current position.
+void AudioFileReaderInput::blankOut(std::span<std::uint8_t> bytes) const
+{
+    const auto size = static_cast<std::int64_t>(bytes.size());
+    for (const auto &[offset, length] : m_blanks) {
+        const std::int64_t from = std::clamp<std::int64_t>(offset - m_position, 0, size);
+        const std::int64_t to = std::clamp<std::int64_t>(offset + length - m_position, from, size);
+        std::fill(bytes.begin() + from, bytes.begin() + to, std::uint8_t{0});
+    }
+}
+
 int AudioFileReaderInput::readPacket(void *self, std::uint8_t *buffer, int size)
 {
     auto &input = *static_cast<AudioFileReaderInput *>(self);
-    if (input.m_sinceProgress >= readLimit)
+    if (input.isExhausted())
         return AVERROR_EOF;
     for (;;) {
         const auto count = ::pread(input.m_descriptor, buffer, static_cast<std::size_t>(size),
                                    input.m_start + input.m_position);
         if (count > 0) {
+            input.blankOut(std::span(buffer, static_cast<std::size_t>(count)));
             input.m_position += count;
             input.m_sinceProgress += count;
             return static_cast<int>(count);

@@ -9,7 +9,7 @@ namespace lyrabox {
 
 namespace {
 
-constexpr int maximumArtwork = 32 << 20;
+constexpr int maximumArtwork = 24 << 20; // it is in memory twice while a song is loaded
 constexpr std::size_t maximumTextBytes = 64 << 10;
 
 /// The first of `names` that the container or else the stream has: Ogg and Matroska keep tags on

@@ -1,0 +1,109 @@
+// hostile_probe SECONDS WARM-UP LIST: does with every file that LIST names, a path in each line,
+// what the player does with a song: its tags, its samples, its artwork. Each in a process of its
+// own that may use SECONDS of the processor. For each a line: the signal that ended it or 0, the
+// status of opening for tags, the status of loading, the frames, the kibibytes by which it grew,
+// the milliseconds of the processor. WARM-UP is a song that is loaded first, so that whatever the
+// libraries read once has been read. What follows the access to "/hostile-probe-starts" is the
+// songs' doing.
+
+#include "engine/Artwork.h"
+#include "engine/AudioEngine.h"
+#include "platform/audio/AudioFileReader.h"
+#include "support/FakeAudioUnits.h"
+
+#include <QFile>
+#include <QImage>
+#include <QUrl>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace lyrabox;
+
+namespace {
+
+struct Report {
+    Status tags = 0;
+    Status load = 0;
+    unsigned long long frames = 0;
+    long startKibibytes = 0;
+};
+
+/// The most that this process has had in memory.
+long peakKibibytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+Report play(const QString &path)
+{
+    Report report;
+    report.startKibibytes = peakKibibytes();
+    {
+        AudioFileReader reader;
+        report.tags = reader.open(path, AudioFileReader::Depth::Tags);
+        reader.infoDictionary();
+    }
+    report.load = engine::loadAudioFile(QUrl::fromLocalFile(path));
+    report.frames = engine::totalFrames();
+    decodedArtwork(engine::albumArtData());
+    return report;
+}
+
+void probe(const std::string &path, rlim_t seconds)
+{
+    int ends[2];
+    if (pipe(ends) != 0)
+        std::abort();
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit limit = {seconds, seconds + 1};
+        setrlimit(RLIMIT_CPU, &limit);
+        const rlimit noCore = {0, 0};
+        setrlimit(RLIMIT_CORE, &noCore);
+        const Report report = play(QFile::decodeName(path.c_str()));
+        if (write(ends[1], &report, sizeof report) != sizeof report)
+            _exit(1);
+        _exit(0);
+    }
+    close(ends[1]);
+    Report report;
+    const bool isTold = read(ends[0], &report, sizeof report) == sizeof report;
+    close(ends[0]);
+    int state = 0;
+    rusage usage = {};
+    wait4(child, &state, 0, &usage);
+    const int signal = WIFSIGNALED(state) ? WTERMSIG(state) : isTold ? 0 : -1;
+    const long milliseconds = (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
+                              (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
+    std::printf("%d %d %d %llu %ld %ld\n", signal, report.tags, report.load, report.frames,
+                isTold ? usage.ru_maxrss - report.startKibibytes : 0, milliseconds);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int count, char **arguments)
+{
+    if (count != 4)
+        return 2;
+    test::FakeAudio audio; // no sound server is asked
+    engine::setAudioUnitFactory(audio.factory());
+    if (engine::buildAudioSystem() != 0 || play(QFile::decodeName(arguments[2])).frames == 0)
+        return 2;
+    engine::emptyAudioBuffers();
+    std::ifstream list(arguments[3]);
+    if (access("/hostile-probe-starts", F_OK) == 0)
+        return 2;
+    for (std::string path; std::getline(list, path);)
+        probe(path, std::strtoul(arguments[1], nullptr, 10));
+    return 0;
+}
