@@ -16,6 +16,7 @@ CODECS = {
     "opus": ("opus", ["-c:a", "libopus", "-b:a", "160k"]),
 }
 SONG_SECONDS = 240
+SHORT_SECONDS = 5
 MASTER_SECONDS = 300
 
 
@@ -53,14 +54,18 @@ def master():
 
 
 def song(codec, rate, seconds=SONG_SECONDS):
-    """A song in one codec at one rate. Opus knows no other rate than 48,000 and keeps the source's in its header."""
+    """A song in one codec at one rate, and beside it NAME.short, to warm up with. Opus knows no other rate than 48,000 and keeps the source's in its header."""
     suffix, options = CODECS[codec]
 
     def make(path):
         repeats = (seconds - 1) // MASTER_SECONDS
         ffmpeg("-stream_loop", repeats, "-i", master(), "-t", seconds,
                *(["-ar", rate] if codec != "opus" or rate == 48000 else []), *options, path)
-    return made(DATA / f"song-{rate}-{seconds}.{suffix}", make)
+    path = made(DATA / f"song-{rate}-{seconds}.{suffix}", make)
+    short = path.with_name(path.name + ".short")
+    if seconds != SHORT_SECONDS and not short.is_symlink():
+        short.symlink_to(song(codec, rate, SHORT_SECONDS))
+    return path
 
 
 def songs():

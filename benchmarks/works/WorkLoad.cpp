@@ -1,4 +1,6 @@
-// Loading a song into the engine. The peer is the ffmpeg program, which the caller runs itself.
+// Loading a song into the engine. The peer is the ffmpeg program, which the caller runs itself. A
+// short song of the same kind is loaded before, as the program has loaded others before; its name
+// is the song's with ".short" added.
 
 #include "Work.h"
 
@@ -17,6 +19,9 @@ int main(int argc, char **argv)
     if (engine::buildAudioSystem() != status::noError)
         work::fail("the engine was not built");
     const QUrl file = QUrl::fromLocalFile(QString::fromStdString(arguments.argument));
+    if (engine::loadAudioFile(QUrl::fromLocalFile(file.toLocalFile() + QStringLiteral(".short"))) !=
+        status::noError)
+        work::fail("the short song was not loaded");
     Status result = status::noError;
     const work::Cost cost = work::measure([&] { result = engine::loadAudioFile(file); });
     if (result != status::noError)

@@ -1,4 +1,5 @@
 #include "engine/AudioEngineControl.h"
+#include "platform/foundation/Machine.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -36,9 +37,11 @@ std::uint64_t availableMemory()
 /// The channel buffers while a song is decoded into them.
 class GrowingBuffers {
 public:
-    explicit GrowingBuffers(const AudioStreamBasicDescription &format)
+    /// `frames`: as many as are expected, 0 when that is not known.
+    GrowingBuffers(const AudioStreamBasicDescription &format, std::uint64_t frames)
         : m_bytesPerFrame(format.mBytesPerFrame),
-          m_channels(std::min(format.mChannelsPerFrame, maximumChannels))
+          m_channels(std::min(format.mChannelsPerFrame, maximumChannels)),
+          m_expected(frames * m_bytesPerFrame)
     {
         releaseChannelBuffers(m_channels, true);
     }
@@ -46,13 +49,15 @@ public:
     std::uint64_t decodedBytes() const { return m_decoded; }
 
     /// Makes room for `frames` more and points `list` at it; false when there is no memory for it.
-    /// Buffers grow in larger steps than asked for, so that a long song is not moved at every read.
+    /// Buffers take the expected size at once, and grow in larger steps than asked for, so that a
+    /// long song is not moved at every read. Memory that is not written to costs nothing.
     bool prepareRead(std::uint32_t frames, AudioBufferList &list)
     {
         const std::uint64_t needed = m_decoded + std::uint64_t{m_bytesPerFrame} * frames + 1;
         if (needed > m_capacity) {
             const std::uint64_t step = std::clamp(m_capacity / 2, smallestStep, largestStep);
-            const std::uint64_t roomy = std::max(needed, m_capacity + step);
+            const std::uint64_t whole = m_decoded == 0 ? m_expected + needed : needed;
+            const std::uint64_t roomy = std::max(whole, m_capacity + step);
             if (!fits(roomy) || !resize(roomy)) {
                 if (!fits(needed) || !resize(needed))
                     return false;
@@ -77,6 +82,7 @@ public:
 private:
     static constexpr std::uint64_t smallestStep = 1U << 20;
     static constexpr std::uint64_t largestStep = 16U << 20;
+    static constexpr std::uint64_t smallestLarge = 4U << 20; ///< has memory pages of its own
 
     /// What is decoded is in memory already, whatever the rest is.
     bool fits(std::uint64_t capacity) const
@@ -92,6 +98,8 @@ private:
             if (!grown)
                 return false;
             slot.store(static_cast<std::byte *>(grown), std::memory_order_release);
+            if (capacity >= smallestLarge)
+                expectToBeFilled(grown, capacity);
         }
         m_capacity = capacity;
         return true;
@@ -99,6 +107,7 @@ private:
 
     std::uint32_t m_bytesPerFrame;
     std::uint32_t m_channels;
+    std::uint64_t m_expected;
     std::uint64_t m_capacity = 1;
     std::uint64_t m_decoded = 0;
 };
@@ -158,7 +167,7 @@ Status loadAudioFile(const QUrl &url)
     if (!songFits(*reader, format))
         return status::notEnoughMemory;
 
-    GrowingBuffers buffers(format);
+    GrowingBuffers buffers(format, reader->estimatedFrames().value_or(0));
     AudioBufferList list;
     Status result = status::noError;
     std::uint32_t frames = framesPerRead;

@@ -2,6 +2,7 @@
 
 #include "platform/audio/AudioFileReader.h"
 #include "platform/foundation/Files.h"
+#include "platform/foundation/Machine.h"
 
 #include <QFileInfo>
 
@@ -85,8 +86,7 @@ openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, Progress
                 advanced.notify_one();
         }
     };
-    const std::size_t threads =
-        std::min<std::size_t>(std::max(1U, std::thread::hardware_concurrency()), count);
+    const std::size_t threads = std::min<std::size_t>(processorCount(), count);
     std::vector<std::jthread> workers;
     workers.reserve(threads);
     for (std::size_t i = 0; i < threads; ++i)

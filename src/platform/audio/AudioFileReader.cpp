@@ -3,11 +3,11 @@
 #include "platform/audio/AudioFileReaderConverter.h"
 #include "platform/audio/AudioFileReaderDecoder.h"
 #include "platform/audio/AudioFileReaderTags.h"
+#include "platform/foundation/Machine.h"
 
 #include <cmath>
 #include <new>
 #include <stdexcept>
-#include <thread>
 
 namespace lyrabox {
 
@@ -53,7 +53,7 @@ Status AudioFileReader::open(const QString &path, Depth depth)
         if (opened != status::noError || depth == Depth::Tags)
             return opened;
         d->hasSamples = true;
-        return d->decoder.open(d->container, std::thread::hardware_concurrency());
+        return d->decoder.open(d->container, processorCount());
     });
     if (result != status::noError)
         d.reset();

@@ -18,6 +18,7 @@ namespace lyrabox {
 struct AvDeleter {
     void operator()(AVFormatContext *context) const noexcept { avformat_close_input(&context); }
     void operator()(AVCodecContext *context) const noexcept { avcodec_free_context(&context); }
+    void operator()(AVCodecParameters *object) const noexcept { avcodec_parameters_free(&object); }
     void operator()(AVFrame *frame) const noexcept { av_frame_free(&frame); }
     void operator()(AVPacket *packet) const noexcept { av_packet_free(&packet); }
     void operator()(SwrContext *context) const noexcept { swr_free(&context); }

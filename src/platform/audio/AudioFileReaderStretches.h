@@ -2,11 +2,13 @@
 
 #include "platform/audio/AudioFileReaderPackets.h"
 
+#include <condition_variable>
 #include <cstdint>
 #include <deque>
-#include <future>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <thread>
 #include <vector>
 
 namespace lyrabox {
@@ -15,17 +17,18 @@ namespace lyrabox {
 /// none for a stream whose output always may, or of which that is not known.
 std::optional<int> runUpPackets(AVCodecID codec);
 
-/// Decodes a stream ahead of its reader, a stretch of a few seconds at a time, to the same bits as
-/// a decoder that is asked frame by frame. With a run-up, several stretches are decoded at once,
-/// each by a decoder of its own that is first fed the packets before the stretch; without one, a
-/// single decoder works beside the reader. Stretches that are ready or in work take about six
-/// megabytes.
+/// Decodes a stream ahead of its reader to the same bits as a decoder that is asked frame by frame.
+/// Where a decoder may start anywhere, several stretches are decoded at once, each by a thread's
+/// own decoder that is first fed the packets before the stretch; elsewhere a single decoder works
+/// beside the reader. What is decoded or demuxed ahead takes about five megabytes, however many
+/// threads there are.
 class AudioFileReaderStretches {
 public:
     /// The container must outlive this object. `context` has decoded nothing yet; `threads` is at
-    /// least 1.
+    /// least 1. What is read and decoded ahead takes about `memory` bytes, however many threads
+    /// there are. Throws std::bad_alloc.
     AudioFileReaderStretches(AudioFileReaderContainer &container, AvPointer<AVCodecContext> context,
-                             unsigned threads);
+                             unsigned threads, std::size_t memory = std::size_t{4} << 20);
     ~AudioFileReaderStretches();
     AudioFileReaderStretches(const AudioFileReaderStretches &) = delete;
     AudioFileReaderStretches &operator=(const AudioFileReaderStretches &) = delete;
@@ -39,30 +42,49 @@ public:
     bool outOfMemory() const { return m_outOfMemory; }
 
 private:
-    struct Work;
-    struct Result;
+    struct Stretch;
+    class FramePool;
+    class Worker;
+    using Frames = std::vector<AvPointer<AVFrame>>;
 
-    static Result decode(const Work &work);
-    static Result decodeWith(AVCodecContext &context, const Work &work);
-    bool gather(Work &work);
+    // The reader's thread.
+    void divide(AudioFileReaderContainer &container, std::size_t workers, double memory);
+    bool gather(Stretch &stretch);
     void fill();
+    void fetch();
+
+    // The decoders' threads.
+    void run(Worker &worker);
+    bool deliver(Stretch &stretch, Frames &frames);
+    void finish(Stretch &stretch, Frames &frames, int failures, bool outOfMemory);
 
     AudioFileReaderPackets m_packets;
     AVRational m_timeBase{};
-    AvPointer<AVCodecContext> m_context; ///< where one decoder does it all
-    std::shared_ptr<const AVCodecParameters> m_parameters;
     const AVCodec *m_codec = nullptr;
+    AvPointer<AVCodecParameters> m_parameters;
+    std::unique_ptr<FramePool> m_pool; ///< the decoders take from it, so they go first
+    bool m_canStartAnywhere = false;
     std::size_t m_runUp = 0;
-    std::size_t m_inFlight = 0; ///< stretches in work at once
     std::int64_t m_stretchSamples = 0;
-    bool m_gathered = false; ///< the last packet was read
+    std::int64_t m_gatheredStretches = 0;
+    std::size_t m_mostWaiting = 0; ///< bytes of frames
+    bool m_gathered = false;       ///< the last packet was read
     bool m_outOfMemory = false;
     int m_failures = 0;
     std::deque<AvPointer<AVPacket>> m_before; ///< the run-up of the next stretch
     AvPointer<AVPacket> m_change; ///< the last one that changed the decoder's parameters
-    std::vector<AvPointer<AVFrame>> m_ready;
+    Frames m_ready;
     std::size_t m_nextReady = 0;
-    std::deque<std::future<Result>> m_working;
+
+    std::mutex m_mutex; ///< guards what follows, but for the workers and threads
+    std::condition_variable m_work;
+    std::condition_variable m_room;
+    std::condition_variable m_delivered;
+    std::deque<std::shared_ptr<Stretch>> m_stretches; ///< the first one is the reader's
+    std::size_t m_waitingBytes = 0;
+    bool m_closing = false;
+    std::vector<std::unique_ptr<Worker>> m_workers;
+    std::vector<std::jthread> m_threads; ///< joined before anything that they use goes
 };
 
 } // namespace lyrabox
