@@ -1,7 +1,6 @@
 #include "platform/audio/AudioFileReaderStretches.h"
 
 #include <algorithm>
-#include <map>
 #include <new>
 #include <system_error>
 #include <utility>
@@ -68,66 +67,6 @@ struct AudioFileReaderStretches::Stretch {
     std::deque<AvPointer<AVFrame>> frames; ///< on the way to the reader
     int failures = 0;
     bool outOfMemory = false;
-};
-
-/// The memory of all decoders' frames: each decoder's own would grow to the most that ever waited.
-class AudioFileReaderStretches::FramePool {
-public:
-    FramePool() = default;
-    ~FramePool()
-    {
-        for (auto &[size, pool] : m_pools)
-            av_buffer_pool_uninit(&pool); // goes when its last frame has gone
-    }
-    FramePool(const FramePool &) = delete;
-    FramePool &operator=(const FramePool &) = delete;
-
-    void serve(AVCodecContext &context)
-    {
-        context.opaque = this;
-        if ((context.codec->capabilities & AV_CODEC_CAP_DR1) != 0)
-            context.get_buffer2 = &getBuffer;
-    }
-
-private:
-    static int getBuffer(AVCodecContext *context, AVFrame *frame, int flags) noexcept
-    {
-        const auto format = static_cast<AVSampleFormat>(frame->format);
-        const int channels = frame->ch_layout.nb_channels;
-        const int planes = av_sample_fmt_is_planar(format) != 0 ? channels : 1;
-        int bytes = 0;
-        if (planes > AV_NUM_DATA_POINTERS ||
-            av_samples_get_buffer_size(&bytes, channels, frame->nb_samples, format, 0) < 0)
-            return avcodec_default_get_buffer2(context, frame, flags);
-        AVBufferPool *pool = static_cast<FramePool *>(context->opaque)->poolFor(bytes);
-        for (int plane = 0; plane < planes; ++plane) {
-            frame->buf[plane] = pool ? av_buffer_pool_get(pool) : nullptr;
-            if (!frame->buf[plane])
-                return AVERROR(ENOMEM); // the frame's owner releases the others
-            frame->data[plane] = frame->buf[plane]->data;
-        }
-        frame->linesize[0] = bytes;
-        frame->extended_data = frame->data;
-        return 0;
-    }
-
-    AVBufferPool *poolFor(int bytes) noexcept
-    {
-        constexpr int step = 512;
-        const auto size = static_cast<std::size_t>((bytes + step - 1) / step * step);
-        try {
-            const std::lock_guard lock(m_mutex);
-            AVBufferPool *&pool = m_pools[size];
-            if (!pool)
-                pool = av_buffer_pool_init(size, nullptr);
-            return pool;
-        } catch (const std::bad_alloc &) {
-            return nullptr;
-        }
-    }
-
-    std::mutex m_mutex;
-    std::map<std::size_t, AVBufferPool *> m_pools; ///< by the size of their buffers
 };
 
 /// One thread's decoder.
@@ -228,7 +167,7 @@ AudioFileReaderStretches::AudioFileReaderStretches(AudioFileReaderContainer &con
       m_timeBase(container.stream()->time_base),
       m_codec(container.decoder()),
       m_parameters(avcodec_parameters_alloc()),
-      m_pool(std::make_unique<FramePool>())
+      m_pool(std::make_unique<AudioFileReaderFramePool>())
 {
     // A copy, because demuxing may change the stream's own while a stretch is decoded.
     if (!m_parameters ||

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/audio/AudioFileReaderFramePool.h"
 #include "platform/audio/AudioFileReaderPackets.h"
 
 #include <condition_variable>
@@ -33,7 +34,7 @@ public:
     AudioFileReaderStretches(const AudioFileReaderStretches &) = delete;
     AudioFileReaderStretches &operator=(const AudioFileReaderStretches &) = delete;
 
-    /// The next frame in the order of the file; null at the end.
+    /// The next frame in the order of the file; null at the end. It goes before this object does.
     AvPointer<AVFrame> next();
 
     /// Packets and reads so far that failed.
@@ -43,7 +44,6 @@ public:
 
 private:
     struct Stretch;
-    class FramePool;
     class Worker;
     using Frames = std::vector<AvPointer<AVFrame>>;
 
@@ -62,7 +62,7 @@ private:
     AVRational m_timeBase{};
     const AVCodec *m_codec = nullptr;
     AvPointer<AVCodecParameters> m_parameters;
-    std::unique_ptr<FramePool> m_pool; ///< the decoders take from it, so they go first
+    std::unique_ptr<AudioFileReaderFramePool> m_pool; ///< goes after all frames
     bool m_canStartAnywhere = false;
     std::size_t m_runUp = 0;
     std::int64_t m_stretchSamples = 0;

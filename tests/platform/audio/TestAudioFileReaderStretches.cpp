@@ -15,6 +15,16 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+void append(QByteArray &bytes, const AVFrame &frame)
+{
+    const auto format = static_cast<AVSampleFormat>(frame.format);
+    const bool planar = av_sample_fmt_is_planar(format) != 0;
+    const int channels = frame.ch_layout.nb_channels;
+    const int length = frame.nb_samples * av_get_bytes_per_sample(format) * (planar ? 1 : channels);
+    for (int plane = 0; plane < (planar ? channels : 1); ++plane)
+        bytes.append(reinterpret_cast<const char *>(frame.extended_data[plane]), length);
+}
+
 /// Every byte that a file decodes to, channel after channel within a frame.
 QByteArray decoded(const QString &path, unsigned threads)
 {
@@ -23,16 +33,38 @@ QByteArray decoded(const QString &path, unsigned threads)
     EXPECT_EQ(container.open(path), status::noError) << qPrintable(path);
     EXPECT_EQ(decoder.open(container, threads), status::noError) << qPrintable(path);
     QByteArray bytes;
-    while (const AVFrame *frame = decoder.next()) {
-        const auto format = static_cast<AVSampleFormat>(frame->format);
-        const bool planar = av_sample_fmt_is_planar(format) != 0;
-        const int channels = frame->ch_layout.nb_channels;
-        const int length =
-            frame->nb_samples * av_get_bytes_per_sample(format) * (planar ? 1 : channels);
-        for (int plane = 0; plane < (planar ? channels : 1); ++plane)
-            bytes.append(reinterpret_cast<const char *>(frame->extended_data[plane]), length);
-    }
+    while (const AVFrame *frame = decoder.next())
+        append(bytes, *frame);
     EXPECT_EQ(decoder.status(), status::noError);
+    return bytes;
+}
+
+/// The same without trimming: by one decoder where `threads` is 0, else in stretches that are as
+/// short as they can be.
+QByteArray decodedFrames(const QString &path, unsigned threads)
+{
+    AudioFileReaderContainer container;
+    EXPECT_EQ(container.open(path), status::noError) << qPrintable(path);
+    Status opened = status::noError;
+    auto context = openCodec(container.decoder(), *container.stream()->codecpar,
+                             container.stream()->time_base, opened);
+    EXPECT_EQ(opened, status::noError);
+    QByteArray bytes;
+    if (threads > 0) {
+        AudioFileReaderStretches stretches(container, std::move(context), threads, 1);
+        while (const auto frame = stretches.next())
+            append(bytes, *frame);
+        return bytes;
+    }
+    AudioFileReaderPackets packets(container);
+    const AvPointer<AVPacket> packet(av_packet_alloc());
+    const AvPointer<AVFrame> frame(av_frame_alloc());
+    for (bool more = true; more;) {
+        more = packets.next(*packet);
+        avcodec_send_packet(context.get(), more ? packet.get() : nullptr);
+        while (avcodec_receive_frame(context.get(), frame.get()) == 0)
+            append(bytes, *frame);
+    }
     return bytes;
 }
 
@@ -96,6 +128,17 @@ INSTANTIATE_TEST_SUITE_P(, AudioFileReaderStretchesOf, testing::ValuesIn(streams
                              return stream.param.extension.toStdString() +
                                     std::to_string(stream.index);
                          });
+
+TEST_P(AudioFileReaderStretchesOf, DecodeToTheSameBitsWithDecodersThatGoFromStretchToStretch)
+{
+    SampleSpec spec = specOf(GetParam(), SampleSpec::Signal::Noise, 48000);
+    spec.seconds = 24.0;
+    const QString path = sampleFile(spec);
+    const QByteArray serial = decodedFrames(path, 0);
+    ASSERT_FALSE(serial.isEmpty());
+    for (const unsigned threads : {1U, 2U, 3U})
+        EXPECT_TRUE(decodedFrames(path, threads) == serial) << threads << " threads";
+}
 
 TEST(AudioFileReaderStretches, PlayTheRestAfterDamage)
 {

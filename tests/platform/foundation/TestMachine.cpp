@@ -1,0 +1,37 @@
+#include "platform/foundation/Machine.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include <sched.h>
+
+using namespace lyrabox;
+
+TEST(Machine, CountsTheProcessorsThatTheProcessIsBoundTo)
+{
+    cpu_set_t before;
+    ASSERT_EQ(sched_getaffinity(0, sizeof before, &before), 0);
+    EXPECT_EQ(processorCount(), static_cast<unsigned>(CPU_COUNT(&before)));
+
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    for (std::size_t i = 0; i < CPU_SETSIZE && CPU_COUNT(&one) == 0; ++i) {
+        if (CPU_ISSET(i, &before))
+            CPU_SET(i, &one);
+    }
+    ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
+    EXPECT_EQ(processorCount(), 1U);
+    sched_setaffinity(0, sizeof before, &before);
+}
+
+TEST(Machine, LeavesWhatIsInMemoryThatIsExpectedToBeFilled)
+{
+    std::vector<unsigned char> memory(std::size_t{5} << 20, 7);
+    expectToBeFilled(memory.data() + 1, memory.size() - 1);
+    EXPECT_TRUE(
+        std::all_of(memory.begin(), memory.end(), [](unsigned char byte) { return byte == 7; }));
+    expectToBeFilled(memory.data(), 10); // less than a page
+    EXPECT_EQ(memory[9], 7);
+}
