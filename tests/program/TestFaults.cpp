@@ -1,5 +1,6 @@
 // The end that comes at a bad moment, and folders that fail while the program shows them.
 
+#include "program/HangingDisk.h"
 #include "program/Places.h"
 #include "program/RunningProgram.h"
 #include "program/SessionManager.h"
@@ -297,6 +298,37 @@ TEST_F(ProgramOnDisk, UnpluggedWhileASongPlaysLeavesItPlaying)
     EXPECT_TRUE(hearsSilence());
     EXPECT_EQ(quit(), 0);
     EXPECT_TRUE(settingsList(u"Folders.plist"_s));
+}
+
+TEST_F(FaultyProgram, ADiskThatHangsHoldsTheListsUpButNotTheSoundAndNotTheEndOfTheWait)
+{
+    const QString tones = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}});
+    const QString remote = makeFolder(u"Remote"_s, {{u"Beta"_s, 400.0}});
+    showFolder(tones);
+    const PropertyList both(PropertyList::Array{PropertyList(tones), PropertyList(remote)});
+    ASSERT_TRUE(writePropertyList(both, settingsFile(u"Folders.plist"_s)));
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    HangingDisk disk;
+    if (!disk.mount(remote))
+        GTEST_SKIP() << "no disk can be mounted here (" << disk.reason().toStdString()
+                     << "): root rights are needed";
+    click(place::sourceRow(1));
+    ASSERT_TRUE(waitUntil([&] { return disk.isAsked(); }));
+
+    // The sound needs nobody.
+    for (int second = 0; second < 3; ++second) {
+        ASSERT_TRUE(recorder->waitFor(1.0));
+        EXPECT_TRUE(hears(300.0));
+    }
+
+    disk.unplug();
+    display.key(u"space"_s);
+    EXPECT_TRUE(hearsSilence());
+    EXPECT_EQ(quit(), 0);
+    EXPECT_EQ(settingsList(u"Folders.plist"_s), both);
 }
 
 } // namespace

@@ -29,9 +29,10 @@ import time
 
 PERIOD = 0.1
 PATIENCE = 30.0  # seconds without an answer; a sanitizer's build takes its time to decode
+DEVICE_SETTLE = 3.0  # seconds after a change of the devices in which a stream may starve
 SETTLE = 3.0  # seconds in which what glides or is coalesced has to arrive
 CHECK_FILES_EVERY = 50
-RESTART_EVERY = 1500
+RESTART_EVERY = 9000  # a quarter of an hour
 SAMPLE_EVERY = 20
 WARM_UP = 600  # actions before memory counts
 HEAP_GROWTH = 6.0  # MB that the heap may grow by after the warm-up, the decoded song left out
@@ -70,7 +71,8 @@ class Soundserver:
     """A private PulseAudio server whose log tells of the underruns that it met."""
 
     def __init__(self, folder, env):
-        self.folder, self.env, self.process, self.log = folder, env, None, open(f"{folder}/pulse.log", "ab+")
+        self.folder, self.env, self.process, self.log_read = folder, env, None, 0
+        self.log = open(f"{folder}/pulse.log", "ab+")
         self.start()
 
     def start(self):
@@ -93,10 +95,12 @@ class Soundserver:
         return subprocess.run(["pactl", *arguments], env=self.env, capture_output=True, text=True, timeout=PATIENCE,
                               check=False).stdout.strip()
 
-    def underruns(self):
-        self.log.flush()
-        text = pathlib.Path(f"{self.folder}/pulse.log").read_text(errors="replace")
-        return len(re.findall(r"(?:Underrun on|Implicit underrun of) '", text))
+    def new_underruns(self):
+        """How many the log tells of since it was asked last."""
+        self.log.seek(self.log_read)
+        text = self.log.read()
+        self.log_read += len(text)
+        return len(re.findall(rb"(?:Underrun on|Implicit underrun of) '", text))
 
 
 class Music:
@@ -183,6 +187,7 @@ class Soak:
         self.recent = collections.deque(maxlen=50)
         self.samples, self.starts, self.modal_since, self.server_returns, self.modules = [], 0, None, None, []
         self.slowest = 0.0
+        self.underruns, self.device_underruns, self.device_changed = 0, 0, 0.0
         self.seen = collections.Counter()  # in how many looks: a soak that never plays a song proves nothing
         self.errors = open(f"{root}/stderr", "ab+")
         self.errors_read = 0
@@ -470,12 +475,22 @@ class Soak:
     def act(self, number):
         dice = random.Random(f"{self.seed}/{number}")
         name = dice.choices([a for a, _ in self.ACTIONS], [weight for _, weight in self.ACTIONS])[0]
+        if name == "device" or self.server_returns is not None:
+            self.device_changed = time.monotonic()
         if self.server_returns is not None and time.monotonic() >= self.server_returns:
             self.sound.start()
             self.server_returns = None
         return getattr(self, name)(dice)
 
     # The looks.
+
+    def count_underruns(self):
+        """Those of a stream that is moved or whose server has just begun are not the program's."""
+        new = self.sound.new_underruns()
+        if time.monotonic() - self.device_changed < DEVICE_SETTLE:
+            self.device_underruns += new
+        else:
+            self.underruns += new
 
     def check(self):
         begin = time.monotonic()
@@ -566,13 +581,14 @@ class Soak:
             try:
                 self.recent.append(f"{number:6} {self.act(number)}")
                 self.check()
+                self.count_underruns()
                 if number % CHECK_FILES_EVERY == CHECK_FILES_EVERY - 1:
                     self.ask("settings")
                     self.check_files()
                     self.check_errors()
                 if number % SAMPLE_EVERY == 0:
                     self.sample()
-                if number % RESTART_EVERY == RESTART_EVERY - 1 and seconds - (time.monotonic() - begin) < 1e9:
+                if number % RESTART_EVERY == RESTART_EVERY - 1:
                     self.check_memory()
                     self.recent.append("     (ends and starts again)")
                     self.restart("terminate")
@@ -584,7 +600,8 @@ class Soak:
             if number % 600 == 0:
                 heap, resident = (self.samples[-1][1:3] if self.samples else (0, 0))
                 print(f"soak: {number - self.first} actions, {(time.monotonic() - begin) / 60:.1f} min, heap "
-                      f"{heap:.1f} MB, resident {resident:.0f} MB, {self.sound.underruns()} underruns", flush=True)
+                      f"{heap:.1f} MB, resident {resident:.0f} MB, {self.underruns} underruns and "
+                      f"{self.device_underruns} at device changes", flush=True)
         self.check_memory()
         self.xdotool("mouseup", 1)
         self.child.send_signal(signal.SIGTERM)
@@ -616,7 +633,7 @@ def main():
         try:
             done = soak.run(minutes * 60.0)
             print(f"soak: {done} actions without a fault, {soak.starts} starts, slowest answer {soak.slowest:.2f} s, "
-                  f"{soak.sound.underruns()} underruns")
+                  f"{soak.underruns} underruns and {soak.device_underruns} at device changes")
             print("soak: seen at", ", ".join(f"{name} {count}" for name, count in soak.seen.most_common()))
         except Failure as failure:
             status = 1
