@@ -170,7 +170,15 @@ void LB_TrackController::updateIsPlaying()
 
 void LB_TrackController::updateSongSettings()
 {
-    // The record's flag is rewritten after this notification and before the rows are painted.
+    // The player rewrites the flag of its own record, after this notification and before the rows
+    // are painted. A list that was built anew holds the loaded song under another record.
+    if (const TrackRecordRef playing = playingTrack()) {
+        const bool hasSettings = m_settings->hasSettingsForInode(playing->inode);
+        for (const TrackRecordRef &record : content()) {
+            if (record->inode == playing->inode)
+                record->hasSettings = hasSettings;
+        }
+    }
     m_model->reloadRows();
     const int row = selectedRow();
     if (row < 0)
