@@ -74,7 +74,7 @@ void LB_TrackController::setTrackTableView(QTableView *view)
     header->resizeSection(TrackTableModel::Artist, textColumnWidth);
     header->resizeSection(TrackTableModel::Album, textColumnWidth);
     header->resizeSection(TrackTableModel::DurationSeconds, timeColumnWidth);
-    connect(header, &QHeaderView::sectionClicked, this, &LB_TrackController::headerClicked);
+    connect(header, &QHeaderView::sectionClicked, this, &LB_TrackController::sortByColumn);
 }
 
 TrackRecordList LB_TrackController::content() const
@@ -125,7 +125,7 @@ void LB_TrackController::tableViewSortDescriptorsDidChange()
     scrollToCurrentTrack();
 }
 
-void LB_TrackController::headerClicked(int column)
+void LB_TrackController::sortByColumn(int column)
 {
     const QString key = TrackTableModel::columnIdentifier(column);
     const bool isSortedByIt = !m_sortDescriptors.empty() && m_sortDescriptors.front().key == key;

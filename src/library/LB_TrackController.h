@@ -104,6 +104,10 @@ public:
     void setSortDescriptors(std::vector<lyrabox::SortDescriptor> descriptors);
     void tableViewSortDescriptorsDidChange();
 
+    /// Sorts by a column as a click on its header does: the same column again turns the order
+    /// round.
+    void sortByColumn(int column);
+
     /// The column that the list is sorted by; -1 for none.
     int highlightedColumn() const { return m_highlightedColumn; }
 
@@ -147,7 +151,6 @@ private:
     lyrabox::TrackRecordList recordsOfFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
     void completeRecord(lyrabox::TrackRecord &record, int order, const QString &inode) const;
     void finishList(const lyrabox::TrackRecordList &records, const QString &listID);
-    void headerClicked(int column);
     void selectRow(int row);
     void setTrackCount(quint64 count);
     void setHighlightedColumn(int column);

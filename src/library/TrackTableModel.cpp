@@ -199,6 +199,11 @@ QVariant TrackTableModel::headerData(int section, Qt::Orientation orientation, i
         return headerTitle(section);
     if (role == Qt::TextAlignmentRole)
         return alignment(section);
+    // The two columns of images have no title to read out.
+    if (role == Qt::AccessibleTextRole && section == IsPlaying)
+        return tr("Playing");
+    if (role == Qt::AccessibleTextRole && section == HasSettings)
+        return tr("Has settings");
     return {};
 }
 

@@ -2,8 +2,11 @@
 
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
+#include "navigation/NavigationAccessible.h"
+#include "platform/ui/Theme.h"
 
 #include <QEnterEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -77,6 +80,9 @@ double hoverTextPosition(double x, double width)
 LB_NavigationView::LB_NavigationView(QWidget *parent)
     : QWidget(parent), m_clock(&monotonicMilliseconds)
 {
+    lyrabox::installAccessibleNavigation();
+    // A click leaves the keyboard where it is; Tab reaches the bar.
+    setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
     m_refreshTimer.setInterval(refreshInterval);
     connect(&m_refreshTimer, &QTimer::timeout, this, &LB_NavigationView::updateTimeDisplay);
@@ -98,6 +104,60 @@ void LB_NavigationView::seekToFrame(quint64 frame)
     else
         m_audio->setCurrentFrame(frame);
     updateTimeDisplay();
+}
+
+void LB_NavigationView::seekToSecond(double second)
+{
+    const auto total = static_cast<double>(m_audio->totalSeconds());
+    if (total <= 0.0 || std::isnan(second))
+        return;
+    const double inside = std::clamp(second, 0.0, std::max(0.0, total - 1.0));
+    const double rate = m_audio->audioBufferFormat().mSampleRate;
+    seekToFrame(static_cast<quint64>(inside * rate));
+}
+
+void LB_NavigationView::seekBySeconds(double seconds)
+{
+    const double rate = m_audio->audioBufferFormat().mSampleRate;
+    if (rate > 0.0)
+        seekToSecond(static_cast<double>(m_audio->currentFrame()) / rate + seconds);
+}
+
+void LB_NavigationView::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        seekBySeconds(-keyStepSeconds);
+        break;
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        seekBySeconds(keyStepSeconds);
+        break;
+    case Qt::Key_PageDown:
+        seekBySeconds(-pageStepSeconds);
+        break;
+    case Qt::Key_PageUp:
+        seekBySeconds(pageStepSeconds);
+        break;
+    case Qt::Key_Home:
+        seekToSecond(0.0);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void LB_NavigationView::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void LB_NavigationView::focusOutEvent(QFocusEvent *event)
+{
+    QWidget::focusOutEvent(event);
+    update();
 }
 
 void LB_NavigationView::updateTimeDisplay()
@@ -140,6 +200,7 @@ void LB_NavigationView::glideTo(double fraction)
     if (jump) {
         m_glideTimer.stop();
         update();
+        lyrabox::announcePosition(this);
     } else {
         scheduleGlideStep();
     }
@@ -200,6 +261,8 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
     shown.setPlayProgress(displayedProgress());
     shown.drawLayerInContext(layerBounds(), painter);
     m_paintedEdge = edgeInDevicePixels(shown.playProgress());
+    if (hasFocus())
+        lyrabox::drawFocusRing(painter, layerBounds(), lyrabox::Theme::radius);
 
     painter.setPen(Qt::white);
     QFont textFont = font();

@@ -51,6 +51,17 @@ public:
     /// `frame`.
     void seekToFrame(quint64 frame);
 
+    /// The same by time; beyond the song's end it goes to a second before it, and without a song
+    /// nowhere.
+    void seekToSecond(double second);
+
+    /// Moves on by so many seconds, or back by a negative number.
+    void seekBySeconds(double seconds);
+
+    /// What an arrow key moves by, and PageUp and PageDown.
+    static constexpr double keyStepSeconds = 5.0;
+    static constexpr double pageStepSeconds = 30.0;
+
     /// Shows the player's position, and starts the next song when the present one has ended.
     void updateTimeDisplay();
 
@@ -83,6 +94,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void enterEvent(QEnterEvent *event) override;

@@ -18,6 +18,8 @@ SeekButton::SeekButton(QWidget *parent)
     : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
 {
     setFocusPolicy(Qt::TabFocus);
+    // Mouse and keys are handled below; this is an assistive program's click.
+    connect(this, &QAbstractButton::clicked, this, [this] { clickAction(); });
     m_releaseTimer.setSingleShot(true);
     m_releaseTimer.setInterval(releaseMilliseconds);
     connect(&m_releaseTimer, &QTimer::timeout, this, [this] { endPress(End::Released); });

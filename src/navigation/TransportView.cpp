@@ -1,6 +1,8 @@
 #include "navigation/TransportView.h"
 
 #include "app/controls/LB_Slider.h"
+#include "navigation/LB_NavigationView.h"
+#include "navigation/NavigationAccessible.h"
 #include "navigation/SeekButton.h"
 #include "platform/ui/SegmentedControl.h"
 
@@ -27,6 +29,7 @@ FocusKind focusKind(const QWidget *focus)
     if (qobject_cast<const QAbstractButton *>(focus) != nullptr)
         return FocusKind::Button;
     if (qobject_cast<const LB_Slider *>(focus) != nullptr ||
+        qobject_cast<const LB_NavigationView *>(focus) != nullptr ||
         qobject_cast<const QTreeView *>(focus) != nullptr ||
         qobject_cast<const SegmentedControl *>(focus) != nullptr ||
         qobject_cast<const QMenu *>(focus) != nullptr ||
@@ -61,6 +64,7 @@ bool isHeldOnce(int key)
 
 TransportView::TransportView(QWidget *parent) : QWidget(parent)
 {
+    installAccessibleNavigation();
     setFocusPolicy(Qt::ClickFocus);
     qApp->installEventFilter(this);
 }

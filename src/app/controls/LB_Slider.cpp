@@ -282,13 +282,29 @@ void LB_Slider::wheelEvent(QWheelEvent *event)
     const int notches = m_wheelRest / wheelNotch;
     m_wheelRest -= notches * wheelNotch;
     if (notches != 0)
-        moveByUser(static_cast<double>(m_value) + notches * keyStep());
+        moveByUser(static_cast<double>(m_value) + notches * grain());
     event->accept();
+}
+
+double LB_Slider::grain() const
+{
+    return m_step > 0.0 ? m_step : (m_maxValue - m_minValue) / 100.0;
 }
 
 double LB_Slider::keyStep() const
 {
-    return m_step > 0.0 ? m_step : (m_maxValue - m_minValue) / 100.0;
+    return m_keyStep > 0.0 ? m_keyStep : grain();
+}
+
+double LB_Slider::pageStep() const
+{
+    return m_pageStep > 0.0 ? m_pageStep : 10.0 * keyStep();
+}
+
+void LB_Slider::setKeySteps(double arrow, double page)
+{
+    m_keyStep = arrow;
+    m_pageStep = page;
 }
 
 void LB_Slider::keyPressEvent(QKeyEvent *event)
@@ -304,10 +320,10 @@ void LB_Slider::keyPressEvent(QKeyEvent *event)
         moveByUser(value + keyStep());
         break;
     case Qt::Key_PageDown:
-        moveByUser(value - 10.0 * keyStep());
+        moveByUser(value - pageStep());
         break;
     case Qt::Key_PageUp:
-        moveByUser(value + 10.0 * keyStep());
+        moveByUser(value + pageStep());
         break;
     case Qt::Key_Home:
         moveByUser(m_minValue);

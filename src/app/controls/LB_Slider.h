@@ -33,6 +33,11 @@ public:
     double step() const { return m_step; }
     void setStep(double step);
 
+    /// What an arrow key moves by, and PageUp and PageDown; at first the grain, or a hundredth of
+    /// the range where there is none, and ten times that.
+    double keyStep() const;
+    void setKeySteps(double arrow, double page);
+
     /// The value a double-click goes to; none at first.
     void setDefaultValue(double value);
 
@@ -83,7 +88,8 @@ private:
     void take(double value);
     void stopGlide();
     double bounded(double value) const;
-    double keyStep() const;
+    double grain() const;
+    double pageStep() const;
     double valueAt(const QPointF &point) const;
     double travel() const;
 
@@ -91,6 +97,8 @@ private:
     double m_minValue = 0.0;
     double m_maxValue = 1.0;
     double m_step = 0.0;
+    double m_keyStep = 0.0;
+    double m_pageStep = 0.0;
     std::optional<double> m_defaultValue;
     float m_value = 0.0F;
     Clock m_clock;

@@ -117,11 +117,15 @@ void LB_TableRowView::drawInterior(QPainter &painter, const QStyleOptionViewItem
 
     const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
     if (!icon.isNull()) {
-        const QRect iconRect(area.left(), area.top() + (area.height() - iconSize) / 2, iconSize,
-                             iconSize);
+        const QRect iconRect = QStyle::visualRect(
+            option.direction, area,
+            QRect(area.left(), area.top() + (area.height() - iconSize) / 2, iconSize, iconSize));
         icon.paint(&painter, iconRect, Qt::AlignCenter,
                    emphasized ? QIcon::Selected : QIcon::Normal);
-        area.setLeft(iconRect.right() + 1 + iconGap);
+        if (option.direction == Qt::RightToLeft)
+            area.setRight(iconRect.left() - 1 - iconGap);
+        else
+            area.setLeft(iconRect.right() + 1 + iconGap);
     }
 
     const QVariant font = index.data(Qt::FontRole);
@@ -130,13 +134,15 @@ void LB_TableRowView::drawInterior(QPainter &painter, const QStyleOptionViewItem
     const QColor own = foreground.isValid() ? foreground.value<QBrush>().color() : Theme::text;
     painter.setPen(emphasized ? Theme::surface : own);
     const QVariant alignment = index.data(Qt::TextAlignmentRole);
-    const Qt::Alignment side =
-        alignment.isValid() ? Qt::Alignment(alignment.toInt()) : Qt::AlignLeft;
+    const Qt::Alignment side = QStyle::visualAlignment(
+        option.direction, alignment.isValid() ? Qt::Alignment(alignment.toInt()) : Qt::AlignLeft);
     const QString text = displayText(index.data(Qt::DisplayRole), option.locale);
     const QString line = painter.fontMetrics().elidedText(text, option.textElideMode, area.width(),
                                                           Qt::TextSingleLine);
-    painter.drawText(
-        area, int((side & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter) | Qt::TextSingleLine, line);
+    painter.drawText(area,
+                     int((side & Qt::AlignHorizontal_Mask) | Qt::AlignAbsolute | Qt::AlignVCenter) |
+                         Qt::TextSingleLine,
+                     line);
 }
 
 QSize LB_TableRowView::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const

@@ -73,6 +73,5 @@ QVariant SliderAccessible::minimumValue() const
 
 QVariant SliderAccessible::minimumStepSize() const
 {
-    const double range = slider()->maxValue() - slider()->minValue();
-    return slider()->step() > 0.0 ? slider()->step() : range / 100.0;
+    return slider()->keyStep();
 }

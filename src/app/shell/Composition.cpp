@@ -11,6 +11,7 @@
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/NamedImage.h"
+#include "platform/ui/TabOrder.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -40,6 +41,10 @@ Composition::Composition(std::unique_ptr<LB_AudioController> audio) : m_audio(st
     connectLists();
     connectEqualizer();
     connectMenu();
+    connectViewMenu();
+    buildContextMenus();
+    orderTabStops(&m_mainWindow);
+    orderTabStops(&m_eqWindow);
 }
 
 Composition::~Composition() = default;
@@ -257,7 +262,8 @@ void Composition::connectEqualizer()
                 &LB_EqualizerController::sliderValueChanged);
     for (NumberField *box : m_eq.boxes->findChildren<NumberField *>()) {
         connect(box, &NumberField::entered, &m_equalizer, &LB_EqualizerController::boxValueChanged);
-        connect(box, &QLineEdit::editingFinished, &m_equalizer,
+        // Tab goes on to the next box; Return leaves the boxes.
+        connect(box, &QLineEdit::returnPressed, &m_equalizer,
                 &LB_EqualizerController::controlTextDidEndEditing);
     }
     for (ButtonMatrix *steps : m_eq.stepControls->findChildren<ButtonMatrix *>())

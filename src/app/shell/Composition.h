@@ -54,6 +54,8 @@ private:
     void connectLists();
     void connectEqualizer();
     void connectMenu();
+    void connectViewMenu();
+    void buildContextMenus();
     void applyLooks();
     void updateMenu();
     void showEqualizer();

@@ -87,8 +87,12 @@ void Composition::applyLooks()
     m_main.seekForwardButton->setKeyEquivalent(Qt::Key_Right);
     m_main.playbackSpeedSlider->setDefaultValue(100.0);
     m_main.playbackPitchSlider->setDefaultValue(0.0);
-    for (LB_Slider *slider : m_eq.sliders->findChildren<LB_Slider *>())
+    m_main.playbackPitchSlider->setKeySteps(10.0, 100.0); // cents
+    m_main.outputVolumeSlider->setKeySteps(0.05, 0.2);
+    for (LB_Slider *slider : m_eq.sliders->findChildren<LB_Slider *>()) {
         slider->setDefaultValue(0.0);
+        slider->setKeySteps(1.0, 3.0); // decibels
+    }
 
     for (QLabel *label : {m_main.speedLabel, m_main.pitchLabel, m_main.volumeLabel})
         makeSecondary(label);

@@ -101,7 +101,7 @@ void Composition::updateMenu()
 {
     const bool loaded = m_audio->currentTrack() != nullptr;
     for (QAction *action : {m_menu->loop, m_menu->next, m_menu->previous, m_menu->saveSettings,
-                            m_menu->showCurrentSong})
+                            m_menu->showCurrentSong, m_menu->skipBack, m_menu->skipForward})
         action->setEnabled(loaded);
     m_menu->removeSettings->setEnabled(loaded && m_audio->currentTrack()->hasSettings);
 }

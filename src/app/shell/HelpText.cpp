@@ -15,6 +15,7 @@ QString keysHelpText()
     return HelpText::tr(
         "Space: play or pause\n"
         "Left, Right: click to go back or to the next song, hold to move through the song\n"
+        "Shift+Left, Shift+Right: 5 seconds back and forward\n"
         "L: mark the start of a loop, then its end, then clear it\n"
         "- and =: slower and faster; 0: normal speed\n"
         "[ and ]: a semitone down and up; \\: original pitch\n"
@@ -22,6 +23,9 @@ QString keysHelpText()
         "Return: play the selected song\n"
         "Ctrl+S: keep the speed and pitch of the song\n"
         "Ctrl+F: search\n"
+        "Ctrl+L, Ctrl+B: the list of songs, the playlists and folders\n"
+        "Delete, Insert: remove a folder or preset, add a preset\n"
+        "Tab and the arrow keys: every other control\n"
         "Ctrl+1, Ctrl+2: the main window, the equalizer");
 }
 

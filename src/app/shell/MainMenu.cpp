@@ -1,5 +1,7 @@
 #include "app/shell/MainMenu.h"
 
+#include "library/TrackTableModel.h"
+
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
@@ -9,9 +11,7 @@ namespace lyrabox {
 
 MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
 {
-    QMenuBar *bar = window->menuBar();
-
-    QMenu *file = bar->addMenu(tr("&File"));
+    QMenu *file = addMenu(tr("&File"));
     addFolder = add(file, tr("&Add Folder…"), {Qt::CTRL | Qt::Key_O});
     chooseMusicLibrary =
         add(file, tr("Choose &Music Library…"), {Qt::CTRL | Qt::SHIFT | Qt::Key_O});
@@ -19,13 +19,21 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     quit = add(file, tr("&Quit"), {Qt::CTRL | Qt::Key_Q});
     quit->setMenuRole(QAction::QuitRole);
 
-    QMenu *edit = bar->addMenu(tr("&Edit"));
+    QMenu *edit = addMenu(tr("&Edit"));
     find = add(edit, tr("&Search Songs"), {Qt::CTRL | Qt::Key_F});
 
-    QMenu *playback = bar->addMenu(tr("&Playback"));
+    QMenu *view = addMenu(tr("&View"));
+    songList = add(view, tr("Song &List"), {Qt::CTRL | Qt::Key_L});
+    sourceList = add(view, tr("Playlists and &Folders"), {Qt::CTRL | Qt::Key_B});
+    view->addSeparator();
+    addSortColumns(view);
+
+    QMenu *playback = addMenu(tr("&Playback"));
     playPause = add(playback, tr("&Play or Pause"), {Qt::Key_Space});
     next = add(playback, tr("&Next Song"), {Qt::CTRL | Qt::Key_Right});
     previous = add(playback, tr("P&revious Song"), {Qt::CTRL | Qt::Key_Left});
+    skipBack = add(playback, tr("&Back 5 Seconds"), {Qt::SHIFT | Qt::Key_Left});
+    skipForward = add(playback, tr("For&ward 5 Seconds"), {Qt::SHIFT | Qt::Key_Right});
     shuffle = add(playback, tr("S&huffle"), {Qt::CTRL | Qt::Key_R});
     shuffle->setCheckable(true);
     playback->addSeparator();
@@ -42,22 +50,25 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     volumeUp = add(playback, tr("Loud&er"), {Qt::CTRL | Qt::Key_Up});
     volumeDown = add(playback, tr("&Quieter"), {Qt::CTRL | Qt::Key_Down});
 
-    for (QAction *step : {faster, slower, pitchUp, pitchDown, volumeUp, volumeDown})
+    for (QAction *step :
+         {faster, slower, pitchUp, pitchDown, volumeUp, volumeDown, skipBack, skipForward})
         step->setAutoRepeat(true);
 
-    QMenu *song = bar->addMenu(tr("&Song"));
+    QMenu *song = addMenu(tr("&Song"));
     saveSettings = add(song, tr("&Keep Speed and Pitch"), {Qt::CTRL | Qt::Key_S});
     removeSettings = add(song, tr("&Forget Speed and Pitch"), {Qt::CTRL | Qt::SHIFT | Qt::Key_S});
     song->addSeparator();
     showCurrentSong = add(song, tr("&Show Playing Song"), {Qt::CTRL | Qt::Key_J});
 
-    QMenu *windows = bar->addMenu(tr("&Window"));
+    QMenu *windows = addMenu(tr("&Window"));
     mainWindow = add(windows, tr("&Lyrabox"), {Qt::CTRL | Qt::Key_1});
     mainWindow->setCheckable(true);
     eqWindow = add(windows, tr("&Equalizer"), {Qt::CTRL | Qt::Key_2});
     eqWindow->setCheckable(true);
+    windows->addSeparator();
+    closeWindow = add(windows, tr("&Close Window"), {Qt::CTRL | Qt::Key_W});
 
-    QMenu *help = bar->addMenu(tr("&Help"));
+    QMenu *help = addMenu(tr("&Help"));
     keys = add(help, tr("&Keys"), {QKeySequence::HelpContents});
     help->addSeparator();
     emailSupport = add(help, tr("&Email Support…"));
@@ -66,6 +77,35 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     help->addSeparator();
     about = add(help, tr("&About Lyrabox"));
     about->setMenuRole(QAction::AboutRole);
+}
+
+QMenu *MainMenu::addMenu(const QString &title)
+{
+    QMenu *menu = m_window->menuBar()->addMenu(title);
+    // Assistive programs know the menu itself by a name of its own.
+    menu->setAccessibleName(QString(title).remove(u'&'));
+    return menu;
+}
+
+void MainMenu::addSortColumns(QMenu *view)
+{
+    const QString title = tr("&Sort By");
+    QMenu *menu = view->addMenu(title);
+    menu->setAccessibleName(QString(title).remove(u'&'));
+    const auto addColumn = [&](int column, const QString &text) {
+        QAction *action = add(menu, text);
+        action->setCheckable(true);
+        action->setData(column);
+        sortColumns.append(action);
+    };
+    addColumn(TrackTableModel::IsPlaying, tr("&Playing"));
+    addColumn(TrackTableModel::Title, tr("&Title"));
+    addColumn(TrackTableModel::Artist, tr("&Artist"));
+    addColumn(TrackTableModel::Album, tr("A&lbum"));
+    addColumn(TrackTableModel::DurationSeconds, tr("T&ime"));
+    addColumn(TrackTableModel::HasSettings, tr("&Kept Speed and Pitch"));
+    menu->addSeparator();
+    reverseOrder = add(menu, tr("&Reverse Order"));
 }
 
 QAction *MainMenu::add(QMenu *menu, const QString &text, const QList<QKeySequence> &shortcuts)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 
 class QAction;
@@ -24,9 +25,18 @@ public:
 
     QAction *find;
 
+    QAction *songList;
+    QAction *sourceList;
+    /// In the order of the song table's columns, each with its column as data; the one that the
+    /// list is sorted by is checked.
+    QList<QAction *> sortColumns;
+    QAction *reverseOrder;
+
     QAction *playPause;
     QAction *next;
     QAction *previous;
+    QAction *skipBack;
+    QAction *skipForward;
     QAction *shuffle;
     QAction *loop;
     QAction *slower;
@@ -44,6 +54,7 @@ public:
 
     QAction *mainWindow;
     QAction *eqWindow;
+    QAction *closeWindow;
 
     QAction *keys;
     QAction *checkForUpdates;
@@ -52,6 +63,8 @@ public:
     QAction *about;
 
 private:
+    QMenu *addMenu(const QString &title);
+    void addSortColumns(QMenu *view);
     QAction *add(QMenu *menu, const QString &text, const QList<QKeySequence> &shortcuts = {});
 
     QMainWindow *m_window;

@@ -1,6 +1,7 @@
 #include "platform/ui/Accessibility.h"
 
 #include "platform/ui/SegmentedControl.h"
+#include "platform/ui/SplitView.h"
 #include "platform/ui/StateButton.h"
 
 #include <QAbstractButton>
@@ -19,6 +20,11 @@ SegmentedControl *segmentedControl(QObject *object)
     return qobject_cast<SegmentedControl *>(object);
 }
 
+SplitView *splitView(const QWidget *divider)
+{
+    return static_cast<SplitView *>(divider->parentWidget());
+}
+
 QAccessibleInterface *createInterface(const QString &className, QObject *object)
 {
     auto *widget = qobject_cast<QWidget *>(object);
@@ -35,6 +41,9 @@ QAccessibleInterface *createInterface(const QString &className, QObject *object)
         return new QAccessibleWidget(widget, QAccessible::Graphic);
     if (className == QLatin1String("lyrabox::Popover"))
         return new QAccessibleWidget(widget, QAccessible::Dialog);
+    if (qobject_cast<SplitView *>(widget->parent()) &&
+        widget->objectName() == QLatin1String("divider"))
+        return new DividerAccessible(widget);
     return nullptr;
 }
 
@@ -171,6 +180,37 @@ void SegmentAccessible::doAction(const QString &actionName)
 {
     if (isValid() && m_control->isEnabled() && actionName == pressAction())
         segmentedControl(m_control)->pressSegment(m_index);
+}
+
+DividerAccessible::DividerAccessible(QWidget *divider)
+    : QAccessibleWidget(divider, QAccessible::Splitter)
+{}
+
+void *DividerAccessible::interface_cast(QAccessible::InterfaceType type)
+{
+    if (type == QAccessible::ValueInterface)
+        return static_cast<QAccessibleValueInterface *>(this);
+    return QAccessibleWidget::interface_cast(type);
+}
+
+QVariant DividerAccessible::currentValue() const
+{
+    return splitView(widget())->dividerPosition();
+}
+
+void DividerAccessible::setCurrentValue(const QVariant &value)
+{
+    splitView(widget())->setDividerPosition(value.toDouble());
+}
+
+QVariant DividerAccessible::maximumValue() const
+{
+    return splitView(widget())->greatestDividerPosition();
+}
+
+QVariant DividerAccessible::minimumValue() const
+{
+    return splitView(widget())->leastDividerPosition();
 }
 
 void installAccessibleControls()

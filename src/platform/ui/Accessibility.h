@@ -62,6 +62,19 @@ private:
     int m_index;
 };
 
+/// The accessible face of a SplitView's divider: its value is the width of the first pane.
+class DividerAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
+public:
+    explicit DividerAccessible(QWidget *divider);
+
+    void *interface_cast(QAccessible::InterfaceType type) override;
+    QVariant currentValue() const override;
+    void setCurrentValue(const QVariant &value) override;
+    QVariant maximumValue() const override;
+    QVariant minimumValue() const override;
+    QVariant minimumStepSize() const override { return 1; }
+};
+
 /// Registers the accessible faces of this folder's controls; called by their constructors.
 void installAccessibleControls();
 

@@ -108,6 +108,7 @@ void NumberField::keyPressEvent(QKeyEvent *event)
         finishEdit();
         selectAll();
         event->accept();
+        Q_EMIT returnPressed();
         return;
     }
     if (event->key() == Qt::Key_Escape && m_edited) {

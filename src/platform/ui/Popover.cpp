@@ -5,8 +5,10 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -175,6 +177,9 @@ void Popover::showRelativeTo(QWidget *anchor, Edge preferredEdge)
     m_anchor = anchor;
     m_preferredEdge = preferredEdge;
     setParent(anchor->window());
+    // What the panel asks is what it is called.
+    const auto *question = m_contentView ? m_contentView->findChild<QLabel *>() : nullptr;
+    setAccessibleName(question ? question->text() : QString());
     m_shown = true;
     place();
     show();
@@ -235,12 +240,32 @@ void Popover::mousePressEvent(QMouseEvent *event)
 
 void Popover::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
         closePopover();
         return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // The content has had its turn, and may have closed the panel with it.
+        if (m_shown)
+            pressDefaultButton();
+        break;
+    default:
+        break;
     }
     // Keys that the content leaves are not the window's either.
     event->accept();
+}
+
+void Popover::pressDefaultButton()
+{
+    const QList<QPushButton *> buttons = findChildren<QPushButton *>();
+    for (QPushButton *button : buttons) {
+        if (button->isDefault() && button->isVisibleTo(this)) {
+            button->click();
+            return;
+        }
+    }
 }
 
 bool Popover::focusNextPrevChild(bool next)

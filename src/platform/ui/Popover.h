@@ -26,7 +26,9 @@ public:
     void setContentSize(const QSize &size);
 
     /// Shows the popover beside `anchor`, on `preferredEdge` where the window has room, else on the
-    /// opposite side. The first focusable control of the content takes the keyboard.
+    /// opposite side. The first focusable control of the content takes the keyboard. Tab stays
+    /// inside then, Return presses the content's default button and Escape closes. For assistive
+    /// programs the panel is called what its first label says.
     void showRelativeTo(QWidget *anchor, Edge preferredEdge);
 
     /// Hides it and gives the keyboard back to where it was.
@@ -47,6 +49,7 @@ protected:
 private:
     void layoutContent();
     void place();
+    void pressDefaultButton();
 
     QPointer<QWidget> m_contentView;
     QPointer<QWidget> m_anchor;

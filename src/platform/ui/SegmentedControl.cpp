@@ -69,8 +69,9 @@ QSize SegmentedControl::minimumSizeHint() const
 QRect SegmentedControl::segmentRect(int index) const
 {
     const int count = std::max(1, static_cast<int>(m_segments.size()));
-    const int left = width() * index / count;
-    return {left, 0, width() * (index + 1) / count - left, height()};
+    const int place = layoutDirection() == Qt::RightToLeft ? count - 1 - index : index;
+    const int left = width() * place / count;
+    return {left, 0, width() * (place + 1) / count - left, height()};
 }
 
 void SegmentedControl::paintEvent(QPaintEvent *)
@@ -90,7 +91,9 @@ void SegmentedControl::paintEvent(QPaintEvent *)
             filled.addRect(segment);
             painter.fillPath(box.intersected(filled), Theme::accent);
         } else if (index > 0 && index - 1 != m_selected) {
-            painter.fillRect(QRect(segment.left(), 1, 1, height() - 2), Theme::hairline);
+            const bool mirrored = layoutDirection() == Qt::RightToLeft;
+            painter.fillRect(QRect(mirrored ? segment.right() : segment.left(), 1, 1, height() - 2),
+                             Theme::hairline);
         }
         painter.setPen(selected ? Theme::surface : Theme::secondaryText);
         const QString title =
@@ -118,8 +121,11 @@ void SegmentedControl::mousePressEvent(QMouseEvent *event)
 
 void SegmentedControl::keyPressEvent(QKeyEvent *event)
 {
-    const bool back = event->key() == Qt::Key_Left || event->key() == Qt::Key_Up;
-    const bool forth = event->key() == Qt::Key_Right || event->key() == Qt::Key_Down;
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    const int backKey = mirrored ? Qt::Key_Right : Qt::Key_Left;
+    const int forthKey = mirrored ? Qt::Key_Left : Qt::Key_Right;
+    const bool back = event->key() == backKey || event->key() == Qt::Key_Up;
+    const bool forth = event->key() == forthKey || event->key() == Qt::Key_Down;
     if (!back && !forth) {
         QWidget::keyPressEvent(event);
         return;

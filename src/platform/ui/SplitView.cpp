@@ -1,5 +1,9 @@
 #include "platform/ui/SplitView.h"
 
+#include "platform/ui/Accessibility.h"
+#include "platform/ui/Theme.h"
+
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,6 +20,8 @@ constexpr int keyStep = 8;
 
 SplitView::SplitView(QWidget *parent) : QWidget(parent), m_handle(new QWidget(this))
 {
+    installAccessibleControls();
+    m_handle->setFocusPolicy(Qt::TabFocus);
     m_handle->setObjectName(QStringLiteral("divider"));
     m_handle->setAccessibleName(tr("Divider"));
     m_handle->setCursor(Qt::SplitHCursor);
@@ -33,7 +39,7 @@ void SplitView::setPanes(QWidget *left, QWidget *right)
     m_handle->raise();
     if (m_delegate != nullptr)
         m_delegate->splitViewResizeSubviewsWithOldSize(this, size());
-    placeHandle();
+    arrange();
 }
 
 void SplitView::setDelegate(SplitViewDelegate *delegate)
@@ -41,23 +47,50 @@ void SplitView::setDelegate(SplitViewDelegate *delegate)
     m_delegate = delegate;
 }
 
+double SplitView::leastDividerPosition() const
+{
+    return m_delegate != nullptr ? m_delegate->splitViewConstrainMinCoordinateOfSubviewAt(0.0, 0)
+                                 : 0.0;
+}
+
+double SplitView::greatestDividerPosition() const
+{
+    const double proposed = width() - dividerThickness;
+    const double greatest =
+        m_delegate != nullptr ? m_delegate->splitViewConstrainMaxCoordinateOfSubviewAt(proposed, 0)
+                              : proposed;
+    return std::max(leastDividerPosition(), greatest);
+}
+
 void SplitView::setDividerPosition(double position)
 {
     if (m_left == nullptr || m_right == nullptr)
         return;
-    double least = 0.0;
-    double greatest = width() - dividerThickness;
-    if (m_delegate != nullptr) {
-        least = m_delegate->splitViewConstrainMinCoordinateOfSubviewAt(least, 0);
-        greatest = m_delegate->splitViewConstrainMaxCoordinateOfSubviewAt(greatest, 0);
-    }
-    const int left = static_cast<int>(std::clamp(position, least, std::max(least, greatest)));
+    const int left =
+        static_cast<int>(std::clamp(position, leastDividerPosition(), greatestDividerPosition()));
     m_left->setGeometry(0, 0, left, height());
     m_right->setGeometry(left + dividerThickness, 0, std::max(0, width() - dividerThickness - left),
                          height());
-    placeHandle();
+    arrange();
     update();
     Q_EMIT dividerMoved(left);
+    QAccessibleValueChangeEvent event(m_handle, left);
+    QAccessible::updateAccessibility(&event);
+}
+
+void SplitView::arrange()
+{
+    if (m_left != nullptr && layoutDirection() == Qt::RightToLeft) {
+        m_left->move(width() - m_left->width(), 0);
+        m_right->move(0, 0);
+    }
+    const int handle = dividerPosition() - handleWidth / 2;
+    m_handle->setGeometry(mirrored(handle, handleWidth), 0, handleWidth, height());
+}
+
+int SplitView::mirrored(int x, int extent) const
+{
+    return layoutDirection() == Qt::RightToLeft ? width() - x - extent : x;
 }
 
 int SplitView::dividerPosition() const
@@ -77,18 +110,24 @@ void SplitView::resizeEvent(QResizeEvent *event)
 {
     if (m_delegate != nullptr && m_left != nullptr)
         m_delegate->splitViewResizeSubviewsWithOldSize(this, event->oldSize());
-    placeHandle();
+    arrange();
+}
+
+void SplitView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::LayoutDirectionChange || m_left == nullptr)
+        return;
+    m_left->move(0, 0);
+    m_right->move(dividerPosition() + dividerThickness, 0);
+    arrange();
 }
 
 void SplitView::paintEvent(QPaintEvent *)
 {
-    QPainter(this).fillRect(QRect(dividerPosition(), 0, dividerThickness, height()),
-                            palette().color(QPalette::Mid));
-}
-
-void SplitView::placeHandle()
-{
-    m_handle->setGeometry(dividerPosition() - handleWidth / 2, 0, handleWidth, height());
+    QPainter(this).fillRect(
+        QRect(mirrored(dividerPosition(), dividerThickness), 0, dividerThickness, height()),
+        palette().color(QPalette::Mid));
 }
 
 bool SplitView::eventFilter(QObject *watched, QEvent *event)
@@ -103,17 +142,40 @@ bool SplitView::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseMove: {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         if ((mouse->buttons() & Qt::LeftButton) != 0)
-            setDividerPosition(m_handle->mapToParent(mouse->position().toPoint()).x() -
-                               m_grabOffset);
+            setDividerPosition(
+                mirrored(m_handle->mapToParent(mouse->position().toPoint()).x() - m_grabOffset, 1));
         return true;
     }
     case QEvent::KeyPress: {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key != Qt::Key_Left && key != Qt::Key_Right)
+        const int forth = layoutDirection() == Qt::RightToLeft ? -keyStep : keyStep;
+        switch (static_cast<QKeyEvent *>(event)->key()) {
+        case Qt::Key_Left:
+            setDividerPosition(dividerPosition() - forth);
+            return true;
+        case Qt::Key_Right:
+            setDividerPosition(dividerPosition() + forth);
+            return true;
+        case Qt::Key_Home:
+            setDividerPosition(leastDividerPosition());
+            return true;
+        case Qt::Key_End:
+            setDividerPosition(greatestDividerPosition());
+            return true;
+        default:
             break;
-        setDividerPosition(dividerPosition() + (key == Qt::Key_Left ? -keyStep : keyStep));
-        return true;
+        }
+        break;
     }
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        m_handle->update();
+        break;
+    case QEvent::Paint:
+        if (m_handle->hasFocus()) {
+            QPainter painter(m_handle);
+            drawFocusRing(painter, m_handle->rect(), 2.0);
+        }
+        break;
     default:
         break;
     }

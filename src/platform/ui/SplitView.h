@@ -20,7 +20,8 @@ public:
 };
 
 /// Two panes side by side with a divider that the user drags, or moves with the arrow keys while it
-/// has the keyboard. The panes are children of the view.
+/// has the keyboard. The panes are children of the view. From right to left the first pane, "left"
+/// by name, stands on the right; positions and the delegate count from its outer edge all the same.
 class SplitView : public QWidget {
     Q_OBJECT
 
@@ -34,12 +35,18 @@ public:
     QWidget *leftPane() const { return m_left; }
     QWidget *rightPane() const { return m_right; }
 
+    /// What is dragged, and takes the keyboard by Tab.
+    QWidget *divider() const { return m_handle; }
+
     /// Not owned; lives as long as the view.
     void setDelegate(SplitViewDelegate *delegate);
 
     /// Moves the divider as a drag to that coordinate would.
     void setDividerPosition(double position);
+    /// The width of the first pane, in points.
     int dividerPosition() const;
+    double leastDividerPosition() const;
+    double greatestDividerPosition() const;
 
     QSize minimumSizeHint() const override;
 
@@ -48,11 +55,14 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void placeHandle();
+    /// Mirrors the panes where the layout is, and puts the handle over the divider.
+    void arrange();
+    int mirrored(int x, int extent) const;
 
     QWidget *m_left = nullptr;
     QWidget *m_right = nullptr;
