@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 #include <random>
@@ -39,17 +40,24 @@ protected:
     void SetUp() override { ASSERT_EQ(engine::buildAudioSystem(), status::noError); }
     ~SoundFaults() override { engine::tearDownAudioSystem(); }
 
-    /// Whether the tone of the samples is what a sink plays, soon.
+    /// The tone of the samples has to be what a sink plays, before ten seconds of it are over: a
+    /// machine that is busy tears holes into it.
     void expectTone(const QString &sink)
     {
         recorder = server.record(sink);
         const auto begin = recorder->waitForSound(0, 0.05, 15.0);
         ASSERT_GE(begin, 0) << "no sound on " << sink.toStdString();
-        // Clear of the fade and of what a server makes of the first moment of a stream.
-        const std::size_t from = static_cast<std::size_t>(begin) + frames(0.3);
-        ASSERT_TRUE(recorder->waitForSize(from + frames(0.5)));
-        EXPECT_NEAR(frequencyOf(recorder->samples(from, from + frames(0.5))), 440.0, 2.0)
-            << "on " << sink.toStdString();
+        double heard = 0.0;
+        for (int part = 0; part < 50; ++part) {
+            const std::size_t from =
+                static_cast<std::size_t>(begin) + static_cast<std::size_t>(part) * frames(0.2);
+            ASSERT_TRUE(recorder->waitForSize(from + frames(0.2)));
+            const std::vector<float> samples = recorder->samples(from, from + frames(0.2));
+            heard = peakOf(samples) > 0.05F ? frequencyOf(samples) : 0.0;
+            if (std::abs(heard - 440.0) <= 2.0)
+                return;
+        }
+        ADD_FAILURE() << "heard on " << sink.toStdString() << " is " << heard << " Hz";
     }
 
     PrivateSoundServer server;
