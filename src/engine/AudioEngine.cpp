@@ -102,6 +102,7 @@ void runOutput(bool running)
         control().runOnNextDevice = false;
         return;
     }
+    control().chain.timePitch->awaitReady();
     control().waitsForDevice = output->start() != status::noError;
     control().runOnNextDevice = true;
 }

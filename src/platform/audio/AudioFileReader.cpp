@@ -22,7 +22,13 @@ struct AudioFileReader::Private {
 };
 
 AudioFileReader::AudioFileReader() = default;
-AudioFileReader::~AudioFileReader() = default;
+AudioFileReader::~AudioFileReader()
+{
+    const bool hadThreads = d && d->hasSamples;
+    d.reset();
+    if (hadThreads)
+        giveBackFreedMemory(); // the heaps of threads that have ended
+}
 
 namespace {
 

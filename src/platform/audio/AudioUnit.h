@@ -78,6 +78,10 @@ public:
 
     /// Set once, before the chain renders; the source is not owned and must outlive the unit.
     virtual Status connect(RenderingUnit *source) = 0;
+
+    /// Blocks until render() gives more than silence: initialize() may leave work to a thread of the
+    /// unit's own. Once, before the output is started.
+    virtual void awaitReady() {}
 };
 
 /// The output device. It pulls its source on a thread of its own, the audio callback thread.

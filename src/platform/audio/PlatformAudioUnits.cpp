@@ -9,7 +9,7 @@ namespace lyrabox {
 AudioUnitFactory platformAudioUnits()
 {
     return {.equalizer = [] { return std::make_unique<GraphicEqualizer>(); },
-            .timePitch = [] { return std::make_unique<TimePitch>(); },
+            .timePitch = [] { return std::make_unique<TimePitch>(TimePitch::WarmUp::Beside); },
             .output = [] { return std::make_unique<CubebOutput>(); },
             .defaultOutputWatcher = [] { return std::make_unique<PulseDefaultOutputWatcher>(); }};
 }

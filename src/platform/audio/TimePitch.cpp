@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <system_error>
 
 namespace lyrabox {
 
@@ -30,8 +31,26 @@ Status TimePitch::initialize()
     m_cover.allocate();
     m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
     m_resetRequested.store(true, std::memory_order_release);
-    m_initialized = true;
+    const auto warmUp = [this] {
+        m_stretcher.warmUp();
+        m_ready.store(true, std::memory_order_release);
+    };
+    if (m_warmUp == WarmUp::Beside) {
+        try {
+            m_warmingUp = std::async(std::launch::async, warmUp);
+            return status::noError;
+        } catch (const std::system_error &) {
+            // No thread to be had.
+        }
+    }
+    warmUp();
     return status::noError;
+}
+
+void TimePitch::awaitReady()
+{
+    if (m_warmingUp.valid())
+        m_warmingUp.wait();
 }
 
 float TimePitch::parameter(std::uint32_t id) const
@@ -85,7 +104,8 @@ double TimePitch::latencyFrames() const noexcept
 void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
 {
     const std::uint32_t channels = std::min(ioData.mNumberBuffers, maximumChannels);
-    if (!m_initialized || m_source == nullptr || channels != maximumChannels) {
+    if (!m_ready.load(std::memory_order_acquire) || m_source == nullptr ||
+        channels != maximumChannels) {
         for (std::uint32_t i = 0; i < channels; ++i)
             std::fill_n(static_cast<float *>(ioData.mBuffers[i].mData), frames, 0.0F);
         return;

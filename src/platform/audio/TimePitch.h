@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <future>
 #include <vector>
 
 namespace lyrabox {
@@ -46,9 +47,14 @@ public:
     /// Over which the cover goes over into the stretcher.
     static constexpr std::uint32_t uncoverFrames = 512;
 
-    TimePitch() = default;
+    /// Beside: initialize() leaves the stretcher's warming-up, a tenth of a second, to a thread;
+    /// until it is done render() gives silence.
+    enum class WarmUp { AtOnce, Beside };
+
+    explicit TimePitch(WarmUp warmUp = WarmUp::AtOnce) : m_warmUp(warmUp) {}
 
     Status initialize() override;
+    void awaitReady() override;
     float parameter(std::uint32_t id) const override;
     Status setParameter(std::uint32_t id, float value) override;
     void reset() override;
@@ -91,7 +97,7 @@ private:
 
     // Set up on the control side before the chain renders, then the callback thread's.
     RenderingUnit *m_source = nullptr;
-    bool m_initialized = false;
+    std::atomic<bool> m_ready{false};
     TimePitchHistory m_history;
     TimePitchStretcher m_stretcher;
     TimePitchCover m_cover;
@@ -108,6 +114,9 @@ private:
     std::uint32_t m_progress = 0;  ///< frames since the change began, or settled at rate 1
     std::uint32_t m_discarded = 0; ///< of the stretcher's lead-in
     std::uint32_t m_fadeInLeft = 0;
+
+    WarmUp m_warmUp;
+    std::future<void> m_warmingUp; ///< waited for before anything that it uses goes
 };
 
 } // namespace lyrabox

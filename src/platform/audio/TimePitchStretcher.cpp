@@ -32,12 +32,16 @@ Status TimePitchStretcher::initialize()
     m_engine->setMaxProcessSize(maximumFeed);
     m_mid.assign(maximumFeed, 0.0F);
     m_side.assign(maximumFeed, 0.0F);
-    warmUp();
-    m_resamplerDelay = measureResamplerDelay();
     return status::noError;
 }
 
-void TimePitchStretcher::warmUp() noexcept
+void TimePitchStretcher::warmUp()
+{
+    meetExtremes();
+    m_resamplerDelay = measureResamplerDelay();
+}
+
+void TimePitchStretcher::meetExtremes() noexcept
 {
     // The resampler keeps two sets of tables and changes between them when the ratio does, or
     // starts anew. Both must have met the longest filter, that of the lowest ratio, and the most

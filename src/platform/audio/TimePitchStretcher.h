@@ -16,8 +16,8 @@ namespace lyrabox {
 
 /// Stretches time and shifts pitch of a two-channel signal at 44,100 Hz. Rubber Band's R3 engine,
 /// fed with mid and side: it treats the phases of its channels apart, and the ear forgives a
-/// wandering side much sooner than a wandering balance. Callback thread, save initialize(): no
-/// allocation, no lock.
+/// wandering side much sooner than a wandering balance. Callback thread, save initialize() and
+/// warmUp(): no allocation, no lock.
 ///
 /// The engine works in hops. One hop reads a window of windowFrames() source frames, of which the
 /// next hop skips as many as framesRequired() then says, and delivers a batch of output.
@@ -28,9 +28,12 @@ public:
     TimePitchStretcher(const TimePitchStretcher &) = delete;
     TimePitchStretcher &operator=(const TimePitchStretcher &) = delete;
 
-    /// Allocates, and runs the engine once over its range, since the resampler's tables grow when a
-    /// ratio is first used. Returns unspecified when the library has not the engine wanted.
+    /// Allocates. Returns unspecified when the library has not the engine wanted.
     Status initialize();
+
+    /// Runs the engine once over its range, since the resampler's tables grow when a ratio is first
+    /// used. A tenth of a second; once, after initialize() and before anything else.
+    void warmUp();
 
     /// `speed` 0.1 to 2.0. From the next hop on.
     void setRatios(double speed, PitchRatio pitch) noexcept;
@@ -69,7 +72,7 @@ public:
 
 private:
     double attackLead() const noexcept;
-    void warmUp() noexcept;
+    void meetExtremes() noexcept;
     std::uint32_t measureResamplerDelay();
     void run(std::uint32_t outputFrames) noexcept;
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <thread>
 
+#include <malloc.h>
 #include <sched.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -27,6 +28,13 @@ void expectToBeFilled(void *start, std::size_t bytes)
     const std::uintptr_t end = (address + bytes) / page * page;
     if (end > first)
         madvise(reinterpret_cast<void *>(first), end - first, MADV_HUGEPAGE);
+}
+
+void giveBackFreedMemory()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 } // namespace lyrabox

@@ -13,4 +13,8 @@ unsigned processorCount();
 /// the kernel has no such pages. Any thread.
 void expectToBeFilled(void *start, std::size_t bytes);
 
+/// Gives freed memory that the allocator keeps for later back to the system. After work that took
+/// much of it. Any thread.
+void giveBackFreedMemory();
+
 } // namespace lyrabox
