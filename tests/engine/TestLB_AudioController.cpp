@@ -1,16 +1,13 @@
 #include "engine/AudioControllerFixture.h"
-
-#include "platform/foundation/NotificationCenter.h"
-#include "platform/foundation/Notifications.h"
-#include "platform/foundation/UserDefaults.h"
 #include "platform/ui/Theme.h"
+
+#include "platform/foundation/UserDefaults.h"
 
 #include <gmock/gmock.h>
 
 #include <QApplication>
 #include <QBuffer>
 #include <QMessageBox>
-#include <QTest>
 #include <QTimer>
 
 #include <limits>

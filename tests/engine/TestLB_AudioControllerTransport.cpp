@@ -2,15 +2,11 @@
 
 #include "engine/AudioControllerFixture.h"
 
-#include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QTest>
-
-#include <limits>
 
 namespace lyrabox::test {
 namespace {

@@ -5,14 +5,12 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTimeZone>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <plist/plist.h>
 
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <random>
 
 using namespace lyrabox;

@@ -1,13 +1,8 @@
 #include "platform/foundation/PropertyListFormats.h"
 #include "platform/foundation/PropertyListSamples.h"
 
-#include <QTimeZone>
+#include <gtest/gtest.h>
 
-#include <gmock/gmock.h>
-
-#include <bit>
-#include <cmath>
-#include <limits>
 #include <random>
 
 using namespace lyrabox;
