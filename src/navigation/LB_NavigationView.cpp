@@ -264,6 +264,7 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
     if (hasFocus())
         lyrabox::drawFocusRing(painter, layerBounds(), lyrabox::Theme::radius);
 
+    painter.setLayoutDirection(Qt::LeftToRight); // as time runs
     painter.setPen(Qt::white);
     QFont textFont = font();
     textFont.setPixelSize(textPixels);

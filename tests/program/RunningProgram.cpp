@@ -200,6 +200,8 @@ QProcessEnvironment RunningProgram::environment() const
     environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"disabled:"_s);
     environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     environment.remove(u"WAYLAND_DISPLAY"_s);
+    for (auto variable = m_variables.cbegin(); variable != m_variables.cend(); ++variable)
+        environment.insert(variable.key(), variable.value());
     return environment;
 }
 

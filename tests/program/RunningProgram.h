@@ -4,6 +4,7 @@
 #include "program/VirtualDisplay.h"
 #include "support/PrivateSoundServer.h"
 
+#include <QHash>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
@@ -37,6 +38,9 @@ protected:
     /// A song in that folder whose tone rises every second: second n is heard at stepFrequency(n).
     void addStepSong(const QString &folder, const QString &title, int seconds);
     static double stepFrequency(double second) { return 400.0 + 50.0 * second; }
+
+    /// Before a start: an environment variable of the program's.
+    void setVariable(const QString &name, const QString &value) { m_variables.insert(name, value); }
 
     /// Starts the program and waits for its window, which it then puts to its place unless
     /// `size` says that its own is of interest.
@@ -105,6 +109,7 @@ private:
     std::vector<float> lastSamples() const;
 
     QTemporaryDir m_home;
+    QHash<QString, QString> m_variables;
     QProcess m_program;
     QString m_window;
     QRect m_frame;

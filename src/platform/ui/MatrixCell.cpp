@@ -54,12 +54,15 @@ void MatrixCell::paintEvent(QPaintEvent *)
     // The box reaches past the cell where it is joined to a neighbour, so that only the row's ends
     // are round.
     QRectF box = rect();
-    if (!m_first)
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    const bool isLeftEnd = mirrored ? m_last : m_first;
+    const bool isRightEnd = mirrored ? m_first : m_last;
+    if (!isLeftEnd)
         box.setLeft(box.left() - 2.0 * Theme::radius);
-    if (!m_last)
+    if (!isRightEnd)
         box.setRight(box.right() + 2.0 * Theme::radius);
     drawControlBox(painter, box, Theme::radius, isDown());
-    if (!m_first)
+    if (!isLeftEnd)
         painter.fillRect(QRectF(0.0, 1.0, 1.0, height() - 2.0), Theme::hairline);
     if (!isEnabled())
         painter.setOpacity(dimmedOpacity);
