@@ -68,6 +68,9 @@ public:
     /// pending. Any thread.
     double latencyFrames() const noexcept;
 
+    /// The stretcher's hops so far, which are nearly all that rendering costs. Callback thread.
+    std::uint64_t hops() const noexcept { return m_stretcher.hops(); }
+
 private:
     enum class State { passing, leaving, covering, stretching, returning };
 

@@ -94,16 +94,58 @@ std::int64_t TimePitchCover::bestStart(const TimePitchHistory &song,
     return best;
 }
 
+/// The first frame from `first` on, and before `last`, where the song is suddenly louder; `last` if
+/// there is none.
+std::int64_t TimePitchCover::attackBetween(const TimePitchHistory &song, std::int64_t first,
+                                           std::int64_t last) noexcept
+{
+    constexpr std::int64_t block = 32;
+    constexpr std::size_t remembered = 8; // half a period of every tone from 86 Hz on
+    std::array<float, remembered> before{};
+    std::size_t blocks = 0;
+    const auto context = static_cast<std::int64_t>(remembered) * block;
+    for (std::int64_t at = std::max<std::int64_t>(first - context, 0); at < last; at += block) {
+        float energy = 1e-6F;
+        for (std::int64_t frame = at; frame < at + block; ++frame) {
+            const float mid = song.left(frame) + song.right(frame);
+            energy += mid * mid;
+        }
+        const float loudest = *std::max_element(before.begin(), before.end());
+        if (at >= first && blocks > 0 && energy > 4.0F * loudest)
+            return at;
+        before[blocks++ % remembered] = energy;
+    }
+    return last;
+}
+
+/// Where the next piece starts: in time and in tune with the piece before, but so that no attack
+/// falls between the two, and none is heard in both.
+std::int64_t TimePitchCover::nextStart(const TimePitchHistory &song) const noexcept
+{
+    constexpr std::int64_t longestLead = 640;
+    // The middle of the piece is to be heard in time.
+    const double half = 0.5 * static_cast<double>(m_piece);
+    const std::int64_t ideal =
+        std::llround(m_songStep * (static_cast<double>(m_end) + half) - half);
+    const std::int64_t start = bestStart(song, ideal);
+    const std::int64_t middle = m_overlap / 2;
+    if (start < m_previous) {
+        const std::int64_t last = m_previous + middle;
+        const bool repeats = attackBetween(song, start + middle, last) < last;
+        return repeats && m_previous < ideal + longestLead ? m_previous : start;
+    }
+    const std::int64_t last = start + m_overlap;
+    const std::int64_t attack = attackBetween(song, m_previous + middle, last);
+    return attack < last ? std::max(attack - m_overlap, m_previous) : start;
+}
+
 void TimePitchCover::stretchUpTo(const TimePitchHistory &song, std::int64_t end) noexcept
 {
     for (; m_end < end; ++m_end) {
         if (m_end == m_pieceStart + m_piece) {
             m_previous = m_current + m_piece;
             m_pieceStart = m_end;
-            // The middle of the piece is to be heard in time.
-            const double half = 0.5 * static_cast<double>(m_piece);
-            m_current = bestStart(
-                song, std::llround(m_songStep * (static_cast<double>(m_end) + half) - half));
+            m_current = nextStart(song);
         }
         const std::int64_t into = m_end - m_pieceStart;
         const std::int64_t frame = std::abs(m_current + into); // before the start, its mirror image

@@ -34,6 +34,9 @@ private:
 
     std::int64_t kernelReach() const noexcept;
     std::int64_t bestStart(const TimePitchHistory &song, std::int64_t ideal) const noexcept;
+    std::int64_t nextStart(const TimePitchHistory &song) const noexcept;
+    static std::int64_t attackBetween(const TimePitchHistory &song, std::int64_t first,
+                                      std::int64_t last) noexcept;
     void stretchUpTo(const TimePitchHistory &song, std::int64_t end) noexcept;
     void interpolate(double at, float &left, float &right) const noexcept;
 

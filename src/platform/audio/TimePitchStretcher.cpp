@@ -178,6 +178,7 @@ void TimePitchStretcher::feed(const float *left, const float *right, std::uint32
     if (m_engine->available() > 0) {
         m_fedAtHop = m_fed;
         m_taken = 0;
+        ++m_hops;
     }
 }
 
