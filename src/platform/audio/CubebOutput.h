@@ -24,7 +24,7 @@ public:
     /// servers ask for a quarter of it at a time, which leaves 26 ms for a pull; a stretcher that
     /// starts anew after a seek needs up to two thirds of that. More would make the position shown
     /// run too far ahead of what is heard: at double speed a frame held here is two frames of song.
-    static constexpr std::uint32_t preferredLatencyFrames = 1536;
+    static constexpr std::uint32_t preferredLatencyFrames = 1152;
 
     CubebOutput() = default;
     ~CubebOutput() override;
