@@ -20,11 +20,11 @@ namespace lyrabox {
 /// which remembers stream volumes, is left to the user.
 class CubebOutput : public OutputUnit {
 public:
-    /// What the device holds between a pull and the ear, unless it insists on more: 26 ms. Sound
+    /// What the device holds between a pull and the ear, unless it insists on more: 35 ms. Sound
     /// servers ask for a quarter of it at a time, or twice that, so what is still held when they
     /// ask lasts at least as long again as what they ask for. More would make the position shown
     /// run too far ahead of what is heard: at double speed a frame held here is two frames of song.
-    static constexpr std::uint32_t preferredLatencyFrames = 1152;
+    static constexpr std::uint32_t preferredLatencyFrames = 1536;
 
     CubebOutput() = default;
     ~CubebOutput() override;
