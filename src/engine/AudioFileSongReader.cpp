@@ -24,6 +24,11 @@ public:
     {
         return m_reader.estimatedFrames();
     }
+    bool isEstimateSure() const override { return m_reader.isEstimateSure(); }
+    std::optional<std::uint64_t> countedFrames(std::uint64_t most) const override
+    {
+        return m_reader.countedFrames(most);
+    }
     QByteArray albumArtwork() const override { return m_reader.albumArtwork(); }
 
 private:

@@ -112,19 +112,24 @@ private:
     std::uint64_t m_decoded = 0;
 };
 
-/// Whether the song fits as far as its container tells its length. The song it replaces makes room
-/// for it.
+/// Whether the song fits. The song it replaces makes room for it. Where the container does not tell
+/// the length, or tells one that the song is refused for, its packets are counted.
 bool songFits(const SongReader &reader, const AudioStreamBasicDescription &format)
 {
-    const std::optional<std::uint64_t> frames = reader.estimatedFrames();
-    if (!frames)
-        return true;
+    // Between the most and the least bits per second that an MP3 spends lie forty times.
+    constexpr std::uint64_t worstGuess = 40;
     const std::uint64_t bytesPerFrame =
         std::max<std::uint64_t>(std::uint64_t{format.mBytesPerFrame} * format.mChannelsPerFrame, 1);
     const std::uint64_t available = availableMemory();
     const std::uint64_t returned = totalFrames() * bytesPerFrame;
-    return *frames <=
-           (available > unlimited - returned ? unlimited : available + returned) / bytesPerFrame;
+    const std::uint64_t room =
+        (available > unlimited - returned ? unlimited : available + returned) / bytesPerFrame;
+    const std::optional<std::uint64_t> estimate = reader.estimatedFrames();
+    if (estimate && *estimate <= room / (reader.isEstimateSure() ? 1 : worstGuess))
+        return true;
+    if (const auto counted = reader.countedFrames(room + 1))
+        return *counted <= room;
+    return !estimate || *estimate <= room;
 }
 
 } // namespace

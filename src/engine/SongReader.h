@@ -28,6 +28,11 @@ public:
     virtual Status setClientDataFormat(const AudioStreamBasicDescription &format) = 0;
     virtual Status read(std::uint32_t &frames, AudioBufferList &list) = 0;
     virtual std::optional<std::uint64_t> estimatedFrames() const = 0;
+    virtual bool isEstimateSure() const { return true; }
+    virtual std::optional<std::uint64_t> countedFrames(std::uint64_t /*most*/) const
+    {
+        return std::nullopt;
+    }
     virtual QByteArray albumArtwork() const = 0;
 };
 

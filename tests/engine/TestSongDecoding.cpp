@@ -1,6 +1,11 @@
 #include "EngineFixture.h"
+#include "support/SampleAudio.h"
+
+#include <QFile>
 
 #include <cstdint>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox::test {
 namespace {
@@ -152,6 +157,70 @@ TEST_F(SongDecoding, AnEstimateThatOverflowsIsRefused)
         song->estimatedFrames = frames;
         EXPECT_EQ(loadSong(1000), status::notEnoughMemory) << frames;
     }
+}
+
+TEST_F(SongDecoding, ASongIsNotRefusedForALengthThatItsPacketsBelie)
+{
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{10000000}; });
+    song->estimatedFrames = 5000000;
+    song->countedFrames = 1000;
+    EXPECT_EQ(loadSong(1000), 0);
+    song->countedFrames = 4000000;
+    EXPECT_EQ(loadSong(4000000), status::notEnoughMemory);
+    song->countedFrames.reset(); // cannot be counted
+    EXPECT_EQ(loadSong(1000), status::notEnoughMemory);
+}
+
+TEST_F(SongDecoding, ALengthThatIsOnlyGuessedIsCountedWhereItMatters)
+{
+    loadSong(10);
+    song->calls.clear();
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{8000000}; }); // 1,000,000 frames
+    song->estimateIsSure = false;
+    song->estimatedFrames = 100000;
+    song->countedFrames = 2000000;
+    EXPECT_EQ(loadSong(2000000), status::notEnoughMemory);
+    EXPECT_THAT(song->calls, Not(Contains(StartsWith("read"))));
+
+    song->estimatedFrames = 1000; // however wrong it is, it fits
+    song->calls.clear();
+    EXPECT_EQ(loadSong(1000), 0);
+    EXPECT_THAT(song->calls, Not(Contains("count")));
+}
+
+TEST_F(SongDecoding, WhereTheContainerTellsNoLengthItIsCounted)
+{
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{8000000}; });
+    song->estimateIsKnown = false;
+    song->countedFrames = 2000000;
+    EXPECT_EQ(loadSong(2000000), status::notEnoughMemory);
+    EXPECT_THAT(song->calls, Not(Contains(StartsWith("read"))));
+    song->countedFrames = 1000;
+    EXPECT_EQ(loadSong(1000), 0);
+}
+
+TEST_F(SongDecoding, JunkInAnMp3DoesNotMakeItTooLong)
+{
+    const QString path = test::sampleFolder() + u"/junk.mp3"_s;
+    const QString sound =
+        test::sampleFile({.extension = u"mp3"_s,
+                          .seconds = 4.0,
+                          .options = {u"-write_xing"_s, u"0"_s, u"-b:a"_s, u"128k"_s}});
+    QFile source(sound);
+    ASSERT_TRUE(source.open(QIODevice::ReadOnly));
+    const QByteArray bytes = source.readAll();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes + QByteArray(12 << 20, '\0') + bytes);
+    file.close();
+    engine::setSongReaderFactory({}); // the program's own
+    // Eight seconds take 2.8 MB; by its size the file would be thirteen minutes long.
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{40000000}; });
+    EXPECT_EQ(engine::loadAudioFile(QUrl::fromLocalFile(path)), 0);
+    EXPECT_NEAR(static_cast<double>(engine::totalFrames()), 8.0 * 44100, 5000.0);
+    engine::emptyAudioBuffers();
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{2000000}; });
+    EXPECT_EQ(engine::loadAudioFile(QUrl::fromLocalFile(path)), status::notEnoughMemory);
 }
 
 TEST_F(SongDecoding, MemoryThatRunsOutWhileReadingLeavesTheEngineEmpty)

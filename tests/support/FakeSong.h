@@ -17,6 +17,8 @@ struct FakeSong {
     std::uint64_t frames = 441000;
     std::optional<std::uint64_t> estimatedFrames; ///< `frames` when empty and estimateIsKnown
     bool estimateIsKnown = true;
+    bool estimateIsSure = true;
+    std::optional<std::uint64_t> countedFrames;
     QByteArray artwork;
     Status openStatus = 0;
     Status fileDataFormatStatus = 0;
@@ -90,6 +92,13 @@ inline engine::SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong>
             if (!m_song->estimateIsKnown)
                 return std::nullopt;
             return m_song->estimatedFrames.value_or(m_song->frames);
+        }
+        bool isEstimateSure() const override { return m_song->estimateIsSure; }
+        std::optional<std::uint64_t> countedFrames(std::uint64_t most) const override
+        {
+            m_song->calls.emplace_back("count");
+            return m_song->countedFrames ? std::optional(std::min(*m_song->countedFrames, most))
+                                         : std::nullopt;
         }
         QByteArray albumArtwork() const override { return m_song->artwork; }
 

@@ -2,6 +2,7 @@
 
 #include "platform/audio/AudioFileReaderConverter.h"
 #include "platform/audio/AudioFileReaderDecoder.h"
+#include "platform/audio/AudioFileReaderPackets.h"
 #include "platform/audio/AudioFileReaderTags.h"
 #include "platform/foundation/Machine.h"
 
@@ -15,6 +16,7 @@ struct AudioFileReader::Private {
     AudioFileReaderContainer container;
     AudioFileReaderDecoder decoder; ///< reads from the container, so it goes first
     AudioFileReaderConverter converter;
+    QString path;
     AudioStreamBasicDescription client = canonicalStreamFormat();
     bool hasSamples = false;
     bool ended = false;
@@ -55,6 +57,7 @@ Status AudioFileReader::open(const QString &path, Depth depth)
     d.reset();
     const Status result = withoutExceptions([&] {
         d = std::make_unique<Private>();
+        d->path = path;
         const Status opened = d->container.open(path);
         if (opened != status::noError || depth == Depth::Tags)
             return opened;
@@ -142,6 +145,24 @@ std::optional<std::uint64_t> AudioFileReader::estimatedFrames() const
     if (!seconds || *seconds * d->client.mSampleRate > 9.0e15)
         return std::nullopt;
     return static_cast<std::uint64_t>(std::ceil(*seconds * d->client.mSampleRate));
+}
+
+bool AudioFileReader::isEstimateSure() const
+{
+    return d && !d->container.isDurationGuessed();
+}
+
+std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t most) const
+{
+    std::optional<std::uint64_t> counted;
+    withoutExceptions([&] {
+        AudioFileReaderContainer container; // the other one goes on from where it is
+        const Status opened = d ? container.open(d->path) : status::unspecified;
+        if (opened == status::noError)
+            counted = countFrames(container, d->client.mSampleRate, most);
+        return opened;
+    });
+    return counted;
 }
 
 QByteArray AudioFileReader::albumArtwork() const

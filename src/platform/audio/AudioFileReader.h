@@ -46,6 +46,15 @@ public:
     /// Frames in the client format as far as the container tells; none when it does not.
     std::optional<std::uint64_t> estimatedFrames() const;
 
+    /// False where the estimate is a guess from the file's size, which whatever else lies in the
+    /// file makes too large and a changing bit rate wrong either way.
+    bool isEstimateSure() const;
+
+    /// Frames in the client format, counted packet by packet without decoding; counting ends once
+    /// they are `most` or more. None where packets do not tell how long they are. Reads the file
+    /// anew: about a second for a gigabyte.
+    std::optional<std::uint64_t> countedFrames(std::uint64_t most) const;
+
     /// The embedded artwork as the file stores it; empty when there is none or it is unreasonably
     /// large.
     QByteArray albumArtwork() const;

@@ -22,6 +22,12 @@ public:
     /// file's size belies.
     std::optional<double> duration() const;
 
+    /// Whether the length was reckoned from the file's size and the bit rate of its beginning.
+    bool isDurationGuessed() const
+    {
+        return m_context->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE;
+    }
+
 private:
     Status probe(const QString &path);
     Status openContext();

@@ -1,5 +1,7 @@
 #include "platform/audio/AudioFileReaderPackets.h"
 
+#include <cmath>
+
 namespace lyrabox {
 
 namespace {
@@ -27,6 +29,32 @@ bool AudioFileReaderPackets::next(AVPacket &packet)
             return true;
         }
     }
+}
+
+std::optional<std::uint64_t> countFrames(AudioFileReaderContainer &container, double rate,
+                                         std::uint64_t most)
+{
+    AudioFileReaderPackets packets(container);
+    const AvPointer<AVPacket> packet(av_packet_alloc());
+    if (!packet)
+        return std::nullopt;
+    AVCodecParameters *parameters = container.stream()->codecpar;
+    const double unit = av_q2d(container.stream()->time_base);
+    double seconds = 0.0;
+    while (packets.next(*packet)) {
+        container.input().progress();
+        if (packet->duration > 0) {
+            seconds += static_cast<double>(packet->duration) * unit;
+        } else {
+            const int frames = av_get_audio_frame_duration2(parameters, packet->size);
+            if (frames <= 0 || parameters->sample_rate <= 0)
+                return std::nullopt;
+            seconds += static_cast<double>(frames) / parameters->sample_rate;
+        }
+        if (seconds * rate >= static_cast<double>(most))
+            return most;
+    }
+    return static_cast<std::uint64_t>(std::ceil(seconds * rate));
 }
 
 AvPointer<AVCodecContext> openCodec(const AVCodec *codec, const AVCodecParameters &parameters,

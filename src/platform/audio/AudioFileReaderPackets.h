@@ -29,4 +29,9 @@ private:
 AvPointer<AVCodecContext> openCodec(const AVCodec *codec, const AVCodecParameters &parameters,
                                     AVRational timeBase, Status &result);
 
+/// How long the packets of a container that was just opened are together, in frames of `rate`; see
+/// AudioFileReader::countedFrames().
+std::optional<std::uint64_t> countFrames(AudioFileReaderContainer &container, double rate,
+                                         std::uint64_t most);
+
 } // namespace lyrabox
