@@ -5,6 +5,9 @@
 #include "support/SampleAudio.h"
 
 #include <QDir>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
 
 #include <atomic>
 #include <sys/stat.h>
@@ -34,6 +37,43 @@ TrackRecord recordFromFile(const QMap<QString, QString> &information, const QUrl
 ProgressPacer silent()
 {
     return {{}, progressClock, 0};
+}
+
+TEST(TrackImport, ASongMayHaveAnyNameThatIsText)
+{
+    const QTemporaryDir folder;
+    const QString sample = sampleFile({.extension = u"flac"_s, .seconds = 0.1});
+    const QStringList names = {u"<b>bold<br> & co.flac"_s,
+                               u"line\nbreak\tand tab.flac"_s,
+                               u"\u202Eright to left\u202C \u05E9\u05DC\u05D5\u05DD.flac"_s,
+                               u"e\u0301 and \u00E9.flac"_s,
+                               u"100% #1 ? [a] {b} \\ \".flac"_s,
+                               u"%41%00.flac"_s,
+                               u"-i.flac"_s,
+                               u" .flac"_s,
+                               QString(250, u'x') + u".flac"_s};
+    for (const QString &name : names)
+        ASSERT_TRUE(QFile::copy(sample, folder.filePath(name))) << qPrintable(name);
+    QStringList found;
+    for (const files::Entry &entry : files::shallowEntries(folder.path())) {
+        const std::optional<OpenedAudioFile> opened = openAudioFile(entry.path);
+        ASSERT_TRUE(opened) << qPrintable(entry.path);
+        const QUrl url = QUrl::fromLocalFile(entry.path);
+        EXPECT_EQ(url.toLocalFile(), entry.path);
+        found.append(recordFromFile(opened->information, url).title.value_or(QString()));
+    }
+    EXPECT_THAT(found, testing::UnorderedElementsAreArray(names));
+}
+
+TEST(TrackImport, ANameThatIsNoTextIsPassedOver)
+{
+    const QTemporaryDir folder;
+    const QByteArray native = QFile::encodeName(folder.path()) + "/\xff\xc3(.flac";
+    const QByteArray sample = QFile::encodeName(sampleFile({.extension = u"flac"_s}));
+    ASSERT_EQ(::link(sample.constData(), native.constData()), 0);
+    for (const files::Entry &entry : files::shallowEntries(folder.path()))
+        EXPECT_FALSE(openAudioFile(entry.path));
+    EXPECT_FALSE(openAudioFile(QFile::decodeName(native)));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/controls/LB_ScrollingTextView.h"
 
+#include "platform/ui/OneLine.h"
 #include "platform/ui/Theme.h"
 
 #include <QAccessibleWidget>
@@ -34,17 +35,6 @@ void installAccessible()
     Q_UNUSED(installed)
 }
 
-/// A title may hold anything; a line break or a tabulator would be drawn as a box.
-QString oneLine(QString text)
-{
-    for (QChar &character : text) {
-        if (character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
-            character == QChar::ParagraphSeparator)
-            character = QChar::Space;
-    }
-    return text;
-}
-
 } // namespace
 
 lyrabox::MarqueePositions lyrabox::marqueePositions(double x, double stringWidth)
@@ -77,7 +67,7 @@ void LB_ScrollingTextView::setString(const QString &text)
     m_scrollTimer.stop();
     m_string = text;
     m_drawingPoint = QPointF(startX, 0.0);
-    m_stringWidth = QFontMetricsF(m_font).horizontalAdvance(oneLine(text));
+    m_stringWidth = QFontMetricsF(m_font).horizontalAdvance(lyrabox::oneLine(text));
     setAccessibleName(text);
     m_wantsScroll = m_stringWidth > 0.0 && width() <= m_stringWidth;
     if (!m_wantsScroll)
@@ -115,7 +105,7 @@ void LB_ScrollingTextView::paintEvent(QPaintEvent *)
     painter.setPen(Qt::black);
     const QFontMetricsF metrics(m_font);
     const double baseline = std::round((height() - metrics.height()) / 2.0 + metrics.ascent());
-    const QString line = oneLine(m_string);
+    const QString line = lyrabox::oneLine(m_string);
     const lyrabox::MarqueePositions positions =
         lyrabox::marqueePositions(m_drawingPoint.x(), m_stringWidth);
     painter.drawText(QPointF(m_drawingPoint.x(), baseline + m_drawingPoint.y()), line);

@@ -1,6 +1,7 @@
 #include "app/controls/LB_TableRowView.h"
 
 #include "app/controls/RowStyle.h"
+#include "platform/ui/OneLine.h"
 #include "platform/ui/Theme.h"
 
 #include <QAbstractItemView>
@@ -136,7 +137,7 @@ void LB_TableRowView::drawInterior(QPainter &painter, const QStyleOptionViewItem
     const QVariant alignment = index.data(Qt::TextAlignmentRole);
     const Qt::Alignment side = QStyle::visualAlignment(
         option.direction, alignment.isValid() ? Qt::Alignment(alignment.toInt()) : Qt::AlignLeft);
-    const QString text = displayText(index.data(Qt::DisplayRole), option.locale);
+    const QString text = lyrabox::oneLine(displayText(index.data(Qt::DisplayRole), option.locale));
     const QString line = painter.fontMetrics().elidedText(text, option.textElideMode, area.width(),
                                                           Qt::TextSingleLine);
     painter.drawText(area,

@@ -34,8 +34,10 @@ SUUpdater::Presenter updateDialogs(QWidget *parent, std::function<bool(const QUr
     presenter.showMessage = [parent](const QString &message, const QString &detail) {
         auto *box = new QMessageBox(QMessageBox::Information, UpdateDialog::tr("Updates"), message,
                                     QMessageBox::Ok, parent);
-        box->setTextFormat(Qt::PlainText);
         box->setInformativeText(detail);
+        // The detail too: it may hold what a server said.
+        for (QLabel *label : box->findChildren<QLabel *>())
+            label->setTextFormat(Qt::PlainText);
         open(box);
     };
     presenter.showUpdate = [parent, openURL = std::move(openURL)](const AppcastItem &update) {

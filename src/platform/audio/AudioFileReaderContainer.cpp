@@ -162,7 +162,7 @@ Status AudioFileReaderContainer::chooseStream()
     const AVCodecParameters &parameters = *m_stream->codecpar;
     if (parameters.sample_rate <= 0 || parameters.ch_layout.nb_channels <= 0)
         return m_certain ? status::invalidFile : status::unsupportedFileType;
-    if (parameters.sample_rate > maximumFileRate ||
+    if (parameters.sample_rate < minimumFileRate || parameters.sample_rate > maximumFileRate ||
         parameters.ch_layout.nb_channels > maximumFileChannels)
         return status::unsupportedDataFormat;
     return status::noError;

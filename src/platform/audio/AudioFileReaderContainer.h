@@ -7,6 +7,9 @@
 
 namespace lyrabox {
 
+/// Fewer frames per second are no sound: a few of them would stand for hours.
+constexpr int minimumFileRate = 1000;
+
 /// One opened audio file: its container and its first audio stream that something here decodes.
 class AudioFileReaderContainer {
 public:

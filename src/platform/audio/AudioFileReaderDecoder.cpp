@@ -64,7 +64,7 @@ bool AudioFileReaderDecoder::receive()
     while (!m_ended) {
         if (!(m_stretches ? receiveAhead() : receiveNow()))
             break;
-        if (m_waiting->nb_samples <= 0 || m_waiting->sample_rate <= 0 ||
+        if (m_waiting->nb_samples <= 0 || m_waiting->sample_rate < minimumFileRate ||
             m_waiting->ch_layout.nb_channels <= 0) {
             m_ended = ++m_failures > maximumFailures;
             continue;

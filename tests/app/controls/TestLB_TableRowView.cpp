@@ -176,4 +176,40 @@ TEST_F(RowsInAWindow, RowsAreCalmAndEndWithAHairline)
               table.palette().color(QPalette::Base));
 }
 
+/// What a row of a list shows of `text`.
+QImage rowOf(const QString &text)
+{
+    QStandardItemModel model(1, 1);
+    model.setItem(0, 0, new QStandardItem(text));
+    QTableView table;
+    LB_TableRowView::install(&table);
+    table.setModel(&model);
+    table.resize(300, 100);
+    QImage image(table.viewport()->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    table.viewport()->render(&image);
+    return image;
+}
+
+TEST(LB_TableRowView, AnyTextIsOnePlainLine)
+{
+    EXPECT_EQ(rowOf(u"one\ntwo"_s), rowOf(u"one two"_s));
+    EXPECT_EQ(rowOf(u"one\u2028two\tthree"_s), rowOf(u"one two three"_s));
+    EXPECT_NE(rowOf(u"one two"_s), rowOf(u"one"_s)) << "what follows a break is shown";
+    EXPECT_NE(rowOf(u"<b>one</b>"_s), rowOf(u"one"_s)) << "markup is text";
+    EXPECT_NE(rowOf(u"<b>one</b>"_s), rowOf(QString()));
+    EXPECT_NE(rowOf(u"this & that"_s), rowOf(u"this that"_s));
+    EXPECT_NE(rowOf(u"this &that"_s), rowOf(u"this that"_s)) << "an ampersand is no shortcut";
+}
+
+TEST(LB_TableRowView, TextsInAnyScriptAndOfAnyLengthAreShown)
+{
+    const QImage nothing = rowOf(QString());
+    const QString thousand = QString(u"م"_s).repeated(10000);
+    for (const QString &text : {u"שלום עולם"_s, u"a\u202Egnp.3pm"_s, u"e\u0301\u0301\u0301"_s,
+                                u"z"_s + QString(200, QChar(0x0301)), thousand,
+                                QString(10000, u'W'), QString(QChar(0xd800)), u"\U0001F3B5"_s})
+        EXPECT_NE(rowOf(text), nothing) << qPrintable(text.left(20));
+}
+
 } // namespace

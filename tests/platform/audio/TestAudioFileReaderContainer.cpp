@@ -222,6 +222,7 @@ TEST(AudioFileReaderContainer, OpensAnEmptySongWithoutFrames)
 TEST(AudioFileReaderContainer, RefusesAbsurdRatesAndChannels)
 {
     EXPECT_EQ(opened(write(u"fast.wav"_s, wave(768001, 2, 1000))), status::unsupportedDataFormat);
+    EXPECT_EQ(opened(write(u"slow.wav"_s, wave(999, 2, 1000))), status::unsupportedDataFormat);
     EXPECT_EQ(opened(write(u"wide.wav"_s, wave(44100, 65, 1000))), status::unsupportedDataFormat);
     EXPECT_EQ(opened(write(u"still.wav"_s, wave(0, 2, 1000))), status::invalidFile);
     EXPECT_EQ(opened(write(u"narrow.wav"_s, wave(44100, 0, 1000))), status::invalidFile);
