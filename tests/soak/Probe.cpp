@@ -76,6 +76,7 @@ QJsonObject state()
     state.insert(u"frame"_s, static_cast<double>(engine::currentFrame()));
     state.insert(u"frames"_s, static_cast<double>(engine::totalFrames()));
     state.insert(u"runs"_s, engine::outputIsRunning());
+    state.insert(u"ended"_s, engine::trackHasEnded());
     state.insert(u"loops"_s, engine::isLooping());
     state.insert(u"heap"_s, heapBytes());
     return state;

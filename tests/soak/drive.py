@@ -583,6 +583,8 @@ class Soak:
             try:
                 self.recent.append(f"{number:6} {self.act(number)}")
                 self.check()
+                self.recent[-1] += " | {frame:.0f} of {frames:.0f}{how}".format(
+                    **self.state, how=" playing" if self.state["runs"] else "")
                 self.count_underruns()
                 if number % CHECK_FILES_EVERY == CHECK_FILES_EVERY - 1:
                     self.ask("settings")
@@ -644,6 +646,7 @@ def main():
             status = 1
             print("\n".join(soak.recent))
             print(pathlib.Path(root, "stderr").read_text(errors="replace")[-6000:])
+            print({name: value for name, value in soak.state.items() if name != "targets"})
             print(f"soak: after the actions above: {failure}\nsoak: to repeat: scripts/soak {minutes:g} {seed}")
         finally:
             soak.end()
