@@ -19,7 +19,7 @@ inline constexpr QPoint searchField{990, 53};
 inline constexpr QRect messageLine{320, 44, 480, 18};
 inline constexpr QPoint titleHeader{420, 91};
 
-inline constexpr QPoint forwardButton{346, 669};
+inline constexpr QPoint forwardButton{334, 669};
 /// In the navigation bar, between its texts.
 inline constexpr QPoint navigationBar(QSize window)
 {
