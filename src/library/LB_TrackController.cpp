@@ -236,6 +236,12 @@ bool LB_TrackController::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
+    // The first row has the keyboard before it is selected; an arrow key begins there.
+    const bool moves = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+    if (moves && selectedRow() < 0 && m_trackTableView->currentIndex().isValid()) {
+        selectRow(m_trackTableView->currentIndex().row());
+        return true;
+    }
     // Typing never jumps to a row: the text goes on to whoever else wants it.
     const bool isShortcut =
         key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
