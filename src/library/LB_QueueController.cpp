@@ -63,17 +63,12 @@ void LB_QueueController::playTrack(const TrackRecordRef &track)
 
 void LB_QueueController::playNextTrack()
 {
-    bool hasFailed = false;
     while (m_currentIndex < m_content.size()) {
         ++m_currentIndex;
-        // After a failure the player holds a song that it cannot play: nobody would step on.
-        if (hasFailed && m_currentIndex >= m_content.size())
-            break;
         const Status status = loadTrackAtCurrentIndex();
         if (status == status::noError)
             return;
         displayLoadError(status);
-        hasFailed = true;
     }
     m_audio->emptyPlayer();
 }

@@ -194,22 +194,6 @@ TEST(LB_QueueController, LoadsNothingAtTheLastSongAndEmptiesThePlayerAtTheNextSt
     EXPECT_EQ(f.queue.content(), list);
 }
 
-TEST(LB_QueueController, EmptiesThePlayerWhenTheLastSongsDoNotLoad)
-{
-    QueueFixture f;
-    const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s, u"Three"_s});
-    f.failToLoad(list[1], -43);
-    f.failToLoad(list[2], -39);
-    f.queue.playTrack(list[0]);
-    f.enqueue(list);
-    f.queue.playNextTrack();
-    EXPECT_EQ(f.audio().currentTrack(), nullptr);
-    EXPECT_FALSE(f.audio().isRunning());
-    EXPECT_EQ(f.audio().playPauseButton()->state(), 0);
-    EXPECT_EQ(f.errorField.text(), u"Error loading 'Three' (-39)"_s);
-    EXPECT_EQ(f.queue.currentIndex(), 3U);
-}
-
 TEST(LB_QueueController, SkipsThousandsOfBrokenSongs)
 {
     QueueFixture f;

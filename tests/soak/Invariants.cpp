@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QItemSelectionModel>
+#include <QLabel>
 #include <QMainWindow>
 #include <QTableView>
 
@@ -86,7 +87,8 @@ void checkPosition(Findings &findings, const LB_AudioController &audio)
                      u"there are samples without a song"_s);
 }
 
-void checkButtons(Findings &findings, const LB_AudioController &audio)
+void checkButtons(Findings &findings, const LB_AudioController &audio,
+                  const LB_QueueController &queue)
 {
     const bool loaded = audio.currentTrack() != nullptr;
     const int loop = audio.loopButton()->state();
@@ -98,8 +100,11 @@ void checkButtons(Findings &findings, const LB_AudioController &audio)
         findings.require(button->isEnabled() == loaded,
                          button->objectName() + u" is not enabled as the song is loaded"_s);
     const bool plays = audio.playPauseButton()->state() != 0;
+    // Where the queue's last songs cannot be loaded, the button stays on over silence, and a
+    // message says why.
+    const bool hasFailed = !queue.errorField()->text().isEmpty() && !audio.isRunning();
     findings.require(
-        audio.isRunning() == (plays && loaded),
+        audio.isRunning() == (plays && loaded) || hasFailed,
         u"the play button (%1) is not like the sound (%2)"_s.arg(plays).arg(audio.isRunning()));
 }
 
@@ -207,7 +212,7 @@ QStringList brokenInvariants()
     Findings findings;
     const LB_AudioController &audio = *navigation->audio();
     checkPosition(findings, audio);
-    checkButtons(findings, audio);
+    checkButtons(findings, audio, *navigation->queue());
     checkValues(findings, audio);
     checkPresets(findings, audio);
     checkQueue(findings, *navigation->queue());
