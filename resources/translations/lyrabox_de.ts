@@ -238,31 +238,13 @@ Optionen:
         <source>Steps at 16 kilohertz</source>
         <translation>Schritte bei 16 Kilohertz</translation>
     </message>
+    <message>
+        <source>Levels</source>
+        <translation>Pegel</translation>
+    </message>
 </context>
 <context>
     <name>HelpText</name>
-    <message>
-        <source>Space: play or pause
-Left, Right: click to go back or to the next song, hold to move through the song
-L: mark the start of a loop, then its end, then clear it
-- and =: slower and faster; 0: normal speed
-[ and ]: a semitone down and up; \: original pitch
-Ctrl+Up, Ctrl+Down: volume
-Return: play the selected song
-Ctrl+S: keep the speed and pitch of the song
-Ctrl+F: search
-Ctrl+1, Ctrl+2: the main window, the equalizer</source>
-        <translation>Leertaste: Wiedergabe oder Pause
-Links, Rechts: kurz für den vorigen oder nächsten Titel, gehalten zum Spulen
-L: Anfang einer Schleife setzen, dann ihr Ende, dann aufheben
-- und =: langsamer und schneller; 0: normales Tempo
-[ und ]: einen Halbton tiefer und höher; \: ursprüngliche Tonhöhe
-Strg+Auf, Strg+Ab: Lautstärke
-Eingabe: den gewählten Titel spielen
-Strg+S: Tempo und Tonhöhe des Titels merken
-Strg+F: suchen
-Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
-    </message>
     <message>
         <source>Version %1
 A music-practice player.
@@ -270,6 +252,36 @@ Free software under the GNU General Public License, version 3 or later.</source>
         <translation>Version %1
 Ein Musikspieler zum Üben.
 Freie Software unter der GNU General Public License, Version 3 oder neuer.</translation>
+    </message>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+Shift+Left, Shift+Right: 5 seconds back and forward
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+L, Ctrl+B: the list of songs, the playlists and folders
+Delete, Insert: remove a folder or preset, add a preset
+Tab and the arrow keys: every other control
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Leertaste: Wiedergabe oder Pause
+Links, Rechts: kurz für den vorigen oder nächsten Titel, gehalten zum Spulen
+Umschalt+Links, Umschalt+Rechts: 5 Sekunden zurück und vor
+L: Anfang einer Schleife setzen, dann ihr Ende, dann aufheben
+- und =: langsamer und schneller; 0: normales Tempo
+[ und ]: einen Halbton tiefer und höher; \: ursprüngliche Tonhöhe
+Strg+Auf, Strg+Ab: Lautstärke
+Eingabe: den gewählten Titel spielen
+Strg+S: Tempo und Tonhöhe des Titels merken
+Strg+F: suchen
+Strg+L, Strg+B: die Titelliste, die Listen und Ordner
+Entf, Einfg: Ordner oder Voreinstellung entfernen, Voreinstellung hinzufügen
+Tabulator und Pfeiltasten: alle anderen Bedienelemente
+Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
@@ -315,6 +327,13 @@ Freie Software unter der GNU General Public License, Version 3 oder neuer.</tran
     <message>
         <source>Remove folder &apos;%1&apos;?</source>
         <translation>Ordner „%1“ entfernen?</translation>
+    </message>
+</context>
+<context>
+    <name>LB_NavigationView</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
@@ -668,6 +687,18 @@ Freie Software unter der GNU General Public License, Version 3 oder neuer.</tran
         <source>The preferences could not be written.</source>
         <translation>Die Einstellungen konnten nicht geschrieben werden.</translation>
     </message>
+    <message>
+        <source>Remove Folder…</source>
+        <translation>Ordner entfernen …</translation>
+    </message>
+    <message>
+        <source>Add Preset…</source>
+        <translation>Voreinstellung hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Remove Preset…</source>
+        <translation>Voreinstellung entfernen …</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>
@@ -802,6 +833,62 @@ Freie Software unter der GNU General Public License, Version 3 oder neuer.</tran
     <message>
         <source>&amp;About Lyrabox</source>
         <translation>Ü&amp;ber Lyrabox</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Song &amp;List</source>
+        <translation>&amp;Titelliste</translation>
+    </message>
+    <message>
+        <source>Playlists and &amp;Folders</source>
+        <translation>&amp;Listen und Ordner</translation>
+    </message>
+    <message>
+        <source>&amp;Back 5 Seconds</source>
+        <translation>5 Se&amp;kunden zurück</translation>
+    </message>
+    <message>
+        <source>For&amp;ward 5 Seconds</source>
+        <translation>5 Sekun&amp;den vor</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>Fenster &amp;schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Sortieren nach</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>&amp;Spielt</translation>
+    </message>
+    <message>
+        <source>&amp;Title</source>
+        <translation>&amp;Titel</translation>
+    </message>
+    <message>
+        <source>&amp;Artist</source>
+        <translation>&amp;Interpret</translation>
+    </message>
+    <message>
+        <source>A&amp;lbum</source>
+        <translation>&amp;Album</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>&amp;Dauer</translation>
+    </message>
+    <message>
+        <source>&amp;Kept Speed and Pitch</source>
+        <translation>&amp;Gemerktes Tempo und Tonhöhe</translation>
+    </message>
+    <message>
+        <source>&amp;Reverse Order</source>
+        <translation>&amp;Umgekehrte Folge</translation>
     </message>
 </context>
 <context>

@@ -238,31 +238,13 @@ Opciones:
         <source>Steps at 16 kilohertz</source>
         <translation>Pasos a 16 kilohercios</translation>
     </message>
+    <message>
+        <source>Levels</source>
+        <translation>Niveles</translation>
+    </message>
 </context>
 <context>
     <name>HelpText</name>
-    <message>
-        <source>Space: play or pause
-Left, Right: click to go back or to the next song, hold to move through the song
-L: mark the start of a loop, then its end, then clear it
-- and =: slower and faster; 0: normal speed
-[ and ]: a semitone down and up; \: original pitch
-Ctrl+Up, Ctrl+Down: volume
-Return: play the selected song
-Ctrl+S: keep the speed and pitch of the song
-Ctrl+F: search
-Ctrl+1, Ctrl+2: the main window, the equalizer</source>
-        <translation>Espacio: reproducir o pausar
-Izquierda, Derecha: una pulsación va a la canción anterior o siguiente; mantener pulsado avanza por la canción
-L: marcar el inicio de un bucle, luego su final, luego quitarlo
-- y =: más lento y más rápido; 0: velocidad normal
-[ y ]: un semitono abajo y arriba; \: tono original
-Ctrl+Arriba, Ctrl+Abajo: volumen
-Intro: reproducir la canción seleccionada
-Ctrl+S: guardar la velocidad y el tono de la canción
-Ctrl+F: buscar
-Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
-    </message>
     <message>
         <source>Version %1
 A music-practice player.
@@ -270,6 +252,36 @@ Free software under the GNU General Public License, version 3 or later.</source>
         <translation>Versión %1
 Un reproductor para practicar música.
 Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.</translation>
+    </message>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+Shift+Left, Shift+Right: 5 seconds back and forward
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+L, Ctrl+B: the list of songs, the playlists and folders
+Delete, Insert: remove a folder or preset, add a preset
+Tab and the arrow keys: every other control
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Espacio: reproducir o pausar
+Izquierda, Derecha: una pulsación va a la canción anterior o siguiente; mantener pulsado avanza por la canción
+Mayús+Izquierda, Mayús+Derecha: 5 segundos atrás y adelante
+L: marcar el inicio de un bucle, luego su final, luego quitarlo
+- y =: más lento y más rápido; 0: velocidad normal
+[ y ]: un semitono abajo y arriba; \: tono original
+Ctrl+Arriba, Ctrl+Abajo: volumen
+Intro: reproducir la canción seleccionada
+Ctrl+S: guardar la velocidad y el tono de la canción
+Ctrl+F: buscar
+Ctrl+L, Ctrl+B: la lista de canciones, las listas y carpetas
+Supr, Insert: quitar una carpeta o un preajuste, añadir un preajuste
+Tabulador y flechas: todos los demás controles
+Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
@@ -315,6 +327,13 @@ Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.
     <message>
         <source>Remove folder &apos;%1&apos;?</source>
         <translation>¿Quitar la carpeta «%1»?</translation>
+    </message>
+</context>
+<context>
+    <name>LB_NavigationView</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
     </message>
 </context>
 <context>
@@ -668,6 +687,18 @@ Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.
         <source>The preferences could not be written.</source>
         <translation>No se pudieron guardar las preferencias.</translation>
     </message>
+    <message>
+        <source>Remove Folder…</source>
+        <translation>Quitar carpeta…</translation>
+    </message>
+    <message>
+        <source>Add Preset…</source>
+        <translation>Añadir preajuste…</translation>
+    </message>
+    <message>
+        <source>Remove Preset…</source>
+        <translation>Quitar preajuste…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>
@@ -769,7 +800,7 @@ Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation>&amp;Ventana</translation>
+        <translation>Ve&amp;ntana</translation>
     </message>
     <message>
         <source>&amp;Lyrabox</source>
@@ -802,6 +833,62 @@ Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior.
     <message>
         <source>&amp;About Lyrabox</source>
         <translation>&amp;Acerca de Lyrabox</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>Song &amp;List</source>
+        <translation>&amp;Lista de canciones</translation>
+    </message>
+    <message>
+        <source>Playlists and &amp;Folders</source>
+        <translation>L&amp;istas y carpetas</translation>
+    </message>
+    <message>
+        <source>&amp;Back 5 Seconds</source>
+        <translation>Retro&amp;ceder 5 segundos</translation>
+    </message>
+    <message>
+        <source>For&amp;ward 5 Seconds</source>
+        <translation>Ava&amp;nzar 5 segundos</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>&amp;Cerrar la ventana</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Ordenar por</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>&amp;Suena</translation>
+    </message>
+    <message>
+        <source>&amp;Title</source>
+        <translation>&amp;Título</translation>
+    </message>
+    <message>
+        <source>&amp;Artist</source>
+        <translation>&amp;Artista</translation>
+    </message>
+    <message>
+        <source>A&amp;lbum</source>
+        <translation>Ál&amp;bum</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>&amp;Duración</translation>
+    </message>
+    <message>
+        <source>&amp;Kept Speed and Pitch</source>
+        <translation>Ve&amp;locidad y tono guardados</translation>
+    </message>
+    <message>
+        <source>&amp;Reverse Order</source>
+        <translation>&amp;Invertir el orden</translation>
     </message>
 </context>
 <context>

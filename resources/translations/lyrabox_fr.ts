@@ -239,31 +239,13 @@ Options :
         <source>Steps at 16 kilohertz</source>
         <translation>Pas à 16 kilohertz</translation>
     </message>
+    <message>
+        <source>Levels</source>
+        <translation>Niveaux</translation>
+    </message>
 </context>
 <context>
     <name>HelpText</name>
-    <message>
-        <source>Space: play or pause
-Left, Right: click to go back or to the next song, hold to move through the song
-L: mark the start of a loop, then its end, then clear it
-- and =: slower and faster; 0: normal speed
-[ and ]: a semitone down and up; \: original pitch
-Ctrl+Up, Ctrl+Down: volume
-Return: play the selected song
-Ctrl+S: keep the speed and pitch of the song
-Ctrl+F: search
-Ctrl+1, Ctrl+2: the main window, the equalizer</source>
-        <translation>Espace : lecture ou pause
-Gauche, Droite : une pression passe au morceau précédent ou suivant ; maintenir parcourt le morceau
-L : marquer le début d’une boucle, puis sa fin, puis l’effacer
-- et = : moins vite et plus vite ; 0 : vitesse normale
-[ et ] : un demi-ton plus bas et plus haut ; \ : hauteur d’origine
-Ctrl+Haut, Ctrl+Bas : volume
-Entrée : lire le morceau sélectionné
-Ctrl+S : garder la vitesse et la hauteur du morceau
-Ctrl+F : rechercher
-Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
-    </message>
     <message>
         <source>Version %1
 A music-practice player.
@@ -271,6 +253,36 @@ Free software under the GNU General Public License, version 3 or later.</source>
         <translation>Version %1
 Un lecteur pour travailler la musique.
 Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure.</translation>
+    </message>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+Shift+Left, Shift+Right: 5 seconds back and forward
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+L, Ctrl+B: the list of songs, the playlists and folders
+Delete, Insert: remove a folder or preset, add a preset
+Tab and the arrow keys: every other control
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Espace : lecture ou pause
+Gauche, Droite : une pression passe au morceau précédent ou suivant ; maintenir parcourt le morceau
+Maj+Gauche, Maj+Droite : 5 secondes en arrière et en avant
+L : marquer le début d’une boucle, puis sa fin, puis l’effacer
+- et = : moins vite et plus vite ; 0 : vitesse normale
+[ et ] : un demi-ton plus bas et plus haut ; \ : hauteur d’origine
+Ctrl+Haut, Ctrl+Bas : volume
+Entrée : lire le morceau sélectionné
+Ctrl+S : garder la vitesse et la hauteur du morceau
+Ctrl+F : rechercher
+Ctrl+L, Ctrl+B : la liste des morceaux, les listes et dossiers
+Suppr, Inser : retirer un dossier ou un préréglage, ajouter un préréglage
+Tabulation et flèches : toutes les autres commandes
+Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
@@ -316,6 +328,13 @@ Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure
     <message>
         <source>Remove folder &apos;%1&apos;?</source>
         <translation>Retirer le dossier « %1 » ?</translation>
+    </message>
+</context>
+<context>
+    <name>LB_NavigationView</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
     </message>
 </context>
 <context>
@@ -669,6 +688,18 @@ Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure
         <source>The preferences could not be written.</source>
         <translation>Les préférences n’ont pas pu être enregistrées.</translation>
     </message>
+    <message>
+        <source>Remove Folder…</source>
+        <translation>Retirer le dossier…</translation>
+    </message>
+    <message>
+        <source>Add Preset…</source>
+        <translation>Ajouter un préréglage…</translation>
+    </message>
+    <message>
+        <source>Remove Preset…</source>
+        <translation>Supprimer le préréglage…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>
@@ -803,6 +834,62 @@ Logiciel libre sous la licence publique générale GNU, version 3 ou ultérieure
     <message>
         <source>&amp;About Lyrabox</source>
         <translation>À &amp;propos de Lyrabox</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Présentation</translation>
+    </message>
+    <message>
+        <source>Song &amp;List</source>
+        <translation>&amp;Liste des morceaux</translation>
+    </message>
+    <message>
+        <source>Playlists and &amp;Folders</source>
+        <translation>Listes et &amp;dossiers</translation>
+    </message>
+    <message>
+        <source>&amp;Back 5 Seconds</source>
+        <translation>&amp;Reculer de 5 secondes</translation>
+    </message>
+    <message>
+        <source>For&amp;ward 5 Seconds</source>
+        <translation>Avan&amp;cer de 5 secondes</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>&amp;Fermer la fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>&amp;Trier par</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>&amp;En cours</translation>
+    </message>
+    <message>
+        <source>&amp;Title</source>
+        <translation>&amp;Titre</translation>
+    </message>
+    <message>
+        <source>&amp;Artist</source>
+        <translation>&amp;Artiste</translation>
+    </message>
+    <message>
+        <source>A&amp;lbum</source>
+        <translation>A&amp;lbum</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>&amp;Durée</translation>
+    </message>
+    <message>
+        <source>&amp;Kept Speed and Pitch</source>
+        <translation>&amp;Vitesse et hauteur gardées</translation>
+    </message>
+    <message>
+        <source>&amp;Reverse Order</source>
+        <translation>&amp;Inverser l’ordre</translation>
     </message>
 </context>
 <context>

@@ -238,31 +238,13 @@ Options:
         <source>Steps at 16 kilohertz</source>
         <translation>16 キロヘルツのステップ</translation>
     </message>
+    <message>
+        <source>Levels</source>
+        <translation>レベル</translation>
+    </message>
 </context>
 <context>
     <name>HelpText</name>
-    <message>
-        <source>Space: play or pause
-Left, Right: click to go back or to the next song, hold to move through the song
-L: mark the start of a loop, then its end, then clear it
-- and =: slower and faster; 0: normal speed
-[ and ]: a semitone down and up; \: original pitch
-Ctrl+Up, Ctrl+Down: volume
-Return: play the selected song
-Ctrl+S: keep the speed and pitch of the song
-Ctrl+F: search
-Ctrl+1, Ctrl+2: the main window, the equalizer</source>
-        <translation>Space: 再生・一時停止
-←、→: 押すと前の曲・次の曲、長押しで曲の中を移動
-L: ループの始点、次に終点を設定、もう一度で解除
-- と =: 遅く・速く、0: 標準の速度
-[ と ]: 半音下げる・上げる、\: 元のピッチ
-Ctrl+↑、Ctrl+↓: 音量
-Return: 選択した曲を再生
-Ctrl+S: 曲の速度とピッチを保存
-Ctrl+F: 検索
-Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
-    </message>
     <message>
         <source>Version %1
 A music-practice player.
@@ -270,6 +252,36 @@ Free software under the GNU General Public License, version 3 or later.</source>
         <translation>バージョン %1
 音楽練習用プレーヤー。
 GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソフトウェアです。</translation>
+    </message>
+    <message>
+        <source>Space: play or pause
+Left, Right: click to go back or to the next song, hold to move through the song
+Shift+Left, Shift+Right: 5 seconds back and forward
+L: mark the start of a loop, then its end, then clear it
+- and =: slower and faster; 0: normal speed
+[ and ]: a semitone down and up; \: original pitch
+Ctrl+Up, Ctrl+Down: volume
+Return: play the selected song
+Ctrl+S: keep the speed and pitch of the song
+Ctrl+F: search
+Ctrl+L, Ctrl+B: the list of songs, the playlists and folders
+Delete, Insert: remove a folder or preset, add a preset
+Tab and the arrow keys: every other control
+Ctrl+1, Ctrl+2: the main window, the equalizer</source>
+        <translation>Space: 再生・一時停止
+←、→: 押すと前の曲・次の曲、長押しで曲の中を移動
+Shift+←、Shift+→: 5 秒戻る・進む
+L: ループの始点、次に終点を設定、もう一度で解除
+- と =: 遅く・速く、0: 標準の速度
+[ と ]: 半音下げる・上げる、\: 元のピッチ
+Ctrl+↑、Ctrl+↓: 音量
+Return: 選択した曲を再生
+Ctrl+S: 曲の速度とピッチを保存
+Ctrl+F: 検索
+Ctrl+L、Ctrl+B: 曲のリスト、プレイリストとフォルダ
+Delete、Insert: フォルダやプリセットの削除、プリセットの追加
+Tab と矢印キー: その他すべての操作
+Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
@@ -315,6 +327,13 @@ GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソ�
     <message>
         <source>Remove folder &apos;%1&apos;?</source>
         <translation>フォルダ「%1」を削除しますか？</translation>
+    </message>
+</context>
+<context>
+    <name>LB_NavigationView</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
     </message>
 </context>
 <context>
@@ -666,6 +685,18 @@ GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソ�
         <source>The preferences could not be written.</source>
         <translation>環境設定を書き込めませんでした。</translation>
     </message>
+    <message>
+        <source>Remove Folder…</source>
+        <translation>フォルダを削除…</translation>
+    </message>
+    <message>
+        <source>Add Preset…</source>
+        <translation>プリセットを追加…</translation>
+    </message>
+    <message>
+        <source>Remove Preset…</source>
+        <translation>プリセットを削除…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>
@@ -800,6 +831,62 @@ GNU 一般公衆利用許諾書バージョン 3 以降に基づくフリーソ�
     <message>
         <source>&amp;About Lyrabox</source>
         <translation>Lyrabox について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Song &amp;List</source>
+        <translation>曲のリスト(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Playlists and &amp;Folders</source>
+        <translation>プレイリストとフォルダ(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Back 5 Seconds</source>
+        <translation>5 秒戻る(&amp;B)</translation>
+    </message>
+    <message>
+        <source>For&amp;ward 5 Seconds</source>
+        <translation>5 秒進む(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>ウインドウを閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Sort By</source>
+        <translation>並べ替え(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>再生中(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Title</source>
+        <translation>タイトル(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Artist</source>
+        <translation>アーティスト(&amp;A)</translation>
+    </message>
+    <message>
+        <source>A&amp;lbum</source>
+        <translation>アルバム(&amp;L)</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>時間(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Kept Speed and Pitch</source>
+        <translation>保存した速度とピッチ(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Reverse Order</source>
+        <translation>逆順(&amp;R)</translation>
     </message>
 </context>
 <context>
