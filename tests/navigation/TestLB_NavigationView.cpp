@@ -239,5 +239,45 @@ TEST_F(NavigationView, PaintsNothingWhileThePictureStays)
     EXPECT_EQ(f.view.paintCount(), painted);
 }
 
+TEST_F(NavigationView, KeysSeekByFiveAndThirtySecondsAndToTheStart)
+{
+    f.play(100);
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(&f.view, key);
+        return f.audio().currentSeconds();
+    };
+    EXPECT_EQ(press(Qt::Key_Right), 5);
+    EXPECT_EQ(press(Qt::Key_PageUp), 35);
+    EXPECT_EQ(press(Qt::Key_Left), 30);
+    EXPECT_EQ(press(Qt::Key_PageDown), 0);
+    EXPECT_EQ(press(Qt::Key_Left), 0);
+    EXPECT_EQ(press(Qt::Key_Up), 5);
+    EXPECT_EQ(press(Qt::Key_Home), 0);
+}
+
+TEST_F(NavigationView, AKeyNeverSeeksPastTheLastSecond)
+{
+    f.play(20);
+    QTest::keyClick(&f.view, Qt::Key_PageUp);
+    EXPECT_EQ(f.audio().currentSeconds(), 19);
+    EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
+}
+
+TEST_F(NavigationView, AKeyDoesNotSeekBeforeTheLoop)
+{
+    f.play(100);
+    f.view.seekToSecond(50.0);
+    f.setLoopStart(48 * 44100);
+    QTest::keyClick(&f.view, Qt::Key_Left);
+    EXPECT_EQ(f.audio().currentSeconds(), 48);
+}
+
+TEST_F(NavigationView, KeysWithoutASongDoNothing)
+{
+    QTest::keyClick(&f.view, Qt::Key_Right);
+    f.view.seekBySeconds(-5.0);
+    EXPECT_EQ(f.audio().currentFrame(), 0U);
+}
+
 } // namespace
 } // namespace lyrabox

@@ -299,5 +299,12 @@ TEST_F(SeekButtons, TransportAreaHandsTheArrowKeysToTheButtons)
     EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
 }
 
+TEST_F(SeekButtons, AnAssistiveProgramsPressIsAShortClick)
+{
+    f.play(100);
+    f.forward.click();
+    EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
+}
+
 } // namespace
 } // namespace lyrabox

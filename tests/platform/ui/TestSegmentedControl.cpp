@@ -86,4 +86,16 @@ TEST_F(SegmentedControlTest, AssistiveProgramsSeeTabsAndPressThem)
     EXPECT_EQ(face->child(2), nullptr);
 }
 
+TEST_F(SegmentedControlTest, IsMirroredFromRightToLeft)
+{
+    control.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(control.segmentRect(0), QRect(100, 0, 100, 26));
+    QTest::keyClick(&control, Qt::Key_Left);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    QTest::keyClick(&control, Qt::Key_Right);
+    EXPECT_EQ(control.selectedSegment(), 0);
+    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(20, 13));
+    EXPECT_EQ(control.selectedSegment(), 1);
+}
+
 } // namespace
