@@ -41,7 +41,7 @@ def resident_megabytes(pid):
 
 
 class Desktop:
-    """A virtual display and a private sound server without a device; use it in a with statement."""
+    """A virtual display, a session bus and a sound server without a device; use it in a with statement."""
 
     def __init__(self, window_manager=True):
         self.window_manager = window_manager
@@ -50,7 +50,8 @@ class Desktop:
         self.children = []
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="lyrabox-bench-"))
         self.env = dict(os.environ, HOME=str(self.folder), XDG_RUNTIME_DIR=str(self.folder),
-                        PULSE_SERVER=f"unix:{self.folder}/native", QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8")
+                        PULSE_SERVER=f"unix:{self.folder}/native", QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8",
+                        DBUS_SESSION_BUS_ADDRESS=f"unix:path={self.folder}/bus")
         self.env.pop("WAYLAND_DISPLAY", None)
         try:
             self.start_servers()
@@ -69,9 +70,13 @@ class Desktop:
         self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
                     "-L", f"module-native-protocol-unix socket={self.folder}/native auth-anonymous=1",
                     "-L", "module-null-sink sink_name=nothing"])
+        # Without a bus every program would start one, as none does on a desktop.
+        self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog",
+                    f"--address={self.env['DBUS_SESSION_BUS_ADDRESS']}"])
         self.wait_for("a display", self.start_display)
         if self.window_manager:
             self.start(["openbox"])
+        self.wait_for("the session bus", (self.folder / "bus").exists)
         self.wait_for("the sound server", lambda: self.call("pactl", "info").returncode == 0)
 
     def start_display(self):

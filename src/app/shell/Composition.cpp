@@ -2,6 +2,7 @@
 
 #include "app/shell/BuildSettings.h"
 #include "app/shell/FileDrop.h"
+#include "app/shell/FirstPaint.h"
 #include "app/shell/MainMenu.h"
 #include "app/shell/OpenRequest.h"
 #include "app/shell/UpdateDialog.h"
@@ -72,7 +73,8 @@ void Composition::launch()
     m_updater.setFeedURL(QUrl(updateFeedAddress()));
     m_updater.setPresenter(updateDialogs(
         &m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
-    m_updater.setAutomaticallyChecksForUpdates(true);
+    // The network, and what makes connections to it secure, takes as long to set up as the windows.
+    afterFirstPaint(&m_mainWindow, [this] { m_updater.setAutomaticallyChecksForUpdates(true); });
 }
 
 void Composition::showEqualizer()
