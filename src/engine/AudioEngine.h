@@ -3,6 +3,7 @@
 #include "engine/SongReader.h"
 #include "platform/audio/AudioUnit.h"
 #include "platform/audio/StreamFormat.h"
+#include "platform/foundation/ProgressPacer.h"
 #include "platform/foundation/Status.h"
 
 #include <QByteArray>
@@ -62,6 +63,10 @@ void setSongReaderFactory(SongReaderFactory factory);
 /// How many bytes a new song may take; by default what the system reports as available without
 /// swapping.
 void setAvailableMemoryProbe(std::function<std::uint64_t()> probe);
+
+/// Told by loadAudioFile() how many seconds of the song are decoded, of how many as far as the file
+/// tells; see ProgressPacer for when. `clock` is its clock, the monotonic one at first.
+void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
 
 /// Makes, initialises and connects the stages, in this order: equalizer, time/pitch, output. The
 /// first failing step's status is returned and the later steps are not taken. A new chain that is

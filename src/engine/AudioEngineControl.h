@@ -31,6 +31,8 @@ struct Control {
     AudioUnitFactory factory;
     SongReaderFactory songReaderFactory;
     std::function<std::uint64_t()> availableMemoryProbe;
+    ProgressHook loadProgressHook;
+    ProgressClock loadProgressClock;
 };
 
 AudioEngineState &state();

@@ -75,6 +75,7 @@ LB_AudioController::LB_AudioController(FatalErrorHandling handling, QObject *par
 
 LB_AudioController::~LB_AudioController()
 {
+    engine::setLoadProgressHook({});
     engine::tearDownAudioSystem();
 }
 
@@ -119,6 +120,11 @@ lyrabox::Status LB_AudioController::loadTrackObject(const lyrabox::TrackRecordRe
     return status;
 }
 
+void LB_AudioController::setProgressHook(lyrabox::ProgressHook hook)
+{
+    engine::setLoadProgressHook(std::move(hook));
+}
+
 void LB_AudioController::showLoadedTrack()
 {
     const lyrabox::TrackRecordRef track = m_currentTrack;
@@ -157,9 +163,14 @@ void LB_AudioController::announceTrackChange()
         lyrabox::notification::currentTrackChanged);
 }
 
+QImage LB_AudioController::embeddedArtwork() const
+{
+    return lyrabox::decodedArtwork(engine::albumArtData());
+}
+
 QImage LB_AudioController::albumArtImage() const
 {
-    const QImage artwork = lyrabox::decodedArtwork(engine::albumArtData());
+    const QImage artwork = embeddedArtwork();
     if (!artwork.isNull())
         return artwork;
     const qreal ratio = m_albumArtImageView ? m_albumArtImageView->devicePixelRatioF() : 1.0;

@@ -5,6 +5,7 @@
 #include "app/controls/LB_Slider.h"
 #include "engine/TrackRecord.h"
 #include "platform/audio/StreamFormat.h"
+#include "platform/foundation/ProgressPacer.h"
 #include "platform/foundation/Status.h"
 #include "platform/ui/ButtonMatrix.h"
 #include "platform/ui/ImageView.h"
@@ -128,7 +129,11 @@ public:
     /// Stops, decodes the song into memory, applies its stored settings and starts if the play
     /// button is on. Blocks. Returns the decoder's status.
     lyrabox::Status loadTrackObject(const lyrabox::TrackRecordRef &track);
+    /// Told of a load that takes long: seconds decoded, of how many as far as the file tells.
+    void setProgressHook(lyrabox::ProgressHook hook);
     void emptyPlayer();
+    /// The song's own artwork; null without one.
+    QImage embeddedArtwork() const;
     /// The song's artwork, or the image named "LBAlbumArt".
     QImage albumArtImage() const;
     void resetPlaybackSystem();
@@ -152,6 +157,8 @@ Q_SIGNALS:
     void runningChanged(bool running);
     void speedOrPitchChanged();
     void loopChanged();
+    /// The position was set, by whomever; not when a loop or the next song sets it.
+    void positionSet();
 
 private:
     void setTransportEnabled(bool enabled);

@@ -23,6 +23,7 @@ quint64 LB_AudioController::currentFrame() const
 void LB_AudioController::setCurrentFrame(quint64 frame)
 {
     engine::seekToFrame(frame);
+    Q_EMIT positionSet();
 }
 
 quint64 LB_AudioController::totalFrames() const

@@ -144,6 +144,12 @@ void setAvailableMemoryProbe(std::function<std::uint64_t()> probe)
     control().availableMemoryProbe = std::move(probe);
 }
 
+void setLoadProgressHook(ProgressHook hook, ProgressClock clock)
+{
+    control().loadProgressHook = std::move(hook);
+    control().loadProgressClock = std::move(clock);
+}
+
 void releaseChannelBuffers(std::uint32_t channels, bool placeholder)
 {
     // No song, whatever a callback that should not be there finds.
@@ -159,6 +165,7 @@ void releaseChannelBuffers(std::uint32_t channels, bool placeholder)
 
 Status loadAudioFile(const QUrl &url)
 {
+    ProgressPacer progress(control().loadProgressHook, control().loadProgressClock);
     const auto &factory = control().songReaderFactory;
     const std::unique_ptr<SongReader> reader = factory ? factory() : audioFileSongReader();
     if (const Status status = reader->open(url.toLocalFile()))
@@ -172,7 +179,12 @@ Status loadAudioFile(const QUrl &url)
     if (!songFits(*reader, format))
         return status::notEnoughMemory;
 
-    GrowingBuffers buffers(format, reader->estimatedFrames().value_or(0));
+    const auto secondsOf = [&format](std::uint64_t count) {
+        return static_cast<qint64>(wholeSeconds(count, format.mSampleRate));
+    };
+    const std::uint64_t estimate = reader->estimatedFrames().value_or(0);
+    progress.setTotal(secondsOf(estimate));
+    GrowingBuffers buffers(format, estimate);
     AudioBufferList list;
     Status result = status::noError;
     std::uint32_t frames = framesPerRead;
@@ -189,6 +201,7 @@ Status loadAudioFile(const QUrl &url)
             break;
         frames = std::min(frames, asked);
         buffers.addDecoded(frames);
+        progress.advance(secondsOf(buffers.decodedBytes() / std::max(format.mBytesPerFrame, 1U)));
     } while (frames > 0);
 
     if (outOfMemory) {

@@ -137,8 +137,14 @@ void LB_TrackController::trackSelectedForPlayback()
     const TrackRecordRef track = m_model->trackAtRow(selectedRow());
     if (!track)
         return;
-    m_queue->playTrack(track);
-    m_queue->setPlayQueueWithListID(content(), m_listID);
+    const auto play = [this, track, list = content(), listID = m_listID] {
+        m_queue->playTrack(track);
+        m_queue->setPlayQueueWithListID(list, listID);
+    };
+    if (m_playGate)
+        m_playGate(track, play);
+    else
+        play();
 }
 
 void LB_TrackController::autoLoadTrack()

@@ -115,6 +115,12 @@ public:
     /// Plays the selected row's song and queues the list.
     void trackSelectedForPlayback();
 
+    /// Decides when what the user picked is played: at once without a gate, else whenever the gate
+    /// calls `play`, once or never.
+    using PlayGate =
+        std::function<void(const lyrabox::TrackRecordRef &track, std::function<void()> play)>;
+    void setPlayGate(PlayGate gate) { m_playGate = std::move(gate); }
+
     /// Play was pressed with nothing loaded: the selected song, a random one or the first.
     void autoLoadTrack();
     void currentTrackChanged();
@@ -168,5 +174,6 @@ private:
     lyrabox::AudioFileOpener m_openAudioFile;
     lyrabox::ProgressHook m_progressHook;
     lyrabox::ProgressClock m_progressClock;
+    PlayGate m_playGate;
     std::function<std::uint32_t()> m_random;
 };

@@ -20,8 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto quietStart = 250ms;
-constexpr auto progressInterval = 50ms;
+constexpr auto progressInterval = 50ms; ///< how often the waiting thread looks
 
 QString fileName(const QUrl &url)
 {
@@ -38,30 +37,6 @@ std::optional<OpenedAudioFile> openAudioFile(const QString &path)
     if (reader.open(path, AudioFileReader::Depth::Tags) != status::noError)
         return std::nullopt;
     return OpenedAudioFile{reader.infoDictionary(), files::inodeText(path)};
-}
-
-std::chrono::milliseconds progressClock()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-        std::chrono::steady_clock::now().time_since_epoch());
-}
-
-ProgressPacer::ProgressPacer(ProgressHook hook, ProgressClock clock, qsizetype found)
-    : m_hook(std::move(hook)), m_clock(std::move(clock)), m_found(found)
-{
-    if (m_hook)
-        m_due = m_clock() + quietStart;
-}
-
-void ProgressPacer::advance(qsizetype done)
-{
-    if (!m_hook)
-        return;
-    const std::chrono::milliseconds now = m_clock();
-    if (now < m_due)
-        return;
-    m_due = now + progressInterval;
-    m_hook(done, m_found);
 }
 
 std::vector<std::optional<OpenedAudioFile>>

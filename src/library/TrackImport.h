@@ -2,13 +2,13 @@
 
 #include "engine/TrackRecord.h"
 #include "platform/foundation/MusicLibrary.h"
+#include "platform/foundation/ProgressPacer.h"
 
 #include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -28,27 +28,6 @@ using AudioFileOpener = std::function<std::optional<OpenedAudioFile>(const QStri
 /// The opener that asks the decoder. Only regular files are opened, so that a pipe cannot hold up a
 /// list.
 std::optional<OpenedAudioFile> openAudioFile(const QString &path);
-
-using ProgressHook = std::function<void(qsizetype done, qsizetype found)>;
-using ProgressClock = std::function<std::chrono::milliseconds()>;
-
-/// Milliseconds of the monotonic clock.
-std::chrono::milliseconds progressClock();
-
-/// Says when long work is to be shown: not within its first quarter of a second, then every 50 ms.
-class ProgressPacer {
-public:
-    ProgressPacer(ProgressHook hook, ProgressClock clock, qsizetype found);
-
-    /// Calls the hook when it is time. Cheap otherwise.
-    void advance(qsizetype done);
-
-private:
-    ProgressHook m_hook;
-    ProgressClock m_clock;
-    qsizetype m_found;
-    std::chrono::milliseconds m_due{};
-};
 
 /// Opens `paths` with a thread per processor and returns the results in the order of `paths`.
 /// Blocks; the hook runs on the calling thread.

@@ -44,6 +44,36 @@ TEST_F(SongDecoding, TakesItsStepsInOrder)
     EXPECT_EQ(song->readersAlive, 0);
 }
 
+TEST_F(SongDecoding, TellsTheSecondsOfALoadThatTakesLong)
+{
+    std::chrono::milliseconds now{};
+    std::vector<std::pair<qint64, qint64>> told;
+    engine::setLoadProgressHook(
+        [&](qint64 done, qint64 total) {
+            EXPECT_EQ(engine::totalFrames(), 0U); // not yet playable
+            told.emplace_back(done, total);
+        },
+        [&] { return now += std::chrono::milliseconds(30); });
+    loadSong(44100 * 3); // 17 reads
+    engine::setLoadProgressHook({});
+    EXPECT_THAT(told, ElementsAre(std::pair(1, 3), std::pair(2, 3), std::pair(2, 3),
+                                  std::pair(2, 3), std::pair(3, 3)));
+    loadSong(44100 * 3);
+    EXPECT_EQ(told.size(), 5U);
+}
+
+TEST_F(SongDecoding, TellsNoTotalWhereTheFileDoesNot)
+{
+    std::chrono::milliseconds now{};
+    std::vector<qint64> totals;
+    song->estimateIsKnown = false;
+    engine::setLoadProgressHook([&](qint64, qint64 total) { totals.push_back(total); },
+                                [&] { return now += std::chrono::milliseconds(300); });
+    loadSong(10000);
+    engine::setLoadProgressHook({});
+    EXPECT_THAT(totals, ElementsAre(0, 0, 0));
+}
+
 TEST_F(SongDecoding, EndsWithAResetAtFrameZero)
 {
     loadSong(10000);

@@ -223,19 +223,6 @@ TEST(OpenAudioFiles, ReturnsAtOnceForNoFiles)
     EXPECT_TRUE(openAudioFiles({}, openAudioFile, progress).empty());
 }
 
-TEST(ProgressPacer, KeepsQuietForAQuarterOfASecondAndThenTellsEvery50Milliseconds)
-{
-    std::chrono::milliseconds now = 1000ms;
-    std::vector<std::pair<qsizetype, qsizetype>> told;
-    ProgressPacer pacer([&](qsizetype done, qsizetype found) { told.emplace_back(done, found); },
-                        [&] { return now; }, 99);
-    for (int step = 0; step < 40; ++step) {
-        now = 1000ms + step * 10ms;
-        pacer.advance(step);
-    }
-    EXPECT_EQ(told, (std::vector<std::pair<qsizetype, qsizetype>>{{25, 99}, {30, 99}, {35, 99}}));
-}
-
 TEST(FolderScan, TakesTheVisibleAudioFilesOfTheFolderItself)
 {
     LibraryFixture library;

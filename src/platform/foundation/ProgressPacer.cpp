@@ -1,0 +1,40 @@
+#include "platform/foundation/ProgressPacer.h"
+
+#include <utility>
+
+namespace lyrabox {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto quietStart = 250ms;
+constexpr auto interval = 50ms;
+
+} // namespace
+
+std::chrono::milliseconds progressClock()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+ProgressPacer::ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 total)
+    : m_hook(std::move(hook)), m_clock(clock ? std::move(clock) : &progressClock), m_total(total)
+{
+    if (m_hook)
+        m_due = m_clock() + quietStart;
+}
+
+void ProgressPacer::advance(qint64 done)
+{
+    if (!m_hook)
+        return;
+    const std::chrono::milliseconds now = m_clock();
+    if (now < m_due)
+        return;
+    m_due = now + interval;
+    m_hook(done, m_total);
+}
+
+} // namespace lyrabox

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <chrono>
+#include <functional>
+
+namespace lyrabox {
+
+/// Told how far long work has come while the main thread does it; on the main thread. `total` is 0
+/// where it is not known. It must not process events.
+using ProgressHook = std::function<void(qint64 done, qint64 total)>;
+using ProgressClock = std::function<std::chrono::milliseconds()>;
+
+/// Milliseconds of the monotonic clock.
+std::chrono::milliseconds progressClock();
+
+/// Says when long work is to be shown: not within its first quarter of a second, so that short work
+/// shows nothing, then every 50 ms at most.
+class ProgressPacer {
+public:
+    /// The work begins now. Without a hook nothing is ever asked; without a clock progressClock()
+    /// is.
+    ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 total = 0);
+
+    /// Where it turns out only while working.
+    void setTotal(qint64 total) { m_total = total; }
+
+    /// Calls the hook when it is time. Cheap otherwise.
+    void advance(qint64 done);
+
+private:
+    ProgressHook m_hook;
+    ProgressClock m_clock;
+    qint64 m_total;
+    std::chrono::milliseconds m_due{};
+};
+
+} // namespace lyrabox

@@ -1,0 +1,100 @@
+#include "platform/ui/ProgressPanel.h"
+
+#include "platform/ui/Theme.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <chrono>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace lyrabox {
+
+namespace {
+
+constexpr int panelWidth = 300;
+constexpr int barHeight = 8;
+constexpr int fullBar = 1000;
+/// A panel that comes is seen for at least about this long; the program works on meanwhile.
+constexpr auto lingering = 150ms;
+
+QString barStyle()
+{
+    return u"QProgressBar { background: #E4E8EA; border: none; border-radius: 4px; }"
+           u"QProgressBar::chunk { background: #3498DB; border-radius: 4px; }"_s;
+}
+
+} // namespace
+
+ProgressPanel::ProgressPanel(QWidget *view)
+    : QWidget(view->parentWidget()),
+      m_view(view),
+      m_label(new QLabel(this)),
+      m_bar(new QProgressBar(this))
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setAlignment(Qt::AlignCenter);
+    m_bar->setRange(0, fullBar);
+    m_bar->setTextVisible(false);
+    m_bar->setFixedHeight(barHeight);
+    m_bar->setStyleSheet(barStyle());
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2 * Theme::grid, 2 * Theme::grid, 2 * Theme::grid, 2 * Theme::grid);
+    layout->setSpacing(Theme::grid);
+    layout->addWidget(m_label);
+    layout->addWidget(m_bar);
+    hide();
+
+    m_hideTimer.setSingleShot(true);
+    m_hideTimer.setInterval(lingering);
+    connect(&m_hideTimer, &QTimer::timeout, this, &QWidget::hide);
+}
+
+void ProgressPanel::showProgress(const QString &text, qint64 done, qint64 total)
+{
+    m_label->setText(text);
+    setAccessibleName(text);
+    m_bar->setAccessibleName(text);
+    if (total > 0) {
+        const double part =
+            static_cast<double>(std::clamp<qint64>(done, 0, total)) / static_cast<double>(total);
+        m_bar->setRange(0, fullBar);
+        m_bar->setValue(static_cast<int>(part * fullBar));
+    } else {
+        m_bar->setRange(0, 0);
+    }
+    const QSize size(std::min(std::max(panelWidth, sizeHint().width()), m_view->width()),
+                     sizeHint().height());
+    QRect place(QPoint(), size);
+    place.moveCenter(m_view->geometry().center());
+    setGeometry(place);
+    raise();
+    show();
+    repaint();
+    m_hideTimer.start(); // fires when the event loop runs again
+}
+
+QString ProgressPanel::text() const
+{
+    return m_label->text();
+}
+
+int ProgressPanel::shownPermille() const
+{
+    return m_bar->maximum() > 0 ? m_bar->value() : -1;
+}
+
+void ProgressPanel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    drawControlBox(painter, rect(), Theme::radius);
+}
+
+} // namespace lyrabox

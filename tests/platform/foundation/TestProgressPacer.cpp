@@ -1,0 +1,66 @@
+#include "platform/foundation/ProgressPacer.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+using namespace lyrabox;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Told = std::vector<std::pair<qint64, qint64>>;
+
+class Pacing : public testing::Test {
+protected:
+    ProgressPacer pacer(qint64 total = 0)
+    {
+        return {[this](qint64 done, qint64 found) { told.emplace_back(done, found); },
+                [this] { return now; }, total};
+    }
+
+    std::chrono::milliseconds now = 1000ms;
+    Told told;
+};
+
+TEST_F(Pacing, KeepsQuietForAQuarterOfASecondAndThenTellsEvery50Milliseconds)
+{
+    ProgressPacer progress = pacer(99);
+    for (int step = 0; step < 40; ++step) {
+        now = 1000ms + step * 10ms;
+        progress.advance(step);
+    }
+    EXPECT_EQ(told, (Told{{25, 99}, {30, 99}, {35, 99}}));
+}
+
+TEST_F(Pacing, TellsOnlyTheLatestOfWhatCameMeanwhile)
+{
+    ProgressPacer progress = pacer(1000);
+    now += 251ms;
+    for (int step = 0; step < 100; ++step)
+        progress.advance(step);
+    EXPECT_EQ(told, (Told{{0, 1000}}));
+}
+
+TEST_F(Pacing, TakesATotalThatIsKnownLater)
+{
+    ProgressPacer progress = pacer();
+    now += 250ms;
+    progress.advance(1);
+    progress.setTotal(7);
+    now += 50ms;
+    progress.advance(2);
+    EXPECT_EQ(told, (Told{{1, 0}, {2, 7}}));
+}
+
+TEST(ProgressPacer, NeverAsksTheClockWithoutAHook)
+{
+    ProgressPacer progress({}, []() -> std::chrono::milliseconds {
+        ADD_FAILURE() << "the clock was asked";
+        return {};
+    });
+    progress.advance(5);
+}
+
+} // namespace
