@@ -30,6 +30,7 @@ void LB_QueueController::setErrorField(QLabel *field)
 void LB_QueueController::setContent(const TrackRecordList &content)
 {
     m_content = content;
+    Q_EMIT queueChanged();
 }
 
 void LB_QueueController::setIsShuffling(bool shuffling)
@@ -46,6 +47,7 @@ void LB_QueueController::setPlayQueueWithListID(const TrackRecordList &list,
     m_content = m_isShuffling ? shuffledArray() : m_orderedArray;
     if (const std::uint64_t index = indexOfCurrentTrack(m_content); index != notFound)
         m_currentIndex = index;
+    Q_EMIT queueChanged();
 }
 
 void LB_QueueController::playTrack(const TrackRecordRef &track)
@@ -65,6 +67,7 @@ void LB_QueueController::playNextTrack()
 {
     while (m_currentIndex < m_content.size()) {
         ++m_currentIndex;
+        Q_EMIT queueChanged();
         const Status status = loadTrackAtCurrentIndex();
         if (status == status::noError)
             return;
@@ -77,6 +80,7 @@ void LB_QueueController::playPreviousTrack()
 {
     for (;;) {
         --m_currentIndex;
+        Q_EMIT queueChanged();
         const Status status = loadTrackAtCurrentIndex();
         if (status == status::noError)
             return;
@@ -92,6 +96,7 @@ void LB_QueueController::shuffleButtonPressed(StateButton *sender)
 {
     m_content = sender->state() == 1 ? shuffledArray() : m_orderedArray;
     m_currentIndex = indexOfCurrentTrack(m_content);
+    Q_EMIT queueChanged();
     userDefaults().setValue(defaultsKey::shuffle, m_isShuffling);
 }
 

@@ -53,6 +53,13 @@ public:
     void playPreviousTrack();
     bool canPlayPreviousTrack() const { return m_currentIndex != 0; }
 
+    /// Whether there is a song to go on or back to.
+    bool hasNextTrack() const { return m_currentIndex + 1 < m_content.size(); }
+    bool hasPreviousTrack() const
+    {
+        return m_currentIndex != 0 && m_currentIndex <= m_content.size();
+    }
+
     /// The button's state has been taken into isShuffling() already.
     void shuffleButtonPressed(lyrabox::StateButton *sender);
     lyrabox::TrackRecordList shuffledArray() const;
@@ -63,6 +70,8 @@ public:
 
 Q_SIGNALS:
     void isShufflingChanged(bool shuffling);
+    /// The content or the position in it may have changed.
+    void queueChanged();
 
 private:
     std::uint64_t indexOfCurrentTrack(const lyrabox::TrackRecordList &list) const;
