@@ -530,6 +530,30 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>Reading songs: %1 of %Ln</source>
+        <translation>
+            <numerusform>Titel werden gelesen: %1 von %Ln</numerusform>
+            <numerusform>Titel werden gelesen: %1 von %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %Ln seconds</source>
+        <translation>
+            <numerusform>Laden: %Ln Sekunde</numerusform>
+            <numerusform>Laden: %Ln Sekunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %1 of %Ln seconds</source>
+        <translation>
+            <numerusform>Laden: %1 von %Ln Sekunde</numerusform>
+            <numerusform>Laden: %1 von %Ln Sekunden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -889,6 +913,13 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>&amp;Umgekehrte Folge</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MediaPlayerBridge</name>
+    <message>
+        <source>A song is playing</source>
+        <translation>Ein Titel wird abgespielt</translation>
     </message>
 </context>
 <context>

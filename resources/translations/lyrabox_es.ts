@@ -530,6 +530,30 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>Reading songs: %1 of %Ln</source>
+        <translation>
+            <numerusform>Leyendo canciones: %1 de %Ln</numerusform>
+            <numerusform>Leyendo canciones: %1 de %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %Ln seconds</source>
+        <translation>
+            <numerusform>Cargando: %Ln segundo</numerusform>
+            <numerusform>Cargando: %Ln segundos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %1 of %Ln seconds</source>
+        <translation>
+            <numerusform>Cargando: %1 de %Ln segundo</numerusform>
+            <numerusform>Cargando: %1 de %Ln segundos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -889,6 +913,13 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>&amp;Invertir el orden</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MediaPlayerBridge</name>
+    <message>
+        <source>A song is playing</source>
+        <translation>Se está reproduciendo una canción</translation>
     </message>
 </context>
 <context>

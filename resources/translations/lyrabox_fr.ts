@@ -531,6 +531,30 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>Reading songs: %1 of %Ln</source>
+        <translation>
+            <numerusform>Lecture des morceaux : %1 sur %Ln</numerusform>
+            <numerusform>Lecture des morceaux : %1 sur %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %Ln seconds</source>
+        <translation>
+            <numerusform>Chargement : %Ln seconde</numerusform>
+            <numerusform>Chargement : %Ln secondes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %1 of %Ln seconds</source>
+        <translation>
+            <numerusform>Chargement : %1 sur %Ln seconde</numerusform>
+            <numerusform>Chargement : %1 sur %Ln secondes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -890,6 +914,13 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>&amp;Inverser l’ordre</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MediaPlayerBridge</name>
+    <message>
+        <source>A song is playing</source>
+        <translation>Un morceau est en cours de lecture</translation>
     </message>
 </context>
 <context>

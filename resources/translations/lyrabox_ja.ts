@@ -529,6 +529,27 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>ProgressText</name>
+    <message numerus="yes">
+        <source>Reading songs: %1 of %Ln</source>
+        <translation>
+            <numerusform>曲を読み込み中: %1 / %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %Ln seconds</source>
+        <translation>
+            <numerusform>読み込み中: %Ln 秒</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Loading: %1 of %Ln seconds</source>
+        <translation>
+            <numerusform>読み込み中: %1 / %Ln 秒</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RemovePopover</name>
     <message>
         <source>OK</source>
@@ -887,6 +908,13 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>逆順(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::MediaPlayerBridge</name>
+    <message>
+        <source>A song is playing</source>
+        <translation>曲を再生中です</translation>
     </message>
 </context>
 <context>

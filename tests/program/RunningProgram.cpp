@@ -197,7 +197,14 @@ QProcessEnvironment RunningProgram::environment() const
     environment.insert(u"XDG_CONFIG_HOME"_s, m_home.filePath(u"c"_s));
     environment.insert(u"XDG_CACHE_HOME"_s, m_home.filePath(u"x"_s));
     environment.insert(u"XDG_RUNTIME_DIR"_s, m_home.filePath(u"r"_s));
-    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"disabled:"_s);
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, busAddress);
+    if (!slowFile.isEmpty()) {
+        environment.insert(u"LYRABOX_SLOW_FILE"_s, slowFile);
+        environment.insert(u"LD_PRELOAD"_s, QStringLiteral(LYRABOX_SLOW_READING));
+        // The sanitizer would insist on being loaded first.
+        environment.insert(u"ASAN_OPTIONS"_s,
+                           environment.value(u"ASAN_OPTIONS"_s) + u":verify_asan_link_order=0"_s);
+    }
     environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     environment.remove(u"WAYLAND_DISPLAY"_s);
     for (auto variable = m_variables.cbegin(); variable != m_variables.cend(); ++variable)

@@ -97,6 +97,11 @@ protected:
     /// The frequency in a part of the recording; 0 without a tone.
     double toneAt(std::size_t sample, double seconds = 0.2) const;
 
+    /// Where the program finds the session bus; set before the start.
+    QString busAddress = QStringLiteral("disabled:");
+    /// Where there is one, the program reads it as from a slow disk; set before the start.
+    QString slowFile;
+
     VirtualDisplay display;
     PrivateSoundServer sound;
     std::unique_ptr<Recorder> recorder;

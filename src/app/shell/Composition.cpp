@@ -4,14 +4,18 @@
 #include "app/shell/FileDrop.h"
 #include "app/shell/FirstPaint.h"
 #include "app/shell/MainMenu.h"
+#include "app/shell/MediaPlayerBridge.h"
 #include "app/shell/OpenRequest.h"
+#include "app/shell/ProgressText.h"
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
 #include "library/TrackCountTextTransformer.h"
+#include "platform/desktop/SessionBus.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/NamedImage.h"
+#include "platform/ui/ProgressPanel.h"
 #include "platform/ui/TabOrder.h"
 
 #include <QApplication>
@@ -38,6 +42,7 @@ Composition::Composition(std::unique_ptr<LB_AudioController> audio) : m_audio(st
     buildCells();
     applyLooks();
     setOutlets();
+    connectProgress();
     connectTransport();
     connectLists();
     connectEqualizer();
@@ -75,6 +80,30 @@ void Composition::launch()
         &m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
     // The network, and what makes connections to it secure, takes as long to set up as the windows.
     afterFirstPaint(&m_mainWindow, [this] { m_updater.setAutomaticallyChecksForUpdates(true); });
+    afterFirstPaint(&m_mainWindow, [this] { connectDesktop(); });
+}
+
+void Composition::connectDesktop()
+{
+    connectToSessionBus(this, [this](const QDBusConnection &bus) {
+        if (m_terminated)
+            return;
+        m_desktop = std::make_unique<MediaPlayerBridge>(
+            MediaPlayerBridge::Player{
+                .audio = m_audio.get(),
+                .queue = &m_queue,
+                .tracks = &m_tracks,
+                .navigation = m_main.navigationView,
+                .playPauseButton = m_main.playPauseButton,
+                .loopButton = m_main.loopButton,
+                .shuffleButton = m_main.shuffleButton,
+                .speedSlider = m_main.playbackSpeedSlider,
+                .raise = [this] { bringToFront(); },
+                .quit = &QApplication::quit,
+                .open = [this](const QList<QUrl> &urls) { open(urls); },
+            },
+            bus);
+    });
 }
 
 void Composition::showEqualizer()
@@ -99,6 +128,7 @@ void Composition::terminate()
     NotificationCenter::defaultCenter().post(notification::applicationWillTerminate);
     userDefaults().sync();
     m_audio->setIsRunning(false);
+    m_desktop.reset();
 }
 
 void Composition::open(const QList<QUrl> &urls)
@@ -189,11 +219,33 @@ void Composition::setOutlets()
     m_main.splitView->setPanes(m_main.sourcePane, m_main.trackPane);
 }
 
+void Composition::connectProgress()
+{
+    using Work = InputAfterWait::Work;
+    m_progress = new ProgressPanel(m_main.trackTableView);
+    m_inputAfterWait =
+        std::make_unique<InputAfterWait>(m_main.playPauseButton, m_main.trackTableView);
+    m_audio->setProgressHook([this](qint64 seconds, qint64 total) {
+        m_inputAfterWait->waiting(Work::Load);
+        m_progress->showProgress(loadProgressText(seconds, total), seconds, total);
+    });
+    m_tracks.setProgressHook([this](qint64 done, qint64 found) {
+        m_inputAfterWait->waiting(Work::List);
+        m_progress->showProgress(listProgressText(done, found), done, found);
+    });
+    m_tracks.setPlayGate([this](const TrackRecordRef &track, std::function<void()> play) {
+        m_inputAfterWait->pick(track, m_audio->currentTrack(), std::move(play));
+    });
+}
+
 void Composition::connectTransport()
 {
     LB_AudioController *audio = m_audio.get();
-    connect(m_main.playPauseButton, &QAbstractButton::clicked, audio,
-            [this, audio] { audio->playPauseButtonPressed(m_main.playPauseButton); });
+    connect(m_main.playPauseButton, &QAbstractButton::clicked, audio, [this, audio] {
+        if (m_inputAfterWait->pressMeansPlay())
+            m_main.playPauseButton->setState(1);
+        audio->playPauseButtonPressed(m_main.playPauseButton);
+    });
     connect(m_main.loopButton, &QAbstractButton::clicked, audio,
             [this, audio] { audio->loopButtonPressed(m_main.loopButton); });
     connect(m_main.playbackSpeedMatrix, &ButtonMatrix::pressed, audio,

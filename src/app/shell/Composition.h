@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/shell/InputAfterWait.h"
 #include "app/shell/LB_AppDelegate.h"
 #include "engine/LB_AudioController.h"
 #include "equalizer/LB_EqualizerController.h"
@@ -22,6 +23,8 @@
 namespace lyrabox {
 
 class MainMenu;
+class MediaPlayerBridge;
+class ProgressPanel;
 
 /// The composition root: it builds both windows and every controller, sets every outlet, connects
 /// every action, and wakes them in the fixed start-up order. Nothing else in the program knows
@@ -56,6 +59,8 @@ private:
     void connectMenu();
     void connectViewMenu();
     void buildContextMenus();
+    void connectProgress();
+    void connectDesktop();
     void applyLooks();
     void updateMenu();
     void showEqualizer();
@@ -80,6 +85,9 @@ private:
     std::unique_ptr<VolumeWatcher> m_volumes;
     Popover *m_sourcePopover;
     Popover *m_presetPopover;
+    ProgressPanel *m_progress = nullptr;
+    std::unique_ptr<InputAfterWait> m_inputAfterWait;
+    std::unique_ptr<MediaPlayerBridge> m_desktop; ///< none without a session bus
     bool m_placesEqWindow = false;
     bool m_terminated = false;
 };

@@ -3,6 +3,7 @@
 #include "app/shell/Languages.h"
 #include "app/shell/ProgramIcon.h"
 #include "app/shell/SingleInstance.h"
+#include "platform/desktop/SessionBus.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/ui/Theme.h"
 
@@ -11,6 +12,7 @@
 #include <QScopeGuard>
 #include <QSessionManager>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -20,6 +22,7 @@ using lyrabox::CommandLine;
 namespace {
 
 constexpr int exitWrongUse = 2;
+constexpr std::chrono::seconds busPatience(2);
 
 /// Says to the user of a file manager as well as to that of a terminal that a process which is
 /// there does not answer.
@@ -57,6 +60,9 @@ int main(int argc, char **argv)
         return std::fputs(qPrintable(text), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
     }
 
+    // The toolkit would wait for a bus that hangs.
+    if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busPatience))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     QApplication application(argc, argv); // takes the toolkit's own options out
     const CommandLine line = lyrabox::readCommandLine(argc, argv);
     if (line.task == CommandLine::Task::Complain) {
@@ -87,7 +93,8 @@ int main(int argc, char **argv)
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
     fatal.terminate = [&hasSound] { hasSound = false; };
-    // Not quit(), which does nothing while only the alert runs an event loop, and asks every window.
+    // Not quit(), which does nothing while only the alert runs an event loop, and asks every
+    // window.
     const lyrabox::TerminationSignals signals_([] { QApplication::exit(); });
     auto audio = std::make_unique<LB_AudioController>(fatal);
     if (!hasSound)

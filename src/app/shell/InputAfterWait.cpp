@@ -1,0 +1,119 @@
+#include "app/shell/InputAfterWait.h"
+
+#include "platform/ui/StateButton.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace lyrabox {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto reactionTime = 100ms;
+
+} // namespace
+
+InputAfterWait::InputAfterWait(StateButton *playButton, QWidget *songs, ProgressClock clock)
+    : m_songs(songs), m_clock(std::move(clock)), m_stateBefore(playButton->state())
+{
+    // Queued: the press that begins the wait does not count as seen.
+    connect(
+        playButton, &StateButton::stateChanged, this, [this](int state) { m_stateBefore = state; },
+        Qt::QueuedConnection);
+    m_settleTimer.setSingleShot(true);
+    connect(&m_settleTimer, &QTimer::timeout, this, [this] {
+        if (!m_busy) {
+            settle();
+            return;
+        }
+        // The event loop runs again. Whatever the user did meanwhile comes now.
+        m_busy = false;
+        m_end = m_clock() + reactionTime;
+        m_settleTimer.start(reactionTime);
+    });
+}
+
+InputAfterWait::~InputAfterWait() = default;
+
+void InputAfterWait::waiting(Work work)
+{
+    if (!m_songs->isVisible())
+        return; // starting up: nobody can have done anything
+    if (!isFromWait()) {
+        m_showedPlay = m_stateBefore == 0;
+        m_listChanged = false;
+        m_loaded = false;
+        qApp->installEventFilter(this);
+    }
+    m_settling = true;
+    m_busy = true;
+    (work == Work::List ? m_listChanged : m_loaded) = true;
+    m_settleTimer.start(0ms);
+}
+
+bool InputAfterWait::isFromWait() const
+{
+    return m_settling && (m_busy || m_clock() < m_end);
+}
+
+bool InputAfterWait::pressMeansPlay()
+{
+    if (!isFromWait())
+        return false;
+    if (m_picked)
+        std::exchange(m_picked, {})();
+    return m_showedPlay;
+}
+
+void InputAfterWait::pick(const TrackRecordRef &track, const TrackRecordRef &loaded,
+                          std::function<void()> play)
+{
+    if (!isFromWait())
+        play();
+    else if (m_loaded && track == loaded)
+        m_picked = {};
+    else
+        m_picked = std::move(play);
+}
+
+void InputAfterWait::settle()
+{
+    m_settleTimer.stop();
+    m_settling = false;
+    m_busy = false;
+    qApp->removeEventFilter(this);
+    if (m_picked)
+        std::exchange(m_picked, {})();
+}
+
+bool InputAfterWait::isOnSongs(const QObject *watched) const
+{
+    return watched->isWidgetType() &&
+           (watched == m_songs || m_songs->isAncestorOf(static_cast<const QWidget *>(watched)));
+}
+
+bool InputAfterWait::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (!static_cast<QKeyEvent *>(event)->isAutoRepeat() || !isFromWait())
+            return false;
+        event->accept(); // no shortcut either
+        return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        // No longer than it takes to handle what has come: the new list may be on the screen.
+        return m_listChanged && m_busy && isOnSongs(watched);
+    default:
+        return false;
+    }
+}
+
+} // namespace lyrabox

@@ -1,0 +1,39 @@
+#include "app/shell/ProgressText.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <algorithm>
+#include <limits>
+
+namespace lyrabox {
+
+namespace {
+
+/// Looks up texts with a plural form by a number.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(ProgressText)
+};
+
+int plural(qint64 number)
+{
+    return static_cast<int>(std::min<qint64>(number, std::numeric_limits<int>::max()));
+}
+
+} // namespace
+
+QString listProgressText(qint64 done, qint64 found)
+{
+    return Text::tr("Reading songs: %1 of %Ln", nullptr, plural(found))
+        .arg(QLocale().toString(done));
+}
+
+QString loadProgressText(qint64 seconds, qint64 total)
+{
+    if (total <= 0)
+        return Text::tr("Loading: %Ln seconds", nullptr, plural(seconds));
+    return Text::tr("Loading: %1 of %Ln seconds", nullptr, plural(std::max(seconds, total)))
+        .arg(QLocale().toString(seconds));
+}
+
+} // namespace lyrabox

@@ -1,0 +1,27 @@
+#include "app/shell/ProgressText.h"
+
+#include <gtest/gtest.h>
+
+using namespace lyrabox;
+using namespace Qt::Literals::StringLiterals;
+
+TEST(ProgressText, TellsSongsWithTheLocalesGrouping)
+{
+    EXPECT_EQ(listProgressText(120, 5000), u"Reading songs: 120 of 5,000"_s);
+    EXPECT_EQ(listProgressText(1200, 5000), u"Reading songs: 1,200 of 5,000"_s);
+}
+
+TEST(ProgressText, TellsSeconds)
+{
+    EXPECT_EQ(loadProgressText(35, 240), u"Loading: 35 of 240 seconds"_s);
+}
+
+TEST(ProgressText, LeavesOutALengthThatIsNotKnown)
+{
+    EXPECT_EQ(loadProgressText(35, 0), u"Loading: 35 seconds"_s);
+}
+
+TEST(ProgressText, DoesNotTellMoreSecondsThanThereAre)
+{
+    EXPECT_EQ(loadProgressText(241, 240), u"Loading: 241 of 241 seconds"_s);
+}
