@@ -1,6 +1,6 @@
 #pragma once
 
-#include "program/VirtualDisplay.h"
+#include "support/program/VirtualDisplay.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -1,6 +1,6 @@
 #include "accessibility/AccessibilityBus.h"
 #include "program/Places.h"
-#include "program/RunningProgram.h"
+#include "support/program/RunningProgram.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "program/SessionManager.h"
 
-#include "program/VirtualDisplay.h"
+#include "support/program/VirtualDisplay.h"
 
 #include <gtest/gtest.h>
 

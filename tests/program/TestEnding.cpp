@@ -1,4 +1,4 @@
-#include "program/RunningProgram.h"
+#include "support/program/RunningProgram.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
 #include "program/Places.h"
-#include "program/RunningProgram.h"
 #include "support/Heard.h"
+#include "support/program/RunningProgram.h"
 
 #include <cmath>
 #include <numbers>

@@ -2,8 +2,8 @@
 
 #include "program/HangingDisk.h"
 #include "program/Places.h"
-#include "program/RunningProgram.h"
 #include "program/SessionManager.h"
+#include "support/program/RunningProgram.h"
 
 #include <QDir>
 #include <QFile>

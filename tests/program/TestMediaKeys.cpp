@@ -2,9 +2,9 @@
 // test's own.
 
 #include "program/Places.h"
-#include "program/RunningProgram.h"
 #include "support/PrivateBus.h"
 #include "support/SampleAudio.h"
+#include "support/program/RunningProgram.h"
 
 #include <QDBusArgument>
 #include <QDBusVariant>

@@ -1,7 +1,7 @@
 // Files and folders given on the command line, to the first process and to one that runs.
 
 #include "program/Places.h"
-#include "program/RunningProgram.h"
+#include "support/program/RunningProgram.h"
 
 #include <QDir>
 #include <QFile>

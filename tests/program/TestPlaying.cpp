@@ -1,5 +1,5 @@
 #include "program/Places.h"
-#include "program/RunningProgram.h"
+#include "support/program/RunningProgram.h"
 
 #include <cmath>
 

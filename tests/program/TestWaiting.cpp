@@ -1,8 +1,8 @@
 // What the user does while the program loads a song that takes long.
 
 #include "program/Places.h"
-#include "program/RunningProgram.h"
 #include "support/SampleAudio.h"
+#include "support/program/RunningProgram.h"
 
 #include <QDir>
 

@@ -1,4 +1,4 @@
-#include "program/VirtualDisplay.h"
+#include "support/program/VirtualDisplay.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/foundation/PropertyList.h"
-#include "program/VirtualDisplay.h"
 #include "support/PrivateSoundServer.h"
+#include "support/program/VirtualDisplay.h"
 
 #include <QHash>
 #include <QProcess>
