@@ -28,10 +28,13 @@ double decibels(double amplitude)
     return 20.0 * std::log10(std::max(amplitude, 1e-30));
 }
 
-// Not in the first frame, which the stage takes for a constant that has been there for ever.
+// The stage takes the mirror image of its first sounds for what came before them; after so much
+// silence that is silence as well.
+constexpr std::size_t firstSound = 256;
+
 float click(std::size_t frame, std::size_t)
 {
-    return frame == 1 ? 1.0F : 0.0F;
+    return frame == firstSound ? 1.0F : 0.0F;
 }
 
 float tone(std::size_t frame, std::size_t)
@@ -140,7 +143,7 @@ TEST(EqualizerSound, ItsOwnNoiseIsBelowTheResolutionOfAFloat)
     // Hz.
     std::vector<float> input(44100);
     for (std::size_t i = 0; i < input.size(); ++i)
-        input[i] = i == 0 ? 0.0F : 0.1F + 0.1F * tone(i * 3 / 100, 0);
+        input[i] = i < firstSound ? 0.0F : 0.1F + 0.1F * tone(i * 3 / 100, 0);
     PulledEqualizer pulled([&](std::size_t frame, std::size_t) { return input[frame]; });
     Levels levels{};
     for (std::size_t i = 0; i < sliderCount; ++i) {

@@ -9,9 +9,8 @@ namespace lyrabox {
 
 class MprisService;
 
-// The two interfaces as the bus calls them. Names and types are those of the MPRIS 2.2
-// specification.
-
+/// The interface of the program itself as the bus calls it. Names and types are those of MPRIS 2.2;
+/// what they answer comes from the service, which owns this. Main thread.
 class MprisRootAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2")
@@ -41,6 +40,7 @@ private:
     MprisService *m_service;
 };
 
+/// The interface of the transport, likewise. Times are microseconds of song time.
 class MprisPlayerAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
