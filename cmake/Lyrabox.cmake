@@ -70,6 +70,7 @@ function(lyrabox_add_test name)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(test_${name} PRIVATE
     LYRABOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LYRABOX_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  add_dependencies(test_${name} lyrabox_decoding)
   set(properties TIMEOUT ${ARG_TIMEOUT})
   if(ARG_LABELS)
     list(APPEND properties LABELS ${ARG_LABELS})

@@ -723,6 +723,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Remove Preset…</source>
         <translation>Voreinstellung entfernen …</translation>
     </message>
+    <message>
+        <source>Songs cannot be opened (%1)</source>
+        <translation>Titel können nicht geöffnet werden (%1)</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>

@@ -723,6 +723,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Remove Preset…</source>
         <translation>Quitar preajuste…</translation>
     </message>
+    <message>
+        <source>Songs cannot be opened (%1)</source>
+        <translation>No se pueden abrir canciones (%1)</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>

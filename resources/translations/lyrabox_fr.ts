@@ -724,6 +724,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Remove Preset…</source>
         <translation>Supprimer le préréglage…</translation>
     </message>
+    <message>
+        <source>Songs cannot be opened (%1)</source>
+        <translation>Impossible d’ouvrir les morceaux (%1)</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>

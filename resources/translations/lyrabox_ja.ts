@@ -718,6 +718,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Remove Preset…</source>
         <translation>プリセットを削除…</translation>
     </message>
+    <message>
+        <source>Songs cannot be opened (%1)</source>
+        <translation>曲を開けません (%1)</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MainMenu</name>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/SongReader.h"
 #include "platform/audio/AudioUnit.h"
+#include "platform/audio/SongReader.h"
 #include "platform/audio/StreamFormat.h"
 #include "platform/foundation/ProgressPacer.h"
 #include "platform/foundation/Status.h"

@@ -1,4 +1,5 @@
 #include "engine/AudioEngineControl.h"
+#include "platform/audio/DecodingModule.h"
 #include "platform/foundation/Machine.h"
 
 #include <algorithm>
@@ -167,8 +168,9 @@ Status loadAudioFile(const QUrl &url)
 {
     ProgressPacer progress(control().loadProgressHook, control().loadProgressClock);
     const auto &factory = control().songReaderFactory;
-    const std::unique_ptr<SongReader> reader = factory ? factory() : audioFileSongReader();
-    if (const Status status = reader->open(url.toLocalFile()))
+    const std::unique_ptr<SongReader> reader =
+        factory ? factory() : decodingModule().makeSongReader();
+    if (const Status status = reader->open(url.toLocalFile(), SongReader::Depth::Samples))
         return status;
     AudioStreamBasicDescription ownFormat{};
     if (const Status status = reader->fileDataFormat(ownFormat))

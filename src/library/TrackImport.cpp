@@ -1,6 +1,6 @@
 #include "library/TrackImport.h"
 
-#include "platform/audio/AudioFileReader.h"
+#include "platform/audio/DecodingModule.h"
 #include "platform/foundation/Files.h"
 #include "platform/foundation/Machine.h"
 
@@ -33,10 +33,10 @@ std::optional<OpenedAudioFile> openAudioFile(const QString &path)
 {
     if (!QFileInfo(path).isFile())
         return std::nullopt;
-    AudioFileReader reader;
-    if (reader.open(path, AudioFileReader::Depth::Tags) != status::noError)
+    const std::unique_ptr<SongReader> reader = decodingModule().makeSongReader();
+    if (reader->open(path, SongReader::Depth::Tags) != status::noError)
         return std::nullopt;
-    return OpenedAudioFile{reader.infoDictionary(), files::inodeText(path)};
+    return OpenedAudioFile{reader->infoDictionary(), files::inodeText(path)};
 }
 
 std::vector<std::optional<OpenedAudioFile>>

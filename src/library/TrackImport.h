@@ -17,7 +17,7 @@ namespace lyrabox {
 
 /// What a list needs to know of an audio file. The file itself is closed again.
 struct OpenedAudioFile {
-    QMap<QString, QString> information; ///< as AudioFileReader::infoDictionary() gives it
+    QMap<QString, QString> information; ///< as SongReader::infoDictionary() gives it
     QString inode;                      ///< decimal text, or "(null)"
 };
 

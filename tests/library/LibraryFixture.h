@@ -1,9 +1,9 @@
 #pragma once
 
-#include "engine/SongReader.h"
 #include "library/LB_QueueController.h"
 #include "library/LB_TrackController.h"
 #include "library/TrackTableModel.h"
+#include "platform/audio/SongReader.h"
 #include "platform/foundation/UserDefaults.h"
 #include "support/TransportFixture.h"
 
@@ -22,15 +22,15 @@
 namespace lyrabox::test {
 
 /// Reads the fake song from every path but those that are told to fail.
-class PickyReader : public engine::SongReader {
+class PickyReader : public SongReader {
 public:
-    PickyReader(std::unique_ptr<engine::SongReader> song, const std::map<QString, Status> &failures)
+    PickyReader(std::unique_ptr<SongReader> song, const std::map<QString, Status> &failures)
         : m_song(std::move(song)), m_failures(failures)
     {}
-    Status open(const QString &path) override
+    Status open(const QString &path, Depth depth) override
     {
         const auto failure = m_failures.find(path);
-        return failure == m_failures.end() ? m_song->open(path) : failure->second;
+        return failure == m_failures.end() ? m_song->open(path, depth) : failure->second;
     }
     Status fileDataFormat(AudioStreamBasicDescription &format) const override
     {
@@ -51,7 +51,7 @@ public:
     QByteArray albumArtwork() const override { return m_song->albumArtwork(); }
 
 private:
-    std::unique_ptr<engine::SongReader> m_song;
+    std::unique_ptr<SongReader> m_song;
     const std::map<QString, Status> &m_failures;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/SongReader.h"
+#include "platform/audio/SongReader.h"
 
 #include <algorithm>
 #include <functional>
@@ -37,9 +37,9 @@ struct FakeSong {
 };
 
 /// `song` is read while decoding, and may be changed between two loads.
-inline engine::SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
+inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
 {
-    class Reader : public engine::SongReader {
+    class Reader : public SongReader {
     public:
         explicit Reader(std::shared_ptr<FakeSong> theSong) : m_song(std::move(theSong))
         {
@@ -51,7 +51,7 @@ inline engine::SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong>
             --m_song->readersAlive;
         }
 
-        Status open(const QString &path) override
+        Status open(const QString &path, Depth) override
         {
             m_song->calls.emplace_back("open");
             m_song->openedPath = path;

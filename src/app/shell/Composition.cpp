@@ -10,6 +10,7 @@
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
 #include "library/TrackCountTextTransformer.h"
+#include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
@@ -81,6 +82,20 @@ void Composition::launch()
     // The network, and what makes connections to it secure, takes as long to set up as the windows.
     afterFirstPaint(&m_mainWindow, [this] { m_updater.setAutomaticallyChecksForUpdates(true); });
     afterFirstPaint(&m_mainWindow, [this] { connectDesktop(); });
+    afterFirstPaint(&m_mainWindow, [this] { loadDecoders(); });
+}
+
+/// In the background, so that the first song need not wait for it.
+void Composition::loadDecoders()
+{
+    m_decoderLoading = std::jthread([this] {
+        const QString failure = decodingModule().failure();
+        if (failure.isEmpty())
+            return;
+        QMetaObject::invokeMethod(this, [this, failure] {
+            m_main.errorField->setText(tr("Songs cannot be opened (%1)").arg(failure));
+        });
+    });
 }
 
 void Composition::connectDesktop()
@@ -121,6 +136,7 @@ void Composition::terminate()
 {
     if (std::exchange(m_terminated, true))
         return;
+    m_decoderLoading = {}; // its end is waited for
     windowMemory::saveWindow(&m_mainWindow, mainWindowName);
     windowMemory::saveWindow(&m_eqWindow, eqWindowName);
     windowMemory::saveDivider(m_main.splitView);

@@ -19,6 +19,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <thread>
 
 namespace lyrabox {
 
@@ -64,6 +65,7 @@ private:
     void applyLooks();
     void updateMenu();
     void showEqualizer();
+    void loadDecoders();
     void chooseLibrary();
     void showHelp(const QString &title, const QString &text);
 
@@ -90,6 +92,7 @@ private:
     std::unique_ptr<MediaPlayerBridge> m_desktop; ///< none without a session bus
     bool m_placesEqWindow = false;
     bool m_terminated = false;
+    std::jthread m_decoderLoading; ///< uses what stands above
 };
 
 } // namespace lyrabox

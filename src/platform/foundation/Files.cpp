@@ -1,6 +1,5 @@
 #include "platform/foundation/Files.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -40,6 +39,17 @@ bool isDirectoryEntry(int folder, const dirent &entry)
     struct stat attributes = {};
     return fstatat(folder, entry.d_name, &attributes, AT_SYMLINK_NOFOLLOW) == 0 &&
            S_ISDIR(attributes.st_mode);
+}
+
+/// The folder that "bin" is in; the build tree for a program anywhere in it.
+QString installationDirectory()
+{
+    // Not the toolkit's answer, which needs an application object.
+    const QString program = QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path();
+    const QString buildTree = QStringLiteral(LYRABOX_BUILD_TREE);
+    if (program == buildTree || program.startsWith(buildTree + u'/'))
+        return buildTree;
+    return QDir::cleanPath(program + u"/.."_s);
 }
 
 } // namespace
@@ -138,11 +148,12 @@ QStringList applicationSupportDirectories()
 
 QString sharedResourceDirectory()
 {
-    const QString program = QCoreApplication::applicationDirPath();
-    const QString buildTree = QStringLiteral(LYRABOX_BUILD_TREE);
-    if (program == buildTree || program.startsWith(buildTree + u'/'))
-        return buildTree + u"/share/lyrabox"_s;
-    return QDir::cleanPath(program + u"/../share/lyrabox"_s);
+    return installationDirectory() + u"/share/lyrabox"_s;
+}
+
+QString moduleDirectory()
+{
+    return installationDirectory() + u"/lib/lyrabox"_s;
 }
 
 } // namespace lyrabox::files

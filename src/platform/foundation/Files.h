@@ -53,4 +53,8 @@ QStringList applicationSupportDirectories();
 /// tree.
 QString sharedResourceDirectory();
 
+/// The folder of modules that the program opens: `../lib/lyrabox` seen from the installed program's
+/// own folder, `lib/lyrabox` of the build tree.
+QString moduleDirectory();
+
 } // namespace lyrabox::files

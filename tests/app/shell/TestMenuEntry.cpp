@@ -1,6 +1,6 @@
 // The types that the menu entry claims, against files of those types and the reader.
 
-#include "platform/audio/AudioFileReader.h"
+#include "platform/decoding/AudioFileReader.h"
 #include "support/SampleAudio.h"
 
 #include <QFile>

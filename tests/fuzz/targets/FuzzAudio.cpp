@@ -1,6 +1,6 @@
 #include "engine/Artwork.h"
 #include "fuzz/targets/FuzzTargets.h"
-#include "platform/audio/AudioFileReader.h"
+#include "platform/decoding/AudioFileReader.h"
 
 #include <QImage>
 

@@ -8,7 +8,7 @@
 
 #include "engine/Artwork.h"
 #include "engine/AudioEngine.h"
-#include "platform/audio/AudioFileReader.h"
+#include "platform/audio/DecodingModule.h"
 #include "support/FakeAudioUnits.h"
 
 #include <QFile>
@@ -46,11 +46,12 @@ long peakKibibytes()
 Report play(const QString &path)
 {
     Report report;
+    const DecodingModule &decoders = decodingModule(); // its libraries are no song's
     report.startKibibytes = peakKibibytes();
     {
-        AudioFileReader reader;
-        report.tags = reader.open(path, AudioFileReader::Depth::Tags);
-        reader.infoDictionary();
+        const std::unique_ptr<SongReader> reader = decoders.makeSongReader();
+        report.tags = reader->open(path, SongReader::Depth::Tags);
+        reader->infoDictionary();
     }
     report.load = engine::loadAudioFile(QUrl::fromLocalFile(path));
     report.frames = engine::totalFrames();

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/audio/SongReader.h"
+
+#include <memory>
+#include <optional>
+
+namespace lyrabox {
+
+/// Reads local files only: no protocol but `file`, no playlist, image or network container.
+class AudioFileReader final : public SongReader {
+public:
+    AudioFileReader();
+    ~AudioFileReader() override;
+
+    Status open(const QString &path, Depth depth = Depth::Samples) override;
+    Status fileDataFormat(AudioStreamBasicDescription &format) const override;
+    Status setClientDataFormat(const AudioStreamBasicDescription &format) override;
+    Status read(std::uint32_t &frames, AudioBufferList &list) override;
+    std::optional<std::uint64_t> estimatedFrames() const override;
+    bool isEstimateSure() const override;
+    std::optional<std::uint64_t> countedFrames(std::uint64_t most) const override;
+    QByteArray albumArtwork() const override;
+    QMap<QString, QString> infoDictionary() const override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace lyrabox

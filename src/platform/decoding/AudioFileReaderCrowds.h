@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/decoding/AudioFileReaderInput.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace lyrabox {
+
+/// Bytes of a file.
+struct FilePart {
+    std::int64_t offset = 0;
+    std::int64_t length = 0;
+};
+
+/// What is inside tags with more entries than any song has: the ID3v2 tag at the start or within a
+/// WAVE or AIFF file, the comments of a FLAC file. FFmpeg takes a time that grows with the square
+/// of their number, and kilobytes of memory for a chapter of a few bytes.
+std::vector<FilePart> crowdedTags(const AudioFileReaderInput &input);
+
+} // namespace lyrabox

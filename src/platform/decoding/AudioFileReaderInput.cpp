@@ -1,0 +1,164 @@
+#include "platform/decoding/AudioFileReaderInput.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace lyrabox {
+
+namespace {
+
+constexpr int bufferBytes = 32 << 10;
+
+Status statusOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        return status::fileNotFound;
+    case EACCES:
+    case EPERM:
+        return status::noPermission;
+    case ENOMEM:
+        return status::notEnoughMemory;
+    default:
+        return status::unspecified;
+    }
+}
+
+/// Nanoseconds that this thread has had of the processor.
+std::int64_t threadTime()
+{
+    timespec time = {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+} // namespace
+
+AudioFileReaderInput::~AudioFileReaderInput()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+Status AudioFileReaderInput::open(const QString &path)
+{
+    if (path.isEmpty() || path.contains(QChar(0)))
+        return status::fileNotFound;
+    const QByteArray name = QFile::encodeName(path);
+    struct stat attributes = {};
+    // Asked before opening as well: opening a device can have effects.
+    if (::stat(name.constData(), &attributes) != 0)
+        return statusOf(errno);
+    if (!S_ISREG(attributes.st_mode))
+        return status::unsupportedFileType;
+    // Should a pipe have taken the file's place by now, O_NONBLOCK keeps the opening from waiting
+    // for a writer.
+    m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    if (m_descriptor < 0 || ::fstat(m_descriptor, &attributes) != 0)
+        return statusOf(errno);
+    if (!S_ISREG(attributes.st_mode))
+        return status::unsupportedFileType;
+    m_size = attributes.st_size;
+    m_openingStart = threadTime();
+
+    auto *buffer = static_cast<std::uint8_t *>(av_malloc(bufferBytes));
+    m_context.reset(
+        buffer ? avio_alloc_context(buffer, bufferBytes, 0, this, &readPacket, nullptr, &seek)
+               : nullptr);
+    if (!m_context) {
+        av_free(buffer);
+        return status::notEnoughMemory;
+    }
+    return status::noError;
+}
+
+std::size_t AudioFileReaderInput::peek(std::int64_t offset, std::span<std::uint8_t> bytes) const
+{
+    std::size_t got = 0;
+    while (got < bytes.size()) {
+        const auto count = ::pread(m_descriptor, bytes.data() + got, bytes.size() - got,
+                                   m_start + offset + static_cast<std::int64_t>(got));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        got += static_cast<std::size_t>(count);
+    }
+    return got;
+}
+
+bool AudioFileReaderInput::isExhausted() const
+{
+    return m_sinceProgress >= readLimit ||
+           (m_isOpening && threadTime() - m_openingStart > openingLimit);
+}
+
+/// `bytes` were read at the current position.
+void AudioFileReaderInput::blankOut(std::span<std::uint8_t> bytes) const
+{
+    const auto size = static_cast<std::int64_t>(bytes.size());
+    for (const auto &[offset, length] : m_blanks) {
+        const std::int64_t from = std::clamp<std::int64_t>(offset - m_position, 0, size);
+        const std::int64_t to = std::clamp<std::int64_t>(offset + length - m_position, from, size);
+        std::fill(bytes.begin() + from, bytes.begin() + to, std::uint8_t{0});
+    }
+}
+
+int AudioFileReaderInput::readPacket(void *self, std::uint8_t *buffer, int size)
+{
+    auto &input = *static_cast<AudioFileReaderInput *>(self);
+    if (input.isExhausted())
+        return AVERROR_EOF;
+    for (;;) {
+        const auto count = ::pread(input.m_descriptor, buffer, static_cast<std::size_t>(size),
+                                   input.m_start + input.m_position);
+        if (count > 0) {
+            input.blankOut(std::span(buffer, static_cast<std::size_t>(count)));
+            input.m_position += count;
+            input.m_sinceProgress += count;
+            return static_cast<int>(count);
+        }
+        if (count == 0)
+            return AVERROR_EOF;
+        if (errno != EINTR) {
+            input.m_error = statusOf(errno);
+            return AVERROR(errno);
+        }
+    }
+}
+
+std::int64_t AudioFileReaderInput::seek(void *self, std::int64_t offset, int whence)
+{
+    auto &input = *static_cast<AudioFileReaderInput *>(self);
+    switch (whence & ~AVSEEK_FORCE) {
+    case AVSEEK_SIZE:
+        return input.size();
+    case SEEK_SET:
+        break;
+    case SEEK_CUR:
+        offset += input.m_position;
+        break;
+    case SEEK_END:
+        offset += input.size();
+        break;
+    default:
+        return AVERROR(EINVAL);
+    }
+    if (offset < 0)
+        return AVERROR(EINVAL);
+    // What lies past the end reads as the end, as with any file.
+    input.m_position = std::min(offset, input.size());
+    return input.m_position;
+}
+
+} // namespace lyrabox

@@ -1,0 +1,21 @@
+// What the program finds by name in the module of the decoders.
+
+#include "platform/audio/DecodingModule.h"
+#include "platform/decoding/AudioFileReader.h"
+
+extern "C" {
+
+const char *lyraboxDecodingVersion()
+{
+    return LYRABOX_VERSION;
+}
+
+lyrabox::SongReader *lyraboxMakeSongReader()
+{
+    return new lyrabox::AudioFileReader;
+}
+
+} // extern "C"
+
+static_assert(std::is_same_v<decltype(lyraboxDecodingVersion), lyrabox::DecodingVersionFunction>);
+static_assert(std::is_same_v<decltype(lyraboxMakeSongReader), lyrabox::MakeSongReaderFunction>);

@@ -1,0 +1,17 @@
+// Must never be asked for a reader.
+
+#include <cstdlib>
+
+extern "C" {
+
+const char *lyraboxDecodingVersion()
+{
+    return "0.0.0";
+}
+
+void *lyraboxMakeSongReader()
+{
+    std::abort();
+}
+
+} // extern "C"
