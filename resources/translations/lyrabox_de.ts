@@ -927,6 +927,13 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::ProgressPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SUUpdater</name>
     <message>
         <source>Lyrabox is up to date.</source>

@@ -927,6 +927,13 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::ProgressPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SUUpdater</name>
     <message>
         <source>Lyrabox is up to date.</source>

@@ -928,6 +928,13 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::ProgressPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SUUpdater</name>
     <message>
         <source>Lyrabox is up to date.</source>

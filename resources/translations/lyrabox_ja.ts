@@ -922,6 +922,13 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::ProgressPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SUUpdater</name>
     <message>
         <source>Lyrabox is up to date.</source>

@@ -37,6 +37,8 @@ ProgressPanel::ProgressPanel(QWidget *view)
       m_label(new QLabel(this)),
       m_bar(new QProgressBar(this))
 {
+    setAccessibleName(tr("Progress"));
+    m_bar->setAccessibleName(tr("Progress"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
     m_label->setTextFormat(Qt::PlainText);
