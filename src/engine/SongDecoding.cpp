@@ -168,8 +168,10 @@ Status loadAudioFile(const QUrl &url)
 {
     ProgressPacer progress(control().loadProgressHook, control().loadProgressClock);
     const auto &factory = control().songReaderFactory;
+    qint64 secondsDecoded = 0;
     const std::unique_ptr<SongReader> reader =
         factory ? factory() : decodingModule().makeSongReader();
+    reader->setWaitHook([&] { progress.advance(secondsDecoded); });
     if (const Status status = reader->open(url.toLocalFile(), SongReader::Depth::Samples))
         return status;
     AudioStreamBasicDescription ownFormat{};
@@ -203,7 +205,8 @@ Status loadAudioFile(const QUrl &url)
             break;
         frames = std::min(frames, asked);
         buffers.addDecoded(frames);
-        progress.advance(secondsOf(buffers.decodedBytes() / std::max(format.mBytesPerFrame, 1U)));
+        secondsDecoded = secondsOf(buffers.decodedBytes() / std::max(format.mBytesPerFrame, 1U));
+        progress.advance(secondsDecoded);
     } while (frames > 0);
 
     if (outOfMemory) {

@@ -74,6 +74,19 @@ TEST_F(SongDecoding, TellsNoTotalWhereTheFileDoesNot)
     EXPECT_THAT(totals, ElementsAre(0, 0, 0));
 }
 
+TEST_F(SongDecoding, TellsThatItGoesOnWhileTheFileIsSlowToOpen)
+{
+    std::chrono::milliseconds now{};
+    std::vector<std::pair<qint64, qint64>> told;
+    song->waitsInOpen = 4;
+    engine::setLoadProgressHook([&](qint64 done, qint64 total) { told.emplace_back(done, total); },
+                                [&] { return now += std::chrono::milliseconds(100); });
+    loadSong(4410);
+    engine::setLoadProgressHook({});
+    ASSERT_GE(told.size(), 2U);
+    EXPECT_EQ(told.front(), std::pair(qint64{0}, qint64{0})); // its length is not known yet
+}
+
 TEST_F(SongDecoding, EndsWithAResetAtFrameZero)
 {
     loadSong(10000);

@@ -20,6 +20,7 @@ struct FakeSong {
     bool estimateIsSure = true;
     std::optional<std::uint64_t> countedFrames;
     QByteArray artwork;
+    int waitsInOpen = 0; ///< pieces of the file that open() waits for
     Status openStatus = 0;
     Status fileDataFormatStatus = 0;
     Status clientFormatStatus = 0;
@@ -51,8 +52,11 @@ inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
             --m_song->readersAlive;
         }
 
+        void setWaitHook(std::function<void()> hook) override { m_waitHook = std::move(hook); }
         Status open(const QString &path, Depth) override
         {
+            for (int piece = 0; piece < m_song->waitsInOpen; ++piece)
+                m_waitHook();
             m_song->calls.emplace_back("open");
             m_song->openedPath = path;
             return m_song->openStatus;
@@ -104,6 +108,7 @@ inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
 
     private:
         std::shared_ptr<FakeSong> m_song;
+        std::function<void()> m_waitHook;
         AudioStreamBasicDescription m_format;
         std::uint64_t m_position = 0;
     };

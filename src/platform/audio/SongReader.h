@@ -28,6 +28,11 @@ public:
     SongReader &operator=(const SongReader &) = delete;
     virtual ~SongReader() = default;
 
+    /// `hook` is called while open() and read() wait for the file, on the thread that called them,
+    /// each time when a piece of it has come: many times a second, so it must be cheap. Before
+    /// open(). A reader that never waits never calls it.
+    virtual void setWaitHook(std::function<void()> /*hook*/) {}
+
     /// Opens the file at `path` (any bytes that the file system allows) and finds its first audio
     /// stream. fileNotFound, noPermission, unsupportedFileType (not audio), unsupportedDataFormat
     /// (no decoder), invalidFile (malformed), notEnoughMemory or missingDecoder on failure. With

@@ -58,7 +58,7 @@ Status AudioFileReader::open(const QString &path, Depth depth)
     const Status result = withoutExceptions([&] {
         d = std::make_unique<Private>();
         d->path = path;
-        const Status opened = d->container.open(path);
+        const Status opened = d->container.open(path, m_waitHook);
         if (opened != status::noError || depth == Depth::Tags)
             return opened;
         d->hasSamples = true;
@@ -157,7 +157,7 @@ std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t most) 
     std::optional<std::uint64_t> counted;
     withoutExceptions([&] {
         AudioFileReaderContainer container; // the other one goes on from where it is
-        const Status opened = d ? container.open(d->path) : status::unspecified;
+        const Status opened = d ? container.open(d->path, m_waitHook) : status::unspecified;
         if (opened == status::noError)
             counted = countFrames(container, d->client.mSampleRate, most);
         return opened;

@@ -2,8 +2,10 @@
 
 #include "platform/audio/SongReader.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace lyrabox {
 
@@ -13,6 +15,7 @@ public:
     AudioFileReader();
     ~AudioFileReader() override;
 
+    void setWaitHook(std::function<void()> hook) override { m_waitHook = std::move(hook); }
     Status open(const QString &path, Depth depth = Depth::Samples) override;
     Status fileDataFormat(AudioStreamBasicDescription &format) const override;
     Status setClientDataFormat(const AudioStreamBasicDescription &format) override;
@@ -26,6 +29,7 @@ public:
 private:
     struct Private;
     std::unique_ptr<Private> d;
+    std::function<void()> m_waitHook;
 };
 
 } // namespace lyrabox

@@ -44,9 +44,10 @@ void prepareFFmpeg()
     });
 }
 
-Status AudioFileReaderContainer::open(const QString &path)
+Status AudioFileReaderContainer::open(const QString &path, std::function<void()> waitHook)
 {
     prepareFFmpeg();
+    m_input.setWaitHook(std::move(waitHook));
     Status result = m_input.open(path);
     if (result == status::noError)
         result = probe(path);

@@ -13,8 +13,8 @@ constexpr int minimumFileRate = 1000;
 /// One opened audio file: its container and its first audio stream that something here decodes.
 class AudioFileReaderContainer {
 public:
-    /// Statuses as AudioFileReader::open().
-    Status open(const QString &path);
+    /// Statuses as AudioFileReader::open(). `waitHook` as SongReader::setWaitHook().
+    Status open(const QString &path, std::function<void()> waitHook = {});
 
     AVFormatContext *context() const { return m_context.get(); }
     AVStream *stream() const { return m_stream; }

@@ -97,6 +97,12 @@ std::size_t AudioFileReaderInput::peek(std::int64_t offset, std::span<std::uint8
     return got;
 }
 
+void AudioFileReaderInput::setWaitHook(std::function<void()> hook)
+{
+    m_waitHook = std::move(hook);
+    m_waiting = std::this_thread::get_id();
+}
+
 bool AudioFileReaderInput::isExhausted() const
 {
     return m_sinceProgress >= readLimit ||
@@ -126,6 +132,8 @@ int AudioFileReaderInput::readPacket(void *self, std::uint8_t *buffer, int size)
             input.blankOut(std::span(buffer, static_cast<std::size_t>(count)));
             input.m_position += count;
             input.m_sinceProgress += count;
+            if (input.m_waitHook && std::this_thread::get_id() == input.m_waiting)
+                input.m_waitHook();
             return static_cast<int>(count);
         }
         if (count == 0)

@@ -6,7 +6,9 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -41,6 +43,9 @@ public:
     /// Tells that sound came out of what was read. Without it, the file ends after readLimit bytes.
     void progress() { m_sinceProgress = 0; }
 
+    /// Called by this thread's reads once a piece of the file has come.
+    void setWaitHook(std::function<void()> hook);
+
     /// From now on only the bytes read without progress() are limited, no longer the time.
     void endOpening() { m_isOpening = false; }
 
@@ -70,6 +75,8 @@ private:
     std::int64_t m_openingStart = 0;
     std::vector<std::pair<std::int64_t, std::int64_t>> m_blanks; ///< offset and length
     bool m_isOpening = true;
+    std::function<void()> m_waitHook;
+    std::thread::id m_waiting; ///< whose reads call it
     Status m_error = status::noError;
     AvPointer<AVIOContext> m_context;
 };

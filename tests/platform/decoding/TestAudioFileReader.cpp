@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <thread>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -224,6 +225,23 @@ TEST(AudioFileReader, DoesNotReadIntoBuffersThatAreMissing)
     frames = 10;
     EXPECT_NE(reader.read(frames, list), status::noError);
     EXPECT_EQ(frames, 0U);
+}
+
+TEST(AudioFileReader, TellsThatItWaitsWhileItOpensAndWhileItReads)
+{
+    const QString path = sampleFile({.extension = u"flac"_s, .seconds = 20.0});
+    AudioFileReader reader;
+    int waits = 0;
+    reader.setWaitHook([&, thread = std::this_thread::get_id()] {
+        EXPECT_EQ(std::this_thread::get_id(), thread);
+        ++waits;
+    });
+    ASSERT_EQ(reader.open(path), status::noError);
+    const int whileOpening = waits;
+    EXPECT_GT(whileOpening, 0);
+    EXPECT_EQ(reader.setClientDataFormat(canonicalStreamFormat()), status::noError);
+    EXPECT_GT(readAll(reader).left.size(), 0U);
+    EXPECT_GT(waits, whileOpening);
 }
 
 TEST(AudioFileReader, OpensOneFileAfterAnother)
