@@ -84,6 +84,8 @@ void exchangeChain(Chain &chain)
 {
     std::swap(control().chain, chain);
     const Chain &current = control().chain;
+    if (control().isPrepared && current.timePitch)
+        current.timePitch->prepare();
     state().eqUnit = current.equalizer.get();
     state().timePitchUnit = current.timePitch.get();
     state().outputUnit.store(current.output.get(), std::memory_order_release);
@@ -152,6 +154,14 @@ Status buildAudioSystem()
     return status;
 }
 
+void prepareForPlayback()
+{
+    const Lock lock(control().mutex);
+    control().isPrepared = true;
+    if (control().chain.timePitch)
+        control().chain.timePitch->prepare();
+}
+
 Status defaultOutputChanged()
 {
     Chain chain;
@@ -183,6 +193,7 @@ void tearDownAudioSystem()
         const Lock lock(control().mutex);
         if (control().chain.output)
             control().chain.output->stop();
+        control().isPrepared = false;
         exchangeChain(chain);
         watcher = std::move(control().watcher);
         control().waitsForDevice = false;

@@ -74,6 +74,10 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
 /// otherwise the old one stays as it stands. Output stopped or first build.
 Status buildAudioSystem();
 
+/// Begins in the background what would let the first start of the output wait, for this chain and
+/// every later one. Any time after buildAudioSystem(); a start that comes before waits.
+void prepareForPlayback();
+
 /// Fills the equalizer's input from the song. Audio callback thread. At the end of the song (two
 /// pulls before the last frame) it stops the output instead and leaves `ioData` untouched. Frames
 /// that the song does not have, for whatever position or loop point, are silence. A seek made while

@@ -26,6 +26,7 @@ struct Control {
     /// runOnNextDevice.
     bool waitsForDevice = false;
     bool runOnNextDevice = false;
+    bool isPrepared = false; ///< and so is every chain to come
 
     // Main thread, set before use.
     AudioUnitFactory factory;

@@ -115,6 +115,29 @@ TEST_F(AudioEngine, BuildCanBeTriedAgainAfterAFailure)
     EXPECT_EQ(audio.pull(10).channels[0].back(), 9.0F);
 }
 
+TEST_F(AudioEngine, ThisChainAndEveryLaterOneIsPreparedOnceThatIsAskedFor)
+{
+    const auto preparations = [this] {
+        std::vector<std::string> calls = audio.calls();
+        std::erase_if(calls, [](const std::string &call) { return !call.ends_with(".prepare"); });
+        return calls;
+    };
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    EXPECT_TRUE(audio.fireDefaultOutputChangedOnThread());
+    EXPECT_TRUE(preparations().empty());
+    engine::prepareForPlayback();
+    EXPECT_EQ(preparations(), std::vector<std::string>{"timePitch2.prepare"});
+    EXPECT_TRUE(audio.fireDefaultOutputChangedOnThread());
+    EXPECT_EQ(preparations(),
+              (std::vector<std::string>{"timePitch2.prepare", "timePitch3.prepare"}));
+}
+
+TEST_F(AudioEngine, NothingIsPreparedWhereNoChainIs)
+{
+    engine::prepareForPlayback();
+    EXPECT_TRUE(audio.calls().empty());
+}
+
 TEST_F(AudioEngine, DeviceChangeTakesItsStepsInOrder)
 {
     buildAndPlay(100000);

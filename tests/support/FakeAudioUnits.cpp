@@ -217,6 +217,7 @@ public:
         m_source = source;
         return shared().statusAt(FakeStep::TimePitchConnect);
     }
+    void prepare() override { record("prepare"); }
     void reset() override
     {
         FakeUnit::reset();

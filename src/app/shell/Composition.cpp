@@ -9,6 +9,7 @@
 #include "app/shell/ProgressText.h"
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
+#include "engine/AudioEngine.h"
 #include "library/TrackCountTextTransformer.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
@@ -83,6 +84,8 @@ void Composition::launch()
     afterFirstPaint(&m_mainWindow, [this] { m_updater.setAutomaticallyChecksForUpdates(true); });
     afterFirstPaint(&m_mainWindow, [this] { connectDesktop(); });
     afterFirstPaint(&m_mainWindow, [this] { loadDecoders(); });
+    // Half of a processor's time at the start would be its.
+    afterFirstPaint(&m_mainWindow, &engine::prepareForPlayback);
 }
 
 /// In the background, so that the first song need not wait for it.

@@ -79,8 +79,11 @@ public:
     /// Set once, before the chain renders; the source is not owned and must outlive the unit.
     virtual Status connect(RenderingUnit *source) = 0;
 
-    /// Blocks until render() gives more than silence: initialize() may leave work to a thread of the
-    /// unit's own. Once, before the output is started.
+    /// Begins what initialize() has put off, on a thread of the unit's own.
+    virtual void prepare() {}
+
+    /// Blocks until render() gives more than silence: what prepare() begins is done. Once, before
+    /// the output is started; prepare() need not have been called.
     virtual void awaitReady() {}
 };
 

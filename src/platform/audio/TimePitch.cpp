@@ -31,24 +31,33 @@ Status TimePitch::initialize()
     m_cover.allocate();
     m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
     m_resetRequested.store(true, std::memory_order_release);
-    const auto warmUp = [this] {
-        m_stretcher.warmUp();
-        m_ready.store(true, std::memory_order_release);
-    };
-    if (m_warmUp == WarmUp::Beside) {
-        try {
-            m_warmingUp = std::async(std::launch::async, warmUp);
-            return status::noError;
-        } catch (const std::system_error &) {
-            // No thread to be had.
-        }
-    }
-    warmUp();
+    m_isCold = m_warmUp == WarmUp::Beside;
+    if (!m_isCold)
+        warmUp();
     return status::noError;
+}
+
+void TimePitch::warmUp()
+{
+    m_stretcher.warmUp();
+    m_ready.store(true, std::memory_order_release);
+}
+
+void TimePitch::prepare()
+{
+    if (!m_isCold)
+        return;
+    m_isCold = false;
+    try {
+        m_warmingUp = std::async(std::launch::async, [this] { warmUp(); });
+    } catch (const std::system_error &) {
+        warmUp(); // no thread to be had
+    }
 }
 
 void TimePitch::awaitReady()
 {
+    prepare();
     if (m_warmingUp.valid())
         m_warmingUp.wait();
 }

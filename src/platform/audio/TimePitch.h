@@ -47,13 +47,14 @@ public:
     /// Over which the cover goes over into the stretcher.
     static constexpr std::uint32_t uncoverFrames = 512;
 
-    /// Beside: initialize() leaves the stretcher's warming-up, a tenth of a second, to a thread;
-    /// until it is done render() gives silence.
+    /// Beside: initialize() puts off the stretcher's warming-up, a tenth of a second, and prepare()
+    /// leaves it to a thread; until it is done render() gives silence.
     enum class WarmUp { AtOnce, Beside };
 
     explicit TimePitch(WarmUp warmUp = WarmUp::AtOnce) : m_warmUp(warmUp) {}
 
     Status initialize() override;
+    void prepare() override;
     void awaitReady() override;
     float parameter(std::uint32_t id) const override;
     Status setParameter(std::uint32_t id, float value) override;
@@ -118,7 +119,10 @@ private:
     std::uint32_t m_discarded = 0; ///< of the stretcher's lead-in
     std::uint32_t m_fadeInLeft = 0;
 
+    void warmUp();
+
     WarmUp m_warmUp;
+    bool m_isCold = false;         ///< initialize() has put the warming-up off
     std::future<void> m_warmingUp; ///< waited for before anything that it uses goes
 };
 

@@ -66,4 +66,35 @@ TEST(TimePitchWarmUp, IsWaitedForByAUnitThatGoes)
 {
     TimePitch unit(TimePitch::WarmUp::Beside);
     EXPECT_EQ(unit.initialize(), status::noError);
+    unit.prepare();
+}
+
+TEST(TimePitchWarmUp, MayBeBegunBeforeItIsWaitedForAndOnceIsEnough)
+{
+    TimePitch unit(TimePitch::WarmUp::Beside);
+    unit.prepare(); // there is nothing to prepare yet
+    EXPECT_EQ(unit.initialize(), status::noError);
+    unit.prepare();
+    unit.prepare();
+    unit.awaitReady();
+    unit.awaitReady();
+    unit.prepare();
+    Noise noise;
+    unit.connect(&noise);
+    std::vector<float> left(4096);
+    std::vector<float> right(4096);
+    AudioBufferList list{};
+    list.mNumberBuffers = 2;
+    for (std::uint32_t i = 0; i < 8; ++i) {
+        list.mBuffers[0] = {1, 2048, left.data() + 512 * i};
+        list.mBuffers[1] = {1, 2048, right.data() + 512 * i};
+        unit.render(512, list);
+    }
+    EXPECT_NE(left.back(), 0.0F);
+}
+
+TEST(TimePitchWarmUp, AUnitThatWasNeverPreparedMayGo)
+{
+    TimePitch unit(TimePitch::WarmUp::Beside);
+    EXPECT_EQ(unit.initialize(), status::noError);
 }
