@@ -6,6 +6,7 @@
 #include "app/shell/MainMenu.h"
 #include "app/shell/MediaPlayerBridge.h"
 #include "app/shell/OpenRequest.h"
+#include "app/shell/ProgramIcon.h"
 #include "app/shell/ProgressText.h"
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
@@ -80,6 +81,7 @@ void Composition::launch()
     m_updater.setFeedURL(QUrl(updateFeedAddress()));
     m_updater.setPresenter(updateDialogs(
         &m_mainWindow, [](const QUrl &url) { return QDesktopServices::openUrl(url); }));
+    afterFirstPaint(&m_mainWindow, [] { QApplication::setWindowIcon(programIcon()); });
     // The network, and what makes connections to it secure, takes as long to set up as the windows.
     afterFirstPaint(&m_mainWindow, [this] { m_updater.setAutomaticallyChecksForUpdates(true); });
     afterFirstPaint(&m_mainWindow, [this] { connectDesktop(); });

@@ -31,6 +31,7 @@ int failForWantOfAnswer()
     const QString text =
         QCoreApplication::translate("main", "Lyrabox is running already but does not answer.");
     std::fprintf(stderr, "lyrabox: %s\n", qPrintable(text));
+    QApplication::setWindowIcon(lyrabox::programIcon());
     QMessageBox(QMessageBox::Critical, QApplication::applicationDisplayName(), text).exec();
     return EXIT_FAILURE;
 }
@@ -73,7 +74,6 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("Lyrabox"));
     QApplication::setApplicationDisplayName(QStringLiteral("Lyrabox"));
     QApplication::setDesktopFileName(QStringLiteral("org.lyrabox.Lyrabox"));
-    QApplication::setWindowIcon(lyrabox::programIcon());
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
     lyrabox::installLanguage(application);
     lyrabox::applyApplicationTheme(application);
@@ -93,6 +93,10 @@ int main(int argc, char **argv)
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
     fatal.terminate = [&hasSound] { hasSound = false; };
+    fatal.present = [show = fatal.present](const QString &text, const QString &suggestion) {
+        QApplication::setWindowIcon(lyrabox::programIcon());
+        show(text, suggestion);
+    };
     // Not quit(), which does nothing while only the alert runs an event loop, and asks every
     // window.
     const lyrabox::TerminationSignals signals_([] { QApplication::exit(); });

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <QXmlStreamReader>
 
 #include <cmath>
 
@@ -31,9 +32,14 @@ QSize naturalSize(const QString &name)
     const auto known = sizes.constFind(name);
     if (known != sizes.constEnd())
         return *known;
-    if (name.isEmpty() || !QFile::exists(pathForName(name)))
+    QFile drawing(pathForName(name));
+    if (name.isEmpty() || !drawing.open(QIODevice::ReadOnly))
         return {};
-    const QSize size = QSvgRenderer(pathForName(name)).defaultSize();
+    // Only the first element is read: most drawings are not seen for long, or never.
+    QXmlStreamReader xml(&drawing);
+    xml.readNextStartElement();
+    const QXmlStreamAttributes attributes = xml.attributes();
+    const QSize size(attributes.value(u"width"_s).toInt(), attributes.value(u"height"_s).toInt());
     sizes.insert(name, size);
     return size;
 }
@@ -44,8 +50,11 @@ NamedImage::NamedImage(const QString &name) : m_name(name)
 {
     linkImages();
     m_size = naturalSize(name);
-    if (!m_size.isEmpty())
-        m_icon = QIcon(pathForName(name));
+}
+
+QIcon NamedImage::icon() const
+{
+    return isNull() ? QIcon() : QIcon(pathForName(m_name));
 }
 
 QPixmap NamedImage::pixmap(qreal devicePixelRatio) const

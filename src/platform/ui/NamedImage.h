@@ -19,12 +19,12 @@ public:
     explicit NamedImage(const QString &name);
 
     const QString &name() const { return m_name; }
-    bool isNull() const { return m_icon.isNull(); }
+    bool isNull() const { return m_size.isEmpty(); }
 
     /// The natural size in device-independent pixels; empty for a null image.
     QSize size() const { return m_size; }
 
-    QIcon icon() const { return m_icon; }
+    QIcon icon() const;
 
     /// The image at its natural size, sharp at `devicePixelRatio`.
     QPixmap pixmap(qreal devicePixelRatio) const;
@@ -35,7 +35,6 @@ public:
 
 private:
     QString m_name;
-    QIcon m_icon;
     QSize m_size;
 };
 
