@@ -3,8 +3,10 @@
 #include "app/shell/Languages.h"
 #include "app/shell/ProgramIcon.h"
 #include "app/shell/SingleInstance.h"
+#include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/TerminationSignals.h"
+#include "platform/foundation/UserDefaults.h"
 #include "platform/ui/Theme.h"
 
 #include <QApplication>
@@ -16,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <thread>
 
 using lyrabox::CommandLine;
 
@@ -89,6 +92,12 @@ int main(int argc, char **argv)
     case lyrabox::SingleInstance::Role::Unanswered:
         return failForWantOfAnswer();
     }
+
+    // Where songs are opened before there is a picture, their decoders come meanwhile.
+    std::jthread decoders;
+    if (!line.urls.isEmpty() ||
+        !lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath).toString().isEmpty())
+        decoders = std::jthread([] { lyrabox::decodingModule(); });
 
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
