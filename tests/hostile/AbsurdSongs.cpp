@@ -28,9 +28,10 @@ const QByteArray &soundBytes(QStringView extension)
 
 QByteArray wave(quint16 channels, quint32 rate, quint16 bits, quint32 dataBytes, quint16 tag = 1)
 {
+    const quint32 frameBytes = quint32{channels} * bits / 8; // numbers too large wrap around
     return "RIFF" + little32(most) + "WAVEfmt " + little32(16) + little16(tag) +
-           little16(channels) + little32(rate) + little32(rate * channels * bits / 8) +
-           little16(static_cast<quint16>(channels * bits / 8)) + little16(bits) + "data" +
+           little16(channels) + little32(rate) + little32(rate * frameBytes) +
+           little16(static_cast<quint16>(frameBytes)) + little16(bits) + "data" +
            little32(dataBytes) + QByteArray(4000, '\x11');
 }
 
