@@ -22,7 +22,7 @@ QString modulePath()
 
 QString demoSong()
 {
-    const QDir demo(files::sharedResourceDirectory() + u"/Demo"_s);
+    const QDir demo(QLatin1String(LYRABOX_SOURCE_DIR) + u"/resources/demo"_s);
     const QStringList songs = demo.entryList({u"*.mp3"_s, u"*.flac"_s, u"*.ogg"_s, u"*.m4a"_s});
     return songs.isEmpty() ? QString() : demo.filePath(songs.first());
 }
