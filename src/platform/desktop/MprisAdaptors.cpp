@@ -77,7 +77,7 @@ void MprisPlayerAdaptor::setRate(double rate)
 {
     if (!std::isfinite(rate))
         return;
-    if (rate == 0.0) { // by the specification of MPRIS
+    if (rate == 0.0) { // MPRIS: a rate of 0 pauses
         m_service->commands().pause();
         return;
     }
