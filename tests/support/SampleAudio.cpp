@@ -172,4 +172,19 @@ bool runFfmpeg(const QStringList &arguments)
     return false;
 }
 
+QString writeSample(const QString &name, const QByteArray &bytes)
+{
+    const QString path = sampleFolder() + u'/' + name;
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        ADD_FAILURE() << "cannot write " << qPrintable(path);
+    return path;
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace lyrabox::test

@@ -61,6 +61,12 @@ QByteArray sampleArtwork();
 /// ends.
 QString sampleFolder();
 
+/// Writes a file into that folder; returns its path.
+QString writeSample(const QString &name, const QByteArray &bytes);
+
+/// All of a file; empty when it cannot be read.
+QByteArray bytesOf(const QString &path);
+
 /// Runs ffmpeg ("-v error -nostdin -y" are added) and waits for it. False, with a test failure that
 /// shows what it said, unless it succeeds.
 bool runFfmpeg(const QStringList &arguments);

@@ -18,21 +18,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString write(const QString &name, const QByteArray &bytes)
-{
-    const QString path = sampleFolder() + u'/' + name;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        ADD_FAILURE() << "cannot write " << qPrintable(path);
-    return path;
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// The status of opening at both depths, which must agree.
 Status opened(const QString &path)
 {
@@ -83,7 +68,7 @@ TEST(AudioFileReaderContainer, TellsWhenThereIsNoFile)
 
 TEST(AudioFileReaderContainer, TellsWhenTheFileMayNotBeRead)
 {
-    const QString path = write(u"secret.wav"_s, wave(44100, 2, 100));
+    const QString path = writeSample(u"secret.wav"_s, wave(44100, 2, 100));
     ASSERT_TRUE(QFile::setPermissions(path, {}));
     // Root may read everything, so it becomes nobody for a moment.
     const bool isRoot = ::geteuid() == 0;
@@ -161,7 +146,7 @@ TEST(AudioFileReaderContainer, RefusesWhatIsNotAudioWhateverItsNameSays)
     for (const auto &[what, content] : contents) {
         for (const auto &extension :
              {u"txt"_s, u"mp3"_s, u"wav"_s, u"flac"_s, u"m4a"_s, u"ogg"_s, u"aac"_s, u"amr"_s}) {
-            const QString path = write(u"no-song."_s + extension, content);
+            const QString path = writeSample(u"no-song."_s + extension, content);
             EXPECT_EQ(opened(path), status::unsupportedFileType)
                 << what << " as " << qPrintable(extension);
         }
@@ -187,7 +172,8 @@ TEST(AudioFileReaderContainer, RefusesWhatWouldReadOtherFiles)
         {u"words.srt"_s, "1\n00:00:00,000 --> 00:00:01,000\nwords\n"},
     };
     for (const auto &[name, content] : disguises)
-        EXPECT_EQ(opened(write(name, content)), status::unsupportedFileType) << qPrintable(name);
+        EXPECT_EQ(opened(writeSample(name, content)), status::unsupportedFileType)
+            << qPrintable(name);
 }
 
 TEST(AudioFileReaderContainer, RefusesAFilmWithoutSound)
@@ -212,7 +198,7 @@ TEST(AudioFileReaderContainer, PlaysTheSoundOfAFilm)
 
 TEST(AudioFileReaderContainer, OpensAnEmptySongWithoutFrames)
 {
-    const QString path = write(u"empty.wav"_s, wave(44100, 2, 0));
+    const QString path = writeSample(u"empty.wav"_s, wave(44100, 2, 0));
     EXPECT_EQ(opened(path), status::noError);
     const Decoded song = readWholeFile(path);
     EXPECT_EQ(song.status, status::noError);
@@ -221,17 +207,20 @@ TEST(AudioFileReaderContainer, OpensAnEmptySongWithoutFrames)
 
 TEST(AudioFileReaderContainer, RefusesAbsurdRatesAndChannels)
 {
-    EXPECT_EQ(opened(write(u"fast.wav"_s, wave(768001, 2, 1000))), status::unsupportedDataFormat);
-    EXPECT_EQ(opened(write(u"slow.wav"_s, wave(999, 2, 1000))), status::unsupportedDataFormat);
-    EXPECT_EQ(opened(write(u"wide.wav"_s, wave(44100, 65, 1000))), status::unsupportedDataFormat);
-    EXPECT_EQ(opened(write(u"still.wav"_s, wave(0, 2, 1000))), status::invalidFile);
-    EXPECT_EQ(opened(write(u"narrow.wav"_s, wave(44100, 0, 1000))), status::invalidFile);
-    EXPECT_EQ(opened(write(u"most.wav"_s, wave(768000, 64, 1000))), status::noError);
+    EXPECT_EQ(opened(writeSample(u"fast.wav"_s, wave(768001, 2, 1000))),
+              status::unsupportedDataFormat);
+    EXPECT_EQ(opened(writeSample(u"slow.wav"_s, wave(999, 2, 1000))),
+              status::unsupportedDataFormat);
+    EXPECT_EQ(opened(writeSample(u"wide.wav"_s, wave(44100, 65, 1000))),
+              status::unsupportedDataFormat);
+    EXPECT_EQ(opened(writeSample(u"still.wav"_s, wave(0, 2, 1000))), status::invalidFile);
+    EXPECT_EQ(opened(writeSample(u"narrow.wav"_s, wave(44100, 0, 1000))), status::invalidFile);
+    EXPECT_EQ(opened(writeSample(u"most.wav"_s, wave(768000, 64, 1000))), status::noError);
 }
 
 TEST(AudioFileReaderContainer, TellsWhenNothingDecodesTheFormat)
 {
-    EXPECT_EQ(opened(write(u"strange.wav"_s, wave(44100, 2, 1000, 0x9999))),
+    EXPECT_EQ(opened(writeSample(u"strange.wav"_s, wave(44100, 2, 1000, 0x9999))),
               status::unsupportedDataFormat);
 }
 
@@ -239,8 +228,10 @@ TEST(AudioFileReaderContainer, TellsWhenAnAudioFileIsMalformed)
 {
     const QByteArray song = bytesOf(sampleFile({.extension = u"m4a"_s, .seconds = 2.0}));
     // The table of contents of this file stands at its end.
-    EXPECT_EQ(opened(write(u"beheaded.m4a"_s, song.left(song.size() / 2))), status::invalidFile);
-    EXPECT_EQ(opened(write(u"header.wav"_s, wave(44100, 2, 1000).left(40))), status::invalidFile);
+    EXPECT_EQ(opened(writeSample(u"beheaded.m4a"_s, song.left(song.size() / 2))),
+              status::invalidFile);
+    EXPECT_EQ(opened(writeSample(u"header.wav"_s, wave(44100, 2, 1000).left(40))),
+              status::invalidFile);
 }
 
 TEST(AudioFileReaderContainer, DoesNotBelieveALengthThatTheFileCannotHold)
@@ -250,7 +241,7 @@ TEST(AudioFileReaderContainer, DoesNotBelieveALengthThatTheFileCannotHold)
     const quint32 most = 0xfffffff0;
     bytes.replace(4, 4, little(most)).replace(40, 4, little(most));
     AudioFileReader reader;
-    ASSERT_EQ(reader.open(write(u"unfinished.wav"_s, bytes)), status::noError);
+    ASSERT_EQ(reader.open(writeSample(u"unfinished.wav"_s, bytes)), status::noError);
     EXPECT_LE(reader.estimatedFrames().value_or(0), 1100U);
     EXPECT_EQ(readAll(reader).frames(), 1000U);
 }
@@ -265,7 +256,7 @@ TEST(AudioFileReaderContainer, FindsTheSongBehindATagOfManyMegabytes)
         tag.append(QByteArray(size, '\0'));
         const QByteArray song =
             bytesOf(sampleFile({.extension = u"mp3"_s, .options = {u"-id3v2_version"_s, u"0"_s}}));
-        const QString path = write(u"tagged"_s, tag + song);
+        const QString path = writeSample(u"tagged"_s, tag + song);
         EXPECT_EQ(opened(path), status::noError) << megabytes;
         EXPECT_EQ(readWholeFile(path).frames(), 44100U) << megabytes;
     }

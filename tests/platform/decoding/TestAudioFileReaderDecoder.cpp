@@ -52,21 +52,6 @@ SampleSpec specOf(const Format &format)
     return spec;
 }
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString write(const QString &name, const QByteArray &bytes)
-{
-    const QString path = sampleFolder() + u'/' + name;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        ADD_FAILURE() << "cannot write " << qPrintable(path);
-    return path;
-}
-
 /// The amplitude of a frequency in a stretch of samples.
 double level(const std::vector<float> &samples, double frequency)
 {
@@ -176,7 +161,7 @@ TEST(AudioFileReaderDecoder, PlaysTheRestAfterADamagedStretch)
         const qsizetype middle = bytes.size() / 2;
         for (qsizetype i = middle; i < middle + 300; ++i)
             bytes[i] = static_cast<char>(i * 37 ^ i >> 3);
-        const Decoded song = readWholeFile(write(u"damaged."_s + format.extension, bytes));
+        const Decoded song = readWholeFile(writeSample(u"damaged."_s + format.extension, bytes));
         EXPECT_EQ(song.status, status::noError) << qPrintable(format.extension);
         EXPECT_GT(song.frames(), 100000U) << qPrintable(format.extension);
         const std::vector<float> end(song.left.end() - 20000, song.left.end() - 4000);
@@ -202,8 +187,8 @@ TEST(AudioFileReaderDecoder, PlaysWhatIsThereOfATruncatedFile)
         spec.seconds = 8.0;
         const QByteArray bytes = bytesOf(sampleFile(spec));
         for (const int tenth : {2, 5, 8}) {
-            const QString path =
-                write(u"truncated."_s + format.extension, bytes.left(bytes.size() * tenth / 10));
+            const QString path = writeSample(u"truncated."_s + format.extension,
+                                             bytes.left(bytes.size() * tenth / 10));
             const Decoded song = readWholeFile(path);
             EXPECT_EQ(song.status, status::noError) << qPrintable(format.extension) << tenth;
             const double expected = 8.0 * 44100.0 * tenth / 10;
@@ -218,7 +203,7 @@ TEST(AudioFileReaderDecoder, PlaysAcrossMegabytesOfJunk)
     const QByteArray bytes = bytesOf(sampleFile({.extension = u"mp3"_s, .seconds = 4.0}));
     const QByteArray half = bytes.left(bytes.size() / 2);
     const QString path =
-        write(u"junk.mp3"_s, half + QByteArray(8 << 20, '\0') + bytes.mid(half.size()));
+        writeSample(u"junk.mp3"_s, half + QByteArray(8 << 20, '\0') + bytes.mid(half.size()));
     const Decoded song = readWholeFile(path);
     EXPECT_EQ(song.status, status::noError);
     EXPECT_GT(song.frames(), 4U * 44100 - 6000);
@@ -227,7 +212,7 @@ TEST(AudioFileReaderDecoder, PlaysAcrossMegabytesOfJunk)
 TEST(AudioFileReaderDecoder, GivesUpInEndlessJunk)
 {
     const QByteArray bytes = bytesOf(sampleFile({.extension = u"mp3"_s, .seconds = 4.0}));
-    const QString path = write(u"endless.mp3"_s, bytes);
+    const QString path = writeSample(u"endless.mp3"_s, bytes);
     QFile file(path);
     // A hole: the junk takes no space on the disk.
     ASSERT_TRUE(file.resize(bytes.size() + (qint64{64} << 30)));
@@ -246,7 +231,7 @@ TEST(AudioFileReaderDecoder, FollowsAChangeOfRateAndChannelsWithinAFile)
     second.rate = 48000;
     second.channels = 1;
     const QString path =
-        write(u"changing.mp3"_s, bytesOf(sampleFile(first)) + bytesOf(sampleFile(second)));
+        writeSample(u"changing.mp3"_s, bytesOf(sampleFile(first)) + bytesOf(sampleFile(second)));
     const Decoded song = readWholeFile(path);
     EXPECT_EQ(song.status, status::noError);
     EXPECT_NEAR(static_cast<double>(song.frames()), 4.0 * 44100, 8000.0);
@@ -264,7 +249,7 @@ TEST(AudioFileReaderDecoder, TellsWhenNothingOfAFileCanBeDecoded)
     for (qsizetype i = audio / 2; i < bytes.size(); ++i)
         bytes[i] = '\x55';
     AudioFileReader reader;
-    const QString path = write(u"hopeless.flac"_s, bytes);
+    const QString path = writeSample(u"hopeless.flac"_s, bytes);
     const Decoded song = readWholeFile(path);
     EXPECT_TRUE(song.frames() > 0 || song.status == status::invalidFile);
 }

@@ -3,7 +3,6 @@
 #include "platform/decoding/AudioFileReader.h"
 #include "support/SampleAudio.h"
 
-#include <QFile>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
@@ -28,21 +27,6 @@ QByteArray artworkOf(const QString &path)
     AudioFileReader reader;
     EXPECT_EQ(reader.open(path), status::noError) << qPrintable(path);
     return reader.albumArtwork();
-}
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString write(const QString &name, const QByteArray &bytes)
-{
-    const QString path = sampleFolder() + u'/' + name;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        ADD_FAILURE() << "cannot write " << qPrintable(path);
-    return path;
 }
 
 /// An ID3v2.3 frame: `content` after its ten bytes of header.
@@ -125,8 +109,8 @@ TEST(AudioFileReaderTags, AnswersTheSameAtBothDepths)
 
 TEST(AudioFileReaderTags, LeavesOutWhatIsEmpty)
 {
-    const QString path =
-        write(u"blank.mp3"_s, id3Tag(id3Frame("TIT2", QByteArray("\3   \0", 5))) + untaggedMp3());
+    const QString path = writeSample(
+        u"blank.mp3"_s, id3Tag(id3Frame("TIT2", QByteArray("\3   \0", 5))) + untaggedMp3());
     EXPECT_FALSE(infoOf(path).contains(u"title"_s));
 }
 
@@ -138,14 +122,14 @@ TEST(AudioFileReaderTags, ReplacesInvalidBytes)
     EXPECT_EQ(tagText(" \tsong \n"), u"song"_s);
     EXPECT_EQ(tagText(""), u""_s);
     const QString path =
-        write(u"invalid.mp3"_s,
-              id3Tag(id3Frame("TIT2", QByteArray("\3ab\xe9\xe9zz", 7))) + untaggedMp3());
+        writeSample(u"invalid.mp3"_s,
+                    id3Tag(id3Frame("TIT2", QByteArray("\3ab\xe9\xe9zz", 7))) + untaggedMp3());
     EXPECT_TRUE(infoOf(path)[u"title"_s].startsWith(u"ab"_s));
 }
 
 TEST(AudioFileReaderTags, CutsATextThatNobodyCouldRead)
 {
-    const QString path = write(
+    const QString path = writeSample(
         u"long.mp3"_s, id3Tag(id3Frame("TIT2", "\3" + QByteArray(8 << 20, 'x'))) + untaggedMp3());
     EXPECT_EQ(infoOf(path)[u"title"_s], QString(64 << 10, u'x'));
 }
@@ -160,7 +144,7 @@ TEST(AudioFileReaderTags, ReadsAnId3TagWithinAWaveFile)
     qToLittleEndian(static_cast<quint32>(tag.size()), size.data());
     wave += "id3 " + size + tag + QByteArray(tag.size() & 1, '\0');
     qToLittleEndian(static_cast<quint32>(wave.size() - 8), wave.data() + 4);
-    const QString path = write(u"id3.wav"_s, wave);
+    const QString path = writeSample(u"id3.wav"_s, wave);
     EXPECT_EQ(infoOf(path)[u"title"_s], u"Inside"_s);
     EXPECT_EQ(artworkOf(path), sampleArtwork());
 }
@@ -184,7 +168,7 @@ TEST(AudioFileReaderTags, PrefersTheFrontCover)
     QByteArray back = front;
     back.back() = '!';
     const QString path =
-        write(u"covers.mp3"_s, id3Tag(picture(4, back) + picture(3, front)) + untaggedMp3());
+        writeSample(u"covers.mp3"_s, id3Tag(picture(4, back) + picture(3, front)) + untaggedMp3());
     EXPECT_EQ(artworkOf(path), front);
 }
 
@@ -195,7 +179,7 @@ TEST(AudioFileReaderTags, PassesOverArtworkThatIsUnreasonablyLarge)
 #endif
     QByteArray picture = sampleArtwork();
     picture.resize(33 << 20);
-    const QString path = write(
+    const QString path = writeSample(
         u"bomb.mp3"_s,
         id3Tag(id3Frame("APIC", QByteArray("\0image/png\0\3\0", 13) + picture)) + untaggedMp3());
     EXPECT_TRUE(artworkOf(path).isEmpty());
