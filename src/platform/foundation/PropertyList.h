@@ -97,7 +97,8 @@ std::optional<PropertyList> parsePropertyList(const QByteArray &data);
 std::optional<PropertyList> readPropertyList(const QString &path);
 
 /// `value` as an XML property list. Reals are written in the fewest digits that read back as the
-/// same number. Characters that XML cannot hold are replaced by U+FFFD.
+/// same number. Characters that XML cannot hold are replaced by U+FFFD, as they are when a list is
+/// read.
 QByteArray propertyListXml(const PropertyList &value);
 
 /// Writes `value` as XML, the whole file or none: into a temporary file beside it, flushed to the

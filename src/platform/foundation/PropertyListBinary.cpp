@@ -152,14 +152,14 @@ private:
         case 0x5:
         case 0x7:
             if (const std::optional<Extent> bytes = extent(at, 1))
-                return PropertyList(
-                    QString::fromUtf8(text(*bytes), static_cast<qsizetype>(bytes->count)));
+                return PropertyList(propertyListText(
+                    utf8Text({text(*bytes), static_cast<std::size_t>(bytes->count)})));
             return std::nullopt;
         case 0x6:
             if (const std::optional<Extent> units = extent(at, 2)) {
                 QStringDecoder decode(QStringDecoder::Utf16BE,
                                       QStringDecoder::Flag::ConvertInitialBom);
-                return PropertyList(QString(decode(
+                return PropertyList(propertyListText(decode(
                     QByteArrayView(text(*units), static_cast<qsizetype>(units->count * 2)))));
             }
             return std::nullopt;

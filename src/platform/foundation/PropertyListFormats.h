@@ -13,6 +13,11 @@ bool isBinaryPropertyList(const QByteArray &data);
 /// read.
 bool isUtf16PropertyList(const QByteArray &data);
 
+/// `text` with U+FFFD in place of every character that XML cannot hold: control characters, halves
+/// of surrogate pairs, U+FFFE and U+FFFF. Both readers and the writer pass texts through it, so
+/// that what was read is compared and sorted as what will be written.
+QString propertyListText(const QString &text);
+
 /// The value of the scalar that `reader` has just given as `token`; none for one that is malformed.
 std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader,
                                                PropertyListReader::Token token);

@@ -3,6 +3,7 @@
 #include "platform/foundation/PropertyList.h"
 
 #include <QIODevice>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <charconv>
@@ -92,11 +93,20 @@ bool needsDecoding(std::string_view raw)
 
 } // namespace
 
+QString utf8Text(std::string_view text)
+{
+    const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
+    if (!text.starts_with("\xEF\xBB\xBF"))
+        return QString::fromUtf8(bytes);
+    using Flag = QStringDecoder::Flag;
+    return QStringDecoder(QStringDecoder::Utf8, Flag::ConvertInitialBom | Flag::Stateless)(bytes);
+}
+
 PropertyListReader::PropertyListReader(QIODevice &device) : m_device(device) {}
 
 QString PropertyListReader::string() const
 {
-    return QString::fromUtf8(m_text.data(), static_cast<qsizetype>(m_text.size()));
+    return utf8Text(m_text);
 }
 
 PropertyListReader::Token PropertyListReader::fail()

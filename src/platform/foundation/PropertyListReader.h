@@ -10,6 +10,10 @@ class QIODevice;
 
 namespace lyrabox {
 
+/// `text` decoded. Malformed UTF-8 becomes U+FFFD; a byte-order mark in front, which QString would
+/// drop, is a character of the text like every other.
+QString utf8Text(std::string_view text);
+
 /// Reads an XML property list as a stream of tokens, holding no more of it than one piece of the
 /// file, however large it is. Read next() until it gives Token::End or Token::Error; after either
 /// it stays there. Checks that elements are properly nested and keys stand where keys belong; knows

@@ -92,7 +92,7 @@ std::optional<PropertyList> parseXml(QIODevice &device)
         case Token::Error:
             return std::nullopt;
         case Token::Key:
-            key = reader.string();
+            key = propertyListText(reader.string());
             break;
         case Token::DictBegin:
             open.push_back(place(container, root, key, PropertyList::Dictionary()));
@@ -142,12 +142,34 @@ std::optional<PropertyList> propertyListDate(const QDateTime &date)
                                                       : std::nullopt;
 }
 
+QString propertyListText(const QString &text)
+{
+    const auto isPair = [&text](qsizetype at) {
+        return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+    };
+    QString clean; // made at the first character that has to be replaced
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (isPair(i)) {
+            ++i;
+            continue;
+        }
+        const QChar c = text[i];
+        const bool isControl = c.unicode() < 0x20 && c != u'\t' && c != u'\n' && c != u'\r';
+        if (!isControl && !c.isSurrogate() && c.unicode() < 0xFFFE)
+            continue;
+        if (clean.isEmpty())
+            clean = text;
+        clean[i] = QChar::ReplacementCharacter;
+    }
+    return clean.isEmpty() ? text : clean;
+}
+
 std::optional<PropertyList> propertyListScalar(const PropertyListReader &reader, Token token)
 {
     const std::string_view text = reader.text();
     switch (token) {
     case Token::String:
-        return PropertyList(reader.string());
+        return PropertyList(propertyListText(reader.string()));
     case Token::True:
         return PropertyList(true);
     case Token::False:
@@ -235,18 +257,7 @@ private:
 
     static QByteArray escaped(const QString &value)
     {
-        QString clean = value;
-        for (qsizetype i = 0; i < clean.size(); ++i) {
-            const QChar c = clean[i];
-            if (c.isHighSurrogate() && i + 1 < clean.size() && clean[i + 1].isLowSurrogate()) {
-                ++i;
-                continue;
-            }
-            const bool isControl = c.unicode() < 0x20 && c != u'\t' && c != u'\n' && c != u'\r';
-            if (isControl || c.isSurrogate() || c.unicode() == 0xFFFE || c.unicode() == 0xFFFF)
-                clean[i] = QChar::ReplacementCharacter;
-        }
-        QByteArray bytes = clean.toUtf8();
+        QByteArray bytes = propertyListText(value).toUtf8();
         return bytes.replace('&', "&amp;")
             .replace('<', "&lt;")
             .replace('>', "&gt;")

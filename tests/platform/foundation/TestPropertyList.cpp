@@ -126,6 +126,24 @@ TEST(PropertyList, CharactersThatXmlCannotHoldAreReplaced)
     EXPECT_EQ(*read->string(), u"a\uFFFD\uFFFDb\uFFFD😀\uFFFD"_s);
 }
 
+TEST(PropertyList, WhatIsReadIsComparedAsWhatWillBeWritten)
+{
+    const auto numbered = parsePropertyList("<plist><string>&#1;&#xFFFF;a</string></plist>");
+    ASSERT_TRUE(numbered && numbered->string());
+    EXPECT_EQ(*numbered->string(), u"\uFFFD\uFFFDa"_s);
+}
+
+TEST(PropertyList, AByteOrderMarkInFrontOfATextIsKept)
+{
+    const QString marked = u"\uFEFF\uFEFFa"_s;
+    const auto read =
+        parsePropertyList(propertyListXml(PropertyList::Dictionary{{marked, marked}}));
+    ASSERT_TRUE(read && read->dictionary());
+    const QString *const value = read->value(marked).string();
+    ASSERT_TRUE(value);
+    EXPECT_EQ(*value, marked);
+}
+
 TEST(PropertyList, ReadsEntitiesCommentsAndCharacterSections)
 {
     EXPECT_EQ(parsed("<string>&lt;&#65;&#x1F600;&amp;amp;</string>"), PropertyList(u"<A😀&amp;"_s));

@@ -54,7 +54,9 @@ TEST(PropertyListBinary, ReadsEveryFormOfScalar)
     EXPECT_EQ(scalar("\x61\x00\xC4"_ba), PropertyList(u"Ä"_s));
     EXPECT_EQ(scalar("\x53"
                      "a\0b"_ba),
-              PropertyList(QString(u"a\0b"_s)));
+              PropertyList(u"a\uFFFDb"_s));
+    EXPECT_EQ(scalar("\x62\xD8\x00\x00\x61"_ba), PropertyList(u"\uFFFDa"_s)) << "half a pair";
+    EXPECT_EQ(scalar("\x62\xFE\xFF\x00\x61"_ba), PropertyList(u"\uFEFFa"_s)) << "a mark";
     EXPECT_EQ(scalar("\x09"_ba), PropertyList(true));
     EXPECT_FALSE(scalar("\x33\x7F\xF0\0\0\0\0\0\0"_ba)) << "a date without end";
     EXPECT_FALSE(scalar("\x1F\0"_ba));
@@ -65,7 +67,7 @@ TEST(PropertyListBinary, AKeyMayHoldAnything)
 {
     const auto read = parsePropertyList(binary({"\xD1\1\2", "\x53k\0y"_ba, "\x09"}));
     ASSERT_TRUE(read && read->dictionary());
-    EXPECT_EQ(read->dictionary()->front().first, QString(u"k\0y"_s));
+    EXPECT_EQ(read->dictionary()->front().first, u"k\uFFFDy"_s);
     EXPECT_FALSE(parsePropertyList(binary({"\xD1\2\2", "\x51k", "\x09"})))
         << "a key that is no text";
 }
