@@ -62,9 +62,15 @@ LB_AudioController::LB_AudioController(QObject *parent) : LB_AudioController(ale
 {}
 
 LB_AudioController::LB_AudioController(FatalErrorHandling handling, QObject *parent)
+    : LB_AudioController(std::move(handling),
+                         std::async(std::launch::deferred, &engine::buildAudioSystem), parent)
+{}
+
+LB_AudioController::LB_AudioController(FatalErrorHandling handling,
+                                       std::future<lyrabox::Status> building, QObject *parent)
     : QObject(parent), m_fatalErrorHandling(std::move(handling))
 {
-    const lyrabox::Status status = engine::buildAudioSystem();
+    const lyrabox::Status status = building.get();
     if (status == lyrabox::status::noError)
         return;
     m_fatalErrorHandling.present(

@@ -17,6 +17,7 @@
 #include <QObject>
 
 #include <functional>
+#include <future>
 
 class LB_SettingsController;
 
@@ -39,6 +40,10 @@ public:
     /// Builds the engine. On failure the alert is presented and the program asked to terminate.
     explicit LB_AudioController(QObject *parent = nullptr);
     LB_AudioController(FatalErrorHandling handling, QObject *parent = nullptr);
+    /// The same for an engine that is being built by buildAudioSystem() on another thread, whose
+    /// end is waited for.
+    LB_AudioController(FatalErrorHandling handling, std::future<lyrabox::Status> building,
+                       QObject *parent = nullptr);
     ~LB_AudioController() override;
 
     void awakeFromNib();

@@ -35,7 +35,7 @@ const QString eqWindowName = u"eqWindow"_s;
 const QString trackTableName = u"trackTable"_s;
 } // namespace
 
-Composition::Composition(std::unique_ptr<LB_AudioController> audio) : m_audio(std::move(audio))
+Composition::Composition()
 {
     m_main.setupUi(&m_mainWindow);
     m_eq.setupUi(&m_eqWindow);
@@ -44,6 +44,13 @@ Composition::Composition(std::unique_ptr<LB_AudioController> audio) : m_audio(st
     m_presetPopover = new Popover(&m_eqWindow);
     buildCells();
     applyLooks();
+}
+
+Composition::~Composition() = default;
+
+void Composition::setAudio(std::unique_ptr<LB_AudioController> audio)
+{
+    m_audio = std::move(audio);
     setOutlets();
     connectProgress();
     connectTransport();
@@ -55,8 +62,6 @@ Composition::Composition(std::unique_ptr<LB_AudioController> audio) : m_audio(st
     orderTabStops(&m_mainWindow);
     orderTabStops(&m_eqWindow);
 }
-
-Composition::~Composition() = default;
 
 void Composition::launch()
 {

@@ -34,9 +34,13 @@ class Composition : public QObject {
     Q_OBJECT
 
 public:
-    /// `audio` has built the engine already. The composition takes it over.
-    explicit Composition(std::unique_ptr<LB_AudioController> audio);
+    /// Builds the windows. Nothing here needs the engine, which may be built meanwhile.
+    Composition();
     ~Composition() override;
+
+    /// Connects everything to `audio`, whose engine is built, and takes it over. Once, before
+    /// launch().
+    void setAudio(std::unique_ptr<LB_AudioController> audio);
 
     /// Wakes the controllers, shows the windows and announces that the program has launched.
     void launch();

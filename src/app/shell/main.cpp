@@ -3,10 +3,12 @@
 #include "app/shell/Languages.h"
 #include "app/shell/ProgramIcon.h"
 #include "app/shell/SingleInstance.h"
+#include "engine/AudioEngine.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/FontConfiguration.h"
 #include "platform/ui/Theme.h"
 
 #include <QApplication>
@@ -17,6 +19,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <future>
 #include <memory>
 #include <thread>
 
@@ -64,6 +67,7 @@ int main(int argc, char **argv)
         return std::fputs(qPrintable(text), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
     }
 
+    const std::jthread fonts(&lyrabox::readFontConfiguration);
     // The toolkit would wait for a bus that hangs.
     if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busPatience))
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
@@ -99,6 +103,9 @@ int main(int argc, char **argv)
         !lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath).toString().isEmpty())
         decoders = std::jthread([] { lyrabox::decodingModule(); });
 
+    // The connection to the sound server takes as long as the windows, which are built meanwhile.
+    std::future<lyrabox::Status> engine =
+        std::async(std::launch::async, &lyrabox::engine::buildAudioSystem);
     bool hasSound = true;
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
     fatal.terminate = [&hasSound] { hasSound = false; };
@@ -109,11 +116,12 @@ int main(int argc, char **argv)
     // Not quit(), which does nothing while only the alert runs an event loop, and asks every
     // window.
     const lyrabox::TerminationSignals signals_([] { QApplication::exit(); });
-    auto audio = std::make_unique<LB_AudioController>(fatal);
+    lyrabox::Composition composition;
+    auto audio = std::make_unique<LB_AudioController>(fatal, std::move(engine));
     if (!hasSound)
         return EXIT_FAILURE;
 
-    lyrabox::Composition composition(std::move(audio));
+    composition.setAudio(std::move(audio));
     QObject::connect(&application, &QApplication::aboutToQuit, &composition,
                      &lyrabox::Composition::terminate);
     QObject::connect(&application, &QApplication::commitDataRequest, &composition,

@@ -23,7 +23,8 @@ public:
         engine::tearDownAudioSystem();
         engine::setAudioUnitFactory(audio.factory());
         engine::setSongReaderFactory(fakeSongReaderFactory(song));
-        composition = std::make_unique<Composition>(
+        composition = std::make_unique<Composition>();
+        composition->setAudio(
             std::make_unique<LB_AudioController>(LB_AudioController::FatalErrorHandling{
                 [](const QString &, const QString &) { FAIL() << "the engine was not built"; },
                 [] {}}));
