@@ -102,15 +102,16 @@ LB_EqualizerController::~LB_EqualizerController() = default;
 void LB_EqualizerController::setPresetTableView(QTableView *view)
 {
     m_presetTableView = view;
-    view->setModel(m_model);
+    // Before the model, whose columns a visible header would measure in fonts of its own.
+    view->horizontalHeader()->hide();
+    view->verticalHeader()->hide();
     LB_TableRowView::install(view);
+    view->setModel(m_model);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view->setShowGrid(false);
     view->setTabKeyNavigation(false);
     view->horizontalHeader()->setStretchLastSection(true);
-    view->horizontalHeader()->hide();
-    view->verticalHeader()->hide();
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { tableViewSelectionDidChange(); });
 }

@@ -67,7 +67,9 @@ void LB_ScrollingTextView::setString(const QString &text)
     m_scrollTimer.stop();
     m_string = text;
     m_drawingPoint = QPointF(startX, 0.0);
-    m_stringWidth = QFontMetricsF(m_font).horizontalAdvance(lyrabox::oneLine(text));
+    // A font is read from its file when it is first measured; a field that is empty need not wait.
+    m_stringWidth =
+        text.isEmpty() ? 0.0 : QFontMetricsF(m_font).horizontalAdvance(lyrabox::oneLine(text));
     setAccessibleName(text);
     m_wantsScroll = m_stringWidth > 0.0 && width() <= m_stringWidth;
     if (!m_wantsScroll)
@@ -100,6 +102,8 @@ void LB_ScrollingTextView::paintEvent(QPaintEvent *)
 {
     if (inLiveResize() && width() > m_stringWidth)
         center();
+    if (m_string.isEmpty())
+        return;
     QPainter painter(this);
     painter.setFont(m_font);
     painter.setPen(Qt::black);
@@ -172,5 +176,5 @@ QSize LB_ScrollingTextView::sizeHint() const
 
 QSize LB_ScrollingTextView::minimumSizeHint() const
 {
-    return {40, static_cast<int>(std::ceil(QFontMetricsF(m_font).height()))};
+    return {40, static_cast<int>(std::ceil(lyrabox::uiLineHeight(m_font.pixelSize())))};
 }

@@ -93,7 +93,7 @@ void LB_TableHeaderCell::setHighlightedSection(int section)
 
 QSize LB_TableHeaderCell::sizeHint() const
 {
-    return {QHeaderView::sizeHint().width(), headerHeight};
+    return {length(), headerHeight}; // not measured: the texts are elided in whatever is there
 }
 
 void LB_TableHeaderCell::drawInterior(QPainter &painter, const QRectF &frame, const QString &text,

@@ -83,7 +83,7 @@ int main(int argc, char **argv)
     QApplication::setDesktopFileName(QStringLiteral("org.lyrabox.Lyrabox"));
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
     lyrabox::installLanguage(application);
-    lyrabox::applyApplicationTheme(application);
+    lyrabox::applyApplicationTheme();
 
     LB_SettingsController settingsFolder; // only to find the folder that the lock lies in
     const std::optional<QUrl> folder = settingsFolder.applicationSupportDirectory();

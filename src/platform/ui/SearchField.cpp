@@ -23,14 +23,11 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_cancelButton(ne
     setFixedHeight(fieldHeight);
     setPlaceholderText(tr("Search"));
     setAccessibleName(tr("Search"));
-    // The ground is drawn here; a style sheet or style would draw its own box over the round one.
-    setFrame(false);
-    setStyleSheet(
-        u"QLineEdit, QLineEdit:focus { background: transparent; border: none; padding: 0 2px; }"_s
-        u"QToolButton { background: transparent; border: none; padding: 0; }"_s);
-    setTextMargins(iconMargin + iconSize + 2, 0, iconMargin + iconSize, 0);
+    setFrame(false); // the ground is drawn here
+    setTextMargins(iconMargin + iconSize + 4, 0, iconMargin + iconSize + 2, 0);
 
     m_cancelButton->setIcon(NamedImage(u"Cancel"_s).icon());
+    m_cancelButton->setAutoRaise(true);
     m_cancelButton->setIconSize(QSize(iconSize, iconSize));
     m_cancelButton->setFixedSize(iconSize + 4, iconSize + 4);
     m_cancelButton->setFocusPolicy(Qt::NoFocus);

@@ -4,7 +4,6 @@
 #include <QFont>
 #include <QRectF>
 
-class QApplication;
 class QPainter;
 
 namespace lyrabox {
@@ -14,6 +13,8 @@ namespace lyrabox {
 namespace Theme {
 
 inline constexpr QColor accent{0x34, 0x98, 0xDB};
+/// The accent where white text stands on it.
+inline constexpr QColor strongAccent{0x24, 0x71, 0xA3};
 inline constexpr QColor accentPressed{0x2A, 0x7F, 0xB8};
 inline constexpr QColor lineGray{0xBD, 0xC3, 0xC7};
 inline constexpr QColor hairline{0xE4, 0xE8, 0xEA};
@@ -45,8 +46,12 @@ inline constexpr double textSize = 13.0;
 /// of the interface.
 QFont uiFont(double points);
 
-/// Gives the application the light look of the program, whatever theme the desktop has.
-void applyApplicationTheme(QApplication &application);
+/// The height of a line of uiFont(points), by the proportions of ordinary text: the font itself is
+/// not loaded for it.
+double uiLineHeight(double points);
+
+/// Gives the one application the light look of the program, whatever theme the desktop has.
+void applyApplicationTheme();
 
 /// A ring of 2 pixels just inside `rect`, for the control that has the keyboard.
 void drawFocusRing(QPainter &painter, const QRectF &rect, double radius);

@@ -59,6 +59,12 @@ TEST(Theme, TextSizesAreInPointsOfTheInterface)
     EXPECT_EQ(uiFont(12.0).pixelSize(), 12);
 }
 
+TEST(Theme, TheHeightOfALineIsCloseToThatOfItsFont)
+{
+    for (const double points : {11.0, 13.0, 16.0, 22.0})
+        EXPECT_NEAR(uiLineHeight(points), QFontMetricsF(uiFont(points)).height(), 2.0) << points;
+}
+
 TEST(Theme, TypefaceIsHelveticaWhereItIsInstalledElseAnInstalledOne)
 {
     const QString family = uiFont(12.0).family();
@@ -73,7 +79,7 @@ TEST(Theme, LooksTheSameUnderADarkDesktop)
 {
     const QPalette before = QApplication::palette();
     QApplication::setPalette(QPalette(Qt::white, Qt::black));
-    applyApplicationTheme(*qApp);
+    applyApplicationTheme();
     QLabel label(u"Speed"_s);
     label.resize(80, 30);
     EXPECT_EQ(label.grab().toImage().pixelColor(79, 29), Theme::window);
@@ -81,7 +87,6 @@ TEST(Theme, LooksTheSameUnderADarkDesktop)
     QLineEdit field;
     field.resize(80, 26);
     EXPECT_EQ(field.grab().toImage().pixelColor(40, 4), Theme::surface);
-    qApp->setStyleSheet({});
     QApplication::setPalette(before);
 }
 
