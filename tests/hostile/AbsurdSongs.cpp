@@ -16,16 +16,6 @@ namespace {
 
 constexpr quint32 most = 0xffffffff;
 
-const QByteArray &soundBytes(QStringView extension)
-{
-    for (const HostileSong &song : soundSongs()) {
-        if (song.name.startsWith(extension))
-            return song.bytes;
-    }
-    static const QByteArray none;
-    return none;
-}
-
 QByteArray wave(quint16 channels, quint32 rate, quint16 bits, quint32 dataBytes, quint16 tag = 1)
 {
     const quint32 frameBytes = quint32{channels} * bits / 8; // numbers too large wrap around

@@ -66,6 +66,16 @@ const HostileSongs &soundSongs()
     return songs;
 }
 
+const QByteArray &soundBytes(QStringView extension)
+{
+    for (const HostileSong &song : soundSongs()) {
+        if (song.name.startsWith(extension))
+            return song.bytes;
+    }
+    static const QByteArray none;
+    return none;
+}
+
 HostileSongs damaged(const HostileSong &song)
 {
     HostileSongs made;

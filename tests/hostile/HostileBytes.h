@@ -24,5 +24,9 @@ inline QByteArray big32(quint32 value)
 {
     return raw(qToBigEndian(value));
 }
+inline QByteArray big64(quint64 value)
+{
+    return raw(qToBigEndian(value));
+}
 
 } // namespace lyrabox::test

@@ -20,6 +20,9 @@ using HostileSongs = std::vector<HostileSong>;
 /// room for it, a picture.
 const HostileSongs &soundSongs();
 
+/// The first of them whose name begins so.
+const QByteArray &soundBytes(QStringView extension);
+
 /// `song` cut off at every tenth and early in its headers, with bytes flipped, runs wiped out and
 /// pieces exchanged, the same on every call.
 HostileSongs damaged(const HostileSong &song);
@@ -29,6 +32,15 @@ HostileSongs absurdSongs();
 
 /// Tags of gigabytes, tags without end, pictures that explode.
 HostileSongs bombs();
+
+/// A way to fill a song with tags or tables.
+struct Crowd {
+    const char *name;
+    QString file;                        ///< of the song
+    QByteArray (*make)(qsizetype bytes); ///< the song with about so many bytes more
+    bool plays; ///< with a megabyte of them; otherwise it is a matter of the machine's speed
+};
+const std::vector<Crowd> &crowds();
 
 /// Structures that hold themselves or never end.
 HostileSongs endlessSongs();

@@ -173,6 +173,32 @@ TEST_F(HostileSongsTest, ListsOfOtherFilesAreNoSongs)
     }
 }
 
+class CrowdedSongs : public HostileSongsTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(CrowdedSongs, PlayOrAreRefused)
+{
+    ASSERT_LT(GetParam(), crowds().size());
+    const Crowd &crowd = crowds()[GetParam()];
+    SCOPED_TRACE(crowd.name);
+    // LYRABOX_CROWDED_MEGABYTES adds a larger size, which takes as much memory and disk.
+    for (const int megabytes :
+         {1, 16, 64, qEnvironmentVariableIntValue("LYRABOX_CROWDED_MEGABYTES")}) {
+        if (megabytes == 0)
+            continue;
+        SCOPED_TRACE(megabytes);
+        const std::vector<Report> reports =
+            expectCalm({{crowd.file, crowd.make(qsizetype{megabytes} << 20)}});
+        ASSERT_EQ(reports.size(), 1U);
+        if (crowd.plays && megabytes == 1) {
+            EXPECT_EQ(reports[0].load, status::noError);
+            EXPECT_GE(reports[0].frames, 15000U);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEveryKind, CrowdedSongs, testing::Range(std::size_t{0}, crowds().size()),
+                         [](const auto &kind) { return std::string(crowds()[kind.param].name); });
+
 /// What a traced process did: the name of the call and what it was asked for.
 struct Call {
     QString name;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <mutex>
+#include <string_view>
 #include <vector>
 
 namespace lyrabox {
@@ -54,6 +55,11 @@ Status AudioFileReaderContainer::open(const QString &path, std::function<void()>
     if (result == status::noError) {
         for (const FilePart &part : crowdedTags(m_input))
             m_input.blank(part.offset, part.length);
+        const std::string_view demuxer = m_format->name;
+        if (demuxer == "ogg")
+            m_input.setInspector(makeOggInspector(m_input));
+        else if (demuxer.starts_with("matroska"))
+            m_input.setInspector(makeMatroskaInspector(m_input));
         result = openContext();
     }
     if (result == status::noError && !m_certain) {
@@ -112,6 +118,7 @@ Status AudioFileReaderContainer::openContext()
     AVFormatContext *context = avformat_alloc_context();
     if (!context)
         return status::notEnoughMemory;
+    m_input.setReadLimit(AudioFileReaderInput::readLimit);
     avio_seek(m_input.context(), 0, SEEK_SET);
     context->pb = m_input.context();
     context->io_open = denyNestedOpen;
@@ -128,6 +135,11 @@ Status AudioFileReaderContainer::openContext()
     if (error < 0)
         return m_certain ? status::invalidFile : status::unsupportedFileType;
     m_context.reset(context);
+    // A tag has been read by now, and what is still to come should be sound.
+    if (m_format->name == std::string_view("mp3")) {
+        m_input.progress();
+        m_input.setReadLimit(AudioFileReaderInput::keptReadLimit);
+    }
     return chooseStream();
 }
 

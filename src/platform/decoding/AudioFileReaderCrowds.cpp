@@ -135,6 +135,77 @@ void findInChunks(const AudioFileReaderInput &input, bool isLittle, std::vector<
     }
 }
 
+/// The texts of an MP4 file, of which FFmpeg keeps up to three copies.
+class AtomWalk {
+public:
+    AtomWalk(const AudioFileReaderInput &input, std::vector<FilePart> &found)
+        : m_input(input), m_found(found)
+    {}
+
+    void walk(std::int64_t offset, std::int64_t end, bool isTags = false, int depth = 0)
+    {
+        std::array<std::uint8_t, 16> head{};
+        while (end - offset >= 8 && m_input.peek(offset, std::span(head).first(8)) == 8) {
+            if (depth > 0 && ++m_atoms > mostEntries) {
+                m_found.push_back({offset, end - offset});
+                return;
+            }
+            auto length = static_cast<std::int64_t>(number(std::span(head).first(4), false));
+            std::int64_t headBytes = 8;
+            if (length == 1 && m_input.peek(offset, head) == head.size()) {
+                headBytes = 16;
+                length = static_cast<std::int64_t>(number(std::span(head).subspan(8), false));
+            } else if (length == 0) {
+                length = end - offset;
+            }
+            if (length < headBytes || length > end - offset)
+                length = end - offset;
+            const std::string_view name(reinterpret_cast<const char *>(head.data()) + 4, 4);
+            look(name, {offset + headBytes, length - headBytes}, isTags, depth);
+            m_hasHeader |= depth == 0 && name == "moov"sv;
+            m_hasSound |= depth == 0 && name == "mdat"sv;
+            if (depth == 0 && m_hasHeader && m_hasSound)
+                return; // as FFmpeg does: fragments may follow by the thousand
+            offset += length;
+        }
+    }
+
+private:
+    void look(std::string_view name, FilePart content, bool isTags, int depth)
+    {
+        static constexpr std::array structure = {"moov"sv, "trak"sv, "mdia"sv, "minf"sv};
+        static constexpr std::array tags = {"udta"sv, "meta"sv, "ilst"sv};
+        constexpr int deepest = 10;
+        const auto isAmong = [name](const auto &names) {
+            return std::find(names.begin(), names.end(), name) != names.end();
+        };
+        if (depth < deepest && (isAmong(structure) || isAmong(tags))) {
+            // Mostly, four bytes of a version come first.
+            std::array<std::uint8_t, 4> first{};
+            const bool hasVersion = name == "meta"sv && m_input.peek(content.offset, first) == 4 &&
+                                    number(first, false) == 0;
+            walk(content.offset + (hasVersion ? 4 : 0), content.offset + content.length,
+                 isAmong(tags), depth + 1);
+        } else if (isTags) {
+            const bool isCover = name == "covr"sv;
+            (isCover ? m_covers : m_textBytes) += isCover ? 1 : content.length;
+            if (isCover ? m_covers > mostCovers : m_textBytes > mostTextBytes)
+                m_found.push_back(content);
+        }
+    }
+
+    static constexpr std::int64_t mostTextBytes = std::int64_t{8} << 20;
+    static constexpr std::int64_t mostCovers = 32; ///< each is a stream, of which 64 are allowed
+
+    const AudioFileReaderInput &m_input;
+    std::vector<FilePart> &m_found;
+    std::int64_t m_atoms = 0;
+    std::int64_t m_textBytes = 0;
+    std::int64_t m_covers = 0;
+    bool m_hasHeader = false;
+    bool m_hasSound = false;
+};
+
 } // namespace
 
 std::vector<FilePart> crowdedTags(const AudioFileReaderInput &input)
@@ -156,6 +227,8 @@ std::vector<FilePart> crowdedTags(const AudioFileReaderInput &input)
         findInFlac(input, song + 4, found);
     else if (song == 0 && (name == "RIFF"sv || name == "FORM"sv))
         findInChunks(input, name == "RIFF"sv, found);
+    else if (song == 0 && std::memcmp(start.data() + 4, "ftyp", 4) == 0)
+        AtomWalk(input, found).walk(0, input.size());
     return found;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
+#include <new>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -105,11 +106,10 @@ void AudioFileReaderInput::setWaitHook(std::function<void()> hook)
 
 bool AudioFileReaderInput::isExhausted() const
 {
-    return m_sinceProgress >= readLimit ||
+    return m_sinceProgress >= m_readLimit ||
            (m_isOpening && threadTime() - m_openingStart > openingLimit);
 }
 
-/// `bytes` were read at the current position.
 void AudioFileReaderInput::blankOut(std::span<std::uint8_t> bytes) const
 {
     const auto size = static_cast<std::int64_t>(bytes.size());
@@ -117,6 +117,18 @@ void AudioFileReaderInput::blankOut(std::span<std::uint8_t> bytes) const
         const std::int64_t from = std::clamp<std::int64_t>(offset - m_position, 0, size);
         const std::int64_t to = std::clamp<std::int64_t>(offset + length - m_position, from, size);
         std::fill(bytes.begin() + from, bytes.begin() + to, std::uint8_t{0});
+    }
+}
+
+/// `bytes` were read at the current position; returns how many of them to hand on.
+std::int64_t AudioFileReaderInput::lookThrough(std::span<std::uint8_t> bytes) const
+{
+    blankOut(bytes);
+    try {
+        return static_cast<std::int64_t>(m_inspector ? m_inspector->inspect(m_position, bytes)
+                                                     : bytes.size());
+    } catch (const std::bad_alloc &) { // the caller is written in C
+        return 0;
     }
 }
 
@@ -129,12 +141,15 @@ int AudioFileReaderInput::readPacket(void *self, std::uint8_t *buffer, int size)
         const auto count = ::pread(input.m_descriptor, buffer, static_cast<std::size_t>(size),
                                    input.m_start + input.m_position);
         if (count > 0) {
-            input.blankOut(std::span(buffer, static_cast<std::size_t>(count)));
-            input.m_position += count;
-            input.m_sinceProgress += count;
+            const auto handedOn =
+                input.lookThrough(std::span(buffer, static_cast<std::size_t>(count)));
+            if (handedOn == 0)
+                return AVERROR_EOF;
+            input.m_position += handedOn;
+            input.m_sinceProgress += handedOn;
             if (input.m_waitHook && std::this_thread::get_id() == input.m_waiting)
                 input.m_waitHook();
-            return static_cast<int>(count);
+            return static_cast<int>(handedOn);
         }
         if (count == 0)
             return AVERROR_EOF;

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "platform/decoding/AudioFileReaderFFmpeg.h"
+#include "platform/decoding/AudioFileReaderInspector.h"
 #include "platform/foundation/Status.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <span>
 #include <thread>
 #include <utility>
@@ -40,6 +42,12 @@ public:
     /// FFmpeg sees zeros in place of these bytes. Before the first read.
     void blank(std::int64_t offset, std::int64_t length) { m_blanks.push_back({offset, length}); }
 
+    /// Looks at everything that FFmpeg is to see. Before the first read.
+    void setInspector(std::unique_ptr<AudioFileReaderInspector> inspector)
+    {
+        m_inspector = std::move(inspector);
+    }
+
     /// Tells that sound came out of what was read. Without it, the file ends after readLimit bytes.
     void progress() { m_sinceProgress = 0; }
 
@@ -48,6 +56,9 @@ public:
 
     /// From now on only the bytes read without progress() are limited, no longer the time.
     void endOpening() { m_isOpening = false; }
+
+    /// Bytes that may be read without progress().
+    void setReadLimit(std::int64_t bytes) { m_readLimit = bytes; }
 
     /// 0, or what made a read fail.
     Status error() const { return m_error; }
@@ -61,9 +72,13 @@ public:
     /// Junk between two frames of sound that is still read over; also what opening may read.
     static constexpr std::int64_t readLimit = std::int64_t{40} << 20;
 
+    /// The same where FFmpeg keeps the junk in memory, three times, until the next frame.
+    static constexpr std::int64_t keptReadLimit = std::int64_t{16} << 20;
+
 private:
     bool isExhausted() const;
     void blankOut(std::span<std::uint8_t> bytes) const;
+    std::int64_t lookThrough(std::span<std::uint8_t> bytes) const;
     static int readPacket(void *self, std::uint8_t *buffer, int size);
     static std::int64_t seek(void *self, std::int64_t offset, int whence);
 
@@ -74,7 +89,9 @@ private:
     std::int64_t m_sinceProgress = 0;
     std::int64_t m_openingStart = 0;
     std::vector<std::pair<std::int64_t, std::int64_t>> m_blanks; ///< offset and length
+    std::unique_ptr<AudioFileReaderInspector> m_inspector;
     bool m_isOpening = true;
+    std::int64_t m_readLimit = readLimit;
     std::function<void()> m_waitHook;
     std::thread::id m_waiting; ///< whose reads call it
     Status m_error = status::noError;
