@@ -49,6 +49,17 @@ function(lyrabox_add_library name)
   target_include_directories(lb_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
 endfunction()
 
+# lyrabox_add_module(decoding DecodingEntry.cpp lb_platform_decoding) makes lib/lyrabox/lyrabox-decoding.so, which the
+# program opens when it is first needed. Of the layers below it takes what it uses, and nothing of what those link.
+function(lyrabox_add_module name entry library)
+  add_library(lyrabox_${name} MODULE ${entry})
+  target_link_libraries(lyrabox_${name} PRIVATE ${library} lyrabox_options)
+  target_link_options(lyrabox_${name} PRIVATE -Wl,--as-needed -Wl,--exclude-libs,ALL -Wl,-z,relro -Wl,-z,now)
+  set_target_properties(lyrabox_${name} PROPERTIES PREFIX "" OUTPUT_NAME lyrabox-${name}
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib/lyrabox)
+  install(TARGETS lyrabox_${name} LIBRARY DESTINATION lib/lyrabox)
+endfunction()
+
 # lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [TIMEOUT seconds])
 # makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
 # on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). SERIAL: one at a time,
@@ -70,7 +81,7 @@ function(lyrabox_add_test name)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(test_${name} PRIVATE
     LYRABOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LYRABOX_BINARY_DIR="${PROJECT_BINARY_DIR}")
-  add_dependencies(test_${name} lyrabox_decoding)
+  add_dependencies(test_${name} lyrabox_decoding lyrabox_output)
   set(properties TIMEOUT ${ARG_TIMEOUT})
   if(ARG_LABELS)
     list(APPEND properties LABELS ${ARG_LABELS})

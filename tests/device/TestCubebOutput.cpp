@@ -1,4 +1,4 @@
-#include "platform/audio/CubebOutput.h"
+#include "platform/output/CubebOutput.h"
 
 #include "device/Heard.h"
 #include "support/PrivateSoundServer.h"

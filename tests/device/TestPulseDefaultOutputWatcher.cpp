@@ -1,4 +1,4 @@
-#include "platform/audio/PulseDefaultOutputWatcher.h"
+#include "platform/output/PulseDefaultOutputWatcher.h"
 
 #include "support/PrivateSoundServer.h"
 

@@ -41,14 +41,16 @@ class InstalledTree(unittest.TestCase):
         self.assertEqual(strangers, set())
         self.assertIn("bin/lyrabox", files)
         self.assertIn("lib/lyrabox/lyrabox-decoding.so", files)
+        self.assertIn("lib/lyrabox/lyrabox-output.so", files)
         self.assertIn("share/man/man1/lyrabox.1", files)
 
-    def test_only_the_module_brings_the_decoders(self):
+    def test_only_the_modules_bring_the_decoders_and_the_sound_server(self):
         def needs(file):
             return subprocess.run(["ldd", self.root / file], text=True, capture_output=True, check=True).stdout
-        self.assertIn("libavcodec", needs("lib/lyrabox/lyrabox-decoding.so"))
-        self.assertNotIn("not found", needs("lib/lyrabox/lyrabox-decoding.so"))
-        self.assertNotIn("libavcodec", needs("bin/lyrabox"))
+        for module, library in (("decoding", "libavcodec"), ("output", "libpulse.so")):
+            self.assertIn(library, needs(f"lib/lyrabox/lyrabox-{module}.so"))
+            self.assertNotIn("not found", needs(f"lib/lyrabox/lyrabox-{module}.so"))
+            self.assertNotIn(library, needs("bin/lyrabox"))
 
     def test_every_icon_has_the_size_of_its_folder(self):
         for size in (16, 22, 24, 32, 48, 64, 128, 256, 512):

@@ -1,4 +1,4 @@
-#include "platform/audio/CubebOutput.h"
+#include "platform/output/CubebOutput.h"
 #include "sound/Player.h"
 #include "support/SampleAudio.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/audio/SongReader.h"
+#include "platform/foundation/LoadedModule.h"
 
 #include <QString>
 
@@ -10,10 +11,8 @@
 /// loading all the libraries that they need takes as long as showing the windows.
 namespace lyrabox {
 
-/// The functions below are the module's only ones that the program knows by name, so that a module
-/// of another version is told by the lack of them.
+/// Beside its version, what the program finds in the module by name.
 extern "C" {
-using DecodingVersionFunction = const char *();         ///< LYRABOX_VERSION
 using MakeSongReaderFunction = lyrabox::SongReader *(); ///< never null; the caller's
 }
 constexpr const char *decodingVersionName = "lyraboxDecodingVersion";
@@ -25,15 +24,15 @@ public:
     explicit DecodingModule(const QString &path);
 
     /// Why the module at the path cannot be used, in the words of the system; empty when it can.
-    const QString &failure() const { return m_failure; }
+    const QString &failure() const { return m_module.failure(); }
 
     /// A reader of audio files; without a usable module one that opens nothing (missingDecoder).
     /// Any thread.
     std::unique_ptr<SongReader> makeSongReader() const;
 
 private:
-    MakeSongReaderFunction *m_makeSongReader = nullptr;
-    QString m_failure;
+    LoadedModule m_module;
+    MakeSongReaderFunction *m_makeSongReader; ///< null when the module cannot be used
 };
 
 /// The program's own module; the first call opens it, which takes some 50 ms, and others wait for

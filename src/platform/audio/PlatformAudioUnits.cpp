@@ -1,7 +1,6 @@
 #include "platform/audio/AudioUnit.h"
-#include "platform/audio/CubebOutput.h"
 #include "platform/audio/GraphicEqualizer.h"
-#include "platform/audio/PulseDefaultOutputWatcher.h"
+#include "platform/audio/OutputModule.h"
 #include "platform/audio/TimePitch.h"
 
 namespace lyrabox {
@@ -10,8 +9,8 @@ AudioUnitFactory platformAudioUnits()
 {
     return {.equalizer = [] { return std::make_unique<GraphicEqualizer>(); },
             .timePitch = [] { return std::make_unique<TimePitch>(TimePitch::WarmUp::Beside); },
-            .output = [] { return std::make_unique<CubebOutput>(); },
-            .defaultOutputWatcher = [] { return std::make_unique<PulseDefaultOutputWatcher>(); }};
+            .output = [] { return outputModule().makeOutput(); },
+            .defaultOutputWatcher = [] { return outputModule().makeDefaultOutputWatcher(); }};
 }
 
 } // namespace lyrabox

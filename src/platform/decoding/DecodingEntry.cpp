@@ -17,5 +17,5 @@ lyrabox::SongReader *lyraboxMakeSongReader()
 
 } // extern "C"
 
-static_assert(std::is_same_v<decltype(lyraboxDecodingVersion), lyrabox::DecodingVersionFunction>);
+static_assert(std::is_same_v<decltype(lyraboxDecodingVersion), lyrabox::ModuleVersionFunction>);
 static_assert(std::is_same_v<decltype(lyraboxMakeSongReader), lyrabox::MakeSongReaderFunction>);

@@ -1,4 +1,4 @@
-#include "platform/audio/PulseDefaultOutputWatcher.h"
+#include "platform/output/PulseDefaultOutputWatcher.h"
 
 #include <pulse/context.h>
 #include <pulse/introspect.h>

@@ -1,4 +1,4 @@
-#include "platform/audio/CubebOutput.h"
+#include "platform/output/CubebOutput.h"
 
 #include "platform/audio/StreamFormat.h"
 
