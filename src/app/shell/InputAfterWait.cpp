@@ -31,8 +31,13 @@ InputAfterWait::InputAfterWait(StateButton *playButton, QWidget *songs, Progress
             settle();
             return;
         }
-        // The event loop runs again. Whatever the user did meanwhile comes now.
-        m_busy = false;
+        // The event loop runs again. Whatever the user did meanwhile comes in its first round, be
+        // it before or behind this timer.
+        m_busy = !std::exchange(m_hasRun, true);
+        if (m_busy) {
+            m_settleTimer.start(0ms);
+            return;
+        }
         m_end = m_clock() + reactionTime;
         m_settleTimer.start(reactionTime);
     });
@@ -52,6 +57,7 @@ void InputAfterWait::waiting(Work work)
     }
     m_settling = true;
     m_busy = true;
+    m_hasRun = false;
     (work == Work::List ? m_listChanged : m_loaded) = true;
     m_settleTimer.start(0ms);
 }

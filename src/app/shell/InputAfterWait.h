@@ -62,7 +62,8 @@ private:
     QWidget *m_songs;
     ProgressClock m_clock;
     QTimer m_settleTimer;
-    bool m_busy = false; ///< since the wait was told of, the event loop has not run
+    bool m_busy = false;   ///< since the wait was told of, the event loop has not run a whole round
+    bool m_hasRun = false; ///< but it runs
     bool m_listChanged = false;
     bool m_loaded = false;
     bool m_showedPlay = false;
