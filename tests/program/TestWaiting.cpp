@@ -1,4 +1,4 @@
-// What the user does while the program loads a song that takes long.
+// What the user does while the program loads a song or builds a list that takes long.
 
 #include "program/Places.h"
 #include "support/SampleAudio.h"
@@ -34,19 +34,6 @@ protected:
         ASSERT_TRUE(waitForSongs(4));
     }
 
-    bool showsProgress() const
-    {
-        constexpr QRect middleOfTheList(540, 300, 280, 90);
-        const QImage part = window().copy(middleOfTheList);
-        for (int y = 0; y < part.height(); ++y) {
-            for (int x = 0; x < part.width(); ++x) {
-                if (part.pixelColor(x, y) == QColor(0x34, 0x98, 0xDB))
-                    return true;
-            }
-        }
-        return false;
-    }
-
     /// Long enough for the load to count as a long one, of which most is still to come.
     void waitWithinTheLoad() const { recorder->waitFor(1.0); }
     bool isLoading() const { return !hearsAnything(0.0); }
@@ -61,6 +48,104 @@ protected:
             EXPECT_NEAR(toneAt(at), frequency, frequency / 200.0);
     }
 };
+
+/// The folder "Tones" is shown, with "Alpha" at 300 Hz and "Beta" at 350 Hz; below it stands
+/// "Slow", whose list of five songs from 400 Hz on takes seconds to build.
+class ProgramWithASlowList : public WaitingProgram {
+protected:
+    static constexpr int slowSongs = 5;
+
+    void startBesideASlowFolder()
+    {
+        const QString fast =
+            makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}, {u"Beta"_s, 350.0}});
+        std::vector<Tone> songs;
+        for (int i = 0; i < slowSongs; ++i)
+            songs.push_back({u"Slow %1"_s.arg(i), 400.0 + 50.0 * i});
+        slowFolder = makeFolder(u"Slow"_s, songs);
+        slowFile = slowFolder + u'/';
+        showFolder(fast);
+        const PropertyList both(PropertyList::Array{PropertyList(fast), PropertyList(slowFolder)});
+        ASSERT_TRUE(writePropertyList(both, settingsFile(u"Folders.plist"_s)));
+        start();
+        ASSERT_TRUE(waitForSongs(2));
+    }
+
+    void beginTheList()
+    {
+        click(place::sourceRow(1));
+        ASSERT_TRUE(waitUntil([this] { return showsProgress(); }));
+    }
+    /// To be asked behind what is to fall into the wait.
+    bool isBuilding() const { return reads(slowFolder); }
+    bool waitForTheList() const
+    {
+        return waitUntil([this] { return !showsProgress(); }, 60.0) && waitForSongs(slowSongs);
+    }
+
+    QString slowFolder;
+};
+
+TEST_F(ProgramWithASlowList, ShowsItsProgressAndThenTheSongsThatPlay)
+{
+    startBesideASlowFolder();
+    EXPECT_FALSE(showsProgress());
+    beginTheList();
+    EXPECT_TRUE(waitForTheList());
+    doubleClickSong(2);
+    EXPECT_TRUE(hearsAnything(60.0));
+}
+
+TEST_F(ProgramWithASlowList, LeavesTheSoundAloneMeanwhile)
+{
+    startBesideASlowFolder();
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    beginTheList();
+    const std::size_t begin = recorder->size();
+    EXPECT_TRUE(waitForTheList());
+    const std::size_t end = recorder->size();
+    // A busy machine may starve the output for a moment.
+    int slices = 0;
+    int sounding = 0;
+    for (std::size_t at = begin; at + Recorder::sampleRate / 5 < end;
+         at += Recorder::sampleRate / 5) {
+        ++slices;
+        sounding += std::abs(toneAt(at) - 300.0) < 1.5 ? 1 : 0;
+    }
+    EXPECT_GT(slices, 5);
+    EXPECT_GT(sounding, slices / 2);
+    EXPECT_TRUE(hears(300.0));
+}
+
+TEST_F(ProgramWithASlowList, DropsClicksAtTheListThatItReplaces)
+{
+    startBesideASlowFolder();
+    beginTheList();
+    doubleClickSong(1);
+    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    EXPECT_TRUE(waitForTheList());
+    const std::size_t begin = recorder->size();
+    recorder->waitFor(1.0);
+    for (std::size_t at = begin; at + Recorder::sampleRate / 10 < recorder->size();
+         at += Recorder::sampleRate / 10)
+        EXPECT_EQ(toneAt(at, 0.1), 0.0);
+    EXPECT_FALSE(reads(slowFolder)) << "a song is being loaded";
+}
+
+TEST_F(ProgramWithASlowList, ObeysPausePressedMeanwhile)
+{
+    startBesideASlowFolder();
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    beginTheList();
+    display.key(u"space"_s);
+    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    EXPECT_TRUE(waitForTheList());
+    EXPECT_TRUE(hearsSilence());
+    display.key(u"space"_s);
+    EXPECT_TRUE(hears(300.0));
+}
 
 TEST_F(WaitingProgram, ALongLoadShowsItsProgressAndThenPlays)
 {

@@ -7,8 +7,11 @@
 #include <QDir>
 #include <QSettings>
 
+#include <algorithm>
 #include <cmath>
 #include <csignal>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,7 +21,6 @@ namespace {
 constexpr int patienceMilliseconds = 20'000;
 constexpr std::size_t listenFrames = Recorder::sampleRate / 5;
 constexpr float loudness = 0.02F;
-const QString programPath = QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox");
 const QString mainWindowTitle = u"^Lyrabox$"_s;
 
 bool isDark(QRgb pixel)
@@ -116,7 +118,14 @@ void RunningProgram::startWithoutWindow(const QStringList &arguments)
     m_program.setProcessEnvironment(environment());
     m_program.setProcessChannelMode(QProcess::ForwardedChannels);
     dieWithTheTest(m_program);
-    m_program.start(programPath, arguments);
+    if (heedsPermissions)
+        m_program.setChildProcessModifier([] {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            // Not held by a program that is started without them; an ordinary user has none.
+            prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+            prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
+        });
+    m_program.start(program, arguments);
     ASSERT_TRUE(m_program.waitForStarted(patienceMilliseconds)) << "the program does not start";
 }
 
@@ -154,23 +163,23 @@ void RunningProgram::killAtOnce()
 
 int RunningProgram::startSecond(const QStringList &arguments, const QString &folder)
 {
-    return runBeside(programPath, arguments, folder);
+    return runBeside(program, arguments, folder);
 }
 
 int RunningProgram::startSecondWithBytes(const QString &format)
 {
     return runBeside(u"/bin/sh"_s,
-                     {u"-c"_s, u"exec \"$0\" \"$(printf \"$1\")\""_s, programPath, format}, {});
+                     {u"-c"_s, u"exec \"$0\" \"$(printf \"$1\")\""_s, program, format}, {});
 }
 
-int RunningProgram::runBeside(const QString &program, const QStringList &arguments,
+int RunningProgram::runBeside(const QString &file, const QStringList &arguments,
                               const QString &folder) const
 {
     QProcess second;
     second.setProcessEnvironment(environment());
     second.setWorkingDirectory(folder);
     dieWithTheTest(second);
-    second.start(program, arguments);
+    second.start(file, arguments);
     return waitForEnd(second);
 }
 
@@ -258,6 +267,29 @@ bool RunningProgram::waitForSongs(int count) const
         [&] { return (count == 0 || !songRowIsEmpty(count - 1)) && songRowIsEmpty(count); });
 }
 
+bool RunningProgram::showsProgress() const
+{
+    constexpr QRect middleOfTheList(540, 300, 280, 90);
+    const QImage part = window().copy(middleOfTheList);
+    for (int y = 0; y < part.height(); ++y) {
+        for (int x = 0; x < part.width(); ++x) {
+            if (part.pixelColor(x, y) == QColor(0x34, 0x98, 0xDB))
+                return true;
+        }
+    }
+    return false;
+}
+
+bool RunningProgram::reads(const QString &folder) const
+{
+    const QDir files(u"/proc/%1/fd"_s.arg(processId()));
+    const QStringList names =
+        files.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System | QDir::Hidden);
+    return std::any_of(names.begin(), names.end(), [&](const QString &name) {
+        return QFile::symLinkTarget(files.filePath(name)).startsWith(folder);
+    });
+}
+
 bool RunningProgram::waitForSelectedSource(int row) const
 {
     // The ground of a selected row is darker than that of the list, focused or not.
@@ -306,6 +338,15 @@ int RunningProgram::playedPixels() const
     while (end > bar.left() && image.pixelColor(end - 1, y).red() > 0x78)
         --end;
     return end - bar.left();
+}
+
+bool RunningProgram::seekForward()
+{
+    const int goal = playedPixels() + navigationBar().width() / 10;
+    display.keyDown(u"Right"_s); // a short press is the next song
+    const bool arrived = waitUntil([&] { return playedPixels() > goal; });
+    display.keyUp(u"Right"_s);
+    return arrived;
 }
 
 std::vector<float> RunningProgram::lastSamples() const

@@ -79,6 +79,10 @@ protected:
     /// Whether the line for messages about songs shows one.
     bool showsMessage() const;
     bool waitForSongs(int count) const;
+    /// Whether the panel over the song table tells how far a long work has come.
+    bool showsProgress() const;
+    /// Whether the program has a file of that folder open now.
+    bool reads(const QString &folder) const;
     /// Which row of the folder tree is selected.
     bool waitForSelectedSource(int row) const;
 
@@ -86,6 +90,9 @@ protected:
     QRect navigationBar() const;
     /// Where its played part ends: pixels from its left edge.
     int playedPixels() const;
+
+    /// Holds the key that seeks forward until the song is further by a tenth of the bar.
+    bool seekForward();
 
     /// Whether a tone of that frequency (within half a percent) becomes the sound of the last fifth
     /// of a second before `seconds` are over.
@@ -99,8 +106,14 @@ protected:
 
     /// Where the program finds the session bus; set before the start.
     QString busAddress = QStringLiteral("disabled:");
-    /// Where there is one, the program reads it as from a slow disk; set before the start.
+    /// Where there is one, the program reads it as from a slow disk; set before the start. With a
+    /// slash at its end it is a folder, all of whose files are slow.
     QString slowFile;
+    /// The program may read no more than the files' permissions say, whoever runs the test; set
+    /// before the start.
+    bool heedsPermissions = false;
+    /// The program's file; set before the start.
+    QString program = QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox");
 
     VirtualDisplay display;
     PrivateSoundServer sound;
@@ -109,8 +122,7 @@ protected:
 private:
     QProcessEnvironment environment() const;
     int waitForEnd(QProcess &process) const;
-    int runBeside(const QString &program, const QStringList &arguments,
-                  const QString &folder) const;
+    int runBeside(const QString &file, const QStringList &arguments, const QString &folder) const;
     std::vector<float> lastSamples() const;
 
     QTemporaryDir m_home;

@@ -1,4 +1,5 @@
-// Preloaded into the program: the file that LYRABOX_SLOW_FILE names is read as from a slow disk.
+// Preloaded into the program: the file that LYRABOX_SLOW_FILE names is read as from a slow disk, or
+// all files of a folder where it ends with a slash.
 
 #include <cstdlib>
 #include <cstring>
@@ -32,7 +33,9 @@ void waitForTheDisk(int descriptor)
         return;
     path[length] = '\0';
     const timespec delay{0, nanosecondsPerRead};
-    if (std::strcmp(path, slow) == 0)
+    const std::size_t named = std::strlen(slow);
+    const bool isFolder = named > 0 && slow[named - 1] == '/';
+    if (isFolder ? std::strncmp(path, slow, named) == 0 : std::strcmp(path, slow) == 0)
         nanosleep(&delay, nullptr);
 }
 
