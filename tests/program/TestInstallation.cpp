@@ -90,4 +90,14 @@ TEST_F(CopiedProgram, WithDecodersThatAreSomethingElseSaysSoAndGoesOn)
     expectMessageAndNoSongs();
 }
 
+TEST_F(CopiedProgram, WithoutItsOutputEndsWithTheAlertThatThereIsNoSound)
+{
+    install(decoders());
+    ASSERT_TRUE(QFile::remove(installation.filePath(u"lib/lyrabox/lyrabox-output.so"_s)));
+    startWithoutWindow();
+    display.waitForWindow(u"^Lyrabox$"_s);
+    display.key(u"Return"_s);
+    EXPECT_EQ(waitForEnd(), 1);
+}
+
 } // namespace
