@@ -70,6 +70,10 @@ RunningProgram::~RunningProgram()
             folder.filePath(QString::fromLatin1(test->name()).replace(u'/', u'-') + u".png"_s));
     }
     EXPECT_NE(m_program.exitStatus(), QProcess::CrashExit) << "the program has crashed";
+    // Not killed: a sanitizer tells only at the end of leaks and of what it has seen.
+    if (isRunning()) {
+        EXPECT_EQ(sendSignalAndWait(SIGTERM), 0) << "its end reports a fault";
+    }
     m_program.kill();
     m_program.waitForFinished(patienceMilliseconds);
 }
