@@ -1,5 +1,6 @@
 #include "platform/ui/ApplicationStyle.h"
 
+#include "platform/ui/Popover.h"
 #include "platform/ui/Theme.h"
 
 #include <QLineEdit>
@@ -143,8 +144,9 @@ void ApplicationStyle::polish(QWidget *widget)
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false); // the ground shows through
         widget->setAttribute(Qt::WA_Hover);
     }
-    if (widget->isWindow() && !qobject_cast<QMainWindow *>(widget) &&
-        widget->styleSheet().isEmpty())
+    const bool comesLater = (widget->isWindow() && !qobject_cast<QMainWindow *>(widget)) ||
+                            qobject_cast<Popover *>(widget); // lies within a main window
+    if (comesLater && widget->styleSheet().isEmpty())
         widget->setStyleSheet(styleSheet());
 }
 

@@ -1,4 +1,5 @@
 #include "platform/ui/ApplicationStyle.h"
+#include "platform/ui/Popover.h"
 #include "platform/ui/Theme.h"
 
 #include <QImage>
@@ -172,6 +173,12 @@ TEST(ApplicationStyle, WindowsThatComeLaterGetTheirSheetWhenTheyAreShown)
     EXPECT_TRUE(menu.styleSheet().isEmpty());
     menu.ensurePolished();
     EXPECT_TRUE(menu.styleSheet().contains("QMenu"_L1));
+
+    Popover popover(&window);
+    popover.setStyle(&style);
+    popover.ensurePolished();
+    EXPECT_TRUE(popover.styleSheet().contains("QPushButton:default"_L1))
+        << "lies within a main window, but comes later, too";
 
     QWidget own;
     own.setStyle(&style);
