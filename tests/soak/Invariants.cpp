@@ -177,9 +177,14 @@ void checkQueue(Findings &findings, const LB_QueueController &queue)
     const bool shuffling = Program::widget<StateButton>(u"shuffleButton"_s)->state() == 1;
     findings.require(shuffling == queue.isShuffling(),
                      u"the shuffle button is not like the queue"_s);
+    // A list that was built anew may have lost the song that is loaded; the index then stays.
     const TrackRecordRef track = queue.audio()->currentTrack();
-    if (track && queue.currentIndex() < queue.content().size())
-        findings.require(queue.content()[queue.currentIndex()]->inode == track->inode,
+    const auto isLoaded = [&](const TrackRecordRef &record) {
+        return record->inode == track->inode;
+    };
+    if (track && queue.currentIndex() < queue.content().size() &&
+        std::any_of(queue.content().begin(), queue.content().end(), isLoaded))
+        findings.require(isLoaded(queue.content()[queue.currentIndex()]),
                          u"the queue's song is not the one that is loaded"_s);
 }
 
