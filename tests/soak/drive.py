@@ -229,6 +229,9 @@ class Soak:
     # The program.
 
     def start(self):
+        if self.server_returns is not None:  # without one the program would not come up
+            self.sound.start()
+            self.server_returns, self.device_changed = None, time.monotonic()
         for _ in range(200):
             if self.sound.pactl("info"):
                 break
