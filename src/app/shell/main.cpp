@@ -5,6 +5,7 @@
 #include "app/shell/SingleInstance.h"
 #include "engine/AudioEngine.h"
 #include "platform/audio/DecodingModule.h"
+#include "platform/audio/OutputModule.h"
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/foundation/UserDefaults.h"
@@ -82,6 +83,17 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName(QStringLiteral("Lyrabox"));
     QApplication::setDesktopFileName(QStringLiteral("org.lyrabox.Lyrabox"));
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
+
+    // Modules are loaded one at a time: first that of the output, for which the windows wait, and
+    // then, where songs are opened before there is a picture, that of the decoders.
+    const bool opensSongs =
+        !line.urls.isEmpty() ||
+        !lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath).toString().isEmpty();
+    const std::jthread modules([opensSongs] {
+        lyrabox::outputModule();
+        if (opensSongs)
+            lyrabox::decodingModule();
+    });
     lyrabox::installLanguage(application);
     lyrabox::applyApplicationTheme();
 
@@ -96,12 +108,6 @@ int main(int argc, char **argv)
     case lyrabox::SingleInstance::Role::Unanswered:
         return failForWantOfAnswer();
     }
-
-    // Where songs are opened before there is a picture, their decoders come meanwhile.
-    std::jthread decoders;
-    if (!line.urls.isEmpty() ||
-        !lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath).toString().isEmpty())
-        decoders = std::jthread([] { lyrabox::decodingModule(); });
 
     // The connection to the sound server takes as long as the windows, which are built meanwhile.
     std::future<lyrabox::Status> engine =
