@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QRegularExpression>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -37,6 +38,7 @@ NumberField::NumberField(QWidget *parent) : QLineEdit(parent)
     setAlignment(Qt::AlignRight);
     setMaxLength(32);
     setText(textForValue(0.0F));
+    setAcceptDrops(false); // what is dropped is for the window, and an edit needs the focus
     connect(this, &QLineEdit::textEdited, this, [this] { m_edited = true; });
 }
 
@@ -118,6 +120,21 @@ void NumberField::keyPressEvent(QKeyEvent *event)
         return;
     }
     QLineEdit::keyPressEvent(event);
+}
+
+void NumberField::showEvent(QShowEvent *event)
+{
+    QLineEdit::showEvent(event);
+    // In a window that does not have the keyboard the focus moves without focus events.
+    if (const QWindow *handle = window()->windowHandle())
+        connect(handle, &QWindow::focusObjectChanged, this, &NumberField::finishEditLeftBehind,
+                Qt::UniqueConnection);
+}
+
+void NumberField::finishEditLeftBehind()
+{
+    if (window()->focusWidget() != this)
+        finishEdit();
 }
 
 void NumberField::focusOutEvent(QFocusEvent *event)

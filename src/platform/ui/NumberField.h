@@ -36,10 +36,12 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void finishEdit();
+    void finishEditLeftBehind();
     QString textForValue(float value) const;
 
     QString m_suffix;

@@ -1,5 +1,6 @@
 #include "platform/ui/NumberField.h"
 
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -114,6 +115,75 @@ TEST_F(NumberFieldTest, LosingTheKeyboardEndsAnEdit)
     inWindow->setFocus();
     other->setFocus();
     EXPECT_EQ(sent.count(), 1) << "nothing was edited since";
+}
+
+class NumberFieldInInactiveWindow : public testing::Test {
+protected:
+    NumberFieldInInactiveWindow()
+    {
+        layout->addWidget(field);
+        layout->addWidget(other);
+        window.show();
+        elsewhere.show();
+    }
+
+    /// Types into the field and gives the keyboard to the other window.
+    void typeAndLeave()
+    {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, u"80"_s);
+        elsewhere.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
+        ASSERT_EQ(entered.count(), 0) << "the other window only borrows the keyboard";
+    }
+
+    QWidget window;
+    QWidget elsewhere;
+    QVBoxLayout *layout = new QVBoxLayout(&window);
+    NumberField *field = new NumberField;
+    NumberField *other = new NumberField;
+    QSignalSpy entered{field, &NumberField::entered};
+};
+
+TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenTheFocusMovesOnThere)
+{
+    ASSERT_NO_FATAL_FAILURE(typeAndLeave());
+    other->setFocus();
+    EXPECT_EQ(entered.count(), 1);
+    EXPECT_FLOAT_EQ(field->floatValue(), 80.0F);
+}
+
+TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenItLosesTheFocusThere)
+{
+    ASSERT_NO_FATAL_FAILURE(typeAndLeave());
+    field->clearFocus();
+    EXPECT_EQ(entered.count(), 1);
+}
+
+TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenItIsDisabledThere)
+{
+    ASSERT_NO_FATAL_FAILURE(typeAndLeave());
+    field->setEnabled(false);
+    EXPECT_EQ(entered.count(), 1);
+}
+
+TEST_F(NumberFieldInInactiveWindow, KeepsTheEditUntilTheWindowIsBack)
+{
+    ASSERT_NO_FATAL_FAILURE(typeAndLeave());
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(entered.count(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), field);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(entered.count(), 1);
+}
+
+TEST_F(NumberFieldTest, LeavesDropsToItsWindow)
+{
+    EXPECT_FALSE(field.acceptDrops());
 }
 
 TEST_F(NumberFieldTest, EscapePutsTheShownValueBack)
