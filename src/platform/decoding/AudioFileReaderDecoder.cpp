@@ -88,14 +88,10 @@ bool AudioFileReaderDecoder::receive()
 
 bool AudioFileReaderDecoder::receiveAhead()
 {
-    auto frame = m_stretches->next();
-    if (!frame) {
-        if (m_stretches->outOfMemory())
-            m_status = status::notEnoughMemory;
-        return false;
-    }
-    m_waiting = std::move(frame);
-    return true;
+    m_waiting = m_stretches->next(std::move(m_waiting));
+    if (!m_waiting && m_stretches->outOfMemory())
+        m_status = status::notEnoughMemory;
+    return m_waiting != nullptr;
 }
 
 bool AudioFileReaderDecoder::receiveNow()

@@ -21,6 +21,7 @@ struct AvDeleter {
     void operator()(AVCodecParameters *object) const noexcept { avcodec_parameters_free(&object); }
     void operator()(AVFrame *frame) const noexcept { av_frame_free(&frame); }
     void operator()(AVPacket *packet) const noexcept { av_packet_free(&packet); }
+    void operator()(AVBufferRef *buffer) const noexcept { av_buffer_unref(&buffer); }
     void operator()(SwrContext *context) const noexcept { swr_free(&context); }
     void operator()(AVIOContext *context) const noexcept
     {

@@ -1,6 +1,7 @@
 #include "platform/decoding/AudioFileReaderStretches.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 #include <system_error>
 #include <utility>
@@ -12,7 +13,9 @@ namespace {
 constexpr double shortestStretch = 1 << 16; ///< samples; below it the run-up weighs too much
 constexpr double longestStretch = 1 << 20;
 constexpr unsigned maximumThreads = 8;  ///< demuxing and converting keep pace with no more
-constexpr std::size_t batchFrames = 16; ///< handed over at once, by a decoder or to the reader
+constexpr std::size_t batchFrames = 16; ///< handed over at once by a decoder
+/// Ready before the reader looks at it; to be woken takes as long as to decode a packet.
+constexpr std::size_t readerBytes = std::size_t{512} << 10;
 
 bool changesParameters(const AVPacket &packet)
 {
@@ -60,11 +63,13 @@ struct AudioFileReaderStretches::Stretch {
     std::vector<AvPointer<AVPacket>> packets; ///< on the way to a decoder
     std::size_t dropped = 0;                  ///< of the packets, those whose output is left out
     bool last = false;
+    std::size_t decoded = 0; ///< packets; its decoder's
 
     // Guarded by the mutex.
     bool taken = false;
     bool finished = false;
     std::deque<AvPointer<AVFrame>> frames; ///< on the way to the reader
+    std::size_t bytes = 0;                 ///< of these frames
     int failures = 0;
     bool outOfMemory = false;
 };
@@ -80,18 +85,24 @@ public:
             m_owner.m_pool->serve(*m_context);
     }
 
-    void decode(Stretch &stretch)
+    /// Decodes some frames of the stretch, from where it was left; false at its end.
+    bool decode(Stretch &stretch)
     {
-        m_failures = 0;
-        m_outOfMemory = false;
         try {
-            if (prepare())
-                decodePackets(stretch);
+            if (stretch.decoded == 0 && !prepare())
+                return false;
+            return decodePackets(stretch);
         } catch (const std::bad_alloc &) {
             m_outOfMemory = true;
+            return false;
         }
-        m_owner.finish(stretch, m_batch, m_failures, m_outOfMemory);
     }
+
+    Batch &batch() { return m_batch; }
+
+    /// What went wrong since this was last asked.
+    int takeFailures() { return std::exchange(m_failures, 0); }
+    bool takeOutOfMemory() { return std::exchange(m_outOfMemory, false); }
 
 private:
     bool prepare()
@@ -110,24 +121,25 @@ private:
         return m_context != nullptr;
     }
 
-    void decodePackets(Stretch &stretch)
+    bool decodePackets(Stretch &stretch)
     {
-        for (std::size_t i = 0; i < stretch.packets.size(); ++i) {
-            const bool keep = i >= stretch.dropped;
-            const int sent = avcodec_send_packet(m_context.get(), stretch.packets[i].get());
-            stretch.packets[i].reset();
+        while (stretch.decoded < stretch.packets.size()) {
+            const bool keep = stretch.decoded >= stretch.dropped;
+            AvPointer<AVPacket> packet = std::move(stretch.packets[stretch.decoded++]);
+            const int sent = avcodec_send_packet(m_context.get(), packet.get());
             const int taken = take(keep);
             if (keep) {
                 note(sent);
                 note(taken);
             }
-            if (m_batch.size() >= batchFrames && !m_owner.deliver(stretch, m_batch))
-                return;
+            if (m_batch.full.size() >= batchFrames)
+                return true;
         }
         if (stretch.last) {
             avcodec_send_packet(m_context.get(), nullptr);
             note(take(true));
         }
+        return false;
     }
 
     /// Everything that the decoder has ready; returns why there is no more.
@@ -135,13 +147,22 @@ private:
     {
         for (;;) {
             if (!m_frame)
-                m_frame = owned(av_frame_alloc());
+                m_frame = emptyFrame();
             const int error = avcodec_receive_frame(m_context.get(), m_frame.get());
             if (error < 0)
                 return error;
             if (keep && m_frame->nb_samples > 0)
-                m_batch.push_back(std::move(m_frame));
+                m_batch.full.push_back(std::move(m_frame));
         }
+    }
+
+    AvPointer<AVFrame> emptyFrame()
+    {
+        if (m_batch.empty.empty())
+            return owned(av_frame_alloc());
+        auto frame = std::move(m_batch.empty.back());
+        m_batch.empty.pop_back();
+        return frame;
     }
 
     void note(int error)
@@ -155,7 +176,7 @@ private:
     AudioFileReaderStretches &m_owner;
     AvPointer<AVCodecContext> m_context;
     AvPointer<AVFrame> m_frame;
-    Frames m_batch;
+    Batch m_batch;
     int m_failures = 0;
     bool m_outOfMemory = false;
 };
@@ -173,17 +194,19 @@ AudioFileReaderStretches::AudioFileReaderStretches(AudioFileReaderContainer &con
     if (!m_parameters ||
         avcodec_parameters_copy(m_parameters.get(), container.stream()->codecpar) < 0)
         throw std::bad_alloc();
-    std::size_t workers = 1;
     if (const auto runUp = runUpPackets(m_parameters->codec_id); runUp && threads > 1) {
         m_canStartAnywhere = true;
         m_runUp = static_cast<std::size_t>(*runUp);
-        workers = std::min(threads, maximumThreads);
+        m_decoders = std::min(threads, maximumThreads);
     }
-    divide(container, workers, static_cast<double>(memory));
+    divide(container, static_cast<double>(memory));
+    // The reader's thread is one of them, where a decoder may start anywhere.
+    const std::size_t workers = std::max<std::size_t>(1, m_decoders - 1);
     m_workers.reserve(workers);
-    m_workers.push_back(std::make_unique<Worker>(*this, std::move(context)));
+    if (m_canStartAnywhere)
+        m_reader = std::make_unique<Worker>(*this, std::move(context));
     while (m_workers.size() < workers)
-        m_workers.push_back(std::make_unique<Worker>(*this, nullptr));
+        m_workers.push_back(std::make_unique<Worker>(*this, std::move(context)));
     try {
         m_threads.reserve(workers);
         for (const auto &worker : m_workers)
@@ -191,6 +214,8 @@ AudioFileReaderStretches::AudioFileReaderStretches(AudioFileReaderContainer &con
     } catch (const std::system_error &) {
         // As many as are to be had; with none, the reader's own thread decodes.
     }
+    if (m_threads.empty() && !m_reader)
+        m_reader = std::move(m_workers.front());
 }
 
 AudioFileReaderStretches::~AudioFileReaderStretches()
@@ -204,63 +229,94 @@ AudioFileReaderStretches::~AudioFileReaderStretches()
     m_threads.clear(); // joins
 }
 
-/// Sets the length of a stretch so that what waits fits into `memory`. Decoders that work ahead of
-/// the reader's stretch, each a part of a stretch behind the one before it, hold half of one on
-/// average.
-void AudioFileReaderStretches::divide(AudioFileReaderContainer &container, std::size_t workers,
-                                      double memory)
+/// Sets the length of a stretch so that what waits fits into `memory`: a stretch for each decoder
+/// that is ahead of the reader's, and what is handed over.
+void AudioFileReaderStretches::divide(AudioFileReaderContainer &container, double memory)
 {
     const double seconds = container.duration().value_or(0.0);
     const double samples = seconds * std::max(1, m_parameters->sample_rate);
     const double packetBytes =
         samples > 0.0 ? static_cast<double>(container.input().size()) / samples : 1.0;
-    const auto count = static_cast<double>(workers);
+    const auto count = static_cast<double>(m_decoders);
     const double frameBytes =
-        4.0 * std::max(1, m_parameters->ch_layout.nb_channels) * std::max(1.0, count - 1.0) / 2.0;
+        4.0 * std::max(1, m_parameters->ch_layout.nb_channels) * std::max(1.0, count - 1.0);
     const double length = std::clamp(memory / (frameBytes + packetBytes * (count + 1.0)),
                                      shortestStretch, longestStretch);
     m_stretchSamples = static_cast<std::int64_t>(length);
     m_mostWaiting = static_cast<std::size_t>(length * frameBytes);
 }
 
-AvPointer<AVFrame> AudioFileReaderStretches::next()
+AvPointer<AVFrame> AudioFileReaderStretches::next(AvPointer<AVFrame> spent)
 {
+    if (spent)
+        m_spent.push_back(std::move(spent)); // with its buffers, for which two threads would wait
     while (m_nextReady == m_ready.size()) {
         m_ready.clear();
         m_nextReady = 0;
         fill();
         if (m_stretches.empty())
             return nullptr;
-        if (m_threads.empty())
-            m_workers.front()->decode(*m_stretches.front());
-        fetch();
+        advance();
     }
     return std::move(m_ready[m_nextReady++]);
 }
 
-/// Waits for frames of the first stretch, or for its end.
-void AudioFileReaderStretches::fetch()
+/// Takes what the first stretch has ready. Where that is not enough, decodes something, be it of a
+/// later stretch; where nothing is left to decode, waits.
+void AudioFileReaderStretches::advance()
 {
     std::unique_lock lock(m_mutex);
-    const auto stretch = m_stretches.front();
-    m_delivered.wait(lock, [&] { return stretch->finished || !stretch->frames.empty(); });
-    for (; m_ready.size() < batchFrames && !stretch->frames.empty(); stretch->frames.pop_front()) {
-        m_waitingBytes -= bytesOf(*stretch->frames.front());
-        m_ready.push_back(std::move(stretch->frames.front()));
+    std::move(m_spent.begin(), m_spent.end(), std::back_inserter(m_empty));
+    m_spent.clear();
+    const auto front = m_stretches.front();
+    const auto isReady = [&] { return front->finished || front->bytes >= readerBytes; };
+    if (m_reader && !m_own && !isReady() && (m_waitingBytes < m_mostWaiting || !front->taken))
+        m_own = takeStretch();
+    if (!isReady() && m_own && (m_own == front || m_waitingBytes < m_mostWaiting)) {
+        lock.unlock();
+        const auto own = m_own;
+        const bool more = m_reader->decode(*own);
+        lock.lock();
+        hand(*own, m_reader->batch());
+        if (!more) {
+            close(*own, *m_reader);
+            m_own.reset();
+        }
+        if (own != front)
+            return;
+    } else {
+        m_delivered.wait(lock, isReady);
     }
-    if (stretch->finished && stretch->frames.empty()) {
-        m_failures += stretch->failures;
-        m_outOfMemory = m_outOfMemory || stretch->outOfMemory;
+    fetch();
+    const bool isWaitedFor = m_waitingForRoom > 0;
+    lock.unlock();
+    if (isWaitedFor)
+        m_room.notify_all();
+}
+
+/// Makes frames of the first stretch ready for the reader. With the mutex held.
+void AudioFileReaderStretches::fetch()
+{
+    Stretch &front = *m_stretches.front();
+    for (std::size_t taken = 0; taken < readerBytes && !front.frames.empty();
+         front.frames.pop_front()) {
+        const std::size_t bytes = bytesOf(*front.frames.front());
+        taken += bytes;
+        front.bytes -= bytes;
+        m_waitingBytes -= bytes;
+        m_ready.push_back(std::move(front.frames.front()));
+    }
+    if (front.finished && front.frames.empty()) {
+        m_failures += front.failures;
+        m_outOfMemory = m_outOfMemory || front.outOfMemory;
         m_stretches.pop_front();
     }
-    lock.unlock();
-    m_room.notify_all();
 }
 
 /// Sees to it that every decoder has a stretch, and the first that is done finds another.
 void AudioFileReaderStretches::fill()
 {
-    while (!m_gathered && m_stretches.size() <= m_workers.size()) {
+    while (!m_gathered && m_stretches.size() <= m_decoders) {
         auto stretch = std::make_shared<Stretch>();
         if (!gather(*stretch))
             return;
@@ -282,9 +338,9 @@ bool AudioFileReaderStretches::gather(Stretch &stretch)
     stretch.dropped = stretch.packets.size();
 
     // The first ones are shorter, so that the decoders come to their ends one after the other.
-    const auto workers = static_cast<std::int64_t>(m_workers.size());
+    const auto decoders = static_cast<std::int64_t>(m_decoders);
     const std::int64_t wanted =
-        m_stretchSamples * std::min(++m_gatheredStretches, workers) / workers;
+        m_stretchSamples * std::min(++m_gatheredStretches, decoders) / decoders;
     std::int64_t samples = 0;
     while (samples < wanted) {
         auto packet = owned(av_packet_alloc());
@@ -292,6 +348,7 @@ bool AudioFileReaderStretches::gather(Stretch &stretch)
             m_gathered = stretch.last = true;
             break;
         }
+        m_store.take(*packet);
         if (m_canStartAnywhere && changesParameters(*packet))
             m_change = owned(av_packet_clone(packet.get()));
         const std::int64_t told =
@@ -307,67 +364,71 @@ bool AudioFileReaderStretches::gather(Stretch &stretch)
     return stretch.packets.size() > stretch.dropped || stretch.last;
 }
 
+/// The first stretch that nobody decodes, or none. With the mutex held.
+std::shared_ptr<AudioFileReaderStretches::Stretch> AudioFileReaderStretches::takeStretch()
+{
+    const auto found = std::find_if(m_stretches.begin(), m_stretches.end(),
+                                    [](const auto &each) { return !each->taken; });
+    if (found == m_stretches.end())
+        return nullptr;
+    (*found)->taken = true;
+    return *found;
+}
+
 /// On a thread of its own.
 void AudioFileReaderStretches::run(Worker &worker)
 {
+    std::unique_lock lock(m_mutex);
     for (;;) {
         std::shared_ptr<Stretch> stretch;
-        {
-            std::unique_lock lock(m_mutex);
-            const auto find = [&] {
-                return std::find_if(m_stretches.begin(), m_stretches.end(),
-                                    [](const auto &each) { return !each->taken; });
-            };
-            m_work.wait(lock, [&] { return m_closing || find() != m_stretches.end(); });
-            if (m_closing)
-                return;
-            stretch = *find();
-            stretch->taken = true;
+        m_work.wait(lock, [&] { return m_closing || (stretch = takeStretch()) != nullptr; });
+        for (bool more = true; more && !m_closing;) {
+            lock.unlock();
+            more = worker.decode(*stretch);
+            lock.lock();
+            // The stretch that the reader is at only waits for the reader, so that it never waits
+            // for the others.
+            ++m_waitingForRoom;
+            m_room.wait(lock, [&] {
+                return m_closing || m_waitingBytes < m_mostWaiting ||
+                       (m_stretches.front() == stretch && stretch->bytes < readerBytes);
+            });
+            --m_waitingForRoom;
+            hand(*stretch, worker.batch());
+            if (!more)
+                close(*stretch, worker);
+            if (stretch->finished || stretch->bytes >= readerBytes)
+                m_delivered.notify_one();
         }
-        worker.decode(*stretch);
-    }
-}
-
-/// Hands `frames` over as soon as there is room; false when nobody wants them any more. The
-/// stretch that the reader is at only waits for the reader, so that it never waits for the others.
-bool AudioFileReaderStretches::deliver(Stretch &stretch, Frames &frames)
-{
-    {
-        std::unique_lock lock(m_mutex);
-        m_room.wait(lock, [&] {
-            return m_closing || m_threads.empty() || m_waitingBytes < m_mostWaiting ||
-                   (m_stretches.front().get() == &stretch && stretch.frames.empty());
-        });
         if (m_closing)
-            return false;
-        for (auto &frame : frames) {
-            const std::size_t bytes = bytesOf(*frame);
-            stretch.frames.push_back(std::move(frame));
-            m_waitingBytes += bytes;
-        }
+            return;
     }
-    frames.clear();
-    m_delivered.notify_one();
-    return true;
 }
 
-void AudioFileReaderStretches::finish(Stretch &stretch, Frames &frames, int failures,
-                                      bool outOfMemory)
+/// Puts the frames of a batch into the stretch and gives it empty ones. With the mutex held.
+void AudioFileReaderStretches::hand(Stretch &stretch, Batch &batch) noexcept
 {
     try {
-        if (!frames.empty())
-            deliver(stretch, frames);
+        for (auto &frame : batch.full) {
+            const std::size_t bytes = bytesOf(*frame);
+            stretch.frames.push_back(std::move(frame));
+            stretch.bytes += bytes;
+            m_waitingBytes += bytes;
+        }
+        for (; !m_empty.empty() && batch.empty.size() < batchFrames; m_empty.pop_back())
+            batch.empty.push_back(std::move(m_empty.back()));
     } catch (const std::bad_alloc &) {
-        outOfMemory = true;
+        stretch.outOfMemory = true;
     }
-    frames.clear();
-    {
-        const std::lock_guard lock(m_mutex);
-        stretch.finished = true;
-        stretch.failures = failures;
-        stretch.outOfMemory = outOfMemory;
-    }
-    m_delivered.notify_one();
+    batch.full.clear();
+}
+
+/// With the mutex held.
+void AudioFileReaderStretches::close(Stretch &stretch, Worker &worker)
+{
+    stretch.finished = true;
+    stretch.failures = worker.takeFailures();
+    stretch.outOfMemory = worker.takeOutOfMemory() || stretch.outOfMemory;
 }
 
 } // namespace lyrabox
