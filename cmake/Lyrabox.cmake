@@ -63,9 +63,10 @@ endfunction()
 # lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [TIMEOUT seconds])
 # makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
 # on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). SERIAL: one at a time,
-# for tests that share a sound server or a display.
+# for tests that share a sound server or a display. OPTIMISED: for tests that compute much themselves; the others are
+# compiled as fast as it goes.
 function(lyrabox_add_test name)
-  cmake_parse_arguments(ARG "SERIAL" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "SERIAL;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   file(GLOB headers CONFIGURE_DEPENDS *.h)
   if(NOT sources)
@@ -82,6 +83,13 @@ function(lyrabox_add_test name)
   target_compile_definitions(test_${name} PRIVATE
     LYRABOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LYRABOX_BINARY_DIR="${PROJECT_BINARY_DIR}")
   add_dependencies(test_${name} lyrabox_decoding lyrabox_output)
+  if(LYRABOX_SANITIZER OR LYRABOX_COVERAGE OR CMAKE_BUILD_TYPE STREQUAL "Debug")
+    target_compile_definitions(test_${name} PRIVATE LYRABOX_IS_SLOW) # what is tested is several times slower
+  endif()
+  if(NOT ARG_OPTIMISED)
+    target_compile_options(test_${name} PRIVATE -O0)
+    target_precompile_headers(test_${name} REUSE_FROM lb_test_headers)
+  endif()
   set(properties TIMEOUT ${ARG_TIMEOUT})
   if(ARG_LABELS)
     list(APPEND properties LABELS ${ARG_LABELS})

@@ -118,11 +118,16 @@ TEST_F(OpeningProgram, ANameThatIsNoTextIsToldOfAndDoesNoHarm)
 TEST_F(OpeningProgram, TheWindowBelongsToTheMenuEntryAndCarriesTheIcon)
 {
     start();
-    QProcess xprop;
-    xprop.start(u"xprop"_s, {u"-display"_s, display.name(), u"-id"_s, mainWindow(), u"WM_CLASS"_s,
-                             u"_NET_WM_ICON"_s});
-    ASSERT_TRUE(xprop.waitForFinished());
-    const QString properties = QString::fromUtf8(xprop.readAllStandardOutput());
+    QString properties;
+    const auto reads = [&] {
+        QProcess xprop;
+        xprop.start(u"xprop"_s, {u"-display"_s, display.name(), u"-id"_s, mainWindow(),
+                                 u"WM_CLASS"_s, u"_NET_WM_ICON"_s});
+        if (xprop.waitForFinished())
+            properties = QString::fromUtf8(xprop.readAllStandardOutput());
+        return properties.contains(u"128 x 128"_s); // the icon comes after the first picture
+    };
+    EXPECT_TRUE(waitUntil(reads)) << qPrintable(properties.left(200));
     QFile entry(
         QStringLiteral(LYRABOX_SOURCE_DIR "/resources/desktop/org.lyrabox.Lyrabox.desktop"));
     ASSERT_TRUE(entry.open(QIODevice::ReadOnly));

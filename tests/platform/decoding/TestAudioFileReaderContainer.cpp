@@ -250,10 +250,10 @@ TEST(AudioFileReaderContainer, DoesNotBelieveALengthThatTheFileCannotHold)
 
 TEST(AudioFileReaderContainer, FindsTheSongBehindATagOfManyMegabytes)
 {
-#ifdef __OPTIMIZE__
-    const std::vector sizes = {2, 20, 60};
-#else
+#ifdef LYRABOX_IS_SLOW
     const std::vector sizes = {2}; // opening has half a second
+#else
+    const std::vector sizes = {2, 20, 60};
 #endif
     for (const int megabytes : sizes) {
         const int size = megabytes << 20;
