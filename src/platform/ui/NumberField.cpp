@@ -42,6 +42,11 @@ NumberField::NumberField(QWidget *parent) : QLineEdit(parent)
     connect(this, &QLineEdit::textEdited, this, [this] { m_edited = true; });
 }
 
+NumberField::~NumberField()
+{
+    disconnect(m_focusMoves); // the focus moves once more in the destructor of the widget below
+}
+
 float NumberField::floatValue() const
 {
     return numberIn(text()).value_or(0.0F);
@@ -126,9 +131,10 @@ void NumberField::showEvent(QShowEvent *event)
 {
     QLineEdit::showEvent(event);
     // In a window that does not have the keyboard the focus moves without focus events.
+    disconnect(m_focusMoves);
     if (const QWindow *handle = window()->windowHandle())
-        connect(handle, &QWindow::focusObjectChanged, this, &NumberField::finishEditLeftBehind,
-                Qt::UniqueConnection);
+        m_focusMoves = connect(handle, &QWindow::focusObjectChanged, this,
+                               &NumberField::finishEditLeftBehind);
 }
 
 void NumberField::finishEditLeftBehind()

@@ -15,6 +15,7 @@ class NumberField : public QLineEdit {
 
 public:
     explicit NumberField(QWidget *parent = nullptr);
+    ~NumberField() override;
 
     /// The number in the text; exactly 0 when there is none.
     float floatValue() const;
@@ -44,6 +45,7 @@ private:
     void finishEditLeftBehind();
     QString textForValue(float value) const;
 
+    QMetaObject::Connection m_focusMoves;
     QString m_suffix;
     float m_shownValue = 0.0F;
     int m_minimumDecimals = 0;
