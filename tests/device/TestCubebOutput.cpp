@@ -205,6 +205,7 @@ TEST_F(CubebOutputOnServer, AServerThatGoesAwayLeavesTheOutputRunningAndStoppabl
     recorder = server.record(QStringLiteral("a"));
     EXPECT_EQ(output.start(), status::noError);
     EXPECT_GE(recorder->waitForSound(0), 0);
+    output.stop(); // before what it pulls from goes
 }
 
 TEST_F(CubebOutputOnServer, DestroyingARunningOutputLeavesNoStreamBehind)

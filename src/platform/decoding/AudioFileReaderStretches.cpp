@@ -1,5 +1,7 @@
 #include "platform/decoding/AudioFileReaderStretches.h"
 
+#include "platform/decoding/AudioFileReaderStretchesWorker.h"
+
 #include <algorithm>
 #include <iterator>
 #include <new>
@@ -12,8 +14,7 @@ namespace {
 
 constexpr double shortestStretch = 1 << 16; ///< samples; below it the run-up weighs too much
 constexpr double longestStretch = 1 << 20;
-constexpr unsigned maximumThreads = 8;  ///< demuxing and converting keep pace with no more
-constexpr std::size_t batchFrames = 16; ///< handed over at once by a decoder
+constexpr unsigned maximumThreads = 8; ///< demuxing and converting keep pace with no more
 /// Ready before the reader looks at it; to be woken takes as long as to decode a packet.
 constexpr std::size_t readerBytes = std::size_t{512} << 10;
 
@@ -58,128 +59,6 @@ std::optional<int> runUpPackets(AVCodecID codec)
         return std::nullopt;
     }
 }
-
-struct AudioFileReaderStretches::Stretch {
-    std::vector<AvPointer<AVPacket>> packets; ///< on the way to a decoder
-    std::size_t dropped = 0;                  ///< of the packets, those whose output is left out
-    bool last = false;
-    std::size_t decoded = 0; ///< packets; its decoder's
-
-    // Guarded by the mutex.
-    bool taken = false;
-    bool finished = false;
-    std::deque<AvPointer<AVFrame>> frames; ///< on the way to the reader
-    std::size_t bytes = 0;                 ///< of these frames
-    int failures = 0;
-    bool outOfMemory = false;
-};
-
-/// One thread's decoder.
-class AudioFileReaderStretches::Worker {
-public:
-    /// Without a context it opens one when it is needed.
-    Worker(AudioFileReaderStretches &owner, AvPointer<AVCodecContext> context)
-        : m_owner(owner), m_context(std::move(context))
-    {
-        if (m_context)
-            m_owner.m_pool->serve(*m_context);
-    }
-
-    /// Decodes some frames of the stretch, from where it was left; false at its end.
-    bool decode(Stretch &stretch)
-    {
-        try {
-            if (stretch.decoded == 0 && !prepare())
-                return false;
-            return decodePackets(stretch);
-        } catch (const std::bad_alloc &) {
-            m_outOfMemory = true;
-            return false;
-        }
-    }
-
-    Batch &batch() { return m_batch; }
-
-    /// What went wrong since this was last asked.
-    int takeFailures() { return std::exchange(m_failures, 0); }
-    bool takeOutOfMemory() { return std::exchange(m_outOfMemory, false); }
-
-private:
-    bool prepare()
-    {
-        if (m_context) {
-            if (m_owner.m_canStartAnywhere)
-                avcodec_flush_buffers(m_context.get());
-            return true;
-        }
-        Status opened = status::noError;
-        m_context = openCodec(m_owner.m_codec, *m_owner.m_parameters, m_owner.m_timeBase, opened);
-        if (m_context)
-            m_owner.m_pool->serve(*m_context);
-        else
-            note(opened == status::notEnoughMemory ? AVERROR(ENOMEM) : AVERROR_INVALIDDATA);
-        return m_context != nullptr;
-    }
-
-    bool decodePackets(Stretch &stretch)
-    {
-        while (stretch.decoded < stretch.packets.size()) {
-            const bool keep = stretch.decoded >= stretch.dropped;
-            AvPointer<AVPacket> packet = std::move(stretch.packets[stretch.decoded++]);
-            const int sent = avcodec_send_packet(m_context.get(), packet.get());
-            const int taken = take(keep);
-            if (keep) {
-                note(sent);
-                note(taken);
-            }
-            if (m_batch.full.size() >= batchFrames)
-                return true;
-        }
-        if (stretch.last) {
-            avcodec_send_packet(m_context.get(), nullptr);
-            note(take(true));
-        }
-        return false;
-    }
-
-    /// Everything that the decoder has ready; returns why there is no more.
-    int take(bool keep)
-    {
-        for (;;) {
-            if (!m_frame)
-                m_frame = emptyFrame();
-            const int error = avcodec_receive_frame(m_context.get(), m_frame.get());
-            if (error < 0)
-                return error;
-            if (keep && m_frame->nb_samples > 0)
-                m_batch.full.push_back(std::move(m_frame));
-        }
-    }
-
-    AvPointer<AVFrame> emptyFrame()
-    {
-        if (m_batch.empty.empty())
-            return owned(av_frame_alloc());
-        auto frame = std::move(m_batch.empty.back());
-        m_batch.empty.pop_back();
-        return frame;
-    }
-
-    void note(int error)
-    {
-        if (error == 0 || error == AVERROR(EAGAIN) || error == AVERROR_EOF)
-            return;
-        ++m_failures;
-        m_outOfMemory = m_outOfMemory || error == AVERROR(ENOMEM);
-    }
-
-    AudioFileReaderStretches &m_owner;
-    AvPointer<AVCodecContext> m_context;
-    AvPointer<AVFrame> m_frame;
-    Batch m_batch;
-    int m_failures = 0;
-    bool m_outOfMemory = false;
-};
 
 AudioFileReaderStretches::AudioFileReaderStretches(AudioFileReaderContainer &container,
                                                    AvPointer<AVCodecContext> context,
@@ -415,7 +294,7 @@ void AudioFileReaderStretches::hand(Stretch &stretch, Batch &batch) noexcept
             stretch.bytes += bytes;
             m_waitingBytes += bytes;
         }
-        for (; !m_empty.empty() && batch.empty.size() < batchFrames; m_empty.pop_back())
+        for (; !m_empty.empty() && batch.empty.size() < Worker::batchFrames; m_empty.pop_back())
             batch.empty.push_back(std::move(m_empty.back()));
     } catch (const std::bad_alloc &) {
         stretch.outOfMemory = true;

@@ -98,7 +98,7 @@ private:
     std::deque<std::shared_ptr<Stretch>> m_stretches; ///< the first one is the reader's
     std::size_t m_waitingBytes = 0;
     int m_waitingForRoom = 0; ///< threads
-    Frames m_empty; ///< on the way back to the decoders
+    Frames m_empty;           ///< on the way back to the decoders
     bool m_closing = false;
     std::vector<std::unique_ptr<Worker>> m_workers;
     std::vector<std::jthread> m_threads; ///< joined before anything that they use goes
