@@ -22,7 +22,8 @@ def rows():
         core = first_core()
         figures = interleaved({
             "ours": lambda: work("load", "ours", file), "peer": lambda: peer(file),
-            "ours, one core": lambda: work("load", "ours", file, core), "peer, one core": lambda: peer(file, core)})
+            "ours, one core": lambda: work("load", "ours", file, core), "peer, one core": lambda: peer(file, core)},
+            runs=15)
         ours, alone = figures["ours"], figures["ours, one core"]
         all_cores.append(compared(f"load {name}", ours["seconds"], figures["peer"]["seconds"], 0.65, duration))
         one_core.append(compared(f"load {name}, one core", alone["seconds"], figures["peer, one core"]["seconds"], 1.0,
