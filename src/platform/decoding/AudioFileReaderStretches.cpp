@@ -212,8 +212,9 @@ bool AudioFileReaderStretches::gather(Stretch &stretch)
 {
     if (m_change)
         stretch.packets.push_back(owned(av_packet_clone(m_change.get())));
-    for (auto &packet : m_before)
-        stretch.packets.push_back(owned(av_packet_clone(packet.get())));
+    const std::size_t first = stretch.packets.size();
+    std::move(m_before.begin(), m_before.end(), std::back_inserter(stretch.packets));
+    m_before.clear();
     stretch.dropped = stretch.packets.size();
 
     // The first ones are shorter, so that the decoders come to their ends one after the other.
@@ -233,12 +234,13 @@ bool AudioFileReaderStretches::gather(Stretch &stretch)
         const std::int64_t told =
             av_rescale_q(packet->duration, m_timeBase, {1, m_parameters->sample_rate});
         samples += told > 0 ? told : 1024;
-        if (m_runUp > 0) {
-            m_before.push_back(owned(av_packet_clone(packet.get())));
-            if (m_before.size() > m_runUp)
-                m_before.pop_front();
-        }
         stretch.packets.push_back(std::move(packet));
+    }
+    if (m_canStartAnywhere && !stretch.last) {
+        const std::size_t most = std::min(m_runUp, stretch.packets.size() - first);
+        for (auto packet = stretch.packets.end() - static_cast<std::ptrdiff_t>(most);
+             packet != stretch.packets.end(); ++packet)
+            m_before.push_back(owned(av_packet_clone(packet->get())));
     }
     return stretch.packets.size() > stretch.dropped || stretch.last;
 }

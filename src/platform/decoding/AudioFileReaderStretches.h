@@ -83,7 +83,7 @@ private:
     bool m_gathered = false;       ///< the last packet was read
     bool m_outOfMemory = false;
     int m_failures = 0;
-    std::deque<AvPointer<AVPacket>> m_before; ///< the run-up of the next stretch
+    std::vector<AvPointer<AVPacket>> m_before; ///< the run-up of the next stretch
     AvPointer<AVPacket> m_change; ///< the last one that changed the decoder's parameters
     Frames m_ready;
     Frames m_spent;
