@@ -127,8 +127,9 @@ void AudioFileReaderStretches::divide(AudioFileReaderContainer &container, doubl
 
 AvPointer<AVFrame> AudioFileReaderStretches::next(AvPointer<AVFrame> spent)
 {
+    // A decoder's thread lets go of its buffers; done here, it would make both wait for the pool.
     if (spent)
-        m_spent.push_back(std::move(spent)); // with its buffers, for which two threads would wait
+        m_spent.push_back(std::move(spent));
     while (m_nextReady == m_ready.size()) {
         m_ready.clear();
         m_nextReady = 0;

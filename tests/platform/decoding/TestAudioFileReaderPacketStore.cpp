@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <set>
 #include <vector>
 
 using namespace lyrabox;
@@ -40,6 +41,19 @@ TEST(AudioFileReaderPacketStore, KeepsPacketsOfAllSizesWithZerosBehindThem)
     }
     for (int i = 0; i < 200; ++i)
         EXPECT_TRUE(holds(*packets[static_cast<std::size_t>(i)], i * 97 % 9001, i)) << i;
+}
+
+TEST(AudioFileReaderPacketStore, PutsManyPacketsIntoOneAllocation)
+{
+    AudioFileReaderPacketStore store;
+    std::vector<AvPointer<AVPacket>> packets;
+    std::set<const AVBuffer *> allocations;
+    for (int i = 0; i < 200; ++i) {
+        packets.push_back(packetOf(1000, i));
+        store.take(*packets.back());
+        allocations.insert(packets.back()->buf->buffer);
+    }
+    EXPECT_LE(allocations.size(), 5U);
 }
 
 TEST(AudioFileReaderPacketStore, FillsTheSameMemoryAgainWhenThePacketsAreGone)

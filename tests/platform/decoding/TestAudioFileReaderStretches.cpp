@@ -3,6 +3,7 @@
 #include "platform/decoding/AudioFileReaderDecoder.h"
 #include "support/SampleAudio.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -155,6 +156,23 @@ TEST(AudioFileReaderStretches, PlayTheRestAfterDamage)
         file.write(bytes);
         file.close();
         EXPECT_EQ(decoded(path, 4).size(), decoded(path, 1).size()) << qPrintable(extension);
+    }
+}
+
+TEST(AudioFileReaderStretches, TheReadersThreadIsOneOfTheDecoders)
+{
+    const auto threadsNow = [] {
+        return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    };
+    for (const auto &[extension, others] : {std::pair{u"mp3"_s, 2}, {u"m4a"_s, 1}}) {
+        AudioFileReaderContainer container;
+        ASSERT_EQ(container.open(sampleFile({.extension = extension, .seconds = 16.0})),
+                  status::noError);
+        const auto before = threadsNow();
+        AudioFileReaderDecoder decoder;
+        ASSERT_EQ(decoder.open(container, 3), status::noError);
+        EXPECT_NE(decoder.next(), nullptr);
+        EXPECT_EQ(threadsNow() - before, others) << qPrintable(extension);
     }
 }
 
