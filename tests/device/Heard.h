@@ -3,6 +3,7 @@
 #include "platform/audio/AudioUnit.h"
 #include "support/Heard.h"
 
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
@@ -22,16 +23,17 @@ public:
     void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
+        const std::uint64_t first = rendered;
         for (std::uint32_t i = 0; i < frames; ++i) {
-            const auto sample = static_cast<float>(
-                m_amplitude * std::sin(m_step * static_cast<double>(rendered + i)));
+            const auto sample =
+                static_cast<float>(m_amplitude * std::sin(m_step * static_cast<double>(first + i)));
             for (std::uint32_t channel = 0; channel < ioData.mNumberBuffers; ++channel)
                 static_cast<float *>(ioData.mBuffers[channel].mData)[i] = sample;
         }
-        rendered += frames;
+        rendered = first + frames;
     }
 
-    std::uint64_t rendered = 0; ///< callback thread; elsewhere only while stopped
+    std::atomic<std::uint64_t> rendered{0}; ///< frames; written by the callback thread
 
 private:
     double m_step;

@@ -3,11 +3,13 @@
 #include "device/Heard.h"
 #include "support/PrivateSoundServer.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <sched.h>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -38,6 +40,18 @@ private:
     OutputUnit &m_output;
 };
 
+/// Notes how the thread that pulls it is scheduled.
+class WatchedSource : public SineSource {
+public:
+    WatchedSource() : SineSource(440.0) {}
+    void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
+    {
+        policy = sched_getscheduler(0);
+        SineSource::render(frames, ioData);
+    }
+    std::atomic<int> policy{-1};
+};
+
 class CubebOutputOnServer : public testing::Test {
 protected:
     void open(RenderingUnit &source)
@@ -66,6 +80,29 @@ TEST_F(CubebOutputOnServer, ToneIsHeardAtItsFrequencyAndLevel)
     output.stop();
 }
 
+TEST_F(CubebOutputOnServer, OnlyTheCallbacksThreadHasRealtimePriorityWhereTheUserMayGiveIt)
+{
+    constexpr sched_param tried{.sched_priority = 1};
+    constexpr sched_param usual{};
+    if (sched_setscheduler(0, SCHED_RR, &tried) != 0)
+        GTEST_SKIP() << "no right to real-time priority";
+    sched_setscheduler(0, SCHED_OTHER, &usual);
+
+    WatchedSource source;
+    open(source);
+    int ofRealtime = 0;
+    for (const QString &thread :
+         QDir(QStringLiteral("/proc/self/task")).entryList(QDir::AllDirs | QDir::NoDotAndDotDot))
+        ofRealtime += sched_getscheduler(thread.toInt()) == SCHED_RR ? 1 : 0;
+    EXPECT_EQ(ofRealtime, 1);
+    EXPECT_EQ(sched_getscheduler(0), SCHED_OTHER);
+
+    output.start();
+    ASSERT_GE(recorder->waitForSound(0), 0);
+    EXPECT_EQ(source.policy, SCHED_RR);
+    output.stop();
+}
+
 TEST_F(CubebOutputOnServer, NothingIsHeardBeforeTheStart)
 {
     SineSource source(440.0);
@@ -75,6 +112,49 @@ TEST_F(CubebOutputOnServer, NothingIsHeardBeforeTheStart)
     EXPECT_EQ(source.rendered, 0U);
     EXPECT_FALSE(output.isRunning());
 }
+
+/// How long what it is asked for has to wait until it is heard, in frames, the recorder's delay
+/// included: what was pulled and not heard yet after half a second.
+class WaitedFor : public CubebOutputOnServer, public testing::WithParamInterface<const char *> {
+protected:
+    double frames()
+    {
+        const QByteArray old = qgetenv(CubebOutput::latencyVariable);
+        qputenv(CubebOutput::latencyVariable, GetParam());
+        SineSource source(440.0);
+        open(source);
+        if (old.isNull())
+            qunsetenv(CubebOutput::latencyVariable);
+        else
+            qputenv(CubebOutput::latencyVariable, old);
+        output.start();
+        const auto begin = recorder->waitForSound(0);
+        EXPECT_GE(begin, 0);
+        recorder->waitForSize(static_cast<std::size_t>(begin) + second / 2);
+        const double heard = static_cast<double>(recorder->size()) - static_cast<double>(begin);
+        const auto pulled = static_cast<double>(source.rendered.load());
+        output.stop();
+        return pulled - heard;
+    }
+};
+
+using TheDeviceHoldsWhatTheEnvironmentAsksFor = WaitedFor;
+TEST_P(TheDeviceHoldsWhatTheEnvironmentAsksFor, BeforeItIsHeard)
+{
+    const double held = frames();
+    EXPECT_GT(held, 0.35 * second);
+    EXPECT_LT(held, 0.9 * second);
+}
+INSTANTIATE_TEST_SUITE_P(Milliseconds, TheDeviceHoldsWhatTheEnvironmentAsksFor,
+                         testing::Values("450"));
+
+using TheDeviceHoldsItsUsualTime = WaitedFor;
+TEST_P(TheDeviceHoldsItsUsualTime, WhenTheEnvironmentAsksForLessOrForNonsense)
+{
+    EXPECT_LT(frames(), 0.25 * second);
+}
+INSTANTIATE_TEST_SUITE_P(Texts, TheDeviceHoldsItsUsualTime,
+                         testing::Values("", "10", "-450", "450 ms", "2001", "99999999999999"));
 
 TEST_F(CubebOutputOnServer, AfterAStopNoCallbackPullsTheSource)
 {
@@ -111,7 +191,8 @@ TEST_P(CubebOutputFades, StartAndStopPlayAllThatWasPulledWithoutAClick)
     const auto silence = recorder->waitForSilence(static_cast<std::size_t>(begin));
     ASSERT_GE(silence, 0);
     // Everything that was pulled was also played, in its last frames fading.
-    EXPECT_NEAR(static_cast<double>(silence - begin), static_cast<double>(source.rendered), 200.0);
+    EXPECT_NEAR(static_cast<double>(silence - begin), static_cast<double>(source.rendered.load()),
+                200.0);
 
     // No sample leaves the tone by more than its own steepest step.
     const std::vector<float> heard = recorder->samples();

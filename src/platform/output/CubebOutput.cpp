@@ -4,12 +4,69 @@
 
 #include <cubeb/cubeb.h>
 
+#include <pthread.h>
+#include <sched.h>
+
 #include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
 #include <thread>
 
 namespace lyrabox {
+namespace {
+
+/// What the environment asks for, in frames; the preferred latency when it asks for none, for less
+/// or for more than CubebOutput::longestLatencyMilliseconds.
+std::uint32_t wantedLatencyFrames()
+{
+    const char *text = std::getenv(CubebOutput::latencyVariable);
+    if (text == nullptr)
+        return CubebOutput::preferredLatencyFrames;
+    const char *end = text + std::strlen(text);
+    std::uint32_t milliseconds = 0;
+    const auto [rest, error] = std::from_chars(text, end, milliseconds);
+    if (error != std::errc() || rest != end ||
+        milliseconds > CubebOutput::longestLatencyMilliseconds)
+        return CubebOutput::preferredLatencyFrames;
+    const double frames = canonicalStreamFormat().mSampleRate * milliseconds / 1000.0;
+    return std::max(CubebOutput::preferredLatencyFrames, static_cast<std::uint32_t>(frames));
+}
+
+/// While it lives, a thread that the calling thread begins is one of real-time priority, as who
+/// begins it is for so long. Changes nothing for a user who is not allowed to (RLIMIT_RTPRIO).
+class BeginsRealtimeThreads {
+public:
+    BeginsRealtimeThreads()
+    {
+        constexpr sched_param modest{.sched_priority = 4}; // below a sound server's own
+        m_isRaised = pthread_getschedparam(pthread_self(), &m_policy, &m_before) == 0 &&
+                     pthread_setschedparam(pthread_self(), SCHED_RR, &modest) == 0;
+    }
+    ~BeginsRealtimeThreads()
+    {
+        if (m_isRaised)
+            pthread_setschedparam(pthread_self(), m_policy, &m_before);
+    }
+    BeginsRealtimeThreads(const BeginsRealtimeThreads &) = delete;
+    BeginsRealtimeThreads &operator=(const BeginsRealtimeThreads &) = delete;
+
+private:
+    int m_policy = SCHED_OTHER;
+    sched_param m_before{};
+    bool m_isRaised = false;
+};
+
+cubeb *makeContext()
+{
+    const BeginsRealtimeThreads callback; // cubeb begins its thread here
+    cubeb *context = nullptr;
+    return cubeb_init(&context, "Lyrabox", nullptr) == CUBEB_OK ? context : nullptr;
+}
+
+} // namespace
 
 CubebOutput::~CubebOutput()
 {
@@ -21,10 +78,9 @@ Status CubebOutput::initialize()
 {
     stop();
     close();
-    if (cubeb_init(&m_context, "Lyrabox", nullptr) != CUBEB_OK) {
-        m_context = nullptr;
+    m_context = makeContext();
+    if (m_context == nullptr)
         return status::noAudioDevice;
-    }
 
     constexpr AudioStreamBasicDescription format = canonicalStreamFormat();
     cubeb_stream_params params{};
@@ -37,7 +93,7 @@ Status CubebOutput::initialize()
     std::uint32_t minimum = 0;
     if (cubeb_get_min_latency(m_context, &params, &minimum) != CUBEB_OK)
         minimum = 0;
-    m_latencyFrames = std::max(minimum, preferredLatencyFrames);
+    m_latencyFrames = std::max(minimum, wantedLatencyFrames());
 
     const auto stateChanged = [](cubeb_stream *, void *user, cubeb_state state) {
         if (state == CUBEB_STATE_ERROR)

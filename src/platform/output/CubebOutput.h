@@ -26,6 +26,12 @@ public:
     /// run too far ahead of what is heard: at double speed a frame held here is two frames of song.
     static constexpr std::uint32_t preferredLatencyFrames = 1536;
 
+    /// The environment variable that asks for more, in whole milliseconds: for a machine that is
+    /// kept from its work for longer than that, and for the sound of a program under a sanitizer.
+    /// Read when the device is opened.
+    static constexpr const char *latencyVariable = "LYRABOX_OUTPUT_LATENCY";
+    static constexpr std::uint32_t longestLatencyMilliseconds = 2000;
+
     CubebOutput() = default;
     ~CubebOutput() override;
 
