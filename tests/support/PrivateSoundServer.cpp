@@ -91,8 +91,8 @@ bool PrivateSoundServer::restart()
     const QString socket = m_folder.filePath(u"native"_s);
     m_server.start(u"pulseaudio"_s,
                    {u"-n"_s, u"--daemonize=no"_s, u"--exit-idle-time=-1"_s, u"--use-pid-file=no"_s,
-                    u"--high-priority=no"_s, u"--realtime=no"_s, u"-L"_s, sink.arg(u"a"_s), u"-L"_s,
-                    sink.arg(u"b"_s), u"-L"_s,
+                    u"--high-priority=yes"_s, u"--realtime=yes"_s, u"-L"_s, sink.arg(u"a"_s),
+                    u"-L"_s, sink.arg(u"b"_s), u"-L"_s,
                     u"module-native-protocol-unix socket=%1 auth-anonymous=1"_s.arg(socket)});
     if (!m_server.waitForStarted(patienceMilliseconds)) {
         ADD_FAILURE() << "pulseaudio does not start: " << m_server.errorString().toStdString();
