@@ -31,6 +31,8 @@ import time
 PERIOD = 0.1
 PATIENCE = 30.0  # seconds without an answer; a sanitizer's build takes its time to decode
 DEVICE_SETTLE = 3.0  # seconds after a change of the devices in which a stream may starve
+# An underrun is the machine's where a processor was kept from its work for so long in the time around it, seconds.
+STANDSTILL, BEFORE, AFTER = 0.008, 0.15, 0.05
 SETTLE = 3.0  # seconds in which what glides or is coalesced has to arrive
 CHECK_FILES_EVERY = 50
 RESTART_EVERY = 9000  # a quarter of an hour
@@ -72,16 +74,17 @@ class Soundserver:
     """A private PulseAudio server whose log tells of the underruns that it met."""
 
     def __init__(self, folder, env):
-        self.folder, self.env, self.process, self.log_read = folder, env, None, 0
+        self.folder, self.env, self.process, self.log_read, self.begun = folder, env, None, 0, 0.0
         self.log = open(f"{folder}/pulse.log", "ab+")
         self.start()
 
     def start(self):
         sink = "module-null-sink sink_name={} rate={} channels=2 format=float32le"
+        self.begun = time.monotonic()
         self.process = subprocess.Popen(
-            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--high-priority=no",
-             "--realtime=no", "--log-level=debug", "--log-target=stderr", "-L", sink.format("a", 44100), "-L",
-             sink.format("b", 48000), "-L",
+            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--high-priority=yes",
+             "--realtime=yes", "--log-level=debug", "--log-target=stderr", "--log-time=yes", "-L",
+             sink.format("a", 44100), "-L", sink.format("b", 48000), "-L",
              f"module-native-protocol-unix socket={self.folder}/native auth-anonymous=1"],
             env=self.env, stdout=subprocess.DEVNULL, stderr=self.log)
 
@@ -97,11 +100,46 @@ class Soundserver:
                               check=False).stdout.strip()
 
     def new_underruns(self):
-        """How many the log tells of since it was asked last."""
+        """When those were that the log tells of since it was asked last, by the monotonic clock."""
         self.log.seek(self.log_read)
         text = self.log.read()
         self.log_read += len(text)
-        return len(re.findall(rb"(?:Underrun on|Implicit underrun of) '", text))
+        times = re.findall(rb"^\(\s*([\d.]+)\|.*(?:Underrun on|Implicit underrun of) '", text, re.MULTILINE)
+        return [self.begun + float(seconds) for seconds in times]
+
+
+class Machine:
+    """Knows when the machine itself stood still (see stalls.py); nothing, where it is not allowed to know."""
+
+    def __init__(self, folder):
+        self.path, self.read, self.stalls = f"{folder}/stalls", 0, []
+        self.watch = subprocess.Popen([sys.executable, str(pathlib.Path(__file__).with_name("stalls.py")), self.path])
+        time.sleep(0.5)
+        if self.watch.poll() is not None:
+            print("soak: no real-time priority here: underruns while the machine stands still count as any other")
+
+    def look(self):
+        if not os.path.exists(self.path):
+            return
+        with open(self.path, encoding="ascii") as file:
+            file.seek(self.read)
+            text = file.read()
+        text = text[:text.rfind("\n") + 1]
+        self.read += len(text)
+        for line in text.splitlines():
+            processor, due, late = line.split()
+            self.stalls.append((processor, float(due), float(late)))
+
+    def stood_still(self, at):
+        kept = collections.Counter()
+        for processor, due, late in self.stalls:
+            if due <= at + AFTER and due + late >= at - BEFORE:
+                kept[processor] += late
+        return any(late >= STANDSTILL for late in kept.values())
+
+    def end(self):
+        self.watch.kill()
+        self.watch.wait()
 
 
 class Music:
@@ -188,7 +226,7 @@ class Soak:
         self.recent = collections.deque(maxlen=50)
         self.samples, self.starts, self.modal_since, self.server_returns, self.modules = [], 0, None, None, []
         self.slowest = 0.0
-        self.underruns, self.device_underruns, self.device_changed = 0, 0, 0.0
+        self.underruns, self.device_underruns, self.stalled_underruns, self.device_changed = 0, 0, 0, 0.0
         self.seen = collections.Counter()  # in how many looks: a soak that never plays a song proves nothing
         self.errors = open(f"{root}/stderr", "ab+")
         self.errors_read = 0
@@ -207,6 +245,7 @@ class Soak:
         for name in ("WAYLAND_DISPLAY", "SESSION_MANAGER"):
             self.env.pop(name, None)
         self.sound = Soundserver(root, self.env)
+        self.machine = Machine(root)
         self.start_display()
         self.music = Music(root)
         os.makedirs(f"{root}/data/Lyrabox")
@@ -490,12 +529,22 @@ class Soak:
     # The looks.
 
     def count_underruns(self):
-        """Those of a stream that is moved or whose server has just begun are not the program's."""
-        new = self.sound.new_underruns()
-        if time.monotonic() - self.device_changed < DEVICE_SETTLE:
-            self.device_underruns += new
-        else:
-            self.underruns += new
+        """Those of a stream that is moved, and of a server that has just begun, are not the program's; nor a standstill's."""
+        times = self.sound.new_underruns()
+        self.machine.look()
+        for at in times:
+            if at - self.device_changed < DEVICE_SETTLE:
+                self.device_underruns += 1
+            elif self.machine.stood_still(at):
+                self.stalled_underruns += 1
+            else:
+                self.underruns += 1
+                print(f"soak: an underrun at {self.recent[-1]}", flush=True)
+
+    def told_underruns(self):
+        stalls = self.machine.stalls
+        return (f"{self.underruns} underruns, {self.device_underruns} at device changes and {self.stalled_underruns} as "
+                f"the machine stood still ({len(stalls)} times, {sum(late for _, _, late in stalls):.1f} s)")
 
     def check(self):
         begin = time.monotonic()
@@ -607,8 +656,7 @@ class Soak:
             if number % 600 == 0:
                 heap, resident = (self.samples[-1][1:3] if self.samples else (0, 0))
                 print(f"soak: {number - self.first} actions, {(time.monotonic() - begin) / 60:.1f} min, heap "
-                      f"{heap:.1f} MB, resident {resident:.0f} MB, {self.underruns} underruns and "
-                      f"{self.device_underruns} at device changes", flush=True)
+                      f"{heap:.1f} MB, resident {resident:.0f} MB, {self.told_underruns()}", flush=True)
         self.check_memory()
         self.xdotool("mouseup", 1)
         self.child.send_signal(signal.SIGTERM)
@@ -623,6 +671,7 @@ class Soak:
             self.child.kill()
             self.child.wait()
         self.sound.kill()
+        self.machine.end()
         for child in reversed(self.children):
             child.kill()
             child.wait()
@@ -643,7 +692,7 @@ def main():
         try:
             done = soak.run(minutes * 60.0)
             print(f"soak: {done} actions without a fault, {soak.starts} starts, slowest answer {soak.slowest:.2f} s, "
-                  f"{soak.underruns} underruns and {soak.device_underruns} at device changes")
+                  f"{soak.told_underruns()}")
             print("soak: seen at", ", ".join(f"{name} {count}" for name, count in soak.seen.most_common()))
         except Failure as failure:
             status = 1
