@@ -175,7 +175,12 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
     }
     RecordProperty("gapMilliseconds",
                    static_cast<int>(1000.0 * static_cast<double>(longest) / rate));
-    EXPECT_LT(static_cast<double>(longest), 0.5 * rate);
+#ifdef LYRABOX_IS_SLOW
+    constexpr double longestSeconds = 1.0; // a chain built slowly, a device that holds more
+#else
+    constexpr double longestSeconds = 0.5;
+#endif
+    EXPECT_LT(static_cast<double>(longest), longestSeconds * rate);
 
     // The same song, from the same place, in the same way.
     const std::vector<float> moved(second.end() - static_cast<std::ptrdiff_t>(frames(0.5)),
