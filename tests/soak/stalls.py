@@ -3,8 +3,8 @@
 
 stalls.py FILE
 
-On every processor a process of real-time priority asks to be woken every 4 ms, and appends "PROCESSOR DUE LATE" (seconds
-of the monotonic clock) to FILE when it is woken more than 2 ms late. No other program can keep it from the processor:
+On every processor a process of real-time priority asks to be woken every 2 ms, and appends "PROCESSOR DUE LATE" (seconds
+of the monotonic clock) to FILE when it is woken more than 1 ms late. No other program can keep it from the processor:
 a virtual machine's host can, or the hardware. Ends at once with status 3 where real-time priority is not allowed.
 """
 import ctypes
@@ -13,8 +13,8 @@ import signal
 import sys
 import time
 
-PERIOD = 0.004
-LATE = 0.002
+PERIOD = 0.002
+LATE = 0.001
 PRIORITY = 80
 PR_SET_PDEATHSIG = 1
 
