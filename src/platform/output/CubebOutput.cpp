@@ -35,12 +35,23 @@ std::uint32_t wantedLatencyFrames()
     return std::max(CubebOutput::preferredLatencyFrames, static_cast<std::uint32_t>(frames));
 }
 
+/// Threads inherit the priority, and processes must not: PulseAudio's library may start a server.
+void startProcessesAsUsual()
+{
+    [[maybe_unused]] static const int registered = pthread_atfork(nullptr, nullptr, [] {
+        constexpr sched_param usual{};
+        if (sched_getscheduler(0) == SCHED_RR)
+            sched_setscheduler(0, SCHED_OTHER, &usual);
+    });
+}
+
 /// While it lives, a thread that the calling thread begins is one of real-time priority, as who
 /// begins it is for so long. Changes nothing for a user who is not allowed to (RLIMIT_RTPRIO).
 class BeginsRealtimeThreads {
 public:
     BeginsRealtimeThreads()
     {
+        startProcessesAsUsual();
         constexpr sched_param modest{.sched_priority = 4}; // below a sound server's own
         m_isRaised = pthread_getschedparam(pthread_self(), &m_policy, &m_before) == 0 &&
                      pthread_setschedparam(pthread_self(), SCHED_RR, &modest) == 0;

@@ -162,6 +162,19 @@ TEST(AudioFileReaderStretches, PlayTheRestAfterDamage)
     }
 }
 
+/// A song of which the first frames are decoded.
+struct BegunSong {
+    BegunSong(const QString &extension, int decoders)
+    {
+        EXPECT_EQ(container.open(sampleFile({.extension = extension, .seconds = 16.0})),
+                  status::noError);
+        EXPECT_EQ(decoder.open(container, decoders), status::noError);
+        EXPECT_NE(decoder.next(), nullptr);
+    }
+    AudioFileReaderContainer container;
+    AudioFileReaderDecoder decoder;
+};
+
 TEST(AudioFileReaderStretches, TheReadersThreadIsOneOfTheDecoders)
 {
     const auto threadsNow = [] {
@@ -175,12 +188,7 @@ TEST(AudioFileReaderStretches, TheReadersThreadIsOneOfTheDecoders)
     end.set_value();
     another.join();
     for (const auto &[extension, others] : {std::pair{u"mp3"_s, 2}, {u"m4a"_s, 1}}) {
-        AudioFileReaderContainer container;
-        ASSERT_EQ(container.open(sampleFile({.extension = extension, .seconds = 16.0})),
-                  status::noError);
-        AudioFileReaderDecoder decoder;
-        ASSERT_EQ(decoder.open(container, 3), status::noError);
-        EXPECT_NE(decoder.next(), nullptr);
+        const BegunSong song(extension, 3);
         EXPECT_TRUE(QTest::qWaitFor([&] { return threadsNow() == before + others; }))
             << qPrintable(extension) << ' ' << threadsNow() - before;
     }
@@ -189,11 +197,6 @@ TEST(AudioFileReaderStretches, TheReadersThreadIsOneOfTheDecoders)
 TEST(AudioFileReaderStretches, CanBeLeftInTheMiddle)
 {
     for (const auto &extension : {u"mp3"_s, u"m4a"_s}) {
-        AudioFileReaderContainer container;
-        ASSERT_EQ(container.open(sampleFile({.extension = extension, .seconds = 16.0})),
-                  status::noError);
-        AudioFileReaderDecoder decoder;
-        ASSERT_EQ(decoder.open(container, 4), status::noError);
-        EXPECT_NE(decoder.next(), nullptr);
+        const BegunSong song(extension, 4);
     }
 }
