@@ -29,6 +29,16 @@ if(LYRABOX_COVERAGE)
   target_link_options(lyrabox_options INTERFACE --coverage)
 endif()
 
+# What most sources begin with, compiled once for the sanitizers' builds. Elsewhere every source stands on what it
+# includes, so that a missing include shows.
+if(LYRABOX_SANITIZER)
+  add_library(lb_source_headers STATIC ${CMAKE_CURRENT_LIST_DIR}/SourceHeaders.cpp)
+  target_link_libraries(lb_source_headers PRIVATE Qt6::Core lyrabox_options)
+  target_precompile_headers(lb_source_headers PRIVATE
+    <algorithm> <array> <chrono> <cmath> <functional> <memory> <optional> <string> <thread> <vector>
+    <QDir> <QFile> <QFileInfo> <QStringList> <QTimer> <QUrl>)
+endif()
+
 # lyrabox_add_library(engine DEPENDS platform_audio settings LIBRARIES Qt6::Core PRIVATE_LIBRARIES ...)
 # makes lb_engine of every source in the calling folder. DEPENDS are folders of this tree, named as their targets:
 # a folder that may not be included is not named, so that what it would need does not link.
@@ -47,6 +57,9 @@ function(lyrabox_add_library name)
   target_link_libraries(lb_${name} PUBLIC ${ARG_DEPENDS} ${ARG_LIBRARIES}
     PRIVATE lyrabox_options ${ARG_PRIVATE_LIBRARIES})
   target_include_directories(lb_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  if(LYRABOX_SANITIZER)
+    target_precompile_headers(lb_${name} REUSE_FROM lb_source_headers)
+  endif()
 endfunction()
 
 # lyrabox_add_module(decoding DecodingEntry.cpp lb_platform_decoding) makes lib/lyrabox/lyrabox-decoding.so, which the
@@ -62,9 +75,10 @@ endfunction()
 
 # lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [TIMEOUT seconds])
 # makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
-# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). SERIAL: one at a time,
-# for tests that share a sound server or a display. OPTIMISED: for tests that compute much themselves; the others are
-# compiled as fast as it goes.
+# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). SERIAL: alone,
+# for tests whose sound and windows are to come in time. They mostly wait, and a sanitizer's run is long: there they come
+# first and one at a time, beside others that step back for them. OPTIMISED: for tests that compute much themselves; the
+# others are compiled as fast as it goes.
 function(lyrabox_add_test name)
   cmake_parse_arguments(ARG "SERIAL;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
@@ -94,8 +108,12 @@ function(lyrabox_add_test name)
   if(ARG_LABELS)
     list(APPEND properties LABELS ${ARG_LABELS})
   endif()
-  if(ARG_SERIAL)
+  if(ARG_SERIAL AND LYRABOX_SANITIZER)
+    list(APPEND properties RESOURCE_LOCK sound_and_display COST 1000)
+  elseif(ARG_SERIAL)
     list(APPEND properties RUN_SERIAL TRUE)
+  elseif(LYRABOX_SANITIZER)
+    set_target_properties(test_${name} PROPERTIES CROSSCOMPILING_EMULATOR "nice")
   endif()
   gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES ${properties})

@@ -1,0 +1,1 @@
+// Nothing but the precompiled headers that come with it; see Lyrabox.cmake.
