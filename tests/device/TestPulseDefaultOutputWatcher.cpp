@@ -200,4 +200,15 @@ TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhetherItListensOrNotAndWithout
     }
 }
 
+TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhateverTheServerIsSayingMeanwhile)
+{
+    // A wish to end that meets the watch between two answers must not be lost: it would hang.
+    const PrivateSoundServer server;
+    for (int i = 0; i < 300; ++i) {
+        PulseDefaultOutputWatcher watcher;
+        ASSERT_EQ(watcher.listen([] {}), status::noError);
+        std::this_thread::sleep_for(std::chrono::microseconds((i * 37) % 10'000));
+    }
+}
+
 } // namespace

@@ -6,6 +6,8 @@
 #include <pulse/subscribe.h>
 
 #include <pthread.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -154,13 +156,24 @@ struct PulseDefaultOutputWatcher::Watch {
     std::mutex mutex;
     std::condition_variable quitRequested;
     std::shared_ptr<const std::function<void()>> listener;
-    pa_mainloop *loop = nullptr; ///< while a connection is tried or held
     std::atomic<bool> quit{false};
+    /// Readable once the watch is to end: ends a wait for the server. (pa_mainloop_wakeup is lost
+    /// on a loop that is about to wait.)
+    const int quitEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
 
     // Of the watching thread alone.
     std::optional<Device> known;
     bool firstLook = true; ///< what is there at first is not a change
     bool changed = false;
+
+    Watch() = default;
+    ~Watch()
+    {
+        if (quitEvent >= 0)
+            close(quitEvent);
+    }
+    Watch(const Watch &) = delete;
+    Watch &operator=(const Watch &) = delete;
 
     void run();
     bool watchOneConnection();
@@ -192,10 +205,12 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     pa_mainloop *const connectionLoop = pa_mainloop_new();
     if (connectionLoop == nullptr)
         return false;
-    {
-        const std::lock_guard lock(mutex);
-        loop = connectionLoop;
-    }
+    pa_mainloop_api *const api = pa_mainloop_get_api(connectionLoop);
+    const auto quitRead = [](pa_mainloop_api *, pa_io_event *, int, pa_io_event_flags_t, void *) {
+        // What matters is that the wait has ended.
+    };
+    pa_io_event *const quitWatch =
+        api->io_new(api, quitEvent, PA_IO_EVENT_INPUT, quitRead, nullptr);
     bool anyFound = false;
     {
         const Connection connection(connectionLoop, [&](const std::optional<Device> &device) {
@@ -218,8 +233,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
                 (*called)();
         }
     }
-    const std::lock_guard lock(mutex);
-    loop = nullptr;
+    api->io_free(quitWatch);
     pa_mainloop_free(connectionLoop);
     return anyFound;
 }
@@ -237,8 +251,7 @@ void PulseDefaultOutputWatcher::Watch::requestQuit()
     const std::lock_guard lock(mutex);
     quit = true;
     quitRequested.notify_all();
-    if (loop != nullptr)
-        pa_mainloop_wakeup(loop);
+    eventfd_write(quitEvent, 1);
 }
 
 PulseDefaultOutputWatcher::~PulseDefaultOutputWatcher()
@@ -261,6 +274,8 @@ Status PulseDefaultOutputWatcher::listen(std::function<void()> listener)
         return status::noError;
     }
     auto watch = std::make_shared<Watch>();
+    if (watch->quitEvent < 0)
+        return status::noAudioDevice;
     watch->listener = std::move(shared);
     // Signals to the process are for the main thread.
     sigset_t all;
