@@ -73,14 +73,14 @@ function(lyrabox_add_module name entry library)
   install(TARGETS lyrabox_${name} LIBRARY DESTINATION lib/lyrabox)
 endfunction()
 
-# lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [TIMEOUT seconds])
+# lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [WAITS] [OPTIMISED] [TIMEOUT seconds])
 # makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
-# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). SERIAL: alone,
-# for tests whose sound and windows are to come in time. They mostly wait, and a sanitizer's run is long: there they come
-# first and one at a time, beside others that step back for them. OPTIMISED: for tests that compute much themselves; the
-# others are compiled as fast as it goes.
+# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). OPTIMISED: for tests that
+# compute much themselves; the others are compiled as fast as it goes. WAITS: for tests that mostly wait for sound and
+# windows. They come first and one at a time, beside others that step back for them (nice). SERIAL: alone, for tests that
+# judge what comes from a device by the millisecond; the sanitizers do not, and those tests wait, too.
 function(lyrabox_add_test name)
-  cmake_parse_arguments(ARG "SERIAL;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "SERIAL;WAITS;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   file(GLOB headers CONFIGURE_DEPENDS *.h)
   if(NOT sources)
@@ -108,12 +108,12 @@ function(lyrabox_add_test name)
   if(ARG_LABELS)
     list(APPEND properties LABELS ${ARG_LABELS})
   endif()
-  if(ARG_SERIAL AND LYRABOX_SANITIZER)
-    list(APPEND properties RESOURCE_LOCK sound_and_display COST 1000)
-  elseif(ARG_SERIAL)
+  if(ARG_SERIAL AND NOT LYRABOX_SANITIZER)
     list(APPEND properties RUN_SERIAL TRUE)
-  elseif(LYRABOX_SANITIZER)
-    set_target_properties(test_${name} PROPERTIES CROSSCOMPILING_EMULATOR "nice")
+  elseif(ARG_WAITS OR ARG_SERIAL)
+    list(APPEND properties RESOURCE_LOCK sound_and_windows COST 1000)
+  else()
+    set_target_properties(test_${name} PROPERTIES CROSSCOMPILING_EMULATOR nice)
   endif()
   gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES ${properties})
