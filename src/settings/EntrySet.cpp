@@ -1,13 +1,13 @@
 #include "settings/EntrySet.h"
 
+#include <iterator>
 #include <utility>
 
 namespace lyrabox {
 
 EntrySet::EntrySet(QString identifierKey) : m_identifierKey(std::move(identifierKey)) {}
 
-void EntrySet::load(const PropertyList &array,
-                    const std::function<bool(const PropertyList &)> &isRedundant)
+void EntrySet::load(const PropertyList &array)
 {
     m_entries.clear();
     m_others.clear();
@@ -19,20 +19,21 @@ void EntrySet::load(const PropertyList &array,
         const QString *const identifier = element.value(m_identifierKey).string();
         if (!identifier)
             m_others.push_back(element);
-        else if (!isRedundant(element))
-            m_entries.insert_or_assign(*identifier, element);
+        else
+            m_entries.emplace(*identifier, element);
     }
 }
 
 const PropertyList *EntrySet::find(const QString &identifier) const
 {
-    const auto found = m_entries.find(identifier);
-    return found == m_entries.end() ? nullptr : &found->second;
+    const auto [first, last] = m_entries.equal_range(identifier);
+    return first == last ? nullptr : &std::prev(last)->second;
 }
 
 void EntrySet::replace(const QString &identifier, PropertyList entry)
 {
-    m_entries.insert_or_assign(identifier, std::move(entry));
+    m_entries.erase(identifier);
+    m_entries.emplace(identifier, std::move(entry));
 }
 
 void EntrySet::remove(const QString &identifier)

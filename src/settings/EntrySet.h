@@ -4,29 +4,27 @@
 
 #include <QString>
 
-#include <functional>
 #include <map>
 
 namespace lyrabox {
 
-/// A set of dictionaries of which each has an identifier of its own under one key, as
-/// "UserSettings.plist" holds them. What a file held beyond the keys known here stays in the entry
-/// until it is replaced.
+/// A set of dictionaries, each with an identifier under one key, as "UserSettings.plist" holds
+/// them. What is added here takes the place of every entry of its identifier; what a file holds is
+/// taken as it is, and stays so until it is replaced.
 class EntrySet {
 public:
     /// `identifierKey` names the member by which entries are told apart.
     explicit EntrySet(QString identifierKey);
 
-    /// Replaces the set by the dictionaries of `array`, the later of two with one identifier, save
-    /// those for which `isRedundant` holds. A dictionary without a text under the identifier key
-    /// answers no lookup and is kept to be written again; whatever is no dictionary is left out.
-    void load(const PropertyList &array,
-              const std::function<bool(const PropertyList &)> &isRedundant);
+    /// Replaces the set by the dictionaries of `array`. One without a text under the identifier key
+    /// answers no lookup; whatever is no dictionary is left out.
+    void load(const PropertyList &array);
 
-    /// The entry of that identifier, or none. Valid until the set changes.
+    /// The entry of that identifier, the last where a file holds several; none without one. Valid
+    /// until the set changes.
     const PropertyList *find(const QString &identifier) const;
 
-    /// Adds `entry` in the place of the one that had its identifier.
+    /// Adds `entry` in the place of those that had its identifier.
     void replace(const QString &identifier, PropertyList entry);
     void remove(const QString &identifier);
 
@@ -34,7 +32,7 @@ public:
 
 private:
     QString m_identifierKey;
-    std::map<QString, PropertyList> m_entries;
+    std::multimap<QString, PropertyList> m_entries;
     PropertyList::Array m_others;
 };
 

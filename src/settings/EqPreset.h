@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/PropertyList.h"
+
 #include <QString>
 
 #include <memory>
@@ -18,6 +20,7 @@ struct EqPreset {
     std::shared_ptr<std::vector<float>>
         levels;                        ///< dB, lowest band first; never null, `bands` entries
     std::optional<QString> persistent; ///< present on presets that ship with the application
+    PropertyList::Dictionary others;   ///< what the file holds under keys not known here
 };
 
 using EqPresetRef = std::shared_ptr<EqPreset>;

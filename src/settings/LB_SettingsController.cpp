@@ -6,14 +6,13 @@
 #include "platform/foundation/PropertyList.h"
 #include "settings/EntrySet.h"
 #include "settings/SettingsFile.h"
+#include "settings/SettingsFolder.h"
 #include "settings/SettingsRecords.h"
 
 #include <QDir>
 #include <QLoggingCategory>
 
 #include <cmath>
-#include <filesystem>
-#include <system_error>
 
 /// Outside every namespace, as the macro requires.
 static void initShippedFiles()
@@ -56,6 +55,7 @@ struct LB_SettingsController::Private {
     SortDescriptor defaultSort{u"order"_s, true};
     EntrySet settingSet{u"inode"_s};
     EntrySet sortSet{u"id"_s};
+    PropertyList::Dictionary otherSettings; ///< at the root, under keys not known here
     std::shared_ptr<EqPresetList> eqPresetArray = std::make_shared<EqPresetList>();
     QStringList folderDataArray;
 
@@ -75,19 +75,15 @@ std::optional<QUrl> LB_SettingsController::applicationSupportDirectory()
 {
     if (d->appSupportURL)
         return d->appSupportURL;
-    const QStringList candidates = files::applicationSupportDirectories();
-    if (candidates.isEmpty()) {
+    const SettingsFolder folder = makeSettingsFolder();
+    if (!folder.url) {
         qWarning("Unable to access Application Support Directory");
         return std::nullopt;
     }
-    const QString folder = QDir(candidates.first()).filePath(u"Lyrabox"_s);
-    d->appSupportURL =
-        QUrl::fromLocalFile(folder); // known from now on, whether it can be made or not
-    std::error_code error;
-    std::filesystem::create_directories(
-        std::filesystem::path(QFile::encodeName(folder).toStdString()), error);
-    if (error) {
-        qWarning("Unable to access Application Support Directory (%s)", error.message().c_str());
+    d->appSupportURL = folder.url; // known from now on, whether it can be made or not
+    if (folder.error) {
+        qWarning("Unable to access Application Support Directory (%s)",
+                 folder.error.message().c_str());
         return std::nullopt;
     }
     return d->appSupportURL;
@@ -100,11 +96,9 @@ void LB_SettingsController::setup()
 
     const PropertyList user =
         d->userSettings.read(applicationSupportDirectory(), isDictionary).value_or(PropertyList());
-    d->sortSet.load(user.value(sortsKey), [this](const PropertyList &entry) {
-        return sortDescriptor(entry, {}) == d->defaultSort;
-    });
-    d->settingSet.load(user.value(songSettingsKey),
-                       [](const PropertyList &entry) { return songValues(entry) == SongValues(); });
+    d->sortSet.load(user.value(sortsKey));
+    d->settingSet.load(user.value(songSettingsKey));
+    d->otherSettings = otherMembers(user, {sortsKey, songSettingsKey});
 
     const EqPresetList shippedPresets = eqPresets(shipped(eqPresetsName));
     const std::optional<PropertyList> presets =
@@ -192,9 +186,10 @@ void LB_SettingsController::appWillTerminate()
 {
     if (!d->isSetUp)
         return; // nothing was read, so nothing here may replace what the files hold
-    d->userSettings.write(applicationSupportDirectory(),
-                          PropertyList::Dictionary{{sortsKey, d->sortSet.elements()},
-                                                   {songSettingsKey, d->settingSet.elements()}});
+    PropertyList::Dictionary user{{sortsKey, d->sortSet.elements()},
+                                  {songSettingsKey, d->settingSet.elements()}};
+    user.insert(user.end(), d->otherSettings.begin(), d->otherSettings.end());
+    d->userSettings.write(applicationSupportDirectory(), std::move(user));
     d->eqPresets.write(applicationSupportDirectory(), eqPresetEntries(*d->eqPresetArray));
     d->folders.write(applicationSupportDirectory(),
                      PropertyList::Array(d->folderDataArray.begin(), d->folderDataArray.end()));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 using namespace Qt::Literals::StringLiterals;
@@ -47,6 +48,16 @@ std::optional<qint64> usableId(const PropertyList &value)
 }
 
 } // namespace
+
+PropertyList::Dictionary otherMembers(const PropertyList &dictionary, const QStringList &known)
+{
+    PropertyList::Dictionary others;
+    if (const PropertyList::Dictionary *const members = dictionary.dictionary())
+        std::copy_if(
+            members->begin(), members->end(), std::back_inserter(others),
+            [&](const PropertyList::Member &member) { return !known.contains(member.first); });
+    return others;
+}
 
 SongValues songValues(const PropertyList &entry)
 {
@@ -96,6 +107,7 @@ EqPresetList eqPresets(const PropertyList &array)
         const PropertyList &persistent = element.value(persistentKey);
         if (!persistent.isNull())
             preset->persistent = persistent.string() ? *persistent.string() : QString();
+        preset->others = otherMembers(element, {idKey, nameKey, levelsKey, persistentKey});
         presets.push_back(std::move(preset));
     }
     return presets;
@@ -114,6 +126,7 @@ PropertyList eqPresetEntries(const EqPresetList &presets)
             {idKey, preset->id}, {nameKey, preset->name}, {levelsKey, std::move(values)}};
         if (preset->persistent)
             entry.emplace_back(persistentKey, *preset->persistent);
+        entry.insert(entry.end(), preset->others.begin(), preset->others.end());
         entries.emplace_back(std::move(entry));
     }
     return entries;

@@ -14,6 +14,10 @@ namespace lyrabox {
 /// Furthest a band level may lie from 0, in dB; what a file holds beyond it is brought back.
 inline constexpr float eqLevelLimit = 12.0F;
 
+/// The members of a dictionary under other keys than the `known` ones, in its order; none for what
+/// is no dictionary.
+PropertyList::Dictionary otherMembers(const PropertyList &dictionary, const QStringList &known);
+
 /// The speed and pitch of a song-settings entry; the default for one that is no finite number.
 SongValues songValues(const PropertyList &entry);
 PropertyList songEntry(SongValues values, const QString &inode);
@@ -25,7 +29,7 @@ PropertyList sortEntry(const SortDescriptor &descriptor, const QString &listID);
 /// The presets of an array of preset dictionaries, in its order. Elements that are no dictionaries
 /// are left out. A preset without a usable "id" (an integer from 0 to 2^31 - 1) gets the largest id
 /// present plus 1. Levels are ten finite numbers within the limit: missing and malformed ones are
-/// 0, surplus ones are dropped.
+/// 0, surplus ones are dropped. What a preset holds under unknown keys stays with it.
 EqPresetList eqPresets(const PropertyList &array);
 PropertyList eqPresetEntries(const EqPresetList &presets);
 

@@ -33,8 +33,7 @@ TEST_F(SettingsController, MalformedEntriesDoNotSpoilTheirNeighbours)
     settings.setup();
     EXPECT_EQ(settings.valuesForInode(u"1"_s), (SongValues{50.0F, 0.0F}));
     EXPECT_EQ(settings.valuesForInode(u"2"_s), (SongValues{60.5F, -100.0F}));
-    EXPECT_FALSE(settings.hasSettingsForInode(u"100"_s))
-        << "what is left of it are the default values";
+    EXPECT_EQ(settings.valuesForInode(u"100"_s), SongValues()) << "neither value is a number";
     EXPECT_EQ(settings.sortDescriptorForListID(u"a"_s), (SortDescriptor{u"title"_s, false}));
     EXPECT_EQ(settings.sortDescriptorForListID(u"b"_s), (SortDescriptor{u"artist"_s, true}));
     EXPECT_EQ(settings.sortDescriptorForListID(u"7"_s), byOrder);
@@ -52,19 +51,31 @@ TEST_F(SettingsController, WrongTypesInTheRootCountAsEmpty)
     EXPECT_EQ(settings.sortDescriptorForListID(u"a"_s), byOrder);
 }
 
-TEST_F(SettingsController, StoredDefaultsAndDuplicatesAreClearedAway)
+TEST_F(SettingsController, StoredDefaultsAndDuplicatesAreTakenAsTheyAreUntilTheyAreReplaced)
 {
-    put(u"UserSettings.plist"_s,
+    const PropertyList stored =
         userSettings({sort(u"a"_s, u"order"_s, true), sort(u"b"_s, u"title"_s, true),
                       sort(u"b"_s, u"album"_s, true)},
-                     {song(u"1"_s, 100, 0), song(u"2"_s, 50, 0), song(u"2"_s, 70, 0)}));
+                     {song(u"1"_s, 100, 0), song(u"2"_s, 50, 0), song(u"2"_s, 70, 0)});
+    put(u"UserSettings.plist"_s, stored);
     LB_SettingsController settings;
     settings.setup();
-    EXPECT_FALSE(settings.hasSettingsForInode(u"1"_s));
-    EXPECT_EQ(settings.valuesForInode(u"2"_s), (SongValues{70.0F, 0.0F}));
+    EXPECT_TRUE(settings.hasSettingsForInode(u"1"_s)) << "there is an entry for it";
+    EXPECT_EQ(settings.valuesForInode(u"1"_s), SongValues());
+    EXPECT_EQ(settings.valuesForInode(u"2"_s), (SongValues{70.0F, 0.0F})) << "the later one counts";
+    EXPECT_EQ(settings.sortDescriptorForListID(u"a"_s), byOrder);
+    EXPECT_EQ(settings.sortDescriptorForListID(u"b"_s), (SortDescriptor{u"album"_s, true}));
     settings.appWillTerminate();
-    EXPECT_EQ(list(u"UserSettings.plist"_s),
-              userSettings({sort(u"b"_s, u"album"_s, true)}, {song(u"2"_s, 70, 0)}));
+    EXPECT_EQ(list(u"UserSettings.plist"_s), stored);
+
+    EXPECT_FALSE(settings.setValuesForInode(SongValues(), u"1"_s));
+    EXPECT_FALSE(settings.hasSettingsForInode(u"1"_s));
+    EXPECT_TRUE(settings.setValuesForInode({60.0F, 0.0F}, u"2"_s));
+    settings.setSortDescriptorForListID(byOrder, u"a"_s);
+    settings.setSortDescriptorForListID(byOrder, u"b"_s);
+    settings.appWillTerminate();
+    EXPECT_EQ(list(u"UserSettings.plist"_s), userSettings({}, {song(u"2"_s, 60.0, 0.0)}))
+        << "every entry of the song or list is replaced";
 }
 
 TEST_F(SettingsController, EntriesOfUnknownShapeAreWrittenAgain)
@@ -77,6 +88,47 @@ TEST_F(SettingsController, EntriesOfUnknownShapeAreWrittenAgain)
     settings.setup();
     settings.appWillTerminate();
     EXPECT_EQ(list(u"UserSettings.plist"_s), userSettings({unknown}, {extended, unknown}));
+}
+
+TEST_F(SettingsController, UnknownKeysAtTheRootAreWrittenAgainBehindTheKnownOnes)
+{
+    const PropertyList later = PropertyList::Dictionary{{u"a"_s, true}, {u"b"_s, u"x"_s}};
+    put(u"UserSettings.plist"_s,
+        PropertyList::Dictionary{{u"version"_s, 2},
+                                 {u"songSettings"_s, PropertyList::Array{song(u"1"_s, 50.0, 0.0)}},
+                                 {u"markers"_s, later}});
+    LB_SettingsController settings;
+    settings.setup();
+    settings.setSortDescriptorForListID({u"title"_s, true}, u"list"_s);
+    settings.appWillTerminate();
+    EXPECT_EQ(list(u"UserSettings.plist"_s),
+              (PropertyList::Dictionary{
+                  {u"sorts"_s, PropertyList::Array{sort(u"list"_s, u"title"_s, true)}},
+                  {u"songSettings"_s, PropertyList::Array{song(u"1"_s, 50.0, 0.0)}},
+                  {u"version"_s, 2},
+                  {u"markers"_s, later}}));
+}
+
+TEST_F(SettingsController, UnknownKeysInAPresetAreWrittenAgainAlsoWhenItsLevelsHaveChanged)
+{
+    const PropertyList range = PropertyList::Array{31.25, 16000.0};
+    PropertyList::Dictionary entry{
+        {u"colour"_s, u"red"_s},   {u"id"_s, 0},
+        {u"name"_s, u"By hand"_s}, {u"levels"_s, PropertyList::Array(10, PropertyList(1.0))},
+        {u"persistent"_s, u"1"_s}, {u"range"_s, range}};
+    put(u"EQPresets.plist"_s, PropertyList::Array{entry});
+    LB_SettingsController settings;
+    settings.setup();
+    settings.eqPresetArray()->front()->levels = std::make_shared<std::vector<float>>(10, 2.0F);
+    settings.appWillTerminate();
+    EXPECT_EQ(list(u"EQPresets.plist"_s),
+              (PropertyList::Array{PropertyList::Dictionary{
+                  {u"id"_s, 0},
+                  {u"name"_s, u"By hand"_s},
+                  {u"levels"_s, PropertyList::Array(10, PropertyList(2.0))},
+                  {u"persistent"_s, u"1"_s},
+                  {u"colour"_s, u"red"_s},
+                  {u"range"_s, range}}}));
 }
 
 TEST_F(SettingsController, OddPresetsAreRepaired)
