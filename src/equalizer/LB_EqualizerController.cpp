@@ -17,7 +17,6 @@
 #include "ui_AddPopover.h"
 #include "ui_RemovePopover.h"
 
-#include <QCollator>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +24,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <utility>
 
 using lyrabox::EqPreset;
 using lyrabox::EqPresetList;
@@ -34,7 +34,6 @@ namespace {
 
 constexpr float minimumLevel = -12.0F;
 constexpr float maximumLevel = 12.0F;
-constexpr float levelStep = 1.0F;
 constexpr const char *tagProperty = "tag";
 
 int tagOf(const QWidget *control)
@@ -55,43 +54,7 @@ std::vector<Control *> taggedControls(QWidget *container)
     return controls;
 }
 
-bool isSameRecord(const EqPreset &a, const EqPreset &b)
-{
-    return a.id == b.id && a.name == b.name && a.persistent == b.persistent &&
-           (a.levels == b.levels || *a.levels == *b.levels);
-}
-
 } // namespace
-
-namespace lyrabox {
-
-float levelAfterStep(float level, int cellTag)
-{
-    switch (cellTag) {
-    case 0:
-        level -= levelStep;
-        break;
-    case 1:
-        level = 0.0F;
-        break;
-    case 2:
-        level += levelStep;
-        break;
-    default:
-        break;
-    }
-    return std::max(minimumLevel, std::min(maximumLevel, level));
-}
-
-qint64 nextPresetId(const EqPresetList &presets)
-{
-    qint64 largest = -1;
-    for (const EqPresetRef &preset : presets)
-        largest = std::max(largest, preset->id);
-    return largest + 1;
-}
-
-} // namespace lyrabox
 
 LB_EqualizerController::LB_EqualizerController(QObject *parent)
     : QObject(parent), m_model(new lyrabox::PresetTableModel(this))
@@ -137,6 +100,12 @@ void LB_EqualizerController::setStepControls(QWidget *container)
     taggedControls<lyrabox::ButtonMatrix>(container);
 }
 
+void LB_EqualizerController::setPopover(lyrabox::Popover *popover)
+{
+    m_popover = popover;
+    connect(popover, &lyrabox::Popover::closed, this, [this] { m_presetToRemove = nullptr; });
+}
+
 const EqPresetList &LB_EqualizerController::arrangedObjects() const
 {
     return m_model->arrangedObjects();
@@ -162,29 +131,6 @@ void LB_EqualizerController::appDidLaunch()
     selectRow(found == presets.end() ? 0 : static_cast<int>(found - presets.begin()));
 }
 
-EqPresetList LB_EqualizerController::arrangeObjects(const EqPresetList &presets)
-{
-    QCollator standard;
-    standard.setNumericMode(true);
-    standard.setCaseSensitivity(Qt::CaseInsensitive);
-    QCollator names;
-    names.setCaseSensitivity(Qt::CaseInsensitive);
-
-    EqPresetList arranged = presets;
-    std::stable_sort(arranged.begin(), arranged.end(),
-                     [&](const EqPresetRef &a, const EqPresetRef &b) {
-                         if (a->persistent.has_value() != b->persistent.has_value())
-                             return a->persistent.has_value();
-                         if (a->persistent) {
-                             const int order = standard.compare(*a->persistent, *b->persistent);
-                             if (order != 0)
-                                 return order > 0;
-                         }
-                         return names.compare(a->name, b->name) < 0;
-                     });
-    return arranged;
-}
-
 void LB_EqualizerController::rearrange()
 {
     m_model->setArrangedObjects(arrangeObjects(*m_content));
@@ -198,22 +144,42 @@ void LB_EqualizerController::selectRow(int row)
     m_presetTableView->scrollTo(index);
 }
 
-int LB_EqualizerController::rowOfCurrentPreset() const
+/// The first row, unless a file gives the manual preset another place.
+int LB_EqualizerController::manualRow() const
 {
+    const EqPresetList &presets = arrangedObjects();
+    const auto found = std::find_if(presets.begin(), presets.end(),
+                                    [](const EqPresetRef &preset) { return preset->id == 0; });
+    return found == presets.end() ? 0 : static_cast<int>(found - presets.begin());
+}
+
+std::optional<int> LB_EqualizerController::rowOfCurrentPreset() const
+{
+    if (!m_currentPreset)
+        return std::nullopt;
+    // No two records of the list share their levels, but two may be alike.
     const EqPresetList &presets = arrangedObjects();
     const auto found =
         std::find_if(presets.begin(), presets.end(), [this](const EqPresetRef &preset) {
-            return isSameRecord(*preset, *m_currentPreset);
+            return preset->levels == m_currentPreset->levels;
         });
-    return found == presets.end() ? 0 : static_cast<int>(found - presets.begin());
+    if (found == presets.end())
+        return std::nullopt;
+    return static_cast<int>(found - presets.begin());
+}
+
+EqPresetRef LB_EqualizerController::currentRecord() const
+{
+    const std::optional<int> row = rowOfCurrentPreset();
+    return row ? arrangedObjects().at(static_cast<std::size_t>(*row)) : nullptr;
 }
 
 void LB_EqualizerController::tableViewSelectionDidChange()
 {
     const QModelIndexList rows = m_presetTableView->selectionModel()->selectedRows();
     if (rows.isEmpty()) {
-        if (m_currentPreset)
-            selectRow(rowOfCurrentPreset());
+        if (const std::optional<int> row = rowOfCurrentPreset())
+            selectRow(*row);
         return;
     }
     const EqPresetRef &preset = arrangedObjects().at(static_cast<std::size_t>(rows.first().row()));
@@ -224,6 +190,7 @@ void LB_EqualizerController::tableViewSelectionDidChange()
     synchronizeControlsWithAudioUnit();
     lyrabox::userDefaults().setValue(lyrabox::defaultsKey::eqPreset, m_currentPreset->id);
     showAddRemoveRole();
+    closeOutdatedPopover();
 }
 
 void LB_EqualizerController::synchronizeControlsWithAudioUnit()
@@ -286,8 +253,10 @@ void LB_EqualizerController::switchToManualPreset()
 {
     // A new list of levels: the one that the manual preset had may be shared with a copy made
     // earlier.
-    arrangedObjects().front()->levels = std::make_shared<std::vector<float>>(engineLevels());
-    selectRow(0);
+    const int row = manualRow();
+    arrangedObjects().at(static_cast<std::size_t>(row))->levels =
+        std::make_shared<std::vector<float>>(engineLevels());
+    selectRow(row);
 }
 
 void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
@@ -297,6 +266,7 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
         return;
     }
     const bool adds = m_currentPreset->persistent.has_value();
+    m_presetToRemove = adds ? nullptr : currentRecord();
     LB_PopoverViewController *content = adds ? LB_PopoverViewController::load<Ui::AddPopover>()
                                              : LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
@@ -314,7 +284,10 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
     } else {
         content->messageField()->setText(tr("Remove preset '%1'?").arg(m_currentPreset->name));
         connect(content->okButton(), &QAbstractButton::clicked, this,
-                &LB_EqualizerController::removeOkButtonPressed);
+                [this, asked = m_presetToRemove] {
+                    if (m_presetToRemove == asked)
+                        removeOkButtonPressed();
+                });
     }
     m_popover->showRelativeTo(sender, lyrabox::Popover::Edge::MaxX);
 }
@@ -335,11 +308,25 @@ void LB_EqualizerController::addPresetNameEntered(QLineEdit *sender)
 
 void LB_EqualizerController::removeOkButtonPressed()
 {
-    const EqPresetRef preset = arrangedObjects().at(static_cast<std::size_t>(rowOfCurrentPreset()));
-    std::erase(*m_content, preset);
-    rearrange();
-    selectRow(0);
+    const EqPresetRef asked = std::exchange(m_presetToRemove, nullptr);
+    const EqPresetRef preset = asked != nullptr ? asked : currentRecord();
+    if (preset != nullptr && !preset->persistent && std::erase(*m_content, preset) > 0) {
+        rearrange();
+        selectRow(manualRow());
+    }
     m_popover->closePopover();
+}
+
+/// The popover asks for the name of a new preset while a built-in one is selected, or whether one
+/// preset is to be removed while that one is.
+void LB_EqualizerController::closeOutdatedPopover()
+{
+    if (m_popover == nullptr || !m_popover->isShown())
+        return;
+    const bool fits = m_presetToRemove != nullptr ? currentRecord() == m_presetToRemove
+                                                  : m_currentPreset->persistent.has_value();
+    if (!fits)
+        m_popover->closePopover();
 }
 
 void LB_EqualizerController::controlTextDidEndEditing()

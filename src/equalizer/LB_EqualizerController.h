@@ -62,7 +62,7 @@ public:
     QWidget *stepControls() const { return m_stepControls; }
     void setStepControls(QWidget *container);
     lyrabox::Popover *popover() const { return m_popover; }
-    void setPopover(lyrabox::Popover *popover) { m_popover = popover; }
+    void setPopover(lyrabox::Popover *popover);
     lyrabox::StateButton *addRemoveButton() const { return m_addRemoveButton; }
     void setAddRemoveButton(lyrabox::StateButton *button) { m_addRemoveButton = button; }
 
@@ -78,8 +78,12 @@ public:
     void sliderValueChanged(LB_Slider *sender);
     void boxValueChanged(lyrabox::NumberField *sender);
     void eqButtonPressed(lyrabox::ButtonMatrix *sender);
+    /// Asks for a new preset's name while a built-in preset is selected, else whether the selected
+    /// preset is to be removed. The popover closes when the selection no longer fits what it asks.
     void addRemoveButtonPressed(QWidget *sender);
     void addPresetNameEntered(QLineEdit *sender);
+    /// Removes the preset that the popover asks about, or the selected one while it is closed.
+    /// Presets that ship with the program stay.
     void removeOkButtonPressed();
     void controlTextDidEndEditing();
 
@@ -97,9 +101,12 @@ public:
 private:
     void rearrange();
     void selectRow(int row);
-    int rowOfCurrentPreset() const;
+    int manualRow() const;
+    std::optional<int> rowOfCurrentPreset() const;
+    lyrabox::EqPresetRef currentRecord() const;
     std::vector<float> engineLevels() const;
     void bandEdited(int tag, float level);
+    void closeOutdatedPopover();
     void showAddRemoveRole();
 
     LB_AppDelegate *m_appDelegate = nullptr;
@@ -117,4 +124,5 @@ private:
     std::vector<lyrabox::NumberField *> m_boxOfBand;
     std::shared_ptr<lyrabox::EqPresetList> m_content;
     std::optional<lyrabox::EqPreset> m_currentPreset;
+    lyrabox::EqPresetRef m_presetToRemove; ///< while the popover asks about it
 };

@@ -1,0 +1,69 @@
+// What needs no window: steps, ids and the order of the presets.
+
+#include "equalizer/LB_EqualizerController.h"
+
+#include <QCollator>
+
+#include <algorithm>
+
+using lyrabox::EqPresetList;
+using lyrabox::EqPresetRef;
+
+namespace lyrabox {
+
+namespace {
+constexpr float minimumLevel = -12.0F;
+constexpr float maximumLevel = 12.0F;
+constexpr float levelStep = 1.0F;
+} // namespace
+
+float levelAfterStep(float level, int cellTag)
+{
+    switch (cellTag) {
+    case 0:
+        level -= levelStep;
+        break;
+    case 1:
+        level = 0.0F;
+        break;
+    case 2:
+        level += levelStep;
+        break;
+    default:
+        break;
+    }
+    return std::max(minimumLevel, std::min(maximumLevel, level));
+}
+
+qint64 nextPresetId(const EqPresetList &presets)
+{
+    qint64 largest = -1;
+    for (const EqPresetRef &preset : presets)
+        largest = std::max(largest, preset->id);
+    return largest + 1;
+}
+
+} // namespace lyrabox
+
+EqPresetList LB_EqualizerController::arrangeObjects(const EqPresetList &presets)
+{
+    QCollator standard;
+    standard.setNumericMode(true);
+    standard.setCaseSensitivity(Qt::CaseInsensitive);
+    QCollator names;
+    names.setCaseSensitivity(Qt::CaseInsensitive);
+
+    EqPresetList arranged = presets;
+    std::stable_sort(arranged.begin(), arranged.end(),
+                     [&](const EqPresetRef &a, const EqPresetRef &b) {
+                         if (a->persistent.has_value() != b->persistent.has_value())
+                             return a->persistent.has_value();
+                         if (a->persistent) {
+                             const int order = standard.compare(*a->persistent, *b->persistent);
+                             if (order != 0)
+                                 return order > 0;
+                         }
+                         return names.compare(a->name, b->name) < 0;
+                     });
+    return arranged;
+}

@@ -1,0 +1,165 @@
+// What changes behind the popovers of the preset list while they are open.
+
+#include "equalizer/EqualizerFixture.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace lyrabox {
+namespace {
+
+using testing::Each;
+
+/// The window as the program connects it, shown, with its presets.
+struct PresetPopover : test::Equalizer {
+    PresetPopover()
+    {
+        for (LB_Slider *band : ui.sliders->findChildren<LB_Slider *>())
+            QObject::connect(band, &LB_Slider::moved, &controller,
+                             &LB_EqualizerController::sliderValueChanged);
+        for (NumberField *band : ui.boxes->findChildren<NumberField *>())
+            QObject::connect(band, &NumberField::entered, &controller,
+                             &LB_EqualizerController::boxValueChanged);
+        for (ButtonMatrix *band : ui.stepControls->findChildren<ButtonMatrix *>())
+            QObject::connect(band, &ButtonMatrix::pressed, &controller,
+                             &LB_EqualizerController::eqButtonPressed);
+        QObject::connect(ui.addRemoveButton, &QAbstractButton::clicked, &controller,
+                         [this] { controller.addRemoveButtonPressed(ui.addRemoveButton); });
+        launch();
+        window.show();
+    }
+
+    void turnWheelOver(QWidget *widget) const
+    {
+        const QPointF middle = QRectF(widget->rect()).center();
+        QWheelEvent event(middle, widget->mapToGlobal(middle), QPoint(), QPoint(0, 120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &event);
+    }
+    void press() const { ui.addRemoveButton->click(); }
+    /// Opens the question whether "Attic" goes; its OK button.
+    QPointer<QAbstractButton> askToRemoveAttic() const
+    {
+        select(QStringLiteral("Attic"));
+        press();
+        EXPECT_TRUE(popover.isShown());
+        EXPECT_EQ(static_cast<QLabel *>(popoverChild("messageField"))->text(),
+                  QStringLiteral("Remove preset 'Attic'?"));
+        return static_cast<QAbstractButton *>(popoverChild("okButton"));
+    }
+
+    const EqPresetList before{user, rock, manual, bass};
+};
+
+TEST_F(PresetPopover, WheelOverASliderBehindTheQuestionClosesItAndRemovesNothing)
+{
+    const QPointer<QAbstractButton> ok = askToRemoveAttic();
+    turnWheelOver(slider(3));
+    EXPECT_EQ(controller.currentPreset()->id, 0);
+    EXPECT_FALSE(popover.isShown());
+    if (ok)
+        ok->click();
+    EXPECT_EQ(*presets, before);
+    // The next edit lands in the manual preset alone.
+    turnWheelOver(slider(4));
+    EXPECT_THAT(*bass->levels, Each(3.0F));
+    EXPECT_THAT(*rock->levels, Each(5.0F));
+    EXPECT_EQ((*manual->levels)[4], engineLevel(4));
+}
+
+TEST_F(PresetPopover, AnotherPresetSelectedBehindTheQuestionClosesItAndRemovesNothing)
+{
+    const QPointer<QAbstractButton> ok = askToRemoveAttic();
+    select(QStringLiteral("Rock"));
+    EXPECT_FALSE(popover.isShown());
+    if (ok)
+        ok->click();
+    EXPECT_EQ(*presets, before);
+}
+
+TEST_F(PresetPopover, ASelectionThatIsClearedAndComesBackKeepsTheQuestionOpen)
+{
+    const QPointer<QAbstractButton> ok = askToRemoveAttic();
+    ui.presetTableView->clearSelection();
+    ASSERT_TRUE(popover.isShown());
+    ok->click();
+    EXPECT_EQ(*presets, (EqPresetList{rock, manual, bass}));
+    EXPECT_EQ(controller.currentPreset()->id, 0);
+}
+
+TEST_F(PresetPopover, APresetThatCameWithTheProgramIsNeverRemovedWhateverIsSelected)
+{
+    for (const char *name : {"Manual", "bass", "Rock"}) {
+        select(QLatin1String(name));
+        controller.removeOkButtonPressed();
+        EXPECT_EQ(*presets, before) << name;
+    }
+}
+
+TEST_F(PresetPopover, OkPressedAgainAfterTheRemovalRemovesNothingMore)
+{
+    const QPointer<QAbstractButton> ok = askToRemoveAttic();
+    ok->click();
+    ASSERT_EQ(presets->size(), 3U);
+    if (ok)
+        ok->click();
+    EXPECT_EQ(presets->size(), 3U);
+}
+
+TEST_F(PresetPopover, ABandTouchedBehindTheNameOfANewPresetLeavesTheNameAndIsKept)
+{
+    select(QStringLiteral("Rock"));
+    press();
+    ASSERT_TRUE(popover.isShown());
+    auto *input = static_cast<QLineEdit *>(popoverChild("inputField"));
+    QTest::keyClicks(input, QStringLiteral("Hall"));
+    turnWheelOver(slider(2));
+    ASSERT_TRUE(popover.isShown()) << "a built-in preset is selected as before";
+    EXPECT_EQ(input->text(), QStringLiteral("Hall"));
+    QTest::keyClick(input, Qt::Key_Return);
+    ASSERT_EQ(presets->size(), 5U);
+    EXPECT_EQ(presets->back()->name, QStringLiteral("Hall"));
+    EXPECT_EQ((*presets->back()->levels)[2], engineLevel(2));
+    EXPECT_EQ(controller.currentPreset()->name, QStringLiteral("Hall"));
+}
+
+TEST_F(PresetPopover, AUserPresetSelectedBehindTheNameOfANewPresetClosesIt)
+{
+    select(QStringLiteral("Rock"));
+    press();
+    ASSERT_TRUE(popover.isShown());
+    select(QStringLiteral("Attic"));
+    EXPECT_FALSE(popover.isShown()) << "the button removes now";
+    EXPECT_EQ(*presets, before);
+}
+
+TEST_F(PresetPopover, ClosingTheWindowClosesTheQuestion)
+{
+    askToRemoveAttic();
+    window.close();
+    EXPECT_FALSE(popover.isShown());
+    EXPECT_EQ(*presets, before);
+    select(QStringLiteral("bass"));
+    window.show();
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PresetPopover, EditsGoIntoTheManualPresetWhereverAFileSortsIt)
+{
+    manual->persistent = QStringLiteral("0"); // below the others
+    controller.appDidLaunch();
+    select(QStringLiteral("bass"));
+    ASSERT_EQ(selectedRow(), 0);
+    turnWheelOver(slider(1));
+    EXPECT_EQ(controller.currentPreset()->id, 0);
+    EXPECT_THAT(*bass->levels, Each(3.0F));
+    EXPECT_EQ((*manual->levels)[1], engineLevel(1));
+    EXPECT_EQ((*manual->levels)[2], 3.0F);
+    EXPECT_EQ(names().at(selectedRow()), QStringLiteral("Manual"));
+}
+
+} // namespace
+} // namespace lyrabox
