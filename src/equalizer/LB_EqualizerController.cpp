@@ -210,6 +210,16 @@ std::vector<float> LB_EqualizerController::engineLevels() const
     return levels;
 }
 
+/// A click on a slider or step control leaves the keyboard in the box, so that an edit in it has
+/// not ended. Turning to the manual preset shows every level anew, and would forget it.
+void LB_EqualizerController::enterHalfTypedLevels(int exceptTag)
+{
+    for (lyrabox::NumberField *box : m_boxOfBand) {
+        if (tagOf(box) != exceptTag)
+            box->finishEdit();
+    }
+}
+
 void LB_EqualizerController::bandEdited(int tag, float level)
 {
     if (!m_currentPreset)
@@ -225,6 +235,7 @@ void LB_EqualizerController::sliderValueChanged(LB_Slider *sender)
     const float level = sender->floatValue();
     m_audio->setEqLevelForIndex(level, eqBandForIndex(static_cast<quint32>(tag)));
     m_boxOfBand.at(static_cast<std::size_t>(tag))->setFloatValue(level);
+    enterHalfTypedLevels(tag);
     bandEdited(tag, level);
 }
 
@@ -240,6 +251,7 @@ void LB_EqualizerController::boxValueChanged(lyrabox::NumberField *sender)
 void LB_EqualizerController::eqButtonPressed(lyrabox::ButtonMatrix *sender)
 {
     const int tag = tagOf(sender);
+    enterHalfTypedLevels();
     const quint32 band = eqBandForIndex(static_cast<quint32>(tag));
     const float level =
         lyrabox::levelAfterStep(m_audio->eqLevelForIndex(band), sender->selectedTag());
@@ -266,6 +278,9 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
         return;
     }
     const bool adds = m_currentPreset->persistent.has_value();
+    enterHalfTypedLevels();
+    if (adds != m_currentPreset->persistent.has_value())
+        return; // the button was pressed for a preset that is no longer selected
     m_presetToRemove = adds ? nullptr : currentRecord();
     LB_PopoverViewController *content = adds ? LB_PopoverViewController::load<Ui::AddPopover>()
                                              : LB_PopoverViewController::load<Ui::RemovePopover>();

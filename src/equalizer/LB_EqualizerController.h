@@ -105,6 +105,7 @@ private:
     std::optional<int> rowOfCurrentPreset() const;
     lyrabox::EqPresetRef currentRecord() const;
     std::vector<float> engineLevels() const;
+    void enterHalfTypedLevels(int exceptTag = -1);
     void bandEdited(int tag, float level);
     void closeOutdatedPopover();
     void showAddRemoveRole();

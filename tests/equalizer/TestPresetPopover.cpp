@@ -50,6 +50,12 @@ struct PresetPopover : test::Equalizer {
                   QStringLiteral("Remove preset 'Attic'?"));
         return static_cast<QAbstractButton *>(popoverChild("okButton"));
     }
+    void typeInto(int band, const QString &text) const
+    {
+        box(band)->setFocus();
+        box(band)->selectAll();
+        QTest::keyClicks(box(band), text);
+    }
 
     const EqPresetList before{user, rock, manual, bass};
 };
@@ -159,6 +165,81 @@ TEST_F(PresetPopover, EditsGoIntoTheManualPresetWhereverAFileSortsIt)
     EXPECT_EQ((*manual->levels)[1], engineLevel(1));
     EXPECT_EQ((*manual->levels)[2], 3.0F);
     EXPECT_EQ(names().at(selectedRow()), QStringLiteral("Manual"));
+}
+
+// A level that is being typed.
+
+TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnotherSliderMoves)
+{
+    select(QStringLiteral("Rock"));
+    typeInto(3, QStringLiteral("-4"));
+    turnWheelOver(slider(6));
+    EXPECT_EQ(engineLevel(3), -4.0F);
+    EXPECT_EQ((*manual->levels)[3], -4.0F);
+    EXPECT_EQ(box(3)->floatValue(), -4.0F);
+    EXPECT_EQ(slider(3)->floatValue(), -4.0F);
+    EXPECT_GT(engineLevel(6), 5.0F);
+    EXPECT_EQ((*manual->levels)[6], engineLevel(6));
+    EXPECT_EQ(slider(6)->floatValue(), engineLevel(6));
+    EXPECT_EQ(box(6)->floatValue(), engineLevel(6));
+    EXPECT_EQ((*manual->levels)[7], 5.0F);
+    EXPECT_THAT(*rock->levels, Each(5.0F));
+}
+
+TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnotherBandStepsAndCountsForItsOwnStep)
+{
+    select(QStringLiteral("Rock"));
+    typeInto(3, QStringLiteral("2"));
+    steps(8)->pressCellWithTag(0);
+    EXPECT_EQ((*manual->levels)[3], 2.0F);
+    EXPECT_EQ((*manual->levels)[8], 4.0F);
+    typeInto(3, QStringLiteral("7"));
+    steps(3)->pressCellWithTag(2);
+    EXPECT_EQ((*manual->levels)[3], 8.0F);
+    EXPECT_EQ(box(3)->floatValue(), 8.0F);
+}
+
+TEST_F(PresetPopover, ASliderOutdoesTheHalfTypedLevelOfItsOwnBand)
+{
+    select(QStringLiteral("Rock"));
+    typeInto(3, QStringLiteral("-9"));
+    turnWheelOver(slider(3));
+    EXPECT_GT(engineLevel(3), 5.0F);
+    EXPECT_EQ((*manual->levels)[3], engineLevel(3));
+    EXPECT_EQ(box(3)->floatValue(), engineLevel(3));
+    EXPECT_EQ(slider(3)->floatValue(), engineLevel(3));
+}
+
+TEST_F(PresetPopover, AHalfTypedLevelThatIsNoNumberIsPutBackWhenAnotherBandIsTouched)
+{
+    select(QStringLiteral("Rock"));
+    typeInto(3, QStringLiteral("-"));
+    turnWheelOver(slider(6));
+    EXPECT_EQ((*manual->levels)[3], 5.0F);
+    EXPECT_EQ(box(3)->floatValue(), 5.0F);
+}
+
+TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenThePresetIsToBeRemovedWhichThenIsNotAsked)
+{
+    select(QStringLiteral("Attic"));
+    typeInto(3, QStringLiteral("6"));
+    press();
+    EXPECT_EQ((*manual->levels)[3], 6.0F);
+    EXPECT_FALSE(popover.isShown())
+        << "neither a question about another preset, nor one for a name";
+    EXPECT_EQ(*presets, before);
+}
+
+TEST_F(PresetPopover, AHalfTypedLevelBelongsToThePresetThatIsAdded)
+{
+    select(QStringLiteral("Rock"));
+    typeInto(3, QStringLiteral("6"));
+    press();
+    ASSERT_TRUE(popover.isShown());
+    QTest::keyClick(popoverChild("inputField"), Qt::Key_Return);
+    ASSERT_EQ(presets->size(), 5U);
+    EXPECT_EQ((*presets->back()->levels)[3], 6.0F);
+    EXPECT_EQ((*presets->back()->levels)[4], 5.0F);
 }
 
 } // namespace

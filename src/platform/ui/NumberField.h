@@ -32,6 +32,9 @@ public:
     /// and text that is no number is put back without entered().
     void setLimits(float minimum, float maximum);
 
+    /// Ends an edit that is going on as Return does; the keyboard stays where it is.
+    void finishEdit();
+
 Q_SIGNALS:
     void entered(lyrabox::NumberField *sender);
 
@@ -41,7 +44,6 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void finishEdit();
     void finishEditLeftBehind();
     QString textForValue(float value) const;
 
