@@ -18,6 +18,8 @@
 #include <QLabel>
 #include <QScopedValueRollback>
 
+#include <utility>
+
 using lyrabox::NotificationCenter;
 namespace notification = lyrabox::notification;
 
@@ -56,6 +58,12 @@ void LB_FolderSourceController::setFolderOutlineView(lyrabox::SourceTreeView *vi
             [this] { outlineViewSelectionDidChange(); });
     connect(view, &lyrabox::SourceTreeView::foldersDropped, this,
             &LB_FolderSourceController::addFolders);
+}
+
+void LB_FolderSourceController::setPopover(lyrabox::Popover *popover)
+{
+    m_popover = popover;
+    connect(popover, &lyrabox::Popover::closed, this, [this] { m_folderToRemove = nullptr; });
 }
 
 void LB_FolderSourceController::setup()
@@ -126,6 +134,7 @@ void LB_FolderSourceController::addRemoveButtonPressed(lyrabox::ButtonMatrix *se
 
 void LB_FolderSourceController::addFolder(QWidget *anchor)
 {
+    m_folderToRemove = nullptr;
     const auto browser = lyrabox::makeBrowserPopover();
     m_popover->setContentView(browser.view);
     m_popover->setContentSize(browser.view->size());
@@ -165,6 +174,7 @@ void LB_FolderSourceController::removeFolder(QWidget *anchor)
 {
     if (m_selectedFolder == nullptr)
         return;
+    m_folderToRemove = m_selectedFolder;
     auto *content = LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
     content->messageField()->setText(
@@ -172,13 +182,16 @@ void LB_FolderSourceController::removeFolder(QWidget *anchor)
     m_popover->setContentView(content->view());
     m_popover->setContentSize(content->view()->size());
     m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);
-    connect(content->okButton(), &QAbstractButton::clicked, this,
-            &LB_FolderSourceController::removeOkButtonPressed);
+    connect(content->okButton(), &QAbstractButton::clicked, this, [this, asked = m_folderToRemove] {
+        if (m_folderToRemove == asked)
+            removeOkButtonPressed();
+    });
 }
 
 void LB_FolderSourceController::removeOkButtonPressed()
 {
-    const FolderRef folder = m_selectedFolder;
+    const FolderRef asked = std::exchange(m_folderToRemove, nullptr);
+    const FolderRef folder = asked != nullptr ? asked : m_selectedFolder;
     {
         // The view would move the selection to a neighbour of the removed row and so scan it.
         const QScopedValueRollback<bool> guard(m_relisting, true);
@@ -292,5 +305,9 @@ void LB_FolderSourceController::setSelectedFolder(const FolderRef &folder)
     if (m_selectedFolder == folder)
         return;
     m_selectedFolder = folder;
+    // Listing a tree anew makes new nodes for the same folders.
+    if (m_folderToRemove != nullptr &&
+        (folder == nullptr || folder->itemID() != m_folderToRemove->itemID()))
+        m_popover->closePopover();
     Q_EMIT selectedFolderChanged();
 }

@@ -35,7 +35,7 @@ public:
     lyrabox::SourceTreeView *folderOutlineView() const { return m_folderOutlineView; }
     void setFolderOutlineView(lyrabox::SourceTreeView *view);
     lyrabox::Popover *popover() const { return m_popover; }
-    void setPopover(lyrabox::Popover *popover) { m_popover = popover; }
+    void setPopover(lyrabox::Popover *popover);
     LB_SettingsController *settings() const { return m_settings; }
     void setSettings(LB_SettingsController *settings) { m_settings = settings; }
     LB_TrackController *tracks() const { return m_tracks; }
@@ -58,6 +58,8 @@ public:
     /// Adds folders from elsewhere (dropped, or opened with the program) and selects the last.
     void addFolders(const QList<QUrl> &folders);
     void removeFolder(QWidget *anchor);
+    /// Removes the root that the popover asks about, or the selected one while it is closed. The
+    /// popover closes by itself when another folder is selected.
     void removeOkButtonPressed();
     void storeFolders();
     void deselectFolder();
@@ -87,5 +89,6 @@ private:
     LB_TrackController *m_tracks = nullptr;
     lyrabox::SourceTreeModel *m_model;
     FolderRef m_selectedFolder;
+    FolderRef m_folderToRemove; ///< while the popover asks about it
     bool m_relisting = false;
 };
