@@ -69,6 +69,23 @@ public:
         click(place::addFolderButton);
         EXPECT_TRUE(waitUntil([&] { return window().pixel(place::browserOk) != before; }));
     }
+    void folderQuestion()
+    {
+        const QRgb before = window().pixel(place::removeOk - QPoint(16, 0));
+        click(place::removeFolderButton);
+        EXPECT_TRUE(
+            waitUntil([&] { return window().pixel(place::removeOk - QPoint(16, 0)) != before; }));
+    }
+    void presetName()
+    {
+        display.key(u"ctrl+2"_s);
+        const QString equalizer = display.waitForWindow(u"^Equalizer"_s);
+        EXPECT_TRUE(waitUntil([&] { return display.activeWindow() == equalizer; }));
+        const QImage before = display.screen(display.frameOf(equalizer));
+        display.key(u"Insert"_s);
+        EXPECT_TRUE(
+            waitUntil([&] { return display.screen(display.frameOf(equalizer)) != before; }));
+    }
     void menu()
     {
         const QImage before = window().copy(0, 24, 120, 60);
@@ -113,6 +130,9 @@ INSTANTIATE_TEST_SUITE_P(Moments, ProgramInTheMiddle,
                          testing::Values(Moment{"Alert", &ProgramInTheMiddle::alert},
                                          Moment{"FileDialog", &ProgramInTheMiddle::fileDialog},
                                          Moment{"Popover", &ProgramInTheMiddle::popover},
+                                         Moment{"FolderQuestion",
+                                                &ProgramInTheMiddle::folderQuestion},
+                                         Moment{"PresetName", &ProgramInTheMiddle::presetName},
                                          Moment{"Menu", &ProgramInTheMiddle::menu},
                                          Moment{"ButtonHold", &ProgramInTheMiddle::buttonHold},
                                          Moment{"KeyHold", &ProgramInTheMiddle::keyHold},
@@ -240,6 +260,22 @@ TEST_F(FaultyProgram, AFolderThatVanishesWhileItsSongPlaysLeavesTheSongPlaying)
     EXPECT_TRUE(hearsSilence());
     EXPECT_TRUE(isRunning());
     EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(FaultyProgram, ASettingsFolderThatCannotBeMadeIsToldOnce)
+{
+    const QString folder = QFileInfo(settingsFile(u"x"_s)).path();
+    ASSERT_TRUE(QDir().rmdir(folder));
+    QFile obstacle(folder);
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    const QString told = QDir(homeFolder()).filePath(u"told"_s);
+    const QString lyrabox = std::exchange(program, u"/bin/sh"_s);
+    start(Size::Usual, {u"-c"_s, u"exec \"$0\" 2>\"$1\""_s, lyrabox, told});
+    EXPECT_EQ(quit(), 0);
+    QFile errors(told);
+    ASSERT_TRUE(errors.open(QIODevice::ReadOnly));
+    const QByteArray text = errors.readAll();
+    EXPECT_EQ(text.count("Unable to access Application Support Directory"), 1) << text.constData();
 }
 
 /// A disk of its own under a folder of songs.

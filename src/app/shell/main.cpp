@@ -11,6 +11,7 @@
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/FontConfiguration.h"
 #include "platform/ui/Theme.h"
+#include "settings/SettingsFolder.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -97,9 +98,9 @@ int main(int argc, char **argv)
     lyrabox::installLanguage(application);
     lyrabox::applyApplicationTheme();
 
-    LB_SettingsController settingsFolder; // only to find the folder that the lock lies in
-    const std::optional<QUrl> folder = settingsFolder.applicationSupportDirectory();
-    lyrabox::SingleInstance instance(folder ? folder->toLocalFile() : QString());
+    // The settings themselves tell when the folder cannot be made.
+    const lyrabox::SettingsFolder folder = lyrabox::makeSettingsFolder();
+    lyrabox::SingleInstance instance(folder.isThere() ? folder.url->toLocalFile() : QString());
     switch (instance.claim(line.urls)) {
     case lyrabox::SingleInstance::Role::First:
         break;
