@@ -33,6 +33,26 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return display.activeWindow() == window; }));
     }
 
+    /// Adds a preset of the user's own, which is then selected, and asks whether it is to go.
+    void addPresetAndAskToRemoveIt()
+    {
+        openEqualizer();
+        display.click(place::equalizerWindow.topLeft() + place::presetRow(0));
+        display.key(u"Insert"_s);
+        display.type(u"Mine"_s);
+        display.key(u"Return"_s);
+        display.key(u"Delete"_s);
+    }
+    QStringList presetsOnDisk() const
+    {
+        QStringList names;
+        const PropertyList presets =
+            settingsList(u"EQPresets.plist"_s).value_or(PropertyList(PropertyList::Array()));
+        for (const PropertyList &preset : *presets.array())
+            names.append(*preset.value(u"name").string());
+        return names;
+    }
+
     /// The level of the last fifth of a second, in decibels against the tone in the file.
     double levelNow() const
     {
@@ -60,6 +80,39 @@ TEST_F(EqualizingProgram, TheSliderAtTheTopRaisesItsToneByTwelveDecibels)
     EXPECT_TRUE(hearsLevel(12.0, 0.5));
     display.drag(corner + place::oneKilohertzTop, corner + place::oneKilohertzMiddle);
     EXPECT_TRUE(hearsLevel(0.0, 0.5));
+}
+
+TEST_F(EqualizingProgram, APresetIsAddedAndRemovedWithTheKeyboard)
+{
+    addPresetAndAskToRemoveIt();
+    display.key(u"Return"_s);
+    EXPECT_EQ(quit(), 0);
+    EXPECT_FALSE(presetsOnDisk().contains(u"Mine"_s));
+    EXPECT_TRUE(presetsOnDisk().contains(u"Manual"_s));
+    EXPECT_GE(presetsOnDisk().size(), 20);
+}
+
+TEST_F(EqualizingProgram, TheWheelBehindTheQuestionWhetherAPresetIsToGoKeepsEveryPreset)
+{
+    addPresetAndAskToRemoveIt();
+    display.wheel(place::equalizerWindow.topLeft() + place::oneKilohertzMiddle, 3);
+    display.key(u"Return"_s); // nobody asks any more
+    EXPECT_EQ(quit(), 0);
+    EXPECT_TRUE(presetsOnDisk().contains(u"Mine"_s));
+    EXPECT_TRUE(presetsOnDisk().contains(u"Manual"_s));
+    EXPECT_EQ(userDefault(u"eqPreset"_s).toInt(), 0);
+}
+
+TEST_F(EqualizingProgram, ClosingTheWindowBehindTheQuestionWhetherAPresetIsToGoKeepsIt)
+{
+    addPresetAndAskToRemoveIt();
+    display.key(u"ctrl+w"_s);
+    ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
+    display.key(u"ctrl+2"_s);
+    ASSERT_TRUE(waitUntil([this] { return display.activeWindow() != mainWindow(); }));
+    display.key(u"Return"_s); // nobody asks any more
+    EXPECT_EQ(quit(), 0);
+    EXPECT_TRUE(presetsOnDisk().contains(u"Mine"_s));
 }
 
 TEST_F(EqualizingProgram, AChosenPresetComesBackAfterARestart)

@@ -295,6 +295,8 @@ void Composition::connectTransport()
 
     m_main.settingsPopup->menu()->addAction(m_menu->saveSettings);
     m_main.settingsPopup->menu()->addAction(m_menu->removeSettings);
+    NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
+                                                    [this] { closeSongMenus(); });
 
     // And so are the shuffle button and the queue's mode.
     connect(m_main.shuffleButton, &QAbstractButton::clicked, &m_queue, [this] {
@@ -306,6 +308,16 @@ void Composition::connectTransport()
                 m_main.shuffleButton->setState(shuffling ? 1 : 0);
                 m_menu->shuffle->setChecked(shuffling);
             });
+}
+
+/// What they would keep or forget is of the song that was there when they were opened.
+void Composition::closeSongMenus()
+{
+    for (QObject *holder : m_menu->removeSettings->associatedObjects()) {
+        auto *menu = qobject_cast<QMenu *>(holder);
+        if (menu != nullptr && menu->isVisible())
+            menu->close();
+    }
 }
 
 void Composition::connectLists()

@@ -59,6 +59,7 @@ private:
     void buildCells();
     void setOutlets();
     void connectTransport();
+    void closeSongMenus();
     void connectLists();
     void connectEqualizer();
     void connectMenu();

@@ -10,6 +10,7 @@
 #include <sys/prctl.h>
 
 #include <csignal>
+#include <cstdlib>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -208,6 +209,15 @@ void VirtualDisplay::click(QPoint point, int times)
 {
     xdotool({u"mousemove"_s, QString::number(point.x()), QString::number(point.y()), u"click"_s,
              u"--repeat"_s, QString::number(times), u"--delay"_s, u"40"_s, u"1"_s});
+}
+
+void VirtualDisplay::wheel(QPoint point, int notches)
+{
+    const QString up = u"4"_s;
+    const QString down = u"5"_s;
+    moveTo(point);
+    xdotool({u"click"_s, u"--repeat"_s, QString::number(std::abs(notches)), u"--delay"_s, u"40"_s,
+             notches > 0 ? up : down});
 }
 
 void VirtualDisplay::drag(QPoint from, QPoint to)

@@ -55,6 +55,8 @@ public:
     void press();
     void release();
     void click(QPoint point, int times = 1);
+    /// Turns the wheel over a point: notches up, or down where they are negative.
+    void wheel(QPoint point, int notches);
     /// From one point to another with the button held.
     void drag(QPoint from, QPoint to);
     /// xdotool's names: "space", "ctrl+s", "bracketright".
