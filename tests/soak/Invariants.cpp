@@ -5,17 +5,18 @@
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "library/TrackTableModel.h"
-#include "navigation/LB_NavigationView.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/NumberField.h"
+#include "platform/ui/Popover.h"
 #include "platform/ui/StateButton.h"
 #include "settings/LB_SettingsController.h"
+#include "soak/PresetWatch.h"
+#include "soak/Widgets.h"
 
-#include <QApplication>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QMainWindow>
 #include <QTableView>
+#include <QTreeView>
 
 #include <algorithm>
 #include <cmath>
@@ -28,27 +29,6 @@ namespace {
 
 /// Half of the last decimal that the fields show.
 constexpr float fieldPrecision = 0.051F;
-
-/// The windows' widgets by name, and those controllers that a widget leads to.
-class Program {
-public:
-    static LB_NavigationView *navigation()
-    {
-        return widget<LB_NavigationView>(u"navigationView"_s);
-    }
-
-    template <typename Widget>
-    static Widget *widget(const QString &name)
-    {
-        for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (qobject_cast<QMainWindow *>(window) == nullptr)
-                continue;
-            if (auto *found = window->findChild<Widget *>(name))
-                return found;
-        }
-        return nullptr;
-    }
-};
 
 class Findings {
 public:
@@ -145,7 +125,7 @@ void checkPresets(Findings &findings, const LB_AudioController &audio)
     }
     findings.require(ids.contains(0), u"there is no manual preset"_s);
 
-    const auto *table = Program::widget<QTableView>(u"presetTableView"_s);
+    const auto *table = widget<QTableView>(u"presetTableView"_s);
     const QModelIndexList rows = table->selectionModel()->selectedRows();
     findings.require(table->model()->rowCount() == static_cast<int>(presets->size()),
                      u"the preset list does not show the presets"_s);
@@ -163,9 +143,42 @@ void checkPresets(Findings &findings, const LB_AudioController &audio)
         const QString number = QString::number(band);
         findings.requireNear((*(*preset)->levels)[band], level, 0.001F,
                              u"band %1 of preset and engine differ"_s.arg(number));
-        findings.requireNear(Program::widget<LB_Slider>(u"slider"_s + number)->floatValue(), level,
-                             0.001F, u"slider and band %1 differ"_s.arg(number));
-        requireField(findings, Program::widget<NumberField>(u"box"_s + number), level);
+        findings.requireNear(widget<LB_Slider>(u"slider"_s + number)->floatValue(), level, 0.001F,
+                             u"slider and band %1 differ"_s.arg(number));
+        requireField(findings, widget<NumberField>(u"box"_s + number), level);
+    }
+}
+
+/// What a popover asks about is what is selected behind it.
+void checkPopovers(Findings &findings, const LB_AudioController &audio)
+{
+    const auto question = [](const QString &windowName) {
+        const auto *window = topLevel(windowName);
+        const auto *popover = window != nullptr ? window->findChild<Popover *>() : nullptr;
+        return popover != nullptr && popover->isShown() ? popover->accessibleName() : QString();
+    };
+    const auto *table = widget<QTableView>(u"presetTableView"_s);
+    const QString preset = table->selectionModel()->selectedRows().value(0).data().toString();
+    const qint64 selected = userDefaults().value(defaultsKey::eqPreset, -1).toLongLong();
+    const std::shared_ptr<EqPresetList> presets = audio.settings()->eqPresetArray();
+    const bool isBuiltIn =
+        std::any_of(presets->begin(), presets->end(), [&](const EqPresetRef &record) {
+            return record->id == selected && record->persistent;
+        });
+    const QString ofPreset = question(u"EqualizerWindow"_s);
+    if (!ofPreset.isEmpty())
+        findings.require(
+            ofPreset == (isBuiltIn ? u"Enter a name for the new preset"_s
+                                   : u"Remove preset '%1'?"_s.arg(preset)),
+            u"the popover says \"%1\" while \"%2\" is selected"_s.arg(ofPreset, preset));
+    const QString ofFolder = question(u"MainWindow"_s);
+    if (ofFolder.startsWith(u"Remove"_s)) {
+        const auto *tree = widget<QTreeView>(u"folderOutlineView"_s);
+        const QModelIndex row = tree->selectionModel()->selectedRows().value(0);
+        findings.require(ofFolder == u"Remove folder '%1'?"_s.arg(row.data().toString()) &&
+                             !row.parent().isValid(),
+                         u"the popover says \"%1\" while \"%2\" is selected"_s.arg(
+                             ofFolder, row.data().toString()));
     }
 }
 
@@ -175,7 +188,7 @@ void checkQueue(Findings &findings, const LB_QueueController &queue)
     findings.require(queue.content().empty() ||
                          queue.content().size() == queue.orderedArray().size(),
                      u"the queue has lost or won songs"_s);
-    const bool shuffling = Program::widget<StateButton>(u"shuffleButton"_s)->state() == 1;
+    const bool shuffling = widget<StateButton>(u"shuffleButton"_s)->state() == 1;
     findings.require(shuffling == queue.isShuffling(),
                      u"the shuffle button is not like the queue"_s);
     // A list that was built anew may have lost the song that is loaded; the index then stays.
@@ -191,7 +204,7 @@ void checkQueue(Findings &findings, const LB_QueueController &queue)
 
 void checkList(Findings &findings, const LB_AudioController &audio)
 {
-    const auto *table = Program::widget<QTableView>(u"trackTableView"_s);
+    const auto *table = widget<QTableView>(u"trackTableView"_s);
     const auto *model = qobject_cast<const TrackTableModel *>(table->model());
     if (model == nullptr)
         return;
@@ -212,7 +225,7 @@ void checkList(Findings &findings, const LB_AudioController &audio)
 
 QStringList brokenInvariants()
 {
-    const LB_NavigationView *navigation = Program::navigation();
+    const LB_NavigationView *navigation = navigationView();
     if (navigation == nullptr || navigation->audio() == nullptr)
         return {}; // not launched yet
     Findings findings;
@@ -221,6 +234,9 @@ QStringList brokenInvariants()
     checkButtons(findings, audio, *navigation->queue());
     checkValues(findings, audio);
     checkPresets(findings, audio);
+    checkPopovers(findings, audio);
+    for (const QString &lost : lostPresets(*audio.settings()->eqPresetArray()))
+        findings.require(false, u"the preset \"%1\" is lost"_s.arg(lost));
     checkQueue(findings, *navigation->queue());
     checkList(findings, audio);
     return findings.broken();
@@ -228,7 +244,7 @@ QStringList brokenInvariants()
 
 void writeSettings()
 {
-    if (const LB_NavigationView *navigation = Program::navigation())
+    if (const LB_NavigationView *navigation = navigationView())
         navigation->audio()->settings()->appWillTerminate();
 }
 

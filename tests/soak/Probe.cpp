@@ -2,6 +2,7 @@
 
 #include "engine/AudioEngine.h"
 #include "soak/Invariants.h"
+#include "soak/Trials.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -15,6 +16,7 @@
 
 #include <malloc.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -105,16 +107,36 @@ void Probe::read()
     }
     m_pending.append(block.constData(), got);
     for (qsizetype end = m_pending.indexOf('\n'); end >= 0; end = m_pending.indexOf('\n')) {
-        if (m_pending.left(end) == "settings")
-            writeSettings();
+        const QByteArray question = m_pending.left(end);
         m_pending.remove(0, end + 1);
-        QTimer::singleShot(0, this, &Probe::answer);
+        QTimer::singleShot(0, this, [this, question] {
+            obey(question);
+            answer();
+        });
     }
+}
+
+void Probe::obey(const QByteArray &question)
+{
+    if (question == "settings")
+        writeSettings();
+    // While a dialog or a menu is open, a user reaches nothing else.
+    if (QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr)
+        return;
+    if (question == "normal")
+        m_broken = normalIsReachable();
+    else if (question == "own order")
+        m_broken = ownOrderIsReachable();
+    else if (question.startsWith("command "))
+        chooseCommand(QString::fromUtf8(question.mid(8)));
 }
 
 void Probe::answer()
 {
-    QByteArray line = QJsonDocument(state()).toJson(QJsonDocument::Compact) + '\n';
+    QJsonObject answer = state();
+    answer.insert(u"trial"_s, QJsonArray::fromStringList(std::exchange(m_broken, {})));
+    QByteArray line = QJsonDocument(answer).toJson(QJsonDocument::Compact) + '\n';
     while (!line.isEmpty()) {
         const ssize_t written =
             ::write(STDOUT_FILENO, line.constData(), static_cast<std::size_t>(line.size()));

@@ -63,6 +63,9 @@ CLICKED = (
        "stepControls", "stepControls", "boxes", "inputField", "albumArtImageView", "transportView", "titleField"])
 SLID = (["outputVolumeSlider", "playbackSpeedSlider", "playbackPitchSlider", "navigationView", "splitView"]
         + [f"slider{band}" for band in range(10)])
+# Held for as long as a hand rests on them: repeats come from the display server.
+HELD_KEYS = ("Left", "Right", "Down", "Up", "Return", "space", "BackSpace", "Delete", "equal", "bracketleft", "l", "0",
+             "ctrl+Right", "ctrl+Left", "ctrl+Up", "ctrl+r", "ctrl+s", "shift+Right", "shift+Left")
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 
@@ -228,6 +231,7 @@ class Soak:
         self.recent = collections.deque(maxlen=50)
         self.samples, self.starts, self.modal_since, self.server_returns, self.modules = [], 0, None, None, []
         self.slowest = 0.0
+        self.built_in = set()  # the ids of the presets that ship with the program
         self.underruns, self.device_underruns, self.stalled_underruns, self.device_changed = 0, 0, 0, 0.0
         self.seen = collections.Counter()  # in how many looks: a soak that never plays a song proves nothing
         self.errors = open(f"{root}/stderr", "ab+")
@@ -287,6 +291,19 @@ class Soak:
             if time.monotonic() - begin > PATIENCE:
                 raise Failure("the window does not come")
             time.sleep(0.05)
+        stored = self.stored_presets()
+        self.ask("settings")
+        lost = [name for key, name in stored.items() if key not in self.stored_presets()]
+        if lost:
+            raise Failure(f"presets that a start has lost: {lost}")
+
+    def stored_presets(self):
+        """The names of the presets in the settings file, by their ids."""
+        try:
+            content = pathlib.Path(self.root, "data/Lyrabox/EQPresets.plist").read_bytes()
+        except FileNotFoundError:
+            return {}
+        return {preset["id"]: preset["name"] for preset in plistlib.loads(content)}
 
     def ask(self, question):
         begin = time.monotonic()
@@ -428,6 +445,73 @@ class Soak:
         self.held = False
         return "let go"
 
+    def press_long(self, dice):
+        """Holds a key over several of its repeats, and lets it go."""
+        keys, rests = dice.choice(HELD_KEYS).split("+"), dice.uniform(0.4, 1.2)
+        self.xdotool("keydown", *keys) if len(keys) == 1 else self.xdotool("keydown", keys[0], "keydown", keys[1])
+        time.sleep(rests)
+        for key in reversed(keys):
+            self.xdotool("keyup", key)
+        return f"press {'+'.join(keys)} for {rests:.1f} s"
+
+    def ask_behind(self, dice):
+        """Opens the question whether a preset or folder is to go, and lets something happen behind it."""
+        kind, row = dice.choice(("preset", "preset", "folder")), dice.randrange(3)
+        event = dice.choice(("wheel", "wheel", "second folder", "second song", "ctrl+Right", "ctrl+1", "ctrl+2",
+                             "ctrl+w", "ctrl+o", "space", "nothing", "files"))
+        band, name = dice.randrange(10), dice.choice(("Hall", "Stage", "New"))
+        answer = dice.choice(("Return", "Return", "Escape", "leave"))
+        song = self.music.songs[dice.randrange(len(self.music.songs))]
+        if kind == "preset":
+            # One of the user's own, which is then selected.
+            self.xdotool("key", "Escape", "ctrl+2")
+            self.click_in("presetTableView", 30, 12)
+            self.xdotool("key", "Insert", "type", "--delay", 1, name)
+            self.xdotool("key", "Return", "Delete")
+        else:
+            self.xdotool("key", "Escape", "ctrl+1", "ctrl+b")
+            self.click_in("folderOutlineView", 90, row * 24 + 12)
+            self.xdotool("key", "Delete")
+        self.ask("state")
+        self.seen["a question"] += "okButton" in self.state["targets"]
+        if event == "wheel":
+            x, y = self.point(random.Random(band), f"slider{band}")
+            self.xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 1, 4 + band % 2)
+        elif event.startswith("second"):
+            self.hand_over(str(song if event == "second song" else self.music.shown))
+        elif event == "files":
+            self.music.act(random.Random(band))
+        elif event == "ctrl+w" and kind == "folder":
+            pass  # would end the program
+        elif event != "nothing":
+            self.xdotool("key", event)
+        self.check()
+        if answer != "leave":
+            self.xdotool("key", answer)
+        return f"ask whether a {kind} is to go, {event}, {answer}"
+
+    def click_in(self, target, across, down):
+        frame = self.state.get("targets", {}).get(target) or [20, 100, 300, 300]
+        self.xdotool("mousemove", frame[0] + across, frame[1] + min(down, max(frame[3] - 2, 0)), "click", 1)
+
+    def try_out(self, question):
+        state = self.ask(question)
+        if state["trial"]:
+            raise Failure("; ".join(state["trial"]))
+        return question
+
+    def normal(self, dice):
+        del dice
+        return self.try_out("normal")
+
+    def own_order(self, dice):
+        del dice
+        return self.try_out("own order")
+
+    def subfolders(self, dice):
+        del dice
+        return self.try_out("command Include Subfolders")
+
     def hold_key(self, dice):
         key = dice.choice(("Left", "Right"))
         self.xdotool("keydown", key)
@@ -447,7 +531,7 @@ class Soak:
         return f"key {key}"
 
     def menu(self, dice):
-        letter, down, end = dice.choice("fepswh"), dice.randrange(12), dice.choice(("Return", "Return", "Escape"))
+        letter, down, end = dice.choice("fevpswh"), dice.randrange(12), dice.choice(("Return", "Return", "Escape"))
         if letter == "f" and end == "Return":
             down = min(down, 1)  # Quit has an action of its own
         self.xdotool("key", "--delay", 4, f"alt+{letter}", *["Down"] * down, end)
@@ -502,21 +586,26 @@ class Soak:
 
     def second(self, dice):
         """A second start hands over to the first and ends."""
-        del dice
-        done = subprocess.run([self.program], env=self.env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                              stderr=self.errors, timeout=PATIENCE, check=False)
+        kind = dice.choice(("nothing", "song", "folder"))
+        song = dice.choice(self.music.songs)
+        self.hand_over(*{"nothing": (), "song": (str(song),), "folder": (str(self.music.shown),)}[kind])
+        return f"second start with {kind}"
+
+    def hand_over(self, *arguments):
+        done = subprocess.run([self.program, *arguments], env=self.env, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, stderr=self.errors, timeout=PATIENCE, check=False)
         if done.returncode != 0:
             raise Failure(f"a second start has ended with {done.returncode}")
-        return "second start"
 
     def rest(self, dice):
         del dice
         return "rest"
 
     ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
-               ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("wheel", 5),
-               ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8), ("device", 3),
-               ("second", 0.2), ("rest", 3))
+               ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("press_long", 1),
+               ("wheel", 5), ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8),
+               ("device", 3), ("second", 0.2), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
+               ("subfolders", 0.3), ("rest", 3))
 
     def act(self, number):
         dice = random.Random(f"{self.seed}/{number}")
@@ -603,6 +692,9 @@ class Soak:
                 "default song settings are stored")
         ids = [preset["id"] for preset in presets]
         require(len(ids) == len(set(ids)) and 0 in ids, "the presets' ids are not one each, or without the manual one")
+        self.built_in = self.built_in or {preset["id"] for preset in presets if "persistent" in preset}
+        require(self.built_in <= {preset["id"] for preset in presets if "persistent" in preset},
+                "a preset that ships with the program is lost")
         require(all(len(p["levels"]) == 10 and all(-12 <= level <= 12 for level in p["levels"]) for p in presets),
                 "a preset without ten levels within 12 dB")
         require(all(isinstance(path, str) and path for path in folders), "a folder without a path")
