@@ -31,6 +31,21 @@ protected:
     QSignalSpy entered{&field, &NumberField::entered};
 };
 
+TEST_F(NumberFieldTest, AnEditThatIsEndedFromOutsideIsEnteredOnceAndLeavesTheKeyboard)
+{
+    field.setLimits(-12.0F, 12.0F);
+    field.show();
+    field.setFocus();
+    field.finishEdit();
+    EXPECT_EQ(entered.count(), 0) << "nothing was being typed";
+    type(u"40"_s);
+    field.finishEdit();
+    field.finishEdit();
+    EXPECT_EQ(entered.count(), 1);
+    EXPECT_EQ(field.floatValue(), 12.0F);
+    EXPECT_EQ(field.focusWidget(), &field);
+}
+
 TEST_F(NumberFieldTest, ShowsUpToTwoDecimalsAndTheSuffix)
 {
     field.setSuffix(u" %"_s);
