@@ -116,7 +116,8 @@ public:
     float outputVolume() const;
     void setOutputVolume(float volume);
 
-    /// Percent; 100 is normal. Moves the slider and the field along.
+    /// Percent; 100 is normal. Moves the slider and the field along. Reads back exactly as it was
+    /// set.
     float playbackSpeedPct() const;
     void setPlaybackSpeedPct(float pct);
 
@@ -191,4 +192,5 @@ private:
     lyrabox::TrackRecordRef m_currentTrack;
     qint64 m_currentSeconds = 0;
     bool m_loopStartIsSet = false;
+    float m_speedPct = 100.0F; ///< as it was set last
 };

@@ -106,7 +106,9 @@ void LB_AudioController::setOutputVolume(float volume)
 
 float LB_AudioController::playbackSpeedPct() const
 {
-    return engine::playbackRate() * 100.0F;
+    // Most percentages are no exact multiple of their rate: 105 would come back as 104.999992.
+    const float rate = engine::playbackRate();
+    return rate == transport::rateOf(m_speedPct) ? m_speedPct : rate * 100.0F;
 }
 
 void LB_AudioController::setPlaybackSpeedPct(float pct)
@@ -115,7 +117,8 @@ void LB_AudioController::setPlaybackSpeedPct(float pct)
         return;
     m_playbackSpeedSlider->animateToFloatValue(pct);
     m_playbackSpeedTextField->setFloatValue(pct);
-    engine::setPlaybackRate(pct / 100.0F);
+    m_speedPct = pct;
+    engine::setPlaybackRate(transport::rateOf(pct));
     Q_EMIT speedOrPitchChanged();
 }
 

@@ -13,15 +13,28 @@ float clamped(float value, float minimum, float maximum)
     return value > maximum ? maximum : value;
 }
 
+namespace {
+
+/// Takes away what rounding to floats has added to a value in hundredths.
+float withoutRoundingError(double value)
+{
+    constexpr double tolerance = 0.01; // hundredths
+    const double hundredths = std::round(value * 100.0);
+    return static_cast<float>(std::abs(value * 100.0 - hundredths) < tolerance ? hundredths / 100.0
+                                                                               : value);
+}
+
+} // namespace
+
 float stepped(int tag, float current, float step, float normal)
 {
     switch (tag) {
     case 0:
-        return current - step;
+        return withoutRoundingError(static_cast<double>(current) - static_cast<double>(step));
     case 1:
         return normal;
     case 2:
-        return current + step;
+        return withoutRoundingError(static_cast<double>(current) + static_cast<double>(step));
     default:
         return current;
     }

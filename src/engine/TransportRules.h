@@ -16,8 +16,15 @@ constexpr float pitchStep = 100.0F;   ///< cents, one semitone
 float clamped(float value, float minimum, float maximum);
 
 /// What a cell of a step matrix makes of the current value: tag 0 one step down, 1 the normal
-/// value, 2 one step up, any other the current value.
+/// value, 2 one step up, any other the current value. A step from a value in hundredths gives the
+/// float nearest to the hundredth that it leads to, so a step back returns to the same float.
 float stepped(int tag, float current, float step, float normal);
+
+/// The engine's rate for a speed in percent.
+constexpr float rateOf(float percent)
+{
+    return percent / 100.0F;
+}
 
 /// Whether a typed number is taken: 0, which is also what text that is no number reads as, is not.
 bool isAcceptedEntry(float value);

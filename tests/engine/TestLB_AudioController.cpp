@@ -237,7 +237,7 @@ TEST_F(AudioController, StoredValuesAreAppliedToASongThatHasThem)
     auto record = TransportFixture::track(u"Song"_s, u"42"_s);
     record->hasSettings = true;
     transport.load(record);
-    EXPECT_FLOAT_EQ(player.playbackSpeedPct(), 70.0F);
+    EXPECT_EQ(player.playbackSpeedPct(), 70.0F);
     EXPECT_EQ(player.playbackPitch(), 200.0F);
     EXPECT_EQ(transport.playbackSpeedSlider->floatValue(), 70.0F);
     EXPECT_EQ(transport.playbackPitchTextField->floatValue(), 200.0F);

@@ -27,6 +27,15 @@ TEST(TransportRules, TagsStepDownResetAndUpAndOthersChangeNothing)
     EXPECT_EQ(stepped(0, 0.0F, pitchStep, normalPitch), -100.0F);
 }
 
+TEST(TransportRules, AStepFromHundredthsLandsOnTheNearestFloatOfTheHundredth)
+{
+    EXPECT_EQ(stepped(2, 123.4F, speedStep, normalSpeed), 128.4F);
+    EXPECT_EQ(stepped(0, 128.4F, speedStep, normalSpeed), 123.4F);
+    EXPECT_EQ(stepped(2, 99.99999237F, speedStep, normalSpeed), 105.0F);
+    // Other fractions stay what they are.
+    EXPECT_EQ(stepped(2, 62.003F, speedStep, normalSpeed), 62.003F + 5.0F);
+}
+
 TEST(TransportRules, ZeroAndNotANumberAreRefusedAsEntries)
 {
     EXPECT_FALSE(isAcceptedEntry(0.0F));
