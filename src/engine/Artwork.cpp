@@ -33,6 +33,19 @@ qint64 decodedBytes(const QImageReader &reader, const QSize &size)
     return qint64{size.width()} * size.height() * bits / 8;
 }
 
+/// What is kept of a decoded image.
+QImage reduced(const QImage &image)
+{
+    if (image.isNull() || isTooLarge(image.size()))
+        return {};
+    if (std::max(image.width(), image.height()) <= keptArtworkSide)
+        return image;
+    const QSize size = image.size()
+                           .scaled(keptArtworkSide, keptArtworkSide, Qt::KeepAspectRatio)
+                           .expandedTo(QSize(1, 1));
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 } // namespace
 
 QImage decodedArtwork(const QByteArray &data)
@@ -54,8 +67,7 @@ QImage decodedArtwork(const QByteArray &data)
             return {};
         reader.setScaledSize(half); // decoded so, not made smaller afterwards
     }
-    QImage image = reader.read();
-    return isTooLarge(image.size()) ? QImage() : image;
+    return reduced(reader.read());
 }
 
 } // namespace lyrabox

@@ -171,7 +171,13 @@ void LB_AudioController::announceTrackChange()
 
 QImage LB_AudioController::embeddedArtwork() const
 {
-    return lyrabox::decodedArtwork(engine::albumArtData());
+    // Decoded once for everyone who shows it. Both share one buffer as long as it is the same song.
+    const QByteArray data = engine::albumArtData();
+    if (data.constData() != m_artworkData.constData() || data.size() != m_artworkData.size()) {
+        m_artwork = lyrabox::decodedArtwork(data);
+        m_artworkData = data;
+    }
+    return m_artwork;
 }
 
 QImage LB_AudioController::albumArtImage() const

@@ -13,6 +13,7 @@
 #include "platform/ui/StateButton.h"
 #include "settings/SongValues.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QObject>
 
@@ -138,7 +139,7 @@ public:
     /// Told of a load that takes long: seconds decoded, of how many as far as the file tells.
     void setProgressHook(lyrabox::ProgressHook hook);
     void emptyPlayer();
-    /// The song's own artwork; null without one.
+    /// The song's own artwork, no larger than decodedArtwork() keeps it; null without one.
     QImage embeddedArtwork() const;
     /// The song's artwork, or the image named "LBAlbumArt".
     QImage albumArtImage() const;
@@ -192,5 +193,7 @@ private:
     lyrabox::TrackRecordRef m_currentTrack;
     qint64 m_currentSeconds = 0;
     bool m_loopStartIsSet = false;
-    float m_speedPct = 100.0F; ///< as it was set last
+    float m_speedPct = 100.0F;        ///< as it was set last
+    mutable QByteArray m_artworkData; ///< what m_artwork was decoded from
+    mutable QImage m_artwork;
 };

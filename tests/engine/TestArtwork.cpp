@@ -55,6 +55,19 @@ TEST(Artwork, AnImageOverTheLimitIsNull)
     EXPECT_TRUE(decodedArtwork(encoded(redImage(1, maximumArtworkSide + 1), "PNG")).isNull());
 }
 
+TEST(Artwork, ALargeImageIsKeptNoLargerThanItIsShown)
+{
+    for (const char *format : {"PNG", "JPEG"}) {
+        const QImage wide = decodedArtwork(encoded(redImage(4000, 2000), format));
+        EXPECT_EQ(wide.size(), QSize(keptArtworkSide, keptArtworkSide / 2)) << format;
+        EXPECT_GT(wide.pixelColor(wide.rect().center()).red(), 240) << format;
+    }
+    const QImage fits = decodedArtwork(encoded(redImage(keptArtworkSide, 3), "PNG"));
+    EXPECT_EQ(fits.size(), QSize(keptArtworkSide, 3));
+    const QImage thin = decodedArtwork(encoded(redImage(3, maximumArtworkSide), "PNG"));
+    EXPECT_EQ(thin.size(), QSize(1, keptArtworkSide));
+}
+
 TEST(Artwork, AHeaderThatClaimsAHugeImageIsNull)
 {
     QByteArray data = encoded(redImage(64, 64), "BMP");

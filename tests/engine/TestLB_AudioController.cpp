@@ -279,6 +279,28 @@ TEST_F(AudioController, ArtworkIsShownAndGoesWithTheSong)
     EXPECT_EQ(transport.albumArtImageView->image(), placeholder);
 }
 
+TEST_F(AudioController, ArtworkIsDecodedOnceForEveryoneWhoShowsIt)
+{
+    const auto loadWith = [this](Qt::GlobalColor color) {
+        QImage picture(40, 30, QImage::Format_RGB32);
+        picture.fill(color);
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        picture.save(&buffer, "PNG");
+        transport.song->artwork = buffer.data();
+        loadedTrack();
+    };
+    loadWith(Qt::green);
+    const QImage first = player.embeddedArtwork();
+    EXPECT_EQ(first.pixelColor(5, 5), QColor(Qt::green));
+    EXPECT_EQ(first.cacheKey(), transport.albumArtImageView->image().cacheKey());
+    EXPECT_EQ(first.cacheKey(), player.albumArtImage().cacheKey());
+    loadWith(Qt::red);
+    EXPECT_EQ(player.embeddedArtwork().pixelColor(5, 5), QColor(Qt::red));
+    player.emptyPlayer();
+    EXPECT_TRUE(player.embeddedArtwork().isNull());
+}
+
 TEST_F(AudioController, BrokenArtworkShowsThePlaceholder)
 {
     const QImage placeholder = player.albumArtImage();
