@@ -208,6 +208,7 @@ void LB_AudioController::updateSettingsPopup()
     const bool hasSettings = m_currentTrack && m_currentTrack->hasSettings;
     m_settingsPopup->setFirstItemImage(
         lyrabox::NamedImage(hasSettings ? u"SettingsButtonOn"_s : u"SettingsButtonOff"_s));
+    Q_EMIT songSettingsShown();
 }
 
 void LB_AudioController::playPauseButtonPressed(lyrabox::StateButton *sender)

@@ -164,6 +164,8 @@ Q_SIGNALS:
     void runningChanged(bool running);
     void speedOrPitchChanged();
     void loopChanged();
+    /// The pop-up shows anew whether the song has settings, and the song's record says the same.
+    void songSettingsShown();
     /// The position was set, by whomever; not when a loop or the next song sets it.
     void positionSet();
 

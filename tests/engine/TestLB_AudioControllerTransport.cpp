@@ -288,6 +288,18 @@ TEST_F(AudioController, RemovingSettingsKeepsWhatIsPlayed)
     EXPECT_EQ(player.playbackSpeedPct(), 75.0F);
 }
 
+TEST_F(AudioController, TellsOfKeptAndForgottenSettingsWhenTheRecordKnowsOfThem)
+{
+    const auto record = loadedTrack();
+    std::vector<bool> told;
+    QObject::connect(&player, &LB_AudioController::songSettingsShown, &context,
+                     [&] { told.push_back(record->hasSettings); });
+    player.setPlaybackSpeedPct(75.0F);
+    player.saveSettings();
+    player.removeSettings();
+    EXPECT_THAT(told, ElementsAre(true, false));
+}
+
 TEST_F(AudioController, SettingsOfNoSongAreNotStored)
 {
     int changes = 0;

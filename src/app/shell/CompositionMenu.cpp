@@ -62,7 +62,8 @@ void Composition::connectMenu()
             &LB_TrackController::scrollToCurrentTrack);
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, notification::currentTrackChanged, [this] { updateMenu(); });
-    center.addObserver(this, notification::songSettingsChanged, [this] { updateMenu(); });
+    // Not the notification of the settings: the record follows them only after it.
+    connect(audio, &LB_AudioController::songSettingsShown, this, &Composition::updateMenu);
 
     connect(m_menu->addFolder, &QAction::triggered, &m_folders, [this] {
         m_main.sourceTabView->showTab(LB_SourceTabView::FolderTab);
