@@ -119,8 +119,13 @@ void LB_NavigationView::seekToSecond(double second)
 void LB_NavigationView::seekBySeconds(double seconds)
 {
     const double rate = m_audio->audioBufferFormat().mSampleRate;
-    if (rate > 0.0)
-        seekToSecond(static_cast<double>(m_audio->currentFrame()) / rate + seconds);
+    if (!(rate > 0.0))
+        return;
+    const double present = static_cast<double>(m_audio->currentFrame()) / rate;
+    // Beyond where seekToSecond() would stop, forward leads nowhere.
+    if (seconds > 0.0 && present >= static_cast<double>(m_audio->totalSeconds()) - 1.0)
+        return;
+    seekToSecond(present + seconds);
 }
 
 void LB_NavigationView::keyPressEvent(QKeyEvent *event)

@@ -55,7 +55,8 @@ public:
     /// nowhere.
     void seekToSecond(double second);
 
-    /// Moves on by so many seconds, or back by a negative number.
+    /// Moves on by so many seconds, or back by a negative number. Never goes back in place of on:
+    /// in the song's last second there is no way on.
     void seekBySeconds(double seconds);
 
     /// What an arrow key moves by, and PageUp and PageDown.

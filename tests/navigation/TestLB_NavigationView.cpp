@@ -263,6 +263,32 @@ TEST_F(NavigationView, AKeyNeverSeeksPastTheLastSecond)
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
 }
 
+TEST_F(NavigationView, AKeyForwardNearTheEndNeverGoesBack)
+{
+    f.play(20);
+    for (const Frame frame : {20 * rate - 2000, 19 * rate + 1, 19 * rate}) {
+        f.audio().setCurrentFrame(frame);
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_PageUp}) {
+            QTest::keyClick(&f.view, key);
+            EXPECT_EQ(f.audio().currentFrame(), frame);
+        }
+    }
+    // Back is as far as from anywhere else.
+    f.audio().setCurrentFrame(20 * rate - 2000);
+    QTest::keyClick(&f.view, Qt::Key_Left);
+    EXPECT_EQ(f.audio().currentFrame(), 15 * rate - 2000);
+}
+
+TEST_F(NavigationView, AKeyForwardWorksUpToTheLastSecondOfASongThatIsNoWholeSecondsLong)
+{
+    f.play(20);
+    f.transport.song->frames = 20 * rate + 40000;
+    f.transport.load(f.list.front());
+    f.audio().setCurrentFrame(19 * rate + 20000);
+    QTest::keyClick(&f.view, Qt::Key_Right);
+    EXPECT_GE(f.audio().currentFrame(), 19 * rate + 20000);
+}
+
 TEST_F(NavigationView, AKeyDoesNotSeekBeforeTheLoop)
 {
     f.play(100);
