@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <algorithm>
 #include <limits>
 
 namespace lyrabox::test {
@@ -224,11 +225,32 @@ TEST_F(AudioController, LoadingStopsBeforeItReadsAndStartsLast)
 {
     transport.playPauseButton->setState(1);
     loadedTrack();
+    ASSERT_TRUE(transport.audio.outputIsRunning());
     transport.audio.clearCalls();
-    loadedTrack(u"Next"_s);
+    std::vector<std::string> callsBeforeReading;
+    std::size_t callsAtLastRead = 0;
+    transport.song->sample = [&](std::uint32_t, std::uint64_t) {
+        if (callsAtLastRead == 0)
+            callsBeforeReading = transport.audio.calls();
+        callsAtLastRead = transport.audio.calls().size();
+        return 0.0F;
+    };
+    transport.song->frames = 10000;
+    auto record = TransportFixture::track(u"Next"_s);
+    record->hasSettings = true;
+    transport.settings.setValuesForInode({.speed = 70.0F, .pitch = 200.0F}, record->inode);
+    EXPECT_EQ(transport.load(record), 0);
+    EXPECT_THAT(callsBeforeReading, Contains("output1.stop"));
     const auto calls = transport.audio.calls();
-    EXPECT_EQ(calls.front(), "output1.stop");
     EXPECT_EQ(calls.back(), "output1.start");
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "output1.start"), 1);
+    // What belongs to the song is set between the two.
+    const auto indexOf = [&](const std::string &call) {
+        return static_cast<std::size_t>(std::find(calls.begin(), calls.end(), call) -
+                                        calls.begin());
+    };
+    EXPECT_GE(indexOf("timePitch1.setParameter(0, 0.7)"), callsAtLastRead);
+    EXPECT_LT(indexOf("timePitch1.setParameter(1, 200)"), calls.size() - 1);
 }
 
 TEST_F(AudioController, StoredValuesAreAppliedToASongThatHasThem)

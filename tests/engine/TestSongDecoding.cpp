@@ -280,6 +280,27 @@ TEST_F(SongDecoding, MemoryThatRunsOutWhileReadingLeavesTheEngineEmpty)
     EXPECT_EQ(sampleAt(0), 0.0F);
 }
 
+TEST_F(SongDecoding, MemoryIsAskedForWhatTheNextReadWillNeed)
+{
+    // The first read needs 8,192 frames and a byte for each channel, 65,538 bytes in all.
+    song->estimateIsKnown = false;
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{65537}; });
+    EXPECT_EQ(loadSong(1000), status::notEnoughMemory);
+    EXPECT_THAT(song->calls, Not(Contains(StartsWith("read"))));
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{65538}; });
+    EXPECT_EQ(loadSong(1000), 0);
+    EXPECT_EQ(engine::totalFrames(), 1000U);
+}
+
+TEST_F(SongDecoding, WhatIsDecodedAlreadyIsNotAskedForAgain)
+{
+    // Half of the song, and what one read needs, is less than all that was decoded.
+    song->estimateIsKnown = false;
+    engine::setAvailableMemoryProbe([] { return std::uint64_t{200000}; });
+    EXPECT_EQ(loadSong(100000), 0); // 800,000 bytes
+    EXPECT_EQ(engine::totalFrames(), 100000U);
+}
+
 TEST_F(SongDecoding, AWrongEstimateDoesNotCutTheSong)
 {
     song->estimatedFrames = 10;

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <cmath>
+#include <utility>
 
 namespace lyrabox {
 namespace {
@@ -87,10 +88,30 @@ TEST_F(NavigationView, ClickRightOfTheLoopEndSeeksThere)
 
 TEST_F(NavigationView, ClickWithoutATrackSeeksToFrameZeroAndHoverShowsNothing)
 {
+    f.audio().setCurrentFrame(5000);
     hover(200);
     EXPECT_EQ(f.view.hoverText(), QString());
+    EXPECT_FALSE(f.view.hoverTimer()->isActive());
     click(200);
     EXPECT_EQ(f.audio().currentFrame(), 0U);
+}
+
+TEST_F(NavigationView, ASeekToTheFrameBehindTheLoopStartIsTheFirstThatIsNotHeldBack)
+{
+    f.play(100);
+    constexpr Frame loopStart = 50 * rate;
+    f.setLoopStart(loopStart);
+    for (const auto &[asked, reached] :
+         {std::pair(loopStart - 1, loopStart), std::pair(loopStart, loopStart),
+          std::pair(loopStart + 1, loopStart + 1), std::pair(Frame{0}, loopStart)}) {
+        f.audio().setCurrentFrame(70 * rate);
+        f.view.seekToFrame(asked);
+        EXPECT_EQ(f.audio().currentFrame(), reached) << asked;
+    }
+    // A loop start that is not set holds nothing back.
+    f.audio().setLoopStartIsSet(false);
+    f.view.seekToFrame(loopStart - 1);
+    EXPECT_EQ(f.audio().currentFrame(), loopStart - 1);
 }
 
 TEST_F(NavigationView, HoverShowsTheTimeUnderThePointer)
@@ -108,10 +129,18 @@ TEST_F(NavigationView, HoverTextIsEmptiedThreeSecondsAfterThePointerRests)
 {
     f.play(100);
     hover(200);
+    ASSERT_EQ(f.view.hoverText(), QStringLiteral("0:50"));
     EXPECT_EQ(f.view.hoverTimer()->interval(), 3000);
+    EXPECT_TRUE(f.view.hoverTimer()->isSingleShot());
     ASSERT_TRUE(f.view.hoverTimer()->isActive());
-    Q_EMIT f.view.hoverTimer()->timeout({});
-    EXPECT_EQ(f.view.hoverText(), QString());
+    // Each move begins the time anew.
+    f.view.hoverTimer()->stop();
+    hover(204);
+    ASSERT_TRUE(f.view.hoverTimer()->isActive());
+    ASSERT_EQ(f.view.hoverText(), QStringLiteral("0:51"));
+    f.view.hoverTimer()->setInterval(0); // for a pointer that has rested
+    EXPECT_TRUE(QTest::qWaitFor([this] { return f.view.hoverText().isEmpty(); }));
+    EXPECT_FALSE(f.view.hoverTimer()->isActive());
 }
 
 TEST_F(NavigationView, LeavingEmptiesTheHoverText)
