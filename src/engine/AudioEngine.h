@@ -81,7 +81,7 @@ void prepareForPlayback();
 /// Fills the equalizer's input from the song. Audio callback thread. At the end of the song (two
 /// pulls before the last frame) it stops the output instead and leaves `ioData` untouched. Frames
 /// that the song does not have, for whatever position or loop point, are silence. A seek made while
-/// it runs is kept.
+/// it runs is kept; but once the end is decided, a seek made in the same call is dropped.
 Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 

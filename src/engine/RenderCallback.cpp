@@ -44,7 +44,8 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     // Whoever seeks while this runs wins: the position moves on only from where it was found.
     const auto moveOn = [&engine, start](std::uint64_t frame) {
         std::uint64_t expected = start;
-        engine.currentFrame.compare_exchange_strong(expected, frame, std::memory_order_relaxed);
+        return engine.currentFrame.compare_exchange_strong(expected, frame,
+                                                           std::memory_order_relaxed);
     };
 
     // 32 bits and 64 bits on purpose; both may wrap, the position past the end as well as before
@@ -52,9 +53,14 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     const std::uint32_t margin = 2U * inNumberFrames;
     const std::uint64_t remaining = total - start;
     if (remaining <= margin) {
+        // Either the seek holds and the song goes on from there, or the song has ended and the seek
+        // came too late; never half of each.
+        const std::uint64_t end = total - margin;
+        if (!moveOn(end))
+            return status::noError;
         if (OutputUnit *output = engine.outputUnit.load(std::memory_order_acquire))
             output->stop();
-        moveOn(total - margin);
+        engine.currentFrame.store(end, std::memory_order_relaxed);
         engine.trackHasEnded.store(true, std::memory_order_release);
         return status::noError;
     }
