@@ -87,10 +87,17 @@ void exchangeChain(Chain &chain)
     if (control().isPrepared && current.timePitch)
         current.timePitch->prepare();
     state().eqUnit = current.equalizer.get();
-    state().timePitchUnit = current.timePitch.get();
+    state().timePitchUnit.store(current.timePitch.get(), std::memory_order_release);
     state().outputUnit.store(current.output.get(), std::memory_order_release);
     state().streamFormat = current.format;
     state().channelIndex.store(0, std::memory_order_relaxed);
+}
+
+/// Whether what an ended song left is to be heard, and is not yet.
+bool keepsHeldSound()
+{
+    const OutputUnit *output = control().chain.output.get();
+    return control().heldSoundIsKept && output && output->isPlayingOut();
 }
 
 /// Starts or stops, and remembers a start that failed: a device that comes back makes up for it.
@@ -100,7 +107,10 @@ void runOutput(bool running)
     if (!output)
         return;
     if (!running) {
-        output->stop();
+        if (keepsHeldSound())
+            control().haltIsDue = true;
+        else
+            output->stop();
         control().runOnNextDevice = false;
         return;
     }
@@ -194,6 +204,8 @@ void tearDownAudioSystem()
         if (control().chain.output)
             control().chain.output->stop();
         control().isPrepared = false;
+        control().heldSoundIsKept = false;
+        control().haltIsDue = false;
         exchangeChain(chain);
         watcher = std::move(control().watcher);
         control().waitsForDevice = false;
@@ -230,12 +242,32 @@ void seekToFrame(std::uint64_t frame)
     const Lock lock(control().mutex);
     state().currentFrame.store(frame, std::memory_order_release);
     const Chain &chain = control().chain;
-    if (chain.output)
+    const bool keeps = keepsHeldSound();
+    if (chain.output && !keeps)
         chain.output->reset();
-    if (chain.timePitch)
+    if (chain.timePitch && keeps)
+        chain.timePitch->resetAfterPlayOut();
+    else if (chain.timePitch)
         chain.timePitch->reset();
     if (chain.equalizer)
         chain.equalizer->reset();
+}
+
+void setHeldSoundIsKept(bool kept)
+{
+    const Lock lock(control().mutex);
+    control().heldSoundIsKept = kept;
+}
+
+void haltWhenPlayedOut()
+{
+    const Lock lock(control().mutex);
+    OutputUnit *output = control().chain.output.get();
+    if (!control().haltIsDue || (output && output->isPlayingOut()))
+        return;
+    control().haltIsDue = false;
+    if (output && !output->isRunning())
+        output->stop();
 }
 
 std::uint64_t currentFrame()

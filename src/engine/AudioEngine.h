@@ -40,7 +40,7 @@ struct AudioEngineState {
     std::atomic<std::uint64_t> loopEndFrame{0};
     std::atomic<std::uint64_t> loopStartFrame{0};
     std::atomic<OutputUnit *> outputUnit{nullptr};
-    TimePitchUnit *timePitchUnit = nullptr;
+    std::atomic<TimePitchUnit *> timePitchUnit{nullptr};
     std::atomic<std::uint64_t> totalFrames{0};
     std::atomic<bool> trackHasEnded{
         false}; ///< the render routine stopped the output at the end of the song
@@ -79,9 +79,10 @@ Status buildAudioSystem();
 void prepareForPlayback();
 
 /// Fills the equalizer's input from the song. Audio callback thread. At the end of the song (two
-/// pulls before the last frame) it stops the output instead and leaves `ioData` untouched. Frames
-/// that the song does not have, for whatever position or loop point, are silence. A seek made while
-/// it runs is kept; but once the end is decided, a seek made in the same call is dropped.
+/// pulls before the last frame) it stops the output instead and leaves `ioData` untouched; what
+/// time/pitch still holds is played out. Frames that the song does not have, for whatever position
+/// or loop point, are silence. A seek made while it runs is kept; but once the end is decided, a
+/// seek made in the same call is dropped.
 Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 
@@ -95,6 +96,15 @@ bool outputIsRunning();
 
 /// Moves the position and drops what the stages hold, so that the new position is heard at once.
 void seekToFrame(std::uint64_t frame);
+
+/// While `kept`: what a song that has ended left in time/pitch is not cut off by
+/// setOutputRunning(false), loadAudioFile() and emptyAudioBuffers(), and what is started next
+/// follows it. Only for changes that follow a song's end. Main thread.
+void setHeldSoundIsKept(bool kept);
+
+/// Halts the output once what was kept has been heard and nothing plays; until then the device goes
+/// on. To be called from time to time. Main thread.
+void haltWhenPlayedOut();
 
 /// Decodes the whole file into the engine, takes its artwork along and goes to frame 0. Output
 /// stopped; main thread; blocks. On a failure to open or convert the engine's song is unchanged; a

@@ -27,6 +27,8 @@ struct Control {
     bool waitsForDevice = false;
     bool runOnNextDevice = false;
     bool isPrepared = false; ///< and so is every chain to come
+    bool heldSoundIsKept = false;
+    bool haltIsDue = false; ///< a stop was put off, so that what was held is heard
 
     // Main thread, set before use.
     AudioUnitFactory factory;

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -161,6 +162,18 @@ void LB_AudioController::emptyPlayer()
     m_playPauseButton->setState(0);
     resetPlaybackSystem();
     announceTrackChange();
+}
+
+void LB_AudioController::changeAfterWhatIsHeld(const std::function<void()> &change)
+{
+    engine::setHeldSoundIsKept(true);
+    const auto end = qScopeGuard([] { engine::setHeldSoundIsKept(false); });
+    change();
+}
+
+void LB_AudioController::haltWhenPlayedOut()
+{
+    engine::haltWhenPlayedOut();
 }
 
 void LB_AudioController::announceTrackChange()

@@ -139,6 +139,13 @@ public:
     /// Told of a load that takes long: seconds decoded, of how many as far as the file tells.
     void setProgressHook(lyrabox::ProgressHook hook);
     void emptyPlayer();
+    /// Carries out `change`, which may load songs or empty the player. What a song that has come to
+    /// its end has left in the time/pitch stage is then heard to its end, and a song that starts
+    /// follows it.
+    void changeAfterWhatIsHeld(const std::function<void()> &change);
+    /// Halts the output when what an ended song had left has been heard and nothing else plays. To
+    /// be called from time to time.
+    void haltWhenPlayedOut();
     /// The song's own artwork, no larger than decodedArtwork() keeps it; null without one.
     QImage embeddedArtwork() const;
     /// The song's artwork, or the image named "LBAlbumArt".

@@ -60,6 +60,8 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
             return status::noError;
         if (OutputUnit *output = engine.outputUnit.load(std::memory_order_acquire))
             output->stop();
+        if (TimePitchUnit *timePitch = engine.timePitchUnit.load(std::memory_order_acquire))
+            timePitch->sourceHasEnded();
         engine.currentFrame.store(end, std::memory_order_relaxed);
         engine.trackHasEnded.store(true, std::memory_order_release);
         return status::noError;

@@ -187,7 +187,8 @@ void LB_NavigationView::updateTimeDisplay()
     glideTo(lyrabox::playFraction(m_audio->currentFrame(), totalFrames));
 
     if (m_audio->trackHasEnded())
-        m_queue->playNextTrack();
+        m_audio->changeAfterWhatIsHeld([this] { m_queue->playNextTrack(); });
+    m_audio->haltWhenPlayedOut();
 }
 
 void LB_NavigationView::glideTo(double fraction)

@@ -1,4 +1,5 @@
 #include "navigation/NavigationFixture.h"
+#include "support/HoldingOutput.h"
 
 #include <QApplication>
 #include <QImage>
@@ -176,6 +177,50 @@ TEST_F(NavigationView, EndedTrackStartsTheNextOnTheNextTick)
     f.view.updateTimeDisplay();
     EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
     EXPECT_FALSE(f.audio().trackHasEnded());
+}
+
+/// With an output that still sounds when the song has ended.
+struct NavigationViewAtASongsEnd : NavigationView {
+    NavigationViewAtASongsEnd()
+    {
+        engine::setAudioUnitFactory(test::withHoldingOutput(f.transport.audio.factory(), output));
+        EXPECT_EQ(engine::buildAudioSystem(), 0);
+        f.play(10);
+        f.audio().setTrackHasEnded(true);
+        output = {.isPlayingOut = true};
+    }
+    ~NavigationViewAtASongsEnd() override { engine::tearDownAudioSystem(); }
+
+    test::HoldingOutput::Log output;
+};
+
+TEST_F(NavigationViewAtASongsEnd, TheNextSongOfTheQueueDoesNotCutOffItsSound)
+{
+    f.view.updateTimeDisplay();
+    EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
+    EXPECT_EQ(output.calls, std::vector<std::string>{"start"});
+}
+
+TEST_F(NavigationViewAtASongsEnd, ASongThatIsChosenCutsItOff)
+{
+    f.queue.playTrack(f.list.at(2));
+    ASSERT_FALSE(output.calls.empty());
+    EXPECT_EQ(output.calls.front(), "stop");
+}
+
+TEST_F(NavigationViewAtASongsEnd, TheOutputIsHaltedAfterTheLastSongHasBeenHeard)
+{
+    f.play(10, 2);
+    f.audio().setTrackHasEnded(true);
+    output = {.isPlayingOut = true};
+    for (int tick = 0; tick < 3; ++tick)
+        f.view.updateTimeDisplay();
+    EXPECT_EQ(f.playingTitle(), QString());
+    EXPECT_TRUE(output.calls.empty());
+    output.isPlayingOut = false;
+    f.view.updateTimeDisplay();
+    f.view.updateTimeDisplay();
+    EXPECT_EQ(output.calls, std::vector<std::string>{"stop"});
 }
 
 TEST_F(NavigationView, PlayedPartIsBlueOnTheGrayGround)

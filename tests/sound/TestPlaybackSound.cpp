@@ -266,9 +266,11 @@ TEST_P(Clicks, TheEndOfASongMakesNone)
     player.pull(heard, 1000);
     for (int i = 0; i < 2000 && !engine::trackHasEnded(); ++i)
         player.pull(heard, 128);
-    player.pull(heard, 2000);
     EXPECT_TRUE(engine::trackHasEnded());
     EXPECT_FALSE(engine::outputIsRunning());
+    while (player.output().isPlayingOut() && heard.size() < 200'000)
+        player.pull(heard, 128);
+    player.pull(heard, 2000);
     EXPECT_EQ(engine::currentFrame(), 100'000U - 2U * TimePitchUnit::sliceFrames);
     EXPECT_EQ(heard.left.back(), 0.0F);
     const double level = clickLevel(heard.left);

@@ -41,6 +41,7 @@ public:
         return status::noError;
     }
     bool isRunning() const noexcept override { return m_renderer.isRunning(); }
+    bool isPlayingOut() const noexcept override { return m_renderer.isPlayingOut(); }
 
     /// What the device's callback does: `frames` frames of interleaved stereo.
     void pull(float *interleaved, std::uint32_t frames) noexcept

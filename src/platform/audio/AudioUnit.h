@@ -57,6 +57,10 @@ public:
     /// Callback thread. Delivers exactly `frames` frames into `ioData` (one buffer per channel,
     /// each of `frames` * 4 bytes, allocated by the caller).
     virtual void render(std::uint32_t frames, AudioBufferList &ioData) noexcept = 0;
+
+    /// Callback thread: the source has ended, and what the next render() gives is what the unit
+    /// still holds of it. While that is so render() does not pull the source.
+    virtual bool isPlayingOut() const noexcept { return false; }
 };
 
 /// The 31-band graphic equalizer. Pulls its input from the render callback in exactly the frames it
@@ -79,6 +83,13 @@ public:
     /// Set once, before the chain renders; the source is not owned and must outlive the unit.
     virtual Status connect(RenderingUnit *source) = 0;
 
+    /// Callback thread, from inside the source's render(): what the source gives from here on is no
+    /// part of the song.
+    virtual void sourceHasEnded() noexcept {}
+
+    /// As reset(), but what the unit plays out is rendered first, at the parameters it ended with.
+    virtual void resetAfterPlayOut() { reset(); }
+
     /// Begins what initialize() has put off, on a thread of the unit's own.
     virtual void prepare() {}
 
@@ -96,11 +107,16 @@ public:
     virtual Status start() = 0;
 
     /// Control side: returns when no callback runs or will run. From inside the callback it only
-    /// marks the unit as stopped; the device is halted from outside later.
+    /// marks the unit as stopped, and what its source still holds is played out; the device is
+    /// halted from outside later.
     virtual Status stop() noexcept = 0;
 
     /// Any thread.
     virtual bool isRunning() const noexcept = 0;
+
+    /// Any thread: stopped from inside the callback, and what the source held is still sounding.
+    /// start(), stop() from outside and reset() end it.
+    virtual bool isPlayingOut() const noexcept { return false; }
 };
 
 /// Tells when the default output device changes, or when the sound server came back after it had

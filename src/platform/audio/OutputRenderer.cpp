@@ -30,9 +30,34 @@ OutputRenderer::OutputRenderer()
 
 void OutputRenderer::start() noexcept
 {
-    if (!m_running.load())
+    if (!isRunning())
         m_silentFrames.store(0);
-    m_running.store(true);
+    m_state.store(State::running);
+}
+
+void OutputRenderer::stop() noexcept
+{
+    if (!isRenderingHere()) {
+        m_state.store(State::stopped);
+        return;
+    }
+    // Unless it has been stopped from outside meanwhile.
+    State running = State::running;
+    m_state.compare_exchange_strong(running, State::playingOut);
+}
+
+void OutputRenderer::requestReset() noexcept
+{
+    // In this order: who finds the request finds the end of the playing-out as well.
+    endPlayOut();
+    m_resetRequested.store(true);
+}
+
+/// Returns whether the output was playing out, and is now stopped.
+bool OutputRenderer::endPlayOut() noexcept
+{
+    State playingOut = State::playingOut;
+    return m_state.compare_exchange_strong(playingOut, State::stopped);
 }
 
 bool OutputRenderer::isRenderingHere() const noexcept
@@ -59,7 +84,7 @@ void OutputRenderer::render(float *interleaved, std::uint32_t frames) noexcept
 {
     const DenormalGuard denormals;
     renderingHere = this;
-    // Sequentially consistent, as is m_running: either this callback sees the stop, or
+    // Sequentially consistent, as is m_state: either this callback sees the stop, or
     // waitUntilIdle() sees it.
     m_rendering.store(true);
     while (frames > 0) {
@@ -80,10 +105,10 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
     if (isSilent())
         m_gain = target;
 
-    const bool running = m_running.load(); // acquires what was set before start()
+    const State state = m_state.load(); // acquires what was set before start()
     if (m_leadFrames > 0)
         m_leadFrames -= std::min(m_leadFrames, frames);
-    else if (running)
+    else if (state != State::stopped)
         pullAhead(frames);
     else
         retire();
@@ -117,26 +142,51 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
     }
 }
 
-/// Leaves at least `frames` + fadeFrames frames ahead, or none when the source has stopped the
-/// output.
+/// Leaves at least `frames` + fadeFrames frames ahead; or none, when the source has stopped the
+/// output and holds nothing more.
 void OutputRenderer::pullAhead(std::uint32_t frames) noexcept
 {
-    if (m_resetRequested.exchange(false))
-        retire();
+    // What is played out ends with a reset.
+    const auto isStopped = [this] { return endPlayOut() || m_state.load() == State::stopped; };
+    if (takeReset() && isStopped())
+        return;
     while (m_aheadFrames < frames + fadeFrames) {
-        pullChunk();
-        if (!m_running.load()) {
+        if (m_heldEnds) { // a whole fade is left of what was held
+            m_heldEnds = false;
             retire();
+            if (endPlayOut())
+                return;
+        }
+        pullChunk();
+        const State state = m_state.load();
+        const bool sourceHolds = m_source->isPlayingOut();
+        const bool holdsNothing = !sourceHolds && !m_sourceHolds;
+        if (state == State::stopped || (state == State::playingOut && holdsNothing)) {
+            retire();
+            endPlayOut();
             return;
         }
         // A reset that arrived during the pull: the chunk may be from before, from after, or from
         // both.
-        if (m_resetRequested.exchange(false)) {
-            retire();
+        if (takeReset()) {
+            if (isStopped())
+                return;
             continue;
         }
         m_aheadFrames += chunkFrames;
+        m_heldEnds = m_sourceHolds && !sourceHolds;
+        m_sourceHolds = sourceHolds;
     }
+}
+
+bool OutputRenderer::takeReset() noexcept
+{
+    if (!m_resetRequested.exchange(false))
+        return false;
+    retire();
+    m_sourceHolds = false;
+    m_heldEnds = false;
+    return true;
 }
 
 void OutputRenderer::pullChunk() noexcept

@@ -16,6 +16,10 @@ namespace lyrabox {
 /// sound after; the source's position is never more than fadeFrames + chunkFrames ahead of the
 /// frames delivered.
 ///
+/// A source that stops the output has come to its end. What it still holds (isPlayingOut()) is
+/// rendered all the same, and its last frames fade out; or into what follows, when the output is
+/// started meanwhile.
+///
 /// Threads: render() on the callback thread; everything else on the control side, except where it
 /// says "any".
 class OutputRenderer {
@@ -37,15 +41,19 @@ public:
 
     /// Any thread. From here on the source is not pulled again; what sounds fades out. A render()
     /// under way on another thread may still be pulling: see waitUntilIdle(). Called by the source
-    /// itself (that is, inside render()), the chunk that it was asked for is dropped, because it
-    /// need not be whole.
-    void stop() noexcept { m_running.store(false); }
+    /// itself (that is, inside render()), what the source holds is played out first; when it holds
+    /// nothing, the chunk that it was asked for is dropped, because it need not be whole.
+    void stop() noexcept;
 
     /// Any thread. Between start() and stop().
-    bool isRunning() const noexcept { return m_running.load(); }
+    bool isRunning() const noexcept { return m_state.load() == State::running; }
+
+    /// Any thread. From the source's stop() until what it held has been rendered, or start(),
+    /// stop() or requestReset().
+    bool isPlayingOut() const noexcept { return m_state.load() == State::playingOut; }
 
     /// The source is about to deliver something unconnected to what it delivered before.
-    void requestReset() noexcept { m_resetRequested.store(true); }
+    void requestReset() noexcept;
 
     /// Linear, applied clamped to 0.0 … 1.0 and without steps.
     void setVolume(float volume) noexcept { m_volume.store(volume, std::memory_order_relaxed); }
@@ -75,15 +83,19 @@ private:
     template <std::size_t Frames>
     using Planar = std::array<std::array<float, Frames>, channels>;
 
+    enum class State : std::uint8_t { stopped, running, playingOut };
+
     void renderChunk(float *interleaved, std::uint32_t frames) noexcept;
     void pullAhead(std::uint32_t frames) noexcept;
     void pullChunk() noexcept;
     void retire() noexcept;
+    bool endPlayOut() noexcept;
+    bool takeReset() noexcept;
     float fadeIn(std::uint32_t position) const noexcept;
     float tailSample(std::uint32_t channel, std::uint32_t offset) const noexcept;
 
     RenderingUnit *m_source = nullptr;
-    std::atomic<bool> m_running{false};
+    std::atomic<State> m_state{State::stopped};
     std::atomic<bool> m_rendering{false};
     std::atomic<bool> m_resetRequested{false};
     std::atomic<float> m_volume{1.0F};
@@ -94,6 +106,8 @@ private:
     Planar<aheadCapacity> m_ahead{};        ///< pulled and not yet delivered
     std::uint32_t m_aheadFrames = 0;
     std::uint32_t m_fadeInPosition = 0;
+    bool m_sourceHolds = false;  ///< the source played out when it was pulled last
+    bool m_heldEnds = false;     ///< the frames ahead end with the last that the source held
     Planar<fadeFrames> m_tail{}; ///< what sounded before, fading out
     std::uint32_t m_tailFrames = 0;
     std::uint32_t m_tailPosition = 0;
@@ -102,6 +116,7 @@ private:
 };
 
 static_assert(std::atomic<bool>::is_always_lock_free);
+static_assert(std::atomic<std::uint8_t>::is_always_lock_free);
 static_assert(std::atomic<float>::is_always_lock_free);
 static_assert(std::atomic<std::uint64_t>::is_always_lock_free);
 

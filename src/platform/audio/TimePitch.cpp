@@ -6,14 +6,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <system_error>
 
 namespace lyrabox {
 
-namespace {
+static_assert(leadOutFrames % TimePitch::sliceFrames == 0);
 
-constexpr std::uint32_t blockFrames = 1024;
-static_assert(blockFrames <= TimePitchStretcher::maximumFeed);
+namespace {
 
 float rise(std::uint32_t step, std::uint32_t steps) noexcept
 {
@@ -21,94 +19,6 @@ float rise(std::uint32_t step, std::uint32_t steps) noexcept
 }
 
 } // namespace
-
-Status TimePitch::initialize()
-{
-    const Status engineStatus = m_stretcher.initialize();
-    if (engineStatus != status::noError)
-        return engineStatus;
-    m_history.allocate();
-    m_cover.allocate();
-    m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
-    m_resetRequested.store(true, std::memory_order_release);
-    m_isCold = m_warmUp == WarmUp::Beside;
-    if (!m_isCold)
-        warmUp();
-    return status::noError;
-}
-
-void TimePitch::warmUp()
-{
-    m_stretcher.warmUp();
-    m_ready.store(true, std::memory_order_release);
-}
-
-void TimePitch::prepare()
-{
-    if (!m_isCold)
-        return;
-    m_isCold = false;
-    try {
-        m_warmingUp = std::async(std::launch::async, [this] { warmUp(); });
-    } catch (const std::system_error &) {
-        warmUp(); // no thread to be had
-    }
-}
-
-void TimePitch::awaitReady()
-{
-    prepare();
-    if (m_warmingUp.valid())
-        m_warmingUp.wait();
-}
-
-float TimePitch::parameter(std::uint32_t id) const
-{
-    switch (id) {
-    case parameter::rate:
-        return m_rate.load(std::memory_order_relaxed);
-    case parameter::pitch:
-        return m_pitch.load(std::memory_order_relaxed);
-    default:
-        return 0.0F;
-    }
-}
-
-Status TimePitch::setParameter(std::uint32_t id, float value)
-{
-    if (!std::isfinite(value))
-        return status::invalidParameter;
-    switch (id) {
-    case parameter::rate:
-        m_rate.store(value, std::memory_order_relaxed);
-        return status::noError;
-    case parameter::pitch:
-        m_pitch.store(value, std::memory_order_relaxed);
-        return status::noError;
-    default:
-        return status::invalidParameter;
-    }
-}
-
-void TimePitch::reset()
-{
-    m_resetRequested.store(true, std::memory_order_release);
-}
-
-Status TimePitch::connect(RenderingUnit *source)
-{
-    if (source == nullptr)
-        return status::noConnection;
-    m_source = source;
-    return status::noError;
-}
-
-double TimePitch::latencyFrames() const noexcept
-{
-    if (m_resetRequested.load(std::memory_order_acquire))
-        return 0.0;
-    return m_latency.load(std::memory_order_relaxed);
-}
 
 void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
 {
@@ -119,8 +29,12 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
             std::fill_n(static_cast<float *>(ioData.mBuffers[i].mData), frames, 0.0F);
         return;
     }
-    takeParameters();
-    takeReset();
+    if (m_resetRequested.load(std::memory_order_acquire) == Reset::atOnce)
+        m_isPlayingOut = false;
+    if (!m_isPlayingOut) {
+        takeParameters();
+        takeReset();
+    }
     Output output{static_cast<float *>(ioData.mBuffers[0].mData),
                   static_cast<float *>(ioData.mBuffers[1].mData)};
     while (frames > 0) {
@@ -128,12 +42,26 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
         output = {output.left + done, output.right + done};
         frames -= done;
     }
-    double position = m_stretcher.position();
-    if (m_state == State::passing || m_state == State::leaving)
-        position = static_cast<double>(m_passed);
-    else if (m_state == State::covering)
-        position = m_speed * m_progress;
-    m_latency.store(static_cast<double>(m_history.end()) - position, std::memory_order_relaxed);
+    const double heard = position();
+    if (m_isPlayingOut && heard >= static_cast<double>(m_songEnd))
+        m_isPlayingOut = false;
+    m_latency.store(static_cast<double>(m_history.end()) - heard, std::memory_order_relaxed);
+}
+
+/// The source frame that is heard next.
+double TimePitch::position() const noexcept
+{
+    switch (m_state) {
+    case State::passing:
+    case State::leaving:
+        return static_cast<double>(m_passed);
+    case State::covering:
+        return m_speed * m_progress;
+    case State::stretching:
+    case State::returning:
+        break;
+    }
+    return m_stretcher.position();
 }
 
 void TimePitch::takeParameters() noexcept
@@ -150,7 +78,7 @@ void TimePitch::takeParameters() noexcept
 
 void TimePitch::takeReset() noexcept
 {
-    if (!m_resetRequested.exchange(false, std::memory_order_acq_rel))
+    if (m_resetRequested.exchange(Reset::none, std::memory_order_acq_rel) == Reset::none)
         return;
     m_history.clear();
     m_passed = 0;
@@ -216,11 +144,16 @@ std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcep
     return frames;
 }
 
-/// Pulls slices until the history holds every frame before `end`.
+/// Pulls slices until the history holds every frame before `end`. Behind the source's end they hold
+/// what is invented there, and then silence.
 void TimePitch::pull(std::int64_t end) noexcept
 {
     while (m_history.end() < end) {
         const TimePitchHistory::Channels slice = m_history.writable();
+        if (m_isPlayingOut && m_history.end() < m_leadOutEnd) {
+            m_history.advance(sliceFrames);
+            continue;
+        }
         AudioBufferList list;
         list.mNumberBuffers = maximumChannels;
         for (std::uint32_t i = 0; i < maximumChannels; ++i) {
@@ -228,7 +161,16 @@ void TimePitch::pull(std::int64_t end) noexcept
             std::fill_n(slice[i], sliceFrames, 0.0F);
             list.mBuffers[i] = {1, sliceFrames * sizeof(float), slice[i]};
         }
-        m_source->render(sliceFrames, list);
+        if (!m_isPlayingOut) {
+            m_sourceEndSeen = false;
+            m_source->render(sliceFrames, list);
+            if (m_sourceEndSeen) {
+                m_isPlayingOut = true;
+                m_songEnd = m_history.end();
+                m_leadOutEnd = m_songEnd + leadOutFrames;
+                makeLeadOut(m_history, m_songEnd);
+            }
+        }
         m_history.advance(sliceFrames);
     }
 }

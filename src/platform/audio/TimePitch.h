@@ -26,6 +26,8 @@ namespace lyrabox {
 ///  - returning, the stretcher goes on at rate 1 until it follows the source wave for wave, then
 ///    the source is faded in from where the stretcher stands, and what has been read ahead is
 ///    played before more is pulled.
+/// When the source has ended, what has been read ahead is played out at the parameters of that
+/// moment; the source is not pulled again until its last frame has been delivered.
 /// After a reset at other ratios the stretcher has to read ahead as well. Until it has, a
 /// TimePitchCover plays. So no callback has to do all of it at once.
 class TimePitch final : public TimePitchUnit {
@@ -59,6 +61,9 @@ public:
     float parameter(std::uint32_t id) const override;
     Status setParameter(std::uint32_t id, float value) override;
     void reset() override;
+    void sourceHasEnded() noexcept override { m_sourceEndSeen = true; }
+    void resetAfterPlayOut() override;
+    bool isPlayingOut() const noexcept override { return m_isPlayingOut; }
     Status connect(RenderingUnit *source) override;
 
     /// Silence before initialize() or without a source.
@@ -73,6 +78,10 @@ public:
     std::uint64_t hops() const noexcept { return m_stretcher.hops(); }
 
 private:
+    static constexpr std::uint32_t blockFrames = 1024; ///< rendered at a time
+    static_assert(blockFrames <= TimePitchStretcher::maximumFeed);
+
+    enum class Reset : std::uint8_t { none, afterPlayOut, atOnce };
     enum class State { passing, leaving, covering, stretching, returning };
 
     struct Output {
@@ -83,6 +92,7 @@ private:
     void takeReset() noexcept;
     void takeParameters() noexcept;
     void pull(std::int64_t end) noexcept;
+    double position() const noexcept;
     std::uint32_t renderSome(Output output, std::uint32_t frames) noexcept;
     void pass(Output output, std::uint32_t frames) noexcept;
     void stretch(Output output, std::uint32_t frames) noexcept;
@@ -96,7 +106,7 @@ private:
 
     std::atomic<float> m_rate{1.0F};
     std::atomic<float> m_pitch{0.0F};
-    std::atomic<bool> m_resetRequested{false};
+    std::atomic<Reset> m_resetRequested{Reset::none};
     std::atomic<double> m_latency{0.0};
 
     // Set up on the control side before the chain renders, then the callback thread's.
@@ -118,6 +128,11 @@ private:
     std::uint32_t m_progress = 0;  ///< frames since the change began, or settled at rate 1
     std::uint32_t m_discarded = 0; ///< of the stretcher's lead-in
     std::uint32_t m_fadeInLeft = 0;
+
+    bool m_sourceEndSeen = false; ///< set by the source while it is pulled
+    bool m_isPlayingOut = false;
+    std::int64_t m_songEnd = 0;    ///< while playing out: the frame behind the song's last
+    std::int64_t m_leadOutEnd = 0; ///< and where what was invented behind it ends
 
     void warmUp();
 

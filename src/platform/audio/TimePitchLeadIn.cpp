@@ -1,5 +1,6 @@
 #include "platform/audio/TimePitchLeadIn.h"
 
+#include "platform/audio/FadeShape.h"
 #include "platform/audio/TimePitchHistory.h"
 
 #include <algorithm>
@@ -17,13 +18,32 @@ constexpr std::uint32_t longestBlend = 256;
 constexpr std::uint32_t thinning = 3;
 constexpr std::uint32_t longestLeadIn = 2400;
 
+static_assert(leadOutFrames >= longestLeadIn);
+
+/// The song as it is. Read backwards, frame 0 is the last one before `end`.
+struct Forwards {
+    const TimePitchHistory &history;
+
+    float left(std::int64_t frame) const noexcept { return history.left(frame); }
+    float right(std::int64_t frame) const noexcept { return history.right(frame); }
+};
+
+struct Backwards {
+    const TimePitchHistory &history;
+    std::int64_t end;
+
+    float left(std::int64_t frame) const noexcept { return history.left(end - 1 - frame); }
+    float right(std::int64_t frame) const noexcept { return history.right(end - 1 - frame); }
+};
+
 /// The lag, at least `shortest`, at which the song is most like its start.
-std::uint32_t bestLag(const TimePitchHistory &history, std::uint32_t shortest) noexcept
+template <typename Song>
+std::uint32_t bestLag(const Song &song, std::uint32_t shortest) noexcept
 {
     std::array<float, longestLeadIn + searched + compared> mid;
     const std::uint32_t length = shortest + searched + compared;
     for (std::uint32_t i = 0; i < length; ++i)
-        mid[i] = history.left(i) + history.right(i);
+        mid[i] = song.left(i) + song.right(i);
     std::uint32_t best = shortest;
     float highest = 0.0F;
     for (std::uint32_t lag = shortest; lag < shortest + searched; ++lag) {
@@ -52,7 +72,7 @@ std::uint32_t leadInSourceFrames(std::uint32_t frames) noexcept
 void makeLeadIn(TimePitchHistory &history, std::uint32_t frames) noexcept
 {
     const std::uint32_t length = std::min(frames, longestLeadIn);
-    const std::int64_t lag = bestLag(history, length);
+    const std::int64_t lag = bestLag(Forwards{history}, length);
     for (std::int64_t frame = -static_cast<std::int64_t>(length); frame < 0; ++frame)
         history.set(frame, history.left(frame + lag), history.right(frame + lag));
     // The last of it goes over into the song's mirror image about frame 0, which runs on smoothly.
@@ -66,6 +86,26 @@ void makeLeadIn(TimePitchHistory &history, std::uint32_t frames) noexcept
         };
         history.set(-back, blend(history.left(-back), history.left(0), history.left(back)),
                     blend(history.right(-back), history.right(0), history.right(back)));
+    }
+}
+
+void makeLeadOut(TimePitchHistory &history, std::int64_t end) noexcept
+{
+    constexpr std::int64_t length = longestLeadIn;
+    constexpr std::int64_t fading = length / 2;
+    const Backwards song{history, end};
+    const std::int64_t lag = bestLag(song, length);
+    // What the copy is off at the song's last frame is added, and fades away, so that no step is
+    // left there.
+    const float offLeft = song.left(0) - song.left(lag);
+    const float offRight = song.right(0) - song.right(lag);
+    for (std::int64_t i = 0; i < leadOutFrames; ++i) {
+        const double copied = std::clamp(static_cast<double>(length - i) / fading, 0.0, 1.0);
+        const double added = std::max(0.0, 1.0 - static_cast<double>(i) / longestBlend);
+        const auto gain = static_cast<float>(fadeShape(copied));
+        const auto share = static_cast<float>(fadeShape(added));
+        history.set(end + i, gain * history.left(end + i - lag) + share * offLeft,
+                    gain * history.right(end + i - lag) + share * offRight);
     }
 }
 

@@ -53,6 +53,7 @@ public:
 
     /// Any thread: started and not stopped since. Stays true when the device is lost.
     bool isRunning() const noexcept override { return m_renderer.isRunning(); }
+    bool isPlayingOut() const noexcept override { return m_renderer.isPlayingOut(); }
 
 private:
     static long dataCallback(cubeb_stream *stream, void *user, const void *input, void *output,
