@@ -1,8 +1,11 @@
 #include "platform/foundation/Machine.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
-#include <thread>
+#include <limits>
+#include <system_error>
+#include <utility>
 
 #include <malloc.h>
 #include <sched.h>
@@ -11,6 +14,24 @@
 
 namespace lyrabox {
 
+namespace {
+
+constexpr int noLimit = std::numeric_limits<int>::max();
+
+std::atomic<int> &threadsLeft()
+{
+    static std::atomic<int> count = noLimit;
+    return count;
+}
+
+bool mayStartThread()
+{
+    std::atomic<int> &left = threadsLeft();
+    return left == noLimit || left-- > 0;
+}
+
+} // namespace
+
 unsigned processorCount()
 {
     cpu_set_t allowed;
@@ -18,6 +39,22 @@ unsigned processorCount()
     if (sched_getaffinity(0, sizeof allowed, &allowed) == 0)
         return static_cast<unsigned>(std::max(1, CPU_COUNT(&allowed)));
     return std::max(1U, std::thread::hardware_concurrency());
+}
+
+std::jthread startThread(std::function<void()> work)
+{
+    if (!mayStartThread())
+        return {};
+    try {
+        return std::jthread(std::move(work));
+    } catch (const std::system_error &) {
+        return {};
+    }
+}
+
+void limitThreads(std::optional<int> count)
+{
+    threadsLeft() = count.value_or(noLimit);
 }
 
 void expectToBeFilled(void *start, std::size_t bytes)

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <thread>
 #include <vector>
 
 #include <sched.h>
@@ -34,4 +35,23 @@ TEST(Machine, LeavesWhatIsInMemoryThatIsExpectedToBeFilled)
         std::all_of(memory.begin(), memory.end(), [](unsigned char byte) { return byte == 7; }));
     expectToBeFilled(memory.data(), 10); // less than a page
     EXPECT_EQ(memory[9], 7);
+}
+
+TEST(Machine, CallsTheWorkOnAThreadOfItsOwn)
+{
+    std::thread::id where;
+    startThread([&where] { where = std::this_thread::get_id(); }).join();
+    EXPECT_NE(where, std::thread::id());
+    EXPECT_NE(where, std::this_thread::get_id());
+}
+
+TEST(Machine, TellsThatThereIsNoThreadAndLeavesTheWorkUndone)
+{
+    bool isDone = false;
+    limitThreads(1);
+    EXPECT_TRUE(startThread([] {}).joinable());
+    EXPECT_FALSE(startThread([&isDone] { isDone = true; }).joinable());
+    limitThreads({});
+    EXPECT_FALSE(isDone);
+    EXPECT_TRUE(startThread([] {}).joinable());
 }
