@@ -34,7 +34,10 @@ void ProgressPacer::advance(qint64 done)
     if (now < m_due)
         return;
     m_due = now + interval;
+    if (m_makeStopProbe)
+        m_stopProbe = std::exchange(m_makeStopProbe, {})();
     m_hook(done, m_total);
+    m_isStopped = m_isStopped || (m_stopProbe && m_stopProbe());
 }
 
 } // namespace lyrabox

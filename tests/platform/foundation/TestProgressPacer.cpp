@@ -54,6 +54,34 @@ TEST_F(Pacing, TakesATotalThatIsKnownLater)
     EXPECT_EQ(told, (Told{{1, 0}, {2, 7}}));
 }
 
+TEST_F(Pacing, AsksWhetherToStopOnlyOnceTheWorkIsShown)
+{
+    int made = 0;
+    bool wantsToStop = false;
+    ProgressPacer progress = pacer(9);
+    progress.setStopProbe([&] {
+        ++made;
+        return [&wantsToStop] { return wantsToStop; };
+    });
+    wantsToStop = true;
+    progress.advance(1);
+    EXPECT_EQ(made, 0);
+    EXPECT_FALSE(progress.isStopped());
+    wantsToStop = false;
+    now += 250ms;
+    progress.advance(2);
+    EXPECT_EQ(made, 1);
+    EXPECT_FALSE(progress.isStopped());
+    wantsToStop = true;
+    now += 50ms;
+    progress.advance(3);
+    wantsToStop = false;
+    now += 50ms;
+    progress.advance(4);
+    EXPECT_TRUE(progress.isStopped());
+    EXPECT_EQ(made, 1);
+}
+
 TEST(ProgressPacer, NeverAsksTheClockWithoutAHook)
 {
     ProgressPacer progress({}, []() -> std::chrono::milliseconds {
