@@ -7,11 +7,11 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace lyrabox {
 
@@ -44,38 +44,57 @@ openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, Progress
 {
     const auto count = static_cast<std::size_t>(paths.size());
     std::vector<std::optional<OpenedAudioFile>> results(count);
-    std::atomic<std::size_t> next = 0;
     std::mutex mutex;
-    std::condition_variable advanced;
+    std::condition_variable allDone;
+    std::size_t next = 0;
+    std::size_t end = count;
     std::size_t done = 0;
 
-    const auto work = [&] {
-        for (std::size_t i = next++; i < count; i = next++) {
-            try {
-                results[i] = opener(paths.at(static_cast<qsizetype>(i)));
-            } catch (const std::exception &) {
-                results[i].reset(); // whatever is wrong with one file, the list is still built
-            }
-            const std::lock_guard lock(mutex);
-            if (++done == count)
-                advanced.notify_one();
+    const auto open = [&](std::size_t i) {
+        try {
+            results[i] = opener(paths.at(static_cast<qsizetype>(i)));
+        } catch (const std::exception &) {
+            results[i].reset(); // whatever is wrong with one file, the list is still built
         }
     };
-    const std::size_t threads = std::min<std::size_t>(processorCount(), count);
-    std::vector<std::jthread> workers;
-    workers.reserve(threads);
-    for (std::size_t i = 0; i < threads; ++i)
-        workers.emplace_back(work);
-
-    std::unique_lock lock(mutex);
-    while (done < count) {
-        const auto soFar = static_cast<qsizetype>(done);
-        lock.unlock();
-        progress.advance(soFar);
-        lock.lock();
-        advanced.wait_for(lock, progressInterval, [&] { return done == count; });
+    const auto work = [&] {
+        std::unique_lock lock(mutex);
+        while (next < end) {
+            const std::size_t i = next++;
+            lock.unlock();
+            open(i);
+            lock.lock();
+            if (++done == count)
+                allDone.notify_one();
+        }
+    };
+    {
+        std::vector<std::jthread> workers; // joined at the end of the block
+        const std::size_t threads = std::min<std::size_t>(processorCount(), count);
+        workers.reserve(threads);
+        while (workers.size() < threads) {
+            std::jthread worker = startThread(work);
+            if (!worker.joinable())
+                break; // as many as there are
+            workers.push_back(std::move(worker));
+        }
+        std::unique_lock lock(mutex);
+        while (done < count && !progress.isStopped()) {
+            const auto soFar = static_cast<qsizetype>(done);
+            lock.unlock();
+            progress.advance(soFar);
+            if (workers.empty())
+                open(next++);
+            lock.lock();
+            if (workers.empty())
+                ++done;
+            else
+                allDone.wait_for(lock, progressInterval, [&] { return done == count; });
+        }
+        end = next; // what was begun is finished, nothing else is begun
     }
-    return results; // the workers are joined first: they hold references to what is above
+    results.resize(done);
+    return results;
 }
 
 void fillFromFile(TrackRecord &record, const QMap<QString, QString> &information, const QUrl &url)

@@ -29,8 +29,9 @@ using AudioFileOpener = std::function<std::optional<OpenedAudioFile>(const QStri
 /// list.
 std::optional<OpenedAudioFile> openAudioFile(const QString &path);
 
-/// Opens `paths` with a thread per processor and returns the results in the order of `paths`.
-/// Blocks; the hook runs on the calling thread.
+/// Opens `paths` with a thread per processor, or on the calling thread where there is none to be
+/// had, and returns the results in the order of `paths`. When `progress` is stopped only the first
+/// ones are opened, and the result is as short. Blocks; the hook runs on the calling thread.
 std::vector<std::optional<OpenedAudioFile>>
 openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, ProgressPacer &progress);
 

@@ -1,5 +1,7 @@
 #include "library/TrackSorting.h"
 
+#include "platform/foundation/Machine.h"
+
 #include <QHash>
 #include <QLocale>
 
@@ -8,7 +10,6 @@
 #include <limits>
 #include <numeric>
 #include <optional>
-#include <thread>
 
 namespace lyrabox {
 
@@ -68,14 +69,17 @@ std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts, std::size_t
 std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts)
 {
     constexpr std::size_t worthAThread = 4096;
-    if (texts.size() < worthAThread || std::thread::hardware_concurrency() < 2)
+    if (texts.size() < worthAThread || processorCount() < 2)
         return sortedKeys(texts, 0, texts.size());
     const std::size_t middle = texts.size() / 2;
     std::vector<KeyedText> front;
     std::vector<KeyedText> back;
     {
-        std::jthread worker([&] { front = sortedKeys(texts, 0, middle); });
+        const auto sortFront = [&] { front = sortedKeys(texts, 0, middle); };
+        const std::jthread worker = startThread(sortFront);
         back = sortedKeys(texts, middle, texts.size());
+        if (!worker.joinable())
+            sortFront();
     }
     std::vector<KeyedText> all;
     all.reserve(texts.size());

@@ -1,5 +1,7 @@
 #include "library/TrackSorting.h"
 
+#include "platform/foundation/Machine.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -118,4 +120,17 @@ TEST(TrackSorting, AgreesWithAPlainStableSortOverTenThousandTitles)
         return collator.compare(*records[a]->title, *records[b]->title) < 0;
     });
     EXPECT_EQ(sorted(records, u"title"_s, true), expected);
+}
+
+TEST(TrackSorting, SortsAsWellWhereThereIsNoThreadToBeHad)
+{
+    std::vector<std::optional<QString>> titles;
+    for (int i = 0; i < 10000; ++i)
+        titles.emplace_back(u"Song %1"_s.arg((i * 7919) % 10007));
+    const TrackRecordList records = titled(titles);
+    const Order usual = sorted(records, u"title"_s, true);
+    limitThreads(0);
+    const Order alone = sorted(records, u"title"_s, true);
+    limitThreads({});
+    EXPECT_EQ(alone, usual);
 }
