@@ -189,8 +189,11 @@ void LB_TrackController::updateSongSettings()
     const int row = selectedRow();
     if (row < 0)
         return;
+    // The current cell stays: a change of it would scroll to the row.
     m_trackTableView->clearSelection();
-    selectRow(row);
+    m_trackTableView->selectionModel()->select(m_model->index(row, TrackTableModel::Title),
+                                               QItemSelectionModel::Select |
+                                                   QItemSelectionModel::Rows);
 }
 
 void LB_TrackController::scrollToCurrentTrack()

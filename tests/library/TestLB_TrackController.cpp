@@ -4,6 +4,7 @@
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -364,4 +365,25 @@ TEST(LB_TrackController, ScrollsToTheFirstRowAfterLaunch)
     f.table.scrollToBottom();
     post(notification::applicationDidFinishLaunching);
     EXPECT_EQ(f.table.rowAt(0), 0);
+}
+
+TEST(LB_TrackController, StaysScrolledWhereItIsWhenSettingsChangeWhicheverColumnWasClicked)
+{
+    LibraryFixture f;
+    QStringList titles;
+    for (int i = 0; i < 100; ++i)
+        titles.append(QString::number(i));
+    f.showPlaylist(titles);
+    f.table.resize(700, 300);
+    f.table.show();
+    const QModelIndex clicked = f.tracks.model()->index(0, TrackTableModel::Album);
+    QTest::mouseClick(f.table.viewport(), Qt::LeftButton, {}, f.table.visualRect(clicked).center());
+    ASSERT_EQ(f.table.currentIndex(), clicked);
+    f.table.scrollToBottom();
+    const int place = f.table.verticalScrollBar()->value();
+    ASSERT_GT(place, 0);
+    f.tracks.updateSongSettings();
+    EXPECT_EQ(f.table.verticalScrollBar()->value(), place);
+    EXPECT_EQ(f.tracks.selectedRow(), 0);
+    EXPECT_EQ(f.table.currentIndex(), clicked);
 }
