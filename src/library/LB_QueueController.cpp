@@ -63,29 +63,85 @@ void LB_QueueController::playTrack(const TrackRecordRef &track)
     m_audio->emptyPlayer();
 }
 
+/// A row of songs that do not load. What is shown of each costs more than the attempt to load it,
+/// and nobody sees it before the row ends, so the message waits until then.
+class LB_QueueController::Skip {
+public:
+    Skip(LB_QueueController &queue, std::uint64_t songs)
+        : m_queue(queue),
+          m_progress(queue.m_progressHook, queue.m_progressClock, static_cast<qint64>(songs))
+    {
+        m_progress.setStopProbe(queue.m_makeStopProbe);
+    }
+
+    ~Skip()
+    {
+        if (m_count == 0)
+            return;
+        m_queue.m_isSkipping = false;
+        Q_EMIT m_queue.skippingEnded();
+    }
+
+    Skip(const Skip &) = delete;
+    Skip &operator=(const Skip &) = delete;
+
+    /// The current track did not load. False when the user wants no more of it.
+    bool add(Status status)
+    {
+        m_failed = m_queue.m_audio->currentTrack();
+        m_status = status;
+        m_queue.m_isSkipping = true;
+        m_progress.advance(++m_count);
+        return !m_progress.isStopped();
+    }
+
+    /// Names the last song that did not load, if there was one.
+    void report()
+    {
+        if (m_count > 0)
+            m_queue.showLoadError(m_failed, m_status);
+    }
+
+private:
+    LB_QueueController &m_queue;
+    ProgressPacer m_progress;
+    qint64 m_count = 0;
+    TrackRecordRef m_failed;
+    Status m_status = status::noError;
+};
+
 void LB_QueueController::playNextTrack()
 {
-    while (m_currentIndex < m_content.size()) {
+    const auto count = static_cast<std::uint64_t>(m_content.size());
+    Skip skip(*this, m_currentIndex < count ? count - m_currentIndex - 1 : 0);
+    bool goesOn = true;
+    while (goesOn && m_currentIndex < m_content.size()) {
         ++m_currentIndex;
         Q_EMIT queueChanged();
         const Status status = loadTrackAtCurrentIndex();
-        if (status == status::noError)
+        if (status == status::noError) {
+            skip.report();
             return;
-        displayLoadError(status);
+        }
+        goesOn = skip.add(status);
     }
+    skip.report();
     m_audio->emptyPlayer();
 }
 
 void LB_QueueController::playPreviousTrack()
 {
+    Skip skip(*this, std::min<std::uint64_t>(m_currentIndex, m_content.size()));
     for (;;) {
         --m_currentIndex;
         Q_EMIT queueChanged();
         const Status status = loadTrackAtCurrentIndex();
-        if (status == status::noError)
+        if (status == status::noError) {
+            skip.report();
             return;
-        displayLoadError(status);
-        if (!canPlayPreviousTrack()) {
+        }
+        if (!skip.add(status) || !canPlayPreviousTrack()) {
+            skip.report();
             m_audio->emptyPlayer();
             return;
         }
@@ -113,7 +169,11 @@ TrackRecordList LB_QueueController::shuffledArray() const
 
 void LB_QueueController::displayLoadError(Status status)
 {
-    const TrackRecordRef track = m_audio->currentTrack();
+    showLoadError(m_audio->currentTrack(), status);
+}
+
+void LB_QueueController::showLoadError(const TrackRecordRef &track, Status status)
+{
     const QString title = track ? track->title.value_or(QString()) : QString();
     m_errorField->setText(tr("Error loading '%1' (%2)").arg(title, statusText(status)));
 }

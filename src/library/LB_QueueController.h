@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/TrackRecord.h"
+#include "platform/foundation/ProgressPacer.h"
 #include "platform/foundation/Status.h"
 
 #include <QObject>
@@ -46,7 +47,9 @@ public:
     void setPlayQueueWithListID(const lyrabox::TrackRecordList &list,
                                 const std::optional<QString> &listID);
     void playTrack(const lyrabox::TrackRecordRef &track);
-    /// A song that does not load is reported and skipped.
+    /// A song that does not load is skipped; the last one skipped is reported. While many are
+    /// skipped in a row the user may stop it, which empties the player and leaves the position at
+    /// the song where it was stopped.
     void playNextTrack();
 
     /// Ask canPlayPreviousTrack() first.
@@ -65,6 +68,19 @@ public:
     lyrabox::TrackRecordList shuffledArray() const;
     void displayLoadError(lyrabox::Status status);
 
+    /// Whether songs that do not load are being skipped. Each of them becomes the current track and
+    /// is announced as such; who only shows what is current can wait for skippingEnded().
+    bool isSkipping() const { return m_isSkipping; }
+
+    /// Called while songs are skipped, from a quarter of a second on and at most every 50 ms, with
+    /// the number of songs skipped and of those that there are in this direction. It must not
+    /// process events.
+    void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
+
+    /// Lets the user stop the skipping.
+    void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
+    void setProgressClock(lyrabox::ProgressClock clock) { m_progressClock = std::move(clock); }
+
     /// Replaces the source of uniform random 32-bit numbers.
     void setRandomSource(std::function<std::uint32_t()> source) { m_random = std::move(source); }
 
@@ -73,7 +89,13 @@ Q_SIGNALS:
     /// The content or the position in it may have changed.
     void queueChanged();
 
+    /// The last of several songs has become the current track, or none has.
+    void skippingEnded();
+
 private:
+    class Skip;
+
+    void showLoadError(const lyrabox::TrackRecordRef &track, lyrabox::Status status);
     std::uint64_t indexOfCurrentTrack(const lyrabox::TrackRecordList &list) const;
 
     /// 0 also for a position outside the content, where nothing is loaded.
@@ -86,5 +108,9 @@ private:
     std::uint64_t m_currentIndex = 0;
     std::optional<QString> m_queuedListID;
     bool m_isShuffling = false;
+    bool m_isSkipping = false;
+    lyrabox::ProgressHook m_progressHook;
+    lyrabox::StopProbeMaker m_makeStopProbe;
+    lyrabox::ProgressClock m_progressClock = &lyrabox::progressClock;
     std::function<std::uint32_t()> m_random;
 };

@@ -42,6 +42,13 @@ void LB_TrackController::setup()
     setSortDescriptors({});
 }
 
+void LB_TrackController::setQueue(LB_QueueController *queue)
+{
+    m_queue = queue;
+    connect(queue, &LB_QueueController::skippingEnded, this,
+            &LB_TrackController::currentTrackChanged);
+}
+
 void LB_TrackController::setTrackTableView(QTableView *view)
 {
     constexpr int imageColumnWidth = 28;
@@ -164,6 +171,8 @@ void LB_TrackController::autoLoadTrack()
 
 void LB_TrackController::currentTrackChanged()
 {
+    if (m_queue->isSkipping())
+        return; // every row would be looked at for every song skipped; the last one counts
     updateIsPlaying();
     scrollToCurrentTrack();
 }

@@ -42,7 +42,7 @@ public:
     void setup();
 
     LB_QueueController *queue() const { return m_queue; }
-    void setQueue(LB_QueueController *queue) { m_queue = queue; }
+    void setQueue(LB_QueueController *queue);
     LB_SettingsController *settings() const { return m_settings; }
     void setSettings(LB_SettingsController *settings) { m_settings = settings; }
     QTableView *trackTableView() const { return m_trackTableView; }

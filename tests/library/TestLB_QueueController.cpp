@@ -2,6 +2,8 @@
 
 #include "library/LibraryFixture.h"
 
+#include <QAbstractItemModel>
+
 #include <numeric>
 #include <set>
 
@@ -194,23 +196,75 @@ TEST(LB_QueueController, LoadsNothingAtTheLastSongAndEmptiesThePlayerAtTheNextSt
     EXPECT_EQ(f.queue.content(), list);
 }
 
-TEST(LB_QueueController, SkipsThousandsOfBrokenSongs)
+TEST(LB_QueueController, SkipsThousandsOfBrokenSongsWithoutGoingThroughTheTableForEach)
+{
+    constexpr int broken = 5000;
+    QueueFixture f;
+    QStringList titles{u"first"_s};
+    for (int i = 0; i < broken; ++i)
+        titles.append(u"broken %1"_s.arg(i));
+    titles.append(u"last"_s);
+    f.showPlaylist(titles);
+    const TrackRecordList list = f.tracks.content();
+    for (std::size_t i = 1; i <= broken; ++i)
+        f.failToLoad(list[i], -43);
+    f.queue.playTrack(list.front());
+    f.enqueue(list);
+    int visits = 0;
+    QObject::connect(f.tracks.model(), &QAbstractItemModel::dataChanged, [&visits] { ++visits; });
+
+    f.queue.playNextTrack();
+    EXPECT_EQ(f.playingTitle(), u"last"_s);
+    EXPECT_EQ(f.tracks.model()->firstPlayingRow(), broken + 1);
+    EXPECT_LT(visits, 10);
+
+    f.failToLoad(list.front(), -43);
+    visits = 0;
+    f.queue.playPreviousTrack();
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.queue.currentIndex(), 0U);
+    EXPECT_EQ(f.tracks.model()->firstPlayingRow(), -1);
+    EXPECT_LT(visits, 10);
+}
+
+TEST(LB_QueueController, TellsHowManySongsAreSkippedAndStopsWhenTheUserWants)
 {
     QueueFixture f;
     TrackRecordList list = f.trackList({u"first"_s});
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 1; i <= 100; ++i) {
         list.push_back(f.track(u"broken %1"_s.arg(i)));
         f.failToLoad(list.back(), -43);
     }
     list.push_back(f.track(u"last"_s));
     f.queue.playTrack(list.front());
     f.enqueue(list);
+    std::chrono::milliseconds now{};
+    std::vector<std::pair<qint64, qint64>> told;
+    f.queue.setProgressClock([&now] { return now += std::chrono::milliseconds(100); });
+    f.queue.setProgressHook([&](qint64 done, qint64 total) { told.emplace_back(done, total); });
+    std::size_t patience = 5;
+    f.queue.setStopProbe([&] { return [&] { return told.size() == patience; }; });
+
+    f.queue.playNextTrack();
+    EXPECT_EQ(told, (std::vector<std::pair<qint64, qint64>>{
+                        {3, 101}, {4, 101}, {5, 101}, {6, 101}, {7, 101}}));
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.queue.currentIndex(), 7U);
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'broken 7' (-43)"_s);
+    EXPECT_FALSE(f.queue.isSkipping());
+
+    told.clear();
+    patience = 2;
+    f.queue.playPreviousTrack();
+    EXPECT_EQ(told, (std::vector<std::pair<qint64, qint64>>{{3, 7}, {4, 7}}));
+    EXPECT_EQ(f.queue.currentIndex(), 3U);
+    EXPECT_EQ(f.audio().currentTrack(), nullptr);
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'broken 3' (-43)"_s);
+
+    f.queue.setStopProbe({});
     f.queue.playNextTrack();
     EXPECT_EQ(f.playingTitle(), u"last"_s);
-    f.failToLoad(list.front(), -43);
-    f.queue.playPreviousTrack();
-    EXPECT_EQ(f.audio().currentTrack(), nullptr);
-    EXPECT_EQ(f.queue.currentIndex(), 0U);
+    EXPECT_EQ(f.errorField.text(), u"Error loading 'broken 100' (-43)"_s);
 }
 
 TEST(LB_QueueController, StepsBackAndSkipsASongThatDoesNotLoad)
