@@ -6,6 +6,7 @@
 #include "library/TrackTableModel.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
+#include "platform/foundation/UserDefaults.h"
 #include "settings/LB_SettingsController.h"
 
 #include <QHeaderView>
@@ -18,6 +19,11 @@
 #include <utility>
 
 using namespace lyrabox;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString ownOrderKey = u"order"_s;
+} // namespace
 
 LB_TrackController::LB_TrackController(QObject *parent)
     : QObject(parent),
@@ -26,7 +32,9 @@ LB_TrackController::LB_TrackController(QObject *parent)
       m_openAudioFile(openAudioFile),
       m_progressClock(progressClock),
       m_random([] { return QRandomGenerator::system()->generate(); })
-{}
+{
+    updateEmptyText();
+}
 
 LB_TrackController::~LB_TrackController() = default;
 
@@ -40,6 +48,8 @@ void LB_TrackController::setup()
                        [this] { appDidLaunch(); });
     m_listID.reset();
     setSortDescriptors({});
+    m_includesSubfolders = userDefaults().value(includeSubfoldersKey, false).toBool();
+    Q_EMIT includesSubfoldersChanged(m_includesSubfolders);
 }
 
 void LB_TrackController::setQueue(LB_QueueController *queue)
@@ -97,12 +107,14 @@ TrackRecordList LB_TrackController::arrangedObjects() const
 void LB_TrackController::searchTextEntered(QLineEdit *searchField)
 {
     const TrackRecordRef selected = m_model->trackAtRow(selectedRow());
-    m_model->setSearchText(searchField->text());
+    m_searchText = searchField->text();
+    m_model->setSearchText(m_searchText);
     if (selected)
         selectRow(m_model->rowOfTrack(selected));
     setTrackCount(static_cast<quint64>(m_model->rowCount()));
     m_trackTableView->scrollToTop();
     updateIsPlaying();
+    updateEmptyText();
 }
 
 void LB_TrackController::setSortDescriptors(std::vector<SortDescriptor> descriptors)
@@ -126,10 +138,24 @@ void LB_TrackController::tableViewSortDescriptorsDidChange()
                                 sortedColumnTitle(m_model->headerTitle(column), first.ascending));
     setHighlightedColumn(column);
 
-    if (m_listID && m_queue->queuedListID() == m_listID && !m_queue->isShuffling())
+    // A list that the user has stopped does not take songs away from the queue.
+    if (m_listID && m_queue->queuedListID() == m_listID && !m_queue->isShuffling() &&
+        !m_isFinishingIncompleteList)
         m_queue->setPlayQueueWithListID(content(), m_listID);
     m_model->reloadRows();
     scrollToCurrentTrack();
+    Q_EMIT sorted();
+}
+
+void LB_TrackController::sortByOwnOrder()
+{
+    setSortDescriptors({{ownOrderKey, true}});
+}
+
+bool LB_TrackController::isInOwnOrder() const
+{
+    return !m_sortDescriptors.empty() && m_sortDescriptors.front().key == ownOrderKey &&
+           m_sortDescriptors.front().ascending;
 }
 
 void LB_TrackController::sortByColumn(int column)
@@ -279,6 +305,16 @@ void LB_TrackController::setTrackCount(quint64 count)
 {
     if (std::exchange(m_trackCount, count) != count)
         Q_EMIT trackCountChanged(count);
+}
+
+void LB_TrackController::updateEmptyText()
+{
+    const QString text =
+        m_model->rowCount() > 0
+            ? QString()
+            : emptyListText(m_origin, static_cast<qint64>(m_model->contentSize()), m_searchText);
+    if (std::exchange(m_emptyText, text) != text)
+        Q_EMIT emptyTextChanged(text);
 }
 
 void LB_TrackController::setHighlightedColumn(int column)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/TrackRecord.h"
+#include "library/EmptyListText.h"
 #include "library/TrackImport.h"
 #include "platform/foundation/MusicLibrary.h"
 #include "settings/SortDescriptor.h"
@@ -35,6 +36,14 @@ public:
     /// The list identifier of files that came neither from a folder nor from a playlist.
     static const QString droppedFilesListID;
 
+    /// The user default that remembers includesSubfolders(): boolean, false when absent.
+    static const QString includeSubfoldersKey;
+
+    /// The list identifier of a folder with everything in it: the folder's path and a separator. It
+    /// is a list of its own, so it has a sort of its own, and a queue that plays one of the two
+    /// lists is not exchanged for the other.
+    static QString treeListID(const QString &folderID);
+
     explicit LB_TrackController(QObject *parent = nullptr);
     ~LB_TrackController() override;
 
@@ -61,8 +70,17 @@ public:
     void getTracksForiTunesPlaylistArrayPlaylistID(const std::optional<std::vector<QString>> &items,
                                                    const QString &playlistID);
 
-    /// Shows the audio files that lie in one folder itself.
+    /// Shows the audio files that lie in one folder itself or, with includesSubfolders(), those of
+    /// the whole tree below it as well, folder by folder in the order of the tree.
     void scanForAudioFilesStartingAtURLFolderID(const QUrl &directory, const QString &folderID);
+
+    /// Whether a folder's list holds the songs of the folders inside. A change is remembered, and
+    /// the folder that is shown is read again.
+    bool includesSubfolders() const { return m_includesSubfolders; }
+    void setIncludesSubfolders(bool includes);
+
+    /// Whether the user has stopped the list that is shown before it was complete.
+    bool isListIncomplete() const { return m_origin.isIncomplete; }
 
     /// Shows those of `files` that are audio, plays the first and queues the list. Returns how many
     /// there were; with none the table keeps what it shows. Those that are no audio are appended
@@ -75,8 +93,12 @@ public:
     lyrabox::TrackRecordRef newObject() const;
 
     /// Called while a list is built, from a quarter of a second on and at most every 50 ms, with
-    /// the number of entries done and found. It must not process events.
+    /// the number of entries done and found; while folders are still searched, with the number
+    /// found and 0. It must not process events.
     void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
+
+    /// Lets the user stop a list that is being built. It then holds what was read until then.
+    void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
 
     /// The whole list, in its sort order.
     lyrabox::TrackRecordList content() const;
@@ -90,6 +112,9 @@ public:
 
     /// The number of rows shown.
     quint64 trackCount() const { return m_trackCount; }
+
+    /// What the table says while it has no rows; empty while it has some.
+    const QString &emptyText() const { return m_emptyText; }
 
     // Search and sort.
     /// Filters by the field's text as it stands, blanks included; an empty text shows everything.
@@ -107,6 +132,10 @@ public:
     /// Sorts by a column as a click on its header does: the same column again turns the order
     /// round.
     void sortByColumn(int column);
+
+    /// Sorts a list in the order in which it was built.
+    void sortByOwnOrder();
+    bool isInOwnOrder() const;
 
     /// The column that the list is sorted by; -1 for none.
     int highlightedColumn() const { return m_highlightedColumn; }
@@ -148,15 +177,36 @@ public:
 
 Q_SIGNALS:
     void trackCountChanged(quint64 count);
+    void emptyTextChanged(const QString &text);
+    void includesSubfoldersChanged(bool includes);
+
+    /// A list has been built; isListIncomplete() tells whether to its end.
+    void listShown();
+
+    /// The list has been sorted, also where that changed nothing.
+    void sorted();
 
     /// For a header that draws the sorted column differently; -1 for none.
     void highlightedColumnChanged(int column);
 
 private:
     lyrabox::TrackRecordRef playingTrack() const;
-    lyrabox::TrackRecordList recordsOfFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
+    struct Folder {
+        QUrl url;
+        QString id;
+    };
+
+    lyrabox::ProgressPacer pacer(qint64 total = 0) const;
+    lyrabox::TrackRecordList recordsOfFiles(const QList<QUrl> &files,
+                                            lyrabox::ProgressPacer &progress,
+                                            QList<QUrl> *left = nullptr);
+    /// The files below the folder, as far as the user lets it be searched.
+    QList<QUrl> filesOfFolder(const QString &path, lyrabox::ProgressPacer &progress,
+                              lyrabox::ListOrigin &origin) const;
     void completeRecord(lyrabox::TrackRecord &record, int order, const QString &inode) const;
-    void finishList(const lyrabox::TrackRecordList &records, const QString &listID);
+    void finishList(const lyrabox::TrackRecordList &records, const QString &listID,
+                    const lyrabox::ListOrigin &origin);
+    void updateEmptyText();
     void selectRow(int row);
     void setTrackCount(quint64 count);
     void setHighlightedColumn(int column);
@@ -167,12 +217,19 @@ private:
     lyrabox::TrackTableModel *m_model = nullptr;
     lyrabox::MusicLibraryRef m_library;
     std::optional<QString> m_listID;
+    lyrabox::ListOrigin m_origin;        ///< of the list that is shown
+    std::optional<Folder> m_shownFolder; ///< none while the list is no folder's
+    bool m_includesSubfolders = false;
+    bool m_isFinishingIncompleteList = false;
+    QString m_searchText;
+    QString m_emptyText;
     quint64 m_trackCount = 0;
     std::vector<lyrabox::SortDescriptor> m_sortDescriptors;
     int m_highlightedColumn = -1;
     std::function<lyrabox::MusicLibraryRef()> m_locateLibrary;
     lyrabox::AudioFileOpener m_openAudioFile;
     lyrabox::ProgressHook m_progressHook;
+    lyrabox::StopProbeMaker m_makeStopProbe;
     lyrabox::ProgressClock m_progressClock;
     PlayGate m_playGate;
     std::function<std::uint32_t()> m_random;

@@ -5,14 +5,20 @@
 #include "library/LB_TrackController.h"
 #include "library/TrackTableModel.h"
 #include "platform/foundation/Files.h"
+#include "platform/foundation/FolderTree.h"
+#include "platform/foundation/UserDefaults.h"
 #include "settings/LB_SettingsController.h"
 
+#include <QScopedValueRollback>
 #include <QTableView>
+
+#include <utility>
 
 using namespace lyrabox;
 using namespace Qt::Literals::StringLiterals;
 
 const QString LB_TrackController::droppedFilesListID = u"DroppedFiles"_s;
+const QString LB_TrackController::includeSubfoldersKey = u"includeSubfolders"_s;
 
 namespace {
 
@@ -39,6 +45,18 @@ private:
 
 } // namespace
 
+QString LB_TrackController::treeListID(const QString &folderID)
+{
+    return folderID + u'/';
+}
+
+ProgressPacer LB_TrackController::pacer(qint64 total) const
+{
+    ProgressPacer progress(m_progressHook, m_progressClock, total);
+    progress.setStopProbe(m_makeStopProbe);
+    return progress;
+}
+
 MusicLibraryRef LB_TrackController::iTunesLibraryDictionary()
 {
     if (!m_library)
@@ -52,8 +70,7 @@ void LB_TrackController::getTracksForiTunesPlaylistArrayPlaylistID(
     const DisabledTable disabled(m_trackTableView);
     const MusicLibraryRef library = iTunesLibraryDictionary();
     const std::vector<QString> identifiers = items.value_or(std::vector<QString>());
-    ProgressPacer progress(m_progressHook, m_progressClock,
-                           static_cast<qsizetype>(identifiers.size()));
+    ProgressPacer progress = pacer(static_cast<qint64>(identifiers.size()));
     TrackRecordList records;
     records.reserve(identifiers.size());
     for (const QString &identifier : identifiers) {
@@ -68,29 +85,77 @@ void LB_TrackController::getTracksForiTunesPlaylistArrayPlaylistID(
                        files::inodeText(record->fileURL));
         records.push_back(std::move(record));
         progress.advance(static_cast<qsizetype>(records.size()));
+        if (progress.isStopped())
+            break;
     }
-    finishList(records, playlistID);
+    m_shownFolder.reset();
+    finishList(
+        records, playlistID,
+        {.kind = ListOrigin::Kind::Playlist, .isIncomplete = records.size() < identifiers.size()});
 }
 
 void LB_TrackController::scanForAudioFilesStartingAtURLFolderID(const QUrl &directory,
                                                                 const QString &folderID)
 {
     const DisabledTable disabled(m_trackTableView);
-    QList<QUrl> entries;
-    for (const files::Entry &entry : files::shallowEntries(directory.toLocalFile())) {
-        if (!entry.isDirectory)
-            entries.append(QUrl::fromLocalFile(entry.path));
+    m_shownFolder = Folder{directory, folderID};
+    ListOrigin origin{.kind =
+                          m_includesSubfolders ? ListOrigin::Kind::Tree : ListOrigin::Kind::Folder};
+    ProgressPacer progress = pacer();
+    const QList<QUrl> files = filesOfFolder(directory.toLocalFile(), progress, origin);
+    progress.setTotal(files.size());
+    const TrackRecordList records = recordsOfFiles(files, progress);
+    origin.isIncomplete = progress.isStopped();
+    finishList(records, m_includesSubfolders ? treeListID(folderID) : folderID, origin);
+}
+
+QList<QUrl> LB_TrackController::filesOfFolder(const QString &path, ProgressPacer &progress,
+                                              ListOrigin &origin) const
+{
+    origin.isReadable = files::isReadable(path);
+    QList<QUrl> urls;
+    if (!m_includesSubfolders) {
+        for (const files::Entry &entry : files::shallowEntries(path)) {
+            if (!entry.isDirectory)
+                urls.append(QUrl::fromLocalFile(entry.path));
+            else if (!entry.isPackage)
+                ++origin.foldersInside;
+        }
+        return urls;
     }
-    finishList(recordsOfFiles(entries), folderID);
+    const QStringList paths = files::filesOfTree(path, [&progress](qint64 found) {
+        progress.advance(found);
+        return !progress.isStopped();
+    });
+    if (progress.isStopped())
+        return {};
+    urls.reserve(paths.size());
+    for (const QString &file : paths)
+        urls.append(QUrl::fromLocalFile(file));
+    return urls;
+}
+
+void LB_TrackController::setIncludesSubfolders(bool includes)
+{
+    if (std::exchange(m_includesSubfolders, includes) == includes)
+        return;
+    userDefaults().setValue(includeSubfoldersKey, includes);
+    Q_EMIT includesSubfoldersChanged(includes);
+    if (m_shownFolder) {
+        const Folder folder = *m_shownFolder;
+        scanForAudioFilesStartingAtURLFolderID(folder.url, folder.id);
+    }
 }
 
 qsizetype LB_TrackController::showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left)
 {
     const DisabledTable disabled(m_trackTableView);
-    const TrackRecordList records = recordsOfFiles(files, left);
-    if (records.empty())
+    ProgressPacer progress = pacer(files.size());
+    const TrackRecordList records = recordsOfFiles(files, progress, left);
+    if (records.empty() || progress.isStopped())
         return 0;
-    finishList(records, droppedFilesListID);
+    m_shownFolder.reset();
+    finishList(records, droppedFilesListID, {.kind = ListOrigin::Kind::Files});
     m_queue->playTrack(records.front());
     m_queue->setPlayQueueWithListID(content(), m_listID);
     return static_cast<qsizetype>(records.size());
@@ -109,13 +174,13 @@ TrackRecordRef LB_TrackController::newObject() const
     return std::make_shared<TrackRecord>();
 }
 
-TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files, QList<QUrl> *left)
+TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files,
+                                                   ProgressPacer &progress, QList<QUrl> *left)
 {
     QStringList paths;
     paths.reserve(files.size());
     for (const QUrl &file : files)
         paths.append(file.toLocalFile());
-    ProgressPacer progress(m_progressHook, m_progressClock, paths.size());
     const std::vector<std::optional<OpenedAudioFile>> opened =
         openAudioFiles(paths, m_openAudioFile, progress);
 
@@ -144,12 +209,20 @@ void LB_TrackController::completeRecord(TrackRecord &record, int order, const QS
     record.hasSettings = m_settings->hasSettingsForInode(inode);
 }
 
-void LB_TrackController::finishList(const TrackRecordList &records, const QString &listID)
+void LB_TrackController::finishList(const TrackRecordList &records, const QString &listID,
+                                    const ListOrigin &origin)
 {
     m_model->setContent(records);
     m_trackTableView->scrollToTop();
     m_trackTableView->clearSelection();
     m_listID = listID;
-    setSortDescriptors({m_settings->sortDescriptorForListID(listID)});
+    m_origin = origin;
+    {
+        const QScopedValueRollback<bool> finishing(m_isFinishingIncompleteList,
+                                                   origin.isIncomplete);
+        setSortDescriptors({m_settings->sortDescriptorForListID(listID)});
+    }
     setTrackCount(static_cast<quint64>(m_model->rowCount()));
+    updateEmptyText();
+    Q_EMIT listShown();
 }

@@ -39,6 +39,7 @@ public:
 
     void setContent(const TrackRecordList &records);
     TrackRecordList content() const;
+    std::size_t contentSize() const { return m_records.size(); }
     TrackRecordList arrangedObjects() const;
     TrackRecordRef trackAtRow(int row) const;
 
