@@ -55,7 +55,8 @@ class ProgramWithASlowList : public WaitingProgram {
 protected:
     static constexpr int slowSongs = 5;
 
-    void startBesideASlowFolder()
+    /// `copies`: as many more songs in the slow folder.
+    void startBesideASlowFolder(int copies = 0)
     {
         const QString fast =
             makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}, {u"Beta"_s, 350.0}});
@@ -64,6 +65,10 @@ protected:
             songs.push_back({u"Slow %1"_s.arg(i), 400.0 + 50.0 * i});
         slowFolder = makeFolder(u"Slow"_s, songs);
         slowFile = slowFolder + u'/';
+        const QDir slow(slowFolder);
+        const QString first = slow.filePath(slow.entryList(QDir::Files).front());
+        for (int i = 0; i < copies; ++i)
+            ASSERT_TRUE(QFile::copy(first, slow.filePath(u"copy %1.wav"_s.arg(i))));
         showFolder(fast);
         const PropertyList both(PropertyList::Array{PropertyList(fast), PropertyList(slowFolder)});
         ASSERT_TRUE(writePropertyList(both, settingsFile(u"Folders.plist"_s)));
@@ -145,6 +150,20 @@ TEST_F(ProgramWithASlowList, ObeysPausePressedMeanwhile)
     EXPECT_TRUE(hearsSilence());
     display.key(u"space"_s);
     EXPECT_TRUE(hears(300.0));
+}
+
+TEST_F(ProgramWithASlowList, StopsTheListAtEscapeAndKeepsWhatWasRead)
+{
+    startBesideASlowFolder(100); // more than are read at once on any machine
+    beginTheList();
+    display.key(u"Escape"_s);
+    EXPECT_TRUE(waitUntil([this] { return showsMessage(); })) << "the list was not stopped";
+    EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }));
+    EXPECT_FALSE(songRowIsEmpty(0));
+    EXPECT_FALSE(reads(slowFolder));
+    click(place::sourceRow(0));
+    EXPECT_TRUE(waitForSongs(2));
+    EXPECT_TRUE(waitUntil([this] { return !showsMessage(); }));
 }
 
 TEST_F(WaitingProgram, ALongLoadShowsItsProgressAndThenPlays)

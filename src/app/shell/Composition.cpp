@@ -7,18 +7,18 @@
 #include "app/shell/MediaPlayerBridge.h"
 #include "app/shell/OpenRequest.h"
 #include "app/shell/ProgramIcon.h"
-#include "app/shell/ProgressText.h"
 #include "app/shell/UpdateDialog.h"
 #include "app/shell/WindowMemory.h"
 #include "engine/AudioEngine.h"
 #include "library/TrackCountTextTransformer.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
+#include "platform/foundation/Machine.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/EmptyViewText.h"
 #include "platform/ui/NamedImage.h"
-#include "platform/ui/ProgressPanel.h"
 #include "platform/ui/TabOrder.h"
 
 #include <QApplication>
@@ -98,14 +98,17 @@ void Composition::launch()
 /// In the background, so that the first song need not wait for it.
 void Composition::loadDecoders()
 {
-    m_decoderLoading = std::jthread([this] {
+    const auto load = [this] {
         const QString failure = decodingModule().failure();
         if (failure.isEmpty())
             return;
         QMetaObject::invokeMethod(this, [this, failure] {
             m_main.errorField->setText(tr("Songs cannot be opened (%1)").arg(failure));
         });
-    });
+    };
+    m_decoderLoading = startThread(load);
+    if (!m_decoderLoading.joinable())
+        load();
 }
 
 void Composition::connectDesktop()
@@ -245,25 +248,6 @@ void Composition::setOutlets()
     m_main.splitView->setPanes(m_main.sourcePane, m_main.trackPane);
 }
 
-void Composition::connectProgress()
-{
-    using Work = InputAfterWait::Work;
-    m_progress = new ProgressPanel(m_main.trackTableView);
-    m_inputAfterWait =
-        std::make_unique<InputAfterWait>(m_main.playPauseButton, m_main.trackTableView);
-    m_audio->setProgressHook([this](qint64 seconds, qint64 total) {
-        m_inputAfterWait->waiting(Work::Load);
-        m_progress->showProgress(loadProgressText(seconds, total), seconds, total);
-    });
-    m_tracks.setProgressHook([this](qint64 done, qint64 found) {
-        m_inputAfterWait->waiting(Work::List);
-        m_progress->showProgress(listProgressText(done, found), done, found);
-    });
-    m_tracks.setPlayGate([this](const TrackRecordRef &track, std::function<void()> play) {
-        m_inputAfterWait->pick(track, m_audio->currentTrack(), std::move(play));
-    });
-}
-
 void Composition::connectTransport()
 {
     LB_AudioController *audio = m_audio.get();
@@ -343,6 +327,9 @@ void Composition::connectLists()
     };
     connect(&m_tracks, &LB_TrackController::trackCountChanged, m_main.trackCountField, showCount);
     showCount(0);
+    auto *emptyText = new EmptyViewText(m_main.trackTableView);
+    connect(&m_tracks, &LB_TrackController::emptyTextChanged, emptyText, &EmptyViewText::showText);
+    emptyText->showText(m_tracks.emptyText());
 }
 
 void Composition::connectEqualizer()

@@ -42,6 +42,7 @@ void Composition::connectViewMenu()
         const int sorted = m_tracks.highlightedColumn();
         for (QAction *column : m_menu->sortColumns)
             column->setChecked(column->data().toInt() == sorted);
+        m_menu->sortOwnOrder->setChecked(m_tracks.isInOwnOrder());
         m_menu->reverseOrder->setEnabled(sorted >= 0);
     };
     for (QAction *column : m_menu->sortColumns) {
@@ -50,10 +51,18 @@ void Composition::connectViewMenu()
             checkSortedColumn(); // choosing the checked one unchecks it
         });
     }
+    connect(m_menu->sortOwnOrder, &QAction::triggered, &m_tracks, [this, checkSortedColumn] {
+        m_tracks.sortByOwnOrder();
+        checkSortedColumn();
+    });
     connect(m_menu->reverseOrder, &QAction::triggered, &m_tracks,
             [this] { m_tracks.sortByColumn(m_tracks.highlightedColumn()); });
-    connect(&m_tracks, &LB_TrackController::highlightedColumnChanged, m_menu, checkSortedColumn);
+    connect(&m_tracks, &LB_TrackController::sorted, m_menu, checkSortedColumn);
     checkSortedColumn();
+    connect(m_menu->includeSubfolders, &QAction::triggered, &m_tracks,
+            &LB_TrackController::setIncludesSubfolders);
+    connect(&m_tracks, &LB_TrackController::includesSubfoldersChanged, m_menu->includeSubfolders,
+            &QAction::setChecked);
 
     const auto skip = [this](double seconds) {
         return [this, seconds] { m_main.navigationView->seekBySeconds(seconds); };

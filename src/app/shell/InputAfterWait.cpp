@@ -53,6 +53,7 @@ void InputAfterWait::waiting(Work work)
         m_showedPlay = m_stateBefore == 0;
         m_listChanged = false;
         m_loaded = false;
+        m_dropsEscape = false;
         qApp->installEventFilter(this);
     }
     m_settling = true;
@@ -107,11 +108,14 @@ bool InputAfterWait::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-    case QEvent::KeyPress:
-        if (!static_cast<QKeyEvent *>(event)->isAutoRepeat() || !isFromWait())
+    case QEvent::KeyPress: {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isSpent = m_dropsEscape && key->key() == Qt::Key_Escape;
+        if (!(isSpent || key->isAutoRepeat()) || !isFromWait())
             return false;
         event->accept(); // no shortcut either
         return true;
+    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:

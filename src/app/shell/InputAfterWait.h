@@ -20,7 +20,8 @@ class StateButton;
 /// - A song picked is played once: of several the last, and not one that was being loaded anyway.
 /// - Play, pressed again because nothing was heard yet, stays Play. Where the button showed Pause
 ///   when the wait began, every press counts as always.
-/// - What a held key repeated is dropped, and so is a click at a row of a list that was just being
+/// - What a held key repeated is dropped, Escape once it has stopped the work, and so is a click at
+/// a row of a list that was just being
 ///   replaced; everything else is handled as it comes, in its order.
 ///
 /// Work that is too short to show its progress makes no such wait. Main thread.
@@ -36,6 +37,9 @@ public:
     /// What the main thread is busy with; told while it is.
     enum class Work { Load, List };
     void waiting(Work work);
+
+    /// Escape, pressed in this wait, has stopped the work: it is not delivered as well.
+    void dropEscape() { m_dropsEscape = true; }
 
     /// Whether what is handled now was done during the last wait. Until a tenth of a second after
     /// it: nobody answers to its end sooner.
@@ -67,6 +71,7 @@ private:
     bool m_listChanged = false;
     bool m_loaded = false;
     bool m_showedPlay = false;
+    bool m_dropsEscape = false;
     int m_stateBefore = 0; ///< of the button, before the event that is handled now
     std::chrono::milliseconds m_end{};
     bool m_settling = false;

@@ -27,6 +27,8 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     sourceList = add(view, tr("Playlists and &Folders"), {Qt::CTRL | Qt::Key_B});
     view->addSeparator();
     addSortColumns(view);
+    includeSubfolders = add(view, tr("&Include Subfolders"));
+    includeSubfolders->setCheckable(true);
 
     QMenu *playback = addMenu(tr("&Playback"));
     playPause = add(playback, tr("&Play or Pause"), {Qt::Key_Space});
@@ -92,6 +94,9 @@ void MainMenu::addSortColumns(QMenu *view)
     const QString title = tr("&Sort By");
     QMenu *menu = view->addMenu(title);
     menu->setAccessibleName(QString(title).remove(u'&'));
+    sortOwnOrder = add(menu, tr("&Own Order"));
+    sortOwnOrder->setCheckable(true);
+    menu->addSeparator();
     const auto addColumn = [&](int column, const QString &text) {
         QAction *action = add(menu, text);
         action->setCheckable(true);

@@ -27,10 +27,13 @@ public:
 
     QAction *songList;
     QAction *sourceList;
+    /// Checked while the list is in the order in which it was built.
+    QAction *sortOwnOrder;
     /// In the order of the song table's columns, each with its column as data; the one that the
     /// list is sorted by is checked.
     QList<QAction *> sortColumns;
     QAction *reverseOrder;
+    QAction *includeSubfolders;
 
     QAction *playPause;
     QAction *next;

@@ -28,6 +28,22 @@ QString listProgressText(qint64 done, qint64 found)
         .arg(QLocale().toString(done));
 }
 
+QString searchProgressText(qint64 found)
+{
+    return Text::tr("Searching folders: %Ln files", nullptr, plural(found));
+}
+
+QString skipProgressText(qint64 done, qint64 total)
+{
+    return Text::tr("Skipping songs that cannot be loaded: %1 of %Ln", nullptr, plural(total))
+        .arg(QLocale().toString(done));
+}
+
+QString withStopHint(const QString &text)
+{
+    return text + u'\n' + Text::tr("Escape stops it");
+}
+
 QString loadProgressText(qint64 seconds, qint64 total)
 {
     if (total <= 0)

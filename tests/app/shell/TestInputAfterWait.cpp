@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QTableView>
 #include <QTest>
 
@@ -225,6 +226,31 @@ TEST_F(AfterWait, AClickAtAListThatWasReplacedDoesNotReachTheNewOne)
     runOneRound(); // the wait is over
     click();
     EXPECT_EQ(watch.presses, 2);
+}
+
+TEST_F(AfterWait, TheEscapeThatStoppedTheWorkIsNotDeliveredAsWell)
+{
+    QWidget receiver;
+    int presses = 0;
+    QShortcut shortcut(Qt::Key_Escape, &receiver, [&presses] { ++presses; });
+    receiver.show();
+    receiver.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&receiver));
+
+    input.waiting(Work::List);
+    QTest::keyClick(&receiver, Qt::Key_Escape);
+    EXPECT_EQ(presses, 1) << "an Escape that stopped nothing is one as always";
+
+    input.dropEscape();
+    QTest::keyClick(&receiver, Qt::Key_Escape);
+    EXPECT_EQ(presses, 1);
+
+    input.settle();
+    QTest::keyClick(&receiver, Qt::Key_Escape);
+    EXPECT_EQ(presses, 2);
+    input.waiting(Work::List);
+    QTest::keyClick(&receiver, Qt::Key_Escape);
+    EXPECT_EQ(presses, 3) << "the next wait begins anew";
 }
 
 } // namespace

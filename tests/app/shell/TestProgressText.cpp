@@ -25,3 +25,14 @@ TEST(ProgressText, DoesNotTellMoreSecondsThanThereAre)
 {
     EXPECT_EQ(loadProgressText(241, 240), u"Loading: 241 of 241 seconds"_s);
 }
+
+TEST(ProgressText, TellsWhatIsSearchedAndWhatIsSkipped)
+{
+    EXPECT_EQ(searchProgressText(1200), u"Searching folders: 1,200 files"_s);
+    EXPECT_EQ(skipProgressText(120, 5000), u"Skipping songs that cannot be loaded: 120 of 5,000"_s);
+}
+
+TEST(ProgressText, NamesTheKeyThatStopsOnALineOfItsOwn)
+{
+    EXPECT_EQ(withStopHint(u"Reading"_s), u"Reading\nEscape stops it"_s);
+}

@@ -1,0 +1,53 @@
+// What the windows show, and what stops it, while the main thread works for long.
+
+#include "app/shell/Composition.h"
+#include "app/shell/ProgressText.h"
+#include "platform/ui/EscapeWatch.h"
+#include "platform/ui/ProgressPanel.h"
+
+namespace lyrabox {
+
+void Composition::connectProgress()
+{
+    using Work = InputAfterWait::Work;
+    m_progress = new ProgressPanel(m_main.trackTableView);
+    m_inputAfterWait =
+        std::make_unique<InputAfterWait>(m_main.playPauseButton, m_main.trackTableView);
+    m_audio->setProgressHook([this](qint64 seconds, qint64 total) {
+        m_inputAfterWait->waiting(Work::Load);
+        m_progress->showProgress(loadProgressText(seconds, total), seconds, total);
+    });
+    const bool canStop = EscapeWatch::isSupported();
+    m_tracks.setProgressHook([this, canStop](qint64 done, qint64 found) {
+        m_inputAfterWait->waiting(Work::List);
+        const QString text = found > 0 ? listProgressText(done, found) : searchProgressText(done);
+        m_progress->showProgress(canStop ? withStopHint(text) : text, done, found);
+    });
+    m_queue.setProgressHook([this, canStop](qint64 done, qint64 total) {
+        m_inputAfterWait->waiting(Work::Load);
+        const QString text = skipProgressText(done, total);
+        m_progress->showProgress(canStop ? withStopHint(text) : text, done, total);
+    });
+    const StopProbeMaker watchForEscape = [this]() -> StopProbe {
+        return [this, watch = std::make_shared<EscapeWatch>()] {
+            const bool isPressed = watch->wasPressed();
+            if (isPressed)
+                m_inputAfterWait->dropEscape();
+            return isPressed;
+        };
+    };
+    m_tracks.setStopProbe(watchForEscape);
+    m_queue.setStopProbe(watchForEscape);
+    connect(&m_tracks, &LB_TrackController::listShown, m_main.errorField, [this] {
+        const QString text = tr("Stopped: not all songs are in the list");
+        if (m_tracks.isListIncomplete())
+            m_main.errorField->setText(text);
+        else if (m_main.errorField->text() == text)
+            m_main.errorField->clear();
+    });
+    m_tracks.setPlayGate([this](const TrackRecordRef &track, std::function<void()> play) {
+        m_inputAfterWait->pick(track, m_audio->currentTrack(), std::move(play));
+    });
+}
+
+} // namespace lyrabox
