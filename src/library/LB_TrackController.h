@@ -83,8 +83,8 @@ public:
     bool isListIncomplete() const { return m_origin.isIncomplete; }
 
     /// Shows those of `files` that are audio, plays the first and queues the list. Returns how many
-    /// there were; with none the table keeps what it shows. Those that are no audio are appended
-    /// to `left`.
+    /// there were; with none, and when the user stops it, the table keeps what it shows. Those that
+    /// are no audio are appended to `left`.
     qsizetype showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
 
     /// A record with location, title, artist, album and length filled in.
@@ -197,11 +197,12 @@ private:
     };
 
     lyrabox::ProgressPacer pacer(qint64 total = 0) const;
-    lyrabox::TrackRecordList recordsOfFiles(const QList<QUrl> &files,
-                                            lyrabox::ProgressPacer &progress,
-                                            QList<QUrl> *left = nullptr);
-    /// The files below the folder, as far as the user lets it be searched.
-    QList<QUrl> filesOfFolder(const QString &path, lyrabox::ProgressPacer &progress,
+    using Opened = std::vector<std::optional<lyrabox::OpenedAudioFile>>;
+
+    /// The records of those files that are audio.
+    lyrabox::TrackRecordList recordsOf(const QStringList &paths, const Opened &opened) const;
+    /// The files of the folder's list; none when the user has stopped the search for them.
+    QStringList filesOfFolder(const QString &path, lyrabox::ProgressPacer &progress,
                               lyrabox::ListOrigin &origin) const;
     void completeRecord(lyrabox::TrackRecord &record, int order, const QString &inode) const;
     void finishList(const lyrabox::TrackRecordList &records, const QString &listID,

@@ -102,37 +102,35 @@ void LB_TrackController::scanForAudioFilesStartingAtURLFolderID(const QUrl &dire
     ListOrigin origin{.kind =
                           m_includesSubfolders ? ListOrigin::Kind::Tree : ListOrigin::Kind::Folder};
     ProgressPacer progress = pacer();
-    const QList<QUrl> files = filesOfFolder(directory.toLocalFile(), progress, origin);
-    progress.setTotal(files.size());
-    const TrackRecordList records = recordsOfFiles(files, progress);
-    origin.isIncomplete = progress.isStopped();
-    finishList(records, m_includesSubfolders ? treeListID(folderID) : folderID, origin);
+    const QStringList paths = filesOfFolder(directory.toLocalFile(), progress, origin);
+    progress.setTotal(paths.size());
+    const Opened opened = openAudioFiles(paths, m_openAudioFile, progress);
+    if (opened.size() < static_cast<std::size_t>(paths.size()))
+        origin.isIncomplete = true;
+    finishList(recordsOf(paths, opened), m_includesSubfolders ? treeListID(folderID) : folderID,
+               origin);
 }
 
-QList<QUrl> LB_TrackController::filesOfFolder(const QString &path, ProgressPacer &progress,
+QStringList LB_TrackController::filesOfFolder(const QString &path, ProgressPacer &progress,
                                               ListOrigin &origin) const
 {
     origin.isReadable = files::isReadable(path);
-    QList<QUrl> urls;
-    if (!m_includesSubfolders) {
-        for (const files::Entry &entry : files::shallowEntries(path)) {
-            if (!entry.isDirectory)
-                urls.append(QUrl::fromLocalFile(entry.path));
-            else if (!entry.isPackage)
-                ++origin.foldersInside;
-        }
-        return urls;
+    QStringList paths;
+    if (m_includesSubfolders) {
+        paths = files::filesOfTree(path, [&progress](qint64 found) {
+            progress.advance(found);
+            return !progress.isStopped();
+        });
+        origin.isIncomplete = progress.isStopped();
+        return origin.isIncomplete ? QStringList() : paths;
     }
-    const QStringList paths = files::filesOfTree(path, [&progress](qint64 found) {
-        progress.advance(found);
-        return !progress.isStopped();
-    });
-    if (progress.isStopped())
-        return {};
-    urls.reserve(paths.size());
-    for (const QString &file : paths)
-        urls.append(QUrl::fromLocalFile(file));
-    return urls;
+    for (files::Entry &entry : files::shallowEntries(path)) {
+        if (!entry.isDirectory)
+            paths.append(std::move(entry.path));
+        else if (!entry.isPackage)
+            ++origin.foldersInside;
+    }
+    return paths;
 }
 
 void LB_TrackController::setIncludesSubfolders(bool includes)
@@ -151,8 +149,18 @@ qsizetype LB_TrackController::showAndPlayFiles(const QList<QUrl> &files, QList<Q
 {
     const DisabledTable disabled(m_trackTableView);
     ProgressPacer progress = pacer(files.size());
-    const TrackRecordList records = recordsOfFiles(files, progress, left);
-    if (records.empty() || progress.isStopped())
+    QStringList paths;
+    for (const QUrl &file : files)
+        paths.append(file.toLocalFile());
+    const Opened opened = openAudioFiles(paths, m_openAudioFile, progress);
+    if (opened.size() < static_cast<std::size_t>(paths.size()))
+        return 0;
+    for (qsizetype i = 0; left && i < files.size(); ++i) {
+        if (!opened[static_cast<std::size_t>(i)])
+            left->append(files[i]);
+    }
+    const TrackRecordList records = recordsOf(paths, opened);
+    if (records.empty())
         return 0;
     m_shownFolder.reset();
     finishList(records, droppedFilesListID, {.kind = ListOrigin::Kind::Files});
@@ -174,26 +182,14 @@ TrackRecordRef LB_TrackController::newObject() const
     return std::make_shared<TrackRecord>();
 }
 
-TrackRecordList LB_TrackController::recordsOfFiles(const QList<QUrl> &files,
-                                                   ProgressPacer &progress, QList<QUrl> *left)
+TrackRecordList LB_TrackController::recordsOf(const QStringList &paths, const Opened &opened) const
 {
-    QStringList paths;
-    paths.reserve(files.size());
-    for (const QUrl &file : files)
-        paths.append(file.toLocalFile());
-    const std::vector<std::optional<OpenedAudioFile>> opened =
-        openAudioFiles(paths, m_openAudioFile, progress);
-
     TrackRecordList records;
-    records.reserve(opened.size());
     for (std::size_t i = 0; i < opened.size(); ++i) {
-        const QUrl &file = files.at(static_cast<qsizetype>(i));
-        if (!opened[i]) {
-            if (left)
-                left->append(file);
+        if (!opened[i])
             continue;
-        }
-        TrackRecordRef record = trackObjectForFileIDAtURL(*opened[i], file);
+        const QUrl url = QUrl::fromLocalFile(paths.at(static_cast<qsizetype>(i)));
+        TrackRecordRef record = trackObjectForFileIDAtURL(*opened[i], url);
         completeRecord(*record, static_cast<int>(records.size()) + 1, opened[i]->inode);
         records.push_back(std::move(record));
     }
