@@ -49,7 +49,7 @@ QString emptyListText(const ListOrigin &origin, qint64 songs, const QString &sea
         return Text::tr("Stopped before a song was read.");
     switch (origin.kind) {
     case Kind::None:
-        return Text::tr("Choose a playlist or folder.");
+        return Text::tr("Choose a playlist or folder");
     case Kind::Playlist:
         return Text::tr("This playlist has no songs.");
     case Kind::Folder:

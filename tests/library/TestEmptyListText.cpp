@@ -9,7 +9,7 @@ using Kind = ListOrigin::Kind;
 
 TEST(EmptyListText, AsksForAPlaylistOrFolderAtFirst)
 {
-    EXPECT_EQ(emptyListText({}, 0, {}), u"Choose a playlist or folder."_s);
+    EXPECT_EQ(emptyListText({}, 0, {}), u"Choose a playlist or folder"_s);
 }
 
 TEST(EmptyListText, TellsHowManyFoldersLieInAFolderWithoutSongs)

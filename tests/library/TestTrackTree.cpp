@@ -233,7 +233,7 @@ TEST_F(TrackTree, IsReadWithoutAnyThread)
 
 TEST_F(TrackTree, SaysWhyThereAreNoSongsInAFolder)
 {
-    EXPECT_EQ(f->tracks.emptyText(), u"Choose a playlist or folder."_s);
+    EXPECT_EQ(f->tracks.emptyText(), u"Choose a playlist or folder"_s);
     add({u"a/1"_s, u"b/2"_s, u".hidden/3"_s, u"x.bundle/4"_s});
     const QSignalSpy texts(&f->tracks, &LB_TrackController::emptyTextChanged);
     scan();
