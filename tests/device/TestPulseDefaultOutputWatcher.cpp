@@ -153,6 +153,85 @@ TEST(PulseDefaultOutputWatcher, NoticesAServerThatWasNotThereAtFirst)
     EXPECT_TRUE(calls.waitFor(1));
 }
 
+TEST(PulseDefaultOutputWatcher, CallsOnceMoreOnRequest)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.requestCall(); // before anyone listens
+    watcher.listen(calls.listener());
+    EXPECT_TRUE(calls.waitFor(1));
+    settle(server, calls);
+    const int before = calls.count();
+    watcher.requestCall();
+    EXPECT_TRUE(calls.waitFor(before + 1));
+    EXPECT_EQ(callsUpToAChange(server, calls, u"b"_s), 1);
+}
+
+TEST(PulseDefaultOutputWatcher, ARequestWaitsForAServerThatHangs)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    settle(server, calls);
+    const int before = calls.count();
+    server.hang();
+    watcher.requestCall();
+    EXPECT_FALSE(calls.waitFor(before + 1, std::chrono::milliseconds(500)));
+    server.resume();
+    EXPECT_TRUE(calls.waitFor(before + 1));
+}
+
+TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredOnceAServerThatHungFromTheFirstAnswers)
+{
+    PrivateSoundServer server;
+    server.hang();
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    watcher.requestCall();
+    EXPECT_FALSE(calls.waitFor(1, std::chrono::milliseconds(500)));
+    server.resume();
+    EXPECT_TRUE(calls.waitFor(1));
+}
+
+TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredAtOnceWhereThereIsNoServer)
+{
+    const PrivateSoundServer server(PrivateSoundServer::At::Later);
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    watcher.requestCall();
+    EXPECT_TRUE(calls.waitFor(1));
+}
+
+TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredWhereTheServerHasNoDevice)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    settle(server, calls);
+    ASSERT_TRUE(server.removeSinks());
+    while (calls.waitFor(calls.count() + 1, std::chrono::milliseconds(200))) {
+    }
+    const int before = calls.count();
+    watcher.requestCall();
+    EXPECT_TRUE(calls.waitFor(before + 1));
+}
+
+TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhileTheServerHangs)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    settle(server, calls);
+    server.hang();
+    watcher.requestCall();
+}
+
 TEST(PulseDefaultOutputWatcher, TheListenerMayReplaceItself)
 {
     PrivateSoundServer server;

@@ -4,6 +4,8 @@
 
 #include <fcntl.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -79,6 +81,16 @@ void PrivateSoundServer::kill()
     m_server.waitForFinished(patienceMilliseconds);
 }
 
+void PrivateSoundServer::hang()
+{
+    EXPECT_EQ(::kill(static_cast<pid_t>(m_server.processId()), SIGSTOP), 0);
+}
+
+void PrivateSoundServer::resume()
+{
+    EXPECT_EQ(::kill(static_cast<pid_t>(m_server.processId()), SIGCONT), 0);
+}
+
 bool PrivateSoundServer::restart()
 {
     kill();
@@ -140,9 +152,51 @@ bool PrivateSoundServer::setSinkVolume(const QString &sink, int percent)
 
 int PrivateSoundServer::streamCount() const
 {
+    return static_cast<int>(streams().size());
+}
+
+QList<QByteArray> PrivateSoundServer::streams() const
+{
     QByteArray output;
     pactl({u"list"_s, u"short"_s, u"sink-inputs"_s}, &output);
-    return static_cast<int>(output.count('\n'));
+    QList<QByteArray> indices;
+    for (const QByteArray &line : output.split('\n')) {
+        if (!line.isEmpty())
+            indices.append(line.left(line.indexOf('\t')));
+    }
+    return indices;
+}
+
+void PrivateSoundServer::killStreams()
+{
+    // No command of pactl's: the server's own command line has one.
+    const QByteArray path = m_folder.filePath(u"commands"_s).toLocal8Bit();
+    const int module =
+        loadModule(u"module-cli-protocol-unix"_s, {u"socket="_s + QString::fromLocal8Bit(path)});
+    const QList<QByteArray> killed = streams();
+    ASSERT_FALSE(killed.isEmpty()) << "nobody plays";
+
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    ASSERT_LT(static_cast<std::size_t>(path.size()), sizeof(address.sun_path));
+    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    const int connection = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(::connect(connection, reinterpret_cast<const sockaddr *>(&address), sizeof(address)),
+              0);
+    for (const QByteArray &stream : killed) {
+        const QByteArray command = "kill-sink-input " + stream + "\n";
+        EXPECT_EQ(
+            ::write(connection, command.constData(), static_cast<std::size_t>(command.size())),
+            command.size());
+    }
+    // Others may have come meanwhile.
+    EXPECT_TRUE(waitUntil([&] {
+        const QList<QByteArray> left = streams();
+        return std::none_of(killed.begin(), killed.end(),
+                            [&](const QByteArray &stream) { return left.contains(stream); });
+    })) << "streams are left";
+    ::close(connection);
+    unloadModule(module);
 }
 
 std::unique_ptr<Recorder> PrivateSoundServer::record(const QString &sink)

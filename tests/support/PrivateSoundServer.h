@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -43,6 +45,10 @@ public:
     /// Ends the server without any farewell; returns when it is gone.
     void kill();
 
+    /// The server answers nobody and plays nothing until resume().
+    void hang();
+    void resume();
+
     /// Starts the server again at the same place, with two fresh sinks; returns when it answers.
     bool restart();
 
@@ -58,10 +64,15 @@ public:
     /// How many streams play to the server at present, halted ones included.
     int streamCount() const;
 
+    /// Takes the streams away from those who play them; the sinks stay. Returns when they are gone.
+    void killStreams();
+
     /// Records what a sink plays from now on.
     std::unique_ptr<Recorder> record(const QString &sink);
 
 private:
+    /// Their numbers at the server.
+    QList<QByteArray> streams() const;
     bool pactl(const QStringList &arguments, QByteArray *output = nullptr) const;
 
     QTemporaryDir m_folder;

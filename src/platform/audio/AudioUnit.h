@@ -3,6 +3,7 @@
 #include "platform/audio/StreamFormat.h"
 #include "platform/foundation/Status.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -99,11 +100,27 @@ public:
 };
 
 /// The output device. It pulls its source on a thread of its own, the audio callback thread.
+///
+/// No call waits longer than serverPatience for a sound server that hangs. From then on the unit is
+/// without its device for good: calls return at once, and deviceStatus() is soundServerHangs.
 class OutputUnit : public AudioUnit {
 public:
+    static constexpr std::chrono::milliseconds serverPatience{2000};
+
+    /// `listener` is called when the unit has lost its device or has given up waiting for the
+    /// server, so that a new unit can be made once the server answers. It runs on a thread of the
+    /// sound system, or inside the call here that gave up. It must neither block nor call the unit.
+    /// Set before initialize(); not called any more once the unit is destroyed.
+    virtual void setLossListener(std::function<void()> /*listener*/) {}
+
+    /// Control side. Why nothing can be heard: noAudioDevice when the device is missing or lost,
+    /// soundServerHangs when the server did not answer; otherwise noError.
+    virtual Status deviceStatus() const noexcept { return status::noError; }
+
     /// Set once, before the first start; the source is not owned and must outlive the unit.
     virtual Status connect(RenderingUnit *source) = 0;
 
+    /// Counts as running afterwards, even if it fails for want of a device.
     virtual Status start() = 0;
 
     /// Control side: returns when no callback runs or will run. From inside the callback it only
@@ -131,6 +148,10 @@ public:
     /// `listener` runs on the device-notification thread, one call at a time. A second listen()
     /// replaces the listener. Returns noAudioDevice where changes can't be watched.
     virtual Status listen(std::function<void()> listener) = 0;
+
+    /// The listener is to be called once more, as on a change: when the server answers, at once
+    /// where there is none. Any thread; takes no lock and does not wait. May come before listen().
+    virtual void requestCall() noexcept {}
 };
 
 /// Makes the stages of a chain; a test replaces the output by one that is pulled by hand. A null

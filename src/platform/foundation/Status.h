@@ -27,11 +27,12 @@ constexpr Status noPermission = -54;                         ///< the file may n
 constexpr Status notEnoughMemory = -108;                     ///< the decoded song does not fit
 constexpr Status unsupportedFileType = fourCharCode("typ?"); ///< not an audio file
 constexpr Status unsupportedDataFormat =
-    fourCharCode("fmt?");                               ///< audio, but nothing here decodes it
-constexpr Status invalidFile = fourCharCode("dta?");    ///< an audio file, but malformed
-constexpr Status unspecified = fourCharCode("wht?");    ///< anything else
-constexpr Status missingDecoder = fourCharCode("dec?"); ///< the decoders are not installed
-constexpr Status noAudioDevice = fourCharCode("!dev");  ///< no sound server or no output device
+    fourCharCode("fmt?");                                 ///< audio, but nothing here decodes it
+constexpr Status invalidFile = fourCharCode("dta?");      ///< an audio file, but malformed
+constexpr Status unspecified = fourCharCode("wht?");      ///< anything else
+constexpr Status missingDecoder = fourCharCode("dec?");   ///< the decoders are not installed
+constexpr Status noAudioDevice = fourCharCode("!dev");    ///< no sound server or no output device
+constexpr Status soundServerHangs = fourCharCode("hang"); ///< the sound server does not answer
 constexpr Status invalidParameter = -10878; ///< a parameter ID that a unit does not have
 constexpr Status noConnection = -10876;     ///< a unit without a source was started
 

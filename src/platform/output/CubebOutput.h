@@ -1,15 +1,16 @@
 #pragma once
 
 #include "platform/audio/AudioUnit.h"
-#include "platform/audio/OutputRenderer.h"
 
 #include <atomic>
 #include <cstdint>
-
-struct cubeb;
-struct cubeb_stream;
+#include <functional>
+#include <memory>
 
 namespace lyrabox {
+
+class CubebSession;
+class OutputRenderer;
 
 /// The default output device, through cubeb: 44,100 Hz, stereo, 32-bit float, which the sound
 /// server converts where the device differs.
@@ -35,7 +36,11 @@ public:
     CubebOutput() = default;
     ~CubebOutput() override;
 
-    /// Opens the device, halted. noAudioDevice when there is no sound server or no device.
+    void setLossListener(std::function<void()> listener) override;
+    Status deviceStatus() const noexcept override;
+
+    /// Opens the device, halted. noAudioDevice when there is no sound server or no device. noError
+    /// also when the server hangs, see deviceStatus().
     Status initialize() override;
 
     float parameter(std::uint32_t id) const override;
@@ -43,8 +48,9 @@ public:
     void reset() override;
     Status connect(RenderingUnit *source) override;
 
-    /// noConnection without a source. With the device missing or lost it returns noAudioDevice and
-    /// still counts as running, so that a chain rebuilt on the next device knows to go on.
+    /// noConnection without a source. With the device missing, lost or out of reach it returns
+    /// deviceStatus() and still counts as running, so that a chain rebuilt on the next device knows
+    /// to go on.
     Status start() override;
 
     /// Pulls nothing from the source any more, lets the device play what it has (up to a tenth of a
@@ -52,21 +58,22 @@ public:
     Status stop() noexcept override;
 
     /// Any thread: started and not stopped since. Stays true when the device is lost.
-    bool isRunning() const noexcept override { return m_renderer.isRunning(); }
-    bool isPlayingOut() const noexcept override { return m_renderer.isPlayingOut(); }
+    bool isRunning() const noexcept override;
+    bool isPlayingOut() const noexcept override;
 
 private:
-    static long dataCallback(cubeb_stream *stream, void *user, const void *input, void *output,
-                             long frames) noexcept;
+    bool isReachable() const noexcept;
+    Status giveUp() noexcept;
     void waitForSilence() const noexcept;
     void close() noexcept;
 
-    OutputRenderer m_renderer;
-    cubeb *m_context = nullptr;
-    cubeb_stream *m_stream = nullptr;
-    std::uint32_t m_latencyFrames = 0;
+    std::function<void()> m_lossListener;
+    RenderingUnit *m_source = nullptr;
+    float m_volume = 1.0F;
     bool m_deviceStarted = false;
-    std::atomic<bool> m_lost{false}; ///< written by the device's own thread
+    /// What isRunning() is without a session, or with one that was cut off.
+    std::atomic<bool> m_runsWithoutDevice{false};
+    std::shared_ptr<CubebSession> m_session; ///< null: no device
 };
 
 } // namespace lyrabox

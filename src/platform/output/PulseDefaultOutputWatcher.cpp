@@ -1,6 +1,7 @@
 #include "platform/output/PulseDefaultOutputWatcher.h"
 
 #include <pulse/context.h>
+#include <pulse/def.h>
 #include <pulse/introspect.h>
 #include <pulse/mainloop.h>
 #include <pulse/subscribe.h>
@@ -38,6 +39,7 @@ struct Device {
 /// One connection to the server, from connecting to its loss. Lives on the watching thread.
 class Connection {
 public:
+    /// `found` is told the default device whenever the server has said which it is.
     Connection(pa_mainloop *loop, std::function<void(std::optional<Device>)> found)
         : m_found(std::move(found))
     {
@@ -63,6 +65,19 @@ public:
     Connection &operator=(const Connection &) = delete;
 
     bool isAlive() const { return m_alive; }
+
+    /// Whether it is the server's silence that ended the connection.
+    bool hasTimedOut() const
+    {
+        return m_context != nullptr && pa_context_errno(m_context) == PA_ERR_TIMEOUT;
+    }
+
+    /// Asks which the default device is; once connected that is done anyway.
+    void ask()
+    {
+        if (m_context != nullptr && pa_context_get_state(m_context) == PA_CONTEXT_READY)
+            query();
+    }
 
 private:
     static void stateChanged(pa_context *context, void *user)
@@ -101,14 +116,19 @@ private:
         m_queryAgain = false;
         m_device.reset();
         pa_operation *const operation = pa_context_get_server_info(m_context, serverInfo, this);
-        if (operation == nullptr)
-            finishQuery();
+        m_querying = operation != nullptr; // otherwise the connection is at its end
         forget(operation);
     }
 
     static void serverInfo(pa_context *context, const pa_server_info *info, void *user)
     {
         auto *const self = static_cast<Connection *>(user);
+        // The library itself gives an answer up after half a minute.
+        if (info == nullptr && self->hasTimedOut()) {
+            self->m_querying = false;
+            self->query();
+            return;
+        }
         pa_operation *operation = nullptr;
         if (info != nullptr && info->default_sink_name != nullptr)
             operation =
@@ -157,20 +177,22 @@ struct PulseDefaultOutputWatcher::Watch {
     std::condition_variable quitRequested;
     std::shared_ptr<const std::function<void()>> listener;
     std::atomic<bool> quit{false};
-    /// Readable once the watch is to end: ends a wait for the server. (pa_mainloop_wakeup is lost
-    /// on a loop that is about to wait.)
-    const int quitEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    std::atomic<bool> callRequested{false};
+    /// Readable once the watch is to end or a call is requested: ends a wait for the server.
+    /// (pa_mainloop_wakeup is lost on a loop that is about to wait.)
+    const int wakeEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
 
     // Of the watching thread alone.
     std::optional<Device> known;
     bool firstLook = true; ///< what is there at first is not a change
     bool changed = false;
+    bool owesCall = false; ///< one was requested
 
     Watch() = default;
     ~Watch()
     {
-        if (quitEvent >= 0)
-            close(quitEvent);
+        if (wakeEvent >= 0)
+            close(wakeEvent);
     }
     Watch(const Watch &) = delete;
     Watch &operator=(const Watch &) = delete;
@@ -178,7 +200,9 @@ struct PulseDefaultOutputWatcher::Watch {
     void run();
     bool watchOneConnection();
     void found(const std::optional<Device> &device);
+    void callListener();
     void requestQuit();
+    void requestCall() noexcept;
 };
 
 void PulseDefaultOutputWatcher::Watch::run()
@@ -206,41 +230,56 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     if (connectionLoop == nullptr)
         return false;
     pa_mainloop_api *const api = pa_mainloop_get_api(connectionLoop);
-    const auto quitRead = [](pa_mainloop_api *, pa_io_event *, int, pa_io_event_flags_t, void *) {
-        // What matters is that the wait has ended.
+    const auto woken = [](pa_mainloop_api *, pa_io_event *, int event, pa_io_event_flags_t,
+                          void *) {
+        eventfd_t count = 0; // what matters is that the wait has ended
+        eventfd_read(event, &count);
     };
-    pa_io_event *const quitWatch =
-        api->io_new(api, quitEvent, PA_IO_EVENT_INPUT, quitRead, nullptr);
+    pa_io_event *const wakeWatch = api->io_new(api, wakeEvent, PA_IO_EVENT_INPUT, woken, nullptr);
     bool anyFound = false;
+    bool hasTimedOut = false;
     {
-        const Connection connection(connectionLoop, [&](const std::optional<Device> &device) {
+        Connection connection(connectionLoop, [&](const std::optional<Device> &device) {
             anyFound = anyFound || device.has_value();
             found(device);
         });
         while (!quit && connection.isAlive() &&
                pa_mainloop_iterate(connectionLoop, 1, nullptr) >= 0) {
-            if (!changed)
-                continue;
-            changed = false;
-            std::shared_ptr<const std::function<void()>> called;
-            {
-                const std::lock_guard lock(mutex);
-                called = listener;
+            if (callRequested.exchange(false)) {
+                owesCall = true;
+                connection.ask();
             }
-            // Outside the lock and outside the server's callbacks: it takes its time and may call
-            // listen().
-            if (called && *called)
-                (*called)();
+            if (changed)
+                callListener();
         }
+        hasTimedOut = connection.hasTimedOut();
     }
-    api->io_free(quitWatch);
+    api->io_free(wakeWatch);
     pa_mainloop_free(connectionLoop);
+    // Where there is no server, the listener is to find that out.
+    owesCall = callRequested.exchange(false) || owesCall;
+    if (owesCall && !hasTimedOut && !quit)
+        callListener();
     return anyFound;
+}
+
+/// Outside the lock and outside the server's callbacks: it takes its time and may call listen().
+void PulseDefaultOutputWatcher::Watch::callListener()
+{
+    changed = false;
+    owesCall = false;
+    std::shared_ptr<const std::function<void()>> called;
+    {
+        const std::lock_guard lock(mutex);
+        called = listener;
+    }
+    if (called && *called)
+        (*called)();
 }
 
 void PulseDefaultOutputWatcher::Watch::found(const std::optional<Device> &device)
 {
-    if (device && device != known && !firstLook)
+    if (owesCall || (device && device != known && !firstLook))
         changed = true;
     known = device;
     firstLook = false;
@@ -251,12 +290,20 @@ void PulseDefaultOutputWatcher::Watch::requestQuit()
     const std::lock_guard lock(mutex);
     quit = true;
     quitRequested.notify_all();
-    eventfd_write(quitEvent, 1);
+    eventfd_write(wakeEvent, 1);
 }
+
+void PulseDefaultOutputWatcher::Watch::requestCall() noexcept
+{
+    callRequested = true;
+    eventfd_write(wakeEvent, 1);
+}
+
+PulseDefaultOutputWatcher::PulseDefaultOutputWatcher() : m_watch(std::make_shared<Watch>()) {}
 
 PulseDefaultOutputWatcher::~PulseDefaultOutputWatcher()
 {
-    if (!m_watch)
+    if (!m_thread.joinable())
         return;
     m_watch->requestQuit();
     if (m_thread.get_id() == std::this_thread::get_id())
@@ -268,29 +315,29 @@ PulseDefaultOutputWatcher::~PulseDefaultOutputWatcher()
 Status PulseDefaultOutputWatcher::listen(std::function<void()> listener)
 {
     auto shared = std::make_shared<const std::function<void()>>(std::move(listener));
-    if (m_watch) {
-        const std::lock_guard lock(m_watch->mutex);
-        m_watch->listener.swap(shared);
+    // The thread begins by taking the lock, so that a listener finds the thread set.
+    const std::lock_guard lock(m_watch->mutex);
+    m_watch->listener.swap(shared);
+    if (m_thread.joinable())
         return status::noError;
-    }
-    auto watch = std::make_shared<Watch>();
-    if (watch->quitEvent < 0)
+    if (m_watch->wakeEvent < 0)
         return status::noAudioDevice;
-    watch->listener = std::move(shared);
     // Signals to the process are for the main thread.
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &before);
     try {
-        // The thread begins by taking the lock, so that a listener finds both members set.
-        const std::lock_guard lock(watch->mutex);
-        m_thread = std::thread([watch] { watch->run(); });
-        m_watch = watch;
+        m_thread = std::thread([watch = m_watch] { watch->run(); });
     } catch (const std::system_error &) {
     }
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return m_watch ? status::noError : status::noAudioDevice;
+    return m_thread.joinable() ? status::noError : status::noAudioDevice;
+}
+
+void PulseDefaultOutputWatcher::requestCall() noexcept
+{
+    m_watch->requestCall();
 }
 
 } // namespace lyrabox

@@ -1,0 +1,281 @@
+#include "platform/output/CubebSession.h"
+
+#include "platform/audio/AudioUnit.h"
+#include "platform/audio/StreamFormat.h"
+
+#include <cubeb/cubeb.h>
+
+#include <pthread.h>
+#include <sched.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <system_error>
+#include <utility>
+
+namespace lyrabox {
+namespace {
+
+/// How long a server is waited for while it still owes an answer to another session. So several
+/// calls in a row don't add up to several times the usual patience.
+constexpr std::chrono::milliseconds shortPatience{250};
+
+/// Sessions that were cut off and whose thread still waits for the server.
+std::atomic<int> waitingSessions{0};
+
+/// Threads inherit the priority, and processes must not: PulseAudio's library may start a server.
+void startProcessesAsUsual()
+{
+    [[maybe_unused]] static const int registered = pthread_atfork(nullptr, nullptr, [] {
+        constexpr sched_param usual{};
+        if (sched_getscheduler(0) == SCHED_RR)
+            sched_setscheduler(0, SCHED_OTHER, &usual);
+    });
+}
+
+/// While it lives, a thread that the calling thread begins is one of real-time priority, as who
+/// begins it is for so long. Changes nothing for a user who is not allowed to (RLIMIT_RTPRIO).
+class BeginsRealtimeThreads {
+public:
+    BeginsRealtimeThreads()
+    {
+        startProcessesAsUsual();
+        constexpr sched_param modest{.sched_priority = 4}; // below a sound server's own
+        m_isRaised = pthread_getschedparam(pthread_self(), &m_policy, &m_before) == 0 &&
+                     pthread_setschedparam(pthread_self(), SCHED_RR, &modest) == 0;
+    }
+    ~BeginsRealtimeThreads()
+    {
+        if (m_isRaised)
+            pthread_setschedparam(pthread_self(), m_policy, &m_before);
+    }
+    BeginsRealtimeThreads(const BeginsRealtimeThreads &) = delete;
+    BeginsRealtimeThreads &operator=(const BeginsRealtimeThreads &) = delete;
+
+private:
+    int m_policy = SCHED_OTHER;
+    sched_param m_before{};
+    bool m_isRaised = false;
+};
+
+cubeb *makeContext()
+{
+    const BeginsRealtimeThreads callback; // cubeb begins its thread here
+    cubeb *context = nullptr;
+    return cubeb_init(&context, "Lyrabox", nullptr) == CUBEB_OK ? context : nullptr;
+}
+
+} // namespace
+
+std::shared_ptr<CubebSession> CubebSession::make(std::function<void()> lossListener)
+{
+    std::shared_ptr<CubebSession> session(new CubebSession(std::move(lossListener)));
+    // Signals to the process are for the main thread.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    try {
+        session->m_thread = std::thread([session] { session->run(); });
+    } catch (const std::system_error &) {
+        session.reset();
+    }
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return session;
+}
+
+CubebSession::CubebSession(std::function<void()> lossListener)
+    : m_lossListener(std::move(lossListener))
+{
+    sem_init(&m_wake, 0, 0);
+}
+
+CubebSession::~CubebSession()
+{
+    sem_destroy(&m_wake);
+}
+
+Status CubebSession::open(std::uint32_t wantedLatency)
+{
+    m_wantedLatency = wantedLatency;
+    return ask(Command::Open);
+}
+
+Status CubebSession::start() noexcept
+{
+    return ask(Command::Start);
+}
+
+Status CubebSession::halt() noexcept
+{
+    return ask(Command::Halt);
+}
+
+void CubebSession::close() noexcept
+{
+    forgetListener();
+    if (ask(Command::Close) == status::soundServerHangs)
+        m_thread.detach();
+    else
+        m_thread.join();
+}
+
+Status CubebSession::status() const noexcept
+{
+    if (m_isCutOff.load())
+        return status::soundServerHangs;
+    return m_isLost.load() ? status::noAudioDevice : status::noError;
+}
+
+Status CubebSession::ask(Command command) noexcept
+{
+    if (m_isCutOff.load())
+        return status::soundServerHangs;
+    const auto patience = waitingSessions.load() > 0 ? shortPatience : OutputUnit::serverPatience;
+    std::unique_lock lock(m_mutex);
+    m_command = command;
+    sem_post(&m_wake);
+    if (m_done.wait_for(lock, patience, [this] { return m_command == Command::None; }))
+        return m_result;
+    // Under the lock: the thread finds either the cut or nobody who waits.
+    ++waitingSessions;
+    m_isCutOff.store(true);
+    lock.unlock();
+    // The stream may yet be started or go on; it then plays silence.
+    m_renderer.stop();
+    m_renderer.waitUntilIdle();
+    return status::soundServerHangs;
+}
+
+void CubebSession::forgetListener() noexcept
+{
+    const std::lock_guard lock(m_mutex);
+    m_lossListener = nullptr;
+}
+
+void CubebSession::run() noexcept
+{
+    pthread_setname_np(pthread_self(), "sound-server");
+    bool isOver = false;
+    bool isLossTold = false;
+    while (!isOver) {
+        while (sem_wait(&m_wake) != 0 && errno == EINTR) {
+        }
+        if (m_isLost.load() && !std::exchange(isLossTold, true))
+            tellLoss();
+        Command command = Command::None;
+        {
+            const std::lock_guard lock(m_mutex);
+            command = m_command;
+        }
+        if (command == Command::None)
+            continue;
+        const Status result = carryOut(command);
+        const std::lock_guard lock(m_mutex);
+        m_command = Command::None;
+        m_result = result;
+        m_done.notify_all();
+        isOver = command == Command::Close || m_isCutOff.load();
+    }
+    closeStream();
+    if (m_isCutOff.load())
+        --waitingSessions;
+}
+
+Status CubebSession::carryOut(Command command)
+{
+    if (m_isCutOff.load()) // before the thread came to it
+        return status::soundServerHangs;
+    switch (command) {
+    case Command::Open:
+        return openStream();
+    case Command::Start:
+        return startStream();
+    case Command::Halt:
+        cubeb_stream_stop(m_stream);
+        return status::noError;
+    case Command::Close:
+        closeStream();
+        return status::noError;
+    case Command::None:
+        break;
+    }
+    return status::noError;
+}
+
+Status CubebSession::openStream()
+{
+    m_context = makeContext();
+    if (m_context == nullptr || m_isCutOff.load())
+        return status::noAudioDevice;
+
+    constexpr AudioStreamBasicDescription format = canonicalStreamFormat();
+    cubeb_stream_params params{};
+    params.format = CUBEB_SAMPLE_FLOAT32NE;
+    params.rate = static_cast<std::uint32_t>(format.mSampleRate);
+    params.channels = OutputRenderer::channels;
+    params.layout = CUBEB_LAYOUT_STEREO;
+    params.prefs = CUBEB_STREAM_PREF_NONE;
+
+    std::uint32_t minimum = 0;
+    if (cubeb_get_min_latency(m_context, &params, &minimum) != CUBEB_OK)
+        minimum = 0;
+    m_latencyFrames = std::max(minimum, m_wantedLatency);
+
+    const auto stateChanged = [](cubeb_stream *, void *user, cubeb_state state) {
+        if (state != CUBEB_STATE_ERROR)
+            return;
+        auto *const session = static_cast<CubebSession *>(user);
+        session->m_isLost.store(true);
+        sem_post(&session->m_wake);
+    };
+    if (cubeb_stream_init(m_context, &m_stream, "Music", nullptr, nullptr, nullptr, &params,
+                          m_latencyFrames, &CubebSession::dataCallback, stateChanged,
+                          this) != CUBEB_OK) {
+        m_stream = nullptr;
+        return status::noAudioDevice;
+    }
+    // A sound server that rewinds its device to let a new stream in at once has already given the
+    // beginning of it away to whoever records the device: 10 to 25 ms, and the fade-in with them.
+    // So a fresh stream begins with as much silence as one that was stopped still holds.
+    m_renderer.leadWithSilence(m_latencyFrames);
+    return status::noError;
+}
+
+Status CubebSession::startStream()
+{
+    // A lost stream must not be started: cubeb's PulseAudio backend asserts that the server
+    // answers. A server that died a moment ago is found out by asking it something.
+    cubeb_device_collection devices{};
+    if (cubeb_enumerate_devices(m_context, CUBEB_DEVICE_TYPE_OUTPUT, &devices) == CUBEB_OK)
+        cubeb_device_collection_destroy(m_context, &devices);
+    if (m_isLost.load() || m_isCutOff.load())
+        return status::noAudioDevice;
+    return cubeb_stream_start(m_stream) == CUBEB_OK ? status::noError : status::noAudioDevice;
+}
+
+void CubebSession::closeStream()
+{
+    if (m_stream != nullptr)
+        cubeb_stream_destroy(std::exchange(m_stream, nullptr));
+    if (m_context != nullptr)
+        cubeb_destroy(std::exchange(m_context, nullptr));
+}
+
+void CubebSession::tellLoss()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_lossListener)
+        m_lossListener();
+}
+
+long CubebSession::dataCallback(cubeb_stream *, void *user, const void *, void *output,
+                                long frames) noexcept
+{
+    static_cast<CubebSession *>(user)->m_renderer.render(static_cast<float *>(output),
+                                                         static_cast<std::uint32_t>(frames));
+    return frames;
+}
+
+} // namespace lyrabox
