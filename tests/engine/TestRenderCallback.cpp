@@ -201,11 +201,43 @@ TEST_F(RenderCallback, TheEndMarginIsComputedIn32Bits)
     EXPECT_EQ(engine::currentFrame(), std::uint64_t{1} << 31);
 }
 
-TEST_F(RenderCallback, BuffersBeyondTheChannelsAreNotTouchedAndNoSongIsTheEnd)
+TEST_F(RenderCallback, BuffersBeyondTheChannelsAreNotTouched)
 {
-    AudioBufferList list{.mNumberBuffers = 17};
-    EXPECT_EQ(engine::renderCallback(nullptr, slice, list), 0);
+    loadSong(10000);
+    engine::seekToFrame(300);
+    // The list says that it holds more buffers than the engine has channels, and it does.
+    constexpr std::uint32_t count = maximumChannels + 3;
+    struct LongList {
+        AudioBufferList list;
+        std::array<AudioBuffer, count> more;
+    } longList{};
+    std::array<std::vector<float>, count> channels;
+    AudioBuffer *const buffers = longList.list.mBuffers.data();
+    for (std::uint32_t i = 0; i < count; ++i) {
+        channels[i].assign(slice, untouched);
+        const AudioBuffer buffer{1, slice * 4, channels[i].data()};
+        if (i < maximumChannels)
+            buffers[i] = buffer;
+        else
+            longList.more[i - maximumChannels] = buffer;
+    }
+    longList.list.mNumberBuffers = count;
+    EXPECT_EQ(engine::renderCallback(nullptr, slice, longList.list), 0);
+    for (std::uint32_t i = 0; i < maximumChannels; ++i)
+        EXPECT_EQ(std::abs(channels[i].front()), 300.0F);
+    for (std::uint32_t i = maximumChannels; i < count; ++i)
+        EXPECT_THAT(channels[i], testing::Each(untouched)) << i;
+    EXPECT_EQ(engine::currentFrame(), 300U + slice);
+}
+
+TEST_F(RenderCallback, NoSongIsTheEnd)
+{
+    engine::setOutputRunning(true);
+    EXPECT_FALSE(engine::trackHasEnded());
+    const Rendered rendered = render(slice);
     EXPECT_TRUE(engine::trackHasEnded());
+    EXPECT_FALSE(engine::outputIsRunning());
+    EXPECT_THAT(rendered.channels[0], testing::Each(untouched));
 }
 
 TEST_F(RenderCallback, ASeekInTheCallbackThatEndsTheSongIsKeptWholeOrNotAtAll)
