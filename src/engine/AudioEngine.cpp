@@ -47,11 +47,23 @@ Status openUnit(const std::function<std::unique_ptr<Unit>()> &make, std::unique_
     return unit ? unit->initialize() : missingComponent;
 }
 
-Status listenToDefaultOutput()
+/// An output that loses its device is replaced on the device-notification thread.
+Status openOutput(std::unique_ptr<OutputUnit> &output)
 {
     auto &watcher = control().watcher;
     if (!watcher && control().factory.defaultOutputWatcher)
         watcher = control().factory.defaultOutputWatcher();
+    output = control().factory.output ? control().factory.output() : nullptr;
+    if (!output)
+        return missingComponent;
+    if (watcher) // outlives every output
+        output->setLossListener([asked = watcher.get()] { asked->requestCall(); });
+    return output->initialize();
+}
+
+Status listenToDefaultOutput()
+{
+    const auto &watcher = control().watcher;
     return watcher ? watcher->listen([] { defaultOutputChanged(); }) : missingComponent;
 }
 
@@ -65,7 +77,7 @@ Status buildChain(Chain &chain)
         return status;
     if (const Status status = openUnit(factory.timePitch, chain.timePitch))
         return status;
-    if (const Status status = openUnit(factory.output, chain.output))
+    if (const Status status = openOutput(chain.output))
         return status;
     if (const Status status = chain.output->connect(chain.timePitch.get()))
         return status;
@@ -100,6 +112,12 @@ bool keepsHeldSound()
     return control().heldSoundIsKept && output && output->isPlayingOut();
 }
 
+void setSoundStatus(Status status)
+{
+    if (std::exchange(control().soundStatus, status) != status && control().soundStatusHook)
+        control().soundStatusHook();
+}
+
 /// Starts or stops, and remembers a start that failed: a device that comes back makes up for it.
 void runOutput(bool running)
 {
@@ -112,22 +130,35 @@ void runOutput(bool running)
         else
             output->stop();
         control().runOnNextDevice = false;
+        if (const Status status = output->deviceStatus())
+            setSoundStatus(status);
         return;
     }
     control().chain.timePitch->awaitReady();
-    control().waitsForDevice = output->start() != status::noError;
+    const Status status = output->start();
+    control().waitsForDevice = status != status::noError;
     control().runOnNextDevice = true;
+    setSoundStatus(status);
 }
 
-float readParameter(const AudioUnit *unit, std::uint32_t id)
+/// Puts a new chain in the place of the one there is, with the same values, and starts it if `run`
+/// says so. `fresh` ends up holding the chain that is to be released when the mutex is free again.
+void rebuild(Chain &fresh, bool run)
 {
-    return unit ? unit->parameter(id) : 0.0F;
-}
-
-void writeParameter(AudioUnit *unit, std::uint32_t id, float value)
-{
-    if (unit)
-        unit->setParameter(id, value);
+    control().chain.output->stop();
+    const CarriedValues values = readValues(control().chain);
+    if (const Status status = buildChain(fresh)) {
+        control().waitsForDevice = true;
+        control().runOnNextDevice = run;
+        setSoundStatus(status);
+        return;
+    }
+    exchangeChain(fresh);
+    control().waitsForDevice = false;
+    writeValues(control().chain, values);
+    if (!run)
+        setSoundStatus(control().chain.output->deviceStatus());
+    runOutput(run);
 }
 
 } // namespace
@@ -161,6 +192,10 @@ Status buildAudioSystem()
     if (current.output)
         current.output->stop();
     exchangeChain(fresh);
+    control().waitsForDevice = false;
+    control().runOnNextDevice = false;
+    if (status == status::noError)
+        setSoundStatus(current.output->deviceStatus());
     return status;
 }
 
@@ -180,18 +215,7 @@ Status defaultOutputChanged()
     if (!old)
         return status::noError;
 
-    const bool wasRunning = control().waitsForDevice ? control().runOnNextDevice : old->isRunning();
-    control().chain.output->stop();
-    const CarriedValues values = readValues(control().chain);
-    if (buildChain(chain) != status::noError) {
-        control().waitsForDevice = true;
-        control().runOnNextDevice = wasRunning;
-        return status::noError;
-    }
-    exchangeChain(chain);
-    control().waitsForDevice = false;
-    writeValues(control().chain, values);
-    runOutput(wasRunning);
+    rebuild(chain, control().waitsForDevice ? control().runOnNextDevice : old->isRunning());
     return status::noError;
 }
 
@@ -209,8 +233,13 @@ void tearDownAudioSystem()
         exchangeChain(chain);
         watcher = std::move(control().watcher);
         control().waitsForDevice = false;
+        control().soundStatus = status::noError;
     }
-    // Its thread may be waiting for the mutex in a notification, which now finds no chain.
+    // The output may still call the watcher. The watcher's thread may be waiting for the mutex in a
+    // notification, which now finds no chain.
+    {
+        const Chain released = std::move(chain);
+    }
     watcher.reset();
 
     releaseChannelBuffers(maximumChannels, false);
@@ -225,8 +254,12 @@ void tearDownAudioSystem()
 
 void setOutputRunning(bool running)
 {
+    Chain replaced; // released when the mutex is free again
     const Lock lock(control().mutex);
     runOutput(running);
+    // The stream may be lost while the device is there. A server that hangs asks for itself.
+    if (running && control().waitsForDevice && control().soundStatus != status::soundServerHangs)
+        rebuild(replaced, true);
 }
 
 bool outputIsRunning()
@@ -235,6 +268,18 @@ bool outputIsRunning()
     if (control().waitsForDevice)
         return control().runOnNextDevice;
     return control().chain.output && control().chain.output->isRunning();
+}
+
+Status soundStatus()
+{
+    const Lock lock(control().mutex);
+    return control().soundStatus;
+}
+
+void setSoundStatusHook(std::function<void()> hook)
+{
+    const Lock lock(control().mutex);
+    control().soundStatusHook = std::move(hook);
 }
 
 void seekToFrame(std::uint64_t frame)
@@ -340,54 +385,6 @@ std::int64_t wholeSeconds(std::uint64_t frames, double sampleRate)
     constexpr double limit = 9223372036854775808.0; // 2^63
     return seconds < limit ? static_cast<std::int64_t>(seconds)
                            : std::numeric_limits<std::int64_t>::max();
-}
-
-float outputVolume()
-{
-    const Lock lock(control().mutex);
-    return readParameter(control().chain.output.get(), parameter::outputVolume);
-}
-
-void setOutputVolume(float volume)
-{
-    const Lock lock(control().mutex);
-    writeParameter(control().chain.output.get(), parameter::outputVolume, volume);
-}
-
-float playbackRate()
-{
-    const Lock lock(control().mutex);
-    return readParameter(control().chain.timePitch.get(), parameter::rate);
-}
-
-void setPlaybackRate(float rate)
-{
-    const Lock lock(control().mutex);
-    writeParameter(control().chain.timePitch.get(), parameter::rate, rate);
-}
-
-float pitchCents()
-{
-    const Lock lock(control().mutex);
-    return readParameter(control().chain.timePitch.get(), parameter::pitch);
-}
-
-void setPitchCents(float cents)
-{
-    const Lock lock(control().mutex);
-    writeParameter(control().chain.timePitch.get(), parameter::pitch, cents);
-}
-
-float eqLevel(std::uint32_t parameterID)
-{
-    const Lock lock(control().mutex);
-    return readParameter(control().chain.equalizer.get(), parameterID);
-}
-
-void setEqLevel(std::uint32_t parameterID, float level)
-{
-    const Lock lock(control().mutex);
-    writeParameter(control().chain.equalizer.get(), parameterID, level);
 }
 
 } // namespace lyrabox::engine

@@ -71,7 +71,11 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
 /// Makes, initialises and connects the stages, in this order: equalizer, time/pitch, output. The
 /// first failing step's status is returned and the later steps are not taken. A new chain that is
 /// whole replaces the old one, whose output is stopped first and whose resources are released;
-/// otherwise the old one stays as it stands. Output stopped or first build.
+/// otherwise the old one stays as it stands. The new output is stopped. Output stopped or first
+/// build.
+///
+/// A sound server that hangs is no failure: the chain is built without a device, and rebuilt like
+/// on a change of the device as soon as the server answers. See soundStatus().
 Status buildAudioSystem();
 
 /// Begins in the background what would let the first start of the output wait, for this chain and
@@ -87,12 +91,21 @@ Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 
 /// Starts or stops the output; no callback runs any more once a stop has returned. The output's
-/// status is discarded. While the chain waits for a device (see defaultOutputChanged()), says what
-/// to do when one is there.
+/// status is discarded. A start on a device that is lost rebuilds the chain once. While the chain
+/// waits for a device (see defaultOutputChanged()), says what to do when one is there. A sound
+/// server that hangs is waited for two seconds; from then on the engine goes on without sound until
+/// the server answers.
 void setOutputRunning(bool running);
 /// Started and not stopped since, by whomever. While the chain waits for a device: whether it goes
 /// on when one is there.
 bool outputIsRunning();
+
+/// Why nothing can be heard: noAudioDevice, soundServerHangs or what a rebuild has failed with;
+/// otherwise noError.
+Status soundStatus();
+/// `hook` is called when soundStatus() has changed, on whichever thread has found that out. It must
+/// not call the engine. Returns when no earlier hook is being called.
+void setSoundStatusHook(std::function<void()> hook);
 
 /// Moves the position and drops what the stages hold, so that the new position is heard at once.
 void seekToFrame(std::uint64_t frame);
@@ -116,10 +129,10 @@ Status loadAudioFile(const QUrl &url);
 /// Drops the song and its artwork. Output stopped; main thread.
 void emptyAudioBuffers();
 
-/// Rebuilds the chain on the new default device and carries over the volume, rate, pitch, the ten
-/// equalizer bands in use and whether it was running. When the rebuild fails (no device is left)
-/// the old chain stays, silent, with its values, and the next change that succeeds takes them over
-/// and resumes. Device-notification thread.
+/// Rebuilds the chain on the new default device, or on the old one whose stream was lost, and
+/// carries over the volume, rate, pitch, the ten equalizer bands in use and whether it was running.
+/// When the rebuild fails (no device is left) the old chain stays, silent, with its values, and the
+/// next change that succeeds takes them over and resumes. Device-notification thread.
 Status defaultOutputChanged();
 
 /// Stops the output and forgets the chain, the watcher, the song and every field. For the end of

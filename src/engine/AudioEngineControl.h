@@ -26,6 +26,8 @@ struct Control {
     /// runOnNextDevice.
     bool waitsForDevice = false;
     bool runOnNextDevice = false;
+    Status soundStatus = status::noError; ///< as soundStatus() gives it
+    std::function<void()> soundStatusHook;
     bool isPrepared = false; ///< and so is every chain to come
     bool heldSoundIsKept = false;
     bool haltIsDue = false; ///< a stop was put off, so that what was held is heard

@@ -71,18 +71,21 @@ LB_AudioController::LB_AudioController(FatalErrorHandling handling,
                                        std::future<lyrabox::Status> building, QObject *parent)
     : QObject(parent), m_fatalErrorHandling(std::move(handling))
 {
+    engine::setSoundStatusHook([this] {
+        QMetaObject::invokeMethod(this, &LB_AudioController::soundProblemChanged,
+                                  Qt::QueuedConnection);
+    });
     const lyrabox::Status status = building.get();
     if (status == lyrabox::status::noError)
         return;
-    m_fatalErrorHandling.present(
-        tr("Lyrabox cannot build its audio system. (Error %1)").arg(status),
-        tr("The program will now terminate"));
+    m_fatalErrorHandling.present(buildFailureText(status), tr("The program will now terminate"));
     m_fatalErrorHandling.terminate();
 }
 
 LB_AudioController::~LB_AudioController()
 {
     engine::setLoadProgressHook({});
+    engine::setSoundStatusHook({});
     engine::tearDownAudioSystem();
 }
 
@@ -107,6 +110,21 @@ void LB_AudioController::awakeFromNib()
     updateSettingsPopup();
     resetPlaybackSystem();
     setIsRunning(false);
+}
+
+QString LB_AudioController::buildFailureText(lyrabox::Status status)
+{
+    return tr("Lyrabox cannot build its audio system. (Error %1)").arg(status);
+}
+
+QString LB_AudioController::soundProblem() const
+{
+    const lyrabox::Status status = engine::soundStatus();
+    if (status == lyrabox::status::noError)
+        return {};
+    return status == lyrabox::status::soundServerHangs
+               ? tr("No sound: the sound server does not answer")
+               : buildFailureText(status);
 }
 
 void LB_AudioController::setTransportEnabled(bool enabled)

@@ -130,6 +130,9 @@ public:
     float eqLevelForIndex(quint32 index) const;
     void setEqLevelForIndex(float level, quint32 index);
 
+    /// Why nothing can be heard, in words for the user; empty while there is sound.
+    QString soundProblem() const;
+
     // Loading.
     /// The loaded song, or the one whose load failed last; null when the player is empty.
     lyrabox::TrackRecordRef currentTrack() const { return m_currentTrack; }
@@ -175,8 +178,11 @@ Q_SIGNALS:
     void songSettingsShown();
     /// The position was set, by whomever; not when a loop or the next song sets it.
     void positionSet();
+    /// soundProblem() has changed.
+    void soundProblemChanged();
 
 private:
+    static QString buildFailureText(lyrabox::Status status);
     void setTransportEnabled(bool enabled);
     void showLoadedTrack();
     void storeSettings(lyrabox::SongValues values);

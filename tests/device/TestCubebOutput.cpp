@@ -1,5 +1,6 @@
 #include "platform/output/CubebOutput.h"
 
+#include "device/Fixtures.h"
 #include "device/Heard.h"
 #include "support/PrivateSoundServer.h"
 
@@ -53,19 +54,6 @@ public:
         SineSource::render(frames, ioData);
     }
     std::atomic<int> policy{-1};
-};
-
-class CubebOutputOnServer : public testing::Test {
-protected:
-    void open(RenderingUnit &source)
-    {
-        ASSERT_EQ(output.initialize(), status::noError);
-        ASSERT_EQ(output.connect(&source), status::noError);
-        recorder = server.record(QStringLiteral("a"));
-    }
-    PrivateSoundServer server;
-    CubebOutput output;
-    std::unique_ptr<Recorder> recorder;
 };
 
 TEST_F(CubebOutputOnServer, ToneIsHeardAtItsFrequencyAndLevel)

@@ -2,14 +2,11 @@
 
 #include "engine/AudioEngine.h"
 
-#include "support/Heard.h"
-#include "support/PrivateSoundServer.h"
-#include "support/SampleAudio.h"
+#include "device/Fixtures.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cmath>
 #include <cstdlib>
 #include <memory>
 #include <random>
@@ -20,52 +17,6 @@ using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-constexpr double rate = Recorder::sampleRate;
-constexpr std::uint32_t firstBand = 2; // of the engine's equalizer parameters, every third
-constexpr int bands = 10;
-
-std::size_t frames(double seconds)
-{
-    return static_cast<std::size_t>(seconds * rate);
-}
-
-QUrl tone(double seconds, const QString &extension = u"flac"_s)
-{
-    return QUrl::fromLocalFile(sampleFile({.extension = extension, .seconds = seconds}));
-}
-
-class SoundFaults : public testing::Test {
-protected:
-    void SetUp() override { ASSERT_EQ(engine::buildAudioSystem(), status::noError); }
-    ~SoundFaults() override { engine::tearDownAudioSystem(); }
-
-    /// The tone of the samples has to be what a sink plays, before ten seconds of it are over: a
-    /// machine that is busy tears holes into it.
-    void expectTone(const QString &sink)
-    {
-        recorder = server.record(sink);
-        const auto begin = recorder->waitForSound(0, 0.05, 15.0);
-        ASSERT_GE(begin, 0) << "no sound on " << sink.toStdString();
-#ifdef __SANITIZE_THREAD__
-        return; // too slow to be in time; there it is the threads that are judged
-#endif
-        double heard = 0.0;
-        for (int part = 0; part < 50; ++part) {
-            const std::size_t from =
-                static_cast<std::size_t>(begin) + static_cast<std::size_t>(part) * frames(0.2);
-            ASSERT_TRUE(recorder->waitForSize(from + frames(0.2)));
-            const std::vector<float> samples = recorder->samples(from, from + frames(0.2));
-            heard = peakOf(samples) > 0.05F ? frequencyOf(samples) : 0.0;
-            if (std::abs(heard - 440.0) <= 2.0)
-                return;
-        }
-        ADD_FAILURE() << "heard on " << sink.toStdString() << " is " << heard << " Hz";
-    }
-
-    PrivateSoundServer server;
-    std::unique_ptr<Recorder> recorder;
-};
 
 TEST_F(SoundFaults, TheServerMayBeKilledAndStartedAgainTwentyTimesInASong)
 {

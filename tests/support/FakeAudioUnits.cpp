@@ -42,6 +42,7 @@ struct Device {
     RenderingUnit *source = nullptr;
     std::atomic<bool> running = false;
     std::atomic<std::thread::id> callbackThread{};
+    std::function<void()> lossListener;
 };
 
 template <typename Part>
@@ -72,6 +73,7 @@ AudioBuffer bufferOf(std::vector<float> &samples, std::size_t offset, std::uint3
 struct FakeAudio::State {
     mutable std::mutex mutex; ///< of everything that is not atomic
     std::map<FakeStep, Status> failures;
+    std::map<FakeStep, Status> singleFailures;
     std::vector<std::string> calls;
     // Of every unit made; those of the destroyed ones have expired.
     std::vector<std::weak_ptr<Device>> devices;
@@ -81,12 +83,15 @@ struct FakeAudio::State {
     std::function<void()> listener;
     std::map<std::string, int> made;
     std::atomic<int> alive = 0;
+    std::atomic<int> callsRequested = 0;
     std::atomic<std::uint32_t> sliceFrames = TimePitchUnit::sliceFrames;
     std::atomic<std::uint64_t> slices = 0;
 
-    Status statusAt(FakeStep step) const
+    Status statusAt(FakeStep step)
     {
         const std::lock_guard lock(mutex);
+        if (const auto single = singleFailures.extract(step))
+            return single.mapped();
         const auto found = failures.find(step);
         return found == failures.end() ? 0 : found->second;
     }
@@ -270,6 +275,17 @@ public:
         const std::lock_guard lock(m_device->mutex);
         m_device->running = false;
         m_device->source = nullptr;
+        m_device->lossListener = nullptr;
+    }
+
+    void setLossListener(std::function<void()> listener) override
+    {
+        const std::lock_guard lock(m_device->mutex);
+        m_device->lossListener = std::move(listener);
+    }
+    Status deviceStatus() const noexcept override
+    {
+        return shared().statusAt(FakeStep::OutputDevice);
     }
 
     std::shared_ptr<Device> device() const { return m_device; }
@@ -332,6 +348,7 @@ public:
         m_state->listener = std::move(listener);
         return 0;
     }
+    void requestCall() noexcept override { ++m_state->callsRequested; }
 
 private:
     StateRef m_state;
@@ -449,10 +466,33 @@ bool FakeAudio::fireDefaultOutputChangedOnThread()
     return fired;
 }
 
+void FakeAudio::loseDevice()
+{
+    std::shared_ptr<Device> device;
+    {
+        const std::lock_guard lock(m_state->mutex);
+        device = newest(m_state->devices);
+    }
+    const std::lock_guard lock(device->mutex);
+    if (device->lossListener)
+        device->lossListener();
+}
+
+int FakeAudio::callsRequested() const
+{
+    return m_state->callsRequested;
+}
+
 void FakeAudio::failAt(FakeStep step, Status status)
 {
     const std::lock_guard lock(m_state->mutex);
     m_state->failures[step] = status;
+}
+
+void FakeAudio::failOnceAt(FakeStep step, Status status)
+{
+    const std::lock_guard lock(m_state->mutex);
+    m_state->singleFailures[step] = status;
 }
 
 void FakeAudio::clearFailures()

@@ -35,6 +35,7 @@ enum class FakeStep {
     Listen,
     EqualizerFixedParameter,
     OutputStart,
+    OutputDevice, ///< the device behind an output that was opened
 };
 
 /// A chain without a device: an equalizer and a time/pitch stage that pass everything through (the
@@ -63,8 +64,15 @@ public:
     /// The same on a thread of its own, and waits for its end.
     bool fireDefaultOutputChangedOnThread();
 
+    /// The newest output tells that it has lost its device; whoever serves that is for the test to
+    /// fire. How often the watcher was then asked for a call.
+    void loseDevice();
+    int callsRequested() const;
+
     /// From now on the step returns `status` (other than 0); 0 lets it succeed again.
     void failAt(FakeStep step, Status status);
+    /// The same for the next time only.
+    void failOnceAt(FakeStep step, Status status);
     void clearFailures();
 
     /// Frames that the time/pitch stage asks for at once; TimePitchUnit::sliceFrames at first.

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "engine/AudioEngine.h"
+#include "platform/output/CubebOutput.h"
+#include "support/Heard.h"
+#include "support/PrivateSoundServer.h"
+#include "support/SampleAudio.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+
+/// What the tests of faulty devices and servers share.
+namespace lyrabox::test {
+
+using namespace Qt::Literals::StringLiterals;
+
+inline constexpr double rate = Recorder::sampleRate;
+inline constexpr std::uint32_t firstBand = 2; // of the engine's equalizer parameters, every third
+inline constexpr int bands = 10;
+
+inline std::size_t frames(double seconds)
+{
+    return static_cast<std::size_t>(seconds * rate);
+}
+
+inline QUrl tone(double seconds, const QString &extension = u"flac"_s)
+{
+    return QUrl::fromLocalFile(sampleFile({.extension = extension, .seconds = seconds}));
+}
+
+class CubebOutputOnServer : public testing::Test {
+protected:
+    void open(RenderingUnit &source)
+    {
+        ASSERT_EQ(output.initialize(), status::noError);
+        ASSERT_EQ(output.connect(&source), status::noError);
+        recorder = server.record(QStringLiteral("a"));
+    }
+    PrivateSoundServer server;
+    CubebOutput output;
+    std::unique_ptr<Recorder> recorder;
+};
+
+class SoundFaults : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(engine::buildAudioSystem(), status::noError); }
+    ~SoundFaults() override { engine::tearDownAudioSystem(); }
+
+    /// The tone of the samples has to be what a sink plays, before ten seconds of it are over: a
+    /// machine that is busy tears holes into it.
+    void expectTone(const QString &sink)
+    {
+        recorder = server.record(sink);
+        const auto begin = recorder->waitForSound(0, 0.05, 15.0);
+        ASSERT_GE(begin, 0) << "no sound on " << sink.toStdString();
+#ifdef __SANITIZE_THREAD__
+        return; // too slow to be in time; there it is the threads that are judged
+#endif
+        double heard = 0.0;
+        for (int part = 0; part < 50; ++part) {
+            const std::size_t from =
+                static_cast<std::size_t>(begin) + static_cast<std::size_t>(part) * frames(0.2);
+            ASSERT_TRUE(recorder->waitForSize(from + frames(0.2)));
+            const std::vector<float> samples = recorder->samples(from, from + frames(0.2));
+            heard = peakOf(samples) > 0.05F ? frequencyOf(samples) : 0.0;
+            if (std::abs(heard - 440.0) <= 2.0)
+                return;
+        }
+        ADD_FAILURE() << "heard on " << sink.toStdString() << " is " << heard << " Hz";
+    }
+
+    PrivateSoundServer server;
+    std::unique_ptr<Recorder> recorder;
+};
+
+/// Lets a test wait for what the engine says about the sound.
+class SoundStatuses {
+public:
+    SoundStatuses()
+    {
+        engine::setSoundStatusHook([this] {
+            const std::lock_guard lock(m_mutex);
+            ++m_changes;
+            m_changed.notify_all();
+        });
+    }
+    ~SoundStatuses() { engine::setSoundStatusHook({}); }
+    /// The patience of a test that fails otherwise.
+    bool waitFor(Status status)
+    {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(40);
+        for (;;) {
+            int seen = 0;
+            {
+                const std::lock_guard lock(m_mutex);
+                seen = m_changes;
+            }
+            if (engine::soundStatus() == status)
+                return true;
+            std::unique_lock lock(m_mutex);
+            if (!m_changed.wait_until(lock, end, [&] { return m_changes != seen; }))
+                return false;
+        }
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_changes = 0;
+};
+
+} // namespace lyrabox::test

@@ -1,0 +1,76 @@
+// A stream that the server drops.
+
+#include "device/Fixtures.h"
+#include "device/Heard.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <future>
+#include <thread>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+TEST_F(CubebOutputOnServer, ALostStreamIsToldOnceOnAThreadOfItsOwnAndIsNoDevice)
+{
+    std::promise<std::thread::id> lost;
+    output.setLossListener([&] { lost.set_value(std::this_thread::get_id()); }); // throws twice
+    SineSource source(440.0);
+    open(source);
+    output.start();
+    ASSERT_GE(recorder->waitForSound(0), 0);
+    server.killStreams();
+    auto told = lost.get_future();
+    ASSERT_EQ(told.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    EXPECT_NE(told.get(), std::this_thread::get_id());
+    EXPECT_EQ(output.deviceStatus(), status::noAudioDevice);
+    EXPECT_TRUE(output.isRunning());
+    EXPECT_EQ(output.start(), status::noAudioDevice);
+    EXPECT_EQ(output.stop(), status::noError);
+    EXPECT_FALSE(output.isRunning());
+}
+
+TEST_F(SoundFaults, AStreamThatIsLostWhileItsDeviceStaysIsReplacedAtOnce)
+{
+    ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
+    engine::setPitchCents(0.0F);
+    engine::setOutputRunning(true);
+    expectTone(u"a"_s);
+    for (int round = 0; round < 3; ++round) {
+        const std::uint64_t before = engine::currentFrame();
+        server.killStreams();
+        EXPECT_TRUE(engine::outputIsRunning());
+        expectTone(u"a"_s);
+        EXPECT_GE(engine::currentFrame(), before);
+    }
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+}
+
+TEST_F(SoundFaults, AStreamThatIsLostInAPauseIsThereAgainForPlay)
+{
+    ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
+    server.killStreams();
+    engine::setOutputRunning(true);
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    expectTone(u"a"_s);
+}
+
+TEST_F(SoundFaults, WithoutADeviceTheEngineSaysSoUntilThereIsOneAgain)
+{
+    SoundStatuses statuses;
+    ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
+    engine::setOutputRunning(true);
+    expectTone(u"a"_s);
+    server.kill();
+    EXPECT_TRUE(statuses.waitFor(status::noAudioDevice));
+    EXPECT_TRUE(engine::outputIsRunning());
+    ASSERT_TRUE(server.restart());
+    EXPECT_TRUE(statuses.waitFor(status::noError));
+    expectTone(u"a"_s);
+}
+
+} // namespace

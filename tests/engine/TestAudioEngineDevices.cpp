@@ -1,0 +1,258 @@
+// The output device changes, is lost, and does not answer.
+
+#include "EngineFixture.h"
+
+namespace lyrabox::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+using testing::StartsWith;
+
+class AudioEngineOnDevices : public EngineFixture {};
+
+TEST_F(AudioEngineOnDevices, ADeviceChangeUsesTheWatcherThereIsAndNeedsNoOther)
+{
+    buildAndPlay(100000);
+    audio.pull(1024);
+    const auto frame = engine::currentFrame();
+    audio.failAt(FakeStep::WatcherMissing, -7);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_TRUE(audio.fireDefaultOutputChangedOnThread());
+        EXPECT_TRUE(engine::outputIsRunning());
+        EXPECT_EQ(engine::soundStatus(), status::noError);
+    }
+    EXPECT_EQ(audio.pull(16).channels[0].front(), static_cast<float>(frame));
+}
+
+TEST_F(AudioEngineOnDevices, DeviceChangeTakesItsStepsInOrder)
+{
+    buildAndPlay(100000);
+    audio.clearCalls();
+    EXPECT_TRUE(audio.fireDefaultOutputChangedOnThread());
+
+    const auto bands = [](const std::string &unit, const std::string &call) {
+        std::vector<std::string> calls;
+        for (const char *band : {"2", "5", "8", "11", "14", "17", "20", "23", "26", "29"})
+            calls.push_back(unit + "." + call + "(" + band + (call == "parameter" ? ")" : ", 0)"));
+        return calls;
+    };
+    std::vector<std::string> expected{"output1.stop", "output1.parameter(14)",
+                                      "timePitch1.parameter(0)", "timePitch1.parameter(1)"};
+    const auto append = [&expected](const std::vector<std::string> &calls) {
+        expected.insert(expected.end(), calls.begin(), calls.end());
+    };
+    append(bands("equalizer1", "parameter"));
+    append({"equalizer2.initialize", "timePitch2.initialize", "output2.initialize",
+            "output2.connect(timePitch2)", "timePitch2.connect(equalizer2)",
+            "equalizer2.streamFormat", "equalizer2.setRenderCallback", "watcher1.listen",
+            "equalizer2.setParameter(31, 0)", "output2.setParameter(14, 1)",
+            "timePitch2.setParameter(0, 1)", "timePitch2.setParameter(1, 0)"});
+    append(bands("equalizer2", "setParameter"));
+    append({"output2.start", "output1.destroyed", "timePitch1.destroyed", "equalizer1.destroyed"});
+    EXPECT_EQ(audio.calls(), expected);
+}
+
+TEST_F(AudioEngineOnDevices, DeviceChangeWhilePlayingGoesOnAtTheSamePositionWithTheSameValues)
+{
+    buildAndPlay(100000);
+    engine::setOutputVolume(0.5F);
+    engine::setPlaybackRate(0.8F);
+    engine::setPitchCents(150.5F);
+    for (std::uint32_t band = 0; band < parameter::equalizerBands; ++band)
+        engine::setEqLevel(band, static_cast<float>(band) - 15.0F);
+    engine::setLoopStartFrame(7);
+    engine::setLoopEndFrame(90000);
+    engine::setIsLooping(true);
+    audio.pull(4096);
+    const auto frame = engine::currentFrame();
+
+    audio.fireDefaultOutputChangedOnThread();
+
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_EQ(engine::currentFrame(), frame);
+    EXPECT_EQ(engine::totalFrames(), 100000U);
+    EXPECT_EQ(engine::loopStartFrame(), 7U);
+    EXPECT_EQ(engine::loopEndFrame(), 90000U);
+    EXPECT_TRUE(engine::isLooping());
+    EXPECT_EQ(engine::outputVolume(), 0.5F);
+    EXPECT_EQ(engine::playbackRate(), 0.8F);
+    EXPECT_EQ(engine::pitchCents(), 150.5F);
+    for (std::uint32_t band = 0; band < parameter::equalizerBands; ++band) {
+        const bool isCarried = band % 3 == 2 && band <= 29;
+        EXPECT_EQ(engine::eqLevel(band), isCarried ? static_cast<float>(band) - 15.0F : 0.0F)
+            << "band " << band;
+    }
+    EXPECT_EQ(audio.pull(1).channels[0].front(), static_cast<float>(frame));
+}
+
+TEST_F(AudioEngineOnDevices, DeviceChangeWhileStoppedStaysStopped)
+{
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    loadSong(10000);
+    audio.clearCalls();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_FALSE(engine::outputIsRunning());
+    EXPECT_THAT(audio.calls(), Contains("output2.stop"));
+    EXPECT_THAT(audio.calls(), Not(Contains("output2.start")));
+}
+
+TEST_F(AudioEngineOnDevices, DeviceChangesKeepNoMoreThanOneChain)
+{
+    buildAndPlay(100000);
+    for (int i = 0; i < 20; ++i)
+        audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(audio.unitsAlive(), 4); // three stages and one watcher
+    EXPECT_TRUE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngineOnDevices, FailedDeviceChangesLeaveNoUnitsBehind)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    for (int i = 0; i < 20; ++i)
+        audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(audio.unitsAlive(), 4);
+}
+
+TEST_F(AudioEngineOnDevices, PauseWhileNoDeviceIsThereHoldsOnTheNextDevice)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+    engine::setOutputRunning(false);
+    EXPECT_FALSE(engine::outputIsRunning());
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_FALSE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngineOnDevices, PlayWhileNoDeviceIsThereStartsOnTheNextDevice)
+{
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    loadSong(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    engine::setOutputRunning(true);
+    EXPECT_TRUE(engine::outputIsRunning()); // the play button says so
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngineOnDevices, StartThatFailsOnTheNewDeviceIsMadeUpForOnTheOneAfter)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngineOnDevices, ABuildThatSucceedsWaitsForNoDeviceAnyMore)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_TRUE(engine::outputIsRunning()); // goes on when a device is there
+    audio.clearFailures();
+    ASSERT_EQ(engine::buildAudioSystem(), 0);
+    EXPECT_FALSE(engine::outputIsRunning()); // a fresh output, which nobody has started
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_FALSE(engine::outputIsRunning());
+}
+
+TEST_F(AudioEngineOnDevices, AStartOnALostDeviceRebuildsOnceAndPlays)
+{
+    buildAndPlay(100000);
+    engine::setOutputVolume(0.25F);
+    engine::setOutputRunning(false);
+    audio.failOnceAt(FakeStep::OutputStart, status::noAudioDevice);
+    audio.clearCalls();
+    engine::setOutputRunning(true);
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    EXPECT_EQ(audio.outputParameter(parameter::outputVolume), 0.25F);
+    EXPECT_THAT(audio.calls(), Contains("output1.start"));
+    EXPECT_THAT(audio.calls(), Contains("output2.start"));
+    EXPECT_FALSE(audio.pull(256).isSilent());
+}
+
+TEST_F(AudioEngineOnDevices, AStartThatFailsOnTheRebuiltDeviceAsWellRebuildsNoFurther)
+{
+    buildAndPlay(100000);
+    engine::setOutputRunning(false);
+    audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
+    audio.clearCalls();
+    engine::setOutputRunning(true);
+    EXPECT_EQ(engine::soundStatus(), status::noAudioDevice);
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_THAT(audio.calls(), Contains("output2.start"));
+    EXPECT_THAT(audio.calls(), Not(Contains(StartsWith("output3."))));
+}
+
+TEST_F(AudioEngineOnDevices, AStartOnAServerThatHangsRebuildsNothing)
+{
+    buildAndPlay(100000);
+    engine::setOutputRunning(false);
+    audio.failAt(FakeStep::OutputStart, status::soundServerHangs);
+    audio.clearCalls();
+    engine::setOutputRunning(true);
+    EXPECT_EQ(engine::soundStatus(), status::soundServerHangs);
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_THAT(audio.calls(), ElementsAre("output1.start"));
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread(); // the server answers
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    EXPECT_FALSE(audio.pull(256).isSilent());
+}
+
+TEST_F(AudioEngineOnDevices, TheLossOfTheDeviceAsksForOneRebuild)
+{
+    buildAndPlay(100000);
+    EXPECT_EQ(audio.callsRequested(), 0);
+    audio.loseDevice();
+    EXPECT_EQ(audio.callsRequested(), 1);
+    audio.fireDefaultOutputChangedOnThread();
+    audio.loseDevice(); // the new one as well
+    EXPECT_EQ(audio.callsRequested(), 2);
+}
+
+TEST_F(AudioEngineOnDevices, ABuildWithoutAnAnswerOfTheServerSucceedsAndSaysSo)
+{
+    audio.failAt(FakeStep::OutputDevice, status::soundServerHangs);
+    int told = 0;
+    engine::setSoundStatusHook([&] { ++told; });
+    EXPECT_EQ(engine::buildAudioSystem(), 0);
+    EXPECT_EQ(engine::soundStatus(), status::soundServerHangs);
+    EXPECT_EQ(told, 1);
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    EXPECT_EQ(told, 2);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(told, 2); // nothing new
+    engine::setSoundStatusHook({});
+}
+
+TEST_F(AudioEngineOnDevices, AStopThatTheServerDoesNotAnswerSaysSo)
+{
+    buildAndPlay(100000);
+    audio.failAt(FakeStep::OutputDevice, status::soundServerHangs);
+    engine::setOutputRunning(false);
+    EXPECT_EQ(engine::soundStatus(), status::soundServerHangs);
+    EXPECT_FALSE(engine::outputIsRunning());
+    audio.clearFailures();
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    EXPECT_FALSE(engine::outputIsRunning());
+}
+
+} // namespace
+} // namespace lyrabox::test
