@@ -181,6 +181,17 @@ void Composition::open(const QList<QUrl> &urls)
     m_main.errorField->setText(messages.join(u"; "_s));
 }
 
+void Composition::showSoundProblem()
+{
+    const QString problem = m_audio->soundProblem();
+    // Other messages stay when the sound comes back.
+    const bool showsEarlier =
+        !m_shownSoundProblem.isEmpty() && m_main.errorField->text() == m_shownSoundProblem;
+    if (!problem.isEmpty() || showsEarlier)
+        m_main.errorField->setText(problem);
+    m_shownSoundProblem = problem;
+}
+
 void Composition::setOutlets()
 {
     m_audio->setAlbumArtImageView(m_main.albumArtImageView);
@@ -276,6 +287,10 @@ void Composition::connectTransport()
             [audio](LB_Slider *slider) { audio->setOutputVolume(slider->floatValue()); });
     connect(audio, &LB_AudioController::outputVolumeChanged, m_main.outputVolumeSlider,
             [this](float volume) { m_main.outputVolumeSlider->setFloatValue(volume); });
+
+    // A song that starts clears the line, and Play is where a user wonders.
+    connect(audio, &LB_AudioController::soundProblemChanged, this, &Composition::showSoundProblem);
+    connect(audio, &LB_AudioController::runningChanged, this, &Composition::showSoundProblem);
 
     m_main.settingsPopup->menu()->addAction(m_menu->saveSettings);
     m_main.settingsPopup->menu()->addAction(m_menu->removeSettings);

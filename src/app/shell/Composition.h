@@ -69,6 +69,7 @@ private:
     void connectDesktop();
     void applyLooks();
     void updateMenu();
+    void showSoundProblem();
     void showEqualizer();
     void loadDecoders();
     void chooseLibrary();
@@ -95,6 +96,7 @@ private:
     ProgressPanel *m_progress = nullptr;
     std::unique_ptr<InputAfterWait> m_inputAfterWait;
     std::unique_ptr<MediaPlayerBridge> m_desktop; ///< none without a session bus
+    QString m_shownSoundProblem;                  ///< as the message line shows it
     bool m_placesEqWindow = false;
     bool m_terminated = false;
     std::jthread m_decoderLoading; ///< uses what stands above
