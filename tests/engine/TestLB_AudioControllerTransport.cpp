@@ -17,6 +17,30 @@ using testing::ElementsAre;
 
 // Play and loop
 
+TEST_F(AudioController, SaysInWordsWhyNothingIsHeardAndTellsWhenThatChanges)
+{
+    int told = 0;
+    QObject::connect(&player, &LB_AudioController::soundProblemChanged, &context, [&] { ++told; });
+    loadedTrack();
+    EXPECT_EQ(player.soundProblem(), QString());
+
+    transport.audio.failAt(FakeStep::OutputStart, status::soundServerHangs);
+    player.setIsRunning(true);
+    EXPECT_EQ(player.soundProblem(), u"No sound: the sound server does not answer"_s);
+    EXPECT_EQ(told, 0); // from whatever thread it comes, it is told by the event loop
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, 1);
+
+    transport.audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
+    player.setIsRunning(true);
+    EXPECT_EQ(player.soundProblem(), u"Lyrabox cannot build its audio system. (Error 560227702)"_s);
+    transport.audio.clearFailures();
+    transport.audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(player.soundProblem(), QString());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, 3);
+}
+
 TEST_F(AudioController, PlayStartsAndPausesALoadedSong)
 {
     loadedTrack();
