@@ -273,7 +273,9 @@ bool outputIsRunning()
 Status soundStatus()
 {
     const Lock lock(control().mutex);
-    return control().soundStatus;
+    const OutputUnit *output = control().chain.output.get();
+    return control().soundStatus == status::noError && output ? output->deviceStatus()
+                                                              : control().soundStatus;
 }
 
 void setSoundStatusHook(std::function<void()> hook)

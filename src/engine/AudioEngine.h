@@ -101,10 +101,11 @@ void setOutputRunning(bool running);
 bool outputIsRunning();
 
 /// Why nothing can be heard: noAudioDevice, soundServerHangs or what a rebuild has failed with;
-/// otherwise noError.
+/// otherwise noError. A server that stops in mid song is seen by calls that go on for longer than
+/// OutputUnit::serverPatience.
 Status soundStatus();
-/// `hook` is called when soundStatus() has changed, on whichever thread has found that out. It must
-/// not call the engine. Returns when no earlier hook is being called.
+/// `hook` is called when what the engine itself does has changed soundStatus(), on whichever thread
+/// has found that out. It must not call the engine. Returns when no earlier hook is being called.
 void setSoundStatusHook(std::function<void()> hook);
 
 /// Moves the position and drops what the stages hold, so that the new position is heard at once.

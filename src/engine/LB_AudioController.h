@@ -178,7 +178,8 @@ Q_SIGNALS:
     void songSettingsShown();
     /// The position was set, by whomever; not when a loop or the next song sets it.
     void positionSet();
-    /// soundProblem() has changed.
+    /// soundProblem() has changed with what was done to the sound. A server that stops in mid song
+    /// is found by asking.
     void soundProblemChanged();
 
 private:

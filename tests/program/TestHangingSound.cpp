@@ -62,6 +62,19 @@ TEST_F(ProgramOnHangingServer, SaysSoAtPauseAndPlaysOnWhenTheServerAnswers)
     EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(ProgramOnHangingServer, SaysSoInMidSongWithoutBeingUsedAndNoLongerWhenTheServerGoesOn)
+{
+    startWithSongs();
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    EXPECT_FALSE(showsMessage());
+    sound.hang();
+    EXPECT_TRUE(waitForMessage(true));
+    sound.resume();
+    EXPECT_TRUE(waitForMessage(false));
+    EXPECT_TRUE(hears(300.0));
+}
+
 TEST_F(ProgramOnHangingServer, EndsOnASignalAndWritesItsFilesWhileASongPlays)
 {
     startWithSongs();

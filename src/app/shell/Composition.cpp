@@ -33,6 +33,7 @@ namespace {
 const QString mainWindowName = u"mainWindow"_s;
 const QString eqWindowName = u"eqWindow"_s;
 const QString trackTableName = u"trackTable"_s;
+constexpr std::chrono::milliseconds soundCheckInterval{1000};
 } // namespace
 
 Composition::Composition()
@@ -190,6 +191,11 @@ void Composition::showSoundProblem()
     if (!problem.isEmpty() || showsEarlier)
         m_main.errorField->setText(problem);
     m_shownSoundProblem = problem;
+    // The server may stop in mid song, when nobody asks it for anything.
+    if (!m_audio->isRunning())
+        m_soundCheck.stop();
+    else if (!m_soundCheck.isActive())
+        m_soundCheck.start(soundCheckInterval);
 }
 
 void Composition::setOutlets()
@@ -291,6 +297,7 @@ void Composition::connectTransport()
     // A song that starts clears the line, and Play is where a user wonders.
     connect(audio, &LB_AudioController::soundProblemChanged, this, &Composition::showSoundProblem);
     connect(audio, &LB_AudioController::runningChanged, this, &Composition::showSoundProblem);
+    connect(&m_soundCheck, &QTimer::timeout, this, &Composition::showSoundProblem);
 
     m_main.settingsPopup->menu()->addAction(m_menu->saveSettings);
     m_main.settingsPopup->menu()->addAction(m_menu->removeSettings);

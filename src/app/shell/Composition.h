@@ -17,6 +17,7 @@
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 #include <thread>
@@ -96,6 +97,7 @@ private:
     ProgressPanel *m_progress = nullptr;
     std::unique_ptr<InputAfterWait> m_inputAfterWait;
     std::unique_ptr<MediaPlayerBridge> m_desktop; ///< none without a session bus
+    QTimer m_soundCheck;                          ///< while a song plays
     QString m_shownSoundProblem;                  ///< as the message line shows it
     bool m_placesEqWindow = false;
     bool m_terminated = false;

@@ -48,7 +48,17 @@ void CubebOutput::setLossListener(std::function<void()> listener)
 
 Status CubebOutput::deviceStatus() const noexcept
 {
-    return m_session ? m_session->status() : status::noAudioDevice;
+    if (!m_session)
+        return status::noAudioDevice;
+    if (const Status status = m_session->status())
+        return status;
+    const auto now = std::chrono::steady_clock::now();
+    const bool plays = m_deviceStarted && m_session->renderer().isRunning();
+    if (!plays || m_session->callbacks() != m_seenCallbacks) {
+        m_seenCallbacks = m_session->callbacks();
+        m_seenAt = now;
+    }
+    return now - m_seenAt < serverPatience ? status::noError : status::soundServerHangs;
 }
 
 Status CubebOutput::initialize()
@@ -118,6 +128,8 @@ Status CubebOutput::start()
     if (status == status::soundServerHangs)
         return giveUp();
     m_deviceStarted = status == status::noError;
+    m_seenCallbacks = m_session->callbacks();
+    m_seenAt = std::chrono::steady_clock::now();
     return status;
 }
 

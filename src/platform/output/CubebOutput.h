@@ -3,6 +3,7 @@
 #include "platform/audio/AudioUnit.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -37,6 +38,8 @@ public:
     ~CubebOutput() override;
 
     void setLossListener(std::function<void()> listener) override;
+    /// soundServerHangs also while a device that was started has asked for no frames for
+    /// serverPatience, as far as earlier calls here have seen.
     Status deviceStatus() const noexcept override;
 
     /// Opens the device, halted. noAudioDevice when there is no sound server or no device. noError
@@ -71,6 +74,9 @@ private:
     RenderingUnit *m_source = nullptr;
     float m_volume = 1.0F;
     bool m_deviceStarted = false;
+    // What deviceStatus() saw, and when it was new.
+    mutable std::uint64_t m_seenCallbacks = 0;
+    mutable std::chrono::steady_clock::time_point m_seenAt;
     /// What isRunning() is without a session, or with one that was cut off.
     std::atomic<bool> m_runsWithoutDevice{false};
     std::shared_ptr<CubebSession> m_session; ///< null: no device

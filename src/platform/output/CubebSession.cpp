@@ -273,8 +273,9 @@ void CubebSession::tellLoss()
 long CubebSession::dataCallback(cubeb_stream *, void *user, const void *, void *output,
                                 long frames) noexcept
 {
-    static_cast<CubebSession *>(user)->m_renderer.render(static_cast<float *>(output),
-                                                         static_cast<std::uint32_t>(frames));
+    auto *const session = static_cast<CubebSession *>(user);
+    session->m_renderer.render(static_cast<float *>(output), static_cast<std::uint32_t>(frames));
+    session->m_callbacks.fetch_add(1, std::memory_order_relaxed);
     return frames;
 }
 

@@ -55,6 +55,9 @@ public:
     Status status() const noexcept;
     bool isCutOff() const noexcept { return m_isCutOff.load(); }
 
+    /// Any thread. How often the device has asked for frames.
+    std::uint64_t callbacks() const noexcept { return m_callbacks.load(std::memory_order_relaxed); }
+
     /// What the device holds between a pull and the ear; known after open().
     std::uint32_t latencyFrames() const noexcept { return m_latencyFrames; }
 
@@ -80,6 +83,7 @@ private:
     OutputRenderer m_renderer;
     std::atomic<bool> m_isLost{false}; ///< written by the device's own thread
     std::atomic<bool> m_isCutOff{false};
+    std::atomic<std::uint64_t> m_callbacks{0};
     sem_t m_wake{}; ///< a command, or a loss: what the device's own thread can tell without a lock
 
     std::mutex m_mutex; ///< of what follows
