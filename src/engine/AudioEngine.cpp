@@ -118,6 +118,14 @@ void setSoundStatus(Status status)
         control().soundStatusHook();
 }
 
+/// A stop finds out when the server hangs.
+void halt(OutputUnit &output)
+{
+    output.stop();
+    if (const Status status = output.deviceStatus())
+        setSoundStatus(status);
+}
+
 /// Starts or stops, and remembers a start that failed: a device that comes back makes up for it.
 void runOutput(bool running)
 {
@@ -128,10 +136,8 @@ void runOutput(bool running)
         if (keepsHeldSound())
             control().haltIsDue = true;
         else
-            output->stop();
+            halt(*output);
         control().runOnNextDevice = false;
-        if (const Status status = output->deviceStatus())
-            setSoundStatus(status);
         return;
     }
     control().chain.timePitch->awaitReady();
@@ -314,7 +320,7 @@ void haltWhenPlayedOut()
         return;
     control().haltIsDue = false;
     if (output && !output->isRunning())
-        output->stop();
+        halt(*output);
 }
 
 std::uint64_t currentFrame()
