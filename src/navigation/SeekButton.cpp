@@ -9,20 +9,12 @@
 
 namespace lyrabox {
 
-namespace {
-/// How long a key's release waits for the press that would make it a repeat.
-constexpr int releaseMilliseconds = 20;
-} // namespace
-
 SeekButton::SeekButton(QWidget *parent)
     : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
 {
     setFocusPolicy(Qt::TabFocus);
     // Mouse and keys are handled below; this is an assistive program's click.
     connect(this, &QAbstractButton::clicked, this, [this] { clickAction(); });
-    m_releaseTimer.setSingleShot(true);
-    m_releaseTimer.setInterval(releaseMilliseconds);
-    connect(&m_releaseTimer, &QTimer::timeout, this, [this] { endPress(End::Released); });
 }
 
 SeekButton::~SeekButton()
@@ -54,6 +46,7 @@ quint64 SeekButton::stepFrames() const
 void SeekButton::beginPress(Press press)
 {
     m_press = press;
+    m_keyWindow = press == Press::Key ? QApplication::activeWindow() : nullptr;
     m_clickCount = 0;
     setHighlighted(true);
     m_events->start(m_theDelay, repeatPeriod, [this] { periodicEvent(); });
@@ -67,21 +60,8 @@ void SeekButton::periodicEvent()
         endPress(End::CutOff);
 }
 
-void SeekButton::keyReleased(quint64 timestamp)
-{
-    // An X server repeats a held key as a release and a press with one timestamp. The toolkit marks
-    // the pair as repeated only where the press had arrived when it looked at the release.
-    if (timestamp == 0) {
-        endPress(End::Released);
-        return;
-    }
-    m_releaseTimestamp = timestamp;
-    m_releaseTimer.start();
-}
-
 void SeekButton::endPress(End end)
 {
-    m_releaseTimer.stop();
     if (m_press == Press::None)
         return;
     m_press = Press::None;
@@ -150,13 +130,14 @@ bool SeekButton::eventFilter(QObject *watched, QEvent *event)
         return false;
     case QEvent::KeyRelease:
         if (m_press == Press::Key && !static_cast<QKeyEvent *>(event)->isAutoRepeat())
-            keyReleased(static_cast<QKeyEvent *>(event)->timestamp());
+            endPress(End::Released);
         return true;
+    case QEvent::WindowDeactivate:
+        // The release goes to another window.
+        if (watched == m_keyWindow.data())
+            endPress(End::CutOff);
+        return false;
     case QEvent::KeyPress:
-        if (static_cast<QKeyEvent *>(event)->timestamp() == m_releaseTimestamp)
-            m_releaseTimer.stop(); // the key was not released: it repeats itself
-        event->accept();
-        return true;
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
     case QEvent::Wheel:

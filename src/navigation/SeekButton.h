@@ -3,7 +3,7 @@
 #include "navigation/PeriodicEvents.h"
 #include "platform/ui/StateButton.h"
 
-#include <QTimer>
+#include <QPointer>
 
 #include <memory>
 
@@ -78,7 +78,6 @@ private:
     void beginPress(Press press);
     void endPress(End end);
     void periodicEvent();
-    void keyReleased(quint64 timestamp);
 
     LB_NavigationView *m_navView = nullptr;
     std::unique_ptr<PeriodicEvents> m_events;
@@ -89,8 +88,7 @@ private:
     double m_periodicInterval = 0.2;
     int m_keyEquivalent = 0;
     Press m_press = Press::None;
-    QTimer m_releaseTimer; ///< runs while a key's release may yet be a repeat
-    quint64 m_releaseTimestamp = 0;
+    QPointer<QWidget> m_keyWindow; ///< where the key was pressed
 };
 
 } // namespace lyrabox

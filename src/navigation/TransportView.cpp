@@ -4,13 +4,13 @@
 #include "navigation/LB_NavigationView.h"
 #include "navigation/NavigationAccessible.h"
 #include "navigation/SeekButton.h"
+#include "platform/ui/KeyRepeat.h"
+#include "platform/ui/Popover.h"
 #include "platform/ui/SegmentedControl.h"
 
 #include <QAbstractButton>
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTreeView>
@@ -21,10 +21,7 @@ FocusKind focusKind(const QWidget *focus)
 {
     if (focus == nullptr)
         return FocusKind::Other;
-    if (const auto *edit = qobject_cast<const QLineEdit *>(focus))
-        return edit->isReadOnly() ? FocusKind::Other : FocusKind::Text;
-    if (focus->inherits("QTextEdit") || focus->inherits("QPlainTextEdit") ||
-        qobject_cast<const QAbstractSpinBox *>(focus) != nullptr)
+    if (takesText(focus))
         return FocusKind::Text;
     if (qobject_cast<const QAbstractButton *>(focus) != nullptr)
         return FocusKind::Button;
@@ -55,11 +52,16 @@ bool transportTakesKey(int key, FocusKind focus)
 }
 
 namespace {
-/// Keys that switch something to and fro.
-bool isHeldOnce(int key)
+
+bool isInPopover(const QWidget *widget)
 {
-    return key == Qt::Key_Space || key == Qt::Key_L;
+    for (; widget != nullptr; widget = widget->parentWidget()) {
+        if (qobject_cast<const Popover *>(widget) != nullptr)
+            return true;
+    }
+    return false;
 }
+
 } // namespace
 
 TransportView::TransportView(QWidget *parent) : QWidget(parent)
@@ -75,18 +77,18 @@ void TransportView::setButtons(SeekButton *backward, SeekButton *forward)
     m_forward = forward;
 }
 
-bool TransportView::isRepeat(const QKeyEvent *event) const
+void TransportView::addWindow(const QWidget *window)
 {
-    // An X server repeats a held key as a release and a press with one timestamp. The toolkit marks
-    // the pair as repeated only where the press had arrived when it looked at the release.
-    return event->isAutoRepeat() ||
-           (event->timestamp() != 0 && event->timestamp() == m_releaseTimestamp);
+    m_otherWindows.append(window);
+}
+
+bool TransportView::servesWindow(const QWidget *other) const
+{
+    return other == window() || m_otherWindows.contains(other);
 }
 
 bool TransportView::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyRelease)
-        m_releaseTimestamp = static_cast<QKeyEvent *>(event)->timestamp();
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     if ((!isOverride && event->type() != QEvent::KeyPress) || m_backward == nullptr)
         return false;
@@ -94,21 +96,18 @@ bool TransportView::eventFilter(QObject *watched, QEvent *event)
     if (widget == nullptr || QApplication::activePopupWidget() != nullptr)
         return false;
     auto *key = static_cast<QKeyEvent *>(event);
-    const FocusKind focus = focusKind(widget);
+    // A key that a widget has no use for goes on to its parents, and is still meant for it.
+    const QWidget *keyboard = QApplication::focusWidget();
+    const FocusKind focus = focusKind(keyboard != nullptr ? keyboard : widget);
     if (isOverride) {
         // Space is a shortcut of the menu; a button that was reached with Tab keeps it all the
         // same.
         if (key->key() == Qt::Key_Space && !transportTakesKey(Qt::Key_Space, focus))
             key->accept();
-        // Held, it is one press: neither the menu's shortcut nor the list gets what follows.
-        else if (isHeldOnce(key->key()) && isRepeat(key) && focus != FocusKind::Text)
-            key->accept();
         return false;
     }
-    if (isHeldOnce(key->key()) && isRepeat(key) && transportTakesKey(key->key(), focus))
-        return true;
-    if (widget->window() != window() || !transportTakesKey(key->key(), focus) ||
-        (key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+    if (!servesWindow(widget->window()) || !transportTakesKey(key->key(), focus) ||
+        isInPopover(keyboard) || (key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;
     return m_backward->performKeyEquivalent(key) || m_forward->performKeyEquivalent(key);
 }

@@ -19,9 +19,9 @@ FocusKind focusKind(const QWidget *focus);
 /// Whether a key (an arrow or Space) goes to the transport rather than to what has the keyboard.
 bool transportTakesKey(int key, FocusKind focus);
 
-/// The transport area of the main window. It takes the keyboard when nothing else wants it, and
-/// hands the seek buttons their keys from anywhere in its window where they are not needed
-/// otherwise.
+/// The transport area of the main window. It takes the keyboard when nothing else wants it. It
+/// hands the seek buttons their keys from its own window and from those added, unless the widget
+/// that has the keyboard needs them.
 class TransportView : public QWidget {
     Q_OBJECT
 
@@ -31,15 +31,18 @@ public:
     /// Not owned.
     void setButtons(SeekButton *backward, SeekButton *forward);
 
+    /// Lets the transport's keys work in this window too. Not owned.
+    void addWindow(const QWidget *window);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool isRepeat(const QKeyEvent *event) const;
+    bool servesWindow(const QWidget *window) const;
 
     SeekButton *m_backward = nullptr;
     SeekButton *m_forward = nullptr;
-    quint64 m_releaseTimestamp = 0;
+    QList<const QWidget *> m_otherWindows;
 };
 
 } // namespace lyrabox

@@ -1,4 +1,5 @@
-#include <QApplication>
+#include "platform/ui/Application.h"
+
 #include <QLocale>
 #include <QTemporaryDir>
 
@@ -41,7 +42,7 @@ int main(int argc, char **argv)
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 
     testing::InitGoogleMock(&argc, argv);
-    const QApplication application(argc, argv);
+    const lyrabox::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lyrabox"));
     return RUN_ALL_TESTS();
 }

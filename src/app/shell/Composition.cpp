@@ -228,6 +228,7 @@ void Composition::setOutlets()
     m_main.seekBackwardButton->setNavView(m_main.navigationView);
     m_main.seekForwardButton->setNavView(m_main.navigationView);
     m_main.transportView->setButtons(m_main.seekBackwardButton, m_main.seekForwardButton);
+    m_main.transportView->addWindow(&m_eqWindow);
 
     m_equalizer.setAppDelegate(&m_appDelegate);
     m_equalizer.setAudio(m_audio.get());

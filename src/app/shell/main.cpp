@@ -9,6 +9,7 @@
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/Application.h"
 #include "platform/ui/FontConfiguration.h"
 #include "platform/ui/Theme.h"
 #include "settings/SettingsFolder.h"
@@ -73,7 +74,7 @@ int main(int argc, char **argv)
     // The toolkit would wait for a bus that hangs.
     if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busPatience))
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-    QApplication application(argc, argv); // takes the toolkit's own options out
+    lyrabox::Application application(argc, argv); // takes the toolkit's own options out
     const CommandLine line = lyrabox::readCommandLine(argc, argv);
     if (line.task == CommandLine::Task::Complain) {
         std::fprintf(stderr, "lyrabox: unknown option %s\n%s", qPrintable(line.unknownOption),
