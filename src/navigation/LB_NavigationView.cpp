@@ -24,7 +24,7 @@ constexpr qint64 glideMilliseconds = 250; // from one refresh to the next
 constexpr double longestGlideSeconds = 2.0;
 constexpr double repaintStep = 0.5; // device pixels
 constexpr int shortestGlideStep = 33;
-constexpr double edgeMargin = 2.0; // what the moving edge may have gone on by when it is painted
+constexpr double edgeMargin = 1.0; // the edge is smoothed
 
 constexpr double textMargin = 12.0;
 constexpr double textBottom = 3.0;
@@ -148,6 +148,9 @@ void LB_NavigationView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Home:
         seekToSecond(0.0);
         break;
+    case Qt::Key_End:
+        seekToSecond(static_cast<double>(m_audio->totalSeconds()));
+        break;
     default:
         QWidget::keyPressEvent(event);
     }
@@ -205,6 +208,7 @@ void LB_NavigationView::glideTo(double fraction)
     m_playLayer.setPlayProgress(fraction);
     if (jump) {
         m_glideTimer.stop();
+        m_shownProgress = fraction;
         update();
         lyrabox::announcePosition(this);
     } else {
@@ -244,8 +248,11 @@ void LB_NavigationView::timerEvent(QTimerEvent *event)
     }
     const double displayed = displayedProgress();
     const double edge = edgeInDevicePixels(displayed);
-    if (std::abs(edge - m_paintedEdge) >= repaintStep)
-        updateBetween(m_paintedEdge / devicePixelRatioF(), edge / devicePixelRatioF());
+    const double shownEdge = edgeInDevicePixels(m_shownProgress);
+    if (std::abs(edge - shownEdge) >= repaintStep) {
+        updateBetween(shownEdge / devicePixelRatioF(), edge / devicePixelRatioF());
+        m_shownProgress = displayed;
+    }
     if (displayed == m_playLayer.playProgress())
         m_glideTimer.stop();
 }
@@ -264,9 +271,9 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     m_backLayer.drawLayerInContext(layerBounds(), painter);
     lyrabox::PlayLayerDelegate shown = m_playLayer;
-    shown.setPlayProgress(displayedProgress());
+    // Not where the edge is by now: only what was updated is painted, however late.
+    shown.setPlayProgress(m_shownProgress);
     shown.drawLayerInContext(layerBounds(), painter);
-    m_paintedEdge = edgeInDevicePixels(shown.playProgress());
     if (hasFocus())
         lyrabox::drawFocusRing(painter, layerBounds(), lyrabox::Theme::radius);
 

@@ -127,7 +127,7 @@ private:
     double m_glideFrom = 0.0;
     qint64 m_glideStart = 0;
     QBasicTimer m_glideTimer;
-    double m_paintedEdge = -1.0;
+    double m_shownProgress = 0.0; ///< what is painted, or will be by the update that is under way
     quint64 m_paintCount = 0;
     quint64 m_shownTotalFrames = 0;
 };
