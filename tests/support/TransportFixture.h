@@ -106,6 +106,7 @@ private:
         controller->setAlbumArtImageView(albumArtImageView);
         controller->setTitleField(titleField);
         controller->setArtistField(artistField);
+        loopButton->setStateTexts(QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"));
         controller->setLoopButton(loopButton);
         controller->setPlayPauseButton(playPauseButton);
         controller->setSeekBackwardButton(seekBackwardButton);

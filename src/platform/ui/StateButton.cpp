@@ -110,6 +110,8 @@ QSize StateButton::sizeHint() const
 
 void StateButton::nextCheckState()
 {
+    if (isMomentary())
+        return;
     if (m_state == 0)
         setState(m_allowsMixedState ? -1 : 1);
     else

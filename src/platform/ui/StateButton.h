@@ -8,7 +8,8 @@ namespace lyrabox {
 
 /// A push button with two or three states, drawn as an image on a round or plain ground.
 /// A click advances the state off (0), mixed (-1), on (1), off; without mixed states off, on, off.
-/// The state has changed before clicked() is sent.
+/// The state has changed before clicked() is sent. A button whose states have no texts is
+/// momentary: a click changes nothing about it.
 class StateButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
@@ -46,9 +47,8 @@ public:
     Ground ground() const { return m_ground; }
     void setGround(Ground ground);
 
-    /// What the button is called in each state, as its tool tip and for assistive programs; a
-    /// momentary button (one that only sends clicked(), the default while no texts are set) is
-    /// named with setAccessibleName().
+    /// What the button is called in each state, as its tool tip and for assistive programs. A
+    /// momentary button is named with setAccessibleName().
     void setStateTexts(const QString &off, const QString &mixed, const QString &on);
     bool isMomentary() const { return m_stateTexts.isEmpty(); }
 

@@ -17,9 +17,14 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// A button that is on or off.
+struct SwitchButton : StateButton {
+    SwitchButton() { setStateTexts(u"Off"_s, u"Half"_s, u"On"_s); }
+};
+
 TEST(StateButton, TwoStateButtonGoesOffOnOff)
 {
-    StateButton button;
+    SwitchButton button;
     button.click();
     EXPECT_EQ(button.state(), 1);
     button.click();
@@ -28,7 +33,7 @@ TEST(StateButton, TwoStateButtonGoesOffOnOff)
 
 TEST(StateButton, ThreeStateButtonGoesOffMixedOnOff)
 {
-    StateButton button;
+    SwitchButton button;
     button.setAllowsMixedState(true);
     button.click();
     EXPECT_EQ(button.state(), -1);
@@ -40,7 +45,7 @@ TEST(StateButton, ThreeStateButtonGoesOffMixedOnOff)
 
 TEST(StateButton, StateHasChangedBeforeTheClickIsSent)
 {
-    StateButton button;
+    SwitchButton button;
     button.resize(30, 30);
     int seen = 7;
     QObject::connect(&button, &StateButton::clicked, &button, [&] { seen = button.state(); });
@@ -50,7 +55,7 @@ TEST(StateButton, StateHasChangedBeforeTheClickIsSent)
 
 TEST(StateButton, DisabledButtonKeepsItsState)
 {
-    StateButton button;
+    SwitchButton button;
     button.resize(30, 30);
     button.setEnabled(false);
     QTest::mouseClick(&button, Qt::LeftButton);
@@ -59,7 +64,7 @@ TEST(StateButton, DisabledButtonKeepsItsState)
 
 TEST(StateButton, KeyboardPressesTheButton)
 {
-    StateButton button;
+    SwitchButton button;
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_EQ(button.state(), 1);
 }
@@ -121,6 +126,17 @@ TEST(StateButton, StateIsAnnouncedToAssistivePrograms)
     EXPECT_EQ(face->text(QAccessible::Name), u"Looping"_s);
     EXPECT_TRUE(face->state().checked);
     EXPECT_EQ(button.toolTip(), u"Looping"_s);
+}
+
+TEST(StateButton, AMomentaryPressIsSentAndChangesNoState)
+{
+    StateButton button;
+    const QSignalSpy clicked(&button, &StateButton::clicked);
+    const QSignalSpy changed(&button, &StateButton::stateChanged); // what is announced
+    button.click();
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(button.state(), 0);
 }
 
 TEST(StateButton, AssistiveProgramsPressTheButton)
