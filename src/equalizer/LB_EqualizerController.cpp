@@ -286,7 +286,6 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
                                              : LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
     m_popover->setContentView(content->view());
-    m_popover->setContentSize(content->view()->size());
     if (adds) {
         content->messageField()->setText(tr("Enter a name for the new preset"));
         QLineEdit *input = content->inputField();
@@ -297,13 +296,14 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
         connect(content->okButton(), &QAbstractButton::clicked, this,
                 [this, input] { addPresetNameEntered(input); });
     } else {
-        content->messageField()->setText(tr("Remove preset '%1'?").arg(m_currentPreset->name));
+        content->askAbout(tr("Remove preset '%1'?"), m_currentPreset->name);
         connect(content->okButton(), &QAbstractButton::clicked, this,
                 [this, asked = m_presetToRemove] {
                     if (m_presetToRemove == asked)
                         removeOkButtonPressed();
                 });
     }
+    m_popover->setContentSize(content->view()->size());
     m_popover->showRelativeTo(sender, lyrabox::Popover::Edge::MaxX);
 }
 

@@ -177,8 +177,7 @@ void LB_FolderSourceController::removeFolder(QWidget *anchor)
     m_folderToRemove = m_selectedFolder;
     auto *content = LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
-    content->messageField()->setText(
-        tr("Remove folder '%1'?").arg(m_selectedFolder->itemName().text));
+    content->askAbout(tr("Remove folder '%1'?"), m_selectedFolder->itemName().text);
     m_popover->setContentView(content->view());
     m_popover->setContentSize(content->view()->size());
     m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);

@@ -1,8 +1,13 @@
 #include "app/controls/LB_PopoverViewController.h"
 
+#include "platform/ui/OneLine.h"
+
 #include <QAbstractButton>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
+
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,6 +32,24 @@ QLineEdit *LB_PopoverViewController::inputField() const
 QLabel *LB_PopoverViewController::messageField() const
 {
     return m_view ? m_view->findChild<QLabel *>(u"messageField"_s) : nullptr;
+}
+
+void LB_PopoverViewController::askAbout(const QString &question, const QString &name)
+{
+    constexpr double partOfTheLine = 0.85; // the rest is for quotation and question marks
+    QLabel *message = messageField();
+    message->ensurePolished();
+    const QMargins margins = m_view->layout()->contentsMargins();
+    const int line = m_view->width() - margins.left() - margins.right();
+    const QString shown = message->fontMetrics().elidedText(lyrabox::oneLine(name), Qt::ElideMiddle,
+                                                            static_cast<int>(line * partOfTheLine));
+    const QString whole = question.arg(name);
+    message->setText(question.arg(shown));
+    message->setAccessibleName(whole);
+    message->setToolTip(shown == name ? QString()
+                                      : u"<span>%1</span>"_s.arg(whole.toHtmlEscaped()));
+    const int height = m_view->layout()->totalHeightForWidth(m_view->width());
+    m_view->resize(m_view->width(), std::max(m_view->height(), height));
 }
 
 QAbstractButton *LB_PopoverViewController::okButton() const

@@ -32,6 +32,11 @@ public:
     QLabel *messageField() const;
     QAbstractButton *okButton() const;
 
+    /// Puts `question`, in which `name` takes the place of %1, into the message field. A name that
+    /// is too wide for a line of the view is shortened in the middle; then the tool tip holds the
+    /// whole, as assistive programs do. The view grows to the height that the text needs.
+    void askAbout(const QString &question, const QString &name);
+
 private:
     static QWidget *newView();
 

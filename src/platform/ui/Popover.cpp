@@ -179,7 +179,11 @@ void Popover::showRelativeTo(QWidget *anchor, Edge preferredEdge)
     setParent(anchor->window());
     // What the panel asks is what it is called.
     const auto *question = m_contentView ? m_contentView->findChild<QLabel *>() : nullptr;
-    setAccessibleName(question ? question->text() : QString());
+    if (question == nullptr)
+        setAccessibleName({});
+    else
+        setAccessibleName(question->accessibleName().isEmpty() ? question->text()
+                                                               : question->accessibleName());
     m_shown = true;
     place();
     show();

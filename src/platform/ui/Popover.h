@@ -28,7 +28,7 @@ public:
     /// Shows the popover beside `anchor`, on `preferredEdge` where the window has room, else on the
     /// opposite side. The first focusable control of the content takes the keyboard. Tab stays
     /// inside then, Return presses the content's default button and Escape closes. For assistive
-    /// programs the panel is called what its first label says.
+    /// programs the panel is called what its first label says, or what that label is called.
     void showRelativeTo(QWidget *anchor, Edge preferredEdge);
 
     /// Hides it and gives the keyboard back to where it was.

@@ -1,8 +1,11 @@
 #include "app/controls/LB_PopoverViewController.h"
 
+#include "ui_RemovePopover.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -65,6 +68,30 @@ TEST(LB_PopoverViewController, MessageIsPlainText)
         LB_PopoverViewController::load<FullInterface>());
     const std::unique_ptr<QWidget> view(controller->view());
     EXPECT_EQ(controller->messageField()->textFormat(), Qt::PlainText);
+}
+
+TEST(LB_PopoverViewController, ALongNameIsShownShortenedAndWholeWithinTheView)
+{
+    const QString question = u"Remove preset '%1'?"_s;
+    for (const QString &name : {QString(180, u'W'), u"Long words "_s.repeated(16), u"Jazz"_s}) {
+        const std::unique_ptr<LB_PopoverViewController> controller(
+            LB_PopoverViewController::load<Ui::RemovePopover>());
+        const std::unique_ptr<QWidget> view(controller->view());
+        const QSize size = view->size();
+        controller->askAbout(question, name);
+        view->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+        const QLabel *message = controller->messageField();
+        const QRect text = message->fontMetrics().boundingRect(
+            QRect(0, 0, message->width(), 10'000), Qt::TextWordWrap, message->text());
+        EXPECT_LE(text.width(), message->width()) << message->text().toStdString();
+        EXPECT_LE(text.height(), message->height()) << message->text().toStdString();
+        EXPECT_EQ(view->width(), size.width());
+        EXPECT_EQ(message->accessibleName(), question.arg(name));
+        const bool shortened = message->text() != question.arg(name);
+        EXPECT_EQ(shortened, name.size() > 20);
+        EXPECT_EQ(message->toolTip().contains(name), shortened);
+    }
 }
 
 TEST(LB_PopoverViewController, OutlivesItsView)
