@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <vector>
 
 using lyrabox::marqueePositions;
 using namespace Qt::Literals::StringLiterals;
@@ -57,12 +57,34 @@ TEST_F(ScrollingTextViewTest, WideTitleStartsAtFiveAndScrolls)
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), 4.0);
 }
 
-TEST_F(ScrollingTextViewTest, TimerMovesTheTextByWholePoints)
+/// Writes down where the text stands after each event of a view's timer, and lets no other event
+/// move it.
+struct TimerWatch : QObject {
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *view = static_cast<LB_ScrollingTextView *>(watched);
+        if (event->type() != QEvent::Timer || isWatching)
+            return false;
+        isWatching = true;
+        QCoreApplication::sendEvent(view, event);
+        isWatching = false;
+        positions.push_back(view->drawingPoint().x());
+        return true;
+    }
+    std::vector<double> positions;
+    bool isWatching = false;
+};
+
+TEST_F(ScrollingTextViewTest, TimerMovesTheTextByOnePointEachTime)
 {
     show();
     view.setString(longTitle);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return view.drawingPoint().x() <= 2.0; }));
-    EXPECT_DOUBLE_EQ(view.drawingPoint().x(), std::round(view.drawingPoint().x()));
+    TimerWatch watch;
+    view.installEventFilter(&watch);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return watch.positions.size() >= 4; }));
+    view.removeEventFilter(&watch);
+    for (std::size_t i = 0; i < watch.positions.size(); ++i)
+        EXPECT_DOUBLE_EQ(watch.positions[i], 4.0 - static_cast<double>(i));
 }
 
 TEST_F(ScrollingTextViewTest, TitleExactlyAsWideAsTheViewScrolls)
@@ -105,6 +127,34 @@ TEST_F(ScrollingTextViewTest, DrawingMakesTheLoopSeamless)
     const double left = view.drawingPoint().x();
     draw();
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), left + width + 25.0);
+}
+
+TEST_F(ScrollingTextViewTest, ASecondCopyIsDrawnTwentyFivePointsBehindTheFirst)
+{
+    // Advances are counted in 64ths, so that 64 times the same is a whole number wide.
+    const QString title = u"A song and its end "_s.repeated(64);
+    view.setString(title);
+    const auto width = static_cast<int>(view.stringWidth());
+    ASSERT_DOUBLE_EQ(view.stringWidth(), static_cast<double>(width));
+    view.resize(width, 24);
+    view.setString(title);
+    const auto part = [this](double left, int length) {
+        QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        view.render(&image, {}, {}, QWidget::DrawChildren);
+        return image.copy(static_cast<int>(left), 0, length, view.height());
+    };
+    constexpr int length = 200;
+    const QImage beginning = part(view.drawingPoint().x(), length);
+    QImage white = beginning;
+    white.fill(Qt::white);
+    ASSERT_NE(beginning, white);
+
+    while (view.drawingPoint().x() > -25.0 - length)
+        view.scrollText();
+    const double firstEnd = view.drawingPoint().x() + width;
+    EXPECT_EQ(part(firstEnd, 25), white.copy(0, 0, 25, view.height()));
+    EXPECT_EQ(part(firstEnd + 25.0, length), beginning);
 }
 
 TEST_F(ScrollingTextViewTest, FontSizeCountsFromTheNextStringOnAndLeavesTheProperty)
