@@ -167,6 +167,12 @@ void LB_Slider::timerEvent(QTimerEvent *event)
     update();
 }
 
+void LB_Slider::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    stopGlide(); // nobody saw where it came from
+}
+
 QSize LB_Slider::sizeHint() const
 {
     return m_orientation == Qt::Horizontal ? QSize(naturalLength, thickness)

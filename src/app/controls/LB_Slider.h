@@ -47,7 +47,7 @@ public:
 
     /// The same through the animator: floatValue() is the new value at once, the knob glides there
     /// with an ease-out curve in half a second (speed 0.5 of the default animation of a quarter
-    /// second).
+    /// second). A slider that is just being shown is at its value.
     void animateToFloatValue(double value);
 
     /// Where the knob is drawn now.
@@ -83,6 +83,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void take(double value);

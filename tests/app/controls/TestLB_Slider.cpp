@@ -176,6 +176,15 @@ TEST_F(SliderTest, SecondGlideBeginsWhereTheKnobIsShown)
     EXPECT_NEAR(slider.displayedValue(), shown, 1e-9);
 }
 
+TEST_F(SliderTest, AGlideThatBeganBeforeTheSliderIsShownIsOver)
+{
+    slider.animateToFloatValue(slider.maxValue());
+    ASSERT_TRUE(slider.isGliding());
+    slider.show();
+    EXPECT_FALSE(slider.isGliding());
+    EXPECT_DOUBLE_EQ(slider.displayedValue(), slider.maxValue());
+}
+
 TEST_F(SliderTest, GlideCurveStartsFastAndEndsSlow)
 {
     EXPECT_DOUBLE_EQ(lyrabox::sliderGlideProgress(-1.0), 0.0);
