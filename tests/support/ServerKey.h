@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include <ostream>
 #include <string>
 
 namespace lyrabox::test {
@@ -132,6 +133,11 @@ inline std::string nameOfWay(const ServerKey::Way &way)
     return std::string(way.marked ? "Marked" : "Unmarked") +
            (way.delay < 500 ? "AfterAShortDelay" : "AfterALongDelay") +
            (way.idlesBetweenPairs ? "OneByOne" : "InPairs");
+}
+
+inline void PrintTo(const ServerKey::Way &way, std::ostream *out)
+{
+    *out << nameOfWay(way);
 }
 
 } // namespace lyrabox::test
