@@ -149,7 +149,7 @@ void LB_NavigationView::keyPressEvent(QKeyEvent *event)
         seekToSecond(0.0);
         break;
     case Qt::Key_End:
-        seekToSecond(static_cast<double>(m_audio->totalSeconds()));
+        seekBySeconds(static_cast<double>(m_audio->totalSeconds()));
         break;
     default:
         QWidget::keyPressEvent(event);
