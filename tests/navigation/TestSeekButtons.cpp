@@ -1,22 +1,13 @@
 #include "navigation/NavigationFixture.h"
-#include "navigation/TransportView.h"
-#include "platform/ui/Popover.h"
-#include "support/ServerKey.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QStandardItemModel>
-#include <QTableView>
 #include <QTest>
-#include <QTreeView>
 
 namespace lyrabox {
 namespace {
 
 using test::NavigationFixture;
-using test::ServerKey;
 constexpr quint64 rate = NavigationFixture::rate;
 constexpr quint64 mouseLimit = rate * 4; // the sample rate times the four bytes of a frame
 
@@ -209,144 +200,6 @@ TEST_F(SeekButtons, AutoRepeatCountsAsHoldingTheKey)
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
 }
 
-/// A window with the transport area, on the screen, and a key of the display server's.
-struct HeldTransportKey : testing::TestWithParam<ServerKey::Way> {
-    HeldTransportKey()
-    {
-        transport.setButtons(&f.back, &f.forward);
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-        transport.setFocus();
-    }
-
-    NavigationFixture f;
-    QWidget window;
-    TransportView transport{&window};
-    ServerKey key{GetParam()};
-};
-
-TEST_P(HeldTransportKey, IsOnePressFromItsFirstToItsLastEvent)
-{
-    f.play(100);
-    key.press(Qt::Key_Right);
-    for (int i = 0; i < 5; ++i) {
-        key.repeat();
-        EXPECT_TRUE(f.forward.isPressing());
-    }
-    f.forwardEvents.event();
-    key.repeat(5);
-    EXPECT_EQ(f.forward.clickCount(), 1U);
-    key.release();
-    EXPECT_FALSE(f.forward.isPressing());
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
-    key.hold(Qt::Key_Right);
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("B")) << "too short for a step";
-}
-
-TEST_P(HeldTransportKey, DoesNotGoOnIntoThePreviousSongsFromTheStartOfTheSong)
-{
-    f.play(100, 2);
-    f.audio().setCurrentFrame(rate + rate / 2);
-    key.press(Qt::Key_Left);
-    key.repeat(3);
-    f.backEvents.event();
-    f.backEvents.event();
-    EXPECT_FALSE(f.back.isPressing()) << "the start of the song ends the press";
-    for (int i = 0; i < 5; ++i) {
-        key.repeat();
-        EXPECT_FALSE(f.back.isPressing());
-    }
-    key.release();
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("C"));
-    EXPECT_EQ(f.audio().currentFrame(), 0U);
-    key.press(Qt::Key_Left);
-    key.release();
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("B")) << "a new press is one";
-}
-
-TEST_P(HeldTransportKey, WorksInAnAddedWindowUntilThatIsLeft)
-{
-    f.play(100);
-    QWidget other;
-    transport.addWindow(&other);
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    key.press(Qt::Key_Right);
-    key.repeat(2);
-    EXPECT_TRUE(f.forward.isPressing());
-    window.activateWindow(); // the release goes there, or to another program
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_FALSE(f.forward.isPressing());
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
-    key.release();
-}
-
-INSTANTIATE_TEST_SUITE_P(Every, HeldTransportKey, testing::ValuesIn(test::everyWay),
-                         [](const auto &way) { return test::nameOfWay(way.param); });
-
-/// Which song plays after a short press of the right arrow key while `focus` has the keyboard.
-struct TransportKeyFocus : SeekButtons {
-    QString titleAfterPress(QWidget &window, QWidget &focus)
-    {
-        f.play(100);
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-        focus.setFocus();
-        EXPECT_TRUE(focus.hasFocus());
-        QTest::keyClick(window.windowHandle(), Qt::Key_Right);
-        return f.playingTitle();
-    }
-};
-
-TEST_F(TransportKeyFocus, ALeafOfATreeKeepsTheArrowsThatItHasNoUseFor)
-{
-    QWidget window;
-    TransportView transport(&window);
-    transport.setButtons(&f.back, &f.forward);
-    QWidget pane(&window);
-    QTreeView tree(&pane);
-    QStandardItemModel model;
-    model.appendRow(new QStandardItem(QStringLiteral("Leaf")));
-    tree.setModel(&model);
-    tree.setCurrentIndex(model.index(0, 0));
-    EXPECT_EQ(titleAfterPress(window, tree), QStringLiteral("A"));
-}
-
-TEST_F(TransportKeyFocus, APopoverKeepsTheArrows)
-{
-    QWidget window;
-    window.resize(400, 300);
-    TransportView transport(&window);
-    transport.setButtons(&f.back, &f.forward);
-    QWidget anchor(&window);
-    Popover popover(&window);
-    auto *content = new QWidget;
-    content->resize(100, 40);
-    auto *button = new QPushButton(content);
-    popover.setContentView(content);
-    window.show();
-    popover.showRelativeTo(&anchor, Popover::Edge::MaxX);
-    EXPECT_EQ(titleAfterPress(window, *button), QStringLiteral("A"));
-}
-
-TEST_F(TransportKeyFocus, AnotherWindowKeepsTheArrowsUnlessItIsAdded)
-{
-    QWidget window;
-    TransportView transport(&window);
-    transport.setButtons(&f.back, &f.forward);
-    QWidget other;
-    QTableView table(&other);
-    EXPECT_EQ(titleAfterPress(other, table), QStringLiteral("A"));
-    transport.addWindow(&other);
-    EXPECT_EQ(titleAfterPress(other, table), QStringLiteral("B"));
-    QLineEdit field(&other);
-    field.show();
-    EXPECT_EQ(titleAfterPress(other, field), QStringLiteral("A"));
-}
-
 TEST_F(SeekButtons, HoldSwallowsOtherInput)
 {
     f.play(100);
@@ -381,47 +234,6 @@ TEST_F(SeekButtons, PressEndsWithoutAClickWhenTheWindowIsLeftOrClosed)
     QApplication::sendEvent(&f.view, &close);
     EXPECT_FALSE(f.forward.isPressing());
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
-}
-
-TEST(TransportKeys, AreNeverTakenFromATextFieldInUse)
-{
-    QLineEdit field;
-    EXPECT_EQ(focusKind(&field), FocusKind::Text);
-    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Space})
-        EXPECT_FALSE(transportTakesKey(key, FocusKind::Text));
-}
-
-TEST(TransportKeys, LeaveSpaceToAButtonAndArrowsToASlider)
-{
-    QCheckBox button;
-    LB_Slider slider;
-    EXPECT_EQ(focusKind(&button), FocusKind::Button);
-    EXPECT_EQ(focusKind(&slider), FocusKind::Arrows);
-    EXPECT_FALSE(transportTakesKey(Qt::Key_Space, FocusKind::Button));
-    EXPECT_TRUE(transportTakesKey(Qt::Key_Left, FocusKind::Button));
-    EXPECT_FALSE(transportTakesKey(Qt::Key_Left, FocusKind::Arrows));
-    EXPECT_TRUE(transportTakesKey(Qt::Key_Space, FocusKind::Arrows));
-}
-
-TEST(TransportKeys, BelongToTheTransportOtherwise)
-{
-    EXPECT_EQ(focusKind(nullptr), FocusKind::Other);
-    EXPECT_TRUE(transportTakesKey(Qt::Key_Left, FocusKind::Other));
-}
-
-TEST_F(SeekButtons, TransportAreaHandsTheArrowKeysToTheButtons)
-{
-    f.play(100);
-    QWidget window;
-    TransportView transport(&window);
-    auto *field = new QLineEdit(&window);
-    transport.setButtons(&f.back, &f.forward);
-    QTest::keyPress(&transport, Qt::Key_Right);
-    EXPECT_TRUE(f.forward.isPressing());
-    QTest::keyRelease(&transport, Qt::Key_Right);
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
-    QTest::keyClick(field, Qt::Key_Right);
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
 }
 
 TEST_F(SeekButtons, AnAssistiveProgramsPressIsAShortClick)

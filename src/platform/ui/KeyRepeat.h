@@ -39,6 +39,7 @@ public:
     /// looked at. takeMissedRelease() returns that release, which has to be sent before the press.
     bool isRepeat(QObject *receiver, const QKeyEvent &event);
 
+    /// A release of a key, and whom it was for.
     struct Release {
         QPointer<QObject> receiver;
         std::unique_ptr<QKeyEvent> event;
