@@ -124,13 +124,22 @@ void SegmentedControl::keyPressEvent(QKeyEvent *event)
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const int backKey = mirrored ? Qt::Key_Right : Qt::Key_Left;
     const int forthKey = mirrored ? Qt::Key_Left : Qt::Key_Right;
-    const bool back = event->key() == backKey || event->key() == Qt::Key_Up;
-    const bool forth = event->key() == forthKey || event->key() == Qt::Key_Down;
-    if (!back && !forth) {
+    const int key = event->key();
+    int target = m_selected;
+    if (key == Qt::Key_Home)
+        target = 0;
+    else if (key == Qt::Key_End)
+        target = static_cast<int>(m_segments.size()) - 1;
+    else if (key == backKey || key == Qt::Key_Up || key == Qt::Key_PageUp)
+        target = m_selected - 1;
+    else if (key == forthKey || key == Qt::Key_Down || key == Qt::Key_PageDown)
+        target = m_selected + 1;
+    else {
         QWidget::keyPressEvent(event);
         return;
     }
-    pressSegment(m_selected + (forth ? 1 : -1));
+    if (target != m_selected)
+        pressSegment(target);
 }
 
 } // namespace lyrabox

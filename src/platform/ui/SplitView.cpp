@@ -16,6 +16,7 @@ namespace lyrabox {
 namespace {
 constexpr int handleWidth = 7; // the divider is a hairline; what takes the mouse is wider
 constexpr int keyStep = 8;
+constexpr int pageStep = 40;
 } // namespace
 
 SplitView::SplitView(QWidget *parent) : QWidget(parent), m_handle(new QWidget(this))
@@ -154,6 +155,12 @@ bool SplitView::eventFilter(QObject *watched, QEvent *event)
             return true;
         case Qt::Key_Right:
             setDividerPosition(dividerPosition() + forth);
+            return true;
+        case Qt::Key_PageDown:
+            setDividerPosition(dividerPosition() - pageStep);
+            return true;
+        case Qt::Key_PageUp:
+            setDividerPosition(dividerPosition() + pageStep);
             return true;
         case Qt::Key_Home:
             setDividerPosition(leastDividerPosition());

@@ -57,6 +57,17 @@ TEST_F(SegmentedControlTest, ArrowKeysMoveTheSelectionAndStopAtTheEnds)
     EXPECT_EQ(pressed.count(), 2);
 }
 
+TEST_F(SegmentedControlTest, HomeEndAndThePageKeysMoveTheSelectionToo)
+{
+    for (const auto &[key, segment] :
+         {std::pair(Qt::Key_End, 1), std::pair(Qt::Key_End, 1), std::pair(Qt::Key_Home, 0),
+          std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, 0)}) {
+        QTest::keyClick(&control, key);
+        EXPECT_EQ(control.selectedSegment(), segment);
+    }
+    EXPECT_EQ(pressed.count(), 4) << "at an end there is nothing to press";
+}
+
 TEST_F(SegmentedControlTest, SelectedSegmentIsAccentBlueAndTheOtherWhite)
 {
     control.setSelectedSegment(1);

@@ -43,6 +43,14 @@ TEST_F(SplitViewTest, FromRightToLeftTheFirstPaneStandsOnTheRight)
     EXPECT_EQ(right->geometry(), QRect(109, 0, 292, 100));
 }
 
+TEST_F(SplitViewTest, ThePageKeysMakeTheFirstPaneWiderAndNarrower)
+{
+    QTest::keyClick(view.divider(), Qt::Key_PageUp);
+    EXPECT_EQ(view.dividerPosition(), 140);
+    QTest::keyClick(view.divider(), Qt::Key_PageDown);
+    EXPECT_EQ(view.dividerPosition(), 100);
+}
+
 TEST_F(SplitViewTest, DraggingTheDividerMovesItInBothDirectionsOfReading)
 {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
