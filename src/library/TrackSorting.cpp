@@ -1,9 +1,9 @@
 #include "library/TrackSorting.h"
 
 #include "platform/foundation/Machine.h"
+#include "platform/foundation/TextOrder.h"
 
 #include <QHash>
-#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -56,7 +56,7 @@ double numericValue(const TrackRecord &record, const QString &key)
 std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts, std::size_t first,
                                   std::size_t last)
 {
-    const QCollator collator = trackCollator();
+    const QCollator collator = textCollator();
     std::vector<KeyedText> keys;
     keys.reserve(last - first);
     for (std::size_t i = first; i < last; ++i)
@@ -155,16 +155,6 @@ Ranks numberRanks(const TrackRecordList &records, const QString &key)
 }
 
 } // namespace
-
-QCollator trackCollator()
-{
-    const QLocale locale =
-        QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
-    QCollator collator(locale);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    collator.setNumericMode(true);
-    return collator;
-}
 
 std::vector<std::uint32_t> sortRanks(const TrackRecordList &records, const QString &key)
 {

@@ -2,7 +2,6 @@
 
 #include "engine/TrackRecord.h"
 
-#include <QCollator>
 #include <QString>
 
 #include <cstdint>
@@ -10,12 +9,8 @@
 
 namespace lyrabox {
 
-/// Compares text as people expect: by the language's alphabet, ignoring case, numbers within the
-/// text by value.
-QCollator trackCollator();
-
 /// For each record its place among the values that the records have under `key`: 0 for a missing
-/// value, equal for equal values, greater for later ones. Text by trackCollator(), everything else
+/// value, equal for equal values, greater for later ones. Text by textCollator(), everything else
 /// by its numeric value.
 std::vector<std::uint32_t> sortRanks(const TrackRecordList &records, const QString &key);
 

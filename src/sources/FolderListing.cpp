@@ -22,8 +22,9 @@ QUrl folderURL(const QString &path)
 QStringList subfolderPaths(const QUrl &directory)
 {
     QStringList paths;
-    for (const files::Entry &entry : files::shallowEntries(folderPath(directory))) {
-        if (entry.isDirectory && !entry.isPackage)
+    for (const files::Entry &entry :
+         files::shallowEntries(folderPath(directory), files::EntryKinds::Directories)) {
+        if (!entry.isPackage)
             paths.append(entry.path);
     }
     return paths;

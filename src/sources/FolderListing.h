@@ -15,8 +15,8 @@ QString folderPath(const QUrl &url);
 /// A file URL of the folder at `path`.
 QUrl folderURL(const QString &path);
 
-/// The paths of a folder's immediate subfolders in the file system's order: no hidden ones, no
-/// packages, no links. Errors end the list where they occur.
+/// The paths of a folder's immediate subfolders by name: no hidden ones, no packages, no links.
+/// Errors end the list where they occur.
 QStringList subfolderPaths(const QUrl &directory);
 
 /// A source item that is a folder on disk and lists its subfolders when it is first asked for them.

@@ -76,16 +76,34 @@ TEST(FolderScan, SurvivesANameThatIsNoText)
     EXPECT_EQ(unlink(path.constData()), 0); // the temporary folder can't
 }
 
+TEST(FolderScan, ListsTheSongsByFileName)
+{
+    LibraryFixture library;
+    library.tracks.setAudioFileOpener([](const QString &path) -> std::optional<OpenedAudioFile> {
+        return OpenedAudioFile{{}, path};
+    });
+    for (const QString &name : {u"10 c.wav"_s, u"2 B.wav"_s, u"1 a.wav"_s, u"11 d.wav"_s})
+        ASSERT_TRUE(QFile(library.folder.filePath(name)).open(QIODevice::WriteOnly));
+    library.tracks.scanForAudioFilesStartingAtURLFolderID(
+        QUrl::fromLocalFile(library.folder.path()), u"F"_s);
+    EXPECT_EQ(library.shownTitles(),
+              QStringList({u"1 a.wav"_s, u"2 B.wav"_s, u"10 c.wav"_s, u"11 d.wav"_s}));
+}
+
 TEST(FolderScan, GivesAnEmptyListForAnEmptyOrMissingFolder)
 {
     LibraryFixture library;
-    library.showPlaylist({u"A"_s});
-    library.tracks.scanForAudioFilesStartingAtURLFolderID(
-        QUrl::fromLocalFile(library.folder.filePath(u"none"_s)), u"F"_s);
-    EXPECT_TRUE(library.tracks.content().empty());
-    EXPECT_EQ(library.tracks.trackCount(), 0U);
-    EXPECT_TRUE(library.table.isEnabled());
-    EXPECT_EQ(library.tracks.listID(), u"F"_s);
+    ASSERT_TRUE(QDir(library.folder.path()).mkdir(u"empty"_s));
+    for (const QString &name : {u"empty"_s, u"none"_s}) {
+        library.showPlaylist({u"A"_s});
+        ASSERT_EQ(library.tracks.trackCount(), 1U);
+        library.tracks.scanForAudioFilesStartingAtURLFolderID(
+            QUrl::fromLocalFile(library.folder.filePath(name)), name);
+        EXPECT_TRUE(library.tracks.content().empty());
+        EXPECT_EQ(library.tracks.trackCount(), 0U);
+        EXPECT_TRUE(library.table.isEnabled());
+        EXPECT_EQ(library.tracks.listID(), name);
+    }
 }
 
 TEST(FolderScan, DisablesTheTableWhileItRuns)

@@ -1,6 +1,7 @@
 #include "library/TrackSorting.h"
 
 #include "platform/foundation/Machine.h"
+#include "platform/foundation/TextOrder.h"
 
 #include <gtest/gtest.h>
 
@@ -113,7 +114,7 @@ TEST(TrackSorting, AgreesWithAPlainStableSortOverTenThousandTitles)
             title += QString::number(random() % 1000);
         records.push_back(titled({title}).front());
     }
-    const QCollator collator = trackCollator();
+    const QCollator collator = textCollator();
     Order expected(records.size());
     std::iota(expected.begin(), expected.end(), 0U);
     std::stable_sort(expected.begin(), expected.end(), [&](std::uint32_t a, std::uint32_t b) {

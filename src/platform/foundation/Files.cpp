@@ -1,5 +1,8 @@
 #include "platform/foundation/Files.h"
 
+#include "platform/foundation/TextOrder.h"
+
+#include <QCollatorSortKey>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -39,6 +42,20 @@ bool isDirectoryEntry(int folder, const dirent &entry)
     struct stat attributes = {};
     return fstatat(folder, entry.d_name, &attributes, AT_SYMLINK_NOFOLLOW) == 0 &&
            S_ISDIR(attributes.st_mode);
+}
+
+/// An entry with what it is sorted by. Comparing the names themselves would take several times as
+/// long in a large folder.
+struct ListedEntry {
+    QCollatorSortKey key;
+    QByteArray name;
+    Entry entry;
+};
+
+bool comesBefore(const ListedEntry &a, const ListedEntry &b)
+{
+    const int order = a.key.compare(b.key);
+    return order != 0 ? order < 0 : a.name < b.name;
 }
 
 /// The folder that "bin" is in; the build tree for a program anywhere in it.
@@ -84,24 +101,33 @@ QString inodeText(const QUrl &url)
     return inodeText(url.isLocalFile() ? url.toLocalFile() : QString());
 }
 
-std::vector<Entry> shallowEntries(const QString &directory)
+std::vector<Entry> shallowEntries(const QString &directory, EntryKinds kinds)
 {
-    std::vector<Entry> entries;
     const QByteArray native = nativePath(directory);
     const std::unique_ptr<DIR, int (*)(DIR *)> folder(
         native.isEmpty() ? nullptr : opendir(native.constData()), closedir);
     if (!folder)
-        return entries;
+        return {};
     QString prefix = QDir::cleanPath(QDir(directory).absolutePath());
     if (!prefix.endsWith(u'/'))
         prefix += u'/';
+    const QCollator collator = textCollator();
+    std::vector<ListedEntry> listed;
     while (const dirent *const entry = readdir(folder.get())) {
         if (entry->d_name[0] == '.')
             continue;
-        const QString name = QFile::decodeName(entry->d_name);
         const bool isDirectory = isDirectoryEntry(dirfd(folder.get()), *entry);
-        entries.push_back({prefix + name, isDirectory, isDirectory && isPackageName(name)});
+        if (kinds == EntryKinds::Directories && !isDirectory)
+            continue;
+        const QString name = QFile::decodeName(entry->d_name);
+        listed.push_back({collator.sortKey(name), entry->d_name,
+                          Entry{prefix + name, isDirectory, isDirectory && isPackageName(name)}});
     }
+    std::sort(listed.begin(), listed.end(), comesBefore);
+    std::vector<Entry> entries;
+    entries.reserve(listed.size());
+    for (ListedEntry &entry : listed)
+        entries.push_back(std::move(entry.entry));
     return entries;
 }
 

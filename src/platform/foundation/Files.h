@@ -30,9 +30,13 @@ struct Entry {
 /// the like). A name that only begins with a dot has no suffix.
 bool isPackageName(const QString &name);
 
-/// The entries of one folder in the order in which the file system returns them: no descent, hidden
-/// entries skipped, errors ignored (what was read before one is returned).
-std::vector<Entry> shallowEntries(const QString &directory);
+/// Which entries of a folder are asked for.
+enum class EntryKinds { All, Directories };
+
+/// The entries of one folder by name, as a file manager sorts them: textCollator(), then the bytes
+/// of the name. No descent, hidden entries skipped, errors ignored (what was read before one is
+/// returned). Any thread.
+std::vector<Entry> shallowEntries(const QString &directory, EntryKinds kinds = EntryKinds::All);
 
 /// Whether the process may read the path (POSIX `access` with `R_OK`).
 bool isReadable(const QString &path);

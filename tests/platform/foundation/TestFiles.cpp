@@ -3,11 +3,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
-#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -33,7 +33,27 @@ protected:
                   0);
     }
 
+    /// In the order in which they are listed.
+    static QStringList namesIn(const QString &folder)
+    {
+        QStringList names;
+        for (const files::Entry &entry : files::shallowEntries(folder))
+            names.append(entry.path.section(u'/', -1));
+        return names;
+    }
+
     QTemporaryDir m_folder;
+};
+
+/// The language of the program while it lives.
+class DefaultLocale {
+public:
+    explicit DefaultLocale(QLocale::Language language) { QLocale::setDefault(QLocale(language)); }
+    ~DefaultLocale() { QLocale::setDefault(m_old); }
+    Q_DISABLE_COPY_MOVE(DefaultLocale)
+
+private:
+    QLocale m_old;
 };
 
 /// Sets an environment variable, or removes it, while it lives.
@@ -111,22 +131,41 @@ TEST_F(Files, EntriesAreShallowVisibleAndOfTheirOwnKind)
                                                      u"/song.mp3"_s, u"/file.app"_s, u"/link"_s));
 }
 
-TEST_F(Files, EntriesKeepTheOrderOfTheFileSystem)
+TEST_F(Files, EntriesComeByNameAsAFileManagerSortsThem)
 {
-    for (int i = 0; i < 50; ++i)
-        makeFile(QString::number(i * 7919 % 50));
-    QStringList expected;
-    DIR *const folder = opendir(QFile::encodeName(m_folder.path()).constData());
-    ASSERT_NE(folder, nullptr);
-    while (const dirent *const entry = readdir(folder)) {
-        if (entry->d_name[0] != '.')
-            expected.append(path(QFile::decodeName(entry->d_name)));
-    }
-    closedir(folder);
-    QStringList found;
-    for (const files::Entry &entry : files::shallowEntries(m_folder.path() + u'/'))
-        found.append(entry.path);
-    EXPECT_EQ(found, expected);
+    const QStringList sorted{u"1 Intro.mp3"_s, u"2"_s,     u"9 Song.mp3"_s, u"10 End.mp3"_s,
+                             u"Apple"_s,       u"apple"_s, u"banana"_s,     u"eta"_s,
+                             u"Étude"_s,       u"etz"_s,   u"Zebra"_s};
+    makeFolder(u"2"_s);
+    for (const int i : {4, 0, 9, 3, 10, 2, 7, 5, 8, 6})
+        makeFile(sorted.at(i));
+    EXPECT_EQ(namesIn(m_folder.path() + u'/'), sorted);
+}
+
+TEST_F(Files, NamesThatCompareEqualComeByTheirBytes)
+{
+    const QStringList sorted{u"SONG 1"_s, u"Song 01"_s,         u"Song 1"_s,
+                             u"song 1"_s, u"caf\u0065\u0301"_s, u"caf\u00E9"_s};
+    for (const int i : {3, 5, 0, 2, 4, 1})
+        makeFile(sorted.at(i));
+    EXPECT_EQ(namesIn(m_folder.path()), sorted.mid(4) + sorted.mid(0, 4));
+}
+
+TEST_F(Files, EntriesFollowTheAlphabetOfTheLanguage)
+{
+    for (const QString &name : {u"zebra"_s, u"öl"_s, u"ost"_s})
+        makeFile(name);
+    EXPECT_EQ(namesIn(m_folder.path()), QStringList({u"öl"_s, u"ost"_s, u"zebra"_s}));
+    const DefaultLocale swedish(QLocale::Swedish);
+    EXPECT_EQ(namesIn(m_folder.path()), QStringList({u"ost"_s, u"zebra"_s, u"öl"_s}));
+}
+
+TEST_F(Files, NumbersCountByTheirValueAlsoWithoutALanguage)
+{
+    for (const QString &name : {u"b 10"_s, u"B 9"_s, u"a"_s})
+        makeFile(name);
+    const DefaultLocale none(QLocale::C);
+    EXPECT_EQ(namesIn(m_folder.path()), QStringList({u"a"_s, u"B 9"_s, u"b 10"_s}));
 }
 
 TEST_F(Files, AFolderThatCannotBeListedIsEmpty)
