@@ -171,7 +171,7 @@ void Popover::showRelativeTo(QWidget *anchor, Edge preferredEdge)
     if (!anchor)
         return;
     if (!m_shown) {
-        m_focusBefore = QApplication::focusWidget();
+        m_focusBefore = anchor->window()->focusWidget(); // another window may be active
         qApp->installEventFilter(this);
     }
     m_anchor = anchor;
@@ -199,7 +199,7 @@ void Popover::closePopover()
         return;
     m_shown = false;
     qApp->removeEventFilter(this);
-    const QWidget *focus = QApplication::focusWidget();
+    const QWidget *focus = window()->focusWidget();
     const bool hadFocus = focus && isAncestorOf(focus);
     hide();
     if (hadFocus && m_focusBefore && m_focusBefore->isVisible())

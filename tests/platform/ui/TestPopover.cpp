@@ -70,6 +70,22 @@ TEST_F(PopoverTest, FirstControlOfTheContentTakesTheKeyboardAndText)
     EXPECT_EQ(QApplication::focusWidget(), elsewhere) << "the keyboard goes back";
 }
 
+TEST_F(PopoverTest, InAWindowBehindTheKeyboardGoesBackToWhereItWasInThatWindow)
+{
+    elsewhere->setFocus();
+    QWidget active;
+    auto *ofTheOther = new QLineEdit(&active);
+    active.show();
+    active.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&active));
+    ofTheOther->setFocus();
+    popover->showRelativeTo(anchor, Popover::Edge::MaxX);
+    EXPECT_EQ(window.focusWidget(), input);
+    popover->closePopover();
+    EXPECT_EQ(window.focusWidget(), elsewhere);
+    EXPECT_TRUE(ofTheOther->hasFocus());
+}
+
 TEST_F(PopoverTest, TabStaysInsideTheContent)
 {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
