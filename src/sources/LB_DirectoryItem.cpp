@@ -23,11 +23,6 @@ QIcon LB_DirectoryItem::icon() const
     return ofFile.isNull() ? provider.icon(QFileIconProvider::Folder) : ofFile;
 }
 
-LB_DirectoryItem::Appearance LB_DirectoryItem::appearance() const
-{
-    return {.text = name(), .icon = icon()};
-}
-
 lyrabox::SourceItemRef LB_DirectoryItem::makeChild(const QUrl &url)
 {
     return std::make_shared<LB_DirectoryItem>(

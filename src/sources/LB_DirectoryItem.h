@@ -16,9 +16,10 @@ public:
 
     /// A volume's own name; otherwise the last path component.
     QString name() const;
-    QIcon icon() const;
+    QString text() const override { return name(); }
 
-    Appearance appearance() const override;
+    /// The desktop's icon of the folder.
+    QIcon icon() const override;
 
 protected:
     lyrabox::SourceItemRef makeChild(const QUrl &url) override;

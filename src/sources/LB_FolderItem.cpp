@@ -19,15 +19,18 @@ QString LB_FolderItem::itemID() const
     return lyrabox::folderPath(url());
 }
 
-LB_FolderItem::Appearance LB_FolderItem::itemName() const
+QString LB_FolderItem::text() const
 {
     const QString path = itemID();
     const QString name = path.section(QLatin1Char('/'), -1);
-    const bool reachable = isReachable();
-    return {.text = name.isEmpty() ? path : name,
-            .icon = {},
-            .foreground = reachable ? reachableColor : unreachableColor,
-            .obliqueness = reachable ? 0.0 : unreachableObliqueness};
+    return name.isEmpty() ? path : name;
+}
+
+LB_FolderItem::TextStyle LB_FolderItem::textStyle() const
+{
+    if (isReachable())
+        return {.foreground = reachableColor, .obliqueness = 0.0};
+    return {.foreground = unreachableColor, .obliqueness = unreachableObliqueness};
 }
 
 bool LB_FolderItem::isReachable() const

@@ -11,8 +11,15 @@ public:
     /// The folder's path without a trailing separator: its identity in every stored value.
     QString itemID() const;
 
-    /// The last path component; slanted and dark gray while the folder can't be read.
-    Appearance itemName() const;
+    /// The name as it is drawn.
+    struct ItemName {
+        QString text;
+        TextStyle style;
+    };
+
+    /// The last path component; slanted and dark gray while the folder can't be read. Asks the disk
+    /// at every call.
+    ItemName itemName() const { return {text(), textStyle()}; }
 
     /// Whether the process may read the folder now.
     bool isReachable() const;
@@ -23,7 +30,8 @@ public:
     /// Forgets the listed children; the next access lists the folder again.
     void resetChildren() { discardChildren(); }
 
-    Appearance appearance() const override { return itemName(); }
+    QString text() const override;
+    TextStyle textStyle() const override;
 
 protected:
     lyrabox::SourceItemRef makeChild(const QUrl &url) override;

@@ -54,8 +54,8 @@ void LB_FolderSourceController::setFolderOutlineView(lyrabox::SourceTreeView *vi
     view->setModel(m_model);
     view->setAcceptsFolders(true);
     view->setPlaceholderText(tr("No folders yet. Press + to add one, or drop a folder here."));
-    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { outlineViewSelectionDidChange(); });
+    connect(view, &lyrabox::SourceTreeView::selectionDidChange, this,
+            &LB_FolderSourceController::outlineViewSelectionDidChange);
     connect(view, &lyrabox::SourceTreeView::foldersDropped, this,
             &LB_FolderSourceController::addFolders);
 }

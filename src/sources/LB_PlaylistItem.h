@@ -21,7 +21,7 @@ public:
     const std::vector<lyrabox::SourceItemRef> &children() override { return m_children; }
     bool isListed() const override { return true; }
     void discardChildren() override;
-    Appearance appearance() const override { return {.text = itemName(), .icon = {}}; }
+    QString text() const override { return itemName(); }
 
 private:
     lyrabox::MusicPlaylist m_playlist;

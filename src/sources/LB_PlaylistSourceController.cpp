@@ -32,15 +32,14 @@ void LB_PlaylistSourceController::setPlaylistOutlineView(lyrabox::SourceTreeView
     view->setModel(m_model);
     view->setPlaceholderText(tr(
         "No playlists. Choose a music library in the File menu, or add folders on the other tab."));
-    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { outlineViewSelectionDidChange(); });
+    connect(view, &lyrabox::SourceTreeView::selectionDidChange, this,
+            &LB_PlaylistSourceController::outlineViewSelectionDidChange);
 }
 
 void LB_PlaylistSourceController::setup()
 {
     NotificationCenter::defaultCenter().addObserver(
-        m_playlistOutlineView, notification::folderSelected,
-        [view = m_playlistOutlineView] { view->selectionModel()->clear(); });
+        m_playlistOutlineView, notification::folderSelected, [this] { deselectPlaylist(); });
     std::vector<lyrabox::SourceItemRef> roots;
     if (const lyrabox::MusicLibraryRef library = m_tracks->iTunesLibraryDictionary()) {
         for (const lyrabox::MusicPlaylist &playlist : library->playlists) {
@@ -94,6 +93,11 @@ LB_PlaylistSourceController::playlistItemMatchingPersistentIDInArray(
             return found;
     }
     return nullptr;
+}
+
+void LB_PlaylistSourceController::deselectPlaylist()
+{
+    m_playlistOutlineView->selectionModel()->clear();
 }
 
 void LB_PlaylistSourceController::outlineViewSelectionDidChange()

@@ -39,6 +39,9 @@ public:
     playlistItemMatchingPersistentIDInArray(const std::optional<QString> &persistentID,
                                             const std::vector<lyrabox::SourceItemRef> &items);
 
+    /// Leaves nothing selected. The song list and the remembered playlist stay.
+    void deselectPlaylist();
+
     void outlineViewSelectionDidChange();
 
     const lyrabox::SourceTreeModel *model() const { return m_model; }

@@ -39,14 +39,18 @@ public:
     /// Lets go of the listed children, theirs first.
     virtual void discardChildren() = 0;
 
-    /// How the node is shown.
-    struct Appearance {
-        QString text;
-        QIcon icon; ///< null for none
+    /// What the node is called. Asks nothing of the disk.
+    virtual QString text() const = 0;
+
+    /// The picture before the name; null for none. May ask the disk.
+    virtual QIcon icon() const { return {}; }
+
+    /// How the name is drawn. May ask the disk.
+    struct TextStyle {
         QColor foreground = QColor(Qt::black);
         double obliqueness = 0.0; ///< slant of the letters; anything but 0 is drawn italic
     };
-    virtual Appearance appearance() const = 0;
+    virtual TextStyle textStyle() const { return {}; }
 
 private:
     std::shared_ptr<SourceItem> m_parent;

@@ -29,6 +29,7 @@ void SourceTreeModel::setRoots(std::vector<SourceItemRef> roots)
     beginResetModel();
     for (const SourceItemRef &root : m_roots)
         root->discardChildren();
+    forgetLooks();
     m_roots = std::move(roots);
     endResetModel();
 }
@@ -50,6 +51,7 @@ void SourceTreeModel::removeRoot(const SourceItemRef &root)
     m_roots.erase(m_roots.begin() + row);
     endRemoveRows();
     root->discardChildren();
+    forgetLooks();
 }
 
 void SourceTreeModel::discardListings()
@@ -57,6 +59,7 @@ void SourceTreeModel::discardListings()
     beginResetModel();
     for (const SourceItemRef &root : m_roots)
         root->discardChildren();
+    forgetLooks();
     endResetModel();
 }
 
@@ -124,30 +127,53 @@ QVariant SourceTreeModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
+    const SourceItem *item = rawItem(index);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::DecorationRole:
-    case Qt::ForegroundRole:
-    case Qt::FontRole:
-        break;
-    default:
-        return {};
+        return item->text();
+    case Qt::DecorationRole: {
+        const QIcon &icon = iconOf(item);
+        return icon.isNull() ? QVariant() : QVariant(icon);
     }
-    const SourceItem::Appearance appearance = rawItem(index)->appearance();
-    switch (role) {
-    case Qt::DisplayRole:
-        return appearance.text;
-    case Qt::DecorationRole:
-        return appearance.icon.isNull() ? QVariant() : QVariant(appearance.icon);
     case Qt::ForegroundRole:
-        return appearance.foreground;
-    default:
-        if (appearance.obliqueness == 0.0)
+        return textStyleOf(item).foreground;
+    case Qt::FontRole: {
+        if (textStyleOf(item).obliqueness == 0.0)
             return {};
         QFont font;
         font.setItalic(true);
         return font;
     }
+    default:
+        return {};
+    }
+}
+
+const QIcon &SourceTreeModel::iconOf(const SourceItem *item) const
+{
+    std::optional<QIcon> &icon = m_looks[item].icon;
+    if (!icon)
+        icon = item->icon();
+    return *icon;
+}
+
+const SourceItem::TextStyle &SourceTreeModel::textStyleOf(const SourceItem *item) const
+{
+    std::optional<SourceItem::TextStyle> &style = m_looks[item].textStyle;
+    if (!style)
+        style = item->textStyle();
+    return *style;
+}
+
+void SourceTreeModel::forgetLooks()
+{
+    m_looks.clear();
+}
+
+void SourceTreeModel::forgetLooks(const QModelIndex &index)
+{
+    if (index.isValid())
+        m_looks.erase(rawItem(index));
 }
 
 } // namespace lyrabox

@@ -4,10 +4,15 @@
 
 #include <QAbstractItemModel>
 
+#include <optional>
+#include <unordered_map>
+
 namespace lyrabox {
 
 /// The one item model of the three source trees. It holds the roots in order; the items beneath are
 /// theirs. A folder is not listed before its row is shown: until then it counts as having children.
+/// Icons and text styles, which may have to be looked up on the disk, are asked for once per row
+/// and remembered until forgetLooks(), or until the roots or listings change.
 class SourceTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -24,6 +29,11 @@ public:
 
     /// Forgets what is listed beneath every root.
     void discardListings();
+
+    /// Forgets the icons and text styles of all rows, or of one row; the next drawing asks for
+    /// them.
+    void forgetLooks();
+    void forgetLooks(const QModelIndex &index);
 
     /// None for an invalid index.
     SourceItemRef itemAt(const QModelIndex &index) const;
@@ -45,8 +55,16 @@ public:
 private:
     static SourceItem *rawItem(const QModelIndex &index);
     int rowOf(const SourceItem *item) const;
+    const QIcon &iconOf(const SourceItem *item) const;
+    const SourceItem::TextStyle &textStyleOf(const SourceItem *item) const;
+
+    struct Looks {
+        std::optional<QIcon> icon;
+        std::optional<SourceItem::TextStyle> textStyle;
+    };
 
     std::vector<SourceItemRef> m_roots;
+    mutable std::unordered_map<const SourceItem *, Looks> m_looks;
 };
 
 } // namespace lyrabox

@@ -7,6 +7,9 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QScopedValueRollback>
+
+#include <utility>
 
 namespace lyrabox {
 
@@ -79,12 +82,90 @@ QModelIndex SourceTreeView::lastVisibleRow() const
 
 void SourceTreeView::keyPressEvent(QKeyEvent *event)
 {
-    // The first row has the keyboard before it is selected; an arrow key begins there.
+    if (event->key() == Qt::Key_Asterisk) {
+        // The toolkit would expand everything below, and so list the whole disk.
+        if (currentIndex().isValid() && model()->hasChildren(currentIndex()))
+            expand(currentIndex());
+        return;
+    }
     const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    // The first row has the keyboard before it is selected; an arrow key begins there.
     if (moves && !selectedRow().isValid() && currentIndex().isValid())
         selectRow(currentIndex());
     else
         QTreeView::keyPressEvent(event);
+}
+
+void SourceTreeView::mousePressEvent(QMouseEvent *event)
+{
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (!isLeft)
+        settleSelection(); // the menu of the right button means the row that is highlighted
+    const QScopedValueRollback<bool> selects(m_leftButtonSelects, isLeft);
+    QTreeView::mousePressEvent(event);
+}
+
+void SourceTreeView::mouseMoveEvent(QMouseEvent *event)
+{
+    const QScopedValueRollback<bool> selects(m_leftButtonSelects, true);
+    QTreeView::mouseMoveEvent(event);
+}
+
+void SourceTreeView::mouseReleaseEvent(QMouseEvent *event)
+{
+    {
+        const QScopedValueRollback<bool> selects(m_leftButtonSelects, true);
+        QTreeView::mouseReleaseEvent(event);
+    }
+    if (event->button() == Qt::LeftButton)
+        settleSelection();
+}
+
+void SourceTreeView::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    settleSelection(); // the release may go elsewhere
+}
+
+void SourceTreeView::hideEvent(QHideEvent *event)
+{
+    QTreeView::hideEvent(event);
+    settleSelection();
+}
+
+bool SourceTreeView::event(QEvent *event)
+{
+    if (auto *tree = qobject_cast<SourceTreeModel *>(model());
+        tree != nullptr && event->type() == QEvent::WindowActivate) {
+        tree->forgetLooks();
+        viewport()->update();
+    }
+    return QTreeView::event(event);
+}
+
+void SourceTreeView::selectionChanged(const QItemSelection &selected,
+                                      const QItemSelection &deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    if (!m_leftButtonSelects) {
+        m_isUnsettled = false;
+        announceSelection();
+    } else if (!std::exchange(m_isUnsettled, true)) {
+        m_settledRow = deselected.isEmpty() ? QModelIndex() : deselected.indexes().first();
+    }
+}
+
+void SourceTreeView::settleSelection()
+{
+    if (std::exchange(m_isUnsettled, false) && selectedRow() != m_settledRow)
+        announceSelection();
+}
+
+void SourceTreeView::announceSelection()
+{
+    if (auto *tree = qobject_cast<SourceTreeModel *>(model()))
+        tree->forgetLooks(selectedRow());
+    Q_EMIT selectionDidChange();
 }
 
 void SourceTreeView::drawBranches(QPainter *painter, const QRect &rect,

@@ -23,7 +23,7 @@ struct Browser : testing::Test {
     {
         QStringList names;
         for (const SourceItemRef &root : controller.model()->roots())
-            names.append(root->appearance().text);
+            names.append(root->text());
         return names;
     }
     QString homeName() const { return QDir(QDir::homePath()).dirName(); }
@@ -128,6 +128,47 @@ TEST(SourceTreeModel, KeepsItsPromises)
     model.discardListings();
     model.removeRoot(root);
     EXPECT_EQ(model.rowCount(), 1);
+}
+
+TEST(SourceTreeModel, ARowIsAskedForItsIconAndStyleOnceAndOnlyWhenTheyAreDrawn)
+{
+    struct Asked : SourceItem {
+        using SourceItem::SourceItem;
+        const std::vector<SourceItemRef> &children() override { return none; }
+        bool isListed() const override { return true; }
+        void discardChildren() override {}
+        QString text() const override { return QStringLiteral("name"); }
+        QIcon icon() const override
+        {
+            ++icons;
+            return {};
+        }
+        TextStyle textStyle() const override
+        {
+            ++styles;
+            return {};
+        }
+        std::vector<SourceItemRef> none;
+        mutable int icons = 0;
+        mutable int styles = 0;
+    };
+    const auto asked = std::make_shared<Asked>(nullptr);
+    SourceTreeModel model;
+    model.appendRoot(asked);
+    const QModelIndex row = model.index(0, 0);
+    EXPECT_EQ(row.data(Qt::DisplayRole).toString(), QStringLiteral("name"));
+    EXPECT_FALSE(row.data(Qt::ToolTipRole).isValid());
+    EXPECT_EQ(asked->icons + asked->styles, 0);
+    for (int i = 0; i < 2; ++i) {
+        for (const int role : {Qt::DecorationRole, Qt::FontRole, Qt::ForegroundRole})
+            static_cast<void>(row.data(role));
+    }
+    EXPECT_EQ(asked->icons, 1);
+    EXPECT_EQ(asked->styles, 1);
+    model.forgetLooks(row);
+    static_cast<void>(row.data(Qt::DecorationRole));
+    EXPECT_EQ(asked->icons, 2);
+    EXPECT_EQ(asked->styles, 1);
 }
 
 TEST(SourceTreeModel, AFolderCountsAsExpandableUntilItIsListed)

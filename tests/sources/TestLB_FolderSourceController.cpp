@@ -14,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 struct FolderSource : test::SourcesFixture {
     void setUpAndRestore()
@@ -186,10 +185,17 @@ TEST_F(FolderSource, RemovingWhileASubfolderIsSelectedRemovesNoRootYetClearsTheS
     setUpAndRestore();
     ASSERT_EQ(selectedText(folderView), QStringLiteral("sub"));
     EXPECT_FALSE(folders.selectedFolder()->isRemovable());
-    folders.removeOkButtonPressed();
+    transport.settings.setFolderDataArray({}); // so that it shows whether the list is stored
+    window.show();
+    folders.removeFolder(&folderView);
+    ASSERT_TRUE(popover.isShown());
+    popover.findChild<QAbstractButton *>(QStringLiteral("okButton"))->click();
     EXPECT_THAT(rowsOf(folderView), ElementsAre(QStringLiteral("r"), QStringLiteral("  sub")));
     EXPECT_EQ(folders.selectedFolder(), nullptr);
+    EXPECT_EQ(selectedText(folderView), QString());
+    EXPECT_FALSE(userDefaults().contains(defaultsKey::folderPath));
     EXPECT_EQ(transport.settings.folderDataArray(), QStringList({path(QStringLiteral("r"))}));
+    EXPECT_FALSE(popover.isShown());
 }
 
 TEST_F(FolderSource, FolderOfOnlyFilesHiddenFoldersOrPackagesIsNotExpandable)
@@ -228,9 +234,8 @@ TEST_F(FolderSource, MountingOrUnmountingListsEveryTreeAnewAndKeepsWhatWasExpand
     NotificationCenter::defaultCenter().addObserver(&observer, notification::folderSelected,
                                                     [&] { ++scans; });
     NotificationCenter::defaultCenter().post(notification::volumeDidMount);
-    EXPECT_THAT(rowsOf(folderView),
-                UnorderedElementsAre(QStringLiteral("r"), QStringLiteral("  old"),
-                                     QStringLiteral("  new"), QStringLiteral("s")));
+    EXPECT_THAT(rowsOf(folderView), ElementsAre(QStringLiteral("r"), QStringLiteral("  new"),
+                                                QStringLiteral("  old"), QStringLiteral("s")));
     EXPECT_EQ(selectedText(folderView), QStringLiteral("old"));
     EXPECT_EQ(scans, 0);
     makeFolder(QStringLiteral("s/back"));
@@ -280,12 +285,12 @@ TEST_F(FolderSource, UnreachableFolderIsSlantedAndGray)
     makeFolder(QStringLiteral("r"));
     const auto item =
         std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("r"))), nullptr);
-    EXPECT_EQ(item->itemName().foreground, QColor(Qt::black));
-    EXPECT_EQ(item->itemName().obliqueness, 0.0);
+    EXPECT_EQ(item->itemName().style.foreground, QColor(Qt::black));
+    EXPECT_EQ(item->itemName().style.obliqueness, 0.0);
     setUnreadable(QStringLiteral("r"));
     EXPECT_FALSE(item->isReachable());
-    EXPECT_EQ(item->itemName().foreground, QColor(0x55, 0x55, 0x55));
-    EXPECT_EQ(item->itemName().obliqueness, 0.2);
+    EXPECT_EQ(item->itemName().style.foreground, QColor(0x55, 0x55, 0x55));
+    EXPECT_EQ(item->itemName().style.obliqueness, 0.2);
     EXPECT_EQ(item->itemName().text, QStringLiteral("r"));
 }
 

@@ -3,6 +3,8 @@
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 
+#include <QTest>
+
 namespace lyrabox {
 namespace {
 
@@ -84,6 +86,23 @@ TEST_F(PlaylistSource, RestoringExpandsTheAncestorsOfADeepPlaylist)
                 ElementsAre(QStringLiteral("Name first"), QStringLiteral("Name 1"),
                             QStringLiteral("  Name 2"), QStringLiteral("    Name 3")));
     EXPECT_EQ(listShown(), QStringLiteral("3"));
+}
+
+TEST_F(PlaylistSource, RestoringScrollsToAPlaylistFarBelow)
+{
+    for (int i = 0; i < 60; ++i)
+        add(QStringLiteral("before %1").arg(i));
+    add(QStringLiteral("folder"));
+    add(QStringLiteral("inside"), QStringLiteral("folder"));
+    for (int i = 0; i < 60; ++i)
+        add(QStringLiteral("after %1").arg(i));
+    userDefaults().setValue(defaultsKey::playlist, QStringLiteral("inside"));
+    playlists.setup();
+    playlists.restoreSelection();
+    playlistView.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&playlistView));
+    const QRect row = playlistView.visualRect(playlistView.selectedRow());
+    EXPECT_TRUE(playlistView.viewport()->rect().contains(row)) << row.top();
 }
 
 TEST_F(PlaylistSource, RestoringWithoutARememberedPlaylistSelectsTheFirstRow)
