@@ -17,6 +17,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include <utility>
 
@@ -26,19 +27,6 @@ namespace notification = lyrabox::notification;
 namespace {
 
 enum ButtonTag { removeTag = 0, addTag = 1 };
-
-/// The folders that are expanded beneath (and with) `parent`, parents before their children.
-void collectExpanded(const lyrabox::SourceTreeView *view, const lyrabox::SourceTreeModel *model,
-                     const QModelIndex &parent, QStringList &paths)
-{
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (!view->isExpanded(index))
-            continue;
-        paths.append(std::static_pointer_cast<LB_FolderItem>(model->itemAt(index))->itemID());
-        collectExpanded(view, model, index, paths);
-    }
-}
 
 } // namespace
 
@@ -220,18 +208,26 @@ void LB_FolderSourceController::deselectFolder()
 void LB_FolderSourceController::volumeMountChanged()
 {
     const QScopedValueRollback<bool> guard(m_relisting, true);
-    QStringList expanded;
-    collectExpanded(m_folderOutlineView, m_model, {}, expanded);
+    std::vector<Place> expanded;
+    collectExpanded({}, expanded);
     const FolderRef selected = m_selectedFolder;
+    QScrollBar *scrollBar = m_folderOutlineView->verticalScrollBar();
+    const int scrolled = scrollBar->value();
 
     m_model->discardListings();
-    for (const QString &path : std::as_const(expanded))
-        m_folderOutlineView->expand(indexOfPath(path));
-    const QModelIndex row = selected != nullptr ? indexOfPath(selected->itemID()) : QModelIndex();
-    if (row.isValid()) {
-        m_folderOutlineView->selectRow(row);
-        setSelectedFolder(folderAt(row));
+    for (const Place &place : expanded)
+        m_folderOutlineView->expand(indexOf(place));
+    if (selected != nullptr) {
+        const QModelIndex row = indexOf(placeOf(selected));
+        if (row.isValid()) {
+            m_folderOutlineView->selectRow(row);
+            setSelectedFolder(folderAt(row));
+        } else {
+            deselectFolder();
+        }
     }
+    m_folderOutlineView->doItemsLayout(); // the scroll bar must know the new rows
+    scrollBar->setValue(scrolled);
 }
 
 void LB_FolderSourceController::outlineViewSelectionDidChange()
@@ -278,25 +274,42 @@ LB_FolderSourceController::folderAt(const QModelIndex &index) const
     return std::static_pointer_cast<LB_FolderItem>(m_model->itemAt(index));
 }
 
-QModelIndex LB_FolderSourceController::indexOfPath(const QString &path) const
+LB_FolderSourceController::Place LB_FolderSourceController::placeOf(const FolderRef &folder)
 {
-    for (const lyrabox::SourceItemRef &root : m_model->roots()) {
-        auto node = std::static_pointer_cast<LB_FolderItem>(root);
-        while (node != nullptr && node->itemID() != path) {
-            // The only child that can lie on the way is the one whose path leads there.
-            FolderRef next;
-            for (const lyrabox::SourceItemRef &child : node->children()) {
-                auto candidate = std::static_pointer_cast<LB_FolderItem>(child);
-                const QString id = candidate->itemID();
-                if (path == id || path.startsWith(id + QLatin1Char('/')))
-                    next = candidate;
-            }
-            node = next;
+    lyrabox::SourceItemRef root = folder;
+    while (root->parent() != nullptr)
+        root = root->parent();
+    return {std::static_pointer_cast<LB_FolderItem>(root), folder->itemID()};
+}
+
+QModelIndex LB_FolderSourceController::indexOf(const Place &place) const
+{
+    FolderRef node = place.root;
+    while (node != nullptr && node->itemID() != place.path) {
+        // The only child that can lie on the way is the one whose path leads there.
+        FolderRef next;
+        for (const lyrabox::SourceItemRef &child : node->children()) {
+            auto candidate = std::static_pointer_cast<LB_FolderItem>(child);
+            const QString id = candidate->itemID();
+            if (place.path == id || place.path.startsWith(id + QLatin1Char('/')))
+                next = candidate;
         }
-        if (node != nullptr)
-            return m_model->indexOf(node);
+        node = next;
     }
-    return {};
+    return m_model->indexOf(node);
+}
+
+/// The folders that are expanded beneath (and with) `parent`, parents before their children.
+void LB_FolderSourceController::collectExpanded(const QModelIndex &parent,
+                                                std::vector<Place> &places) const
+{
+    for (int row = 0; row < m_model->rowCount(parent); ++row) {
+        const QModelIndex index = m_model->index(row, 0, parent);
+        if (!m_folderOutlineView->isExpanded(index))
+            continue;
+        places.push_back(placeOf(folderAt(index)));
+        collectExpanded(index, places);
+    }
 }
 
 void LB_FolderSourceController::setSelectedFolder(const FolderRef &folder)

@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <memory>
+#include <vector>
 
 class LB_AppDelegate;
 class LB_BrowserButton;
@@ -65,7 +66,8 @@ public:
     void deselectFolder();
 
     /// A volume came or went: every tree is listed anew. What was expanded and can still be found
-    /// stays expanded, and the selection stays without a new scan.
+    /// stays expanded, and the selection stays without a new scan. Of a selected folder that is
+    /// gone nothing is left selected.
     void volumeMountChanged();
     void outlineViewSelectionDidChange();
 
@@ -76,10 +78,18 @@ Q_SIGNALS:
     void selectedFolderChanged();
 
 private:
+    /// Where a folder lies. The path alone would not do, since one root may lie inside another.
+    struct Place {
+        FolderRef root;
+        QString path;
+    };
+
+    static Place placeOf(const FolderRef &folder);
+    QModelIndex indexOf(const Place &place) const;
+    void collectExpanded(const QModelIndex &parent, std::vector<Place> &places) const;
     FolderRef rootWithURL(const QUrl &url) const;
     FolderRef folderAt(const QModelIndex &index) const;
     FolderRef childWithURL(const FolderRef &folder, const QUrl &url) const;
-    QModelIndex indexOfPath(const QString &path) const;
     void setSelectedFolder(const FolderRef &folder);
 
     LB_AppDelegate *m_appDelegate = nullptr;

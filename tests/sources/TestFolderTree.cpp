@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTest>
 
 #include <utility>
@@ -212,6 +213,54 @@ TEST_F(FolderTree, AFolderThatCanBeReadAgainLooksSoWhenTheUserComesBackToTheWind
     folderView.grab();
     EXPECT_FALSE(row(0).data(Qt::FontRole).isValid());
     EXPECT_EQ(row(0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
+}
+
+TEST_F(FolderTree, AMountKeepsSelectionAndExpansionInTheirRootWhereOneRootLiesInAnother)
+{
+    showRoots({u"music"_s, u"music/jazz"_s}, {u"music/jazz/trio"_s});
+    folderView.expand(row(1));
+    folderView.selectRow(row(0, row(1)));
+    ASSERT_EQ(selected(), u"trio"_s);
+    NotificationCenter::defaultCenter().post(notification::volumeDidMount);
+    EXPECT_THAT(rowsOf(folderView), ElementsAre(u"music"_s, u"jazz"_s, u"  trio"_s));
+    EXPECT_EQ(folderView.selectedRow().parent(), row(1));
+    EXPECT_EQ(folders.selectedFolder()->parent(),
+              static_cast<const SourceTreeModel *>(folderView.model())->roots().at(1));
+    EXPECT_EQ(scans, 1);
+
+    folderView.selectRow(row(1)); // a root that is a folder of the other
+    NotificationCenter::defaultCenter().post(notification::volumeDidUnmount);
+    EXPECT_EQ(folderView.selectedRow(), row(1));
+}
+
+TEST_F(FolderTree, ASelectedSubfolderThatVanishesWithItsVolumeLeavesNothingSelected)
+{
+    showRoots({u"r"_s}, {u"r/stick"_s});
+    folderView.expand(row(0));
+    folderView.selectRow(row(0, row(0)));
+    ASSERT_EQ(selected(), u"stick"_s);
+    ASSERT_TRUE(QDir(path(u"r"_s)).rmdir(u"stick"_s));
+    NotificationCenter::defaultCenter().post(notification::volumeDidUnmount);
+    EXPECT_EQ(folders.selectedFolder(), nullptr);
+    EXPECT_EQ(selected(), QString());
+    EXPECT_FALSE(userDefaults().contains(defaultsKey::folderPath));
+    EXPECT_EQ(scans, 1);
+}
+
+TEST_F(FolderTree, AMountLeavesTheTreeScrolledAsItWas)
+{
+    QStringList below;
+    for (int i = 0; i < 60; ++i)
+        below.append(u"r/%1"_s.arg(i));
+    showRoots({u"r"_s}, below);
+    folderView.expand(row(0));
+    folderView.selectRow(row(0));
+    folderView.verticalScrollBar()->setValue(folderView.verticalScrollBar()->maximum());
+    const int scrolled = folderView.verticalScrollBar()->value();
+    ASSERT_GT(scrolled, 0);
+    NotificationCenter::defaultCenter().post(notification::volumeDidMount);
+    folderView.grab();
+    EXPECT_EQ(folderView.verticalScrollBar()->value(), scrolled);
 }
 
 } // namespace
