@@ -47,6 +47,12 @@ void LB_SourceTabView::showTab(Tab tab)
     segmentedControlPressed(m_tabSelector);
 }
 
+void LB_SourceTabView::selectNoSource()
+{
+    m_folderController->deselectFolder();
+    m_playlistController->deselectPlaylist();
+}
+
 void LB_SourceTabView::storeSelectedTab()
 {
     lyrabox::userDefaults().setValue(lyrabox::defaultsKey::lastTab,

@@ -44,6 +44,9 @@ public:
     /// Switches as a press on the segment would.
     void showTab(Tab tab);
 
+    /// Leaves nothing selected on either tab, for a list that comes from neither.
+    void selectNoSource();
+
     /// Remembers the selected segment.
     void storeSelectedTab();
 

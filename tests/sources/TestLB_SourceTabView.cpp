@@ -90,6 +90,27 @@ TEST_F(SourceTabs, SelectingAFolderOnTheFolderTabRemembersTheTab)
     EXPECT_EQ(lastTab(), 1);
 }
 
+TEST_F(SourceTabs, AListOfNeitherTabLeavesNothingSelectedAndTheListAlone)
+{
+    storeRootFolder();
+    tabs.awakeFromNib();
+    ASSERT_EQ(selectedText(playlistView), QStringLiteral("First"));
+    tabs.selectNoSource();
+    EXPECT_EQ(selectedText(playlistView), QString());
+    EXPECT_EQ(listShown(), QStringLiteral("first"));
+    EXPECT_EQ(userDefaults().value(defaultsKey::playlist).toString(), QStringLiteral("first"));
+    playlistView.selectRow(playlistView.model()->index(0, 0));
+    EXPECT_EQ(selectedText(playlistView), QStringLiteral("First"));
+
+    press(1);
+    folderView.selectRow(folderView.model()->index(0, 0));
+    tabs.selectNoSource();
+    EXPECT_EQ(selectedText(folderView), QString());
+    EXPECT_EQ(folders.selectedFolder(), nullptr);
+    EXPECT_FALSE(userDefaults().contains(defaultsKey::folderPath));
+    EXPECT_EQ(listShown(), path(QStringLiteral("r")));
+}
+
 TEST_F(SourceTabs, UnknownRememberedTabRestoresNothing)
 {
     userDefaults().setValue(defaultsKey::lastTab, 5);

@@ -171,6 +171,8 @@ void Composition::open(const QList<QUrl> &urls)
     QList<QUrl> silent;
     const bool plays =
         !request.files.isEmpty() && m_tracks.showAndPlayFiles(request.files, &silent) > 0;
+    if (plays)
+        m_main.sourceTabView->selectNoSource();
     for (const QUrl &file : silent)
         request.refused.append({file.fileName(), OpenRequest::Refusal::NotAudio});
     if (request.refused.isEmpty())
