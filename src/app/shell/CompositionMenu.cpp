@@ -66,6 +66,7 @@ void Composition::connectMenu()
     connect(audio, &LB_AudioController::songSettingsShown, this, &Composition::updateMenu);
 
     connect(m_menu->addFolder, &QAction::triggered, &m_folders, [this] {
+        m_appDelegate.toggleMainWindow();
         m_main.sourceTabView->showTab(LB_SourceTabView::FolderTab);
         m_folders.addFolder(m_main.addRemoveButtons);
     });
