@@ -42,6 +42,20 @@ TEST_F(OpeningProgram, AFirstStartWithFilesListsThemAndPlaysTheFirst)
     EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(OpeningProgram, AClickOnTheFolderBringsItsListBackAfterFilesWereOpened)
+{
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    ASSERT_TRUE(waitForSelectedSource(0));
+    EXPECT_EQ(startSecond({given + u"/gamma.flac"_s, given + u"/beta.flac"_s}), 0);
+    EXPECT_TRUE(hears(500.0));
+    EXPECT_TRUE(waitForSongs(2));
+    click(place::sourceRow(0));
+    EXPECT_TRUE(waitForSelectedSource(0));
+    EXPECT_TRUE(waitForSongs(1));
+    EXPECT_TRUE(hears(500.0)) << "what plays goes on";
+}
+
 TEST_F(OpeningProgram, ARunningProgramPlaysAFileWhoseRelativePathTheSenderResolves)
 {
     start();

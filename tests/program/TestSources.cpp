@@ -81,6 +81,25 @@ TEST_F(SourcesProgram, AFolderIsAddedThroughThePopoverAndRemovedAgain)
     EXPECT_TRUE(foldersOnDisk() == listOf({other}));
 }
 
+TEST_F(SourcesProgram, AFolderIsAddedFromTheEqualizerByKeysAlone)
+{
+    display.key(u"ctrl+2"_s);
+    const QString equalizer = display.waitForWindow(u"^Equalizer"_s);
+    display.place(equalizer, place::equalizerWindow);
+    ASSERT_TRUE(waitUntil([&] { return display.activeWindow() == equalizer; }));
+    display.key(u"ctrl+o"_s);
+    ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
+    ASSERT_TRUE(waitUntil([this] { return popoverShowsRow(0); }));
+    display.key(u"Down"_s);
+    display.key(u"Right"_s);
+    ASSERT_TRUE(waitUntil([this] { return popoverShowsRow(1); }));
+    display.key(u"Down"_s);
+    display.key(u"Return"_s);
+    EXPECT_TRUE(waitForSelectedSource(1));
+    EXPECT_EQ(quit(), 0);
+    EXPECT_TRUE(foldersOnDisk() == listOf({other, music}));
+}
+
 TEST_F(SourcesProgram, TabSelectionSortAndSizeAreBackAfterARestart)
 {
     constexpr QRect smaller(40, 30, 1010, 640);
