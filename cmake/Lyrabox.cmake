@@ -71,6 +71,10 @@ function(lyrabox_add_module name entry library)
   set_target_properties(lyrabox_${name} PROPERTIES PREFIX "" OUTPUT_NAME lyrabox-${name}
     LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib/lyrabox)
   install(TARGETS lyrabox_${name} LIBRARY DESTINATION lib/lyrabox)
+  # What a module is made of goes into a shared library; not every version of Qt asks for such code by itself.
+  get_target_property(parts ${library} LINK_LIBRARIES)
+  list(FILTER parts INCLUDE REGEX "^lb_")
+  set_target_properties(${library} ${parts} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
 # lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [WAITS] [OPTIMISED] [TIMEOUT seconds])

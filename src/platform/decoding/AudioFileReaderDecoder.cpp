@@ -151,9 +151,10 @@ void AudioFileReaderDecoder::findLength()
 void AudioFileReaderDecoder::trimLast()
 {
     const std::string_view demuxer = m_container->context()->iformat->name;
-    if (!demuxer.starts_with("mov") || m_frame->pkt_duration <= 0)
+    const std::int64_t duration = frameDuration(*m_frame);
+    if (!demuxer.starts_with("mov") || duration <= 0)
         return;
-    const auto samples = av_rescale_q(m_frame->pkt_duration, m_container->stream()->time_base,
+    const auto samples = av_rescale_q(duration, m_container->stream()->time_base,
                                       AVRational{1, m_frame->sample_rate});
     if (samples > 0 && samples < m_frame->nb_samples)
         m_frame->nb_samples = static_cast<int>(samples);

@@ -7,9 +7,11 @@ extern "C" {
 #include <libavformat/avformat.h>
 #include <libavutil/channel_layout.h>
 #include <libavutil/opt.h>
+#include <libavutil/version.h>
 #include <libswresample/swresample.h>
 }
 
+#include <cstdint>
 #include <memory>
 
 namespace lyrabox {
@@ -32,5 +34,16 @@ struct AvDeleter {
 
 template <typename T>
 using AvPointer = std::unique_ptr<T, AvDeleter>;
+
+/// How long the frame's packet says that it lasts, in units of its stream's time base; 0 when it
+/// does not say.
+inline std::int64_t frameDuration(const AVFrame &frame) noexcept
+{
+#if LIBAVUTIL_VERSION_INT >= AV_VERSION_INT(57, 30, 100)
+    return frame.duration;
+#else
+    return frame.pkt_duration;
+#endif
+}
 
 } // namespace lyrabox

@@ -1,6 +1,7 @@
 #include "platform/foundation/PropertyListFormats.h"
 
 #include <QStringDecoder>
+#include <QTimeZone>
 
 #include <bit>
 #include <cmath>
@@ -203,7 +204,7 @@ private:
         constexpr double furthest = 1e12; // seconds; what milliseconds surely hold
         if (!(std::abs(number) < furthest))
             return std::nullopt;
-        const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC);
+        const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc());
         return propertyListDate(epoch.addMSecs(std::llround(number * 1000.0)));
     }
 

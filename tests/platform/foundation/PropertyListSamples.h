@@ -3,9 +3,11 @@
 #include "platform/foundation/PropertyListFormats.h"
 
 #include <QDateTime>
+#include <QTimeZone>
 
 #include <plist/plist.h>
 
+#include <cstdlib>
 #include <limits>
 
 namespace lyrabox::test {
@@ -22,7 +24,7 @@ inline PropertyList sample()
         {u"text"_s, u"<a> & \"b\" 'c' Ä 日本 😀\r\n\ttab"_s},
         {u"empty"_s, PropertyList::Dictionary{{u""_s, u""_s}, {u"list"_s, PropertyList::Array()}}},
         {u"data"_s, QByteArray("\0\1\2\xFF", 4)},
-        {u"date"_s, QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6), Qt::UTC)},
+        {u"date"_s, QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6), QTimeZone::utc())},
     };
 }
 
@@ -36,7 +38,7 @@ inline QByteArray binaryOf(const PropertyList &list)
     std::uint32_t length = 0;
     plist_to_bin(node, &bytes, &length);
     const QByteArray binary(bytes, length);
-    plist_to_bin_free(bytes);
+    std::free(bytes); // newer versions have no function of their own for it
     plist_free(node);
     return binary;
 }

@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <plist/plist.h>
 
+#include <cstdlib>
+
 using namespace lyrabox;
 using namespace Qt::Literals::StringLiterals;
 
@@ -79,7 +81,7 @@ QByteArray binaryOf(const QByteArray &xml)
     std::uint32_t length = 0;
     plist_to_bin(node, &bytes, &length);
     const QByteArray binary(bytes, length);
-    plist_to_bin_free(bytes);
+    std::free(bytes); // newer versions have no function of their own for it
     plist_free(node);
     return binary;
 }

@@ -11,6 +11,7 @@
 
 #include <bit>
 #include <cmath>
+#include <cstdlib>
 #include <random>
 
 using namespace lyrabox;
@@ -57,7 +58,7 @@ TEST(PropertyList, LibplistReadsWhatIsWritten)
     char *text = nullptr;
     plist_get_string_val(plist_dict_get_item(node, "text"), &text);
     EXPECT_EQ(QString::fromUtf8(text), *sample().value(u"text").string());
-    plist_to_xml_free(text);
+    std::free(text);
     plist_free(node);
 }
 

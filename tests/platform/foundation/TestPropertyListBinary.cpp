@@ -1,6 +1,8 @@
 #include "platform/foundation/PropertyListFormats.h"
 #include "platform/foundation/PropertyListSamples.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -50,7 +52,7 @@ TEST(PropertyListBinary, ReadsEveryFormOfScalar)
     EXPECT_EQ(scalar("\x14" + QByteArray(15, '\xFF') + '\xFB'), PropertyList(-5));
     EXPECT_EQ(scalar("\x22\x3F\x80\0\0"_ba), PropertyList(1.0));
     EXPECT_EQ(scalar("\x33\x3F\xF0\0\0\0\0\0\0"_ba),
-              PropertyList(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 1), Qt::UTC)));
+              PropertyList(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 1), QTimeZone::utc())));
     EXPECT_EQ(scalar("\x61\x00\xC4"_ba), PropertyList(u"Ä"_s));
     EXPECT_EQ(scalar("\x53"
                      "a\0b"_ba),
