@@ -78,6 +78,8 @@ void TimePitch::takeParameters() noexcept
 
 void TimePitch::takeReset() noexcept
 {
+    if (!m_wantsUnchanged && !m_stretcher.canRestart())
+        return; // in a moment
     if (m_resetRequested.exchange(Reset::none, std::memory_order_acq_rel) == Reset::none)
         return;
     m_history.clear();
@@ -105,7 +107,7 @@ std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcep
 {
     switch (m_state) {
     case State::passing:
-        if (m_wantsUnchanged) {
+        if (m_wantsUnchanged || !m_stretcher.canRestart()) {
             pass(output, frames);
             return frames;
         }

@@ -65,25 +65,33 @@ Status TimePitch::setParameter(std::uint32_t id, float value)
         return status::invalidParameter;
     switch (id) {
     case parameter::rate:
+        m_stretcher.refresh();
         m_rate.store(value, std::memory_order_relaxed);
-        return status::noError;
+        break;
     case parameter::pitch:
+        m_stretcher.refresh();
         m_pitch.store(value, std::memory_order_relaxed);
-        return status::noError;
+        break;
     default:
         return status::invalidParameter;
     }
+    m_stretcher.refresh(); // the callback thread may have started the stretcher in between
+    return status::noError;
 }
 
 void TimePitch::reset()
 {
+    m_stretcher.refresh();
     m_resetRequested.store(Reset::atOnce, std::memory_order_release);
+    m_stretcher.refresh();
 }
 
 void TimePitch::resetAfterPlayOut()
 {
+    m_stretcher.refresh();
     Reset none = Reset::none; // a reset at once that is pending stays one
     m_resetRequested.compare_exchange_strong(none, Reset::afterPlayOut, std::memory_order_acq_rel);
+    m_stretcher.refresh();
 }
 
 Status TimePitch::connect(RenderingUnit *source)

@@ -17,9 +17,7 @@ struct PitchRatio {
 constexpr std::uint32_t maximumPitchRatioPart = 10000;
 
 /// The fraction nearest to 2^(cents / 1200), cents within ±2400, with both parts within
-/// maximumPitchRatioPart. At most 0.002 cents away. A short fraction keeps the resampler's phase
-/// table small (its size follows the fraction's parts), and makes the resampled length exact, so
-/// that nothing drifts. Any thread.
+/// maximumPitchRatioPart. Any thread.
 PitchRatio pitchRatioForCents(double cents) noexcept;
 
 } // namespace lyrabox

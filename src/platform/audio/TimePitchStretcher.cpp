@@ -7,70 +7,70 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace lyrabox {
-
-using RubberBand::RubberBandStretcher;
 
 TimePitchStretcher::TimePitchStretcher() = default;
 TimePitchStretcher::~TimePitchStretcher() = default;
 
 Status TimePitchStretcher::initialize()
 {
-    constexpr RubberBandStretcher::Options options =
-        RubberBandStretcher::OptionProcessRealTime | RubberBandStretcher::OptionEngineFiner |
-        RubberBandStretcher::OptionThreadingNever |
-        RubberBandStretcher::OptionPitchHighConsistency |
-        RubberBandStretcher::OptionChannelsTogether;
+    constexpr Engine::Options options = Engine::OptionProcessRealTime | Engine::OptionEngineFiner |
+                                        Engine::OptionThreadingNever |
+                                        Engine::OptionChannelsTogether;
     const auto sampleRate = static_cast<std::size_t>(canonicalStreamFormat().mSampleRate);
-    m_engine = std::make_unique<RubberBandStretcher>(sampleRate, 2, options);
+    m_library = timePitchLibraryFor(RUBBERBAND_VERSION);
+    const auto makeEngine = [sampleRate, options] {
+        auto engine = std::make_unique<Engine>(sampleRate, 2, options);
+        engine->setMaxProcessSize(maximumFeed);
+        return engine;
+    };
+    m_engine = makeEngine();
     if (m_engine->getEngineVersion() != 3)
         return status::unspecified;
     m_window = static_cast<std::uint32_t>(2 * m_engine->getPreferredStartPad());
     if (m_window == 0)
         return status::unspecified;
-    m_engine->setMaxProcessSize(maximumFeed);
-    m_mid.assign(maximumFeed, 0.0F);
-    m_side.assign(maximumFeed, 0.0F);
+    if (m_library.allocatesInReset)
+        m_spare = makeEngine();
+    m_resampler.allocate();
+    m_first.assign(maximumFeed, 0.0F);
+    m_second.assign(maximumFeed, 0.0F);
     return status::noError;
 }
 
 void TimePitchStretcher::warmUp()
 {
     meetExtremes();
-    m_resamplerDelay = measureResamplerDelay();
+    if (m_spare) {
+        std::swap(m_engine, m_spare);
+        meetExtremes();
+    }
+    m_delay = measureDelay();
 }
 
-void TimePitchStretcher::meetExtremes() noexcept
+/// The engine must have met its longest and shortest hops, from the start on and while it runs.
+void TimePitchStretcher::meetExtremes()
 {
-    // The resampler keeps two sets of tables and changes between them when the ratio does, or
-    // starts anew. Both must have met the longest filter, that of the lowest ratio, and the most
-    // phases, those of the longest fraction; the engine must have met its longest and shortest
-    // hops.
-    constexpr std::array<PitchRatio, 5> extremes{
-        {{4, 1},
-         {1, 4},
-         {maximumPitchRatioPart - 1, maximumPitchRatioPart},
-         {maximumPitchRatioPart, maximumPitchRatioPart - 1},
-         {1, 1}}};
-    // Tables that have not grown yet also delay the signal differently: do not shorten this.
-    for (const bool restarts : {true, false, true, false}) {
-        for (const PitchRatio &pitch : extremes) {
-            for (const double speed : {2.0, 0.1}) {
+    for (const bool restarts : {true, false}) {
+        for (const PitchRatio &pitch : {PitchRatio{4, 1}, PitchRatio{1, 4}, PitchRatio{1, 1}}) {
+            for (const double speed : {2.0, 1.0, 0.1}) {
                 setRatios(speed, pitch);
                 if (restarts)
-                    restart(0);
-                run(m_window / 4);
+                    m_engine->reset();
+                m_resampler.reset();
+                run(3);
             }
         }
     }
     setRatios(1.0, {});
-    restart(0);
+    m_engine->reset();
 }
 
-std::uint32_t TimePitchStretcher::measureResamplerDelay()
+/// At ratios of 1 the engine follows its input wave for wave, so noise tells how late it comes.
+std::uint32_t TimePitchStretcher::measureDelay()
 {
-    // At ratios of 1 the engine follows its input wave for wave, so noise tells how late it comes.
     constexpr std::uint32_t longestDelay = 512;
     constexpr std::uint32_t compared = 2048;
     std::vector<float> input;
@@ -78,7 +78,7 @@ std::uint32_t TimePitchStretcher::measureResamplerDelay()
     std::uint32_t random = 1;
     std::array<float, maximumFeed> left{};
     std::array<float, maximumFeed> right{};
-    restart(0);
+    m_resampler.reset();
     while (output.size() < m_window + compared) {
         const std::uint32_t taken = take(left.data(), right.data(), maximumFeed);
         output.insert(output.end(), left.begin(), left.begin() + taken);
@@ -92,7 +92,7 @@ std::uint32_t TimePitchStretcher::measureResamplerDelay()
         input.insert(input.end(), left.begin(), left.begin() + count);
         feed(left.data(), left.data(), count);
     }
-    restart(0);
+    m_engine->reset();
     std::uint32_t best = 0;
     double highest = 0.0;
     for (std::uint32_t delay = 0; delay <= longestDelay; ++delay) {
@@ -107,34 +107,58 @@ std::uint32_t TimePitchStretcher::measureResamplerDelay()
     return best;
 }
 
-void TimePitchStretcher::run(std::uint32_t outputFrames) noexcept
+/// Feeds silence for `hops` hops.
+void TimePitchStretcher::run(std::uint32_t hops) noexcept
 {
     static constexpr std::array<float, maximumFeed> silence{};
     std::array<float, maximumFeed> left{};
     std::array<float, maximumFeed> right{};
-    while (outputFrames > 0) {
-        const std::uint32_t taken =
-            take(left.data(), right.data(), std::min(outputFrames, maximumFeed));
-        outputFrames -= taken;
-        if (taken == 0)
+    const std::uint64_t end = m_hops + hops;
+    while (m_hops < end) {
+        if (take(left.data(), right.data(), maximumFeed) == 0)
             feed(silence.data(), silence.data(), std::min(framesRequired(), maximumFeed));
     }
+}
+
+void TimePitchStretcher::refresh()
+{
+    if (!m_spare || m_spareIsFresh.load(std::memory_order_acquire))
+        return;
+    m_spare->reset();
+    m_spareIsFresh.store(true, std::memory_order_release);
+}
+
+bool TimePitchStretcher::canRestart() const noexcept
+{
+    return m_spareIsFresh.load(std::memory_order_acquire);
 }
 
 void TimePitchStretcher::setRatios(double speed, PitchRatio pitch) noexcept
 {
     m_speed = speed;
     m_pitch = pitch;
-    m_engine->setTimeRatio(1.0 / speed);
-    m_engine->setPitchScale(pitch.value());
+    applyRatio();
+    m_resampler.setPitch(pitch.value());
+}
+
+void TimePitchStretcher::applyRatio() noexcept
+{
+    m_engine->setTimeRatio(m_pitch.value() / m_speed);
 }
 
 void TimePitchStretcher::restart(std::int64_t firstFrame) noexcept
 {
-    m_engine->reset();
+    if (m_spare) {
+        std::swap(m_engine, m_spare);
+        m_spareIsFresh.store(false, std::memory_order_release);
+        applyRatio();
+    } else {
+        m_engine->reset();
+    }
+    m_resampler.reset();
     m_fed = firstFrame;
     m_fedAtHop = firstFrame + m_window;
-    m_taken = 0;
+    m_hopStart = 0;
 }
 
 double TimePitchStretcher::attackLead() const noexcept
@@ -153,13 +177,12 @@ std::uint32_t TimePitchStretcher::leadInFrames() const noexcept
 
 std::uint32_t TimePitchStretcher::leadInOutput() const noexcept
 {
-    return static_cast<std::uint32_t>(
-        std::lround((0.5 * m_window + m_resamplerDelay) / m_pitch.value()));
+    return static_cast<std::uint32_t>(std::lround((0.5 * m_window + m_delay) / m_pitch.value()));
 }
 
 std::uint32_t TimePitchStretcher::framesRequired() const noexcept
 {
-    if (m_engine->available() > 0)
+    if (m_resampler.isAvailable())
         return 0;
     // The engine answers 0 when its window is full but it has nothing to give; one frame more moves
     // it on.
@@ -168,45 +191,57 @@ std::uint32_t TimePitchStretcher::framesRequired() const noexcept
 
 void TimePitchStretcher::feed(const float *left, const float *right, std::uint32_t frames) noexcept
 {
-    for (std::uint32_t i = 0; i < frames; ++i) {
-        m_mid[i] = 0.5F * (left[i] + right[i]);
-        m_side[i] = 0.5F * (left[i] - right[i]);
+    std::array<const float *, 2> input{left, right};
+    if (!m_library.makesMidAndSide) {
+        for (std::uint32_t i = 0; i < frames; ++i) {
+            m_first[i] = 0.5F * (left[i] + right[i]);
+            m_second[i] = 0.5F * (left[i] - right[i]);
+        }
+        input = {m_first.data(), m_second.data()};
     }
-    const std::array<const float *, 2> input{m_mid.data(), m_side.data()};
     m_engine->process(input.data(), frames, false);
     m_fed += frames;
     if (m_engine->available() > 0) {
         m_fedAtHop = m_fed;
-        m_taken = 0;
+        m_hopStart = m_resampler.written();
         ++m_hops;
+        collect();
+    }
+}
+
+/// Hands what the engine has made to the resampler.
+void TimePitchStretcher::collect() noexcept
+{
+    const std::array<float *, 2> output{m_first.data(), m_second.data()};
+    while (m_engine->available() > 0) {
+        const auto frames = static_cast<std::uint32_t>(m_engine->retrieve(
+            output.data(),
+            std::min(static_cast<std::size_t>(m_engine->available()), std::size_t{maximumFeed})));
+        if (!m_library.makesMidAndSide) {
+            for (std::uint32_t i = 0; i < frames; ++i) {
+                const float mid = m_first[i];
+                const float side = m_second[i];
+                m_first[i] = mid + side;
+                m_second[i] = mid - side;
+            }
+        }
+        m_resampler.write(m_first.data(), m_second.data(), frames);
     }
 }
 
 std::uint32_t TimePitchStretcher::take(float *left, float *right, std::uint32_t frames) noexcept
 {
-    const int available = m_engine->available();
-    if (available <= 0)
-        return 0;
-    const std::array<float *, 2> output{left, right};
-    const auto taken = static_cast<std::uint32_t>(m_engine->retrieve(
-        output.data(), std::min(static_cast<std::size_t>(available), std::size_t{frames})));
-    for (std::uint32_t i = 0; i < taken; ++i) {
-        const float mid = left[i];
-        const float side = right[i];
-        left[i] = mid + side;
-        right[i] = mid - side;
-    }
-    m_taken += taken;
-    return taken;
+    return m_resampler.read(left, right, frames);
 }
 
 double TimePitchStretcher::position() const noexcept
 {
     // A hop's window is centred where its newest frame lies half a window ahead; its output is
-    // centred half a window, as stretched before the resampler, behind what the hop delivers.
+    // centred half a window, as stretched, behind the first frame that the hop gives.
     const double halfWindow = 0.5 * m_window;
-    const double behind = halfWindow + (halfWindow + m_resamplerDelay) * m_speed / m_pitch.value();
-    return static_cast<double>(m_fedAtHop) - behind + m_speed * m_taken + attackLead();
+    const double sinceHop = m_resampler.position() - static_cast<double>(m_hopStart);
+    return static_cast<double>(m_fedAtHop) - halfWindow +
+           (sinceHop - halfWindow - m_delay) * m_speed / m_pitch.value() + attackLead();
 }
 
 } // namespace lyrabox
