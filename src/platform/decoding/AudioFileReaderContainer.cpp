@@ -75,6 +75,14 @@ Status AudioFileReaderContainer::open(const QString &path, std::function<void()>
 /// Whether the beginning decodes: a name alone proves nothing. Leaves the context used up.
 bool AudioFileReaderContainer::soundsLikeAudio()
 {
+    // FFmpeg finds a frame of MPEG audio by its first bits, which a long program has many of, and
+    // makes sound of what follows.
+    if (m_format->name == std::string_view("mp3")) {
+        std::vector<std::uint8_t> bytes(probeSizes.back());
+        bytes.resize(m_input.peek(m_start, bytes));
+        if (!hasMpegFramesInARow(bytes))
+            return false;
+    }
     AudioFileReaderDecoder decoder;
     if (decoder.open(*this, 1) != status::noError)
         return false;
@@ -92,6 +100,7 @@ Status AudioFileReaderContainer::probe(const QString &path)
         m_input.hideStart(tag);
         tag = 0;
     }
+    m_start = tag;
     // The name only decides where the content leaves it open, so no more than its extension is
     // needed.
     const std::string extension = QFileInfo(path).suffix().toLower().left(8).toStdString();
@@ -152,7 +161,7 @@ Status AudioFileReaderContainer::chooseStream()
             if (stream->codecpar->codec_type != AVMEDIA_TYPE_AUDIO)
                 continue;
             hasAudio = true;
-            m_decoder = avcodec_find_decoder(stream->codecpar->codec_id);
+            m_decoder = audioDecoder(stream->codecpar->codec_id);
             if (m_decoder && m_decoder->type == AVMEDIA_TYPE_AUDIO)
                 m_stream = stream;
         }

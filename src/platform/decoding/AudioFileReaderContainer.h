@@ -41,6 +41,7 @@ private:
     AudioFileReaderInput m_input;
     const AVInputFormat *m_format = nullptr;
     bool m_certain = false;
+    std::int64_t m_start = 0;             ///< of the content, behind the tag
     AvPointer<AVFormatContext> m_context; ///< reads from m_input, so it goes first
     AVStream *m_stream = nullptr;
     const AVCodec *m_decoder = nullptr;

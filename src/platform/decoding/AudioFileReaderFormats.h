@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/decoding/AudioFileReaderFFmpeg.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-
-struct AVInputFormat;
 
 /// Which files are taken for audio: the containers and codecs that the reader lets FFmpeg use.
 namespace lyrabox {
@@ -15,9 +15,13 @@ namespace lyrabox {
 /// text and headerless samples are not among them.
 const char *audioContainers();
 
-/// Every audio decoder's name, separated by commas: keeps FFmpeg from starting a picture or video
-/// decoder while it analyses a file.
+/// Names of the decoders that are used, separated by commas, one for each codec. The list is this
+/// program's own, so that every version of FFmpeg opens the same files; and it keeps FFmpeg from
+/// starting a picture or video decoder while it analyses a file.
 const char *audioDecoders();
+
+/// The decoder for a codec: one of audioDecoders(), or null.
+const AVCodec *audioDecoder(AVCodecID codec);
 
 /// Whether one of a demuxer's names ("mov,mp4,m4a") is among the audio containers.
 bool isAudioContainer(std::string_view demuxerNames);
@@ -29,6 +33,10 @@ std::int64_t id3TagBytes(std::span<const std::uint8_t> start);
 /// Bytes of the MPEG audio layer III frame whose four-byte header starts at `header`; 0 when it is
 /// none.
 std::size_t mp3FrameBytes(std::span<const std::uint8_t> header);
+
+/// Whether three MPEG audio frames of layer II or III follow one upon the other somewhere in
+/// `bytes`. In programs, pictures and noise even two hardly ever do.
+bool hasMpegFramesInARow(std::span<const std::uint8_t> bytes);
 
 /// The container that the first bytes of a file, after its ID3v2 tag, name beyond doubt; null when
 /// another look is needed. Most songs are told by it, at a small part of the cost of asking every

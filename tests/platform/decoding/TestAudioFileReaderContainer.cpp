@@ -155,6 +155,33 @@ TEST(AudioFileReaderContainer, RefusesWhatIsNotAudioWhateverItsNameSays)
     }
 }
 
+TEST(AudioFileReaderContainer, RefusesTablesOfAProgramThatDecodeAsSound)
+{
+    // Rows of numbers between instructions: each row begins as a frame of MPEG layer I does.
+    QByteArray content;
+    quint32 random = 1;
+    for (int table = 0; table < 20; ++table) {
+        for (int i = 0; i < 3000; ++i) {
+            random = random * 1664525U + 1013904223U;
+            content.append(static_cast<char>(random >> 25));
+        }
+        for (int row = 0; row < 5; ++row)
+            content += QByteArray("\xff\xff\x10", 3) + QByteArray(29, '\0');
+    }
+    for (const auto &extension : {u"mp3"_s, u"mp2"_s, u"bin"_s})
+        EXPECT_EQ(opened(writeSample(u"no-song."_s + extension, content)),
+                  status::unsupportedFileType)
+            << qPrintable(extension);
+}
+
+TEST(AudioFileReaderContainer, FindsAnMp3BehindWhatDoesNotBelongThere)
+{
+    const QByteArray song =
+        bytesOf(sampleFile({.extension = u"mp3"_s, .options = {u"-id3v2_version"_s, u"0"_s}}));
+    EXPECT_EQ(opened(writeSample(u"late-song.mp3"_s, QByteArray(3000, 'x') + song)),
+              status::noError);
+}
+
 TEST(AudioFileReaderContainer, RefusesWhatWouldReadOtherFiles)
 {
     const QByteArray song = QFile::encodeName(sampleFile({}));
