@@ -3,9 +3,9 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QStandardPaths>
-#include <QThread>
 
 #include <utility>
 
@@ -40,6 +40,43 @@ QByteArray message(const QList<QUrl> &urls)
     return bytes + '\n';
 }
 
+/// What the listener hands its requests to; on the listener's thread.
+using Taker = std::function<void(const QList<QUrl> &urls)>;
+
+void receive(QLocalSocket *socket, const Taker &take)
+{
+    if (socket->bytesAvailable() > largestMessage) {
+        socket->abort();
+        return;
+    }
+    const QByteArray bytes = socket->peek(largestMessage);
+    if (bytes != "\n" && !bytes.endsWith("\n\n"))
+        return; // more is to come
+    socket->readAll();
+    QList<QUrl> urls;
+    for (const QByteArray &line : bytes.split('\n')) {
+        if (!line.isEmpty())
+            urls.append(QUrl::fromEncoded(line));
+    }
+    take(urls);
+    socket->write(acknowledgement);
+    socket->disconnectFromServer();
+}
+
+void serve(QLocalServer *server, const QString &name, const Taker &take)
+{
+    server->setSocketOptions(QLocalServer::UserAccessOption);
+    QObject::connect(server, &QLocalServer::newConnection, server, [server, take] {
+        QLocalSocket *socket = server->nextPendingConnection();
+        QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        QObject::connect(socket, &QLocalSocket::readyRead, server,
+                         [socket, take] { receive(socket, take); });
+    });
+    QLocalServer::removeServer(name); // what a killed process left
+    if (!server->listen(name))
+        qWarning("Other instances cannot reach this one: %s", qPrintable(server->errorString()));
+}
+
 } // namespace
 
 SingleInstance::SingleInstance(const QString &folder, QObject *parent)
@@ -48,11 +85,13 @@ SingleInstance::SingleInstance(const QString &folder, QObject *parent)
       m_lock(QDir(folder).filePath(u".running"_s))
 {
     m_lock.setStaleLockTime(0); // a lock is stale only when its process is gone
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::accept);
 }
 
-SingleInstance::~SingleInstance() = default;
+SingleInstance::~SingleInstance()
+{
+    m_thread.quit();
+    m_thread.wait();
+}
 
 SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
 {
@@ -80,36 +119,27 @@ void SingleInstance::setHandler(std::function<void(const QList<QUrl> &urls)> han
 
 void SingleInstance::listen()
 {
-    QLocalServer::removeServer(m_socketName); // what a killed process left
-    if (!m_server.listen(m_socketName))
-        qWarning("Other instances cannot reach this one: %s", qPrintable(m_server.errorString()));
+    auto *server = new QLocalServer;
+    server->moveToThread(&m_thread);
+    QObject::connect(&m_thread, &QThread::finished, server, &QObject::deleteLater);
+    m_thread.start();
+    QMetaObject::invokeMethod(
+        server,
+        [this, server] {
+            serve(server, m_socketName, [this](const QList<QUrl> &urls) {
+                QMetaObject::invokeMethod(
+                    this, [this, urls] { take(urls); }, Qt::QueuedConnection);
+            });
+        },
+        Qt::BlockingQueuedConnection);
 }
 
-void SingleInstance::accept()
+void SingleInstance::take(const QList<QUrl> &urls)
 {
-    QLocalSocket *socket = m_server.nextPendingConnection();
-    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-        if (socket->bytesAvailable() > largestMessage) {
-            socket->abort();
-            return;
-        }
-        const QByteArray bytes = socket->peek(largestMessage);
-        if (bytes != "\n" && !bytes.endsWith("\n\n"))
-            return; // more is to come
-        socket->readAll();
-        socket->write(acknowledgement);
-        socket->disconnectFromServer();
-        QList<QUrl> urls;
-        for (const QByteArray &line : bytes.split('\n')) {
-            if (!line.isEmpty())
-                urls.append(QUrl::fromEncoded(line));
-        }
-        if (m_handler)
-            m_handler(urls);
-        else
-            m_waiting.push_back(urls);
-    });
+    if (m_handler)
+        m_handler(urls);
+    else
+        m_waiting.push_back(urls);
 }
 
 bool SingleInstance::ask(const QList<QUrl> &urls) const

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QList>
-#include <QLocalServer>
 #include <QLockFile>
 #include <QObject>
+#include <QThread>
 #include <QUrl>
 
 #include <functional>
@@ -13,6 +13,9 @@ namespace lyrabox {
 
 /// Sees to it that one process per settings folder runs: the first holds a lock in the folder and
 /// listens; a later one asks it to come to the front, hands over what it was to open, and ends.
+///
+/// The first listens on a thread of its own. It answers as soon as it has the whole request, also
+/// while its main thread loads a song or builds a list; the main thread opens the files afterwards.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -31,17 +34,18 @@ public:
     /// Becomes the first, or asks the first. Blocks for 3 s at most.
     Role claim(const QList<QUrl> &urls = {});
 
-    /// What the first process does when another one asks. Requests until then are kept for it.
+    /// What the first process does when another one asks; called on this object's thread. Requests
+    /// until then are kept for it.
     void setHandler(std::function<void(const QList<QUrl> &urls)> handler);
 
 private:
     void listen();
-    void accept();
+    void take(const QList<QUrl> &urls);
     bool ask(const QList<QUrl> &urls) const;
 
     QString m_socketName;
     QLockFile m_lock;
-    QLocalServer m_server;
+    QThread m_thread; ///< the listener's
     std::function<void(const QList<QUrl> &urls)> m_handler;
     std::vector<QList<QUrl>> m_waiting;
 };

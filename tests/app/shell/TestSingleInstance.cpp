@@ -1,11 +1,13 @@
 #include "app/shell/SingleInstance.h"
 
+#include <QLockFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <future>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -35,6 +37,7 @@ TEST(SingleInstance, SecondAsksTheFirstAndHandsOverWhatItWasToOpen)
     const QList<QUrl> songs{QUrl::fromLocalFile(u"/music/a b.mp3"_s),
                             QUrl::fromLocalFile(u"/music/ü.mp3"_s)};
     EXPECT_EQ(claimElsewhere(folder.path(), songs), Role::Second);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 2; }));
     EXPECT_EQ(asked, QList<QList<QUrl>>({{}, songs}));
 }
 
@@ -44,6 +47,7 @@ TEST(SingleInstance, RequestsBeforeTheLaunchAreKept)
     SingleInstance first(folder.path());
     ASSERT_EQ(first.claim(), Role::First);
     EXPECT_EQ(claimElsewhere(folder.path()), Role::Second);
+    QCoreApplication::processEvents();
     int asked = 0;
     first.setHandler([&](const QList<QUrl> &) { ++asked; });
     EXPECT_EQ(asked, 1);
@@ -60,6 +64,7 @@ TEST(SingleInstance, NamesArriveAsTheyWereSent)
                            QUrl::fromEncoded("file:///m/caf%E9.mp3"),
                            QUrl(u"https://lyrabox.example/a.mp3"_s)};
     EXPECT_EQ(claimElsewhere(folder.path(), sent), Role::Second);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !asked.isEmpty(); }));
     EXPECT_EQ(asked, sent);
 }
 
@@ -75,15 +80,46 @@ TEST(SingleInstance, ThousandsOfFilesAreHandedOver)
     for (int i = 0; i < 2000; ++i)
         sent.append(QUrl::fromLocalFile(directory + QString::number(i)));
     EXPECT_EQ(claimElsewhere(folder.path(), sent), Role::Second);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked > 0; }));
     EXPECT_EQ(asked, sent.size());
 }
 
 TEST(SingleInstance, ANewcomerIsToldWhenTheFirstDoesNotAnswer)
 {
     const QTemporaryDir folder;
+    QLockFile first(folder.filePath(u".running"_s)); // and it listens to nobody
+    ASSERT_TRUE(first.tryLock(0));
+    EXPECT_EQ(SingleInstance(folder.path()).claim(), Role::Unanswered);
+}
+
+TEST(SingleInstance, TheFirstAnswersBeforeItOpensWhatItWasGiven)
+{
+    const QTemporaryDir folder;
     SingleInstance first(folder.path());
     ASSERT_EQ(first.claim(), Role::First);
-    EXPECT_EQ(SingleInstance(folder.path()).claim(), Role::Unanswered); // nobody serves meanwhile
+    std::future<Role> second;
+    std::optional<Role> answered;
+    first.setHandler([&](const QList<QUrl> &) { answered = second.get(); }); // opening takes long
+    second = std::async(std::launch::async, [&] { return SingleInstance(folder.path()).claim(); });
+    while (!answered)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(answered, Role::Second);
+}
+
+TEST(SingleInstance, TheFirstAnswersWhileItsMainThreadIsBusyAndOpensAfterwards)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    QList<QUrl> asked;
+    first.setHandler([&](const QList<QUrl> &urls) { asked = urls; });
+    const QList<QUrl> song{QUrl::fromLocalFile(u"/music/a.mp3"_s)};
+    auto second =
+        std::async(std::launch::async, [&] { return SingleInstance(folder.path()).claim(song); });
+    EXPECT_EQ(second.get(), Role::Second); // no event is handled here meanwhile
+    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !asked.isEmpty(); }));
+    EXPECT_EQ(asked, song);
 }
 
 TEST(SingleInstance, OtherSettingsFoldersDoNotMeet)
