@@ -1,11 +1,12 @@
 // The list builders of LB_TrackController.
 
 #include "engine/LB_AudioController.h"
+#include "library/FolderFiles.h"
 #include "library/LB_QueueController.h"
 #include "library/LB_TrackController.h"
 #include "library/TrackTableModel.h"
+#include "platform/foundation/DiskPatience.h"
 #include "platform/foundation/Files.h"
-#include "platform/foundation/FolderTree.h"
 #include "platform/foundation/UserDefaults.h"
 #include "settings/LB_SettingsController.h"
 
@@ -42,6 +43,13 @@ private:
     QTableView *m_view;
     bool m_hadFocus;
 };
+
+/// As files::inodeText(); "(null)" as well where the disk does not answer.
+QString inodeOf(const QUrl &url)
+{
+    return files::askPatiently<QString>(url.toLocalFile(), [url] { return files::inodeText(url); })
+        .value_or(u"(null)"_s);
+}
 
 } // namespace
 
@@ -81,8 +89,7 @@ void LB_TrackController::getTracksForiTunesPlaylistArrayPlaylistID(
         }
         TrackRecordRef record = newObject();
         fillFromLibrary(*record, track);
-        completeRecord(*record, static_cast<int>(records.size()) + 1,
-                       files::inodeText(record->fileURL));
+        completeRecord(*record, static_cast<int>(records.size()) + 1, inodeOf(record->fileURL));
         records.push_back(std::move(record));
         progress.advance(static_cast<qsizetype>(records.size()));
         if (progress.isStopped())
@@ -114,23 +121,11 @@ void LB_TrackController::scanForAudioFilesStartingAtURLFolderID(const QUrl &dire
 QStringList LB_TrackController::filesOfFolder(const QString &path, ProgressPacer &progress,
                                               ListOrigin &origin) const
 {
-    origin.isReadable = files::isReadable(path);
-    QStringList paths;
-    if (m_includesSubfolders) {
-        paths = files::filesOfTree(path, [&progress](qint64 found) {
-            progress.advance(found);
-            return !progress.isStopped();
-        });
-        origin.isIncomplete = progress.isStopped();
-        return origin.isIncomplete ? QStringList() : paths;
-    }
-    for (files::Entry &entry : files::shallowEntries(path)) {
-        if (!entry.isDirectory)
-            paths.append(std::move(entry.path));
-        else if (!entry.isPackage)
-            ++origin.foldersInside;
-    }
-    return paths;
+    FolderFiles found = findFolderFiles(path, m_includesSubfolders, progress);
+    origin.isReadable = found.isReadable;
+    origin.foldersInside = found.foldersInside;
+    origin.isIncomplete = progress.isStopped();
+    return origin.isIncomplete ? QStringList() : std::move(found.paths);
 }
 
 void LB_TrackController::setIncludesSubfolders(bool includes)

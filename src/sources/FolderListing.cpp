@@ -1,5 +1,6 @@
 #include "sources/FolderListing.h"
 
+#include "platform/foundation/DiskPatience.h"
 #include "platform/foundation/Files.h"
 
 #include <QStringList>
@@ -21,13 +22,21 @@ QUrl folderURL(const QString &path)
 
 QStringList subfolderPaths(const QUrl &directory)
 {
+    const QString folder = folderPath(directory);
+    const auto entries = files::askPatiently<std::vector<files::Entry>>(
+        folder, [folder] { return files::shallowEntries(folder, files::EntryKinds::Directories); });
     QStringList paths;
-    for (const files::Entry &entry :
-         files::shallowEntries(folderPath(directory), files::EntryKinds::Directories)) {
+    for (const files::Entry &entry : entries.value_or(std::vector<files::Entry>())) {
         if (!entry.isPackage)
             paths.append(entry.path);
     }
     return paths;
+}
+
+bool isReadableFolder(const QString &path)
+{
+    return files::askPatiently<bool>(path, [path] { return files::isReadable(path); })
+        .value_or(false);
 }
 
 const std::vector<SourceItemRef> &DiskFolderItem::children()

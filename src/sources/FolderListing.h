@@ -16,8 +16,11 @@ QString folderPath(const QUrl &url);
 QUrl folderURL(const QString &path);
 
 /// The paths of a folder's immediate subfolders by name: no hidden ones, no packages, no links.
-/// Errors end the list where they occur.
+/// Errors end the list where they occur. A disk that does not answer has none.
 QStringList subfolderPaths(const QUrl &directory);
+
+/// Whether the process may read the folder; not while its disk does not answer.
+bool isReadableFolder(const QString &path);
 
 /// A source item that is a folder on disk and lists its subfolders when it is first asked for them.
 class DiskFolderItem : public SourceItem {

@@ -1,7 +1,5 @@
 #include "sources/LB_FolderItem.h"
 
-#include "platform/foundation/Files.h"
-
 namespace {
 
 const QColor reachableColor = QColor(Qt::black);
@@ -35,7 +33,7 @@ LB_FolderItem::TextStyle LB_FolderItem::textStyle() const
 
 bool LB_FolderItem::isReachable() const
 {
-    return lyrabox::files::isReadable(itemID());
+    return lyrabox::isReadableFolder(itemID());
 }
 
 lyrabox::SourceItemRef LB_FolderItem::makeChild(const QUrl &url)

@@ -2,6 +2,7 @@
 
 #include "app/controls/LB_PopoverViewController.h"
 #include "library/LB_TrackController.h"
+#include "platform/foundation/DiskPatience.h"
 #include "platform/foundation/Files.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
@@ -27,6 +28,14 @@ namespace notification = lyrabox::notification;
 namespace {
 
 enum ButtonTag { removeTag = 0, addTag = 1 };
+
+/// The path as it stands where its disk does not answer.
+QString resolvingSymbolicLinks(const QString &path)
+{
+    return lyrabox::files::askPatiently<QString>(
+               path, [path] { return lyrabox::files::resolvingSymbolicLinks(path); })
+        .value_or(path);
+}
 
 } // namespace
 
@@ -64,7 +73,7 @@ void LB_FolderSourceController::setup()
     m_model->setRoots({});
     const QStringList paths = m_settings->folderDataArray();
     for (const QString &path : paths)
-        addDirectoryToFolderList(lyrabox::folderURL(lyrabox::files::resolvingSymbolicLinks(path)));
+        addDirectoryToFolderList(lyrabox::folderURL(resolvingSymbolicLinks(path)));
     setSelectedFolder(nullptr);
 }
 
@@ -72,7 +81,7 @@ void LB_FolderSourceController::restoreSelection()
 {
     const QVariant stored = lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath);
     const QString path = stored.toString();
-    if (!stored.isValid() || !lyrabox::files::isReadable(path)) {
+    if (!stored.isValid() || !lyrabox::isReadableFolder(path)) {
         deselectFolder();
         return;
     }

@@ -1,5 +1,6 @@
 #include "app/shell/OpenRequest.h"
 
+#include "platform/foundation/DiskPatience.h"
 #include "platform/foundation/Files.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,18 @@ QString nameOf(const QUrl &url)
     return name.isEmpty() ? url.toDisplayString() : name;
 }
 
+enum class Kind { Missing, Closed, Folder, File };
+
+Kind kindOf(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return Kind::Missing;
+    if (!files::isReadable(path))
+        return Kind::Closed;
+    return info.isDir() ? Kind::Folder : Kind::File;
+}
+
 } // namespace
 
 OpenRequest sortOut(const QList<QUrl> &urls)
@@ -32,13 +45,24 @@ OpenRequest sortOut(const QList<QUrl> &urls)
             refuse(Refusal::NotHere);
             continue;
         }
-        const QFileInfo info(url.toLocalFile());
-        if (!info.exists())
+        const QString path = url.toLocalFile();
+        // A disk that does not answer must not hold up what is on others.
+        const Kind kind =
+            files::askPatiently<Kind>(path, [path] { return kindOf(path); }).value_or(Kind::Closed);
+        switch (kind) {
+        case Kind::Missing:
             refuse(Refusal::Missing);
-        else if (!files::isReadable(info.filePath()))
+            break;
+        case Kind::Closed:
             refuse(Refusal::Unreadable);
-        else
-            (info.isDir() ? request.folders : request.files).append(url);
+            break;
+        case Kind::Folder:
+            request.folders.append(url);
+            break;
+        case Kind::File:
+            request.files.append(url);
+            break;
+        }
     }
     return request;
 }

@@ -12,7 +12,7 @@ struct OpenRequest {
     enum class Refusal {
         NotHere,    ///< not a file of this machine
         Missing,    ///< there is none, or its name is no valid text
-        Unreadable, ///< it may not be read
+        Unreadable, ///< it may not be read, or its disk does not answer
         NotAudio,   ///< nothing here decodes it
     };
     /// One thing that is not opened, by the name that a person knows it by.

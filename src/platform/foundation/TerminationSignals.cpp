@@ -3,6 +3,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
@@ -15,10 +16,12 @@ namespace {
 
 constexpr std::array terminationSignals{SIGTERM, SIGINT, SIGHUP};
 std::array<int, 2> signalPipe{-1, -1};
+std::atomic<bool> hasCome{false};
 
 void onSignal(int)
 {
     const int savedErrno = errno;
+    hasCome.store(true, std::memory_order_relaxed);
     const char byte = 1;
     [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
     errno = savedErrno;
@@ -38,11 +41,17 @@ TerminationSignals::TerminationSignals(std::function<void()> terminate, QObject 
         }
         m_terminate();
     });
+    hasCome = false;
     struct sigaction action = {};
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;
     for (const int signal : terminationSignals)
         sigaction(signal, &action, nullptr);
+}
+
+bool TerminationSignals::haveCome()
+{
+    return hasCome.load(std::memory_order_relaxed);
 }
 
 TerminationSignals::~TerminationSignals()

@@ -17,6 +17,9 @@ public:
     explicit TerminationSignals(std::function<void()> terminate, QObject *parent = nullptr);
     ~TerminationSignals() override;
 
+    /// Whether such a signal has come. For work that keeps the main thread from handling events.
+    static bool haveCome();
+
 private:
     std::function<void()> m_terminate;
     QSocketNotifier *m_notifier;

@@ -138,7 +138,7 @@ std::optional<Mount> parseLine(const QByteArray &line)
 
 } // namespace
 
-std::vector<Mount> parseMounts(const QByteArray &mountTable)
+std::vector<Mount> parseAllMounts(const QByteArray &mountTable)
 {
     std::vector<Mount> mounts;
     for (const QByteArray &line : mountTable.split('\n')) {
@@ -149,6 +149,12 @@ std::vector<Mount> parseMounts(const QByteArray &mountTable)
                       [&mount](const Mount &earlier) { return earlier.path == mount->path; });
         mounts.push_back(*mount);
     }
+    return mounts;
+}
+
+std::vector<Mount> parseMounts(const QByteArray &mountTable)
+{
+    std::vector<Mount> mounts = parseAllMounts(mountTable);
     std::erase_if(mounts, [](const Mount &mount) { return isKernelFileSystem(mount.fileSystem); });
     return mounts;
 }

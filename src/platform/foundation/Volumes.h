@@ -20,9 +20,11 @@ struct Mount {
     friend bool operator==(const Mount &, const Mount &) = default;
 };
 
-/// The mounts of a table in the form of /proc/self/mountinfo that hold files of a user's, in its
-/// order: those of the kernel's own file systems are left out, and so are malformed lines. Of
-/// several mounts on one path only the last, which hides the others, counts.
+/// The mounts of a table in the form of /proc/self/mountinfo, in its order, without malformed
+/// lines. Of several mounts on one path only the last, which hides the others, counts.
+std::vector<Mount> parseAllMounts(const QByteArray &mountTable);
+
+/// Those of them that hold files of a user's: the kernel's own file systems are left out.
 std::vector<Mount> parseMounts(const QByteArray &mountTable);
 
 /// What the desktop says of mounts beyond the kernel's table.
