@@ -44,23 +44,29 @@ void HangingDisk::unplug()
     ::close(std::exchange(m_device, -1)); // ends the connection, and with it every wait
 }
 
-/// Agrees on the protocol, and answers nothing else.
+/// Agrees on the protocol, and takes nothing else. So whoever waits can still be killed; of what
+/// was taken the kernel would await the answer.
 void HangingDisk::serve()
 {
     alignas(fuse_in_header) std::array<char, 1 << 18> request{};
+    bool isAgreed = false;
     while (!m_stops) {
         pollfd file{m_device, POLLIN, 0};
         constexpr int waitMilliseconds = 20;
         if (::poll(&file, 1, waitMilliseconds) <= 0)
             continue;
+        if (isAgreed) {
+            m_isAsked = true;
+            ::usleep(1000 * waitMilliseconds);
+            continue;
+        }
         if (::read(m_device, request.data(), request.size()) <= 0)
             continue;
         fuse_in_header header{};
         std::memcpy(&header, request.data(), sizeof header);
-        if (header.opcode != FUSE_INIT) {
-            ++m_questions;
+        if (header.opcode != FUSE_INIT)
             continue;
-        }
+        isAgreed = true;
         struct {
             fuse_out_header header;
             fuse_init_out init;

@@ -21,7 +21,7 @@ public:
     QString reason() const { return m_reason; }
 
     /// Whether somebody waits for it.
-    bool isAsked() const { return m_questions > 0; }
+    bool isAsked() const { return m_isAsked; }
 
     /// Takes it away: those who wait get an error.
     void unplug();
@@ -32,7 +32,7 @@ private:
     QString m_reason;
     QByteArray m_path;
     int m_device = -1;
-    std::atomic<int> m_questions{0};
+    std::atomic<bool> m_isAsked{false};
     std::atomic<bool> m_stops{false};
     std::thread m_thread;
 };

@@ -7,6 +7,7 @@
 #include <QDir>
 
 #include <cmath>
+#include <csignal>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -55,11 +56,9 @@ class ProgramWithASlowList : public WaitingProgram {
 protected:
     static constexpr int slowSongs = 5;
 
-    /// `copies`: as many more songs in the slow folder.
-    void startBesideASlowFolder(int copies = 0)
+    /// `copies`: as many songs more.
+    void makeSlowFolder(int copies = 0)
     {
-        const QString fast =
-            makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}, {u"Beta"_s, 350.0}});
         std::vector<Tone> songs;
         for (int i = 0; i < slowSongs; ++i)
             songs.push_back({u"Slow %1"_s.arg(i), 400.0 + 50.0 * i});
@@ -69,6 +68,14 @@ protected:
         const QString first = slow.filePath(slow.entryList(QDir::Files).front());
         for (int i = 0; i < copies; ++i)
             ASSERT_TRUE(QFile::copy(first, slow.filePath(u"copy %1.wav"_s.arg(i))));
+    }
+
+    /// `copies`: as many more songs in the slow folder.
+    void startBesideASlowFolder(int copies = 0)
+    {
+        const QString fast =
+            makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}, {u"Beta"_s, 350.0}});
+        makeSlowFolder(copies);
         showFolder(fast);
         const PropertyList both(PropertyList::Array{PropertyList(fast), PropertyList(slowFolder)});
         ASSERT_TRUE(writePropertyList(both, settingsFile(u"Folders.plist"_s)));
@@ -99,6 +106,43 @@ TEST_F(ProgramWithASlowList, ShowsItsProgressAndThenTheSongsThatPlay)
     EXPECT_TRUE(waitForTheList());
     doubleClickSong(2);
     EXPECT_TRUE(hearsAnything(60.0));
+}
+
+TEST_F(ProgramWithASlowList, OfTheRememberedFolderComesAfterTheWindow)
+{
+    makeSlowFolder();
+    showFolder(slowFolder);
+    start();
+    EXPECT_TRUE(waitUntil([this] { return showsProgress(); }));
+    EXPECT_TRUE(isBuilding());
+    display.key(u"ctrl+f"_s); // it waits for the list
+    display.type(u"slow 2"_s);
+    EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }, 60.0));
+    EXPECT_TRUE(waitForSongs(1));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithASlowList, OfTheRememberedFolderIsLeftOnEscape)
+{
+    makeSlowFolder(20);
+    showFolder(slowFolder);
+    start();
+    ASSERT_TRUE(waitUntil([this] { return showsProgress(); }));
+    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    display.key(u"Escape"_s);
+    EXPECT_TRUE(waitUntil([this] { return showsMessage(); })) << "not all songs are there";
+    EXPECT_FALSE(isBuilding());
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithASlowList, OfTheRememberedFolderDoesNotKeepTheProgramFromEnding)
+{
+    makeSlowFolder();
+    showFolder(slowFolder);
+    start();
+    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    EXPECT_EQ(sendSignalAndWait(SIGTERM), 0);
+    EXPECT_TRUE(settingsList(u"EQPresets.plist"_s));
 }
 
 TEST_F(ProgramWithASlowList, LeavesTheSoundAloneMeanwhile)

@@ -13,6 +13,7 @@
 #include "library/TrackCountTextTransformer.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
+#include "platform/foundation/DiskPatience.h"
 #include "platform/foundation/Machine.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
@@ -47,7 +48,10 @@ Composition::Composition()
     applyLooks();
 }
 
-Composition::~Composition() = default;
+Composition::~Composition()
+{
+    files::setSilenceEndHandler({});
+}
 
 void Composition::setAudio(std::unique_ptr<LB_AudioController> audio)
 {
@@ -69,6 +73,7 @@ void Composition::launch()
     windowMemory::restoreWindow(&m_mainWindow, mainWindowName);
     m_placesEqWindow = !windowMemory::restoreWindow(&m_eqWindow, eqWindowName);
 
+    m_isLaunching = true;
     m_main.sourceTabView->awakeFromNib();
     m_audio->awakeFromNib();
     m_queue.awakeFromNib();
@@ -79,10 +84,18 @@ void Composition::launch()
     windowMemory::restoreColumns(m_main.trackTableView->horizontalHeader(), trackTableName);
     updateMenu();
 
-    m_mainWindow.show();
-    windowMemory::restoreDivider(m_main.splitView); // its limits need the view's real width
+    m_isLaunching = false;
+    showMainWindow();
+    m_mainWindow.update(); // what waits for the first picture waits for one from now on
     NotificationCenter::defaultCenter().post(notification::applicationDidFinishLaunching);
     m_volumes = std::make_unique<VolumeWatcher>();
+    // A disk that answers again is as good as one that has come.
+    files::setSilenceEndHandler([] {
+        if (QCoreApplication *application = QCoreApplication::instance())
+            QMetaObject::invokeMethod(application, [] {
+                NotificationCenter::defaultCenter().post(notification::volumeDidMount);
+            });
+    });
     m_updater.setCurrentVersion(QStringLiteral(LYRABOX_VERSION));
     m_updater.setFeedURL(QUrl(updateFeedAddress()));
     m_updater.setPresenter(updateDialogs(
@@ -94,6 +107,25 @@ void Composition::launch()
     afterFirstPaint(&m_mainWindow, [this] { loadDecoders(); });
     // Half of a processor's time at the start would be its.
     afterFirstPaint(&m_mainWindow, &engine::prepareForPlayback);
+}
+
+void Composition::showMainWindow()
+{
+    if (m_mainWindow.isVisible())
+        return;
+    m_mainWindow.show();
+    windowMemory::restoreDivider(m_main.splitView); // its limits need the view's real width
+}
+
+/// The list of the remembered folder may take long. Then the window comes before it, and is kept
+/// painted; what the user does to it waits for the event loop. A start that is quick draws the
+/// window once, when all is there.
+void Composition::paintWhileLaunching()
+{
+    if (!m_isLaunching)
+        return;
+    showMainWindow();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 /// In the background, so that the first song need not wait for it.

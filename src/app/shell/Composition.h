@@ -43,8 +43,12 @@ public:
     /// launch().
     void setAudio(std::unique_ptr<LB_AudioController> audio);
 
-    /// Wakes the controllers, shows the windows and announces that the program has launched.
+    /// Wakes the controllers, shows the main window and announces that the program has launched.
+    /// Where the first list takes longer than a quarter of a second, the window shows before it.
     void launch();
+
+    /// The window that afterFirstPaint() is to wait for.
+    QWidget *mainWindow() { return &m_mainWindow; }
 
     /// Remembers the windows and announces that the program ends. Once.
     void terminate();
@@ -71,6 +75,8 @@ private:
     void applyLooks();
     void updateMenu();
     void showSoundProblem();
+    void showMainWindow();
+    void paintWhileLaunching();
     void showEqualizer();
     void loadDecoders();
     void chooseLibrary();
@@ -100,6 +106,7 @@ private:
     QTimer m_soundCheck;                          ///< while a song plays
     QString m_shownSoundProblem;                  ///< as the message line shows it
     bool m_placesEqWindow = false;
+    bool m_isLaunching = false;
     bool m_terminated = false;
     std::jthread m_decoderLoading; ///< uses what stands above
 };

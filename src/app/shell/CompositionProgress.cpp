@@ -2,6 +2,7 @@
 
 #include "app/shell/Composition.h"
 #include "app/shell/ProgressText.h"
+#include "platform/foundation/TerminationSignals.h"
 #include "platform/ui/EscapeWatch.h"
 #include "platform/ui/ProgressPanel.h"
 
@@ -19,6 +20,7 @@ void Composition::connectProgress()
     });
     const bool canStop = EscapeWatch::isSupported();
     m_tracks.setProgressHook([this, canStop](qint64 done, qint64 found) {
+        paintWhileLaunching();
         m_inputAfterWait->waiting(Work::List);
         const QString text = found > 0 ? listProgressText(done, found) : searchProgressText(done);
         m_progress->showProgress(canStop ? withStopHint(text) : text, done, found);
@@ -29,7 +31,10 @@ void Composition::connectProgress()
         m_progress->showProgress(canStop ? withStopHint(text) : text, done, total);
     });
     const StopProbeMaker watchForEscape = [this]() -> StopProbe {
+        paintWhileLaunching(); // the watch listens to the windows that are shown
         return [this, watch = std::make_shared<EscapeWatch>()] {
+            if (TerminationSignals::haveCome())
+                return true;
             const bool isPressed = watch->wasPressed();
             if (isPressed)
                 m_inputAfterWait->dropEscape();

@@ -1,5 +1,6 @@
 #include "app/shell/CommandLine.h"
 #include "app/shell/Composition.h"
+#include "app/shell/FirstPaint.h"
 #include "app/shell/Languages.h"
 #include "app/shell/ProgramIcon.h"
 #include "app/shell/SingleInstance.h"
@@ -140,10 +141,17 @@ int main(int argc, char **argv)
     runningComposition = &composition;
     const auto isOver = qScopeGuard([] { runningComposition = nullptr; });
     std::atexit(terminateComposition);
-    composition.open(line.urls);
-    instance.setHandler([&composition](const QList<QUrl> &urls) {
-        composition.bringToFront();
-        composition.open(urls);
+    if (lyrabox::TerminationSignals::haveCome()) { // while no event loop ran that could be left
+        composition.terminate();
+        return EXIT_SUCCESS;
+    }
+    // Files may take long to open, and the window is to be seen meanwhile.
+    lyrabox::afterFirstPaint(composition.mainWindow(), [&composition, &instance, &line] {
+        composition.open(line.urls);
+        instance.setHandler([&composition](const QList<QUrl> &urls) {
+            composition.bringToFront();
+            composition.open(urls);
+        });
     });
     return QApplication::exec();
 }
