@@ -82,7 +82,14 @@ void Composition::applyLooks()
     m_main.shuffleButton->setStateTexts(tr("Shuffle"), {}, tr("Play in order"));
     m_main.settingsPopup->setGround(Ground::Box);
     m_eq.addRemoveButton->setGround(Ground::Box);
-    setImages(m_main.shuffleButton, u"ShuffleOff"_s, u"ShuffleOn"_s);
+    const auto showShuffling = [button = m_main.shuffleButton](int state) {
+        if (state == 1)
+            setImages(button, u"ShuffleOn"_s, u"ShuffleOnAlt"_s);
+        else
+            setImages(button, u"ShuffleOff"_s, u"ShuffleOffAlt"_s);
+    };
+    connect(m_main.shuffleButton, &StateButton::stateChanged, m_main.shuffleButton, showShuffling);
+    showShuffling(m_main.shuffleButton->state());
     m_main.seekBackwardButton->setKeyEquivalent(Qt::Key_Left);
     m_main.seekForwardButton->setKeyEquivalent(Qt::Key_Right);
     m_main.playbackSpeedSlider->setDefaultValue(100.0);
