@@ -19,7 +19,15 @@ inline constexpr QPoint searchField{990, 53};
 inline constexpr QRect messageLine{320, 44, 480, 18};
 inline constexpr QPoint titleHeader{420, 91};
 
+/// The titles of the menu bar, and what is listed first in a menu.
+inline constexpr QPoint viewMenu{127, 14};
+inline constexpr QPoint songListCommand{155, 47};
+
 inline constexpr QPoint forwardButton{334, 669};
+/// Within each, clear of its frame.
+inline constexpr QRect shuffleButton{824, 40, 28, 28};
+inline constexpr QRect speedField{610, 672, 50, 18};
+inline constexpr QRect pitchField{872, 672, 50, 18};
 /// In the navigation bar, between its texts.
 inline constexpr QPoint navigationBar(QSize window)
 {
@@ -51,6 +59,12 @@ inline constexpr QPoint songRow(int row)
 inline constexpr QRect songRowTitle(int row)
 {
     return {258, 106 + row * songRowHeight, 140, songRowHeight - 4};
+}
+
+/// Where a row shows that speed and pitch are kept.
+inline constexpr QRect songRowStar(int row)
+{
+    return {1094, 108 + row * songRowHeight, 24, songRowHeight - 8};
 }
 
 /// In the popover beside the add button.
