@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <condition_variable>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -21,11 +22,52 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr auto progressInterval = 50ms; ///< how often the waiting thread looks
+constexpr auto patienceAfterStop = 3s;
 
 QString fileName(const QUrl &url)
 {
     return url.fileName(QUrl::FullyDecoded);
 }
+
+/// What the threads work at. They own it together: one that waits for a disk which hangs may be
+/// left behind.
+struct Opening {
+    Opening(const QStringList &files, const AudioFileOpener &open)
+        : paths(files),
+          opener(open),
+          results(static_cast<std::size_t>(files.size())),
+          isDone(results.size()),
+          end(results.size())
+    {}
+
+    /// Opens one file. `lock` is held before and afterwards, but not meanwhile.
+    void openNext(std::unique_lock<std::mutex> &lock)
+    {
+        const std::size_t i = next++;
+        lock.unlock();
+        std::optional<OpenedAudioFile> result;
+        try {
+            result = opener(paths.at(static_cast<qsizetype>(i)));
+        } catch (const std::exception &) {
+            result.reset(); // whatever is wrong with one file, the list is still built
+        }
+        lock.lock();
+        results[i] = std::move(result);
+        isDone[i] = true;
+        if (++done == end)
+            allDone.notify_one();
+    }
+
+    const QStringList paths;
+    const AudioFileOpener opener;
+    std::mutex mutex; ///< of what follows
+    std::condition_variable allDone;
+    std::vector<std::optional<OpenedAudioFile>> results;
+    std::vector<bool> isDone;
+    std::size_t next = 0; ///< the first that nobody has begun
+    std::size_t end;      ///< none from here on is to be opened
+    std::size_t done = 0;
+};
 
 } // namespace
 
@@ -42,58 +84,40 @@ std::optional<OpenedAudioFile> openAudioFile(const QString &path)
 std::vector<std::optional<OpenedAudioFile>>
 openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, ProgressPacer &progress)
 {
-    const auto count = static_cast<std::size_t>(paths.size());
-    std::vector<std::optional<OpenedAudioFile>> results(count);
-    std::mutex mutex;
-    std::condition_variable allDone;
-    std::size_t next = 0;
-    std::size_t end = count;
-    std::size_t done = 0;
-
-    const auto open = [&](std::size_t i) {
-        try {
-            results[i] = opener(paths.at(static_cast<qsizetype>(i)));
-        } catch (const std::exception &) {
-            results[i].reset(); // whatever is wrong with one file, the list is still built
-        }
-    };
-    const auto work = [&] {
-        std::unique_lock lock(mutex);
-        while (next < end) {
-            const std::size_t i = next++;
-            lock.unlock();
-            open(i);
-            lock.lock();
-            if (++done == count)
-                allDone.notify_one();
-        }
-    };
-    {
-        std::vector<std::jthread> workers; // joined at the end of the block
-        const std::size_t threads = std::min<std::size_t>(processorCount(), count);
-        workers.reserve(threads);
-        while (workers.size() < threads) {
-            std::jthread worker = startThread(work);
-            if (!worker.joinable())
-                break; // as many as there are
-            workers.push_back(std::move(worker));
-        }
-        std::unique_lock lock(mutex);
-        while (done < count && !progress.isStopped()) {
-            const auto soFar = static_cast<qsizetype>(done);
-            lock.unlock();
-            progress.advance(soFar);
-            if (workers.empty())
-                open(next++);
-            lock.lock();
-            if (workers.empty())
-                ++done;
-            else
-                allDone.wait_for(lock, progressInterval, [&] { return done == count; });
-        }
-        end = next; // what was begun is finished, nothing else is begun
+    const auto opening = std::make_shared<Opening>(paths, opener);
+    const std::size_t count = opening->results.size();
+    const std::size_t threads = std::min<std::size_t>(processorCount(), count);
+    std::size_t started = 0;
+    while (started < threads) {
+        std::jthread worker = startThread([opening] {
+            std::unique_lock lock(opening->mutex);
+            while (opening->next < opening->end)
+                opening->openNext(lock);
+        });
+        if (!worker.joinable())
+            break; // as many as there are
+        worker.detach();
+        ++started;
     }
-    results.resize(done);
+
+    std::unique_lock lock(opening->mutex);
+    const auto isOver = [&opening] { return opening->done == opening->end; };
+    while (!isOver() && !progress.isStopped()) {
+        const auto soFar = static_cast<qsizetype>(opening->done);
+        lock.unlock();
+        progress.advance(soFar);
+        lock.lock();
+        if (started == 0)
+            opening->openNext(lock);
+        else
+            opening->allDone.wait_for(lock, progressInterval, isOver);
+    }
+    // What was begun is finished, nothing else is begun; and what hangs is left behind.
+    opening->end = opening->next;
+    opening->allDone.wait_for(lock, patienceAfterStop, isOver);
+    std::vector<std::optional<OpenedAudioFile>> results;
+    for (std::size_t i = 0; i < opening->end && opening->isDone[i]; ++i)
+        results.push_back(std::move(opening->results[i]));
     return results;
 }
 

@@ -31,7 +31,9 @@ std::optional<OpenedAudioFile> openAudioFile(const QString &path);
 
 /// Opens `paths` with a thread per processor, or on the calling thread where there is none to be
 /// had, and returns the results in the order of `paths`. When `progress` is stopped only the first
-/// ones are opened, and the result is as short. Blocks; the hook runs on the calling thread.
+/// ones are opened, and the result is as short; a file that is not opened 3 s later is left to its
+/// thread, which so may outlive the call. What `opener` holds must allow for that. Blocks; the hook
+/// runs on the calling thread.
 std::vector<std::optional<OpenedAudioFile>>
 openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, ProgressPacer &progress);
 

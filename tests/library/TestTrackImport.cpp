@@ -10,6 +10,9 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <chrono>
+#include <future>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -215,6 +218,33 @@ TEST(OpenAudioFiles, LeavesOutAFileThatThrows)
     EXPECT_TRUE(results[0]);
     EXPECT_FALSE(results[1]);
     EXPECT_TRUE(results[2]);
+}
+
+TEST(OpenAudioFiles, LeavesAFileThatHangsBehindWhenTheUserStops)
+{
+    std::promise<void> answer;
+    const auto isAnswered = answer.get_future().share();
+    const auto hasEnded = std::make_shared<std::promise<void>>();
+    std::chrono::milliseconds now{};
+    ProgressPacer progress([](qint64, qint64) {},
+                           [&now] { return now += std::chrono::seconds(1); });
+    const auto hangs = std::make_shared<std::atomic<bool>>(false);
+    progress.setStopProbe([hangs] { return [hangs] { return hangs->load(); }; });
+    const auto results = openAudioFiles(
+        {u"good"_s, u"hangs"_s},
+        [isAnswered, hasEnded, hangs](const QString &path) -> std::optional<OpenedAudioFile> {
+            if (path == u"hangs"_s) {
+                *hangs = true;
+                isAnswered.wait();
+                hasEnded->set_value();
+            }
+            return OpenedAudioFile{};
+        },
+        progress);
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_TRUE(results[0]);
+    answer.set_value();
+    hasEnded->get_future().wait();
 }
 
 TEST(OpenAudioFiles, ReturnsAtOnceForNoFiles)
