@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace lyrabox;
@@ -166,15 +167,15 @@ TEST_F(ProgramWithMenus, PlaybackMovesInTheSongAndLoops)
     start();
     ASSERT_TRUE(waitForSongs(1));
     choose(u"p"_s, u"p"_s);
-    ASSERT_TRUE(hears(stepFrequency(2)));
+    ASSERT_TRUE(hears(stepFrequency(1)));
     choose(u"p"_s, u"l"_s); // Loop: its start
-    ASSERT_TRUE(hears(stepFrequency(5)));
+    ASSERT_TRUE(hears(stepFrequency(3)));
     choose(u"p"_s, u"l"_s); // its end
+    ASSERT_TRUE(hears(stepFrequency(2)));
     ASSERT_TRUE(hears(stepFrequency(3)));
-    ASSERT_TRUE(hears(stepFrequency(5)));
-    ASSERT_TRUE(hears(stepFrequency(3)));
+    ASSERT_TRUE(hears(stepFrequency(2)));
     choose(u"p"_s, u"l"_s); // none
-    EXPECT_TRUE(hears(stepFrequency(8), 20.0));
+    EXPECT_TRUE(hears(stepFrequency(5), 20.0));
 
     choose(u"p"_s, u"p"_s);
     ASSERT_TRUE(hearsSilence());
@@ -349,6 +350,48 @@ TEST_F(ProgramWithMenus, HelpShowsItsWindowsAndLeadsToTheDesktop)
     EXPECT_TRUE(waitUntil([&] { return wasAsked("https://"); }));
     choose(u"h"_s, u"c"_s); // Check for Updates
     display.waitForWindow(u"^Updates"_s);
+}
+
+TEST_F(ProgramWithMenus, ContextMenusPlayASongAndRemoveAFolderAndAddAPreset)
+{
+    showFolder(makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}}));
+    start();
+    ASSERT_TRUE(waitForSongs(1));
+    const auto chooseOf = [this](int command) {
+        display.key(u"Menu"_s);
+        display.key(u"Down"_s, command);
+        display.key(u"Return"_s);
+    };
+    click(place::songRow(0));
+    display.key(u"ctrl+l"_s);
+    chooseOf(1); // Play
+    EXPECT_TRUE(hears(300.0));
+
+    const QRect ok(place::removeOk - QPoint(20, 6), QSize(40, 12));
+    const QImage before = picture(ok);
+    display.key(u"ctrl+b"_s);
+    chooseOf(2); // Remove Folder
+    EXPECT_TRUE(comesToDifferFrom(before, ok));
+    constexpr QRect row(30, 78, 100, 16);
+    const QImage folder = picture(row);
+    click(place::removeOk);
+    EXPECT_TRUE(comesToDifferFrom(folder, row));
+
+    display.key(u"ctrl+2"_s);
+    const QString equalizer = display.waitForWindow(u"^Equalizer"_s);
+    display.place(equalizer, place::equalizerWindow);
+    display.click(place::equalizerWindow.topLeft() + place::presetRow(3));
+    chooseOf(1); // Add Preset
+    display.type(u"Mine"_s);
+    display.key(u"Return"_s);
+    EXPECT_EQ(quit(), 0);
+    const auto presets = settingsList(u"EQPresets.plist"_s);
+    ASSERT_TRUE(presets && presets->array() != nullptr);
+    EXPECT_TRUE(std::any_of(presets->array()->begin(), presets->array()->end(),
+                            [](const PropertyList &preset) {
+                                return preset.value(u"name") == PropertyList(u"Mine"_s);
+                            }));
+    EXPECT_EQ(settingsList(u"Folders.plist"_s), PropertyList(PropertyList::Array{}));
 }
 
 } // namespace

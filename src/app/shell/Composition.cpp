@@ -124,6 +124,8 @@ void Composition::paintWhileLaunching()
 {
     if (!m_isLaunching)
         return;
+    if (!m_mainWindow.isVisible())
+        dressSleepingTransport();
     showMainWindow();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

@@ -75,6 +75,7 @@ private:
     void applyLooks();
     void updateMenu();
     void showSoundProblem();
+    void dressSleepingTransport();
     void showMainWindow();
     void paintWhileLaunching();
     void showEqualizer();

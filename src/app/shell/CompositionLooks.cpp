@@ -5,6 +5,7 @@
 #include "app/controls/LB_TableRowView.h"
 #include "app/shell/Composition.h"
 #include "library/TrackTableModel.h"
+#include "platform/foundation/UserDefaults.h"
 #include "platform/ui/Theme.h"
 
 #include <QLabel>
@@ -125,6 +126,20 @@ void Composition::applyLooks()
     m_main.trackTableView->setItemDelegateForColumn(TrackTableModel::HasSettings, images);
     LB_TableRowView::install(m_main.playlistOutlineView);
     LB_TableRowView::install(m_main.folderOutlineView);
+}
+
+/// The transport as it is without a song. Its controller wakes behind the first list, and the
+/// window may be seen before that.
+void Composition::dressSleepingTransport()
+{
+    constexpr double normalSpeed = 100.0;
+    m_main.playbackSpeedSlider->setFloatValue(normalSpeed);
+    m_main.playbackSpeedTextField->setFloatValue(static_cast<float>(normalSpeed));
+    const float volume = userDefaults().value(defaultsKey::outputVolume).toFloat();
+    m_main.outputVolumeSlider->setFloatValue(volume != 0.0F ? volume : 1.0F);
+    setImages(m_main.loopButton, u"LoopButton1"_s);
+    m_main.settingsPopup->setImage(NamedImage(u"SettingsButtonOff"_s));
+    m_main.albumArtImageView->setImage(m_audio->albumArtImage());
 }
 
 } // namespace lyrabox
