@@ -1,0 +1,80 @@
+// Folders on a disk that answers nothing, from the start on.
+
+#include "program/HangingDisk.h"
+#include "program/Places.h"
+#include "support/program/RunningProgram.h"
+
+#include <csignal>
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// "Tones" on a disk that is well, and "Remote", which was shown last, on one that hangs from the
+/// start on.
+class ProgramBesideAHangingDisk : public RunningProgram {
+protected:
+    void startBesideIt()
+    {
+        const QString tones = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}});
+        const QString remote = makeFolder(u"Remote"_s, {});
+        showFolder(remote);
+        folders = PropertyList(PropertyList::Array{PropertyList(tones), PropertyList(remote)});
+        ASSERT_TRUE(writePropertyList(folders, settingsFile(u"Folders.plist"_s)));
+        if (!disk.mount(remote))
+            GTEST_SKIP() << "no disk can be mounted here (" << disk.reason().toStdString()
+                         << "): root rights are needed";
+        start();
+    }
+
+    PropertyList folders;
+    HangingDisk disk;
+};
+
+TEST_F(ProgramBesideAHangingDisk, ShowsItsWindowPlaysFromOtherDisksAndEnds)
+{
+    startBesideIt();
+    if (IsSkipped() || HasFailure())
+        return;
+    EXPECT_TRUE(disk.isAsked());
+    click(place::sourceRow(0));
+    ASSERT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    EXPECT_TRUE(hears(300.0));
+    EXPECT_EQ(quit(), 0);
+    EXPECT_EQ(settingsList(u"Folders.plist"_s), folders);
+}
+
+TEST_F(ProgramBesideAHangingDisk, GoesOnAfterEscapeWhenItsFolderIsSelected)
+{
+    startBesideIt();
+    if (IsSkipped() || HasFailure())
+        return;
+    click(place::sourceRow(0));
+    ASSERT_TRUE(waitForSongs(1));
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    click(place::sourceRow(1));
+    ASSERT_TRUE(waitUntil([this] { return showsProgress(); }));
+    display.key(u"Escape"_s);
+    EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }));
+    display.key(u"space"_s);
+    EXPECT_TRUE(hearsSilence());
+    EXPECT_EQ(quit(), 0);
+    EXPECT_EQ(settingsList(u"Folders.plist"_s), folders);
+}
+
+TEST_F(ProgramBesideAHangingDisk, EndsOnASignalWhenItsFolderIsSelected)
+{
+    startBesideIt();
+    if (IsSkipped() || HasFailure())
+        return;
+    click(place::sourceRow(1));
+    ASSERT_TRUE(waitUntil([this] { return showsProgress(); }));
+    EXPECT_EQ(sendSignalAndWait(SIGTERM), 0);
+    EXPECT_EQ(settingsList(u"Folders.plist"_s), folders);
+}
+
+} // namespace
