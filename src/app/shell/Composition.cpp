@@ -109,27 +109,6 @@ void Composition::launch()
     afterFirstPaint(&m_mainWindow, &engine::prepareForPlayback);
 }
 
-void Composition::showMainWindow()
-{
-    if (m_mainWindow.isVisible())
-        return;
-    m_mainWindow.show();
-    windowMemory::restoreDivider(m_main.splitView); // its limits need the view's real width
-}
-
-/// The list of the remembered folder may take long. Then the window comes before it, and is kept
-/// painted; what the user does to it waits for the event loop. A start that is quick draws the
-/// window once, when all is there.
-void Composition::paintWhileLaunching()
-{
-    if (!m_isLaunching)
-        return;
-    if (!m_mainWindow.isVisible())
-        dressSleepingTransport();
-    showMainWindow();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
-
 /// In the background, so that the first song need not wait for it.
 void Composition::loadDecoders()
 {
