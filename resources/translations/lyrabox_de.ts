@@ -53,6 +53,48 @@ Optionen:
     </message>
 </context>
 <context>
+    <name>EmptyListText</name>
+    <message>
+        <source>This folder cannot be read.</source>
+        <translation>Dieser Ordner kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>No songs here.</source>
+        <translation>Hier sind keine Titel.</translation>
+    </message>
+    <message>
+        <source>No songs here. Open the folder with its arrow: 1 folder inside.</source>
+        <translation>Hier sind keine Titel. Den Ordner mit seinem Pfeil öffnen: 1 Ordner darin.</translation>
+    </message>
+    <message numerus="yes">
+        <source>No songs here. Open the folder with its arrow: %Ln folders inside.</source>
+        <translation>
+            <numerusform>Hier sind keine Titel. Den Ordner mit seinem Pfeil öffnen: %Ln Ordner darin.</numerusform>
+            <numerusform>Hier sind keine Titel. Den Ordner mit seinem Pfeil öffnen: %Ln Ordner darin.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing matches &apos;%1&apos;.</source>
+        <translation>Nichts passt zu „%1“.</translation>
+    </message>
+    <message>
+        <source>Stopped before a song was read.</source>
+        <translation>Angehalten, bevor ein Titel gelesen wurde.</translation>
+    </message>
+    <message>
+        <source>Choose a playlist or folder</source>
+        <translation>Eine Liste oder einen Ordner wählen</translation>
+    </message>
+    <message>
+        <source>This playlist has no songs.</source>
+        <translation>Diese Liste hat keine Titel.</translation>
+    </message>
+    <message>
+        <source>No songs here or in the folders inside.</source>
+        <translation>Weder hier noch in den Ordnern darin sind Titel.</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -293,6 +335,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>The program will now terminate</source>
         <translation>Das Programm wird jetzt beendet</translation>
+    </message>
+    <message>
+        <source>No sound: the sound server does not answer</source>
+        <translation>Kein Ton: Der Soundserver antwortet nicht</translation>
     </message>
 </context>
 <context>
@@ -552,6 +598,24 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
             <numerusform>Laden: %1 von %Ln Sekunden</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Searching folders: %Ln files</source>
+        <translation>
+            <numerusform>Ordner werden durchsucht: %Ln Datei</numerusform>
+            <numerusform>Ordner werden durchsucht: %Ln Dateien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Skipping songs that cannot be loaded: %1 of %Ln</source>
+        <translation>
+            <numerusform>Titel, die nicht geladen werden können, werden übersprungen: %1 von %Ln</numerusform>
+            <numerusform>Titel, die nicht geladen werden können, werden übersprungen: %1 von %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Escape stops it</source>
+        <translation>Escape hält an</translation>
+    </message>
 </context>
 <context>
     <name>RemovePopover</name>
@@ -726,6 +790,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Songs cannot be opened (%1)</source>
         <translation>Titel können nicht geöffnet werden (%1)</translation>
+    </message>
+    <message>
+        <source>Stopped: not all songs are in the list</source>
+        <translation>Angehalten: Nicht alle Titel sind in der Liste</translation>
     </message>
 </context>
 <context>
@@ -917,6 +985,14 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>&amp;Umgekehrte Folge</translation>
+    </message>
+    <message>
+        <source>&amp;Include Subfolders</source>
+        <translation>Unter&amp;ordner einbeziehen</translation>
+    </message>
+    <message>
+        <source>&amp;Own Order</source>
+        <translation>&amp;Eigene Folge</translation>
     </message>
 </context>
 <context>

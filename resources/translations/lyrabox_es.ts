@@ -53,6 +53,48 @@ Opciones:
     </message>
 </context>
 <context>
+    <name>EmptyListText</name>
+    <message>
+        <source>This folder cannot be read.</source>
+        <translation>Esta carpeta no se puede leer.</translation>
+    </message>
+    <message>
+        <source>No songs here.</source>
+        <translation>Aquí no hay canciones.</translation>
+    </message>
+    <message>
+        <source>No songs here. Open the folder with its arrow: 1 folder inside.</source>
+        <translation>Aquí no hay canciones. Abra la carpeta con su flecha: contiene 1 carpeta.</translation>
+    </message>
+    <message numerus="yes">
+        <source>No songs here. Open the folder with its arrow: %Ln folders inside.</source>
+        <translation>
+            <numerusform>Aquí no hay canciones. Abra la carpeta con su flecha: contiene %Ln carpeta.</numerusform>
+            <numerusform>Aquí no hay canciones. Abra la carpeta con su flecha: contiene %Ln carpetas.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing matches &apos;%1&apos;.</source>
+        <translation>Nada coincide con «%1».</translation>
+    </message>
+    <message>
+        <source>Stopped before a song was read.</source>
+        <translation>Detenido antes de leer una canción.</translation>
+    </message>
+    <message>
+        <source>Choose a playlist or folder</source>
+        <translation>Elija una lista o una carpeta</translation>
+    </message>
+    <message>
+        <source>This playlist has no songs.</source>
+        <translation>Esta lista no tiene canciones.</translation>
+    </message>
+    <message>
+        <source>No songs here or in the folders inside.</source>
+        <translation>No hay canciones aquí ni en las subcarpetas.</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -293,6 +335,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>The program will now terminate</source>
         <translation>El programa se cerrará ahora</translation>
+    </message>
+    <message>
+        <source>No sound: the sound server does not answer</source>
+        <translation>Sin sonido: el servidor de sonido no responde</translation>
     </message>
 </context>
 <context>
@@ -552,6 +598,24 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
             <numerusform>Cargando: %1 de %Ln segundos</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Searching folders: %Ln files</source>
+        <translation>
+            <numerusform>Buscando en las carpetas: %Ln archivo</numerusform>
+            <numerusform>Buscando en las carpetas: %Ln archivos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Skipping songs that cannot be loaded: %1 of %Ln</source>
+        <translation>
+            <numerusform>Saltando canciones que no se pueden cargar: %1 de %Ln</numerusform>
+            <numerusform>Saltando canciones que no se pueden cargar: %1 de %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Escape stops it</source>
+        <translation>Escape lo detiene</translation>
+    </message>
 </context>
 <context>
     <name>RemovePopover</name>
@@ -726,6 +790,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Songs cannot be opened (%1)</source>
         <translation>No se pueden abrir canciones (%1)</translation>
+    </message>
+    <message>
+        <source>Stopped: not all songs are in the list</source>
+        <translation>Detenido: no todas las canciones están en la lista</translation>
     </message>
 </context>
 <context>
@@ -917,6 +985,14 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>&amp;Invertir el orden</translation>
+    </message>
+    <message>
+        <source>&amp;Include Subfolders</source>
+        <translation>I&amp;ncluir subcarpetas</translation>
+    </message>
+    <message>
+        <source>&amp;Own Order</source>
+        <translation>Orden &amp;propio</translation>
     </message>
 </context>
 <context>

@@ -54,6 +54,48 @@ Options :
     </message>
 </context>
 <context>
+    <name>EmptyListText</name>
+    <message>
+        <source>This folder cannot be read.</source>
+        <translation>Ce dossier ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>No songs here.</source>
+        <translation>Aucun morceau ici.</translation>
+    </message>
+    <message>
+        <source>No songs here. Open the folder with its arrow: 1 folder inside.</source>
+        <translation>Aucun morceau ici. Ouvrez le dossier avec sa flèche : il contient 1 dossier.</translation>
+    </message>
+    <message numerus="yes">
+        <source>No songs here. Open the folder with its arrow: %Ln folders inside.</source>
+        <translation>
+            <numerusform>Aucun morceau ici. Ouvrez le dossier avec sa flèche : il contient %Ln dossier.</numerusform>
+            <numerusform>Aucun morceau ici. Ouvrez le dossier avec sa flèche : il contient %Ln dossiers.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing matches &apos;%1&apos;.</source>
+        <translation>Rien ne correspond à « %1 ».</translation>
+    </message>
+    <message>
+        <source>Stopped before a song was read.</source>
+        <translation>Arrêté avant la lecture d’un morceau.</translation>
+    </message>
+    <message>
+        <source>Choose a playlist or folder</source>
+        <translation>Choisissez une liste ou un dossier</translation>
+    </message>
+    <message>
+        <source>This playlist has no songs.</source>
+        <translation>Cette liste n’a aucun morceau.</translation>
+    </message>
+    <message>
+        <source>No songs here or in the folders inside.</source>
+        <translation>Aucun morceau ici ni dans les sous-dossiers.</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -294,6 +336,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>The program will now terminate</source>
         <translation>Le programme va se fermer</translation>
+    </message>
+    <message>
+        <source>No sound: the sound server does not answer</source>
+        <translation>Pas de son : le serveur de son ne répond pas</translation>
     </message>
 </context>
 <context>
@@ -553,6 +599,24 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
             <numerusform>Chargement : %1 sur %Ln secondes</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Searching folders: %Ln files</source>
+        <translation>
+            <numerusform>Recherche dans les dossiers : %Ln fichier</numerusform>
+            <numerusform>Recherche dans les dossiers : %Ln fichiers</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Skipping songs that cannot be loaded: %1 of %Ln</source>
+        <translation>
+            <numerusform>Morceaux impossibles à charger ignorés : %1 sur %Ln</numerusform>
+            <numerusform>Morceaux impossibles à charger ignorés : %1 sur %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Escape stops it</source>
+        <translation>Échap arrête</translation>
+    </message>
 </context>
 <context>
     <name>RemovePopover</name>
@@ -727,6 +791,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Songs cannot be opened (%1)</source>
         <translation>Impossible d’ouvrir les morceaux (%1)</translation>
+    </message>
+    <message>
+        <source>Stopped: not all songs are in the list</source>
+        <translation>Arrêté : tous les morceaux ne sont pas dans la liste</translation>
     </message>
 </context>
 <context>
@@ -918,6 +986,14 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>&amp;Inverser l’ordre</translation>
+    </message>
+    <message>
+        <source>&amp;Include Subfolders</source>
+        <translation>&amp;Inclure les sous-dossiers</translation>
+    </message>
+    <message>
+        <source>&amp;Own Order</source>
+        <translation>&amp;Ordre propre</translation>
     </message>
 </context>
 <context>

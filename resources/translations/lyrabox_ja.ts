@@ -53,6 +53,47 @@ Options:
     </message>
 </context>
 <context>
+    <name>EmptyListText</name>
+    <message>
+        <source>This folder cannot be read.</source>
+        <translation>このフォルダは読み取れません。</translation>
+    </message>
+    <message>
+        <source>No songs here.</source>
+        <translation>ここに曲はありません。</translation>
+    </message>
+    <message>
+        <source>No songs here. Open the folder with its arrow: 1 folder inside.</source>
+        <translation>ここに曲はありません。矢印でフォルダを開いてください: 中に 1 個のフォルダがあります。</translation>
+    </message>
+    <message numerus="yes">
+        <source>No songs here. Open the folder with its arrow: %Ln folders inside.</source>
+        <translation>
+            <numerusform>ここに曲はありません。矢印でフォルダを開いてください: 中に %Ln 個のフォルダがあります。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing matches &apos;%1&apos;.</source>
+        <translation>「%1」に一致する曲はありません。</translation>
+    </message>
+    <message>
+        <source>Stopped before a song was read.</source>
+        <translation>曲を読み込む前に停止しました。</translation>
+    </message>
+    <message>
+        <source>Choose a playlist or folder</source>
+        <translation>プレイリストまたはフォルダを選んでください</translation>
+    </message>
+    <message>
+        <source>This playlist has no songs.</source>
+        <translation>このプレイリストに曲はありません。</translation>
+    </message>
+    <message>
+        <source>No songs here or in the folders inside.</source>
+        <translation>ここにも中のフォルダにも曲はありません。</translation>
+    </message>
+</context>
+<context>
     <name>EqualizerWindow</name>
     <message>
         <source>Equalizer</source>
@@ -293,6 +334,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>The program will now terminate</source>
         <translation>プログラムを終了します</translation>
+    </message>
+    <message>
+        <source>No sound: the sound server does not answer</source>
+        <translation>音が出ません: サウンドサーバーが応答しません</translation>
     </message>
 </context>
 <context>
@@ -548,6 +593,22 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
             <numerusform>読み込み中: %1 / %Ln 秒</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Searching folders: %Ln files</source>
+        <translation>
+            <numerusform>フォルダを検索中: %Ln ファイル</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Skipping songs that cannot be loaded: %1 of %Ln</source>
+        <translation>
+            <numerusform>読み込めない曲をスキップ中: %1 / %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Escape stops it</source>
+        <translation>Esc キーで停止</translation>
+    </message>
 </context>
 <context>
     <name>RemovePopover</name>
@@ -721,6 +782,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Songs cannot be opened (%1)</source>
         <translation>曲を開けません (%1)</translation>
+    </message>
+    <message>
+        <source>Stopped: not all songs are in the list</source>
+        <translation>停止しました: 一部の曲はリストにありません</translation>
     </message>
 </context>
 <context>
@@ -912,6 +977,14 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>&amp;Reverse Order</source>
         <translation>逆順(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Include Subfolders</source>
+        <translation>サブフォルダを含める(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Own Order</source>
+        <translation>元の順序(&amp;O)</translation>
     </message>
 </context>
 <context>
