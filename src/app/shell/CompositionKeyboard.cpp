@@ -3,6 +3,7 @@
 
 #include "app/shell/Composition.h"
 #include "app/shell/MainMenu.h"
+#include "platform/ui/ListEndKeys.h"
 
 #include <QAction>
 #include <QApplication>
@@ -27,6 +28,9 @@ QAction *addContextAction(QWidget *view, const QString &text, const QKeySequence
 
 void Composition::connectViewMenu()
 {
+    new ListEndKeys(m_main.trackTableView);
+    new ListEndKeys(m_eq.presetTableView);
+
     connect(m_menu->songList, &QAction::triggered, m_main.trackTableView, [this] {
         m_appDelegate.toggleMainWindow();
         m_main.trackTableView->setFocus(Qt::ShortcutFocusReason);

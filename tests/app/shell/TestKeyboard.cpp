@@ -186,6 +186,15 @@ INSTANTIATE_TEST_SUITE_P(Both, TabOrder, testing::Values(Qt::LeftToRight, Qt::Ri
                                                                        : "RightToLeft";
                          });
 
+TEST_F(Keyboard, EndGoesToTheLastPreset)
+{
+    activate(equalizer);
+    auto *presets = find<QTableView>(equalizer, u"presetTableView"_s);
+    presets->setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(presets->currentIndex().row(), presets->model()->rowCount() - 1);
+}
+
 TEST_F(Keyboard, EscapeInAPopoverGivesTheKeyboardBack)
 {
     auto *songs = find<QTableView>(main, u"trackTableView"_s);
