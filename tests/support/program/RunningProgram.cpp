@@ -267,17 +267,26 @@ bool RunningProgram::showsMessage() const
 
 bool RunningProgram::waitForSongs(int count) const
 {
-    return waitUntil(
-        [&] { return (count == 0 || !songRowIsEmpty(count - 1)) && songRowIsEmpty(count); });
+    // The panel over a list that is being built may look like the text of a row.
+    return waitUntil([&] {
+        return !showsProgress() && (count == 0 || !songRowIsEmpty(count - 1)) &&
+               songRowIsEmpty(count);
+    });
 }
 
 bool RunningProgram::showsProgress() const
 {
     constexpr QRect middleOfTheList(540, 300, 280, 90);
-    const QImage part = window().copy(middleOfTheList);
-    for (int y = 0; y < part.height(); ++y) {
-        for (int x = 0; x < part.width(); ++x) {
-            if (part.pixelColor(x, y) == QColor(0x34, 0x98, 0xDB))
+    constexpr int besideThePanel = 400; // where a selected row has the same colour
+    const QImage image = window();
+    const auto isBlue = [&image](int x, int y) {
+        return image.pixelColor(x, y) == QColor(0x34, 0x98, 0xDB);
+    };
+    for (int y = middleOfTheList.top(); y <= middleOfTheList.bottom(); ++y) {
+        if (isBlue(besideThePanel, y))
+            continue;
+        for (int x = middleOfTheList.left(); x <= middleOfTheList.right(); ++x) {
+            if (isBlue(x, y))
                 return true;
         }
     }
