@@ -143,6 +143,7 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
     engine::setPlaybackRate(0.5F);
     engine::setPitchCents(1200.0F);
     engine::setOutputVolume(0.5F);
+    ASSERT_TRUE(server.keepRecordersInPlace());
     const auto other = server.record(u"b"_s);
     const std::size_t begin = play();
     hear(begin, 1.0);

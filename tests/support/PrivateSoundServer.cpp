@@ -127,6 +127,11 @@ bool PrivateSoundServer::setDefaultSink(const QString &name)
     return pactl({u"set-default-sink"_s, name});
 }
 
+bool PrivateSoundServer::keepRecordersInPlace()
+{
+    return pactl({u"set-default-source"_s, u"a.monitor"_s});
+}
+
 int PrivateSoundServer::loadModule(const QString &name, const QStringList &arguments)
 {
     QByteArray output;

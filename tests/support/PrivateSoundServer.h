@@ -54,6 +54,10 @@ public:
 
     bool setDefaultSink(const QString &name);
 
+    /// From here on a change of the default sink leaves the recorders at their sinks. Otherwise the
+    /// server moves those of the old default sink along.
+    bool keepRecordersInPlace();
+
     /// pactl's `load-module`: the module's index, or -1.
     int loadModule(const QString &name, const QStringList &arguments = {});
     bool unloadModule(int index);
