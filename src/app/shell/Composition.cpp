@@ -165,7 +165,8 @@ void Composition::terminate()
         return;
     m_decoderLoading = {}; // its end is waited for
     windowMemory::saveWindow(&m_mainWindow, mainWindowName);
-    windowMemory::saveWindow(&m_eqWindow, eqWindowName);
+    if (!m_placesEqWindow) // it has a place only once it was opened
+        windowMemory::saveWindow(&m_eqWindow, eqWindowName);
     windowMemory::saveDivider(m_main.splitView);
     windowMemory::saveColumns(m_main.trackTableView->horizontalHeader(), trackTableName);
     NotificationCenter::defaultCenter().post(notification::applicationWillTerminate);

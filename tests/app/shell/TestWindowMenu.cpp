@@ -1,4 +1,5 @@
 #include "WholeProgram.h"
+#include "platform/foundation/UserDefaults.h"
 
 #include <QAction>
 #include <QTest>
@@ -13,6 +14,7 @@ class WindowMenu : public testing::Test {
 protected:
     WindowMenu()
     {
+        lyrabox::userDefaults().remove(u"eqWindowGeometry"_s); // other tests' programs share them
         program.composition->launch();
         main = WholeProgram::window(u"MainWindow"_s);
         equalizer = WholeProgram::window(u"EqualizerWindow"_s);
@@ -59,6 +61,19 @@ TEST_F(WindowMenu, TheEqualizersItemIsMarkedWhileItsWindowIsKeyAndStaysSoWhenCho
     expectMarks(true, false);
     mainItem->trigger();
     expectMarks(true, false);
+}
+
+TEST_F(WindowMenu, AnEqualizerThatWasNeverOpenedHasNoPlaceToRemember)
+{
+    program.composition->terminate();
+    EXPECT_FALSE(lyrabox::userDefaults().contains(u"eqWindowGeometry"_s));
+}
+
+TEST_F(WindowMenu, AnEqualizerThatWasOpenedIsRememberedWhereItStands)
+{
+    equalizerItem->trigger();
+    program.composition->terminate();
+    EXPECT_TRUE(lyrabox::userDefaults().contains(u"eqWindowGeometry"_s));
 }
 
 TEST_F(WindowMenu, NoItemIsMarkedWhileAnotherWindowIsKey)
