@@ -115,7 +115,6 @@ TEST_F(CubebOutputOnServer, AStartDoesNotWaitForAServerThatHangs)
 
 TEST_F(SoundFaults, AServerThatHangsDoesNotHoldPauseAndPlayUpAndTheSongGoesOnWhenItAnswers)
 {
-    SoundStatuses statuses;
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
     expectTone(u"a"_s);
@@ -139,7 +138,7 @@ TEST_F(SoundFaults, AServerThatHangsDoesNotHoldPauseAndPlayUpAndTheSongGoesOnWhe
     EXPECT_EQ(engine::currentFrame(), position);
 
     server.resume();
-    EXPECT_TRUE(statuses.waitFor(status::noError));
+    EXPECT_TRUE(waitForSoundStatus(status::noError));
     EXPECT_TRUE(engine::outputIsRunning());
     EXPECT_EQ(engine::eqLevel(firstBand), 3.0F);
     expectTone(u"a"_s);
@@ -148,14 +147,13 @@ TEST_F(SoundFaults, AServerThatHangsDoesNotHoldPauseAndPlayUpAndTheSongGoesOnWhe
 
 TEST_F(SoundFaults, PausedWhileTheServerHangsItStaysPausedWhenItAnswers)
 {
-    SoundStatuses statuses;
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
     expectTone(u"a"_s);
     server.hang();
     engine::setOutputRunning(false);
     server.resume();
-    EXPECT_TRUE(statuses.waitFor(status::noError));
+    EXPECT_TRUE(waitForSoundStatus(status::noError));
     EXPECT_FALSE(engine::outputIsRunning());
     recorder = server.record(u"a"_s);
     recorder->waitFor(0.5);
@@ -166,7 +164,6 @@ TEST_F(SoundFaults, PausedWhileTheServerHangsItStaysPausedWhenItAnswers)
 
 TEST_F(SoundFaults, AServerThatHungAndIsKilledIsReplacedByTheNextOne)
 {
-    SoundStatuses statuses;
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
     expectTone(u"a"_s);
@@ -174,9 +171,9 @@ TEST_F(SoundFaults, AServerThatHungAndIsKilledIsReplacedByTheNextOne)
     engine::setOutputRunning(false);
     engine::setOutputRunning(true);
     server.kill();
-    EXPECT_TRUE(statuses.waitFor(status::noAudioDevice));
+    EXPECT_TRUE(waitForSoundStatus(status::noAudioDevice));
     ASSERT_TRUE(server.restart());
-    EXPECT_TRUE(statuses.waitFor(status::noError));
+    EXPECT_TRUE(waitForSoundStatus(status::noError));
     expectTone(u"a"_s);
 }
 

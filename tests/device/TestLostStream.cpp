@@ -61,15 +61,14 @@ TEST_F(SoundFaults, AStreamThatIsLostInAPauseIsThereAgainForPlay)
 
 TEST_F(SoundFaults, WithoutADeviceTheEngineSaysSoUntilThereIsOneAgain)
 {
-    SoundStatuses statuses;
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
     expectTone(u"a"_s);
     server.kill();
-    EXPECT_TRUE(statuses.waitFor(status::noAudioDevice));
+    EXPECT_TRUE(waitForSoundStatus(status::noAudioDevice));
     EXPECT_TRUE(engine::outputIsRunning());
     ASSERT_TRUE(server.restart());
-    EXPECT_TRUE(statuses.waitFor(status::noError));
+    EXPECT_TRUE(waitForSoundStatus(status::noError));
     expectTone(u"a"_s);
 }
 
