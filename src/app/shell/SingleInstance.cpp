@@ -1,12 +1,18 @@
 #include "app/shell/SingleInstance.h"
 
+#include "platform/foundation/Machine.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QStandardPaths>
+#include <QThread>
 
+#include <future>
+#include <memory>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -85,12 +91,15 @@ SingleInstance::SingleInstance(const QString &folder, QObject *parent)
       m_lock(QDir(folder).filePath(u".running"_s))
 {
     m_lock.setStaleLockTime(0); // a lock is stale only when its process is gone
+    connect(this, &SingleInstance::requestArrived, this, &SingleInstance::handleRequests,
+            Qt::QueuedConnection);
 }
 
 SingleInstance::~SingleInstance()
 {
-    m_thread.quit();
-    m_thread.wait();
+    const std::lock_guard lock(m_mutex);
+    if (m_listener != nullptr)
+        m_listener->deleteLater();
 }
 
 SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
@@ -113,33 +122,48 @@ SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
 void SingleInstance::setHandler(std::function<void(const QList<QUrl> &urls)> handler)
 {
     m_handler = std::move(handler);
-    for (const QList<QUrl> &urls : std::exchange(m_waiting, {}))
-        m_handler(urls);
+    handleRequests();
 }
 
 void SingleInstance::listen()
 {
-    auto *server = new QLocalServer;
-    server->moveToThread(&m_thread);
-    QObject::connect(&m_thread, &QThread::finished, server, &QObject::deleteLater);
-    m_thread.start();
-    QMetaObject::invokeMethod(
-        server,
-        [this, server] {
-            serve(server, m_socketName, [this](const QList<QUrl> &urls) {
-                QMetaObject::invokeMethod(
-                    this, [this, urls] { take(urls); }, Qt::QueuedConnection);
-            });
-        },
-        Qt::BlockingQueuedConnection);
+    const Taker take = [this](const QList<QUrl> &urls) {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_requests.push_back(urls);
+        }
+        Q_EMIT requestArrived();
+    };
+    const auto listening = std::make_shared<std::promise<void>>();
+    m_thread = startThread([this, take, listening] {
+        QEventLoop loop;
+        auto *server = new QLocalServer;
+        QObject::connect(server, &QObject::destroyed, &loop, &QEventLoop::quit);
+        serve(server, m_socketName, take);
+        {
+            const std::lock_guard lock(m_mutex);
+            m_listener = server;
+        }
+        listening->set_value();
+        loop.exec();
+    });
+    if (m_thread.joinable())
+        listening->get_future().wait();
+    else
+        serve(new QLocalServer(this), m_socketName, take); // no thread to be had
 }
 
-void SingleInstance::take(const QList<QUrl> &urls)
+void SingleInstance::handleRequests()
 {
-    if (m_handler)
+    if (!m_handler)
+        return;
+    std::vector<QList<QUrl>> requests;
+    {
+        const std::lock_guard lock(m_mutex);
+        requests = std::exchange(m_requests, {});
+    }
+    for (const QList<QUrl> &urls : requests)
         m_handler(urls);
-    else
-        m_waiting.push_back(urls);
 }
 
 bool SingleInstance::ask(const QList<QUrl> &urls) const

@@ -3,10 +3,11 @@
 #include <QList>
 #include <QLockFile>
 #include <QObject>
-#include <QThread>
 #include <QUrl>
 
 #include <functional>
+#include <mutex>
+#include <thread>
 #include <vector>
 
 namespace lyrabox {
@@ -38,16 +39,22 @@ public:
     /// until then are kept for it.
     void setHandler(std::function<void(const QList<QUrl> &urls)> handler);
 
+Q_SIGNALS:
+    /// A request has come; sent by the listener's thread.
+    void requestArrived();
+
 private:
     void listen();
-    void take(const QList<QUrl> &urls);
+    void handleRequests();
     bool ask(const QList<QUrl> &urls) const;
 
     QString m_socketName;
     QLockFile m_lock;
-    QThread m_thread; ///< the listener's
     std::function<void(const QList<QUrl> &urls)> m_handler;
-    std::vector<QList<QUrl>> m_waiting;
+    std::mutex m_mutex;
+    std::vector<QList<QUrl>> m_requests; ///< under the mutex: not handled yet
+    QObject *m_listener = nullptr;       ///< under the mutex: deleting it later ends its thread
+    std::jthread m_thread;               ///< the listener's; joined before the rest goes
 };
 
 } // namespace lyrabox
