@@ -26,8 +26,8 @@ constexpr bool isSanitized = true; // takes its own memory and several times the
 constexpr bool isSanitized = false;
 #endif
 
-constexpr long mostKibibytes = 64 << 10; ///< beside the decoded song
-constexpr long mostMilliseconds = 2000;  ///< of the processor, per song
+constexpr long maxKibibytes = 64 << 10; ///< beside the decoded song
+constexpr long maxMilliseconds = 2000;  ///< of the processor, per song
 
 /// A line of the probe; see Probe.cpp.
 struct Report {
@@ -72,7 +72,7 @@ protected:
         EXPECT_TRUE(list.open(QIODevice::WriteOnly));
         for (const QString &path : paths)
             list.write(QFile::encodeName(path) + '\n');
-        const long seconds = 1 + mostMilliseconds * (isSanitized ? 10 : 1) / 1000;
+        const long seconds = 1 + maxMilliseconds * (isSanitized ? 10 : 1) / 1000;
         return {QString::number(seconds),
                 sampleFile({.extension = u"mp3"_s, .seconds = 0.5, .artwork = true}),
                 list.fileName()};
@@ -109,9 +109,9 @@ protected:
             EXPECT_TRUE(isSongStatus(report.load)) << report.load;
             if (isSanitized)
                 continue;
-            EXPECT_LE(report.milliseconds, mostMilliseconds);
+            EXPECT_LE(report.milliseconds, maxMilliseconds);
             const auto decoded = static_cast<long>(report.frames * 8 / 1024);
-            EXPECT_LE(report.kibibytes, decoded + mostKibibytes) << report.frames << " frames";
+            EXPECT_LE(report.kibibytes, decoded + maxKibibytes) << report.frames << " frames";
         }
         m_folder = QTemporaryDir();
         return reports;

@@ -24,7 +24,7 @@ StereoFrame kilohertz(std::int64_t frame)
             static_cast<float>(0.5 * std::sin(phase + 1.0))};
 }
 
-TEST(TimePitchSeek, startsWithoutAClickInTheVeryNextBuffer)
+TEST(TimePitchSeek, StartsWithoutAClickInTheVeryNextBuffer)
 {
     for (const float rate : {0.5F, 0.75F, 1.25F, 2.0F}) {
         StageUnderTest test(kilohertz, rate, 0.0F);
@@ -68,7 +68,7 @@ TEST_P(AfterASeek, AttacksComeOnceAndInTime)
     // One click in every song, each a little farther from where the seek goes.
     const double rate = static_cast<double>(GetParam().rate);
     double leastEnergy = 1e9;
-    double mostEnergy = 0.0;
+    double maxEnergy = 0.0;
     double earliest = 1e9;
     double latest = -1e9;
     for (int i = 0; i < 24; ++i) {
@@ -89,11 +89,11 @@ TEST_P(AfterASeek, AttacksComeOnceAndInTime)
         const double energy = burst.energy / 2.45;
         const double late = burst.centre - (at + 21.0) / rate;
         leastEnergy = std::min(leastEnergy, energy);
-        mostEnergy = std::max(mostEnergy, energy);
+        maxEnergy = std::max(maxEnergy, energy);
         earliest = std::min(earliest, late / 44.1);
         latest = std::max(latest, late / 44.1);
     }
-    report("attacks after a seek: energy", leastEnergy, mostEnergy);
+    report("attacks after a seek: energy", leastEnergy, maxEnergy);
     report("attacks after a seek: late by ms", earliest, latest);
     EXPECT_GT(leastEnergy, 0.05) << "an attack is missing";
     EXPECT_GT(earliest, -15.0);
@@ -146,7 +146,7 @@ class CallbackCost : public testing::TestWithParam<Setting> {
 protected:
     /// Over callbacks of `frames` frames, each half a second of which begins with `change`.
     template <typename Change>
-    static std::uint64_t mostHops(Player &player, std::uint32_t frames, Change change)
+    static std::uint64_t maxHops(Player &player, std::uint32_t frames, Change change)
     {
         std::uint64_t most = 0;
         std::vector<float> interleaved(2 * std::size_t{frames});
@@ -184,7 +184,7 @@ TEST_P(CallbackCost, IsBelowHalfOfAnyBufferAfterASeek)
         Player player(song, 400'000);
         apply();
         engine::setOutputRunning(true);
-        const std::uint64_t most = mostHops(player, frames, [](int i) {
+        const std::uint64_t most = maxHops(player, frames, [](int i) {
             engine::seekToFrame(10'000 + 30'000 * static_cast<std::uint64_t>(i));
         });
         std::printf("[ measured ] %3.0f %% %+5.0f cents: a seek, at most %d hops in %u frames\n",
@@ -200,7 +200,7 @@ TEST_P(CallbackCost, IsBelowHalfOfAnyBufferWhenTheSongStopsBeingUnchanged)
     for (const std::uint32_t frames : {256U, 384U, 1024U}) {
         Player player(song, 400'000);
         engine::setOutputRunning(true);
-        const std::uint64_t most = mostHops(player, frames, [](int i) {
+        const std::uint64_t most = maxHops(player, frames, [](int i) {
             engine::setPlaybackRate(1.0F);
             engine::setPitchCents(0.0F);
             if (i % 2 == 0) {

@@ -58,7 +58,7 @@ StereoFrame chord(std::int64_t frame)
     return {sum, sum};
 }
 
-TEST_P(TimePitchSound, keepsSteadyPartialsSteady)
+TEST_P(TimePitchSound, KeepsSteadyPartialsSteady)
 {
     const Setting setting = GetParam();
     StageUnderTest test(chord, setting.rate, setting.cents);
@@ -75,7 +75,7 @@ TEST_P(TimePitchSound, keepsSteadyPartialsSteady)
     EXPECT_LE(worstBass, 0.12);
 }
 
-TEST_P(TimePitchSound, playsTonesInTune)
+TEST_P(TimePitchSound, PlaysTonesInTune)
 {
     constexpr std::array<double, 8> tones{55.0, 110.0, 220.0, 440.0, 880.0, 1760.0, 3520.0, 7000.0};
     const Setting setting = GetParam();
@@ -98,7 +98,7 @@ TEST_P(TimePitchSound, playsTonesInTune)
     EXPECT_LE(worst, 0.1);
 }
 
-TEST_P(TimePitchSound, keepsClicksWholeAndInTime)
+TEST_P(TimePitchSound, KeepsClicksWholeAndInTime)
 {
     constexpr std::int64_t distance = 13230; // 0.3 s
     constexpr std::int64_t firstClick = 9000;
@@ -149,7 +149,7 @@ TEST_P(TimePitchSound, keepsClicksWholeAndInTime)
     EXPECT_LE(worstSpan, 2.5);
 }
 
-TEST_P(TimePitchSound, keepsTheStereoImage)
+TEST_P(TimePitchSound, KeepsTheStereoImage)
 {
     const Setting setting = GetParam();
     StageUnderTest noise(
@@ -222,7 +222,7 @@ StereoFrame wideBandSong(std::int64_t frame)
     return {0.5F * chord(frame).left + noise, 0.5F * chord(frame).right - 0.3F * noise};
 }
 
-TEST(TimePitchTransition, leavesTheSourceWithoutSkippingOrRepeating)
+TEST(TimePitchTransition, LeavesTheSourceWithoutSkippingOrRepeating)
 {
     StageUnderTest test(wideBandSong, 1.0F, 0.0F);
     test.pull(50 * 1024);
@@ -241,7 +241,7 @@ TEST(TimePitchTransition, leavesTheSourceWithoutSkippingOrRepeating)
     EXPECT_GT(lateHalf, 0.97);
 }
 
-TEST(TimePitchTransition, comesBackToTheSourceWithoutSkippingOrRepeating)
+TEST(TimePitchTransition, ComesBackToTheSourceWithoutSkippingOrRepeating)
 {
     // The engine's delay must be the same whatever was before.
     for (const auto &[setting, seeks] :
@@ -292,7 +292,7 @@ StereoFrame kilohertz(std::int64_t frame)
     return {0.5F * sine(1000.0, frame), 0.5F * sine(1000.0, frame, 1.0)};
 }
 
-TEST(TimePitchTransition, changesWithoutAClick)
+TEST(TimePitchTransition, ChangesWithoutAClick)
 {
     StageUnderTest test(kilohertz, 1.0F, 0.0F);
     Stereo all;
@@ -317,7 +317,7 @@ TEST(TimePitchTransition, changesWithoutAClick)
     EXPECT_LT(click, -60.0);
 }
 
-TEST(TimePitchDrift, keepsToSongTime)
+TEST(TimePitchDrift, KeepsToSongTime)
 {
     // A steady difference is none of drift's business; what it grows by in five seconds, times 120,
     // is ten minutes'.

@@ -177,7 +177,7 @@ void Composition::terminate()
 
 void Composition::open(const QList<QUrl> &urls)
 {
-    OpenRequest request = sortOut(urls);
+    OpenRequest request = classify(urls);
     if (!request.folders.isEmpty()) {
         m_main.sourceTabView->showTab(LB_SourceTabView::FolderTab);
         m_folders.addFolders(request.folders);

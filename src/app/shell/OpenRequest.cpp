@@ -35,7 +35,7 @@ Kind kindOf(const QString &path)
 
 } // namespace
 
-OpenRequest sortOut(const QList<QUrl> &urls)
+OpenRequest classify(const QList<QUrl> &urls)
 {
     using Refusal = OpenRequest::Refusal;
     OpenRequest request;

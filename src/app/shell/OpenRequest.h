@@ -27,7 +27,7 @@ struct OpenRequest {
 };
 
 /// Sorts out `urls`. Asks the file system what each is, and opens nothing.
-OpenRequest sortOut(const QList<QUrl> &urls);
+OpenRequest classify(const QList<QUrl> &urls);
 
 /// Says what was refused, in one line; empty when nothing was.
 QString refusalText(const QList<OpenRequest::Refused> &refused);

@@ -36,7 +36,7 @@ constexpr std::chrono::seconds busPatience(2);
 
 /// Says to the user of a file manager as well as to that of a terminal that a process which is
 /// there does not answer.
-int failForWantOfAnswer()
+int reportUnresponsiveInstance()
 {
     const QString text =
         QCoreApplication::translate("main", "Lyrabox is running already but does not answer.");
@@ -109,7 +109,7 @@ int main(int argc, char **argv)
     case lyrabox::SingleInstance::Role::Second:
         return EXIT_SUCCESS;
     case lyrabox::SingleInstance::Role::Unanswered:
-        return failForWantOfAnswer();
+        return reportUnresponsiveInstance();
     }
 
     // The connection to the sound server takes as long as the windows, which are built meanwhile.

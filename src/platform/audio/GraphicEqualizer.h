@@ -3,7 +3,7 @@
 #include "platform/audio/AudioUnit.h"
 #include "platform/audio/GraphicEqualizerCascade.h"
 #include "platform/audio/GraphicEqualizerDesign.h"
-#include "platform/audio/Published.h"
+#include "platform/audio/TripleBuffer.h"
 
 #include <atomic>
 
@@ -49,7 +49,7 @@ private:
     void *renderContext = nullptr;
 
     // Between the two.
-    Published<equalizer::Coefficients> published;
+    TripleBuffer<equalizer::Coefficients> published;
     std::atomic<bool> resetRequested{
         true}; // so that the first pull starts at its levels, without a ramp
 

@@ -7,10 +7,11 @@ namespace lyrabox {
 
 AudioUnitFactory platformAudioUnits()
 {
-    return {.equalizer = [] { return std::make_unique<GraphicEqualizer>(); },
-            .timePitch = [] { return std::make_unique<TimePitch>(TimePitch::WarmUp::Beside); },
-            .output = [] { return outputModule().makeOutput(); },
-            .defaultOutputWatcher = [] { return outputModule().makeDefaultOutputWatcher(); }};
+    return {
+        .equalizer = [] { return std::make_unique<GraphicEqualizer>(); },
+        .timePitch = [] { return std::make_unique<TimePitch>(TimePitch::WarmUp::InBackground); },
+        .output = [] { return outputModule().makeOutput(); },
+        .defaultOutputWatcher = [] { return outputModule().makeDefaultOutputWatcher(); }};
 }
 
 } // namespace lyrabox

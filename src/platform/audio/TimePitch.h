@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/audio/AudioUnit.h"
-#include "platform/audio/TimePitchCover.h"
+#include "platform/audio/QuickStretcher.h"
 #include "platform/audio/TimePitchHistory.h"
 #include "platform/audio/TimePitchStretcher.h"
 
@@ -29,7 +29,7 @@ namespace lyrabox {
 /// When the source has ended, what has been read ahead is played out at the parameters of that
 /// moment; the source is not pulled again until its last frame has been delivered.
 /// After a reset at other ratios the stretcher has to read ahead as well. Until it has, a
-/// TimePitchCover plays. So no callback has to do all of it at once.
+/// QuickStretcher plays. So no callback has to do all of it at once.
 class TimePitch final : public TimePitchUnit {
 public:
     static constexpr float minimumRate = 0.1F;
@@ -49,9 +49,9 @@ public:
     /// Over which the cover goes over into the stretcher.
     static constexpr std::uint32_t uncoverFrames = 512;
 
-    /// Beside: initialize() puts off the stretcher's warming-up, a tenth of a second, and prepare()
-    /// leaves it to a thread; until it is done render() gives silence.
-    enum class WarmUp { AtOnce, Beside };
+    /// InBackground: initialize() puts off the stretcher's warming-up, a tenth of a second, and
+    /// prepare() leaves it to a thread; until it is done render() gives silence.
+    enum class WarmUp { AtOnce, InBackground };
 
     explicit TimePitch(WarmUp warmUp = WarmUp::AtOnce) : m_warmUp(warmUp) {}
 
@@ -114,7 +114,7 @@ private:
     std::atomic<bool> m_ready{false};
     TimePitchHistory m_history;
     TimePitchStretcher m_stretcher;
-    TimePitchCover m_cover;
+    QuickStretcher m_cover;
     std::vector<float> m_scratch;
 
     State m_state = State::passing;

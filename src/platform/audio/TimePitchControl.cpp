@@ -16,7 +16,7 @@ Status TimePitch::initialize()
     m_cover.allocate();
     m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
     m_resetRequested.store(Reset::atOnce, std::memory_order_release);
-    m_isCold = m_warmUp == WarmUp::Beside;
+    m_isCold = m_warmUp == WarmUp::InBackground;
     if (!m_isCold)
         warmUp();
     return status::noError;

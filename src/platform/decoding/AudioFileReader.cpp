@@ -1,9 +1,9 @@
 #include "platform/decoding/AudioFileReader.h"
 
-#include "platform/decoding/AudioFileReaderConverter.h"
-#include "platform/decoding/AudioFileReaderDecoder.h"
-#include "platform/decoding/AudioFileReaderPackets.h"
-#include "platform/decoding/AudioFileReaderTags.h"
+#include "platform/decoding/Converter.h"
+#include "platform/decoding/Decoder.h"
+#include "platform/decoding/Packets.h"
+#include "platform/decoding/Tags.h"
 #include "platform/foundation/Machine.h"
 
 #include <cmath>
@@ -13,9 +13,9 @@
 namespace lyrabox {
 
 struct AudioFileReader::Private {
-    AudioFileReaderContainer container;
-    AudioFileReaderDecoder decoder; ///< reads from the container, so it goes first
-    AudioFileReaderConverter converter;
+    decoding::Container container;
+    decoding::Decoder decoder; ///< reads from the container, so it goes first
+    decoding::Converter converter;
     QString path;
     AudioStreamBasicDescription client = canonicalStreamFormat();
     bool hasSamples = false;
@@ -104,7 +104,7 @@ Status AudioFileReader::setClientDataFormat(const AudioStreamBasicDescription &f
 Status AudioFileReader::read(std::uint32_t &frames, AudioBufferList &list)
 {
     const std::uint32_t channels = d ? d->client.mChannelsPerFrame : 0;
-    ConvertedFrames out{.channels = {}, .capacity = frames, .count = 0};
+    decoding::ConvertedFrames out{.channels = {}, .capacity = frames, .count = 0};
     frames = 0;
     if (!d || !d->hasSamples || list.mNumberBuffers < channels)
         return status::unspecified;
@@ -156,10 +156,10 @@ std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t most) 
 {
     std::optional<std::uint64_t> counted;
     withoutExceptions([&] {
-        AudioFileReaderContainer container; // the other one goes on from where it is
+        decoding::Container container; // the other one goes on from where it is
         const Status opened = d ? container.open(d->path, m_waitHook) : status::unspecified;
         if (opened == status::noError)
-            counted = countFrames(container, d->client.mSampleRate, most);
+            counted = decoding::countFrames(container, d->client.mSampleRate, most);
         return opened;
     });
     return counted;

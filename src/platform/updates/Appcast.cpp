@@ -11,7 +11,7 @@ namespace lyrabox {
 
 namespace {
 
-constexpr std::size_t mostItems = 1000;
+constexpr std::size_t maxItems = 1000;
 constexpr qsizetype longestNotes = 100'000;
 constexpr qsizetype longestVersion = 100;
 
@@ -146,7 +146,7 @@ std::optional<std::vector<AppcastItem>> parseAppcast(const QByteArray &feed)
             continue;
         }
         while (xml.readNextStartElement()) {
-            if (xml.name() != u"item" || items.size() >= mostItems) {
+            if (xml.name() != u"item" || items.size() >= maxItems) {
                 xml.skipCurrentElement();
                 continue;
             }

@@ -14,7 +14,7 @@ namespace lyrabox {
 
 namespace {
 constexpr qsizetype largestFeed = 1024 * 1024;
-constexpr int mostRedirects = 5;
+constexpr int maxRedirects = 5;
 } // namespace
 
 bool isAllowedFeedURL(const QUrl &url)
@@ -107,7 +107,7 @@ void SUUpdater::finished()
         m_reply->disconnect(this);
         m_reply->deleteLater();
         m_reply = nullptr;
-        if (++m_redirects > mostRedirects)
+        if (++m_redirects > maxRedirects)
             fail(Failure::Refused);
         else
             request(next);

@@ -32,7 +32,7 @@ TEST_F(SortingOut, FilesAndFoldersKeepTheirOrder)
     const QUrl b = file(u"b.mp3"_s);
     const QUrl a = file(u"a.mp3"_s);
     const QUrl place = QUrl::fromLocalFile(folder.path());
-    const OpenRequest request = sortOut({b, place, a});
+    const OpenRequest request = classify({b, place, a});
     EXPECT_EQ(request.files, QList<QUrl>({b, a}));
     EXPECT_EQ(request.folders, QList<QUrl>({place}));
     EXPECT_TRUE(request.refused.isEmpty());
@@ -41,12 +41,12 @@ TEST_F(SortingOut, FilesAndFoldersKeepTheirOrder)
 TEST_F(SortingOut, NamesWithPercentSignAndLineBreakAreFound)
 {
     const QUrl odd = file(u"100% a\nb.mp3"_s);
-    EXPECT_EQ(sortOut({odd}).files, QList<QUrl>({odd}));
+    EXPECT_EQ(classify({odd}).files, QList<QUrl>({odd}));
 }
 
 TEST_F(SortingOut, WhatDoesNotExistIsRefusedByItsName)
 {
-    const OpenRequest request = sortOut({QUrl::fromLocalFile(folder.filePath(u"gone.mp3"_s))});
+    const OpenRequest request = classify({QUrl::fromLocalFile(folder.filePath(u"gone.mp3"_s))});
     ASSERT_EQ(request.refused.size(), 1);
     EXPECT_EQ(request.refused.front().reason, Refusal::Missing);
     EXPECT_EQ(refusalText(request.refused), u"There is no 'gone.mp3'"_s);
@@ -59,7 +59,7 @@ TEST_F(SortingOut, ANameThatIsNoTextIsRefused)
     ASSERT_NE(made, nullptr);
     std::fclose(made);
     const OpenRequest request =
-        sortOut({QUrl::fromEncoded("file://" + name.toPercentEncoding("/"))});
+        classify({QUrl::fromEncoded("file://" + name.toPercentEncoding("/"))});
     ASSERT_EQ(request.refused.size(), 1);
     EXPECT_EQ(request.refused.front().reason, Refusal::Missing);
     EXPECT_TRUE(refusalText(request.refused).contains(u"caf"_s));
@@ -70,7 +70,7 @@ TEST_F(SortingOut, WhatMayNotBeReadIsRefused)
 {
     const QUrl secret = file(u"secret.mp3"_s);
     files::setReadabilityProbe([](const QString &) { return false; });
-    const OpenRequest request = sortOut({secret});
+    const OpenRequest request = classify({secret});
     files::setReadabilityProbe({});
     ASSERT_EQ(request.refused.size(), 1);
     EXPECT_EQ(refusalText(request.refused), u"'secret.mp3' may not be read"_s);
@@ -78,7 +78,7 @@ TEST_F(SortingOut, WhatMayNotBeReadIsRefused)
 
 TEST_F(SortingOut, WhatIsOnAnotherMachineIsRefused)
 {
-    const OpenRequest request = sortOut(
+    const OpenRequest request = classify(
         {QUrl(u"https://lyrabox.example/a.mp3"_s), QUrl(u"file://elsewhere/music/b.mp3"_s)});
     ASSERT_EQ(request.refused.size(), 2);
     EXPECT_EQ(request.refused.at(0).reason, Refusal::NotHere);

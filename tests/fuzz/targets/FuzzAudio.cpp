@@ -17,7 +17,7 @@ namespace lyrabox::fuzz {
 namespace {
 
 /// More than any input needs; what is decoded beyond adds nothing but time.
-constexpr std::uint64_t mostFrames = 44100 * 20;
+constexpr std::uint64_t maxFrames = 44100 * 20;
 
 /// A name sometimes decides what the content leaves open, so the content decides the name.
 QString songName(Bytes bytes)
@@ -71,7 +71,7 @@ void audio(Bytes bytes)
     AudioBufferList list;
     list.mNumberBuffers = 2;
     std::uint64_t total = 0;
-    while (total < mostFrames) {
+    while (total < maxFrames) {
         list.mBuffers[0].mData = left.data();
         list.mBuffers[1].mData = right.data();
         std::uint32_t frames = chunk;

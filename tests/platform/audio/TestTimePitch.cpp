@@ -155,13 +155,13 @@ protected:
     std::vector<float> right;
 };
 
-TEST_F(TimePitchTest, startsAtNormalSpeedAndPitch)
+TEST_F(TimePitchTest, StartsAtNormalSpeedAndPitch)
 {
     EXPECT_EQ(stage.parameter(parameter::rate), 1.0F);
     EXPECT_EQ(stage.parameter(parameter::pitch), 0.0F);
 }
 
-TEST_F(TimePitchTest, givesBackWhatWasSet)
+TEST_F(TimePitchTest, GivesBackWhatWasSet)
 {
     set(0.5F, 150.7F);
     EXPECT_EQ(stage.parameter(parameter::rate), 0.5F);
@@ -171,7 +171,7 @@ TEST_F(TimePitchTest, givesBackWhatWasSet)
     EXPECT_EQ(stage.parameter(parameter::pitch), -9000.0F);
 }
 
-TEST_F(TimePitchTest, refusesUnknownParametersAndValuesThatAreNotFinite)
+TEST_F(TimePitchTest, RefusesUnknownParametersAndValuesThatAreNotFinite)
 {
     EXPECT_EQ(stage.parameter(2), 0.0F);
     EXPECT_EQ(stage.setParameter(2, 1.0F), status::invalidParameter);
@@ -183,12 +183,12 @@ TEST_F(TimePitchTest, refusesUnknownParametersAndValuesThatAreNotFinite)
     EXPECT_EQ(stage.parameter(parameter::pitch), 0.0F);
 }
 
-TEST_F(TimePitchTest, refusesToConnectNothing)
+TEST_F(TimePitchTest, RefusesToConnectNothing)
 {
     EXPECT_EQ(stage.connect(nullptr), status::noConnection);
 }
 
-TEST(TimePitch, isSilentBeforeItIsBuiltAndConnected)
+TEST(TimePitch, IsSilentBeforeItIsBuiltAndConnected)
 {
     TimePitch stage;
     std::vector<float> left(64, 1.0F);
@@ -202,7 +202,7 @@ TEST(TimePitch, isSilentBeforeItIsBuiltAndConnected)
     EXPECT_EQ(right, std::vector<float>(64, 0.0F));
 }
 
-TEST_F(TimePitchTest, passesTheSourceBitForBitInRequestsOfAnySize)
+TEST_F(TimePitchTest, PassesTheSourceBitForBitInRequestsOfAnySize)
 {
     std::int64_t frame = 0;
     for (const std::uint32_t frames : {1U, 127U, 128U, 129U, 1024U, 513U, 8192U, 20000U}) {
@@ -214,7 +214,7 @@ TEST_F(TimePitchTest, passesTheSourceBitForBitInRequestsOfAnySize)
     EXPECT_LT(song.position - frame, 128);
 }
 
-TEST_F(TimePitchTest, deliversExactlyWhatIsAskedAtEverySetting)
+TEST_F(TimePitchTest, DeliversExactlyWhatIsAskedAtEverySetting)
 {
     for (const float rate : {0.1F, 0.75F, 2.0F}) {
         for (const float cents : {-2400.0F, 0.0F, 2400.0F}) {
@@ -233,7 +233,7 @@ TEST_F(TimePitchTest, deliversExactlyWhatIsAskedAtEverySetting)
     EXPECT_TRUE(song.onlySlices);
 }
 
-TEST_F(TimePitchTest, keepsWhatIsHeardWithinItsRange)
+TEST_F(TimePitchTest, KeepsWhatIsHeardWithinItsRange)
 {
     set(50.0F, 0.0F);
     pull(8192);
@@ -249,13 +249,13 @@ TEST_F(TimePitchTest, keepsWhatIsHeardWithinItsRange)
     EXPECT_NEAR(heardPosition() - beforeSlow, 4410.0, 256.0);
 }
 
-TEST_F(TimePitchTest, hasNoLatencyWhenNothingIsChanged)
+TEST_F(TimePitchTest, HasNoLatencyWhenNothingIsChanged)
 {
     pull(1024);
     EXPECT_EQ(stage.latencyFrames(), 0.0);
 }
 
-TEST_F(TimePitchTest, tellsWhichFrameIsHeardRightAfterAReset)
+TEST_F(TimePitchTest, TellsWhichFrameIsHeardRightAfterAReset)
 {
     for (const float rate : {0.5F, 0.75F, 1.25F, 2.0F}) {
         for (const float cents : {0.0F, 300.0F, -300.0F}) {
@@ -270,7 +270,7 @@ TEST_F(TimePitchTest, tellsWhichFrameIsHeardRightAfterAReset)
     }
 }
 
-TEST_F(TimePitchTest, soundsFromTheNewPlaceInTheFirstBufferAfterAReset)
+TEST_F(TimePitchTest, SoundsFromTheNewPlaceInTheFirstBufferAfterAReset)
 {
     for (const float rate : {0.5F, 1.0F, 1.25F, 2.0F}) {
         set(rate, 0.0F);
@@ -286,7 +286,7 @@ TEST_F(TimePitchTest, soundsFromTheNewPlaceInTheFirstBufferAfterAReset)
     }
 }
 
-TEST_F(TimePitchTest, startsWithoutDelayAfterAResetAtNormalSpeed)
+TEST_F(TimePitchTest, StartsWithoutDelayAfterAResetAtNormalSpeed)
 {
     set(0.5F, 0.0F);
     pull(5000);
@@ -297,7 +297,7 @@ TEST_F(TimePitchTest, startsWithoutDelayAfterAResetAtNormalSpeed)
     expectSongFrom(5);
 }
 
-TEST_F(TimePitchTest, keepsItsParametersThroughAReset)
+TEST_F(TimePitchTest, KeepsItsParametersThroughAReset)
 {
     set(0.5F, 100.0F);
     stage.reset();
@@ -306,7 +306,7 @@ TEST_F(TimePitchTest, keepsItsParametersThroughAReset)
     EXPECT_EQ(stage.parameter(parameter::pitch), 100.0F);
 }
 
-TEST_F(TimePitchTest, comesBackToTheSourceBitForBitWhereTheStretcherStood)
+TEST_F(TimePitchTest, ComesBackToTheSourceBitForBitWhereTheStretcherStood)
 {
     pull(1000);
     set(0.75F, 200.0F);
@@ -326,14 +326,14 @@ TEST_F(TimePitchTest, comesBackToTheSourceBitForBitWhereTheStretcherStood)
     EXPECT_LT(stage.latencyFrames(), 128.0);
 }
 
-TEST_F(TimePitchTest, playsSilenceWhenTheSourceGivesNothing)
+TEST_F(TimePitchTest, PlaysSilenceWhenTheSourceGivesNothing)
 {
     song.silent = true;
     pull(1024);
     EXPECT_EQ(*std::max_element(left.begin(), left.end() - 1), 0.0F);
 }
 
-TEST_F(TimePitchTest, takesParametersAndResetsFromAnotherThreadWhileItRenders)
+TEST_F(TimePitchTest, TakesParametersAndResetsFromAnotherThreadWhileItRenders)
 {
     std::atomic<bool> done{false};
     std::thread control([this, &done] {
@@ -356,7 +356,7 @@ TEST_F(TimePitchTest, takesParametersAndResetsFromAnotherThreadWhileItRenders)
     EXPECT_EQ(stage.parameter(parameter::pitch), 99.0F);
 }
 
-TEST_F(TimePitchTest, allocatesNothingWhileItRenders)
+TEST_F(TimePitchTest, AllocatesNothingWhileItRenders)
 {
     if (!seesAllocations)
         GTEST_SKIP() << "the sanitizer's allocator is in place";

@@ -8,12 +8,12 @@
 namespace lyrabox {
 namespace {
 
-TEST(TimePitchRatio, isOneForNoShift)
+TEST(TimePitchRatio, IsOneForNoShift)
 {
     EXPECT_EQ(pitchRatioForCents(0.0), (PitchRatio{1, 1}));
 }
 
-TEST(TimePitchRatio, isExactForOctaves)
+TEST(TimePitchRatio, IsExactForOctaves)
 {
     EXPECT_EQ(pitchRatioForCents(1200.0), (PitchRatio{2, 1}));
     EXPECT_EQ(pitchRatioForCents(-1200.0), (PitchRatio{1, 2}));
@@ -21,7 +21,7 @@ TEST(TimePitchRatio, isExactForOctaves)
     EXPECT_EQ(pitchRatioForCents(-2400.0), (PitchRatio{1, 4}));
 }
 
-TEST(TimePitchRatio, staysCloseToEveryCentWithShortParts)
+TEST(TimePitchRatio, StaysCloseToEveryCentWithShortParts)
 {
     double worst = 0.0;
     for (int cents = -2400; cents <= 2400; ++cents) {
@@ -34,7 +34,7 @@ TEST(TimePitchRatio, staysCloseToEveryCentWithShortParts)
     EXPECT_LE(worst, 0.05);
 }
 
-TEST(TimePitchRatio, keepsToTwoOctaves)
+TEST(TimePitchRatio, KeepsToTwoOctaves)
 {
     EXPECT_EQ(pitchRatioForCents(5000.0), (PitchRatio{4, 1}));
     EXPECT_EQ(pitchRatioForCents(-5000.0), (PitchRatio{1, 4}));

@@ -58,20 +58,20 @@ std::vector<float> heardAtThreeQuarters(TimePitch::WarmUp warmUp)
 TEST(TimePitchWarmUp, SoundsTheSameWhenItWasDoneBeside)
 {
     const std::vector<float> atOnce = heardAtThreeQuarters(TimePitch::WarmUp::AtOnce);
-    EXPECT_TRUE(atOnce == heardAtThreeQuarters(TimePitch::WarmUp::Beside));
+    EXPECT_TRUE(atOnce == heardAtThreeQuarters(TimePitch::WarmUp::InBackground));
     EXPECT_NE(atOnce.back(), 0.0F);
 }
 
 TEST(TimePitchWarmUp, IsWaitedForByAUnitThatGoes)
 {
-    TimePitch unit(TimePitch::WarmUp::Beside);
+    TimePitch unit(TimePitch::WarmUp::InBackground);
     EXPECT_EQ(unit.initialize(), status::noError);
     unit.prepare();
 }
 
 TEST(TimePitchWarmUp, MayBeBegunBeforeItIsWaitedForAndOnceIsEnough)
 {
-    TimePitch unit(TimePitch::WarmUp::Beside);
+    TimePitch unit(TimePitch::WarmUp::InBackground);
     unit.prepare(); // there is nothing to prepare yet
     EXPECT_EQ(unit.initialize(), status::noError);
     unit.prepare();
@@ -95,6 +95,6 @@ TEST(TimePitchWarmUp, MayBeBegunBeforeItIsWaitedForAndOnceIsEnough)
 
 TEST(TimePitchWarmUp, AUnitThatWasNeverPreparedMayGo)
 {
-    TimePitch unit(TimePitch::WarmUp::Beside);
+    TimePitch unit(TimePitch::WarmUp::InBackground);
     EXPECT_EQ(unit.initialize(), status::noError);
 }

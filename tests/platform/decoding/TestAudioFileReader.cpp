@@ -1,6 +1,6 @@
 #include "platform/decoding/AudioFileReader.h"
 
-#include "platform/decoding/AudioFileReaderTools.h"
+#include "platform/decoding/DecodingTools.h"
 #include "support/SampleAudio.h"
 
 #include <QFile>

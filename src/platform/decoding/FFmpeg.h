@@ -1,0 +1,49 @@
+#pragma once
+
+// FFmpeg's headers and its objects with owners. Included by the sources of the reader only.
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/channel_layout.h>
+#include <libavutil/opt.h>
+#include <libavutil/version.h>
+#include <libswresample/swresample.h>
+}
+
+#include <cstdint>
+#include <memory>
+
+namespace lyrabox::decoding {
+
+/// Gives back what FFmpeg allocated, each kind in its own way.
+struct AvDeleter {
+    void operator()(AVFormatContext *context) const noexcept { avformat_close_input(&context); }
+    void operator()(AVCodecContext *context) const noexcept { avcodec_free_context(&context); }
+    void operator()(AVCodecParameters *object) const noexcept { avcodec_parameters_free(&object); }
+    void operator()(AVFrame *frame) const noexcept { av_frame_free(&frame); }
+    void operator()(AVPacket *packet) const noexcept { av_packet_free(&packet); }
+    void operator()(AVBufferRef *buffer) const noexcept { av_buffer_unref(&buffer); }
+    void operator()(SwrContext *context) const noexcept { swr_free(&context); }
+    void operator()(AVIOContext *context) const noexcept
+    {
+        av_freep(&context->buffer);
+        avio_context_free(&context);
+    }
+};
+
+template <typename T>
+using AvPointer = std::unique_ptr<T, AvDeleter>;
+
+/// How long the frame's packet says that it lasts, in units of its stream's time base; 0 when it
+/// does not say.
+inline std::int64_t frameDuration(const AVFrame &frame) noexcept
+{
+#if LIBAVUTIL_VERSION_INT >= AV_VERSION_INT(57, 30, 100)
+    return frame.duration;
+#else
+    return frame.pkt_duration;
+#endif
+}
+
+} // namespace lyrabox::decoding
