@@ -1,0 +1,60 @@
+"""Lets a script of the project run in a folder of its own, with stand-ins for the tools that it calls."""
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
+
+
+class ScriptTest(unittest.TestCase):
+    """`root` is a tree that holds nothing but the scripts under test. Each test makes its stand-ins in root/bin."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name)
+        (self.root / "scripts").mkdir()
+        (self.root / "bin").mkdir()
+
+    def take(self, name):
+        """Copies a script of the project into the tree."""
+        shutil.copy(SOURCE / "scripts" / name, self.root / "scripts" / name)
+
+    def stand_in(self, path, text):
+        """Makes an executable shell script at a path below the root."""
+        file = self.root / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.unlink(missing_ok=True)
+        file.write_text("#!/bin/sh\n" + text)
+        file.chmod(0o755)
+
+    def only(self, *tools):
+        """Hides the system's tools: of them, only these are left."""
+        for tool in ("bash", *tools):
+            (self.root / "bin" / tool).symlink_to(shutil.which(tool))
+        self.path = str(self.root / "bin")
+
+    path = None
+
+    def run_script(self, name, *arguments, **variables):
+        environment = {"PATH": self.path or f"{self.root / 'bin'}:/usr/bin:/bin", "STATE": str(self.root),
+                       "HOME": str(self.root), "DPKG_ADMINDIR": str(self.root), **variables}
+        return subprocess.run([shutil.which("bash"), self.root / "scripts" / name, *arguments], text=True,
+                              capture_output=True, check=False, env=environment, timeout=60)
+
+    def lines(self, name):
+        file = self.root / name
+        return file.read_text().splitlines() if file.exists() else []
+
+    def assert_one_line(self, result, *texts):
+        """The script fails, and says why in one line that holds these texts."""
+        self.assertEqual(result.returncode, 1, result.stderr)
+        self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
+        for text in texts:
+            self.assertIn(text, result.stderr)
+
+
+def main():
+    unittest.main()
