@@ -171,7 +171,8 @@ TEST_F(AppDelegate, ReturnInTheSearchFieldFocusesTheTransport)
 {
     launch();
     main.show();
-    QApplication::setActiveWindow(&main);
+    main.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
     search->setFocus();
     QTest::keyClick(search, Qt::Key_Return);
     EXPECT_EQ(main.focusWidget(), transport);
