@@ -1,6 +1,7 @@
 #include "engine/AudioEngineControl.h"
+#include "platform/audio/SoundRanges.h"
 
-#include <limits>
+#include <array>
 #include <utility>
 
 namespace lyrabox::engine {
@@ -9,15 +10,12 @@ namespace {
 
 using Lock = std::lock_guard<std::mutex>;
 
-/// The equalizer parameters that the ten controls use: every third band, starting with the third.
-constexpr std::array<std::uint32_t, 10> usedBands{2, 5, 8, 11, 14, 17, 20, 23, 26, 29};
-
 /// The values that survive a change of the output device.
 struct CarriedValues {
     float volume;
     float rate;
     float pitch;
-    std::array<float, usedBands.size()> levels;
+    std::array<float, equalizerControls> levels;
 };
 
 CarriedValues readValues(const Chain &chain)
@@ -26,8 +24,8 @@ CarriedValues readValues(const Chain &chain)
     values.volume = chain.output->parameter(parameter::outputVolume);
     values.rate = chain.timePitch->parameter(parameter::rate);
     values.pitch = chain.timePitch->parameter(parameter::pitch);
-    for (std::size_t i = 0; i < usedBands.size(); ++i)
-        values.levels[i] = chain.equalizer->parameter(usedBands[i]);
+    for (std::uint32_t i = 0; i < equalizerControls; ++i)
+        values.levels[i] = chain.equalizer->parameter(equalizerBandOfControl(i));
     return values;
 }
 
@@ -36,8 +34,8 @@ void writeValues(const Chain &chain, const CarriedValues &values)
     chain.output->setParameter(parameter::outputVolume, values.volume);
     chain.timePitch->setParameter(parameter::rate, values.rate);
     chain.timePitch->setParameter(parameter::pitch, values.pitch);
-    for (std::size_t i = 0; i < usedBands.size(); ++i)
-        chain.equalizer->setParameter(usedBands[i], values.levels[i]);
+    for (std::uint32_t i = 0; i < equalizerControls; ++i)
+        chain.equalizer->setParameter(equalizerBandOfControl(i), values.levels[i]);
 }
 
 template <typename Unit>
@@ -175,6 +173,18 @@ AudioEngineState &state()
     return theState;
 }
 
+ReadingPointExchange &reading()
+{
+    static ReadingPointExchange theExchange;
+    return theExchange;
+}
+
+void placeAtFrame(std::uint64_t frame)
+{
+    state().currentFrame.store(frame, std::memory_order_release);
+    reading().seekCount.fetch_add(1, std::memory_order_release);
+}
+
 Control &control()
 {
     static auto *const theControl = new Control;
@@ -251,7 +261,7 @@ void tearDownAudioSystem()
     releaseChannelBuffers(maximumChannels, false);
     state().albumArtData = {};
     state().totalFrames = 0;
-    state().currentFrame = 0;
+    placeAtFrame(0);
     state().loopStartFrame = 0;
     state().loopEndFrame = 0;
     state().isLooping = false;
@@ -293,7 +303,7 @@ void setSoundStatusHook(std::function<void()> hook)
 void seekToFrame(std::uint64_t frame)
 {
     const Lock lock(control().mutex);
-    state().currentFrame.store(frame, std::memory_order_release);
+    placeAtFrame(frame);
     const Chain &chain = control().chain;
     const bool keeps = keepsHeldSound();
     if (chain.output && !keeps)
@@ -321,78 +331,6 @@ void haltWhenPlayedOut()
     control().haltIsDue = false;
     if (output && !output->isRunning())
         halt(*output);
-}
-
-std::uint64_t currentFrame()
-{
-    return state().currentFrame.load(std::memory_order_relaxed);
-}
-
-std::uint64_t totalFrames()
-{
-    return state().totalFrames.load(std::memory_order_relaxed);
-}
-
-std::uint64_t loopStartFrame()
-{
-    return state().loopStartFrame.load(std::memory_order_relaxed);
-}
-
-void setLoopStartFrame(std::uint64_t frame)
-{
-    state().loopStartFrame.store(frame, std::memory_order_relaxed);
-}
-
-std::uint64_t loopEndFrame()
-{
-    return state().loopEndFrame.load(std::memory_order_relaxed);
-}
-
-void setLoopEndFrame(std::uint64_t frame)
-{
-    state().loopEndFrame.store(frame, std::memory_order_relaxed);
-}
-
-bool isLooping()
-{
-    return state().isLooping.load(std::memory_order_relaxed);
-}
-
-void setIsLooping(bool looping)
-{
-    // Released, so that a callback that sees the loop sees the points that were set before it.
-    state().isLooping.store(looping, std::memory_order_release);
-}
-
-bool trackHasEnded()
-{
-    return state().trackHasEnded.load(std::memory_order_acquire);
-}
-
-void setTrackHasEnded(bool ended)
-{
-    state().trackHasEnded.store(ended, std::memory_order_relaxed);
-}
-
-QByteArray albumArtData()
-{
-    return state().albumArtData;
-}
-
-AudioStreamBasicDescription streamFormat()
-{
-    const Lock lock(control().mutex);
-    return state().streamFormat;
-}
-
-std::int64_t wholeSeconds(std::uint64_t frames, double sampleRate)
-{
-    if (!(sampleRate > 0.0))
-        return 0;
-    const double seconds = static_cast<double>(frames) / sampleRate;
-    constexpr double limit = 9223372036854775808.0; // 2^63
-    return seconds < limit ? static_cast<std::int64_t>(seconds)
-                           : std::numeric_limits<std::int64_t>::max();
 }
 
 } // namespace lyrabox::engine

@@ -142,6 +142,11 @@ void tearDownAudioSystem();
 
 // Fields.
 std::uint64_t currentFrame();
+/// The frame of the song that is heard now: currentFrame() minus what time/pitch and the output
+/// hold. A loop's jump is followed back. Main thread. Exact to what the device asks for at a time,
+/// about 10 ms, and to 30 ms in the first moments after a change of speed. Never beyond
+/// totalFrames().
+std::uint64_t heardFrame();
 std::uint64_t totalFrames();
 std::uint64_t loopStartFrame();
 void setLoopStartFrame(std::uint64_t frame);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/AudioEngine.h"
+#include "engine/ReadingPoint.h"
 
 #include <mutex>
 
@@ -41,6 +42,12 @@ struct Control {
 };
 
 AudioEngineState &state();
+
+/// How playback came to where it is; for heardFrame().
+ReadingPointExchange &reading();
+
+/// Sets the position and counts that as a seek, without touching the stages.
+void placeAtFrame(std::uint64_t frame);
 
 /// Never destroyed: threads of the sound system may still be running when static objects go.
 Control &control();

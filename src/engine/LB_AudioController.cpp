@@ -33,12 +33,6 @@ void makeWindowFirstResponder(const QWidget *control)
         field->clearFocus();
 }
 
-float clampedToSlider(float value, const LB_Slider &slider)
-{
-    return transport::clamped(value, static_cast<float>(slider.minValue()),
-                              static_cast<float>(slider.maxValue()));
-}
-
 } // namespace
 
 LB_AudioController::FatalErrorHandling LB_AudioController::alertAndQuit()
@@ -223,12 +217,11 @@ QImage LB_AudioController::albumArtImage() const
 void LB_AudioController::resetPlaybackSystem()
 {
     setTrackHasEnded(false);
-    m_loopButton->setState(0);
+    showLoop(LoopPhase::Off);
     setLoopEndFrame(0);
     setLoopStartFrame(0);
     setIsLooping(false);
     setLoopStartIsSet(false);
-    m_loopButton->setImage(lyrabox::NamedImage(u"LoopButton1"_s));
     setPlaybackSpeedPct(transport::normalSpeed);
     setPlaybackPitch(transport::normalPitch);
     Q_EMIT loopChanged();
@@ -253,45 +246,71 @@ void LB_AudioController::playPauseButtonPressed(lyrabox::StateButton *sender)
 
 void LB_AudioController::loopButtonPressed(lyrabox::StateButton *sender)
 {
-    switch (sender->state()) {
-    case -1:
-        setLoopStartFrame(currentFrame());
-        setIsLooping(false);
-        setLoopStartIsSet(true);
-        sender->setImage(lyrabox::NamedImage(u"LoopButton2"_s));
+    // The button has advanced already, and its new state says what to do: docs/kept-on-purpose.md.
+    switch (LoopPhase{sender->state()}) {
+    case LoopPhase::StartMarked:
+        markLoopStart(currentFrame());
         break;
-    case 1:
-        setLoopEndFrame(currentFrame());
-        setIsLooping(true);
-        sender->setImage(lyrabox::NamedImage(u"LoopButton3"_s));
+    case LoopPhase::Looping:
+        setLoop({.start = loopStartFrame(), .end = currentFrame()});
         break;
-    case 0:
-        setIsLooping(false);
-        setLoopStartIsSet(false);
-        sender->setImage(lyrabox::NamedImage(u"LoopButton1"_s));
+    case LoopPhase::Off:
+        clearLoop();
         break;
-    default:
-        return;
     }
+}
+
+void LB_AudioController::markLoopStart(quint64 frame)
+{
+    setLoopStartFrame(frame);
+    setIsLooping(false);
+    setLoopStartIsSet(true);
+    showLoop(LoopPhase::StartMarked);
     Q_EMIT loopChanged();
+}
+
+void LB_AudioController::setLoop(lyrabox::LoopRange range)
+{
+    // The callback must not see the start of one loop with the end of another.
+    if (loopStartFrame() != range.start || loopEndFrame() != range.end)
+        setIsLooping(false);
+    setLoopStartFrame(range.start);
+    setLoopEndFrame(range.end);
+    setIsLooping(true);
+    setLoopStartIsSet(true);
+    showLoop(LoopPhase::Looping);
+    Q_EMIT loopChanged();
+}
+
+void LB_AudioController::clearLoop()
+{
+    setIsLooping(false);
+    setLoopStartIsSet(false);
+    showLoop(LoopPhase::Off);
+    Q_EMIT loopChanged();
+}
+
+void LB_AudioController::showLoop(LoopPhase phase)
+{
+    m_loopButton->setState(static_cast<int>(phase));
+    const QString image = phase == LoopPhase::Off           ? u"LoopButton1"_s
+                          : phase == LoopPhase::StartMarked ? u"LoopButton2"_s
+                                                            : u"LoopButton3"_s;
+    m_loopButton->setImage(lyrabox::NamedImage(image));
 }
 
 void LB_AudioController::speedButtonPressed(lyrabox::ButtonMatrix *sender)
 {
     makeWindowFirstResponder(sender);
-    setPlaybackSpeedPct(
-        clampedToSlider(transport::stepped(sender->selectedTag(), playbackSpeedPct(),
-                                           transport::speedStep, transport::normalSpeed),
-                        *m_playbackSpeedSlider));
+    setPlaybackSpeedPct(playbackSpeedRange().clamped(transport::stepped(
+        sender->selectedTag(), playbackSpeedPct(), transport::speedStep, transport::normalSpeed)));
 }
 
 void LB_AudioController::pitchButtonPressed(lyrabox::ButtonMatrix *sender)
 {
     makeWindowFirstResponder(sender);
-    setPlaybackPitch(
-        clampedToSlider(transport::stepped(sender->selectedTag(), playbackPitch(),
-                                           transport::pitchStep, transport::normalPitch),
-                        *m_playbackPitchSlider));
+    setPlaybackPitch(playbackPitchRange().clamped(transport::stepped(
+        sender->selectedTag(), playbackPitch(), transport::pitchStep, transport::normalPitch)));
 }
 
 void LB_AudioController::speedSliderMoved(LB_Slider *sender)
@@ -313,7 +332,7 @@ void LB_AudioController::speedTextChanged(lyrabox::NumberField *sender)
 {
     const float value = sender->floatValue();
     if (transport::isAcceptedEntry(value))
-        setPlaybackSpeedPct(clampedToSlider(value, *m_playbackSpeedSlider));
+        setPlaybackSpeedPct(playbackSpeedRange().clamped(value));
     else
         sender->setFloatValue(playbackSpeedPct());
 }
@@ -322,7 +341,7 @@ void LB_AudioController::pitchTextChanged(lyrabox::NumberField *sender)
 {
     const float value = sender->floatValue();
     if (transport::isAcceptedEntry(value))
-        setPlaybackPitch(clampedToSlider(value, *m_playbackPitchSlider));
+        setPlaybackPitch(playbackPitchRange().clamped(value));
     else
         sender->setFloatValue(playbackPitch());
 }

@@ -3,7 +3,9 @@
 #include "app/controls/LB_PopUpButtonCell.h"
 #include "app/controls/LB_ScrollingTextView.h"
 #include "app/controls/LB_Slider.h"
+#include "engine/LoopRange.h"
 #include "engine/TrackRecord.h"
+#include "platform/audio/SoundRanges.h"
 #include "platform/audio/StreamFormat.h"
 #include "platform/foundation/ProgressPacer.h"
 #include "platform/foundation/Status.h"
@@ -19,6 +21,7 @@
 
 #include <functional>
 #include <future>
+#include <optional>
 
 class LB_SettingsController;
 
@@ -94,6 +97,22 @@ public:
     quint64 currentFrame() const;
     void setCurrentFrame(quint64 frame);
     quint64 totalFrames() const;
+    /// The frame that is heard now. currentFrame() is ahead of it by what time/pitch and the output
+    /// hold, up to a quarter of a second of song. See engine::heardFrame() for how exact it is.
+    quint64 heardFrame() const;
+
+    /// The loop that plays, or nothing.
+    std::optional<lyrabox::LoopRange> loop() const;
+    /// Loops from now on, and shows that on the loop button. The points are taken as they are: with
+    /// an end that is not behind the start, playback stays at the start. Sends loopChanged().
+    void setLoop(lyrabox::LoopRange range);
+    /// Marks the start of a loop whose end is to come, and shows that on the loop button. Playback
+    /// does not loop until setLoop(). Sends loopChanged().
+    void markLoopStart(quint64 frame);
+    /// Ends the loop, or the mark. The loop's frames stay readable. Sends loopChanged().
+    void clearLoop();
+
+    // The fields of the loop one by one. The button does not follow, and no signal is sent.
     quint64 loopStartFrame() const;
     void setLoopStartFrame(quint64 frame);
     quint64 loopEndFrame() const;
@@ -125,6 +144,11 @@ public:
     /// Cents, read in whole ones. Moves the slider and the field along.
     float playbackPitch() const;
     void setPlaybackPitch(float cents);
+
+    /// What the speed slider and the pitch slider offer, in percent and cents. The step buttons and
+    /// the fields keep to it. The setters above take any value.
+    lyrabox::ValueRange playbackSpeedRange() const;
+    lyrabox::ValueRange playbackPitchRange() const;
 
     /// `index` is the equalizer's parameter ID; dB.
     float eqLevelForIndex(quint32 index) const;
@@ -173,6 +197,7 @@ Q_SIGNALS:
     void outputVolumeChanged(float volume);
     void runningChanged(bool running);
     void speedOrPitchChanged();
+    /// The loop, its start mark or both were set or cleared.
     void loopChanged();
     /// The pop-up shows anew whether the song has settings, and the song's record says the same.
     void songSettingsShown();
@@ -183,8 +208,12 @@ Q_SIGNALS:
     void soundProblemChanged();
 
 private:
+    /// The states of the loop button.
+    enum class LoopPhase { Off = 0, StartMarked = -1, Looping = 1 };
+
     static QString buildFailureText(lyrabox::Status status);
     void setTransportEnabled(bool enabled);
+    void showLoop(LoopPhase phase);
     void showLoadedTrack();
     void storeSettings(lyrabox::SongValues values);
     void announceTrackChange();

@@ -10,6 +10,16 @@
 namespace engine = lyrabox::engine;
 namespace transport = lyrabox::transport;
 
+namespace {
+
+lyrabox::ValueRange rangeOf(const LB_Slider &slider)
+{
+    return {.minimum = static_cast<float>(slider.minValue()),
+            .maximum = static_cast<float>(slider.maxValue())};
+}
+
+} // namespace
+
 lyrabox::AudioStreamBasicDescription LB_AudioController::audioBufferFormat() const
 {
     return engine::streamFormat();
@@ -29,6 +39,18 @@ void LB_AudioController::setCurrentFrame(quint64 frame)
 quint64 LB_AudioController::totalFrames() const
 {
     return engine::totalFrames();
+}
+
+quint64 LB_AudioController::heardFrame() const
+{
+    return engine::heardFrame();
+}
+
+std::optional<lyrabox::LoopRange> LB_AudioController::loop() const
+{
+    if (!isLooping())
+        return std::nullopt;
+    return lyrabox::LoopRange{.start = loopStartFrame(), .end = loopEndFrame()};
 }
 
 quint64 LB_AudioController::loopStartFrame() const
@@ -135,6 +157,16 @@ void LB_AudioController::setPlaybackPitch(float cents)
     m_playbackPitchTextField->setFloatValue(cents);
     engine::setPitchCents(cents);
     Q_EMIT speedOrPitchChanged();
+}
+
+lyrabox::ValueRange LB_AudioController::playbackSpeedRange() const
+{
+    return rangeOf(*m_playbackSpeedSlider);
+}
+
+lyrabox::ValueRange LB_AudioController::playbackPitchRange() const
+{
+    return rangeOf(*m_playbackPitchSlider);
 }
 
 float LB_AudioController::eqLevelForIndex(quint32 index) const

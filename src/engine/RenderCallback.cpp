@@ -32,57 +32,78 @@ void copyFrames(std::byte *destination, std::uint64_t bytes, const std::byte *ch
     }
 }
 
-} // namespace
-
-Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
-                      AudioBufferList &ioData) noexcept
+/// Moves the position from `from` to `to`. A seek that came meanwhile wins: then the position stays
+/// and the result is false.
+bool moveOn(AudioEngineState &engine, std::uint64_t from, std::uint64_t to) noexcept
 {
-    AudioEngineState &engine = state();
-    const std::uint64_t start = engine.currentFrame.load(std::memory_order_acquire);
-    const std::uint64_t total = engine.totalFrames.load(std::memory_order_acquire);
+    return engine.currentFrame.compare_exchange_strong(from, to, std::memory_order_relaxed);
+}
 
-    // Whoever seeks while this runs wins: the position moves on only from where it was found.
-    const auto moveOn = [&engine, start](std::uint64_t frame) {
-        std::uint64_t expected = start;
-        return engine.currentFrame.compare_exchange_strong(expected, frame,
-                                                           std::memory_order_relaxed);
-    };
+/// Ends the song and parks the position at `end`. If a seek came meanwhile, the song goes on from
+/// there, and nothing is done.
+void endSong(AudioEngineState &engine, std::uint64_t start, std::uint64_t end) noexcept
+{
+    if (!moveOn(engine, start, end))
+        return;
+    if (OutputUnit *output = engine.outputUnit.load(std::memory_order_acquire))
+        output->stop();
+    if (TimePitchUnit *timePitch = engine.timePitchUnit.load(std::memory_order_acquire))
+        timePitch->sourceHasEnded();
+    // A seek that came after the end was decided is dropped.
+    engine.currentFrame.store(end, std::memory_order_relaxed);
+    engine.trackHasEnded.store(true, std::memory_order_release);
+}
 
-    // 32 bits and 64 bits on purpose; both may wrap, the position past the end as well as before
-    // the start.
-    const std::uint32_t margin = 2U * inNumberFrames;
-    const std::uint64_t remaining = total - start;
-    if (remaining <= margin) {
-        // Either the seek holds and the song goes on from there, or the song has ended and the seek
-        // came too late; never half of each.
-        const std::uint64_t end = total - margin;
-        if (!moveOn(end))
-            return status::noError;
-        if (OutputUnit *output = engine.outputUnit.load(std::memory_order_acquire))
-            output->stop();
-        if (TimePitchUnit *timePitch = engine.timePitchUnit.load(std::memory_order_acquire))
-            timePitch->sourceHasEnded();
-        engine.currentFrame.store(end, std::memory_order_relaxed);
-        engine.trackHasEnded.store(true, std::memory_order_release);
-        return status::noError;
-    }
-
-    std::uint64_t position = start;
-    if (engine.isLooping.load(std::memory_order_acquire) &&
-        position >= engine.loopEndFrame.load(std::memory_order_relaxed))
-        position = engine.loopStartFrame.load(std::memory_order_relaxed);
-
+void copySong(const AudioEngineState &engine, std::uint64_t position, std::uint64_t total,
+              AudioBufferList &ioData, std::uint32_t channels) noexcept
+{
     const std::uint32_t bytesPerFrame = std::max(engine.streamFormat.mBytesPerFrame, 1U);
-    const std::uint32_t channels = std::min(ioData.mNumberBuffers, maximumChannels);
     for (std::uint32_t i = 0; i < channels; ++i) {
         const AudioBuffer &buffer = ioData.mBuffers[i];
         const std::byte *channel = engine.channelBuffers[i].load(std::memory_order_acquire);
         copyFrames(static_cast<std::byte *>(buffer.mData), buffer.mDataByteSize, channel, position,
                    channel ? total : 0, bytesPerFrame);
     }
+}
+
+} // namespace
+
+Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
+                      AudioBufferList &ioData) noexcept
+{
+    AudioEngineState &engine = state();
+    ReadingPoint &point = reading().current;
+    const std::uint64_t seekCount = reading().seekCount.load(std::memory_order_acquire);
+    const std::uint64_t start = engine.currentFrame.load(std::memory_order_acquire);
+    const std::uint64_t total = engine.totalFrames.load(std::memory_order_acquire);
+    if (point.seekCount != seekCount)
+        point = {.frame = start, .seekCount = seekCount};
+
+    // 32 bits and 64 bits on purpose. Both may wrap, past the song's end as well as before its
+    // start.
+    const std::uint32_t margin = 2U * inNumberFrames;
+    const std::uint64_t remaining = total - start;
+    if (remaining <= margin) {
+        endSong(engine, start, total - margin);
+        return status::noError;
+    }
+
+    std::uint64_t position = start;
+    // Tested once a callback, so the end is overshot by up to one slice: docs/kept-on-purpose.md.
+    if (engine.isLooping.load(std::memory_order_acquire) &&
+        position >= engine.loopEndFrame.load(std::memory_order_relaxed)) {
+        position = engine.loopStartFrame.load(std::memory_order_relaxed);
+        point.jump(start, position);
+    }
+    const std::uint32_t channels = std::min(ioData.mNumberBuffers, maximumChannels);
+    copySong(engine, position, total, ioData, channels);
     engine.channelIndex.store(channels, std::memory_order_relaxed);
 
-    moveOn(position + inNumberFrames);
+    if (moveOn(engine, start, position + inNumberFrames)) {
+        point.frame = position + inNumberFrames;
+        point.framesSinceJump += inNumberFrames;
+        reading().published.publish(point);
+    }
     return status::noError;
 }
 

@@ -224,7 +224,7 @@ Status loadAudioFile(const QUrl &url)
 
 void emptyAudioBuffers()
 {
-    state().currentFrame.store(0, std::memory_order_relaxed);
+    placeAtFrame(0);
     state().channelIndex.store(0, std::memory_order_relaxed);
     releaseChannelBuffers(streamFormat().mChannelsPerFrame, true);
     state().albumArtData = {};

@@ -6,13 +6,6 @@
 
 namespace lyrabox::transport {
 
-float clamped(float value, float minimum, float maximum)
-{
-    if (value < minimum)
-        return minimum;
-    return value > maximum ? maximum : value;
-}
-
 namespace {
 
 /// Takes away what rounding to floats has added to a value in hundredths.

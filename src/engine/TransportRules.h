@@ -12,9 +12,6 @@ constexpr float normalPitch = 0.0F;   ///< cents
 constexpr float speedStep = 5.0F;     ///< percent
 constexpr float pitchStep = 100.0F;   ///< cents, one semitone
 
-/// `value` brought between the limits.
-float clamped(float value, float minimum, float maximum);
-
 /// What a cell of a step matrix makes of the current value: tag 0 one step down, 1 the normal
 /// value, 2 one step up, any other the current value. A step from a value in hundredths gives the
 /// float nearest to the hundredth that it leads to, so a step back returns to the same float.

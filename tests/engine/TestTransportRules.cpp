@@ -9,14 +9,6 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-TEST(TransportRules, ClampedBringsAValueBetweenTheLimits)
-{
-    EXPECT_EQ(clamped(9.0F, 10.0F, 200.0F), 10.0F);
-    EXPECT_EQ(clamped(201.0F, 10.0F, 200.0F), 200.0F);
-    EXPECT_EQ(clamped(62.5F, 10.0F, 200.0F), 62.5F);
-    EXPECT_EQ(clamped(std::numeric_limits<float>::infinity(), 10.0F, 200.0F), 200.0F);
-}
-
 TEST(TransportRules, TagsStepDownResetAndUpAndOthersChangeNothing)
 {
     EXPECT_EQ(stepped(0, 80.0F, speedStep, normalSpeed), 75.0F);

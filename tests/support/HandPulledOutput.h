@@ -43,6 +43,13 @@ public:
     bool isRunning() const noexcept override { return m_renderer.isRunning(); }
     bool isPlayingOut() const noexcept override { return m_renderer.isPlayingOut(); }
 
+    std::uint32_t heldFrames() const noexcept override
+    {
+        return m_renderer.heldFrames(deviceFrames);
+    }
+    /// Frames that the device is said to hold.
+    std::uint32_t deviceFrames = 0;
+
     /// What the device's callback does: `frames` frames of interleaved stereo.
     void pull(float *interleaved, std::uint32_t frames) noexcept
     {

@@ -91,6 +91,10 @@ public:
     /// As reset(), but what the unit plays out is rendered first, at the parameters it ended with.
     virtual void resetAfterPlayOut() { reset(); }
 
+    /// Any thread. Source frames that were pulled but not delivered yet: what render() gives next
+    /// is the source's position minus this.
+    virtual double latencyFrames() const noexcept { return 0.0; }
+
     /// Begins what initialize() has put off, on a thread of the unit's own.
     virtual void prepare() {}
 
@@ -134,6 +138,10 @@ public:
     /// Any thread: stopped from inside the callback, and what the source held is still sounding.
     /// start(), stop() from outside and reset() end it.
     virtual bool isPlayingOut() const noexcept { return false; }
+
+    /// Control side. Frames of the source that were pulled but not heard yet, in the unit and in
+    /// its device. Frames from before the last start() or reset() don't count.
+    virtual std::uint32_t heldFrames() const noexcept { return 0; }
 };
 
 /// Tells when the default output device changes, or when the sound server came back after it had

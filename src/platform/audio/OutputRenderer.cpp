@@ -72,8 +72,16 @@ void OutputRenderer::waitUntilIdle() const noexcept
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
 
+std::uint32_t OutputRenderer::heldFrames(std::uint32_t deviceFrames) const noexcept
+{
+    const std::uint32_t delivered = m_heldDelivered.load(std::memory_order_relaxed);
+    return m_heldAhead.load(std::memory_order_relaxed) + std::min(delivered, deviceFrames);
+}
+
 void OutputRenderer::clear() noexcept
 {
+    m_heldAhead.store(0, std::memory_order_relaxed);
+    m_heldDelivered.store(0, std::memory_order_relaxed);
     m_aheadFrames = 0;
     m_tailFrames = 0;
     m_tailPosition = 0;
@@ -112,6 +120,7 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
         pullAhead(frames);
     else
         retire();
+    m_heldAhead.store(m_aheadFrames, std::memory_order_relaxed);
 
     if (isSilent()) {
         std::fill_n(interleaved, static_cast<std::size_t>(frames) * channels, 0.0F);
@@ -139,6 +148,9 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
         m_aheadFrames -= used;
         for (auto &ahead : m_ahead)
             std::memmove(ahead.data(), ahead.data() + used, m_aheadFrames * sizeof(float));
+        m_heldAhead.store(m_aheadFrames, std::memory_order_relaxed);
+        const std::uint32_t delivered = m_heldDelivered.load(std::memory_order_relaxed);
+        m_heldDelivered.store(delivered + std::min(used, ~delivered), std::memory_order_relaxed);
     }
 }
 
@@ -207,6 +219,7 @@ void OutputRenderer::pullChunk() noexcept
 /// Turns the frames ahead, as they would have sounded, into the tail that fades out.
 void OutputRenderer::retire() noexcept
 {
+    m_heldDelivered.store(0, std::memory_order_relaxed);
     if (m_aheadFrames == 0)
         return;
     const std::uint32_t ahead = std::min(m_aheadFrames, fadeFrames);

@@ -68,6 +68,10 @@ public:
     /// Frames of silence delivered since the last sound; 0 while something sounds.
     std::uint64_t silentFrames() const noexcept { return m_silentFrames.load(); }
 
+    /// Any thread. Frames of the source that were pulled but not heard yet, behind a device that
+    /// holds up to `deviceFrames`. What fades out after a stop or a reset does not count.
+    std::uint32_t heldFrames(std::uint32_t deviceFrames) const noexcept;
+
     /// Forgets what is still ahead or fading. Only while no render() can run.
     void clear() noexcept;
 
@@ -100,6 +104,9 @@ private:
     std::atomic<bool> m_resetRequested{false};
     std::atomic<float> m_volume{1.0F};
     std::atomic<std::uint64_t> m_silentFrames{0};
+    // For heldFrames(): written by the callback thread.
+    std::atomic<std::uint32_t> m_heldAhead{0};     ///< m_aheadFrames after the last chunk
+    std::atomic<std::uint32_t> m_heldDelivered{0}; ///< since the source began; stops at the maximum
 
     // The rest belongs to the callback thread.
     std::array<float, fadeFrames> m_fade{}; ///< rises from 0 to 1

@@ -43,9 +43,12 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
         frames -= done;
     }
     const double heard = position();
+    // Frames that were invented behind the song's end are no part of the song.
+    const std::int64_t pulled =
+        m_isPlayingOut ? std::min(m_history.end(), m_songEnd) : m_history.end();
     if (m_isPlayingOut && heard >= static_cast<double>(m_songEnd))
         m_isPlayingOut = false;
-    m_latency.store(static_cast<double>(m_history.end()) - heard, std::memory_order_relaxed);
+    m_latency.store(std::max(0.0, static_cast<double>(pulled) - heard), std::memory_order_relaxed);
 }
 
 /// The source frame that is heard next.
@@ -67,8 +70,7 @@ double TimePitch::position() const noexcept
 void TimePitch::takeParameters() noexcept
 {
     m_wantedRate = std::clamp(m_rate.load(std::memory_order_relaxed), minimumRate, maximumRate);
-    const float pitch =
-        std::clamp(m_pitch.load(std::memory_order_relaxed), -maximumPitch, maximumPitch);
+    const float pitch = pitchRange.clamped(m_pitch.load(std::memory_order_relaxed));
     if (pitch != m_wantedPitch) {
         m_wantedPitch = pitch;
         m_wantedPitchRatio = pitchRatioForCents(pitch);

@@ -2,6 +2,7 @@
 
 #include "platform/audio/AudioUnit.h"
 #include "platform/audio/QuickStretcher.h"
+#include "platform/audio/SoundRanges.h"
 #include "platform/audio/TimePitchHistory.h"
 #include "platform/audio/TimePitchStretcher.h"
 
@@ -32,9 +33,8 @@ namespace lyrabox {
 /// QuickStretcher plays. So no callback has to do all of it at once.
 class TimePitch final : public TimePitchUnit {
 public:
-    static constexpr float minimumRate = 0.1F;
-    static constexpr float maximumRate = 2.0F;
-    static constexpr float maximumPitch = 2400.0F; ///< cents, up or down
+    static constexpr float minimumRate = speedRange.minimum / 100.0F;
+    static constexpr float maximumRate = speedRange.maximum / 100.0F;
 
     static constexpr std::uint32_t crossfadeFrames = 1024;
     static constexpr std::uint32_t settleFrames = 26460; ///< at rate 1 before the source takes over
@@ -72,7 +72,7 @@ public:
     /// Source frames pulled but not yet delivered: what is heard next is the source's position
     /// minus this. 0 at rate 1 and pitch 0; up to about 6,700 at normal pitch. 0 while a reset is
     /// pending. Any thread.
-    double latencyFrames() const noexcept;
+    double latencyFrames() const noexcept override;
 
     /// The stretcher's hops so far, which are nearly all that rendering costs. Callback thread.
     std::uint64_t hops() const noexcept { return m_stretcher.hops(); }

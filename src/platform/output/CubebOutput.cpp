@@ -163,6 +163,11 @@ bool CubebOutput::isPlayingOut() const noexcept
     return isReachable() && m_session->renderer().isPlayingOut();
 }
 
+std::uint32_t CubebOutput::heldFrames() const noexcept
+{
+    return isReachable() ? m_session->renderer().heldFrames(m_session->latencyFrames()) : 0;
+}
+
 bool CubebOutput::isReachable() const noexcept
 {
     return m_session && !m_session->isCutOff();

@@ -63,6 +63,7 @@ public:
     /// Any thread: started and not stopped since. Stays true when the device is lost.
     bool isRunning() const noexcept override;
     bool isPlayingOut() const noexcept override;
+    std::uint32_t heldFrames() const noexcept override;
 
 private:
     bool isReachable() const noexcept;

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+
+namespace lyrabox {
+
+/// The lowest and the highest value of a setting. Both belong to the range.
+struct ValueRange {
+    float minimum;
+    float maximum;
+
+    /// The value of the range that is nearest to `value`. A NaN stays a NaN.
+    constexpr float clamped(float value) const
+    {
+        if (value < minimum)
+            return minimum;
+        return value > maximum ? maximum : value;
+    }
+    constexpr bool operator==(const ValueRange &) const = default;
+};
+
+/// What can be heard of each setting. The interface offers the same ranges.
+constexpr ValueRange speedRange{.minimum = 10.0F, .maximum = 200.0F};          ///< percent
+constexpr ValueRange pitchRange{.minimum = -2400.0F, .maximum = 2400.0F};      ///< cents
+constexpr ValueRange equalizerLevelRange{.minimum = -12.0F, .maximum = 12.0F}; ///< dB
+
+/// The equalizer has a band per third of an octave. The user gets a control per octave.
+constexpr std::uint32_t equalizerControls = 10;
+
+/// The band of the 31-band equalizer that a control drives. Controls count from 0, at 31.5 Hz.
+constexpr std::uint32_t equalizerBandOfControl(std::uint32_t control)
+{
+    return 3 * control + 2;
+}
+
+} // namespace lyrabox
