@@ -209,6 +209,7 @@ void LB_TrackController::finishList(const TrackRecordList &records, const QStrin
     m_listID = listID;
     m_origin = origin;
     {
+        // A list that the user stopped must not take songs from the queue.
         const QScopedValueRollback<bool> finishing(m_isFinishingIncompleteList,
                                                    origin.isIncomplete);
         setSortDescriptors({m_settings->sortDescriptorForListID(listID)});

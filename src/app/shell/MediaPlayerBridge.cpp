@@ -210,6 +210,7 @@ void MediaPlayerBridge::playPause()
     m_player.playPauseButton->click();
 }
 
+// A player without a stopped state: Stop pauses and goes to the start.
 void MediaPlayerBridge::stop()
 {
     if (!m_player.audio->currentTrack())
@@ -241,6 +242,7 @@ void MediaPlayerBridge::seekTo(qint64 position)
 
 void MediaPlayerBridge::setRate(double rate)
 {
+    // As by the slider, so the speed goes in whole percent.
     m_player.speedSlider->moveByUser(rate * 100.0);
 }
 
@@ -255,6 +257,7 @@ void MediaPlayerBridge::setShuffle(bool shuffle)
         m_player.shuffleButton->click();
 }
 
+// A loop needs a start and an end, so from outside it can only be cleared.
 void MediaPlayerBridge::clearLoop()
 {
     if (m_player.audio->isLooping())

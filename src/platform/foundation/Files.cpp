@@ -119,6 +119,8 @@ std::vector<Entry> shallowEntries(const QString &directory, EntryKinds kinds)
         const bool isDirectory = isDirectoryEntry(dirfd(folder.get()), *entry);
         if (kinds == EntryKinds::Directories && !isDirectory)
             continue;
+        // A name that is not valid UTF-8 does not survive this. The file is then not found under
+        // the decoded name, and stays out of lists.
         const QString name = QFile::decodeName(entry->d_name);
         listed.push_back({collator.sortKey(name), entry->d_name,
                           Entry{prefix + name, isDirectory, isDirectory && isPackageName(name)}});
