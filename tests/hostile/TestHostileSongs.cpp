@@ -29,7 +29,7 @@ constexpr bool isSanitized = false;
 constexpr long maxKibibytes = 64 << 10; ///< beside the decoded song
 constexpr long maxMilliseconds = 2000;  ///< of the processor, per song
 
-/// A line of the probe; see Probe.cpp.
+/// A line of the probe; see SongProbe.cpp.
 struct Report {
     int signal = -1;
     Status tags = 0;
