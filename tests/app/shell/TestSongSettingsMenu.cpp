@@ -7,6 +7,7 @@
 
 #include <QMenu>
 #include <QTest>
+#include <QWindow>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace lyrabox;
@@ -37,11 +38,19 @@ protected:
         matrix->pressCellWithTag(tag);
     }
 
+    /// Through the window, as from a mouse: a menu takes no click at the place where the pointer
+    /// was when it opened.
+    static void click(QWidget *widget, const QPoint &place)
+    {
+        QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {},
+                          widget->mapTo(widget->window(), place));
+    }
+
     /// The item of that text, in the open menu; null when there is none.
     QAction *itemInOpenMenu(const QString &text)
     {
         if (!popup->menu()->isVisible())
-            QTest::mouseClick(popup, Qt::LeftButton);
+            click(popup, popup->rect().center());
         EXPECT_TRUE(QTest::qWaitForWindowExposed(popup->menu()));
         for (QAction *action : popup->menu()->actions()) {
             if (QString(action->text()).remove(u'&') == text)
@@ -62,7 +71,7 @@ protected:
     void choose(const QString &text)
     {
         const QPoint place = popup->menu()->actionGeometry(itemInOpenMenu(text)).center();
-        QTest::mouseClick(popup->menu(), Qt::LeftButton, {}, place);
+        click(popup->menu(), place);
         popup->menu()->close();
     }
 
