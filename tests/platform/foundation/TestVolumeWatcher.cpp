@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QEventLoop>
 #include <QTemporaryDir>
 
@@ -70,7 +71,9 @@ TEST(VolumeWatching, TheKernelSignalsARealMount)
     // In a mount table of its own, so that the system does not see it.
     if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
         GTEST_SKIP() << "mounting needs more rights than this process has";
-    const QTemporaryDir folder;
+    // Not in /tmp, which newer systems keep in memory: such a mount is one of the system's own.
+    const QTemporaryDir folder(QDir::current().filePath(u"volume-XXXXXX"_s));
+    ASSERT_TRUE(folder.isValid());
     const QByteArray path = folder.path().toLocal8Bit();
     VolumeWatcher watcher;
     Posts posts;
