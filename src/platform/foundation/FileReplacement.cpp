@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
+#include <QScopeGuard>
 
 #include <cerrno>
 #include <cstdio>
@@ -15,12 +17,11 @@
 namespace lyrabox::files {
 namespace {
 
-bool writeAll(int file, const QByteArray &content)
+bool writeAll(int file, const char *bytes, qint64 count)
 {
-    qsizetype done = 0;
-    while (done < content.size()) {
-        const ssize_t written = ::write(file, content.constData() + done,
-                                        static_cast<std::size_t>(content.size() - done));
+    qint64 done = 0;
+    while (done < count) {
+        const ssize_t written = ::write(file, bytes + done, static_cast<std::size_t>(count - done));
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
@@ -30,14 +31,58 @@ bool writeAll(int file, const QByteArray &content)
     return true;
 }
 
-bool writeNew(const QByteArray &path, const QByteArray &content, const struct stat *old)
+/// A file that is written once from start to end. Small writes are collected. Once a write has
+/// failed, all later ones fail, so that no gap can be overlooked.
+class NewFile : public QIODevice {
+public:
+    explicit NewFile(int file) : m_file(file)
+    {
+        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    }
+
+    bool isSequential() const override { return true; }
+
+    /// Writes what is collected; whether all that was given so far is written.
+    bool finish()
+    {
+        m_hasFailed = m_hasFailed || !writeAll(m_file, m_collected.constData(), m_collected.size());
+        m_collected.clear();
+        return !m_hasFailed;
+    }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+
+    qint64 writeData(const char *bytes, qint64 count) override
+    {
+        if (m_collected.size() + count > mostCollected && !finish())
+            return -1;
+        if (count <= mostCollected)
+            m_collected.append(bytes, count);
+        else
+            m_hasFailed = !writeAll(m_file, bytes, count);
+        return m_hasFailed ? -1 : count;
+    }
+
+private:
+    static constexpr qint64 mostCollected = 1 << 16;
+
+    int m_file;
+    QByteArray m_collected;
+    bool m_hasFailed = false;
+};
+
+bool writeNew(const QByteArray &path, const ContentWriter &write, const struct stat *old)
 {
     const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file < 0)
         return false;
-    const bool isWhole = writeAll(file, content) &&
+    auto closing = qScopeGuard([file] { ::close(file); });
+    NewFile device(file);
+    const bool isWhole = write(device) && device.finish() &&
                          (old == nullptr || ::fchmod(file, old->st_mode & 07777) == 0) &&
                          ::fsync(file) == 0;
+    closing.dismiss();
     return ::close(file) == 0 && isWhole;
 }
 
@@ -54,7 +99,7 @@ void flushFolder(const QString &path)
 
 } // namespace
 
-bool replaceFile(const QString &path, const QByteArray &content)
+bool replaceFile(const QString &path, const ContentWriter &write)
 {
     const QString target = resolvingSymbolicLinks(path);
     const QByteArray name = QFile::encodeName(target);
@@ -64,13 +109,18 @@ bool replaceFile(const QString &path, const QByteArray &content)
         return false;
     const QByteArray temporary = name + ".new";
     ::unlink(temporary.constData());
-    if (!writeNew(temporary, content, exists ? &old : nullptr) ||
-        ::rename(temporary.constData(), name.constData()) != 0) {
-        ::unlink(temporary.constData());
+    auto removal = qScopeGuard([&temporary] { ::unlink(temporary.constData()); });
+    if (!writeNew(temporary, write, exists ? &old : nullptr) ||
+        ::rename(temporary.constData(), name.constData()) != 0)
         return false;
-    }
+    removal.dismiss();
     flushFolder(QFileInfo(target).path());
     return true;
+}
+
+bool replaceFile(const QString &path, const QByteArray &content)
+{
+    return replaceFile(path, [&content](QIODevice &file) { return file.write(content) >= 0; });
 }
 
 } // namespace lyrabox::files

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -11,6 +12,7 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <new>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -126,6 +128,79 @@ TEST_F(FileReplacement, ADiskThatFillsUpLeavesTheOldFile)
     small.rlim_cur = 1000;
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
     const bool isReplaced = files::replaceFile(path(), QByteArray(5000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_FALSE(isReplaced);
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, WritesAStreamOfSmallAndLargePiecesInTheirOrder)
+{
+    QByteArray expected;
+    const auto write = [&expected](QIODevice &file) {
+        for (const int size : {1, 65535, 1, 2, 200000, 3, 65536, 65537, 0, 5}) {
+            const QByteArray piece(size, static_cast<char>('a' + expected.size() % 26));
+            expected += piece;
+            EXPECT_EQ(file.write(piece), size);
+        }
+        return true;
+    };
+    EXPECT_TRUE(files::replaceFile(path(), write));
+    EXPECT_TRUE(content() == expected);
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, AWriterThatGivesUpLeavesTheOldFile)
+{
+    const auto giveUp = [](QIODevice &file) { return file.write("half") < 0; };
+    EXPECT_FALSE(files::replaceFile(path(), giveUp));
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, AWriterThatThrowsLeavesTheOldFile)
+{
+    const auto fail = [](QIODevice &file) -> bool {
+        file.write("half");
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(files::replaceFile(path(), fail), std::bad_alloc);
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, ADiskThatWasFullForOneWriteOnlyLeavesTheOldFile)
+{
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    const auto write = [&before](QIODevice &file) {
+        rlimit small = before;
+        small.rlim_cur = 1000;
+        setrlimit(RLIMIT_FSIZE, &small);
+        EXPECT_LT(file.write(QByteArray(100000, 'x')), 0);
+        setrlimit(RLIMIT_FSIZE, &before);
+        file.write("and the rest"); // there would be room for it
+        return true;
+    };
+    EXPECT_FALSE(files::replaceFile(path(), write));
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(content(), "old");
+    EXPECT_EQ(names(), QStringList{u"list"_s});
+}
+
+TEST_F(FileReplacement, ADiskThatIsFullAtTheLastCollectedBytesLeavesTheOldFile)
+{
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = before;
+    small.rlim_cur = 1000;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool isReplaced = files::replaceFile(path(), [](QIODevice &file) {
+        return file.write(QByteArray(2000, 'x')) == 2000; // collected only
+    });
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, oldHandler);
     EXPECT_FALSE(isReplaced);
