@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <limits>
-#include <string>
 #include <utility>
 
 namespace lyrabox::engine {
@@ -15,24 +13,10 @@ namespace {
 
 constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
 
-/// What the kernel reckons can be had without swapping; unlimited where it does not tell.
-std::uint64_t systemAvailableMemory()
-{
-    std::ifstream file("/proc/meminfo");
-    std::string key;
-    std::uint64_t kibibytes = 0;
-    std::string rest;
-    while (file >> key >> kibibytes && std::getline(file, rest)) {
-        if (key == "MemAvailable:")
-            return kibibytes * 1024;
-    }
-    return unlimited;
-}
-
 std::uint64_t availableMemory()
 {
     const auto &probe = control().availableMemoryProbe;
-    return probe ? probe() : systemAvailableMemory();
+    return probe ? probe() : systemAvailableMemory().value_or(unlimited);
 }
 
 /// The channel buffers while a song is decoded into them.

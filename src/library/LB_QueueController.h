@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/TrackRecord.h"
+#include "platform/foundation/MonotonicClock.h"
 #include "platform/foundation/ProgressPacer.h"
 #include "platform/foundation/Status.h"
 
@@ -111,6 +112,6 @@ private:
     bool m_isSkipping = false;
     lyrabox::ProgressHook m_progressHook;
     lyrabox::StopProbeMaker m_makeStopProbe;
-    lyrabox::ProgressClock m_progressClock = &lyrabox::progressClock;
+    lyrabox::ProgressClock m_progressClock = &lyrabox::monotonicTime;
     std::function<std::uint32_t()> m_random;
 };

@@ -4,6 +4,7 @@
 #include "library/LB_QueueController.h"
 #include "library/TrackListDecisions.h"
 #include "library/TrackTableModel.h"
+#include "platform/foundation/MonotonicClock.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
@@ -30,7 +31,7 @@ LB_TrackController::LB_TrackController(QObject *parent)
       m_model(new TrackTableModel(this)),
       m_locateLibrary(locateMusicLibrary),
       m_openAudioFile(openAudioFile),
-      m_progressClock(progressClock),
+      m_progressClock(&monotonicTime),
       m_random([] { return QRandomGenerator::system()->generate(); })
 {
     updateEmptyText();

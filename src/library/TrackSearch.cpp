@@ -1,7 +1,9 @@
 #include "library/TrackSearch.h"
 
+#include "platform/foundation/ByteSearch.h"
+
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
 namespace lyrabox {
 
@@ -131,12 +133,9 @@ void TrackSearch::search(const QByteArray &needle, bool withinResult)
         const std::size_t bytesEnd = m_ends[runEnd - 1];
         std::size_t begin = index == 0 ? 0 : m_ends[index - 1];
         while (index < runEnd) {
-            const void *found =
-                memmem(m_folded.data() + begin, bytesEnd - begin, needle.constData(), needleSize);
-            const std::size_t hit =
-                found == nullptr
-                    ? bytesEnd
-                    : static_cast<std::size_t>(static_cast<const char *>(found) - m_folded.data());
+            const std::size_t found = findBytes({m_folded.data() + begin, bytesEnd - begin},
+                                                {needle.constData(), needleSize});
+            const std::size_t hit = found == std::string_view::npos ? bytesEnd : begin + found;
             while (index < runEnd && m_ends[index] <= hit)
                 m_passes[index++] = 0;
             if (index < runEnd)

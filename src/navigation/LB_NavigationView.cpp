@@ -3,6 +3,7 @@
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "navigation/NavigationAccessible.h"
+#include "platform/foundation/MonotonicClock.h"
 #include "platform/ui/Theme.h"
 
 #include <QEnterEvent>
@@ -37,9 +38,7 @@ constexpr int hoverPixels = 14;
 
 qint64 monotonicMilliseconds()
 {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch())
-        .count();
+    return lyrabox::monotonicTime().count();
 }
 
 /// The same numbers, or both none.

@@ -1,13 +1,13 @@
 #include "settings/SettingsFile.h"
 
+#include "platform/foundation/Files.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
 #include <utility>
-
-#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -68,9 +68,7 @@ bool SettingsFile::keepUnreadable(const QString &path)
         const QString kept = path + u".unreadable-"_s + QString::number(number);
         if (isThere(kept))
             continue;
-        return link(QFile::encodeName(path).constData(), QFile::encodeName(kept).constData()) ==
-                   0 ||
-               QFile::rename(path, kept);
+        return files::makeHardLink(path, kept) || QFile::rename(path, kept);
     }
     return false;
 }

@@ -2,6 +2,7 @@
 
 #include "library/LibraryFixture.h"
 #include "platform/foundation/Files.h"
+#include "platform/foundation/MonotonicClock.h"
 #include "support/SampleAudio.h"
 
 #include <QDir>
@@ -39,7 +40,7 @@ TrackRecord recordFromFile(const QMap<QString, QString> &information, const QUrl
 
 ProgressPacer silent()
 {
-    return {{}, progressClock, 0};
+    return {{}, monotonicTime, 0};
 }
 
 TEST(TrackImport, ASongMayHaveAnyNameThatIsText)

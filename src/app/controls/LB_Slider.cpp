@@ -1,10 +1,10 @@
 #include "app/controls/LB_Slider.h"
 
 #include "app/controls/SliderAccessible.h"
+#include "platform/foundation/MonotonicClock.h"
 #include "platform/ui/Theme.h"
 
 #include <QEasingCurve>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -34,14 +34,9 @@ constexpr double glideSeconds = 0.5;
 constexpr int frameMilliseconds = 16;
 constexpr int wheelNotch = 120;
 
-qint64 steadyMilliseconds()
+qint64 monotonicMilliseconds()
 {
-    static const QElapsedTimer timer = [] {
-        QElapsedTimer started;
-        started.start();
-        return started;
-    }();
-    return timer.elapsed();
+    return lyrabox::monotonicTime().count();
 }
 
 } // namespace
@@ -65,7 +60,7 @@ double lyrabox::sliderValueOnGrid(double value, double step, double minimum, dou
 LB_Slider::LB_Slider(QWidget *parent) : LB_Slider(Qt::Horizontal, parent) {}
 
 LB_Slider::LB_Slider(Qt::Orientation orientation, QWidget *parent)
-    : QWidget(parent), m_clock(steadyMilliseconds)
+    : QWidget(parent), m_clock(monotonicMilliseconds)
 {
     SliderAccessible::install();
     // A click leaves the keyboard where it is; Tab reaches the slider.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/TrackRecord.h"
+#include "platform/foundation/MonotonicClock.h"
 #include "platform/foundation/ProgressPacer.h"
 
 #include <QObject>
@@ -31,7 +32,7 @@ class InputAfterWait : public QObject {
 public:
     /// `playButton` shows what a press of it would do; `songs` is the view of the list. Neither is
     /// owned.
-    InputAfterWait(StateButton *playButton, QWidget *songs, ProgressClock clock = &progressClock);
+    InputAfterWait(StateButton *playButton, QWidget *songs, ProgressClock clock = &monotonicTime);
     ~InputAfterWait() override;
 
     /// What the main thread is busy with; told while it is.

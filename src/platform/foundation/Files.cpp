@@ -146,6 +146,14 @@ void setReadabilityProbe(std::function<bool(const QString &path)> probe)
     readabilityProbe() = std::move(probe);
 }
 
+bool makeHardLink(const QString &path, const QString &secondName)
+{
+    const QByteArray native = nativePath(path);
+    const QByteArray nativeSecond = nativePath(secondName);
+    return !native.isEmpty() && !nativeSecond.isEmpty() &&
+           link(native.constData(), nativeSecond.constData()) == 0;
+}
+
 QString resolvingSymbolicLinks(const QString &path)
 {
     const QByteArray native = nativePath(path);

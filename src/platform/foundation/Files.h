@@ -45,6 +45,11 @@ bool isReadable(const QString &path);
 /// read everything. An empty function restores the real one.
 void setReadabilityProbe(std::function<bool(const QString &path)> probe);
 
+/// Gives the file at `path` a second name on the same file system (a hard link): both then name the
+/// same file. False, with nothing changed, where there is something at `secondName` or the file
+/// system has no such names.
+bool makeHardLink(const QString &path, const QString &secondName);
+
 /// `path` with every symbolic link resolved as far as it exists; the rest is appended as it stands.
 QString resolvingSymbolicLinks(const QString &path);
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <fstream>
 #include <limits>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -55,6 +57,19 @@ std::jthread startThread(std::function<void()> work)
 void limitThreads(std::optional<int> count)
 {
     threadsLeft() = count.value_or(noLimit);
+}
+
+std::optional<std::uint64_t> systemAvailableMemory()
+{
+    std::ifstream file("/proc/meminfo");
+    std::string key;
+    std::uint64_t kibibytes = 0;
+    std::string rest;
+    while (file >> key >> kibibytes && std::getline(file, rest)) {
+        if (key == "MemAvailable:")
+            return kibibytes * 1024;
+    }
+    return std::nullopt;
 }
 
 void expectToBeFilled(void *start, std::size_t bytes)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -18,6 +19,9 @@ unsigned processorCount();
 
 /// Lets startThread() succeed `count` more times only; none lifts the limit. For tests.
 void limitThreads(std::optional<int> count);
+
+/// Bytes of memory that the system can give without swapping; none if it does not say. Any thread.
+std::optional<std::uint64_t> systemAvailableMemory();
 
 /// Tells the kernel that the memory will be filled from its start to its end soon, so that it comes
 /// in large pages instead of one by one. Only whole pages of it are meant; nothing happens where

@@ -1,5 +1,7 @@
 #include "platform/foundation/ProgressPacer.h"
 
+#include "platform/foundation/MonotonicClock.h"
+
 #include <utility>
 
 namespace lyrabox {
@@ -13,14 +15,8 @@ constexpr auto interval = 50ms;
 
 } // namespace
 
-std::chrono::milliseconds progressClock()
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-        std::chrono::steady_clock::now().time_since_epoch());
-}
-
 ProgressPacer::ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 total)
-    : m_hook(std::move(hook)), m_clock(clock ? std::move(clock) : &progressClock), m_total(total)
+    : m_hook(std::move(hook)), m_clock(clock ? std::move(clock) : &monotonicTime), m_total(total)
 {
     if (m_hook)
         m_due = m_clock() + quietStart;

@@ -17,14 +17,11 @@ using StopProbe = std::function<bool()>;
 using StopProbeMaker = std::function<StopProbe()>;
 using ProgressClock = std::function<std::chrono::milliseconds()>;
 
-/// Milliseconds of the monotonic clock.
-std::chrono::milliseconds progressClock();
-
 /// Says when long work is to be shown: not within its first quarter of a second, so that short work
 /// shows nothing, then every 50 ms at most.
 class ProgressPacer {
 public:
-    /// The work begins now. Without a hook nothing is ever asked; without a clock progressClock()
+    /// The work begins now. Without a hook nothing is ever asked; without a clock monotonicTime()
     /// is.
     ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 total = 0);
 

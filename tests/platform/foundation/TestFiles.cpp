@@ -206,6 +206,19 @@ TEST_F(Files, ReadabilityIsTheSystemsAnswerUnlessReplaced)
     EXPECT_TRUE(files::isReadable(path(u"a"_s)));
 }
 
+TEST_F(Files, AHardLinkIsASecondNameOfTheSameFile)
+{
+    makeFile(u"a"_s);
+    makeFile(u"taken"_s);
+    EXPECT_TRUE(files::makeHardLink(path(u"a"_s), path(u"b"_s)));
+    EXPECT_EQ(files::inodeText(path(u"b"_s)), files::inodeText(path(u"a"_s)));
+    EXPECT_FALSE(files::makeHardLink(path(u"a"_s), path(u"taken"_s)));
+    EXPECT_NE(files::inodeText(path(u"taken"_s)), files::inodeText(path(u"a"_s)));
+    EXPECT_FALSE(files::makeHardLink(path(u"missing"_s), path(u"c"_s)));
+    EXPECT_FALSE(files::makeHardLink(path(u"a"_s), path(u"no such folder/c"_s)));
+    EXPECT_FALSE(files::makeHardLink(path(u"a"_s), path(u"c"_s) + QChar::Null));
+}
+
 TEST_F(Files, LinksAreResolvedAsFarAsTheyExist)
 {
     const QString base = QFileInfo(m_folder.path()).canonicalFilePath();

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <thread>
 #include <vector>
 
 #include <sched.h>
+#include <unistd.h>
 
 using namespace lyrabox;
 
@@ -25,6 +28,15 @@ TEST(Machine, CountsTheProcessorsThatTheProcessIsBoundTo)
     ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
     EXPECT_EQ(processorCount(), 1U);
     sched_setaffinity(0, sizeof before, &before);
+}
+
+TEST(Machine, TellsHowMuchMemoryIsAvailable)
+{
+    const std::optional<std::uint64_t> available = systemAvailableMemory();
+    ASSERT_TRUE(available);
+    EXPECT_GT(*available, std::uint64_t{1} << 20);
+    const auto pages = static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES));
+    EXPECT_LE(*available, pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)));
 }
 
 TEST(Machine, LeavesWhatIsInMemoryThatIsExpectedToBeFilled)
