@@ -11,23 +11,24 @@
 #include <utility>
 #include <vector>
 
-/// Questions to disks that may never answer. A folder of another machine, or one that another
-/// process serves, keeps the thread that asks for as long as the other side is silent; nothing in
-/// the process can end such a call. So it is made on a thread that can be left behind.
+/// Questions to disks that may never answer. A call to a file system that another machine or
+/// another process serves blocks for as long as that side is silent. Nothing in this process can
+/// end such a call, so it is made on a thread that can be abandoned.
 namespace lyrabox::files {
 
-/// Calls `work` on a thread of its own and waits until it is done; true. `goOn` is asked on the
-/// calling thread every 50 ms; once it says no, the wait ends with false, and the thread is left
-/// behind with whatever `work` holds. So `work` owns what it uses. Where no thread can be had,
-/// `work` is done on the calling thread.
+/// Calls `work` on a new thread and waits for its end; then returns true. Every 50 ms it calls
+/// `goOn` on the calling thread. If that returns false, the wait ends with false, and the thread is
+/// abandoned together with what `work` holds. So `work` must own everything it uses. If the system
+/// has no thread to give, `work` is called on the calling thread.
 bool runAbandonable(const std::function<void()> &work, const std::function<bool()> &goOn);
 
-/// The place where the file system is mounted that `path` lies on, if that may hang: one of a
-/// network or one that a process serves. None for a local one. Asks the kernel's table of mounts
-/// and no disk. Any thread.
+/// The mount point of the file system that `path` lies on, if that file system may hang: a network
+/// file system, or one that a process serves. None for a local one. Asks only the kernel's mount
+/// table, never a disk. Any thread.
 std::optional<QString> mountThatMayHang(const QString &path);
 
-/// For tests: replaces the kernel's table and the 2 s. An empty function restores both.
+/// For tests: replaces the kernel's mount table and the patience of 2 s. An empty function restores
+/// both.
 void setMountsThatMayHang(std::function<std::vector<Mount>()> table,
                           std::chrono::milliseconds patience = {});
 
@@ -35,10 +36,10 @@ namespace detail {
 bool askPatiently(const QString &path, const std::function<void()> &question);
 } // namespace detail
 
-/// What `question`, which asks the disk of `path`, answers. None when that disk may hang and says
-/// nothing for 2 s. Then it counts as silent: nobody waits for it any more, and every question
-/// about it is answered with none at once, until the first one has its answer. A disk that has
-/// answered late is given twice that time from then on. What `question` uses it has to own. Any
+/// Calls `question`, which asks the disk of `path`, and returns its answer. None if that disk may
+/// hang and does not answer within 2 s. The disk then counts as silent: every further question
+/// about it returns none at once, until the abandoned question is answered. If a disk answers late,
+/// its patience from then on is twice the time it took. `question` must own everything it uses. Any
 /// thread.
 template <typename Answer>
 std::optional<Answer> askPatiently(const QString &path, std::function<Answer()> question)
@@ -49,7 +50,8 @@ std::optional<Answer> askPatiently(const QString &path, std::function<Answer()> 
     return std::move(*answer);
 }
 
-/// What is called, on any thread, when a silent disk has answered or is gone. Empty: nothing.
+/// Sets a function that is called on any thread when a silent disk has answered or is gone. An
+/// empty function removes it.
 void setSilenceEndHandler(std::function<void()> handler);
 
 } // namespace lyrabox::files

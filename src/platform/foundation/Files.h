@@ -7,63 +7,62 @@
 #include <functional>
 #include <vector>
 
-/// What the program asks of the file system, in one place, so that another desktop or a test can
-/// answer.
+/// The program's questions to the file system. They stand in one place, so that they can be ported
+/// to another desktop and replaced by tests.
 namespace lyrabox::files {
 
-/// The inode number of the file at `path` as decimal text, symbolic links followed; "(null)" when
-/// the file's attributes cannot be read (also for an empty path).
+/// The inode number of the file at `path` as decimal text. Symbolic links are followed. "(null)" if
+/// the file's attributes cannot be read, or if the path is empty. Any thread.
 QString inodeText(const QString &path);
 
-/// The same for a file URL; "(null)" for a URL that is not a local file.
+/// The same for a file URL; "(null)" if the URL is not a local file.
 QString inodeText(const QUrl &url);
 
 /// One entry of a folder.
 struct Entry {
     QString path;     ///< absolute
-    bool isDirectory; ///< of the entry itself: a link to a directory is none
-    bool isPackage;   ///< a directory that the desktop shows as one document: isPackageName()
+    bool isDirectory; ///< false for a link to a directory
+    bool isPackage;   ///< a directory that the desktop shows as one document, see isPackageName()
 };
 
-/// Whether a directory of this name is one document or program to its user. The file systems here
-/// keep no such mark, so the suffix decides, in any case (".app", ".bundle", ".lv2", ".vst3" and
-/// the like). A name that only begins with a dot has no suffix.
+/// Whether users see a directory of this name as one document or program. Linux file systems have
+/// no mark for this, so the suffix decides, without regard to case (".app", ".bundle", ".lv2",
+/// ".vst3" and the like). A dot at the beginning of the name does not start a suffix.
 bool isPackageName(const QString &name);
 
-/// Which entries of a folder are asked for.
+/// Which entries of a folder the caller wants.
 enum class EntryKinds { All, Directories };
 
-/// The entries of one folder by name, as a file manager sorts them: textCollator(), then the bytes
-/// of the name. No descent, hidden entries skipped, errors ignored (what was read before one is
-/// returned). Any thread.
+/// The entries of one folder, without those of its subfolders and without hidden ones. They are
+/// sorted as in a file manager: by textCollator(), and by the bytes of the name if that makes no
+/// difference. After an error the result holds the entries read before it. Any thread; blocks.
 std::vector<Entry> shallowEntries(const QString &directory, EntryKinds kinds = EntryKinds::All);
 
 /// Whether the process may read the path (POSIX `access` with `R_OK`).
 bool isReadable(const QString &path);
 
-/// Replaces the answer of isReadable(), so that an unreadable folder can be tested by root, who may
-/// read everything. An empty function restores the real one.
+/// For tests: replaces the answer of isReadable(), because root may read everything. An empty
+/// function restores the real answer.
 void setReadabilityProbe(std::function<bool(const QString &path)> probe);
 
-/// Gives the file at `path` a second name on the same file system (a hard link): both then name the
-/// same file. False, with nothing changed, where there is something at `secondName` or the file
-/// system has no such names.
+/// Gives the file at `path` a second name on the same file system (a hard link). False if something
+/// is at `secondName` already or the file system has no hard links; nothing is changed then.
 bool makeHardLink(const QString &path, const QString &secondName);
 
-/// `path` with every symbolic link resolved as far as it exists; the rest is appended as it stands.
+/// Resolves every symbolic link in the part of `path` that exists, and appends the rest unchanged.
 QString resolvingSymbolicLinks(const QString &path);
 
-/// `$XDG_DATA_HOME`, default `~/.local/share`; none when neither is known. Only absolute paths
-/// count.
+/// The folders for the data of applications, the preferred one first: `$XDG_DATA_HOME`, by default
+/// `~/.local/share`. Empty if neither is an absolute path.
 QStringList applicationSupportDirectories();
 
-/// The folder of resources that are not compiled in: `../share/lyrabox` seen from the installed
-/// program's own folder; `share/lyrabox` of the build tree for a program started anywhere in that
-/// tree.
+/// The folder of resources that are not compiled into the program: `../share/lyrabox` relative to
+/// the folder of the installed program, or `share/lyrabox` of the build tree if the program lies
+/// anywhere in that tree.
 QString sharedResourceDirectory();
 
-/// The folder of modules that the program opens: `../lib/lyrabox` seen from the installed program's
-/// own folder, `lib/lyrabox` of the build tree.
+/// The folder of the modules that the program opens: `../lib/lyrabox` relative to the folder of the
+/// installed program, or `lib/lyrabox` of the build tree.
 QString moduleDirectory();
 
 } // namespace lyrabox::files

@@ -7,17 +7,17 @@
 
 namespace lyrabox::files {
 
-/// The files of `directory` and of all folders below it: first those of a folder itself, then those
-/// of its subfolders, one after the other, each in the order of shallowEntries(). That is the order
-/// in which a tree of folders shows them when everything is expanded.
+/// The paths of all files in `directory` and in the folders below it. A folder's own files come
+/// first, then those of its subfolders, one subfolder after the other. Within a folder the order is
+/// that of shallowEntries(). A fully expanded tree of folders shows the files in this order, too.
 ///
-/// The walk enters the folders that such a tree shows: no hidden ones, no packages, no links. It
-/// also leaves out a folder that contains itself, which a mount can bring about, and the kernel's
-/// own file systems (/proc, /sys), whose files never end. A folder that cannot be read has no
-/// files.
+/// The walk enters the folders that such a tree shows. It skips hidden folders, packages and links.
+/// It also skips a folder that contains itself, which is possible with mounts, and the kernel's own
+/// file systems (/proc, /sys), because they have no end. A folder that cannot be read counts as
+/// empty.
 ///
-/// `goOn` is called before each folder with the number of files found so far. When it returns false
-/// the walk ends, and what was found until then is returned. Any thread; blocks.
+/// `goOn` is called before each folder with the number of files found so far. If it returns false,
+/// the walk ends and returns the files found until then. Any thread; blocks.
 QStringList filesOfTree(const QString &directory, const std::function<bool(qint64 found)> &goOn);
 
 } // namespace lyrabox::files

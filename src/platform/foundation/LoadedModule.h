@@ -5,22 +5,26 @@
 namespace lyrabox {
 
 extern "C" {
-using ModuleVersionFunction = const char *(); ///< LYRABOX_VERSION
+using ModuleVersionFunction = const char *(); ///< returns LYRABOX_VERSION
 }
 
-/// A part of the program in a file of its own, lib/lyrabox/lyrabox-*.so, with libraries that the
-/// first picture need not wait for. It stays loaded until the process ends. Any thread.
+/// A shared library of the program itself, lib/lyrabox/lyrabox-*.so. It links large libraries, so
+/// that the program can show its window before they are loaded. Once loaded, it stays so until the
+/// process ends; destroying this object does not unload it.
+///
+/// The constructor and failure() may be used on any thread, and different modules by several
+/// threads at once. One object serves one thread at a time.
 class LoadedModule {
 public:
-    /// Opens the module at `path`. One of another version than the program, as its function
-    /// `versionName` (a ModuleVersionFunction) tells, cannot be used.
+    /// Opens the module at `path`. The module exports a ModuleVersionFunction under the name
+    /// `versionName`. A module whose version differs from the program's is unusable.
     LoadedModule(const QString &path, const char *versionName);
 
-    /// Why the module cannot be used, in the words of the system; empty when it can.
+    /// Why the module is unusable, in the words of the system; empty if it is usable.
     const QString &failure() const { return m_failure; }
 
-    /// The function of that name. Null for a module that cannot be used, which one without the
-    /// function becomes.
+    /// The function that the module exports under `name`. Null if the module could not be loaded. A
+    /// module without the function is unusable: failure() then gives the reason.
     template <typename Function>
     Function *find(const char *name)
     {

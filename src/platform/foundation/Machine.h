@@ -8,28 +8,29 @@
 
 namespace lyrabox {
 
-/// Processors that this process may use, at least 1: fewer than there are where it is bound to some
-/// of them. Any thread.
+/// The number of processors that this process may use, at least 1. It is smaller than the number of
+/// the machine if the process is bound to some of them. Any thread.
 unsigned processorCount();
 
-/// Calls `work` on a thread of its own. Where the system has no thread to give (a limit of
-/// processes, no memory) the result is not joinable and `work` is not called: the caller does it
+/// Calls `work` on a new thread. If the system has no thread to give (because of a limit or lack of
+/// memory), the result is not joinable and `work` is not called; the caller then does the work
 /// itself. Any thread.
 [[nodiscard]] std::jthread startThread(std::function<void()> work);
 
-/// Lets startThread() succeed `count` more times only; none lifts the limit. For tests.
+/// For tests: lets startThread() succeed only `count` more times; none lifts the limit.
 void limitThreads(std::optional<int> count);
 
-/// Bytes of memory that the system can give without swapping; none if it does not say. Any thread.
+/// How many bytes of memory the system can provide without swapping; none if it does not say. Any
+/// thread.
 std::optional<std::uint64_t> systemAvailableMemory();
 
-/// Tells the kernel that the memory will be filled from its start to its end soon, so that it comes
-/// in large pages instead of one by one. Only whole pages of it are meant; nothing happens where
-/// the kernel has no such pages. Any thread.
+/// Tells the kernel that this memory will soon be filled from start to end. The kernel then
+/// provides it in huge pages, which is faster. Only whole pages within the range are affected. Does
+/// nothing if the kernel has no huge pages. Any thread.
 void expectToBeFilled(void *start, std::size_t bytes);
 
-/// Gives freed memory that the allocator keeps for later back to the system. After work that took
-/// much of it. Any thread.
+/// Returns freed memory to the system that the allocator would keep for later. Worth calling after
+/// work that needed much memory. Any thread.
 void giveBackFreedMemory();
 
 } // namespace lyrabox

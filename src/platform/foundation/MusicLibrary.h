@@ -11,27 +11,26 @@
 
 namespace lyrabox {
 
-/// One track of the music application's library. A key that the library does not have is none.
+/// One track of the music application's library. A member is empty if the library lacks its key.
 struct MusicTrack {
     std::optional<QString> location; ///< "Location": the file's URL as text
     std::optional<QString> name;     ///< "Name"
     std::optional<QString> artist;   ///< "Artist"
     std::optional<QString> album;    ///< "Album"
-    std::optional<double> totalTime; ///< "Total Time", milliseconds; finite
+    std::optional<double> totalTime; ///< "Total Time" in milliseconds; finite
 };
 
-/// One playlist of the library, in the library's words.
+/// One playlist of the library. The quoted words are the library's keys.
 struct MusicPlaylist {
     QString persistentID;                      ///< "Playlist Persistent ID"
     std::optional<QString> parentPersistentID; ///< "Parent Persistent ID"
     QString name;                              ///< "Name"
     std::optional<bool> visible;               ///< "Visible"
     std::optional<qint64> distinguishedKind;   ///< "Distinguished Kind"
-    std::optional<std::vector<QString>>
-        items; ///< "Playlist Items": the text form of each "Track ID"
+    std::optional<std::vector<QString>> items; ///< "Playlist Items": each "Track ID" as text
 };
 
-/// The library read whole. Immutable once built; shared by whoever shows it.
+/// A whole library in memory. It never changes once it is built, so its users share it.
 struct MusicLibrary {
     std::unordered_map<QString, MusicTrack>
         tracks;                           ///< "Tracks", by the text of the track's identifier
@@ -40,28 +39,32 @@ struct MusicLibrary {
 
 using MusicLibraryRef = std::shared_ptr<const MusicLibrary>;
 
-/// The library that the preferences name: the first entry of "iTunesRecentDatabases" in the
-/// preference domain "com.apple.iApps" (`$XDG_CONFIG_HOME/com.apple.iApps.plist`), an array of URL
-/// texts. None when that entry is no URL of a file or the file cannot be read as a property-list
-/// dictionary. Where the key is missing or empty, the library of the desktop's own music
-/// application is looked for, and then the demo music is offered as a library of one playlist.
-/// Reads files; main thread.
+/// Finds and reads the user's music library. The preferences name it: the first entry of
+/// "iTunesRecentDatabases", an array of URL texts, in the preference domain "com.apple.iApps"
+/// (`$XDG_CONFIG_HOME/com.apple.iApps.plist`). Null if that entry is not the URL of a file or the
+/// file is not a property-list dictionary.
+///
+/// If the key is missing or empty, the library of the desktop's own music application is used. If
+/// there is none either, the result is the demo music as a library of one playlist.
+///
+/// Reads files and so blocks. Main thread only.
 MusicLibraryRef locateMusicLibrary();
 
-/// Names `file` as the music library from the next start on. False when the preferences cannot be
+/// Makes `file` the music library from the next start on. False if the preferences cannot be
 /// written.
 bool chooseMusicLibrary(const QString &file);
 
-/// The library in a file, a property list in XML or binary form; none when it is no property-list
-/// dictionary. XML is read as a stream: besides the result, memory holds a piece of the file.
+/// Reads a library from a property list in XML or binary form. Null if the file is not a
+/// property-list dictionary. XML is read as a stream: in addition to the result, memory holds only
+/// one piece of the file. Blocks; any thread.
 MusicLibraryRef readMusicLibrary(const QString &file);
 
-/// The library that lies with the demo music in `folder` as "Library.xml", its locations relative
-/// to the folder; none when there is none.
+/// Reads "Library.xml", the library of the demo music in `folder`. Its locations are relative to
+/// the folder. Null if there is no such file. Blocks; any thread.
 MusicLibraryRef demoMusicLibrary(const QString &folder);
 
-/// A "Location" as a URL: percent-encoded text, "file://localhost/..." meaning this computer; an
-/// absolute path stands for its file. Invalid when the text is no URL.
+/// A "Location" as a URL. The text is a percent-encoded URL or an absolute path; the host
+/// "localhost" means this computer. An invalid URL if the text is neither.
 QUrl locationURL(const QString &location);
 
 } // namespace lyrabox

@@ -8,8 +8,8 @@
 
 namespace lyrabox {
 
-/// Named announcements within the process, delivered at once to every observer in the order in
-/// which they registered. Main thread only.
+/// Delivers named notifications within the process. post() calls the observers at once, in the
+/// order in which they registered. Main thread only.
 class NotificationCenter {
 public:
     using Handler = std::function<void()>;
@@ -17,19 +17,19 @@ public:
     static NotificationCenter &defaultCenter();
 
     /// Calls `handler` at every post of `name` until `context` is destroyed or removed. `context`
-    /// is not owned and must be a live object.
+    /// must be alive; the center does not own it.
     void addObserver(const QObject *context, const QString &name, Handler handler);
 
-    /// Forgets every registration of `context`. Allowed from inside a handler.
+    /// Removes every registration of `context`. May be called by a handler.
     void removeObserver(const QObject *context);
 
-    /// Calls the observers of `name`, those registered now. An observer added or removed meanwhile
-    /// is neither called nor missed by this post.
+    /// Calls the observers of `name` that are registered now. This post calls no observer that a
+    /// handler adds meanwhile, and none that a handler removes before its turn.
     void post(const QString &name);
 
-    /// Queued posting "now, coalesced on name": what is still queued under `name` is merged into
-    /// this post, which takes place before the call returns. A post of the same name made from
-    /// inside one of its own observers is merged into one more round after the current one.
+    /// Posts `name` before the call returns, unless an observer of `name` makes this call while
+    /// `name` is being posted this way. Then the observers are called once more after the current
+    /// round; several such calls cause one round only.
     void postCoalescingOnName(const QString &name);
 
 private:

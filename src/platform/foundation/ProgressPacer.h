@@ -8,33 +8,36 @@
 
 namespace lyrabox {
 
-/// Told how far long work has come while the main thread does it; on the main thread. `total` is 0
-/// where it is not known. It must not process events.
+/// Reports the progress of long work on the main thread. `total` is 0 if it is not known. `done`
+/// and `total` have the same unit, which the work chooses. The hook must not process events.
 using ProgressHook = std::function<void(qint64 done, qint64 total)>;
-/// Whether the user wants the work to stop.
+/// Returns whether the user wants the work to stop.
 using StopProbe = std::function<bool()>;
-/// Makes the probe of one piece of work when that begins to be shown; it goes with the work.
+/// Makes the stop probe for one piece of work when its progress is first shown. The probe is
+/// destroyed with the work.
 using StopProbeMaker = std::function<StopProbe()>;
+/// Returns a time of which only differences count, like monotonicTime().
 using ProgressClock = std::function<std::chrono::milliseconds()>;
 
-/// Says when long work is to be shown: not within its first quarter of a second, so that short work
-/// shows nothing, then every 50 ms at most.
+/// Decides when the progress of long work is shown: not in its first 250 ms, so that short work
+/// shows nothing, and then every 50 ms at most. One object for one piece of work, on one thread.
 class ProgressPacer {
 public:
-    /// The work begins now. Without a hook nothing is ever asked; without a clock monotonicTime()
-    /// is.
+    /// The work begins now. Without a hook nothing is shown and the user cannot stop the work.
+    /// Without a clock monotonicTime() is used.
     ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 total = 0);
 
-    /// Lets the user stop the work from when it is first shown. Without one nobody can.
+    /// Lets the user stop the work once it is shown.
     void setStopProbe(StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
 
-    /// Whether the user wants the work to stop. Once true it stays true.
+    /// Whether the user wanted the work to stop. Once true, it stays true.
     bool isStopped() const { return m_isStopped; }
 
-    /// Where it turns out only while working.
+    /// Sets the total if it becomes known only during the work.
     void setTotal(qint64 total) { m_total = total; }
 
-    /// Calls the hook, and asks whether to stop, when it is time. Cheap otherwise.
+    /// Tells how much is done. If it is time, calls the hook and asks the stop probe. Otherwise
+    /// this is cheap, so it can be called often.
     void advance(qint64 done);
 
 private:

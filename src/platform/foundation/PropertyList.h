@@ -12,16 +12,17 @@
 
 namespace lyrabox {
 
-/// One value of a property list: a copyable tree. Dictionaries keep the order in which their keys
-/// were added, so that a file is written as it was built. Integers are 64-bit signed; one that does
-/// not fit was read as a real.
+/// One value of a property list: null, a scalar, or an array or dictionary of further values. A
+/// copy is a copy of the whole tree. A dictionary keeps the order in which its keys were added, and
+/// is written in that order. Integers are signed with 64 bits; a larger one in a file is read as a
+/// real.
 class PropertyList {
 public:
     using Array = std::vector<PropertyList>;
     using Member = std::pair<QString, PropertyList>;
     using Dictionary = std::vector<Member>;
 
-    /// Nothing: what a missing key gives. It is not written.
+    /// The null value, which stands for a missing key. It is not written.
     PropertyList();
     PropertyList(const PropertyList &);
     PropertyList(PropertyList &&) noexcept;
@@ -39,12 +40,13 @@ public:
     PropertyList(QDateTime value) : m_value(std::move(value)) {}
     PropertyList(Array value) : m_value(std::move(value)) {}
     PropertyList(Dictionary value) : m_value(std::move(value)) {}
-    PropertyList(const char *) = delete; // would be taken for a bool
+    PropertyList(const char *) = delete; // it would become a bool
     PropertyList(const void *) = delete;
 
     bool isNull() const { return std::holds_alternative<std::monostate>(m_value); }
 
-    /// The value where it is of that type, else nothing.
+    /// Pointers to the value if it has that type, otherwise null. Valid while this object neither
+    /// changes nor goes away.
     const QString *string() const { return std::get_if<QString>(&m_value); }
     const QByteArray *data() const { return std::get_if<QByteArray>(&m_value); }
     const QDateTime *date() const { return std::get_if<QDateTime>(&m_value); }
@@ -53,17 +55,17 @@ public:
     const Dictionary *dictionary() const { return std::get_if<Dictionary>(&m_value); }
     Dictionary *dictionary() { return std::get_if<Dictionary>(&m_value); }
 
-    /// A number or a boolean as another number would be converted; none for everything else. An
-    /// integer is none where a real has no integer part in the range.
+    /// Conversions of a boolean, integer or real; none for every other type. integer() drops the
+    /// fraction of a real, and is none if the rest does not fit into 64 bits.
     std::optional<bool> boolean() const;
     std::optional<qint64> integer() const;
     std::optional<double> real() const;
 
-    /// The first member of that key of a dictionary; a null value when there is none or this is no
-    /// dictionary.
+    /// The first value under `key`. The null value if there is none or this is not a dictionary.
+    /// Valid while this object neither changes nor goes away.
     const PropertyList &value(QStringView key) const;
 
-    /// Same types, same values, same order of keys.
+    /// True for the same types, the same values and the same order of keys.
     bool operator==(const PropertyList &other) const { return m_value == other.m_value; }
 
 private:
@@ -73,37 +75,35 @@ private:
         m_value;
 };
 
-/// What a property list may be at most; whatever goes beyond is not a property list to this
-/// program.
+/// Limits of property lists. A larger list is rejected as malformed.
 namespace propertyListLimit {
 
-/// How many arrays and dictionaries may lie inside one another.
+/// How deeply arrays and dictionaries may be nested.
 inline constexpr int depth = 128;
 
 /// The size of a file in bytes.
 inline constexpr qint64 bytes = qint64{1} << 30;
 
-/// How many values a binary list may hold for each of its bytes. It may name one value many times,
-/// so that a few hundred bytes could otherwise stand for more than a memory holds.
+/// The most values that a binary list may hold for each of its bytes. A binary list may refer to
+/// one value many times. Without this limit a few hundred bytes could expand beyond any memory.
 inline constexpr qint64 valuesPerByte = 4;
 
 } // namespace propertyListLimit
 
-/// The property list in `data`, XML (UTF-8, or UTF-16 with a byte-order mark) or binary; none when
-/// it is malformed or beyond the limits.
+/// The property list in `data`: XML (UTF-8, or UTF-16 with a byte-order mark) or binary. None if it
+/// is malformed or beyond the limits. Any thread.
 std::optional<PropertyList> parsePropertyList(const QByteArray &data);
 
-/// The same for a file; none also when it cannot be read.
+/// The same for a file; also none if the file cannot be read.
 std::optional<PropertyList> readPropertyList(const QString &path);
 
-/// `value` as an XML property list. Reals are written in the fewest digits that read back as the
-/// same number. Characters that XML cannot hold are replaced by U+FFFD, as they are when a list is
+/// `value` as an XML property list in UTF-8. Reals are written in the fewest digits that read back
+/// as the same number. Characters that XML cannot hold become U+FFFD, as they do when a list is
 /// read.
 QByteArray propertyListXml(const PropertyList &value);
 
-/// Writes `value` as XML, the whole file or none: into a temporary file beside it, flushed to the
-/// disk and moved over the old one, whose permissions it takes. False, with the old file untouched,
-/// when any of that fails.
+/// Writes `value` to a file as XML, with files::replaceFile(): the file then is the old one or the
+/// new one, whole. False, with the old file unchanged, if this fails.
 bool writePropertyList(const PropertyList &value, const QString &path);
 
 } // namespace lyrabox

@@ -10,14 +10,16 @@ class QIODevice;
 
 namespace lyrabox {
 
-/// `text` decoded. Malformed UTF-8 becomes U+FFFD; a byte-order mark in front, which QString would
-/// drop, is a character of the text like every other.
+/// Decodes UTF-8. Malformed bytes become U+FFFD. Unlike QString::fromUtf8(), it keeps a byte-order
+/// mark at the start as a character of the text.
 QString utf8Text(std::string_view text);
 
-/// Reads an XML property list as a stream of tokens, holding no more of it than one piece of the
-/// file, however large it is. Read next() until it gives Token::End or Token::Error; after either
-/// it stays there. Checks that elements are properly nested and keys stand where keys belong; knows
-/// no document type and no entities but the five of XML and numeric ones.
+/// Reads an XML property list as a stream of tokens. Memory holds only one piece of the file,
+/// however large the file is. Call next() until it returns Token::End or Token::Error; after that
+/// it keeps returning the same token.
+///
+/// The reader checks that elements are properly nested and that keys stand where keys belong. It
+/// ignores the document type. The only entities it knows are the five of XML and numeric ones.
 class PropertyListReader {
 public:
     enum class Token {
@@ -26,38 +28,40 @@ public:
         ArrayBegin,
         ArrayEnd,
         Key,     ///< text() is the key; the next token is its value
-        String,  ///< text()
-        Integer, ///< text(), as written
-        Real,    ///< text(), as written
+        String,  ///< text() is the string
+        Integer, ///< text() is the number as written
+        Real,    ///< text() is the number as written
         True,
         False,
-        Data,  ///< text(), base64 as written
-        Date,  ///< text(), as written
-        End,   ///< the list was complete
-        Error, ///< the file is no property list, or could not be read
+        Data,  ///< text() is base64 as written
+        Date,  ///< text() is the date as written
+        End,   ///< the list is complete
+        Error, ///< the file is not a property list, or it could not be read
     };
 
-    /// `device` is open for reading, holds UTF-8 and outlives the reader.
+    /// `device` must be open for reading, hold UTF-8 and outlive the reader, which does not own it.
     explicit PropertyListReader(QIODevice &device);
 
+    /// Reads the next token. May block on the device.
     Token next();
 
-    /// The content of the last token as UTF-8, entities decoded. Valid until the next call.
+    /// The content of the last token in UTF-8, with entities decoded. Valid until next() or
+    /// skipValue() is called.
     std::string_view text() const { return m_text; }
 
-    /// The same as a string; malformed UTF-8 becomes U+FFFD.
+    /// text() as a string; malformed UTF-8 becomes U+FFFD.
     QString string() const;
 
-    /// Reads on to the end of the value that the last token begins; at once when it is a scalar.
-    /// False on error.
+    /// Skips the rest of the value that begins with `token`, which must be the last token read. A
+    /// scalar has no rest. False on error.
     bool skipValue(Token token);
 
-    /// How many arrays and dictionaries are open.
+    /// How many arrays and dictionaries are open at the current place.
     int depth() const { return static_cast<int>(m_nesting.size()); }
 
 private:
     struct Tag {
-        std::string_view name; ///< into the buffer
+        std::string_view name; ///< points into the buffer
         bool closes = false;
         bool isEmpty = false;
     };
@@ -85,12 +89,12 @@ private:
 
     std::string_view m_text;
     std::string m_decoded;
-    std::string m_nesting; // for each open container 'd' or 'a'
+    std::string m_nesting; // 'd' or 'a' for each open container
     bool m_started = false;
     bool m_inPlist = false;
     bool m_hasRoot = false;
-    bool m_keyPending = false; // a key was read, its value is next
-    bool m_endPending = false; // an empty container was opened, its end is next
+    bool m_keyPending = false; // a key was read, and its value is next
+    bool m_endPending = false; // an empty container was opened, and its end is next
     std::optional<Token> m_final;
 };
 

@@ -4,11 +4,15 @@
 
 namespace lyrabox {
 
-/// The library that Rhythmbox keeps in `folder` ("rhythmdb.xml" and "playlists.xml") as a music
-/// library: its songs save the hidden ones; first a playlist of all of them (distinguished kind 4),
-/// then the static playlists in their order. Tracks are identified by their location, playlists by
-/// a hash of kind and name, so that both stay the same from start to start. None when there are no
-/// songs or the files cannot be read; the songs alone when only the playlists cannot be read.
+/// Reads the library that Rhythmbox keeps in `folder` ("rhythmdb.xml" and "playlists.xml").
+///
+/// The result holds all songs except hidden ones. Its first playlist lists all of them
+/// (distinguished kind 4); the static playlists follow in their order. A track is identified by its
+/// location, a playlist by a hash of its kind and name, so both keep their identifiers from start
+/// to start.
+///
+/// Null if there are no songs or "rhythmdb.xml" cannot be read. If only "playlists.xml" cannot be
+/// read, the result holds the songs alone. Blocks; any thread.
 MusicLibraryRef readRhythmboxLibrary(const QString &folder);
 
 } // namespace lyrabox

@@ -4,11 +4,11 @@
 
 namespace lyrabox {
 
-/// A signed 32-bit platform status: 0 is success. It travels up unchanged; only the place that
-/// shows a message turns it into text.
+/// The result of an operation: 0 is success, everything else an error of namespace status. Callers
+/// pass it on unchanged; only the code that shows a message turns it into text.
 using Status = std::int32_t;
 
-/// The status whose four bytes, most significant first, are the characters given:
+/// The status whose bytes, the most significant first, are the four characters of `code`, as in
 /// fourCharCode("typ?").
 constexpr Status fourCharCode(const char (&code)[5])
 {
@@ -27,14 +27,14 @@ constexpr Status noPermission = -54;                         ///< the file may n
 constexpr Status notEnoughMemory = -108;                     ///< the decoded song does not fit
 constexpr Status unsupportedFileType = fourCharCode("typ?"); ///< not an audio file
 constexpr Status unsupportedDataFormat =
-    fourCharCode("fmt?");                                 ///< audio, but nothing here decodes it
-constexpr Status invalidFile = fourCharCode("dta?");      ///< an audio file, but malformed
-constexpr Status unspecified = fourCharCode("wht?");      ///< anything else
+    fourCharCode("fmt?");                            ///< an audio file that no decoder here reads
+constexpr Status invalidFile = fourCharCode("dta?"); ///< a malformed audio file
+constexpr Status unspecified = fourCharCode("wht?"); ///< any other error
 constexpr Status missingDecoder = fourCharCode("dec?");   ///< the decoders are not installed
 constexpr Status noAudioDevice = fourCharCode("!dev");    ///< no sound server or no output device
 constexpr Status soundServerHangs = fourCharCode("hang"); ///< the sound server does not answer
-constexpr Status invalidParameter = -10878; ///< a parameter ID that a unit does not have
-constexpr Status noConnection = -10876;     ///< a unit without a source was started
+constexpr Status invalidParameter = -10878;               ///< an audio unit without that parameter
+constexpr Status noConnection = -10876; ///< an audio unit was started without a source
 
 } // namespace status
 } // namespace lyrabox

@@ -8,16 +8,18 @@ class QSocketNotifier;
 
 namespace lyrabox {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a call on the main thread, so that the program ends in
-/// order. One object per process.
+/// Turns the signals SIGTERM, SIGINT and SIGHUP into a call of a function on the main thread, so
+/// that the program can end properly. At most one object at a time, on the main thread.
 class TerminationSignals : public QObject {
     Q_OBJECT
 
 public:
+    /// `terminate` is called from the event loop, once for each batch of signals.
     explicit TerminationSignals(std::function<void()> terminate, QObject *parent = nullptr);
     ~TerminationSignals() override;
 
-    /// Whether such a signal has come. For work that keeps the main thread from handling events.
+    /// Whether such a signal has arrived since the object was made. For work that keeps the main
+    /// thread from its event loop. Any thread.
     static bool haveCome();
 
 private:

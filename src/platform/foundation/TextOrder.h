@@ -4,8 +4,9 @@
 
 namespace lyrabox {
 
-/// Compares texts as people expect: by the alphabet of the user's language, ignoring case, numbers
-/// within the text by value. A collator serves one thread; make one for each.
+/// A collator that compares texts as people expect: by the alphabet of the user's language, without
+/// regard to case, and numbers within a text by value. Any thread may make one, but only one thread
+/// may use it.
 QCollator textCollator();
 
 } // namespace lyrabox

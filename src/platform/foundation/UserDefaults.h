@@ -5,22 +5,23 @@
 
 namespace lyrabox {
 
-/// The user defaults: `$XDG_CONFIG_HOME/Lyrabox/Lyrabox.conf`, INI, every key in the general group.
-/// Main thread only. The file is opened at the first call and stays open.
+/// The user defaults: small preferences in `$XDG_CONFIG_HOME/Lyrabox/Lyrabox.conf`, an INI file
+/// with every key in the general group. The first call opens the file, and it stays open. Main
+/// thread only.
 QSettings &userDefaults();
 
-/// Writes what is pending and opens the file again where the environment now says. For tests.
+/// For tests: writes pending changes, then opens the file that the environment names now.
 void reopenUserDefaults();
 
 /// The number stored under `key`; `fallback` when there is none, or something that is no finite
 /// number.
 float finiteUserDefault(const QString &key, float fallback);
 
-/// Stores `value` in the fewest decimal digits that read back as the same float.
+/// Stores `value` in the fewest decimal digits that read back as the same float. Main thread only.
 void setUserDefault(const QString &key, float value);
 
-/// The keys that the system itself defines; window geometry and the like have keys of their own
-/// beside them.
+/// The keys that belong to the player. Keys of the windows (geometry, columns and the like) are
+/// defined where they are used.
 namespace defaultsKey {
 
 using namespace Qt::Literals::StringLiterals;

@@ -11,19 +11,22 @@ class QSocketNotifier;
 
 namespace lyrabox {
 
-/// Posts volumeDidMount and volumeDidUnmount while it lives, when a file system is mounted or
-/// unmounted anywhere, shown or not. The kernel signals the change; nothing is polled. Main thread.
+/// Posts volumeDidMount and volumeDidUnmount when any file system is mounted or unmounted, also one
+/// that file managers do not show. The kernel signals the change; nothing is polled. Main thread
+/// only.
 class VolumeWatcher : public QObject {
     Q_OBJECT
 
 public:
     using ReadTable = std::function<QByteArray()>;
 
-    /// `readTable` gives the mount table; by default it is the kernel's.
+    /// `readTable` returns the mount table in the form of /proc/self/mountinfo. Without one the
+    /// kernel's table is read.
     explicit VolumeWatcher(QObject *parent = nullptr, ReadTable readTable = {});
     ~VolumeWatcher() override;
 
-    /// Compares the table with the one seen last and posts the difference.
+    /// Compares the table with the last one seen and posts the differences. The watcher calls this
+    /// itself when the kernel signals a change.
     void check();
 
 private:

@@ -11,31 +11,31 @@ namespace lyrabox {
 
 /// One line of the kernel's mount table.
 struct Mount {
-    quint64 id = 0;          ///< the kernel's number of this mounting
-    QString path;            ///< where it is mounted
+    quint64 id = 0;          ///< the kernel's number of this mount
+    QString path;            ///< the mount point
     QString fileSystem;      ///< "ext4", "fuse.sshfs"
     QString source;          ///< "/dev/sdb1", "server:/music"
-    bool isReadOnly = false; ///< this mounting or the file system under it
+    bool isReadOnly = false; ///< this mount or the file system itself
 
     friend bool operator==(const Mount &, const Mount &) = default;
 };
 
-/// The mounts of a table in the form of /proc/self/mountinfo, in its order, without malformed
-/// lines. Of several mounts on one path only the last, which hides the others, counts.
+/// The mounts of a table in the form of /proc/self/mountinfo, in its order. Malformed lines are
+/// skipped. Of several mounts on one path the result holds only the last, which hides the others.
 std::vector<Mount> parseAllMounts(const QByteArray &mountTable);
 
-/// Those of them that hold files of a user's: the kernel's own file systems are left out.
+/// The same without the kernel's own file systems, which hold no files of the user.
 std::vector<Mount> parseMounts(const QByteArray &mountTable);
 
-/// What the desktop says of mounts beyond the kernel's table.
+/// What the desktop knows about mounts in addition to the kernel's table.
 struct MountNotes {
     QString home;                   ///< the user's home folder
-    QHash<QString, QString> labels; ///< by device path
+    QHash<QString, QString> labels; ///< labels of file systems by device path
     QHash<QString, QStringList>
-        options; ///< by mount path: those that only the desktop reads ("x-gvfs-hide")
+        options; ///< by mount path: options for the desktop, such as "x-gvfs-hide"
 };
 
-/// The options of the table in the form of /run/mount/utab, by mount path.
+/// The options in a table in the form of /run/mount/utab, by mount path.
 QHash<QString, QStringList> parseMountOptions(const QByteArray &optionTable);
 
 /// A mounted volume as the desktop's file manager lists it.
@@ -47,16 +47,17 @@ struct Volume {
     friend bool operator==(const Volume &, const Volume &) = default;
 };
 
-/// The mounts that a file manager shows: those below /media, /run/media, /mnt and the home folder
-/// (there, none inside a hidden folder), and those with the option "x-gvfs-show"; never one with
-/// "x-gvfs-hide". The root file system is none of them. A volume's name is its "x-gvfs-name", else
-/// its file system's label, else the last component of its path.
+/// The mounts that a file manager shows: mounts below /media, /run/media and /mnt, mounts below the
+/// home folder that are not inside a hidden folder, and mounts with the option "x-gvfs-show". The
+/// root file system and mounts with "x-gvfs-hide" are never shown. A volume's name is its
+/// "x-gvfs-name"; without one it is the file system's label, and without a label the last component
+/// of the path.
 std::vector<Volume> shownVolumes(const std::vector<Mount> &mounts, const MountNotes &notes);
 
-/// The volumes that are mounted now.
+/// The volumes that are mounted now. Asks the kernel and the desktop's tables, but no disk.
 std::vector<Volume> mountedVolumes();
 
-/// Whether one mount table has a mount that the other has not.
+/// Whether mounts were added or removed between two mount tables.
 struct MountChange {
     bool isMounted = false;
     bool isUnmounted = false;
