@@ -38,11 +38,20 @@ class ScriptTest(unittest.TestCase):
 
     path = None
 
-    def run_script(self, name, *arguments, **variables):
+    def command_of(self, name, arguments, variables):
+        """How a script is called: the command, and its whole environment."""
         environment = {"PATH": self.path or f"{self.root / 'bin'}:/usr/bin:/bin", "STATE": str(self.root),
                        "HOME": str(self.root), "DPKG_ADMINDIR": str(self.root), **variables}
-        return subprocess.run([shutil.which("bash"), self.root / "scripts" / name, *arguments], text=True,
-                              capture_output=True, check=False, env=environment, timeout=60)
+        return [shutil.which("bash"), self.root / "scripts" / name, *arguments], environment
+
+    def run_script(self, name, *arguments, **variables):
+        command, environment = self.command_of(name, arguments, variables)
+        return subprocess.run(command, text=True, capture_output=True, check=False, env=environment, timeout=60)
+
+    def start_script(self, name, *arguments, **variables):
+        """Starts a script whose output can be read while it runs."""
+        command, environment = self.command_of(name, arguments, variables)
+        return subprocess.Popen(command, text=True, stdout=subprocess.PIPE, env=environment)
 
     def lines(self, name):
         file = self.root / name

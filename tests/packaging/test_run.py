@@ -1,6 +1,7 @@
 """Runs scripts/run and scripts/build among stand-ins and looks at what they install, configure and start."""
 import os
 import shutil
+import signal
 import socket
 
 import standins
@@ -54,6 +55,31 @@ class Run(standins.ScriptTest):
         result = self.run_script("run")
         self.assertEqual((result.returncode, self.sections()), (0, "build run virtual"), result.stderr)
         self.assertIn("started  :7", result.stdout)
+
+    def test_signals_while_it_ends_leave_no_display_behind(self):
+        # The display stays until it is told to end. The program signals the script once more while the script waits for it.
+        self.stand_in("bin/Xvfb", """echo $$ >"$STATE/display"
+trap 'kill $waiting; echo display >>"$STATE/ended"; exit' TERM
+for last in "$@"; do :; done
+tail -f /dev/null & waiting=$!
+echo 7 >"/dev/fd/$last"
+wait
+""")
+        self.stand_in("build/release/lyrabox", """trap 'kill -TERM $PPID; kill $waiting; echo program >>"$STATE/ended"; exit' TERM
+tail -f /dev/null & waiting=$!
+echo started
+wait
+""")
+        (self.root / "sound").touch()
+        with self.start_script("run") as process:
+            while process.stdout.readline() != "started\n":
+                pass
+            process.terminate()
+            self.assertEqual(process.wait(timeout=60), 143)
+        if "display" not in self.lines("ended"):
+            os.kill(int(self.lines("display")[0]), signal.SIGTERM)
+            self.fail("the display is left behind")
+        self.assertEqual(self.lines("ended"), ["program", "display"])
 
     def hide_pactl(self):
         (self.root / "bin/pactl").unlink()
