@@ -1,6 +1,7 @@
 """Runs scripts/setup among stand-ins for the package tools and looks at what it would install."""
 import os
 import re
+import unittest
 
 import standins
 
@@ -228,6 +229,35 @@ After this operation, 276 MB of additional disk space will be used.
         os.utime(self.root / "status", (4e9, 4e9))
         self.install("build", "run")
         self.assertIn("plugin", self.installed())
+
+
+class List(unittest.TestCase):
+    """The project's own list, and the calls that name its sections."""
+
+    def setUp(self):
+        self.text = (standins.SOURCE / "scripts/packages").read_text()
+        self.sections = re.findall(r"^\[(\w+)\]$", self.text, re.MULTILINE)
+
+    def test_every_entry_can_be_read(self):
+        name = r"[a-z0-9][a-z0-9.+-]+"
+        entry = rf"{name}( >= [0-9:.]+)?( \| {name})*( unless {name})?"
+        lines = [line.split("#")[0].strip() for line in self.text.splitlines()]
+        self.assertEqual([line for line in lines if line and not re.fullmatch(rf"\[\w+\]|{entry}", line)], [])
+
+    def test_no_section_names_a_package_twice(self):
+        for part in re.split(r"^\[\w+\]$", self.text, flags=re.MULTILINE):
+            entries = [line.split()[0] for line in part.splitlines() if line and not line.startswith("#")]
+            self.assertEqual(len(entries), len(set(entries)), part)
+
+    def test_every_section_that_a_script_installs_is_in_the_list(self):
+        called = set()
+        for script in (standins.SOURCE / "scripts").iterdir():
+            if script.name not in ("setup", "packages") and script.is_file():
+                for call in re.findall(r'scripts/setup"?\]?([\w\s",-]*)', script.read_text()):
+                    called |= set(re.findall(r"[\w-]+", call.split("\n")[0]))
+        self.assertIn("build", called)
+        listed = set(self.sections) | set(self.text.split())
+        self.assertEqual(called - listed, set())
 
 
 if __name__ == "__main__":
