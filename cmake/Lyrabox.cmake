@@ -29,8 +29,8 @@ if(LYRABOX_COVERAGE)
   target_link_options(lyrabox_options INTERFACE --coverage)
 endif()
 
-# What most sources begin with, compiled once for the sanitizers' builds. Elsewhere every source stands on what it
-# includes, so that a missing include shows.
+# Headers that most sources include, compiled once for the sanitizers' builds. Other builds do without, so that a missing
+# include is found.
 if(LYRABOX_SANITIZER)
   add_library(lb_source_headers STATIC ${CMAKE_CURRENT_LIST_DIR}/SourceHeaders.cpp)
   target_link_libraries(lb_source_headers PRIVATE Qt6::Core lyrabox_options)
@@ -40,8 +40,8 @@ if(LYRABOX_SANITIZER)
 endif()
 
 # lyrabox_add_library(engine DEPENDS platform_audio settings LIBRARIES Qt6::Core PRIVATE_LIBRARIES ...)
-# makes lb_engine of every source in the calling folder. DEPENDS are folders of this tree, named as their targets:
-# a folder that may not be included is not named, so that what it would need does not link.
+# makes lb_engine of every source in the calling folder. DEPENDS are folders of this tree, named as their targets. A folder
+# that may not be included is not named, so code that uses it does not link.
 function(lyrabox_add_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES;PRIVATE_LIBRARIES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
@@ -62,8 +62,8 @@ function(lyrabox_add_library name)
   endif()
 endfunction()
 
-# lyrabox_add_module(decoding DecodingEntry.cpp lb_platform_decoding) makes lib/lyrabox/lyrabox-decoding.so, which the
-# program opens when it is first needed. Of the layers below it takes what it uses, and nothing of what those link.
+# lyrabox_add_module(decoding DecodingEntry.cpp lb_platform_decoding) makes lib/lyrabox/lyrabox-decoding.so. The program
+# opens it when it first needs it. It contains the code of the layers below that it uses, and links only its own libraries.
 function(lyrabox_add_module name entry library)
   add_library(lyrabox_${name} MODULE ${entry})
   target_link_libraries(lyrabox_${name} PRIVATE ${library} lyrabox_options)
@@ -71,7 +71,7 @@ function(lyrabox_add_module name entry library)
   set_target_properties(lyrabox_${name} PROPERTIES PREFIX "" OUTPUT_NAME lyrabox-${name}
     LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib/lyrabox)
   install(TARGETS lyrabox_${name} LIBRARY DESTINATION lib/lyrabox)
-  # What a module is made of goes into a shared library; not every version of Qt asks for such code by itself.
+  # The parts of a module become a shared library. Not every version of Qt asks for position-independent code by itself.
   get_target_property(parts ${library} LINK_LIBRARIES)
   list(FILTER parts INCLUDE REGEX "^lb_")
   set_target_properties(${library} ${parts} PROPERTIES POSITION_INDEPENDENT_CODE ON)
@@ -79,10 +79,11 @@ endfunction()
 
 # lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [WAITS] [OPTIMISED] [TIMEOUT seconds])
 # makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
-# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp). OPTIMISED: for tests that
-# compute much themselves; the others are compiled as fast as it goes. WAITS: for tests that mostly wait for sound and
-# windows. They come first and one at a time, beside others that step back for them (nice). SERIAL: alone, for tests that
-# judge what comes from a device by the millisecond; the sanitizers do not, and those tests wait, too.
+# on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp).
+# OPTIMISED: for tests that compute much themselves. The others are compiled without optimisation, which is faster.
+# WAITS: for tests that mostly wait for sound and windows. They start first and run one at a time. Other tests run at the same
+# time with a lower priority (nice).
+# SERIAL: for tests that measure a device by the millisecond. They run alone; under the sanitizers they are like WAITS.
 function(lyrabox_add_test name)
   cmake_parse_arguments(ARG "SERIAL;WAITS;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
@@ -102,7 +103,7 @@ function(lyrabox_add_test name)
     LYRABOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LYRABOX_BINARY_DIR="${PROJECT_BINARY_DIR}")
   add_dependencies(test_${name} lyrabox_decoding lyrabox_output)
   if(LYRABOX_SANITIZER OR LYRABOX_COVERAGE OR CMAKE_BUILD_TYPE STREQUAL "Debug")
-    target_compile_definitions(test_${name} PRIVATE LYRABOX_IS_SLOW) # what is tested is several times slower
+    target_compile_definitions(test_${name} PRIVATE LYRABOX_IS_SLOW) # the tested code is several times slower
   endif()
   if(NOT ARG_OPTIMISED)
     target_compile_options(test_${name} PRIVATE -O0)
