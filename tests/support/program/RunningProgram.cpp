@@ -51,7 +51,8 @@ double toneOf(const std::vector<float> &samples)
 
 } // namespace
 
-RunningProgram::RunningProgram() : m_home(u"/tmp/lbXXXXXX"_s)
+RunningProgram::RunningProgram(PrivateSoundServer::Kind server)
+    : sound(server), m_home(u"/tmp/lbXXXXXX"_s)
 {
     for (const QString &folder : {u"h"_s, u"d/Lyrabox"_s, u"c/Lyrabox"_s, u"r"_s})
         EXPECT_TRUE(QDir(m_home.path()).mkpath(folder));

@@ -22,7 +22,7 @@ namespace lyrabox::test {
 /// that fails leaves a picture of the screen in the build folder's "screenshots".
 class RunningProgram : public testing::Test {
 protected:
-    RunningProgram();
+    explicit RunningProgram(PrivateSoundServer::Kind server = PrivateSoundServer::chosenKind());
     ~RunningProgram() override;
 
     /// Before the first start: a folder of songs in the folder list, selected and sorted by title.

@@ -1,15 +1,10 @@
 #include "support/program/VirtualDisplay.h"
 
-#include <QElapsedTimer>
 #include <QFile>
-#include <QThread>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
 
-#include <sys/prctl.h>
-
-#include <csignal>
 #include <cstdlib>
 
 using namespace Qt::Literals::StringLiterals;
@@ -57,23 +52,6 @@ QImage readWindowDump(const QByteArray &dump)
 }
 
 } // namespace
-
-bool waitUntil(const std::function<bool()> &condition, double seconds)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.hasExpired(static_cast<qint64>(seconds * 1000.0)))
-            return false;
-        QThread::msleep(10);
-    }
-    return true;
-}
-
-void dieWithTheTest(QProcess &process)
-{
-    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-}
 
 VirtualDisplay::VirtualDisplay()
 {

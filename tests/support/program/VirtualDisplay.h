@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Processes.h"
+
 #include <QImage>
 #include <QPoint>
 #include <QProcess>
@@ -8,16 +10,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <functional>
-
 namespace lyrabox::test {
-
-/// Asks until the answer is yes; false when it stays no for `seconds`, which a test never reaches
-/// when all is well.
-bool waitUntil(const std::function<bool()> &condition, double seconds = 20.0);
-
-/// Lets the process die with the test that starts it, even when the test crashes.
-void dieWithTheTest(QProcess &process);
 
 /// A screen of 1280 by 860 pixels of the test's own, with a window manager that draws no frames,
 /// and a person's hands on it. What fails adds a test failure. Main thread only.
