@@ -136,6 +136,44 @@ TEST_F(SoundFaults, ADeviceWithAnotherRateOrChannelCountPlaysTheSameTone)
     }
 }
 
+TEST_F(SoundFaults, ASuspendedDeviceHoldsTheSongUntilItIsResumed)
+{
+    ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
+    engine::setOutputRunning(true);
+    expectTone(u"a"_s);
+    for (int round = 0; round < 3; ++round) {
+        recorder.reset();
+        const std::uint64_t before = engine::currentFrame();
+        ASSERT_TRUE(server.suspendSink(u"a"_s, true));
+        EXPECT_TRUE(engine::outputIsRunning());
+        if (server.kind() == PrivateSoundServer::Kind::PulseAudio)
+            EXPECT_TRUE(waitForSoundStatus(status::soundServerHangs));
+        else
+            expectTone(u"a"_s); // PipeWire wakes a device that is in use at once
+        ASSERT_TRUE(server.suspendSink(u"a"_s, false));
+        expectTone(u"a"_s);
+        EXPECT_GE(engine::currentFrame(), before);
+        EXPECT_EQ(engine::soundStatus(), status::noError);
+    }
+}
+
+TEST_F(SoundFaults, ASongMayBePausedAndGoOnWhileItsDeviceIsSuspended)
+{
+    ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
+    engine::setOutputRunning(true);
+    expectTone(u"a"_s);
+    recorder.reset();
+    ASSERT_TRUE(server.suspendSink(u"a"_s, true));
+    engine::setOutputRunning(false);
+    EXPECT_FALSE(engine::outputIsRunning());
+    engine::seekToFrame(frames(100.0));
+    engine::setOutputRunning(true);
+    EXPECT_TRUE(engine::outputIsRunning());
+    ASSERT_TRUE(server.suspendSink(u"a"_s, false));
+    expectTone(u"a"_s);
+    EXPECT_GE(engine::currentFrame(), frames(100.0));
+}
+
 TEST_F(SoundFaults, TheLastDeviceMayGoInASongAndAnotherOneComes)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
