@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QTest>
 
+#include <cmath>
+
 using namespace lyrabox;
 using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
@@ -204,12 +206,19 @@ TEST_F(MediaKeys, SeekInSongTimeAndTellOfEveryJump)
     EXPECT_NEAR(position, 10.6, 0.6);
     playerctl({u"position"_s, u"5-"_s});
     EXPECT_NEAR(playerctl({u"position"_s}).toDouble(), position - 5.0, 0.01);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return listener.positions.size() >= 2; }, 20'000));
-    EXPECT_NEAR(static_cast<double>(listener.positions.back()) / 1e6, position - 5.0, 0.01);
-
+    // A busy machine that holds the song up is told of as well.
+    const auto tells = [&listener](double seconds, double tolerance) {
+        return QTest::qWaitFor(
+            [&] {
+                return !listener.positions.empty() &&
+                       std::abs(static_cast<double>(listener.positions.back()) / 1e6 - seconds) <
+                           tolerance;
+            },
+            20'000);
+    };
+    EXPECT_TRUE(tells(position - 5.0, 0.01));
     click(navigationBar().center()); // the user's own seek
-    ASSERT_TRUE(QTest::qWaitFor([&] { return listener.positions.size() >= 3; }, 20'000));
-    EXPECT_NEAR(static_cast<double>(listener.positions.back()) / 1e6, 10.0, 0.5);
+    EXPECT_TRUE(tells(10.0, 0.5));
 }
 
 TEST_F(MediaKeys, TellOfALoopAndItsJumps)
