@@ -1,4 +1,5 @@
 """Runs scripts/test-everywhere with a stand-in for the tests and looks at the table that it makes."""
+import os
 import shutil
 import subprocess
 
@@ -36,8 +37,8 @@ class Everywhere(standins.ScriptTest):
         self.stand_in("scripts/test-elsewhere", 'echo "${LYRABOX_TEST_SOUND_SERVER:-}${LYRABOX_TEST_DISPLAY:-} $*" '
                       f'>>"$STATE/calls"\ncat "$STATE/output"\nexit {status}\n')
 
-    def everywhere(self, *arguments):
-        environment = {"PATH": f"{self.root / 'bin'}:/usr/bin:/bin", "STATE": str(self.root)}
+    def everywhere(self, *arguments, **variables):
+        environment = {"PATH": f"{self.root / 'bin'}:/usr/bin:/bin", "STATE": str(self.root), **variables}
         return subprocess.run([shutil.which("python3"), self.root / "scripts/test-everywhere", *arguments], text=True,
                               capture_output=True, check=False, env=environment, timeout=60)
 
@@ -87,6 +88,11 @@ class Everywhere(standins.ScriptTest):
         result = self.everywhere("debian-12/portable")
         self.assertEqual(result.returncode, 1)
         self.assertIn("the archive could not be made", result.stderr)
+
+    def test_through_sudo_the_archive_is_built_by_the_user(self):
+        self.stand_in("bin/runuser", 'echo "runuser $1 $2" >>"$STATE/calls"\nshift 3\nexec "$@"\n')
+        self.everywhere("debian-12/portable", SUDO_USER="ada", SUDO_UID=str(os.getuid()), SUDO_GID=str(os.getgid()))
+        self.assertEqual(self.lines("calls"), ["runuser -u ada", "package --portable", "portable-test debian-12"])
 
     def test_an_unknown_row_is_refused(self):
         result = self.everywhere("debian-11")
