@@ -43,8 +43,7 @@ struct Pull {
     void setSliders(float level)
     {
         for (std::size_t i = 0; i < equalizer::sliderCount; ++i)
-            equalizer.setParameter(static_cast<std::uint32_t>(equalizer::bandOfSlider(i)),
-                                   i % 2 == 0 ? level : -level);
+            equalizer.setParameter(equalizerBandOfControl(i), i % 2 == 0 ? level : -level);
     }
 
     void render() { equalizer.render(pullFrames, list); }
@@ -126,7 +125,7 @@ void equalizerSolve(benchmark::State &state)
     equalizer::Levels levels{};
     for (auto _ : state) {
         for (std::size_t i = 0; i < equalizer::sliderCount; ++i)
-            levels[equalizer::bandOfSlider(i)] = level(random);
+            levels[equalizerBandOfControl(i)] = level(random);
         benchmark::DoNotOptimize(equalizer::solve(levels));
     }
 }

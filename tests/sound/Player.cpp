@@ -15,7 +15,7 @@ constexpr std::size_t slicesKept = 200'000;
 
 } // namespace
 
-/// Notes where the slices come from, on their way from the render routine to the equalizer.
+/// Records the song frames of the slices that the equalizer pulls.
 class Player::TappedEqualizer final : public GraphicEqualizer {
 public:
     explicit TappedEqualizer(Player &player) : m_player(player) {}

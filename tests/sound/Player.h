@@ -15,13 +15,13 @@
 
 namespace lyrabox::test {
 
-/// The program's whole chain, save the device: engine, equalizer, time/pitch, and the output's
-/// fades. One at a time.
+/// The program's whole chain without the device: engine, equalizer, time/pitch and the output's
+/// fades. There can be only one at a time.
 class Player {
 public:
     using Song = std::function<float(std::uint32_t channel, std::uint64_t frame)>;
 
-    /// Loads a song of `frames` frames; the output is stopped.
+    /// Loads a song of `frames` frames. The output is stopped.
     Player(Song song, std::uint64_t frames);
     /// Loads a file.
     explicit Player(const QUrl &file);
@@ -29,7 +29,7 @@ public:
     Player(const Player &) = delete;
     Player &operator=(const Player &) = delete;
 
-    /// Sliders in turn at +`level` and -`level` dB.
+    /// Sets the sliders alternately to +`level` and -`level` dB.
     static void setUnevenEqualizer(float level);
 
     /// The next `frames` frames, in callbacks of `callback` frames.
@@ -40,8 +40,8 @@ public:
     HandPulledOutput &output() { return *m_output; }
     const TimePitch &timePitch() const { return *m_timePitch; }
 
-    /// Where in the song each slice came from that the equalizer pulled since the last clear(); the
-    /// first 200,000. No slice where the song has ended.
+    /// The first song frame of each slice that the equalizer has pulled since clearSlices(), up to
+    /// 200,000 of them. The song's end adds none.
     const std::vector<std::uint64_t> &slices() const { return m_slices; }
     void clearSlices() { m_slices.clear(); }
 
@@ -59,8 +59,8 @@ private:
 /// The same value in both channels at every frame: `amplitude` times a sine at `hertz`.
 Player::Song tone(double hertz, double amplitude = 0.5);
 
-/// How loud the loudest click is beside a tone below 500 Hz: the peak of what lies beyond 2 kHz, in
-/// dB of the tone's amplitude. The first and last 3 ms are not looked at.
+/// The level of the loudest click in a tone below 500 Hz: the peak of the sound beyond 2 kHz, in dB
+/// of the tone's amplitude. The first and the last 3 ms are ignored.
 double clickLevel(const std::vector<float> &heard, double toneAmplitude = 0.5);
 
 } // namespace lyrabox::test

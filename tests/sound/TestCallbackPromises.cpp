@@ -1,5 +1,5 @@
-// What the audio callback thread promises, watched from outside while the whole chain plays and
-// everything that can be changed is changed.
+// The audio callback thread does not allocate, lock or make system calls. The whole chain plays
+// while everything that can change changes.
 
 #include "sound/Player.h"
 
@@ -20,7 +20,7 @@
 #endif
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__GLIBC__)
-#define LYRABOX_WATCHES_CALLS 0 // a sanitizer has its own allocator and locks in place
+#define LYRABOX_WATCHES_CALLS 0 // a sanitizer has its own allocator and locks
 #else
 #define LYRABOX_WATCHES_CALLS 1
 #endif
@@ -51,7 +51,7 @@ void noteLock() noexcept
     locks += inCallback ? 1 : 0;
 }
 
-/// The library's own function of that name.
+/// The C library's function of that name.
 template <typename Function>
 Function *next(const char *name) noexcept
 {
@@ -60,7 +60,7 @@ Function *next(const char *name) noexcept
 
 } // namespace
 
-// These take the place of the library's in this program, and in every library that it loads.
+// These replace the C library's functions in this program and in every library that it loads.
 extern "C" {
 void *__libc_malloc(std::size_t);
 void *__libc_calloc(std::size_t, std::size_t);
@@ -148,7 +148,7 @@ using namespace lyrabox::test;
 
 namespace {
 
-/// A listener in a hurry: seeks, loops, stops, starts, turns every knob, and plays to the end.
+/// An impatient listener: seeks, loops, stops, starts, moves every control, and plays to the end.
 class RandomListener {
 public:
     static constexpr std::uint64_t songFrames = 400'000;
@@ -216,13 +216,13 @@ float song(std::uint32_t channel, std::uint64_t frame)
 constexpr std::size_t largestCallback = 1024;
 constexpr std::uint64_t playedFrames = 12 * 44100;
 
-TEST(CallbackPromises, NeitherAllocatesNorLocksWhateverTheListenerDoes)
+TEST(CallbackPromises, NeverAllocatesOrLocks)
 {
     if (!LYRABOX_WATCHES_CALLS)
         GTEST_SKIP() << "the sanitizer watches these calls itself";
-    // The watch must see what it is there to see.
+    // First make sure that the counters work.
     inCallback = true;
-    void *volatile memory = std::malloc(16); // volatile: or the pair is optimised away
+    void *volatile memory = std::malloc(16); // volatile, or the compiler removes the pair
     std::free(memory);
     delete new volatile int(1);
     engine::setOutputRunning(false); // takes the engine's mutex
@@ -251,13 +251,13 @@ TEST(CallbackPromises, NeitherAllocatesNorLocksWhateverTheListenerDoes)
     }
     EXPECT_EQ(allocations, 0);
     EXPECT_EQ(locks, 0);
-    EXPECT_GT(endings, 0) << "the walk never came to the end of the song";
+    EXPECT_GT(endings, 0) << "the song never ended";
 }
 
 #if defined(__linux__)
 
-/// In a process that the kernel kills at its first system call other than exit, read and write.
-/// Returns the child's status as waitpid() tells it.
+/// Runs in a child process, which the kernel kills at its first system call other than exit, read
+/// and write. Returns the status of waitpid().
 template <typename Work>
 int statusOfWorkWithoutSystemCalls(Work work)
 {
@@ -266,7 +266,7 @@ int statusOfWorkWithoutSystemCalls(Work work)
         if (prctl(PR_SET_SECCOMP, SECCOMP_MODE_STRICT) != 0)
             _exit(77);
         work();
-        syscall(SYS_exit, 0); // _exit() would be exit_group, which is not allowed either
+        syscall(SYS_exit, 0); // _exit() would call exit_group, which is not allowed
     }
     int status = 0;
     waitpid(child, &status, 0);
@@ -280,12 +280,12 @@ TEST(CallbackPromises, MakesNoSystemCall)
     const int status = statusOfWorkWithoutSystemCalls([] { syscall(SYS_getppid); });
     if (WIFEXITED(status) && WEXITSTATUS(status) == 77)
         GTEST_SKIP() << "this kernel has no such mode";
-    ASSERT_TRUE(WIFSIGNALED(status)) << "the watch does not see a system call";
+    ASSERT_TRUE(WIFSIGNALED(status)) << "a system call was not noticed";
 
     Player player(song, RandomListener::songFrames);
     std::array<float, 2 * largestCallback> interleaved{};
     for (const unsigned seed : {1U, 2U, 3U}) {
-        // The listener's own doings are within the watch, too: they need no system call either.
+        // The listener's calls are watched as well. They need no system call, either.
         RandomListener listener(seed);
         engine::setOutputRunning(true);
         const int result = statusOfWorkWithoutSystemCalls([&] {

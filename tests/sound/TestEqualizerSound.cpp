@@ -14,8 +14,7 @@ using namespace lyrabox;
 using namespace lyrabox::equalizer;
 using lyrabox::test::PulledEqualizer;
 
-// The goals of the equalizer, measured on what it plays. docs/sound-equalizer.md holds the same
-// figures.
+// Measures the equalizer's goals on its output. docs/sound-equalizer.md has the same figures.
 namespace {
 
 using Sliders = std::array<double, sliderCount>;
@@ -28,8 +27,8 @@ double decibels(double amplitude)
     return 20.0 * std::log10(std::max(amplitude, 1e-30));
 }
 
-// The stage takes the mirror image of its first sounds for what came before them; after so much
-// silence that is silence as well.
+// The stage takes the mirror image of its first frames as its past. After so much silence the past
+// is silent, too.
 constexpr std::size_t firstSound = 256;
 
 float click(std::size_t frame, std::size_t)
@@ -43,7 +42,7 @@ float tone(std::size_t frame, std::size_t)
         std::sin(2.0 * std::numbers::pi * 1000.0 * static_cast<double>(frame) / sampleRate));
 }
 
-// The level at `frequency` of a click's answer: the gain that a tone of this frequency gets.
+// The level of an impulse response at `frequency`, which is the gain of a tone of this frequency.
 double gainAt(const std::vector<float> &answer, double frequency)
 {
     const std::complex<double> turn =
@@ -63,8 +62,8 @@ Sliders randomSliders(std::mt19937 &random)
     return sliders;
 }
 
-// A filter that leaves what lies beyond 6 kHz and takes what lies below 5.5 kHz away by more than
-// 100 dB: a sinc in a Blackman-Harris window.
+// A high-pass that keeps frequencies beyond 6 kHz and removes those below 5.5 kHz by more than 100
+// dB: a sinc in a Blackman-Harris window.
 std::vector<double> beyondSixKilohertz()
 {
     constexpr int length = 401;
@@ -82,7 +81,7 @@ std::vector<double> beyondSixKilohertz()
     return filter;
 }
 
-// The highest momentary sample beyond 6 kHz in dB of full scale: stricter than any spectrum, which
+// The highest sample beyond 6 kHz in dB of full scale. This is stricter than a spectrum, which
 // averages.
 double peakBeyondSixKilohertz(const std::vector<float> &signal)
 {
@@ -97,7 +96,7 @@ double peakBeyondSixKilohertz(const std::vector<float> &signal)
     return decibels(peak);
 }
 
-TEST(EqualizerSound, TheDesignedResponseIsWhatIsHeard)
+TEST(EqualizerSound, TheSoundHasTheDesignedResponse)
 {
     std::mt19937 random(7);
     for (int setting = 0; setting < 8; ++setting) {
@@ -115,7 +114,7 @@ TEST(EqualizerSound, TheDesignedResponseIsWhatIsHeard)
     }
 }
 
-// What the coefficients mean, computed the long way with more digits than the stage has.
+// A reference of the filter with higher precision than the stage has.
 std::vector<long double> reference(const Coefficients &coefficients,
                                    const std::vector<float> &input)
 {
@@ -137,9 +136,9 @@ std::vector<long double> reference(const Coefficients &coefficients,
     return signal;
 }
 
-TEST(EqualizerSound, ItsOwnNoiseIsBelowTheResolutionOfAFloat)
+TEST(EqualizerSound, ItsNoiseIsBelowTheResolutionOfAFloat)
 {
-    // A deep tone beside a constant: what single precision does badly, so near are the poles to 0
+    // A deep tone on a constant. Single precision would fail here, because the poles are close to 0
     // Hz.
     std::vector<float> input(44100);
     for (std::size_t i = 0; i < input.size(); ++i)
@@ -147,8 +146,8 @@ TEST(EqualizerSound, ItsOwnNoiseIsBelowTheResolutionOfAFloat)
     PulledEqualizer pulled([&](std::size_t frame, std::size_t) { return input[frame]; });
     Levels levels{};
     for (std::size_t i = 0; i < sliderCount; ++i) {
-        levels[bandOfSlider(i)] = i % 3 == 0 ? 12.0F : -8.0F;
-        pulled.setSlider(i, levels[bandOfSlider(i)]);
+        levels[equalizerBandOfControl(i)] = i % 3 == 0 ? 12.0F : -8.0F;
+        pulled.setSlider(i, levels[equalizerBandOfControl(i)]);
     }
     const auto heard = pulled.pull(input.size());
     const auto expected = reference(solve(levels), input);
@@ -160,7 +159,7 @@ TEST(EqualizerSound, ItsOwnNoiseIsBelowTheResolutionOfAFloat)
     RecordProperty("worst_dB", std::to_string(decibels(static_cast<double>(worst))));
 }
 
-TEST(EqualizerSound, SlidersAreHeardAsSetAtTheirCentres)
+TEST(EqualizerSound, SlidersHaveTheirLevelsAtTheirCentres)
 {
     std::mt19937 random(11);
     double worst = 0.0;
@@ -171,8 +170,8 @@ TEST(EqualizerSound, SlidersAreHeardAsSetAtTheirCentres)
             pulled.setSlider(i, static_cast<float>(sliders[i]));
         const auto heard = pulled.pull(responseFrames);
         for (std::size_t i = 0; i < sliderCount; ++i)
-            worst =
-                std::max(worst, std::abs(gainAt(heard[1], centres[bandOfSlider(i)]) - sliders[i]));
+            worst = std::max(
+                worst, std::abs(gainAt(heard[1], centres[equalizerBandOfControl(i)]) - sliders[i]));
     }
     EXPECT_LE(worst, 0.02);
     RecordProperty("worst_dB", std::to_string(worst));
@@ -187,11 +186,12 @@ TEST(EqualizerSound, TwoThousandSettingsMeetTheSlidersAndTheCurveBetweenThem)
         const Sliders sliders = randomSliders(random);
         Levels levels{};
         for (std::size_t i = 0; i < sliderCount; ++i)
-            levels[bandOfSlider(i)] = static_cast<float>(sliders[i]);
+            levels[equalizerBandOfControl(i)] = static_cast<float>(sliders[i]);
         const Coefficients designed = solve(levels);
         for (std::size_t i = 0; i < sliderCount; ++i)
             worstAtCentre = std::max(
-                worstAtCentre, std::abs(response(designed, centres[bandOfSlider(i)]) - sliders[i]));
+                worstAtCentre,
+                std::abs(response(designed, centres[equalizerBandOfControl(i)]) - sliders[i]));
         double between = 0.0;
         for (double frequency = 20.0; frequency <= 20000.0; frequency *= std::exp2(1.0 / 12.0))
             between = std::max(
@@ -230,7 +230,7 @@ float anyBits(std::size_t frame, std::size_t channel)
     return std::isfinite(sample) ? sample : std::numeric_limits<float>::denorm_min();
 }
 
-TEST(EqualizerSound, EverythingAtZeroDecibelsIsTheInputBitForBit)
+TEST(EqualizerSound, ZeroLevelsPassTheInputBitForBit)
 {
     for (const std::uint32_t framesPerPull : {128U, 1024U, 37U}) {
         PulledEqualizer pulled(anyBits);
@@ -244,21 +244,21 @@ TEST(EqualizerSound, EverythingAtZeroDecibelsIsTheInputBitForBit)
     }
 }
 
-TEST(EqualizerSound, BackAtZeroDecibelsItIsTheInputBitForBitAgain)
+TEST(EqualizerSound, ReturningToZeroLevelsPassesTheInputBitForBitAgain)
 {
     PulledEqualizer pulled(tone);
     for (std::size_t i = 0; i < sliderCount; ++i)
         pulled.setSlider(i, i % 2 == 0 ? 12.0F : -9.0F);
     pulled.pull(44100);
     pulled.setSliders(0.0F);
-    pulled.pull(5 * 44100); // what the sections hold dies away
+    pulled.pull(5 * 44100); // the sections' ringing dies away
     const std::size_t start = pulled.position;
     const auto heard = pulled.pull(44100);
     for (std::size_t i = 0; i < heard[0].size(); ++i)
         ASSERT_EQ(heard[0][i], tone(start + i, 0)) << i;
 }
 
-TEST(EqualizerSound, TheChannelsDoNotTouchEachOther)
+TEST(EqualizerSound, TheChannelsAreIndependent)
 {
     PulledEqualizer pulled([](std::size_t frame, std::size_t channel) {
         return channel == 0 ? tone(frame, 0) : 0.0F;
@@ -270,7 +270,7 @@ TEST(EqualizerSound, TheChannelsDoNotTouchEachOther)
     EXPECT_NE(heard[0], std::vector<float>(44100, 0.0F));
 }
 
-TEST(EqualizerSound, HowThePullsAreCutMakesNoDifference)
+TEST(EqualizerSound, TheSoundDoesNotDependOnTheSizeOfThePulls)
 {
     const auto heardIn = [](std::uint32_t framesPerPull) {
         PulledEqualizer pulled(tone);
@@ -287,8 +287,8 @@ TEST(EqualizerSound, HowThePullsAreCutMakesNoDifference)
         EXPECT_EQ(heardIn(framesPerPull), reference) << framesPerPull;
 }
 
-// Drags a slider (or, with a count of ten, all of them) up and down its range while 1 kHz at full
-// scale plays, with a new level in every pull, and tells the highest momentary sample beyond 6 kHz.
+// Drags a slider, or all ten, up and down while 1 kHz plays at full scale, with a new level in
+// every pull. Returns the highest sample beyond 6 kHz.
 double sweep(std::size_t slider, std::size_t count, std::size_t frames, std::uint32_t framesPerPull)
 {
     PulledEqualizer pulled(tone);
@@ -315,7 +315,8 @@ TEST(EqualizerSound, ASweptSliderLeavesNothingAboveMinus80DecibelsBeyondSixKiloh
 {
     double worst = -300.0;
     for (std::size_t slider = 0; slider < sliderCount; ++slider) {
-        for (const std::uint32_t framesPerPull : {128U, 735U}) { // every pull; sixty times a second
+        for (const std::uint32_t framesPerPull :
+             {128U, 735U}) { // every slice, and sixty times a second
             const double peak = sweep(slider, 1, 22050, framesPerPull);
             EXPECT_LE(peak, -80.0) << "slider " << slider << ", " << framesPerPull << " frames";
             worst = std::max(worst, peak);
@@ -349,7 +350,7 @@ TEST(EqualizerSound, ThirtySecondsOfRandomExtremesStayFiniteAndInBounds)
 {
     std::mt19937 random(3);
     PulledEqualizer pulled([&](std::size_t frame, std::size_t) {
-        // Full-scale square waves from 22 Hz up: what resonances build up from.
+        // Full-scale square waves from 22 Hz on, which excite the resonances.
         return frame / (1 + (frame >> 12) % 1000) % 2 == 0 ? 1.0F : -1.0F;
     });
     const auto extreme = [&] { return random() % 2 == 0 ? 24.0F : -24.0F; };
@@ -376,7 +377,7 @@ TEST(EqualizerSound, ThirtySecondsOfRandomExtremesStayFiniteAndInBounds)
     RecordProperty("loudest_dB", std::to_string(decibels(static_cast<double>(loudest))));
 }
 
-TEST(EqualizerSound, SubnormalNumbersAreZeroWhileItRendersAndNotAfterwards)
+TEST(EqualizerSound, SubnormalNumbersAreZeroOnlyDuringRendering)
 {
     if (!DenormalGuard::isEffective)
         GTEST_SKIP() << "this processor has no such switch";

@@ -1,4 +1,4 @@
-// That the frame said to be heard is the one that sounds next, through the whole chain.
+// heardFrame() is the frame that sounds next, measured through the whole chain.
 
 #include "sound/Player.h"
 
@@ -12,13 +12,13 @@ using namespace lyrabox::test;
 
 namespace {
 
-/// Every frame is unlike every other.
+/// Every frame differs from every other.
 float noise(std::uint32_t channel, std::uint64_t frame)
 {
     return noiseAt(static_cast<std::int64_t>(frame), channel, 0.5F);
 }
 
-/// One click a second, loud against nothing, so that its place is heard at every speed.
+/// One click a second in silence.
 float clicks(std::uint32_t, std::uint64_t frame)
 {
     return frame % 44100 < 8 ? 0.8F : 0.0F;

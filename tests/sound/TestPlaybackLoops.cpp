@@ -13,13 +13,13 @@ namespace {
 
 constexpr std::uint64_t slice = TimePitchUnit::sliceFrames;
 
-/// Frames from one jump to the next: whole slices, the last of which may run past the loop's end.
+/// Frames from one jump to the next. They are whole slices, and the last may pass the loop's end.
 constexpr std::uint64_t framesPerRound(std::uint64_t start, std::uint64_t end)
 {
     return (end - start + slice - 1) / slice * slice;
 }
 
-/// Noise, so that every frame is unlike every other, over a tone.
+/// A tone with noise, so that every frame differs from every other.
 float material(std::uint32_t channel, std::uint64_t frame)
 {
     static const Player::Song hum = tone(220.0, 0.3);
@@ -67,7 +67,7 @@ struct LoopSetting {
     int percent;
     float cents;
     std::uint64_t length;
-    double seconds; ///< of listening
+    double seconds; ///< how long to listen
 
     float rate() const { return static_cast<float>(percent) / 100.0F; }
 };
@@ -92,7 +92,7 @@ protected:
     }
 };
 
-TEST_P(LoopSound, SoundsAsTheSameMaterialJoinedByHand)
+TEST_P(LoopSound, EqualsTheSameMaterialJoinedByHand)
 {
     const LoopSetting setting = GetParam();
     const std::uint64_t end = start + setting.length;
@@ -107,7 +107,7 @@ TEST_P(LoopSound, SoundsAsTheSameMaterialJoinedByHand)
         slices = player.slices();
     }
 
-    // What the song is, with the loop written out: up to the first jump, then round after round.
+    // The song with the loop written out: up to the first jump, then round after round.
     const std::uint64_t firstJump = framesPerRound(0, end);
     const std::uint64_t round = framesPerRound(start, end);
     const auto joined = [=](std::uint64_t frame) {
@@ -135,9 +135,9 @@ TEST_P(LoopSound, SoundsAsTheSameMaterialJoinedByHand)
                 static_cast<unsigned long long>(rounds), different);
 }
 
-TEST_P(LoopSound, IsOneUnbrokenToneWhereItsEndsMeet)
+TEST_P(LoopSound, PlaysAToneWithoutABreakAtTheJump)
 {
-    // 64 frames a period, so whatever number of whole slices is a whole number of periods.
+    // A period has 64 frames, so any number of whole slices is a whole number of periods.
     constexpr double hertz = 44100.0 / 128.0;
     const LoopSetting setting = GetParam();
     Player player(tone(hertz), 500'000);

@@ -18,7 +18,7 @@ constexpr double sampleRate = 44100.0;
 
 constexpr std::uint32_t deviceFrames = CubebOutput::preferredLatencyFrames;
 
-TEST(PlaybackUntouched, FromTheDecodedFileToTheOutputBitForBit)
+TEST(PlaybackUntouched, TheOutputEqualsTheDecodedFileBitForBit)
 {
     const SampleSpec spec{.signal = SampleSpec::Signal::Ramp, .seconds = 3.0};
     Player player(QUrl::fromLocalFile(sampleFile(spec)));
@@ -34,7 +34,7 @@ TEST(PlaybackUntouched, FromTheDecodedFileToTheOutputBitForBit)
     EXPECT_EQ(different, 0U);
 }
 
-TEST(PlaybackUntouched, AfterChangesOfEverythingAndBack)
+TEST(PlaybackUntouched, TheOutputEqualsTheSongAgainAfterChangesAndBack)
 {
     const auto song = [](std::uint32_t channel, std::uint64_t frame) {
         return noiseAt(static_cast<std::int64_t>(frame), channel, 0.4F);
@@ -53,7 +53,7 @@ TEST(PlaybackUntouched, AfterChangesOfEverythingAndBack)
     engine::setOutputVolume(1.0F);
     player.pull(60'000);
     const Stereo heard = player.pull(20'000);
-    // The song goes on somewhere near the position shown; from there on every sample is its own.
+    // The song continues near the shown position. From there on every sample is the song's own.
     std::uint64_t first = engine::currentFrame() - heard.size() - 20'000;
     const std::uint64_t last = engine::currentFrame();
     while (first < last && heard.left[0] != song(0, first))
@@ -68,7 +68,7 @@ TEST(PlaybackUntouched, AfterChangesOfEverythingAndBack)
 struct Setting {
     int percent;
     float cents = 0.0F;
-    double mostAhead = 0.25; ///< seconds that the position may be shown ahead
+    double mostAhead = 0.25; ///< the largest lead of the shown position, in seconds
 
     void apply() const
     {
@@ -82,7 +82,7 @@ void PrintTo(const Setting &setting, std::ostream *stream)
     *stream << setting.percent << " %, " << setting.cents << " cents";
 }
 
-/// A song of short bursts, a fifth of a second apart from the first on.
+/// A song of short bursts, one every fifth of a second.
 class PositionShown : public testing::TestWithParam<Setting> {
 protected:
     static constexpr std::uint64_t distance = 8820;
@@ -98,10 +98,10 @@ protected:
                                   std::sin(2.0 * std::numbers::pi * 40.0 * place));
     }
 
-    /// Where the bursts in `heard` are centred, in frames.
+    /// The centres of the bursts in `heard`, in frames.
     static std::vector<double> centres(const std::vector<float> &heard, double speed)
     {
-        // A burst is a run of frames with sound in it, and at least half a distance to the next.
+        // A burst is a run of frames with sound. The next one is at least half a distance away.
         const auto gap = static_cast<std::size_t>(0.4 * static_cast<double>(distance) / speed);
         std::vector<double> result;
         for (std::size_t i = 0; i < heard.size(); ++i) {
@@ -109,7 +109,7 @@ protected:
                 continue;
             const std::size_t first = i > gap / 2 ? i - gap / 2 : 0;
             const std::size_t last = std::min(heard.size(), i + gap);
-            if (last == i + gap) // the last one may be cut
+            if (last == i + gap) // the last burst may be cut off
                 result.push_back(burstBetween(heard, first, last).centre);
             i = last;
         }
@@ -145,7 +145,7 @@ TEST_P(PositionShown, IsWithinItsLimitOfWhatIsHeard)
         least = std::min(least, ahead);
         most = std::max(most, ahead);
     }
-    // What a device plays was pulled a while ago.
+    // A device plays frames that were pulled a while ago.
     const double device = speed * deviceFrames / sampleRate;
     std::printf("[ measured ] %3d %% %+5.0f cents: shown ahead of pulled by %.0f to %.0f ms, of "
                 "heard through a device by up to %.0f ms\n",
@@ -161,7 +161,8 @@ INSTANTIATE_TEST_SUITE_P(Speeds, PositionShown,
                                          Setting{100, 300.0F}, Setting{200, 300.0F},
                                          Setting{100, -1200.0F}, Setting{100, 1200.0F}));
 
-// The stretcher's window passes slowly there: more than a quarter of a second can't be avoided.
+// At these speeds the stretcher's window moves slowly. More than a quarter of a second is
+// unavoidable.
 INSTANTIATE_TEST_SUITE_P(DoubleSpeedPitchedDown, PositionShown,
                          testing::Values(Setting{200, -300.0F, 0.26}, Setting{200, -600.0F, 0.3}));
 
@@ -176,7 +177,7 @@ protected:
 
 class ClicksOfSeeks : public Clicks {
 protected:
-    /// In dB of what is heard of the tone, which the equalizer turns up or down.
+    /// In dB of the tone's own level behind the equalizer.
     static double ofSeeks(float sliders)
     {
         Player player(tone(331.0), 3'000'000);
@@ -219,9 +220,9 @@ INSTANTIATE_TEST_SUITE_P(Settings, ClicksOfSeeks,
                                          Setting{200}, Setting{100, 300.0F},
                                          Setting{100, -1200.0F}));
 
-TEST_P(Clicks, HurriedSeeksMakeNone)
+TEST_P(Clicks, FastSeeksMakeNone)
 {
-    // As the seek buttons make them: several within one fade.
+    // Like those of the seek buttons: several within one fade.
     Player player(tone(331.0), 3'000'000);
     GetParam().apply();
     engine::setOutputRunning(true);
@@ -251,7 +252,7 @@ TEST_P(Clicks, StopsAndStartsMakeNone)
         EXPECT_FALSE(engine::outputIsRunning());
         const std::uint64_t position = engine::currentFrame();
         player.pull(heard, i % 3 == 0 ? 100 : 3000);
-        EXPECT_EQ(engine::currentFrame(), position) << "moved while stopped";
+        EXPECT_EQ(engine::currentFrame(), position) << "the position moved while stopped";
     }
     const double level = clickLevel(heard.left);
     report("stops and starts", level);
@@ -261,7 +262,7 @@ TEST_P(Clicks, StopsAndStartsMakeNone)
 
 TEST_P(Clicks, TheEndOfASongMakesNone)
 {
-    // A song that is cut off in full sound.
+    // A song that breaks off at full level.
     Player player(tone(331.0), 100'000);
     GetParam().apply();
     engine::setOutputRunning(true);

@@ -1,4 +1,4 @@
-// What is heard of a song's end, and of the song that follows it.
+// The sound of a song's end and of the next song.
 
 #include "sound/Player.h"
 
@@ -30,7 +30,7 @@ protected:
     static constexpr std::uint64_t lastFrame = total - 2 * TimePitchUnit::sliceFrames;
     static constexpr std::uint64_t burstFrames = 1200;
 
-    /// Silence, but for a burst that ends right before the last frame that is played.
+    /// Silence except for a burst that ends right before the last frame that is played.
     static float burstAtTheEnd(std::uint32_t, std::uint64_t frame)
     {
         if (frame < lastFrame - burstFrames - 400 || frame >= lastFrame - 400)
@@ -46,7 +46,7 @@ protected:
         engine::setPitchCents(GetParam().cents);
     }
 
-    /// Pulls until the song has ended; returns what was heard of its last half second.
+    /// Pulls until the song has ended, and returns the sound of its last half second.
     static Stereo playToTheEnd(Player &player)
     {
         engine::setOutputRunning(true);
@@ -68,7 +68,7 @@ protected:
         return sum;
     }
 
-    /// Until nothing of an ended song sounds any more; how many frames that took.
+    /// Pulls until the ended song is silent, and returns the number of frames.
     static std::size_t playOut(Player &player, Stereo &heard)
     {
         std::size_t frames = 0;
@@ -84,7 +84,7 @@ protected:
     }
 };
 
-TEST_P(SongEnd, IsHeardToTheLastFrameThatIsPlayed)
+TEST_P(SongEnd, IsHeardToTheLastFrame)
 {
     Player player(burstAtTheEnd, total);
     apply();
@@ -133,19 +133,19 @@ TEST_P(SongEnd, ARestartThereEndsAgainAtOnce)
     playOut(player, heard);
     engine::setTrackHasEnded(false);
     engine::setOutputRunning(true);
-    player.pull(8192); // at the lowest speed the stretcher needs nothing more for so long
+    player.pull(8192); // at the lowest speed the stretcher needs no input for so long
     EXPECT_TRUE(engine::trackHasEnded());
     EXPECT_FALSE(engine::outputIsRunning());
     EXPECT_EQ(engine::currentFrame(), lastFrame);
 }
 
-/// Noise of another level than anything else that is played.
+/// Noise at a level that nothing else has.
 float nextSong(std::uint32_t channel, std::uint64_t frame)
 {
     return noiseAt(static_cast<std::int64_t>(frame), channel, 0.25F);
 }
 
-/// Loads the next song, as a program does whose queue goes on, and starts it at rate 1.
+/// Loads the next song as the queue does, and starts it at rate 1.
 void loadNextSong()
 {
     engine::setOutputRunning(false);
@@ -160,7 +160,8 @@ void loadNextSong()
     engine::setOutputRunning(true);
 }
 
-/// Where in `heard` the next song's frame `frame` is, sample for sample; its size when nowhere.
+/// The index in `heard` from which it equals the next song from `frame` on. Its size if there is
+/// none.
 std::size_t placeOf(std::uint64_t frame, const std::vector<float> &heard)
 {
     for (std::size_t at = 0; at + 64 <= heard.size(); ++at) {
@@ -173,7 +174,7 @@ std::size_t placeOf(std::uint64_t frame, const std::vector<float> &heard)
     return heard.size();
 }
 
-TEST_P(SongEnd, IsHeardBeforeTheSongThatFollowsIt)
+TEST_P(SongEnd, IsHeardBeforeTheNextSong)
 {
     Player player(burstAtTheEnd, total);
     apply();
@@ -186,7 +187,7 @@ TEST_P(SongEnd, IsHeardBeforeTheSongThatFollowsIt)
     EXPECT_EQ(engine::currentFrame(), 0U);
     player.pull(heard, static_cast<std::size_t>(10'000.0F / GetParam().rate) + 8000);
 
-    // From its first frame on, and once only.
+    // The next song is heard from its first frame on, and only once.
     const std::size_t begin = placeOf(OutputRenderer::fadeFrames, heard.left);
     ASSERT_LT(begin, heard.size());
     ASSERT_FALSE(player.slices().empty());
@@ -194,7 +195,7 @@ TEST_P(SongEnd, IsHeardBeforeTheSongThatFollowsIt)
         ASSERT_EQ(player.slices()[i], i * TimePitchUnit::sliceFrames);
     for (std::size_t i = begin; i < heard.size(); ++i)
         ASSERT_EQ(heard.left[i], nextSong(0, OutputRenderer::fadeFrames + i - begin)) << i;
-    // And before it all of the song that ended.
+    // All of the ended song comes before it.
     const std::vector<float> before(heard.left.begin(), heard.left.begin() +
                                                             static_cast<std::ptrdiff_t>(begin) -
                                                             OutputRenderer::fadeFrames);
@@ -203,7 +204,7 @@ TEST_P(SongEnd, IsHeardBeforeTheSongThatFollowsIt)
     EXPECT_GT(energy(before), 0.6 * whole);
 }
 
-TEST_P(SongEnd, IsCutOffByASongThatIsChosen)
+TEST_P(SongEnd, IsCutOffByAChosenSong)
 {
     Player player(burstAtTheEnd, total);
     apply();
@@ -213,7 +214,7 @@ TEST_P(SongEnd, IsCutOffByASongThatIsChosen)
     EXPECT_LT(placeOf(OutputRenderer::fadeFrames, heard.left), 1024U);
 }
 
-TEST_P(SongEnd, ASeekInTheSongThatFollowsDoesNotWaitForIt)
+TEST_P(SongEnd, ASeekInTheNextSongDoesNotWaitForIt)
 {
     Player player(burstAtTheEnd, total);
     apply();

@@ -1,4 +1,4 @@
-// What is heard of the time/pitch stage right after a reset, and what it costs.
+// The sound of the time/pitch stage right after a reset, and its cost.
 
 #include "sound/Player.h"
 #include "sound/TimePitchSignals.h"
@@ -24,12 +24,12 @@ StereoFrame kilohertz(std::int64_t frame)
             static_cast<float>(0.5 * std::sin(phase + 1.0))};
 }
 
-TEST(TimePitchSeek, StartsWithoutAClickInTheVeryNextBuffer)
+TEST(TimePitchSeek, StartsWithoutAClickInTheNextBuffer)
 {
     for (const float rate : {0.5F, 0.75F, 1.25F, 2.0F}) {
         StageUnderTest test(kilohertz, rate, 0.0F);
         test.pull(8192);
-        test.seek(1'000'011); // the tone is near its peak there
+        test.seek(1'000'011); // the tone is near its peak here
         const Stereo output = test.pull(8192);
         std::vector<float> fromSilence(1024, 0.0F);
         fromSilence.insert(fromSilence.end(), output.left.begin(), output.left.end());
@@ -65,7 +65,7 @@ protected:
 
 TEST_P(AfterASeek, AttacksComeOnceAndInTime)
 {
-    // One click in every song, each a little farther from where the seek goes.
+    // Every song has one click, each a little farther from the target of the seek.
     const double rate = static_cast<double>(GetParam().rate);
     double leastEnergy = 1e9;
     double maxEnergy = 0.0;
@@ -140,11 +140,11 @@ TEST_P(AfterASeek, TheLevelIsSteady)
     EXPECT_LT(most, 3.0);
 }
 
-// What a callback costs is told in hops, not in time, so that a busy machine makes no difference.
-// A hop takes about 0.6 ms on a core of 2.6 GHz, and all else together less than one.
+// The cost of a callback is counted in hops, not in time, so a busy machine makes no difference. A
+// hop takes about 0.6 ms on a core of 2.6 GHz. Everything else together takes less than one hop.
 class CallbackCost : public testing::TestWithParam<Setting> {
 protected:
-    /// Over callbacks of `frames` frames, each half a second of which begins with `change`.
+    /// Pulls callbacks of `frames` frames and calls `change` every half second.
     template <typename Change>
     static std::uint64_t maxHops(Player &player, std::uint32_t frames, Change change)
     {
@@ -195,7 +195,7 @@ TEST_P(CallbackCost, IsBelowHalfOfAnyBufferAfterASeek)
     }
 }
 
-TEST_P(CallbackCost, IsBelowHalfOfAnyBufferWhenTheSongStopsBeingUnchanged)
+TEST_P(CallbackCost, IsBelowHalfOfAnyBufferWhenTheSpeedLeavesNormal)
 {
     for (const std::uint32_t frames : {256U, 384U, 1024U}) {
         Player player(song, 400'000);

@@ -1,4 +1,4 @@
-// The sound of the time/pitch stage, judged by measurement: the real stage, pulled by hand.
+// Measures the sound of the real time/pitch stage.
 
 #include "TimePitchSignals.h"
 
@@ -123,7 +123,7 @@ TEST_P(TimePitchSound, KeepsClicksWholeAndInTime)
     const Stereo output =
         test.pull(static_cast<std::size_t>((firstClick + clicks * distance) / rate));
 
-    // A click's own centre of energy.
+    // The centre of a click's energy.
     std::vector<float> alone(200);
     for (std::int64_t i = 0; i < 200; ++i)
         alone[static_cast<std::size_t>(i)] = click(i);
@@ -141,7 +141,7 @@ TEST_P(TimePitchSound, KeepsClicksWholeAndInTime)
         worstTiming = std::max(worstTiming, std::abs(burst.centre - wanted) / 44.1);
         worstSpan = std::max(worstSpan, burst.span / 44.1);
         EXPECT_GT(burst.energy, 0.3 * original.energy) << "click " << i << " is missing";
-        // A doubled click shows as a width that reaches from one to the other.
+        // A doubled click shows as a large width.
     }
     report(setting, "click timing", worstTiming, "ms");
     report(setting, "click width", worstSpan, "ms");
@@ -185,7 +185,7 @@ INSTANTIATE_TEST_SUITE_P(Settings, TimePitchSound,
                          testing::Values(Setting{0.5F, 0.0F, 8.0}, Setting{0.75F, 0.0F, 3.0},
                                          Setting{1.25F, 0.0F, 3.0}, Setting{1.0F, 300.0F, 3.0}));
 
-/// Frames, sample by sample, that are the song's from `frame` on.
+/// The number of samples that equal the song from `frame` on.
 std::size_t identicalFrom(const Stereo &output, std::size_t at, const SignalSource::Signal &song,
                           std::int64_t frame)
 {
@@ -230,7 +230,7 @@ TEST(TimePitchTransition, LeavesTheSourceWithoutSkippingOrRepeating)
     constexpr std::size_t passing = TimePitch::startFrames;
     constexpr std::size_t all = passing + TimePitch::crossfadeFrames;
     const Stereo output = test.pull(all);
-    // Until the crossfade is over the song goes on at its own speed, whichever side it comes from.
+    // Until the end of the crossfade the song plays at its own speed, from either side.
     EXPECT_GE(identicalFrom(output, 0, wideBandSong, 50 * 1024), passing);
     const std::vector<float> wanted = leftOf(wideBandSong, 50 * 1024, all);
     const double similar = correlation(output.left, wanted, passing, all);
@@ -241,9 +241,9 @@ TEST(TimePitchTransition, LeavesTheSourceWithoutSkippingOrRepeating)
     EXPECT_GT(lateHalf, 0.97);
 }
 
-TEST(TimePitchTransition, ComesBackToTheSourceWithoutSkippingOrRepeating)
+TEST(TimePitchTransition, ReturnsToTheSourceWithoutSkippingOrRepeating)
 {
-    // The engine's delay must be the same whatever was before.
+    // The engine's delay must not depend on what happened before.
     for (const auto &[setting, seeks] :
          {std::pair{Setting{0.6F, 0.0F, 0.0}, 0}, std::pair{Setting{1.5F, 0.0F, 0.0}, 1},
           std::pair{Setting{1.0F, -500.0F, 0.0}, 0}, std::pair{Setting{1.0F, 2400.0F, 0.0}, 1},
@@ -258,7 +258,7 @@ TEST(TimePitchTransition, ComesBackToTheSourceWithoutSkippingOrRepeating)
         const Stereo output = test.pull(44100);
         const std::int64_t end =
             test.source.position - static_cast<std::int64_t>(test.stage->latencyFrames());
-        // Where the song's own frames begin, whatever the stage says about it.
+        // The place where the song's own frames begin, found without asking the stage.
         const auto songFrame = [&](std::size_t at) {
             return end - static_cast<std::int64_t>(output.size() - at);
         };
@@ -271,7 +271,7 @@ TEST(TimePitchTransition, ComesBackToTheSourceWithoutSkippingOrRepeating)
             --passing;
         EXPECT_LT(passing, output.size()) << setting;
         EXPECT_LE(passing, TimePitch::settleFrames + TimePitch::crossfadeFrames) << setting;
-        // Look back at what led there.
+        // Then the part before it.
         std::vector<float> all = earlier;
         all.insert(all.end(), output.left.begin(), output.left.end());
         constexpr std::size_t before = TimePitch::crossfadeFrames + 2048;
@@ -319,13 +319,13 @@ TEST(TimePitchTransition, ChangesWithoutAClick)
 
 TEST(TimePitchDrift, KeepsToSongTime)
 {
-    // A steady difference is none of drift's business; what it grows by in five seconds, times 120,
-    // is ten minutes'.
+    // A constant difference is no drift. The growth in five seconds, times 120, is the drift in ten
+    // minutes.
     for (const Setting setting :
          {Setting{0.5F, 0.0F, 0.0}, Setting{0.75F, 0.0F, 0.0}, Setting{1.25F, 0.0F, 0.0},
           Setting{1.0F, 300.0F, 0.0}, Setting{0.93F, -137.0F, 0.0}}) {
         StageUnderTest test(chord, setting.rate, setting.cents);
-        std::int64_t delivered = TimePitch::startFrames + TimePitch::uncoverFrames;
+        std::int64_t delivered = TimePitch::startFrames + TimePitch::handoverFrames;
         test.pull(static_cast<std::size_t>(delivered));
         const auto meanOffset = [&] {
             double sum = 0.0;

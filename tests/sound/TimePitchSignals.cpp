@@ -94,7 +94,7 @@ std::complex<double> partialAt(const std::vector<float> &signal, std::size_t fir
 
 double frequencyNear(const std::vector<float> &signal, std::size_t first, double hertz)
 {
-    // Least squares through the unwrapped phase, as a deviation from `hertz`.
+    // A least-squares line through the unwrapped phase gives the deviation from `hertz`.
     double sumT = 0.0;
     double sumP = 0.0;
     double sumTT = 0.0;
@@ -165,7 +165,7 @@ Burst burstBetween(const std::vector<float> &signal, std::size_t first, std::siz
         burst.centre += energy * static_cast<double>(i);
     }
     burst.centre /= burst.energy;
-    // The shortest span that holds the share.
+    // The shortest span that holds `share` of the energy.
     double held = 0.0;
     std::size_t tail = first;
     burst.span = static_cast<double>(last - first);

@@ -16,7 +16,7 @@ struct StereoFrame {
     float right = 0.0F;
 };
 
-/// A song that is a function of its frame number. Counts what is pulled.
+/// A song that is a function of the frame number. Counts the pulled frames.
 class SignalSource final : public RenderingUnit {
 public:
     using Signal = std::function<StereoFrame(std::int64_t frame)>;
@@ -29,7 +29,7 @@ public:
     void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
-    std::int64_t position = 0; ///< the frame pulled next
+    std::int64_t position = 0; ///< the next frame to be pulled
     std::uint32_t largestPull = 0;
     std::uint32_t smallestPull = UINT32_MAX;
 
@@ -44,21 +44,21 @@ struct Stereo {
     std::size_t size() const { return left.size(); }
 };
 
-/// A time/pitch stage on a song, pulled by hand.
+/// A time/pitch stage that plays a song. The tests pull it.
 struct StageUnderTest {
     StageUnderTest(SignalSource::Signal signal, float rate, float cents);
 
     void set(float rate, float cents);
-    /// As a seek does it: the source jumps, then the stage is reset.
+    /// Seeks as the engine does: the source jumps, then the stage is reset.
     void seek(std::int64_t frame);
-    /// What `frames` frames in callbacks of `callback` frames deliver.
+    /// The next `frames` frames, in callbacks of `callback` frames.
     Stereo pull(std::size_t frames, std::uint32_t callback = 1024);
 
     SignalSource source;
     std::unique_ptr<TimePitch> stage = std::make_unique<TimePitch>();
 };
 
-/// Reproducible noise of the given peak; `stream` picks one of several that have nothing in common.
+/// Reproducible noise with the given peak. Different streams are uncorrelated.
 float noiseAt(std::int64_t frame, std::uint32_t stream, float peak);
 
 /// Amplitude and phase of the partial at `hertz` in a Hann window of `length` frames that starts at
@@ -66,18 +66,19 @@ float noiseAt(std::int64_t frame, std::uint32_t stream, float peak);
 std::complex<double> partialAt(const std::vector<float> &signal, std::size_t first,
                                std::size_t length, double hertz);
 
-/// The mean frequency of the partial near `hertz` from `first` on, by its phase in 200 ms windows
-/// every 10 ms.
+/// The mean frequency of the partial near `hertz` from `first` on, measured by its phase in 200 ms
+/// windows every 10 ms.
 double frequencyNear(const std::vector<float> &signal, std::size_t first, double hertz);
 
-/// Standard deviation over mean of the partial's level, read in 200 ms windows every 10 ms.
+/// The standard deviation of the partial's level divided by its mean, in 200 ms windows every 10
+/// ms.
 double modulationOf(const std::vector<float> &signal, std::size_t first, double hertz);
 
-/// The largest sample beyond 6 kHz, found with a steep high-pass.
+/// The largest sample beyond 6 kHz, through a steep high-pass.
 double highBandPeak(const std::vector<float> &signal);
 
-/// Where the energy between `first` and `last` is centred, and the span that holds `share` of it
-/// around that.
+/// The centre of the energy between `first` and `last`, and the span around it that holds `share`
+/// of the energy.
 struct Burst {
     double centre = 0.0;
     double span = 0.0;

@@ -1,4 +1,4 @@
-// Long because the fakes of one chain act on one state, which nobody else is to see.
+// Long because the fakes of one chain share a state that is private to this file.
 
 #include "support/FakeAudioUnits.h"
 

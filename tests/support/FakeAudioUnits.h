@@ -11,18 +11,18 @@
 
 namespace lyrabox::test {
 
-/// What one pull of the fake output delivered, per channel.
+/// The result of one pull of the fake output, per channel.
 struct PulledAudio {
     std::array<std::vector<float>, maximumChannels> channels;
 
-    /// Frame by frame, channel by channel.
+    /// The samples frame by frame, with the channels side by side.
     std::vector<float> interleaved() const;
     bool isSilent() const;
 };
 
-/// The steps of a build that can be made to fail, and starting the output.
+/// The steps that can be made to fail: those of a build, and the start of the output.
 enum class FakeStep {
-    EqualizerMissing, ///< the factory gives no unit; the status set is not used
+    EqualizerMissing, ///< the factory gives no unit, whatever the status
     EqualizerInitialize,
     TimePitchMissing,
     TimePitchInitialize,
@@ -38,10 +38,9 @@ enum class FakeStep {
     OutputDevice, ///< the device behind an output that was opened
 };
 
-/// A chain without a device: an equalizer and a time/pitch stage that pass everything through (the
-/// latter pulling in slices as the real one does), an output that is pulled by hand on whatever
-/// thread, and a watcher that fires by hand. The units that the factory made may outlive this
-/// object and the other way round.
+/// A chain without a device. Its equalizer and its time/pitch stage pass everything through; the
+/// latter pulls in slices like the real one. The test pulls the output, on any thread, and fires
+/// the watcher. Units may outlive this object, and this object may outlive them.
 ///
 ///     FakeAudio audio;
 ///     engine::setAudioUnitFactory(audio.factory());
@@ -55,27 +54,27 @@ public:
 
     AudioUnitFactory factory() const;
 
-    /// Pulls the newest output that is alive: what the device's callback would do. Silence when it
-    /// is stopped.
+    /// Pulls the newest living output, as a device's callback would. Gives silence if it is
+    /// stopped.
     PulledAudio pull(std::uint32_t frames);
 
-    /// Runs the watcher's listener on the calling thread; returns whether there was one.
+    /// Runs the watcher's listener on the calling thread. Returns whether there is one.
     bool fireDefaultOutputChanged();
-    /// The same on a thread of its own, and waits for its end.
+    /// The same on another thread. Waits for it.
     bool fireDefaultOutputChangedOnThread();
 
-    /// The newest output tells that it has lost its device; whoever serves that is for the test to
-    /// fire. How often the watcher was then asked for a call.
+    /// Makes the newest output report the loss of its device.
     void loseDevice();
+    /// How often the watcher was asked for a call of its listener.
     int callsRequested() const;
 
-    /// From now on the step returns `status` (other than 0); 0 lets it succeed again.
+    /// From now on the step returns `status`. 0 lets it succeed again.
     void failAt(FakeStep step, Status status);
     /// The same for the next time only.
     void failOnceAt(FakeStep step, Status status);
     void clearFailures();
 
-    /// Frames that the time/pitch stage asks for at once; TimePitchUnit::sliceFrames at first.
+    /// Frames of one pull of the time/pitch stage. The default is TimePitchUnit::sliceFrames.
     void setSliceFrames(std::uint32_t frames);
 
     /// Every control-side call in order: unit name, number of the unit of its kind (from 1), call,
@@ -86,15 +85,15 @@ public:
     std::vector<std::string> calls() const;
     void clearCalls();
 
-    /// Of the newest unit of the kind; 0 when there is none or it was never set.
+    /// The parameter of the newest unit of that kind. 0 if there is no unit or it was never set.
     float equalizerParameter(std::uint32_t id) const;
     float timePitchParameter(std::uint32_t id) const;
     float outputParameter(std::uint32_t id) const;
     bool outputIsRunning() const;
 
-    /// Units made and not yet destroyed, watcher included.
+    /// Living units, including the watcher.
     int unitsAlive() const;
-    /// How often the equalizer was pulled.
+    /// The number of the equalizer's pulls.
     std::uint64_t slicesPulled() const;
 
     struct State;

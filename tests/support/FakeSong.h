@@ -10,9 +10,8 @@
 
 namespace lyrabox::test {
 
-/// What a fake reader decodes, whatever the path. Channel 0 holds the frame's own index as a float
-/// (exact to 2^24), channel 1 the same negated, so that a sample tells where in the song it comes
-/// from.
+/// The song that a fake reader decodes, whatever the path. Channel 0 holds the frame's index as a
+/// float (exact to 2^24), and channel 1 its negative. So a sample shows its place in the song.
 struct FakeSong {
     std::uint64_t frames = 441000;
     std::optional<std::uint64_t> estimatedFrames; ///< `frames` when empty and estimateIsKnown
@@ -20,24 +19,24 @@ struct FakeSong {
     bool estimateIsSure = true;
     std::optional<std::uint64_t> countedFrames;
     QByteArray artwork;
-    int waitsInOpen = 0; ///< pieces of the file that open() waits for
+    int waitsInOpen = 0; ///< how often open() waits for the file
     Status openStatus = 0;
     Status fileDataFormatStatus = 0;
     Status clientFormatStatus = 0;
-    Status readStatus = 0; ///< returned in place of the read that starts at readFailsAtFrame
+    Status readStatus = 0; ///< result of the read at readFailsAtFrame
     std::uint64_t readFailsAtFrame = 0;
     std::uint32_t maximumFramesPerRead = 0xffffffff;
-    /// What a frame holds instead, where a test wants something to listen to.
+    /// Replaces the samples if a test needs a real sound.
     std::function<float(std::uint32_t channel, std::uint64_t frame)> sample;
 
-    // What the engine did.
+    // The engine's calls.
     QString openedPath;
     std::vector<std::string>
         calls; ///< "open", "fileDataFormat", "setClientDataFormat", "read(8192)", …
     int readersAlive = 0;
 };
 
-/// `song` is read while decoding, and may be changed between two loads.
+/// Reads `song` while decoding. It may change between two loads.
 inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
 {
     class Reader : public SongReader {

@@ -7,9 +7,9 @@
 
 namespace lyrabox::test {
 
-/// The program's output without its device: whoever calls pull() is the audio callback thread.
-/// Fades as CubebOutput does; a stop from outside does not wait, so what fades out is in the pulls
-/// after it.
+/// The program's output without its device. The thread that calls pull() is the audio callback
+/// thread. It fades like CubebOutput. A stop on the control side does not wait, so the fade-out is
+/// in the next pulls.
 class HandPulledOutput final : public OutputUnit {
 public:
     Status initialize() override { return status::noError; }
@@ -50,7 +50,7 @@ public:
     /// Frames that the device is said to hold.
     std::uint32_t deviceFrames = 0;
 
-    /// What the device's callback does: `frames` frames of interleaved stereo.
+    /// Stands for the device's callback. Writes `frames` frames of interleaved stereo.
     void pull(float *interleaved, std::uint32_t frames) noexcept
     {
         m_renderer.render(interleaved, frames);
@@ -60,7 +60,7 @@ private:
     OutputRenderer m_renderer;
 };
 
-/// Where changes of the default device are of no interest.
+/// For tests without changes of the default device.
 class DeafWatcher final : public DefaultOutputWatcher {
 public:
     Status listen(std::function<void()>) override { return status::noError; }

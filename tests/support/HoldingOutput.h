@@ -7,8 +7,8 @@
 
 namespace lyrabox::test {
 
-/// An output that says it is playing out what an ended song left, for as long as the test wants.
-/// Nothing pulls. `Log` is the test's own and outlives the unit.
+/// An output that plays out an ended song for as long as the test wants. It pulls nothing. The test
+/// owns `Log`, which outlives the unit.
 class HoldingOutput final : public OutputUnit {
 public:
     struct Log {

@@ -16,7 +16,7 @@ namespace lyrabox::test {
 
 /// A transport without a device and without files: an LB_AudioController with every outlet and an
 /// LB_SettingsController (not set up), on a fake chain. Any path "decodes" to `song`. The actions
-/// are not connected; a test calls them. Slider ranges are those of the main window: speed 10 to
+/// are not connected, so tests call them. Slider ranges are those of the main window: speed 10 to
 /// 200 %, pitch -2,400 to +2,400 cents. One at a time.
 ///
 ///     TransportFixture transport;
@@ -26,7 +26,7 @@ namespace lyrabox::test {
 ///     transport.audio.pull(512);
 class TransportFixture {
 public:
-    /// `wake`: awakeFromNib() has run.
+    /// `wake`: whether to call awakeFromNib().
     explicit TransportFixture(bool wake = true)
     {
         engine::tearDownAudioSystem();

@@ -10,6 +10,7 @@ namespace lyrabox {
 
 namespace {
 
+/// Stands in for the decoders if their module cannot be used.
 class NoReader : public SongReader {
 public:
     Status open(const QString &, Depth) override { return status::missingDecoder; }

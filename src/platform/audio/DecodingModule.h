@@ -7,36 +7,36 @@
 
 #include <memory>
 
-/// The decoders are a module of their own, which is opened when the first song is, or before:
-/// loading all the libraries that they need takes as long as showing the windows.
+/// The decoders are in a module of their own, because loading their libraries takes as long as
+/// showing the windows. The module is opened before the first song, or with it.
 namespace lyrabox {
 
-/// Beside its version, what the program finds in the module by name.
+/// The functions that the program looks up in the module by name, apart from the version.
 extern "C" {
-using MakeSongReaderFunction = lyrabox::SongReader *(); ///< never null; the caller's
+using MakeSongReaderFunction = lyrabox::SongReader *(); ///< never null; the caller owns the result
 }
 constexpr const char *decodingVersionName = "lyraboxDecodingVersion";
 constexpr const char *makeSongReaderName = "lyraboxMakeSongReader";
 
-/// One opened module, which stays loaded until the process ends.
+/// The opened module. It stays loaded until the process ends.
 class DecodingModule {
 public:
     explicit DecodingModule(const QString &path);
 
-    /// Why the module at the path cannot be used, in the words of the system; empty when it can.
+    /// The system's reason why the module cannot be used. Empty if it can.
     const QString &failure() const { return m_module.failure(); }
 
-    /// A reader of audio files; without a usable module one that opens nothing (missingDecoder).
-    /// Any thread.
+    /// A reader of audio files. If the module cannot be used, the reader's open() returns
+    /// missingDecoder. Any thread.
     std::unique_ptr<SongReader> makeSongReader() const;
 
 private:
     LoadedModule m_module;
-    MakeSongReaderFunction *m_makeSongReader; ///< null when the module cannot be used
+    MakeSongReaderFunction *m_makeSongReader; ///< null if the module cannot be used
 };
 
-/// The program's own module; the first call opens it, which takes some 50 ms, and others wait for
-/// that. Any thread.
+/// The program's decoding module. The first call opens it, which takes about 50 ms. Calls on other
+/// threads wait meanwhile. Any thread.
 const DecodingModule &decodingModule();
 
 } // namespace lyrabox

@@ -2,9 +2,9 @@
 
 namespace lyrabox {
 
-/// The gain of what fades in at `t` of its fade, 0 to 1; what fades out has the rest of 1. A
-/// polynomial without slope and curvature at either end: it keeps closer to nothing at first than
-/// half a cosine does, and what it does to a sound stays close beside the sound's own frequencies.
+/// The gain of a fade-in at `t`, which runs from 0 to 1 during the fade. The matching fade-out has
+/// the gain 1 - fadeShape(t). The polynomial has neither slope nor curvature at its ends. So it
+/// spreads a sound's spectrum less than half a cosine does.
 constexpr double fadeShape(double t)
 {
     return t * t * t * (10.0 + t * (6.0 * t - 15.0));

@@ -22,16 +22,16 @@ GraphicEqualizer::GraphicEqualizer() = default;
 
 Status GraphicEqualizer::initialize()
 {
-    published.publish(equalizer::solve(levels));
-    resetRequested.store(true, std::memory_order_release);
+    m_published.publish(equalizer::solve(m_levels));
+    m_resetRequested.store(true, std::memory_order_release);
     return status::noError;
 }
 
 float GraphicEqualizer::parameter(std::uint32_t id) const
 {
     if (id == parameter::equalizerFixed)
-        return fixedParameter;
-    return id < parameter::equalizerBands ? levels[id] : 0.0F;
+        return m_fixedParameter;
+    return id < parameter::equalizerBands ? m_levels[id] : 0.0F;
 }
 
 Status GraphicEqualizer::setParameter(std::uint32_t id, float value)
@@ -39,17 +39,17 @@ Status GraphicEqualizer::setParameter(std::uint32_t id, float value)
     if (id > parameter::equalizerFixed || !std::isfinite(value))
         return status::invalidParameter;
     if (id == parameter::equalizerFixed) {
-        fixedParameter = value;
-    } else if (levels[id] != value) {
-        levels[id] = value;
-        published.publish(equalizer::solve(levels));
+        m_fixedParameter = value;
+    } else if (m_levels[id] != value) {
+        m_levels[id] = value;
+        m_published.publish(equalizer::solve(m_levels));
     }
     return status::noError;
 }
 
 void GraphicEqualizer::reset()
 {
-    resetRequested.store(true, std::memory_order_release);
+    m_resetRequested.store(true, std::memory_order_release);
 }
 
 AudioStreamBasicDescription GraphicEqualizer::streamFormat() const
@@ -59,48 +59,48 @@ AudioStreamBasicDescription GraphicEqualizer::streamFormat() const
 
 Status GraphicEqualizer::setRenderCallback(RenderCallback callback, void *context)
 {
-    renderCallback = callback;
-    renderContext = context;
+    m_renderCallback = callback;
+    m_renderContext = context;
     return status::noError;
 }
 
 void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
 {
     const DenormalGuard guard;
-    // The request before the levels: levels set before a reset are then there when it is carried
-    // out.
-    const bool resets = resetRequested.exchange(false, std::memory_order_acquire);
-    if (const equalizer::Coefficients *target = published.takeNewest())
-        cascade.rampTo(*target);
+    // The request is read before the levels. So levels that were set before a reset are there when
+    // it is carried out.
+    const bool resets = m_resetRequested.exchange(false, std::memory_order_acquire);
+    if (const equalizer::Coefficients *target = m_published.takeNewest())
+        m_cascade.rampTo(*target);
     if (resets)
-        cascade.clear();
+        m_cascade.clear();
 
     silence(ioData, frames);
-    if (renderCallback != nullptr &&
-        renderCallback(renderContext, frames, ioData) != status::noError)
+    if (m_renderCallback != nullptr &&
+        m_renderCallback(m_renderContext, frames, ioData) != status::noError)
         silence(ioData, frames);
     if (resets && frames > 0)
         leadIn(frames, ioData);
 
     if (ioData.mNumberBuffers >= 2) {
-        cascade.process(static_cast<float *>(ioData.mBuffers[0].mData),
-                        static_cast<float *>(ioData.mBuffers[1].mData), frames);
+        m_cascade.process(static_cast<float *>(ioData.mBuffers[0].mData),
+                          static_cast<float *>(ioData.mBuffers[1].mData), frames);
     } else if (ioData.mNumberBuffers == 1) {
         std::array<float, chunkFrames> other;
         auto *samples = static_cast<float *>(ioData.mBuffers[0].mData);
         for (std::uint32_t done = 0; done < frames; done += chunkFrames) {
             const std::uint32_t count = std::min(frames - done, chunkFrames);
             other.fill(0.0F);
-            cascade.process(samples + done, other.data(), count);
+            m_cascade.process(samples + done, other.data(), count);
         }
     }
 }
 
-/// Runs the filter up to the first frame on what it might have met before: the signal's own
-/// beginning, turned about its first sample, so that neither the level nor the slope breaks there.
+/// Runs the filter on frames that might have come before the first one: the signal's beginning,
+/// mirrored at its first sample, so that level and slope are continuous there.
 void GraphicEqualizer::leadIn(std::uint32_t frames, const AudioBufferList &ioData) noexcept
 {
-    constexpr std::uint32_t longest = 128; // 3 ms: what rings above 1 kHz has died away by then
+    constexpr std::uint32_t longest = 128; // 3 ms: ringing above 1 kHz has died away by then
     std::array<std::array<float, longest>, 2> before{};
     const std::uint32_t length = std::min(frames - 1, longest);
     std::array<float, 2> oldest{};
@@ -110,8 +110,8 @@ void GraphicEqualizer::leadIn(std::uint32_t frames, const AudioBufferList &ioDat
             before[channel][i] = 2.0F * signal[0] - signal[length - i];
         oldest[channel] = length > 0 ? before[channel][0] : signal[0];
     }
-    cascade.settleOn(oldest[0], oldest[1]);
-    cascade.process(before[0].data(), before[1].data(), length);
+    m_cascade.settleOn(oldest[0], oldest[1]);
+    m_cascade.process(before[0].data(), before[1].data(), length);
 }
 
 } // namespace lyrabox

@@ -11,14 +11,14 @@ namespace lyrabox {
 
 /// The 31-band graphic equalizer.
 ///
-/// Parameters 0 to 30 are levels in dB; parameter() returns what was set, while what is heard stops
-/// at +-24 dB. Of the 31, the ten sliders (2, 5, ..., 29) describe one smooth curve; each of the
-/// others adds its level at its own frequency. Parameter 31 is kept and does nothing. A change is
-/// heard as a ramp of 20 ms; everything at 0 dB is the input bit for bit.
+/// Parameters 0 to 30 are levels in dB. parameter() returns them as they were set, but the sound
+/// keeps to ±24 dB. Ten of the bands have sliders (2, 5, ..., 29) and describe one smooth curve.
+/// Each of the others adds its level at its own frequency. Parameter 31 is stored and has no
+/// effect. Changes take effect as ramps of 20 ms. With every level at 0 dB the output equals the
+/// input bit for bit.
 ///
-/// render() without a callback, or when the callback reports a status, filters silence: what the
-/// filter still holds dies away, nothing else is heard. Samples that are not finite count as
-/// silence, too.
+/// If render() has no callback, or the callback returns a status, it filters silence, and the
+/// filter's ringing dies away. Samples that are not finite count as silence, too.
 class GraphicEqualizer : public EqualizerUnit {
 public:
     GraphicEqualizer();
@@ -27,34 +27,34 @@ public:
     float parameter(std::uint32_t id) const override;
     Status setParameter(std::uint32_t id, float value) override;
 
-    /// The filter's memory goes, and its next input is taken to go on from its own mirror image, so
-    /// that a signal that sets in at full height does not make it ring. A ramp on its way ends at
-    /// its target at once.
+    /// Clears the filter's memory. The filter then behaves as if the mirror image of the next input
+    /// had come before it, so that a signal that starts at full level does not make it ring. A ramp
+    /// jumps to its target.
     void reset() override;
     AudioStreamBasicDescription streamFormat() const override;
     Status setRenderCallback(RenderCallback callback, void *context) override;
 
-    /// Callback thread. With one buffer only, that channel is filtered.
+    /// Callback thread. Filters one channel if there is only one buffer.
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
 private:
     void leadIn(std::uint32_t frames, const AudioBufferList &ioData) noexcept;
 
     // Control side.
-    equalizer::Levels levels{};
-    float fixedParameter = 0.0F;
+    equalizer::Levels m_levels{};
+    float m_fixedParameter = 0.0F;
 
     // Set before the chain renders.
-    RenderCallback renderCallback = nullptr;
-    void *renderContext = nullptr;
+    RenderCallback m_renderCallback = nullptr;
+    void *m_renderContext = nullptr;
 
-    // Between the two.
-    TripleBuffer<equalizer::Coefficients> published;
-    std::atomic<bool> resetRequested{
-        true}; // so that the first pull starts at its levels, without a ramp
+    // From the control side to the callback thread.
+    TripleBuffer<equalizer::Coefficients> m_published;
+    std::atomic<bool> m_resetRequested{
+        true}; // The first pull starts at its levels, without a ramp.
 
     // Callback thread.
-    GraphicEqualizerCascade cascade;
+    GraphicEqualizerCascade m_cascade;
 };
 
 } // namespace lyrabox

@@ -6,14 +6,14 @@
 namespace lyrabox {
 namespace {
 
-// Frames taken through a section at a time: its coefficients and its state stay in registers
-// meanwhile, and the processor works on the next section while the recursion of this one waits for
+// A section filters so many frames at a time. Its coefficients and its state stay in registers
+// meanwhile, and the processor can work on the next section while this one's recursion waits for
 // its own results.
 constexpr std::uint32_t groupFrames = 4;
 
 constexpr float largest = std::numeric_limits<float>::max();
 
-// False for infinities and for what is not a number.
+// False for infinities and NaN.
 bool isFinite(float sample)
 {
     return sample >= -largest && sample <= largest;
@@ -26,7 +26,7 @@ double read(float &sample)
     return sample;
 }
 
-// Where nothing changed, the sample keeps its very bits: the sign of a zero and subnormals, too.
+// A sample that did not change keeps its bits, so the sign of a zero and subnormals stay as well.
 void write(float &sample, double filtered)
 {
     const auto rounded = static_cast<float>(
@@ -36,8 +36,8 @@ void write(float &sample, double filtered)
 
 } // namespace
 
-// speed t + (3 length - 2 speed) t^2 + (speed - 2 length) t^3 in steps of t = 1 / rampFrames. It
-// never turns back as long as the speed lies between 0 and three times the length.
+// speed t + (3 length - 2 speed) t^2 + (speed - 2 length) t^3 in steps of t = 1 / rampFrames. The
+// movement never turns back if the speed lies between 0 and three times the length.
 GraphicEqualizerCascade::Course::Course(double length, double speed)
 {
     const double step = 1.0 / rampFrames;
@@ -58,52 +58,52 @@ double GraphicEqualizerCascade::Course::advance()
 
 void GraphicEqualizerCascade::rampTo(const equalizer::Coefficients &coefficients) noexcept
 {
-    // A ramp that is overtaken by the next one, as when a slider is dragged, goes on at its speed
-    // as far as it leads the same way: the old motion's share in the new direction, which never
+    // While a slider is dragged, the next ramp starts before the last one has ended. The new ramp
+    // begins with the component of the old speed that points in the new direction. So it never
     // leaves the straight line.
     double along = 0.0;
     double square = 0.0;
     for (std::size_t i = 0; i < equalizer::sectionCount; ++i) {
         const equalizer::Section &section = coefficients.sections[i];
-        Section &to = target[i];
+        Section &to = m_target[i];
         to = {bothLanes(section.c0), bothLanes(section.c1), bothLanes(section.c2),
               bothLanes(section.a1), bothLanes(section.a2)};
-        const Section &from = current[i];
+        const Section &from = m_current[i];
         const Section next = {to.c0 - from.c0, to.c1 - from.c1, to.c2 - from.c2, to.a1 - from.a1,
                               to.a2 - from.a2};
-        along += next.c0[0] * way[i].c0[0];
+        along += next.c0[0] * m_way[i].c0[0];
         square += next.c0[0] * next.c0[0];
-        way[i] = next;
+        m_way[i] = next;
     }
-    const bool isMoving = rampLeft != 0;
+    const bool isMoving = m_rampLeft != 0;
     const double speed =
-        isMoving && square > 0.0 ? progress.distance * rampFrames * along / square : 0.0;
-    progress = Course(1.0, std::clamp(speed, 0.0, 3.0));
+        isMoving && square > 0.0 ? m_progress.distance * rampFrames * along / square : 0.0;
+    m_progress = Course(1.0, std::clamp(speed, 0.0, 3.0));
 
-    // A gain has nothing to lose by overshooting a little, so its speed is kept as it is.
-    const double gainSpeed = isMoving ? gainCourse.distance * rampFrames : 0.0;
-    gainTarget = coefficients.gain;
-    gainCourse = Course(gainTarget - gain, gainSpeed);
-    rampLeft = rampFrames;
+    // A gain may overshoot a little without harm, so it simply keeps its speed.
+    const double gainSpeed = isMoving ? m_gainCourse.distance * rampFrames : 0.0;
+    m_gainTarget = coefficients.gain;
+    m_gainCourse = Course(m_gainTarget - m_gain, gainSpeed);
+    m_rampLeft = rampFrames;
 }
 
 void GraphicEqualizerCascade::clear() noexcept
 {
-    current = target;
-    gain = gainTarget;
-    rampLeft = 0;
-    states = {};
+    m_current = m_target;
+    m_gain = m_gainTarget;
+    m_rampLeft = 0;
+    m_states = {};
 }
 
-// A section adds nothing to a constant, which tells what its state must be.
+// A section passes a constant unchanged. Its state follows from that.
 void GraphicEqualizerCascade::settleOn(float left, float right) noexcept
 {
-    const StereoLanes in = stereoLanes(read(left), read(right)) * bothLanes(gain);
+    const StereoLanes in = stereoLanes(read(left), read(right)) * bothLanes(m_gain);
     for (std::size_t s = 0; s < equalizer::sectionCount; ++s)
-        states[s] = {bothLanes(0.0) - current[s].c0 * in, current[s].c2 * in};
+        m_states[s] = {bothLanes(0.0) - m_current[s].c0 * in, m_current[s].c2 * in};
 }
 
-// Transposed direct form II, with the section written as a wire and what is added to it: y = x + v.
+// Transposed direct form II. The section is written as a wire plus a correction: y = x + v.
 template <std::uint32_t count, bool isRamping>
 void GraphicEqualizerCascade::filter(float *left, float *right) noexcept
 {
@@ -111,21 +111,21 @@ void GraphicEqualizerCascade::filter(float *left, float *right) noexcept
     StereoLanes share[count];
     for (std::uint32_t i = 0; i < count; ++i) {
         if (isRamping) {
-            gain += gainCourse.advance();
-            share[i] = bothLanes(progress.advance());
+            m_gain += m_gainCourse.advance();
+            share[i] = bothLanes(m_progress.advance());
         }
-        signal[i] = stereoLanes(read(left[i]), read(right[i])) * bothLanes(gain);
+        signal[i] = stereoLanes(read(left[i]), read(right[i])) * bothLanes(m_gain);
     }
     for (std::size_t s = 0; s < equalizer::sectionCount; ++s) {
-        Section section = current[s];
-        State state = states[s];
+        Section section = m_current[s];
+        State state = m_states[s];
         for (std::uint32_t i = 0; i < count; ++i) {
             if (isRamping) {
-                section.c0 += way[s].c0 * share[i];
-                section.c1 += way[s].c1 * share[i];
-                section.c2 += way[s].c2 * share[i];
-                section.a1 += way[s].a1 * share[i];
-                section.a2 += way[s].a2 * share[i];
+                section.c0 += m_way[s].c0 * share[i];
+                section.c1 += m_way[s].c1 * share[i];
+                section.c2 += m_way[s].c2 * share[i];
+                section.a1 += m_way[s].a1 * share[i];
+                section.a2 += m_way[s].a2 * share[i];
             }
             const StereoLanes in = signal[i];
             const StereoLanes added = section.c0 * in + state.first;
@@ -133,9 +133,9 @@ void GraphicEqualizerCascade::filter(float *left, float *right) noexcept
             state.second = section.c2 * in - section.a2 * added;
             signal[i] = in + added;
         }
-        states[s] = state;
+        m_states[s] = state;
         if (isRamping)
-            current[s] = section;
+            m_current[s] = section;
     }
     for (std::uint32_t i = 0; i < count; ++i) {
         write(left[i], signal[i][0]);
@@ -155,13 +155,13 @@ void GraphicEqualizerCascade::filterRun(float *left, float *right, std::uint32_t
 
 void GraphicEqualizerCascade::process(float *left, float *right, std::uint32_t frames) noexcept
 {
-    const std::uint32_t ramped = std::min(frames, rampLeft);
+    const std::uint32_t ramped = std::min(frames, m_rampLeft);
     if (ramped != 0) {
         filterRun<true>(left, right, ramped);
-        rampLeft -= ramped;
-        if (rampLeft == 0) { // sums of steps end a rounding error beside the target
-            current = target;
-            gain = gainTarget;
+        m_rampLeft -= ramped;
+        if (m_rampLeft == 0) { // The sums of the steps miss the target by a rounding error.
+            m_current = m_target;
+            m_gain = m_gainTarget;
         }
     }
     filterRun<false>(left + ramped, right + ramped, frames - ramped);

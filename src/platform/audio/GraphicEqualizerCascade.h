@@ -8,37 +8,35 @@
 
 namespace lyrabox {
 
-/// The running filter of the graphic equalizer: a gain and 31 sections in cascade, both channels
-/// side by side in double precision, always all sections. Callback thread (or any one thread);
-/// allocates nothing. How a signal is cut into calls makes no difference to the result, to the last
-/// bit.
+/// The running filter of the graphic equalizer: a gain and 31 sections in cascade, for two channels
+/// in double precision. All sections always run. One thread at a time, usually the callback thread.
+/// Allocates nothing. The output does not depend on how the signal is divided into calls, to the
+/// last bit.
 class GraphicEqualizerCascade {
 public:
-    /// Frames in which a change of coefficients is carried out: 20 ms. Each section moves in a
-    /// straight line from where it is to its target. The stable sections form a convex region (a
-    /// triangle in a1 and a2), so every set on the way between two stable ones is stable too. The
-    /// speed has no steps either: a kink in the course of a level is heard as a faint tick far
-    /// above the tone that is being changed.
+    /// The length of a ramp from one set of coefficients to the next, in frames: 20 ms. The
+    /// coefficients of a section move in a straight line to their targets. Stable sections form a
+    /// convex region (a triangle in a1 and a2), so every point of the line is stable, too. The
+    /// speed changes without steps, because a kink in the course of a level is heard as a faint
+    /// tick far above the tone.
     static constexpr std::uint32_t rampFrames = 882;
 
-    /// Starts a ramp to `target` from wherever the coefficients are, in the middle of another ramp
-    /// too.
+    /// Starts a ramp from the present coefficients to `target`. Another ramp may be under way.
     void rampTo(const equalizer::Coefficients &target) noexcept;
 
-    /// Ends a ramp at its target and forgets the signal.
+    /// Moves the coefficients to their targets at once and drops the signal.
     void clear() noexcept;
 
-    /// Goes on as if `left` and `right` had been the input for ever. A signal that sets in at full
-    /// height after clear() makes the sections ring, far louder beyond the signal's own frequencies
-    /// than anything in it.
+    /// Sets the state that the filter would have if `left` and `right` had always been its input.
+    /// Without this, a signal that starts at full level after clear() makes the sections ring.
     void settleOn(float left, float right) noexcept;
 
-    /// Filters in place. `left` and `right` hold `frames` samples each. A sample that is not finite
-    /// counts as 0.0; one that comes out beyond the range of float is held at its end.
+    /// Filters in place. `left` and `right` hold `frames` samples each. An input sample that is not
+    /// finite counts as 0.0. An output sample beyond the range of float is clamped to it.
     void process(float *left, float *right, std::uint32_t frames) noexcept;
 
 private:
-    // A section's coefficients, once per lane: what is loaded is what is multiplied by.
+    // A section's coefficients, once per lane, so that they are multiplied as they are loaded.
     struct Section {
         StereoLanes c0, c1, c2, a1, a2;
     };
@@ -52,13 +50,13 @@ private:
     template <bool isRamping>
     void filterRun(float *left, float *right, std::uint32_t frames) noexcept;
 
-    // A way of `length`, covered in rampFrames as a cubic of time: it begins at `speed` (length per
-    // ramp) and ends at rest. Computed by differences, so that a frame costs two additions.
+    // A movement by `length` within rampFrames, as a cubic of time. It begins at `speed`, in units
+    // of length per ramp, and ends at rest. Differences make it cost two additions per frame.
     struct Course {
         Course() = default;
         Course(double length, double speed);
 
-        /// What the next frame covers.
+        /// The distance of the next frame.
         double advance();
 
         double distance = 0.0; // in the next frame
@@ -66,15 +64,15 @@ private:
         double changeOfChange = 0.0;
     };
 
-    Sections current{};
-    Sections target{};
-    Sections way{}; // from where the ramp began to its target
-    std::array<State, equalizer::sectionCount> states{};
-    Course progress; // the share of `way`
-    double gain = 1.0;
-    double gainTarget = 1.0;
-    Course gainCourse;
-    std::uint32_t rampLeft = 0;
+    Sections m_current{};
+    Sections m_target{};
+    Sections m_way{}; // from the start of the ramp to its target
+    std::array<State, equalizer::sectionCount> m_states{};
+    Course m_progress; // the share of m_way
+    double m_gain = 1.0;
+    double m_gainTarget = 1.0;
+    Course m_gainCourse;
+    std::uint32_t m_rampLeft = 0;
 };
 
 } // namespace lyrabox

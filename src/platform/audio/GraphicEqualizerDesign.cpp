@@ -13,21 +13,21 @@ namespace {
 constexpr double sampleRate = canonicalStreamFormat().mSampleRate;
 constexpr double halfWidthOctaves = 1.0 / 3.0; // from the centre to a band edge
 constexpr double edgeGainShare = 0.45; // gain at a band edge over gain at the centre, both in dB
-constexpr double smallestGain = 0.01;  // dB; below it a section is a share of the one that has it
+constexpr double smallestGain = 0.01;  // dB; a smaller gain scales the section of this gain
 
-// Where the solver looks: every centre and, between each two, the geometric midpoint.
+// The solver looks at every centre, and at the geometric midpoint between each two.
 constexpr std::size_t pointCount = 2 * sectionCount - 1;
 constexpr double sliderWeight = 1.0;
 constexpr double bandWeight = 0.04;
-constexpr double midpointWeight = 0.01; // more: closer between the sliders, further off at them
+constexpr double midpointWeight = 0.01; // a larger one fits better between sliders, worse at them
 
-constexpr double firstGain = 17.0; // dB; the gain at which the sections' shapes are taken at first
-constexpr int refinements = 2; // rounds with the shapes at the gains found; a third changes nothing
+constexpr double firstGain = 17.0; // dB; the first round takes the shapes of sections of this gain
+constexpr int refinements = 2; // rounds with the shapes at the last gains; a third has no effect
 constexpr double sectionGainLimit = 36.0; // dB
 
 using SectionGains = std::array<double, sectionCount>;
 using PointLevels = std::array<double, pointCount>;
-// What each section does at each point, in dB per dB of its gain.
+// The effect of each section at each point, in dB per dB of the section's gain.
 using Shapes = std::array<std::array<double, sectionCount>, pointCount>;
 
 double fromDecibels(double level)
@@ -46,8 +46,8 @@ double warpedSquare(double frequency)
     return squared(std::tan(std::numbers::pi * frequency / sampleRate));
 }
 
-// (nyquist s^2 + zeros s + resonance) / (s^2 + poles s + resonance) with s the bilinear transform's
-// variable.
+// (nyquist s^2 + zeros s + resonance) / (s^2 + poles s + resonance), where s is the variable of the
+// bilinear transform.
 struct Peak {
     double nyquist = 1.0;
     double zeros = 0.0;
@@ -105,11 +105,16 @@ const std::array<double, pointCount> &points()
     return table;
 }
 
+constexpr bool hasSlider(std::size_t band)
+{
+    return equalizerBandOfControl(band / 3) == band;
+}
+
 double weightOf(std::size_t point)
 {
     if (point % 2 == 1)
         return midpointWeight;
-    return (point / 2) % 3 == 2 ? sliderWeight : bandWeight;
+    return hasSlider(point / 2) ? sliderWeight : bandWeight;
 }
 
 Shapes shapesAt(const SectionGains &gains)
@@ -127,8 +132,8 @@ Shapes shapesAt(const SectionGains &gains)
     return shapes;
 }
 
-// The gains whose sum of shapes comes closest to `target` in the weighted squares: normal equations
-// and Cholesky.
+// The gains whose shapes add up to `target` with the least weighted squared error, by the normal
+// equations and a Cholesky decomposition.
 SectionGains leastSquares(const Shapes &shapes, const PointLevels &target)
 {
     std::array<std::array<double, sectionCount>, sectionCount> matrix{};
@@ -169,7 +174,7 @@ double smoothCurve(std::span<const double, sliderCount> sliders, double frequenc
 {
     std::array<double, sliderCount> x{};
     for (std::size_t i = 0; i < sliderCount; ++i)
-        x[i] = std::log2(centres[bandOfSlider(i)]);
+        x[i] = std::log2(centres[equalizerBandOfControl(i)]);
     const double at = std::log2(frequency);
     if (at <= x.front())
         return sliders.front();
@@ -178,7 +183,8 @@ double smoothCurve(std::span<const double, sliderCount> sliders, double frequenc
 
     const auto width = [&](std::size_t i) { return x[i + 1] - x[i]; };
     const auto secant = [&](std::size_t i) { return (sliders[i + 1] - sliders[i]) / width(i); };
-    // Three-point slope at an end, from the interval `near` it and the next, kept monotone.
+    // The three-point slope at an end, limited so that the curve stays monotone. `near` is the
+    // first interval, `next` the second.
     const auto endSlope = [&](std::size_t near, std::size_t next) {
         const double slope =
             ((2.0 * width(near) + width(next)) * secant(near) - width(near) * secant(next)) /
@@ -244,7 +250,7 @@ Coefficients solve(const Levels &levels)
                    [](float level) { return std::clamp<double>(level, -levelLimit, levelLimit); });
     std::array<double, sliderCount> sliders{};
     for (std::size_t i = 0; i < sliderCount; ++i)
-        sliders[i] = std::exchange(extra[bandOfSlider(i)], 0.0);
+        sliders[i] = std::exchange(extra[equalizerBandOfControl(i)], 0.0);
     const double mean = std::accumulate(sliders.begin(), sliders.end(), 0.0) / sliderCount;
     for (double &slider : sliders)
         slider -= mean;

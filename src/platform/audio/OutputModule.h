@@ -5,28 +5,29 @@
 
 #include <memory>
 
-/// The output device is a module of its own: the sound server's libraries are loaded while the
-/// windows are built.
+/// The output device is in a module of its own, so that the sound server's libraries are loaded
+/// while the windows are built.
 namespace lyrabox {
 
-/// Beside its version, what the program finds in the module by name.
+/// The functions that the program looks up in the module by name, apart from the version. They
+/// never return null, and the caller owns the result.
 extern "C" {
-using MakeOutputFunction = lyrabox::OutputUnit *();                         ///< never null
-using MakeDefaultOutputWatcherFunction = lyrabox::DefaultOutputWatcher *(); ///< never null
+using MakeOutputFunction = lyrabox::OutputUnit *();
+using MakeDefaultOutputWatcherFunction = lyrabox::DefaultOutputWatcher *();
 }
 constexpr const char *outputVersionName = "lyraboxOutputVersion";
 constexpr const char *makeOutputName = "lyraboxMakeOutput";
 constexpr const char *makeDefaultOutputWatcherName = "lyraboxMakeDefaultOutputWatcher";
 
-/// One opened module, which stays loaded until the process ends.
+/// The opened module. It stays loaded until the process ends.
 class OutputModule {
 public:
     explicit OutputModule(const QString &path);
 
-    /// Why the module at the path cannot be used, in the words of the system; empty when it can.
+    /// The system's reason why the module cannot be used. Empty if it can.
     const QString &failure() const { return m_module.failure(); }
 
-    /// Null without a usable module. Any thread.
+    /// Null if the module cannot be used. Any thread.
     std::unique_ptr<OutputUnit> makeOutput() const;
     std::unique_ptr<DefaultOutputWatcher> makeDefaultOutputWatcher() const;
 
@@ -36,8 +37,8 @@ private:
     MakeDefaultOutputWatcherFunction *m_makeWatcher;
 };
 
-/// The program's own module; the first call opens it, says on the standard error why it cannot be
-/// used, and others wait for that. Any thread.
+/// The program's output module. The first call opens it, and writes to the standard error if the
+/// module cannot be used. Calls on other threads wait meanwhile. Any thread.
 const OutputModule &outputModule();
 
 } // namespace lyrabox

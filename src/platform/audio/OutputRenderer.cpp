@@ -16,8 +16,8 @@ thread_local const OutputRenderer *renderingHere = nullptr;
 
 // One-pole smoothing of the volume with a time constant of 5 ms at 44,100 Hz: 1 - exp(-1 / 220.5).
 constexpr float gainStep = 0.0045249F;
-// At -100 dB from its target the gain lands on it, so that full volume passes the samples
-// unchanged; closer than 7e-6 the steps round to nothing.
+// At -100 dB from its target the gain jumps there, so that full volume passes the samples
+// unchanged. Closer than 7e-6 the steps would round to nothing.
 constexpr float gainTolerance = 1e-5F;
 
 } // namespace
@@ -41,19 +41,19 @@ void OutputRenderer::stop() noexcept
         m_state.store(State::stopped);
         return;
     }
-    // Unless it has been stopped from outside meanwhile.
+    // A stop on the control side may have come first.
     State running = State::running;
     m_state.compare_exchange_strong(running, State::playingOut);
 }
 
 void OutputRenderer::requestReset() noexcept
 {
-    // In this order: who finds the request finds the end of the playing-out as well.
+    // In this order: the callback that takes the request then also sees that playing out is over.
     endPlayOut();
     m_resetRequested.store(true);
 }
 
-/// Returns whether the output was playing out, and is now stopped.
+/// Stops the output if it is playing out, and returns whether it was.
 bool OutputRenderer::endPlayOut() noexcept
 {
     State playingOut = State::playingOut;
@@ -67,7 +67,7 @@ bool OutputRenderer::isRenderingHere() const noexcept
 
 void OutputRenderer::waitUntilIdle() const noexcept
 {
-    // The callback thread takes no lock and signals nobody, so it can only be watched.
+    // The callback thread takes no lock and signals nobody, so all we can do is poll.
     while (m_rendering.load())
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
@@ -109,11 +109,11 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
 {
     const float target = std::clamp(m_volume.load(std::memory_order_relaxed), 0.0F, 1.0F);
     const auto isSilent = [this] { return m_aheadFrames == 0 && m_tailPosition >= m_tailFrames; };
-    // What begins begins at the volume set; only a change under sound moves there.
+    // A sound begins at the volume that is set. Only a change during the sound is smoothed.
     if (isSilent())
         m_gain = target;
 
-    const State state = m_state.load(); // acquires what was set before start()
+    const State state = m_state.load(); // acquires everything that was set before start()
     if (m_leadFrames > 0)
         m_leadFrames -= std::min(m_leadFrames, frames);
     else if (state != State::stopped)
@@ -154,16 +154,16 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
     }
 }
 
-/// Leaves at least `frames` + fadeFrames frames ahead; or none, when the source has stopped the
-/// output and holds nothing more.
+/// Pulls until at least `frames` + fadeFrames frames are ahead. If the source has stopped the
+/// output and holds nothing more, none are ahead afterwards.
 void OutputRenderer::pullAhead(std::uint32_t frames) noexcept
 {
-    // What is played out ends with a reset.
+    // A reset ends the playing out.
     const auto isStopped = [this] { return endPlayOut() || m_state.load() == State::stopped; };
     if (takeReset() && isStopped())
         return;
     while (m_aheadFrames < frames + fadeFrames) {
-        if (m_heldEnds) { // a whole fade is left of what was held
+        if (m_heldEnds) { // the frames ahead are the fade-out of the ended song
             m_heldEnds = false;
             retire();
             if (endPlayOut())
@@ -178,8 +178,7 @@ void OutputRenderer::pullAhead(std::uint32_t frames) noexcept
             endPlayOut();
             return;
         }
-        // A reset that arrived during the pull: the chunk may be from before, from after, or from
-        // both.
+        // If a reset arrived during the pull, the chunk may mix frames from before and after it.
         if (takeReset()) {
             if (isStopped())
                 return;
@@ -216,7 +215,7 @@ void OutputRenderer::pullChunk() noexcept
     m_source->render(chunkFrames, list);
 }
 
-/// Turns the frames ahead, as they would have sounded, into the tail that fades out.
+/// Moves the frames ahead into the tail, which fades out.
 void OutputRenderer::retire() noexcept
 {
     m_heldDelivered.store(0, std::memory_order_relaxed);
@@ -225,7 +224,7 @@ void OutputRenderer::retire() noexcept
     const std::uint32_t ahead = std::min(m_aheadFrames, fadeFrames);
     const std::uint32_t frames = std::max(ahead, m_tailFrames - m_tailPosition);
     for (std::uint32_t channel = 0; channel < channels; ++channel) {
-        // In place: tailSample() reads at or behind the frame that is written.
+        // This works in place, because tailSample() reads at or behind the frame that is written.
         for (std::uint32_t i = 0; i < frames; ++i) {
             float sample = tailSample(channel, i);
             if (i < ahead)
@@ -244,8 +243,8 @@ float OutputRenderer::fadeIn(std::uint32_t position) const noexcept
     return position < fadeFrames ? m_fade[position] : 1.0F;
 }
 
-/// The fading sample `offset` frames from now. A tail of fewer than fadeFrames frames fades as much
-/// faster.
+/// The sample of the tail `offset` frames from now. A tail shorter than fadeFrames fades
+/// accordingly faster.
 float OutputRenderer::tailSample(std::uint32_t channel, std::uint32_t offset) const noexcept
 {
     const std::uint32_t position = m_tailPosition + offset;

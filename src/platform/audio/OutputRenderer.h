@@ -8,23 +8,22 @@
 
 namespace lyrabox {
 
-/// What an output does inside its device callback, without the device: pulls the source, fades,
-/// applies the volume, interleaves.
+/// The work of a device callback without the device: it pulls the source, fades, applies the volume
+/// and interleaves.
 ///
-/// The source is pulled fadeFrames ahead of what is delivered. So a stop needs no further frame
-/// from the source (the frames ahead fade out), and a reset crossfades from the sound before to the
-/// sound after; the source's position is never more than fadeFrames + chunkFrames ahead of the
-/// frames delivered.
+/// The source is pulled fadeFrames ahead of delivery. So a stop needs no further frame from the
+/// source, because the frames ahead fade out, and a reset crossfades from the old sound to the new.
+/// The source's position is at most fadeFrames + chunkFrames ahead of the delivered frames.
 ///
-/// A source that stops the output has come to its end. What it still holds (isPlayingOut()) is
-/// rendered all the same, and its last frames fade out; or into what follows, when the output is
-/// started meanwhile.
+/// A source that stops the output has ended. The frames that it still holds (isPlayingOut()) are
+/// rendered nevertheless. The last of them fade out, or into the next song if the output is started
+/// meanwhile.
 ///
-/// Threads: render() on the callback thread; everything else on the control side, except where it
-/// says "any".
+/// render() belongs to the callback thread. Everything else belongs to the control side, unless it
+/// says "Any thread".
 class OutputRenderer {
 public:
-    static constexpr std::uint32_t chunkFrames = 128; ///< asked of the source at a time
+    static constexpr std::uint32_t chunkFrames = 128; ///< frames of one pull
     static constexpr std::uint32_t fadeFrames = 256;  ///< length of every fade: 5.8 ms at 44,100 Hz
     static constexpr std::uint32_t channels = 2;
 
@@ -32,54 +31,54 @@ public:
     OutputRenderer(const OutputRenderer &) = delete;
     OutputRenderer &operator=(const OutputRenderer &) = delete;
 
-    /// Not owned; set before the first start().
+    /// The source is not owned. Call it before the first start().
     void connect(RenderingUnit *source) noexcept { m_source = source; }
     bool isConnected() const noexcept { return m_source != nullptr; }
 
-    /// From the next render() on the source sounds, faded in.
+    /// The source fades in with the next render().
     void start() noexcept;
 
-    /// Any thread. From here on the source is not pulled again; what sounds fades out. A render()
-    /// under way on another thread may still be pulling: see waitUntilIdle(). Called by the source
-    /// itself (that is, inside render()), what the source holds is played out first; when it holds
-    /// nothing, the chunk that it was asked for is dropped, because it need not be whole.
+    /// Any thread. The sound fades out, and the source is not pulled again. A render() on another
+    /// thread may still be pulling, see waitUntilIdle(). If the source calls this inside render(),
+    /// the frames that it holds are played out first. If it holds none, the current chunk is
+    /// dropped, because it may be incomplete.
     void stop() noexcept;
 
-    /// Any thread. Between start() and stop().
+    /// Any thread. True between start() and stop().
     bool isRunning() const noexcept { return m_state.load() == State::running; }
 
-    /// Any thread. From the source's stop() until what it held has been rendered, or start(),
-    /// stop() or requestReset().
+    /// Any thread. True after the source's stop(), until the frames that it held are rendered or
+    /// start(), stop() or requestReset() is called.
     bool isPlayingOut() const noexcept { return m_state.load() == State::playingOut; }
 
-    /// The source is about to deliver something unconnected to what it delivered before.
+    /// Call it when the source jumps: its next frames do not continue the last ones.
     void requestReset() noexcept;
 
-    /// Linear, applied clamped to 0.0 … 1.0 and without steps.
+    /// A linear factor. It is applied without steps, and clamped to 0.0 to 1.0.
     void setVolume(float volume) noexcept { m_volume.store(volume, std::memory_order_relaxed); }
     float volume() const noexcept { return m_volume.load(std::memory_order_relaxed); }
 
-    /// Any thread: whether the caller stands inside render() of this object.
+    /// Any thread. Whether the calling thread is inside render() of this object.
     bool isRenderingHere() const noexcept;
 
-    /// Returns when no render() is under way; after stop() none that follows pulls the source.
+    /// Waits until no render() runs. After stop() no later one pulls the source.
     void waitUntilIdle() const noexcept;
 
-    /// Frames of silence delivered since the last sound; 0 while something sounds.
+    /// Any thread. Frames of silence since the last sound. 0 while there is sound.
     std::uint64_t silentFrames() const noexcept { return m_silentFrames.load(); }
 
     /// Any thread. Frames of the source that were pulled but not heard yet, behind a device that
     /// holds up to `deviceFrames`. What fades out after a stop or a reset does not count.
     std::uint32_t heldFrames(std::uint32_t deviceFrames) const noexcept;
 
-    /// Forgets what is still ahead or fading. Only while no render() can run.
+    /// Drops the frames that are ahead or fading. Only while no render() can run.
     void clear() noexcept;
 
-    /// Makes the next `frames` frames silence, whether running or not. Only while no render() can
-    /// run.
+    /// The next `frames` frames are silence, whether the output runs or not. Only while no render()
+    /// can run.
     void leadWithSilence(std::uint32_t frames) noexcept { m_leadFrames = frames; }
 
-    /// Callback thread. Fills `frames` frames of interleaved stereo.
+    /// Callback thread. Writes `frames` frames of interleaved stereo.
     void render(float *interleaved, std::uint32_t frames) noexcept;
 
 private:
@@ -110,12 +109,12 @@ private:
 
     // The rest belongs to the callback thread.
     std::array<float, fadeFrames> m_fade{}; ///< rises from 0 to 1
-    Planar<aheadCapacity> m_ahead{};        ///< pulled and not yet delivered
+    Planar<aheadCapacity> m_ahead{};        ///< pulled, not yet delivered
     std::uint32_t m_aheadFrames = 0;
     std::uint32_t m_fadeInPosition = 0;
-    bool m_sourceHolds = false;  ///< the source played out when it was pulled last
-    bool m_heldEnds = false;     ///< the frames ahead end with the last that the source held
-    Planar<fadeFrames> m_tail{}; ///< what sounded before, fading out
+    bool m_sourceHolds = false;  ///< the source was playing out at the last pull
+    bool m_heldEnds = false;     ///< the last frame ahead is the last one that the source held
+    Planar<fadeFrames> m_tail{}; ///< the old sound, which fades out
     std::uint32_t m_tailFrames = 0;
     std::uint32_t m_tailPosition = 0;
     float m_gain = 1.0F;

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <numbers>
 
 namespace lyrabox {
 
@@ -20,22 +19,14 @@ constexpr std::int64_t longestPiece = 960;
 
 void QuickStretcher::allocate()
 {
-    // One side of a sinc under a Hann window.
-    m_kernel.resize(static_cast<std::size_t>(crossings * kernelSteps) + 2);
-    for (std::size_t i = 0; i < m_kernel.size(); ++i) {
-        const double x = static_cast<double>(i) / kernelSteps;
-        const double phase = std::numbers::pi * x;
-        const double sinc = i == 0 ? 1.0 : std::sin(phase) / phase;
-        const double window = 0.5 + 0.5 * std::cos(phase / crossings);
-        m_kernel[i] = static_cast<float>(x < crossings ? sinc * window : 0.0);
-    }
+    m_interpolator.allocate(crossings, kernelSteps, SincInterpolator::Window::Hann);
 }
 
 void QuickStretcher::start(double speed, double pitch) noexcept
 {
     m_songStep = speed / pitch;
     m_pitch = pitch;
-    // About the same time for the ear whatever the pitch.
+    // After the resampling a piece lasts about as long at every pitch.
     m_piece = std::clamp(std::llround(basicPiece * pitch), static_cast<long long>(shortestPiece),
                          static_cast<long long>(longestPiece));
     m_overlap = m_piece * 3 / 4;
@@ -46,8 +37,8 @@ void QuickStretcher::start(double speed, double pitch) noexcept
     m_previous = 0;
 }
 
-/// Stretched frames that the kernel needs to each side. Pitched up, it is as much longer, so that
-/// what would come out beyond half the sample rate goes.
+/// Stretched frames that the kernel needs to each side. A higher pitch needs a longer kernel, which
+/// removes the frequencies that would end up beyond half the sample rate.
 std::int64_t QuickStretcher::kernelReach() const noexcept
 {
     return static_cast<std::int64_t>(std::ceil(crossings * std::max(m_pitch, 1.0))) + 1;
@@ -61,7 +52,7 @@ std::int64_t QuickStretcher::reach(std::uint32_t frames) const noexcept
            m_piece + m_overlap;
 }
 
-/// The song frame near `ideal` from which the song is most like what follows the piece before.
+/// The frame near `ideal` from which the song resembles most the continuation of the last piece.
 std::int64_t QuickStretcher::bestStart(const TimePitchHistory &song,
                                        std::int64_t ideal) const noexcept
 {
@@ -94,8 +85,7 @@ std::int64_t QuickStretcher::bestStart(const TimePitchHistory &song,
     return best;
 }
 
-/// The first frame from `first` on, and before `last`, where the song is suddenly louder; `last` if
-/// there is none.
+/// The first frame in [first, last) where the song is suddenly louder, or `last` if there is none.
 std::int64_t QuickStretcher::attackBetween(const TimePitchHistory &song, std::int64_t first,
                                            std::int64_t last) noexcept
 {
@@ -118,12 +108,12 @@ std::int64_t QuickStretcher::attackBetween(const TimePitchHistory &song, std::in
     return last;
 }
 
-/// Where the next piece starts: in time and in tune with the piece before, but so that no attack
-/// falls between the two, and none is heard in both.
+/// The song frame at which the next piece starts. The piece is in time and in phase with the last
+/// one. No attack is lost between the two, and none is heard in both.
 std::int64_t QuickStretcher::nextStart(const TimePitchHistory &song) const noexcept
 {
     constexpr std::int64_t longestLead = 640;
-    // The middle of the piece is to be heard in time.
+    // The middle of the piece is the part that is exactly in time.
     const double half = 0.5 * static_cast<double>(m_piece);
     const std::int64_t ideal =
         std::llround(m_songStep * (static_cast<double>(m_end) + half) - half);
@@ -148,7 +138,8 @@ void QuickStretcher::stretchUpTo(const TimePitchHistory &song, std::int64_t end)
             m_current = nextStart(song);
         }
         const std::int64_t into = m_end - m_pieceStart;
-        const std::int64_t frame = std::abs(m_current + into); // before the start, its mirror image
+        // Before frame 0 the song is mirrored.
+        const std::int64_t frame = std::abs(m_current + into);
         float left = song.left(frame);
         float right = song.right(frame);
         if (m_pieceStart > 0 && into < m_overlap) {
@@ -163,28 +154,6 @@ void QuickStretcher::stretchUpTo(const TimePitchHistory &song, std::int64_t end)
     }
 }
 
-void QuickStretcher::interpolate(double at, float &left, float &right) const noexcept
-{
-    const double scale = 1.0 / std::max(m_pitch, 1.0);
-    const double width = crossings / scale;
-    const auto first = static_cast<std::int64_t>(std::ceil(at - width));
-    const auto last = static_cast<std::int64_t>(std::floor(at + width));
-    float sumLeft = 0.0F;
-    float sumRight = 0.0F;
-    for (std::int64_t i = first; i <= last; ++i) {
-        const auto place =
-            static_cast<float>(std::abs(static_cast<double>(i) - at) * scale * kernelSteps);
-        const auto step = static_cast<std::size_t>(place);
-        const float rest = place - static_cast<float>(step);
-        const float weight = m_kernel[step] + rest * (m_kernel[step + 1] - m_kernel[step]);
-        const auto slot = static_cast<std::size_t>(i) & (ringFrames - 1U);
-        sumLeft += weight * m_ring[0][slot];
-        sumRight += weight * m_ring[1][slot];
-    }
-    left = sumLeft * static_cast<float>(scale);
-    right = sumRight * static_cast<float>(scale);
-}
-
 void QuickStretcher::render(const TimePitchHistory &song, float *left, float *right,
                             std::uint32_t frames) noexcept
 {
@@ -197,7 +166,8 @@ void QuickStretcher::render(const TimePitchHistory &song, float *left, float *ri
             left[i] = m_ring[0][slot];
             right[i] = m_ring[1][slot];
         } else {
-            interpolate(at, left[i], right[i]);
+            const double cutoff = 1.0 / std::max(m_pitch, 1.0);
+            m_interpolator.interpolate(m_ring, at, cutoff, left[i], right[i]);
         }
     }
 }

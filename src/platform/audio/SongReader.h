@@ -14,13 +14,13 @@
 
 namespace lyrabox {
 
-/// Reads one audio file and converts it to the client format while reading. What the program asks
-/// of whatever decodes a song; a test puts a reader that fails on demand in its place. One object
-/// is used by one thread at a time.
+/// Reads one audio file and converts it to the client format while reading. This is the interface
+/// of the decoders; tests implement it with readers that fail on demand. One thread at a time may
+/// use an object.
 class SongReader {
 public:
-    /// How far a file is opened: far enough to know that it is audio and what its tags are, or to
-    /// be decoded.
+    /// How far a file is opened. Tags: it is recognised as audio, and its tags are read. Samples:
+    /// it can also be decoded.
     enum class Depth { Tags, Samples };
 
     SongReader() = default;
@@ -28,51 +28,51 @@ public:
     SongReader &operator=(const SongReader &) = delete;
     virtual ~SongReader() = default;
 
-    /// `hook` is called while open() and read() wait for the file, on the thread that called them,
-    /// each time when a piece of it has come: many times a second, so it must be cheap. Before
-    /// open(). A reader that never waits never calls it.
+    /// open() and read() call `hook` while they wait for the file, whenever a piece of it has
+    /// arrived. That is many times a second, so the hook must be cheap. It runs on the thread that
+    /// called open() or read(). Set it before open(). A reader that never waits never calls it.
     virtual void setWaitHook(std::function<void()> /*hook*/) {}
 
-    /// Opens the file at `path` (any bytes that the file system allows) and finds its first audio
-    /// stream. fileNotFound, noPermission, unsupportedFileType (not audio), unsupportedDataFormat
-    /// (no decoder), invalidFile (malformed), notEnoughMemory or missingDecoder on failure. With
-    /// `Depth::Tags` read() is not available.
+    /// Opens the file at `path`, which may hold any bytes that the file system allows, and finds
+    /// the first audio stream. Returns fileNotFound, noPermission, unsupportedFileType (not audio),
+    /// unsupportedDataFormat (no decoder), invalidFile (malformed), notEnoughMemory or
+    /// missingDecoder on failure. After Depth::Tags read() must not be called.
     virtual Status open(const QString &path, Depth depth) = 0;
 
-    /// The file's own format: sample rate, channels and, where it has them, bits of its samples.
+    /// Writes the file's own format: the sample rate, the channels and, if known, the bits per
+    /// sample.
     virtual Status fileDataFormat(AudioStreamBasicDescription &format) const = 0;
 
-    /// What read() delivers from here on: 32-bit float, non-interleaved; any sample rate, one or
-    /// two channels.
+    /// Sets the format that read() delivers: 32-bit float, non-interleaved, one or two channels, at
+    /// any sample rate.
     virtual Status setClientDataFormat(const AudioStreamBasicDescription &format) = 0;
 
-    /// Decodes up to `frames` frames into the buffers of `list`, and sets `frames` and each
-    /// buffer's byte size to what was delivered; 0 frames is the end. Damaged frames are skipped,
-    /// encoder delay and padding are left out. A status other than 0 means that nothing more can be
-    /// read.
+    /// Decodes up to `frames` frames into the buffers of `list`. Sets `frames` and each buffer's
+    /// byte size to the result; 0 frames mean the end. Damaged frames are skipped, and encoder
+    /// delay and padding are left out. After a status other than 0 nothing more can be read.
     virtual Status read(std::uint32_t &frames, AudioBufferList &list) = 0;
 
-    /// Frames in the client format as far as the container tells; none when it does not.
+    /// The length in frames of the client format, if the container states it.
     virtual std::optional<std::uint64_t> estimatedFrames() const = 0;
 
-    /// False where the estimate is a guess from the file's size, which whatever else lies in the
-    /// file makes too large and a changing bit rate wrong either way.
+    /// False if the estimate is guessed from the file's size. Other data in the file makes the
+    /// guess too large, and a changing bit rate makes it wrong either way.
     virtual bool isEstimateSure() const { return true; }
 
-    /// Frames in the client format, counted packet by packet without decoding; counting ends once
-    /// they are `most` or more. None where packets do not tell how long they are. Reads the file
-    /// anew: about a second for a gigabyte.
-    virtual std::optional<std::uint64_t> countedFrames(std::uint64_t /*most*/) const
+    /// The length in frames of the client format, counted packet by packet without decoding.
+    /// Counting stops at `enough` frames. Nothing if packets do not state their length. Reads the
+    /// file again, which takes about a second per gigabyte.
+    virtual std::optional<std::uint64_t> countedFrames(std::uint64_t /*enough*/) const
     {
         return std::nullopt;
     }
 
-    /// The embedded artwork as the file stores it; empty when there is none or it is unreasonably
+    /// The embedded artwork as the file stores it. Empty if there is none, or if it is unreasonably
     /// large.
     virtual QByteArray albumArtwork() const = 0;
 
-    /// The information dictionary, each key only when the file has it: "title", "artist", "album",
-    /// "approximate duration in seconds" (decimal text).
+    /// The file's tags. Possible keys: "title", "artist", "album" and "approximate duration in
+    /// seconds" (decimal text). A key is missing if the file does not have it.
     virtual QMap<QString, QString> infoDictionary() const { return {}; }
 };
 

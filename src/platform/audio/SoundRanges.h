@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace lyrabox {
@@ -28,9 +29,9 @@ constexpr ValueRange equalizerLevelRange{.minimum = -12.0F, .maximum = 12.0F}; /
 constexpr std::uint32_t equalizerControls = 10;
 
 /// The band of the 31-band equalizer that a control drives. Controls count from 0, at 31.5 Hz.
-constexpr std::uint32_t equalizerBandOfControl(std::uint32_t control)
+constexpr std::uint32_t equalizerBandOfControl(std::size_t control)
 {
-    return 3 * control + 2;
+    return static_cast<std::uint32_t>(3 * control + 2);
 }
 
 } // namespace lyrabox

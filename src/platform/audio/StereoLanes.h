@@ -4,9 +4,9 @@
 
 namespace lyrabox {
 
-/// The same arithmetic on two doubles at once, the left channel in lane 0 and the right in lane 1.
-/// One vector register where the compiler knows vectors, two plain doubles elsewhere; the results
-/// are the same.
+/// Two doubles that are added and multiplied together: the left channel in lane 0, the right one in
+/// lane 1. A vector register if the compiler supports vectors, otherwise two plain doubles. The
+/// results are the same.
 #if defined(__GNUC__)
 using StereoLanes = double __attribute__((vector_size(2 * sizeof(double))));
 #else

@@ -5,8 +5,8 @@
 
 namespace lyrabox {
 
-/// The platform's 40-byte stream-format record. The chain runs in one format: linear 32-bit float,
-/// native endian, non-interleaved, so "per frame" means per frame of one channel.
+/// Describes a stream of samples, in 40 bytes. The whole chain uses one format: linear 32-bit
+/// float, native endian, non-interleaved. So "per frame" means per frame of one channel.
 struct AudioStreamBasicDescription {
     double mSampleRate = 0.0;       ///< frames per second
     std::uint32_t mFormatID = 0;    ///< 'lpcm'
@@ -36,7 +36,7 @@ constexpr AudioStreamBasicDescription canonicalStreamFormat()
 
 constexpr std::uint32_t maximumChannels = 2;
 
-/// One channel's share of a buffer list. The memory belongs to whoever built the list.
+/// The samples of one channel. The memory belongs to the caller that built the buffer list.
 struct AudioBuffer {
     std::uint32_t mNumberChannels = 1;
     std::uint32_t mDataByteSize = 0;

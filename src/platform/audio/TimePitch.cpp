@@ -51,14 +51,14 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
     m_latency.store(std::max(0.0, static_cast<double>(pulled) - heard), std::memory_order_relaxed);
 }
 
-/// The source frame that is heard next.
+/// The source frame that render() gives next.
 double TimePitch::position() const noexcept
 {
     switch (m_state) {
     case State::passing:
     case State::leaving:
         return static_cast<double>(m_passed);
-    case State::covering:
+    case State::bridging:
         return m_speed * m_progress;
     case State::stretching:
     case State::returning:
@@ -81,7 +81,7 @@ void TimePitch::takeParameters() noexcept
 void TimePitch::takeReset() noexcept
 {
     if (!m_wantsUnchanged && !m_stretcher.canRestart())
-        return; // in a moment
+        return; // The reset stays pending until the control side has refreshed the spare engine.
     if (m_resetRequested.exchange(Reset::none, std::memory_order_acq_rel) == Reset::none)
         return;
     m_history.clear();
@@ -92,7 +92,7 @@ void TimePitch::takeReset() noexcept
         m_state = State::passing;
         return;
     }
-    m_state = State::covering;
+    m_state = State::bridging;
     startStretcher(std::llround(static_cast<double>(m_wantedRate) * startFrames), m_wantedRate,
                    m_wantedPitchRatio);
     const std::int64_t missing = -m_stretcher.nextFrame();
@@ -101,7 +101,7 @@ void TimePitch::takeReset() noexcept
         pull(leadInSourceFrames(frames));
         makeLeadIn(m_history, frames);
     }
-    m_cover.start(m_wantedRate, m_wantedPitchRatio.value());
+    m_quickStretcher.start(m_wantedRate, m_wantedPitchRatio.value());
     m_fadeInLeft = fadeInFrames;
 }
 
@@ -119,8 +119,8 @@ std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcep
         [[fallthrough]];
     case State::leaving:
         return leave(output, frames);
-    case State::covering:
-        return cover(output, frames);
+    case State::bridging:
+        return bridge(output, frames);
     case State::returning:
         frames = std::min(frames, crossfadeFrames - m_progress);
         crossfade(output, frames);
@@ -148,8 +148,8 @@ std::uint32_t TimePitch::renderSome(Output output, std::uint32_t frames) noexcep
     return frames;
 }
 
-/// Pulls slices until the history holds every frame before `end`. Behind the source's end they hold
-/// what is invented there, and then silence.
+/// Pulls slices until the history holds every frame before `end`. After the source's end the slices
+/// hold the lead-out, and then silence.
 void TimePitch::pull(std::int64_t end) noexcept
 {
     while (m_history.end() < end) {
@@ -161,7 +161,7 @@ void TimePitch::pull(std::int64_t end) noexcept
         AudioBufferList list;
         list.mNumberBuffers = maximumChannels;
         for (std::uint32_t i = 0; i < maximumChannels; ++i) {
-            // A source that has nothing leaves the buffers as they are.
+            // At the song's end the source leaves the buffers as they are.
             std::fill_n(slice[i], sliceFrames, 0.0F);
             list.mBuffers[i] = {1, sliceFrames * sizeof(float), slice[i]};
         }
@@ -228,13 +228,13 @@ std::uint32_t TimePitch::leave(Output output, std::uint32_t frames) noexcept
     return frames;
 }
 
-std::uint32_t TimePitch::cover(Output output, std::uint32_t frames) noexcept
+std::uint32_t TimePitch::bridge(Output output, std::uint32_t frames) noexcept
 {
     const bool isAlone = m_progress < startFrames;
-    const std::uint32_t end = isAlone ? startFrames : startFrames + uncoverFrames;
+    const std::uint32_t end = isAlone ? startFrames : startFrames + handoverFrames;
     frames = std::min(frames, end - m_progress);
-    pull(m_cover.reach(frames));
-    m_cover.render(m_history, output.left, output.right, frames);
+    pull(m_quickStretcher.reach(frames));
+    m_quickStretcher.render(m_history, output.left, output.right, frames);
     fadeIn(output, frames);
     if (isAlone) {
         m_progress += frames;
@@ -244,7 +244,7 @@ std::uint32_t TimePitch::cover(Output output, std::uint32_t frames) noexcept
     const Output stretched{m_scratch.data(), m_scratch.data() + blockFrames};
     stretch(stretched, frames);
     for (std::uint32_t i = 0; i < frames; ++i) {
-        const float gain = rise(m_progress - startFrames + i, uncoverFrames);
+        const float gain = rise(m_progress - startFrames + i, handoverFrames);
         output.left[i] += gain * (stretched.left[i] - output.left[i]);
         output.right[i] += gain * (stretched.right[i] - output.right[i]);
     }
@@ -256,9 +256,9 @@ std::uint32_t TimePitch::cover(Output output, std::uint32_t frames) noexcept
     return frames;
 }
 
-/// Takes the stretcher as far through its lead-in as is due `progress` frames after the change
-/// began. What it gives depends on nothing but the song and the ratios, so it makes no difference
-/// into which callbacks the work falls.
+/// Runs the stretcher through its lead-in, as far as is due `progress` frames after the change
+/// began. Its output depends only on the song and the ratios, not on the callbacks that do the
+/// work.
 void TimePitch::readAhead(std::uint32_t progress) noexcept
 {
     if (progress <= restFrames)
@@ -273,7 +273,7 @@ void TimePitch::readAhead(std::uint32_t progress) noexcept
     }
 }
 
-/// Both sides give the same place of the song, nearly wave for wave, so their gains add up to 1.
+/// Both signals are the same place of the song, nearly wave for wave. So the gains add up to 1.
 void TimePitch::crossfade(Output output, std::uint32_t frames) noexcept
 {
     const bool isLeaving = m_state == State::leaving;
@@ -299,8 +299,8 @@ void TimePitch::fadeIn(Output output, std::uint32_t frames) noexcept
     }
 }
 
-/// Sets the stretcher on its way to source frame `frame`: what it gives behind its lead-in belongs
-/// there.
+/// Restarts the stretcher so that its first output after the lead-in belongs to source frame
+/// `frame`.
 void TimePitch::startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept
 {
     setRatios(speed, pitch);

@@ -13,44 +13,48 @@
 
 namespace lyrabox {
 
-/// The time/pitch stage: plays its source faster or slower, and higher or lower, each without the
-/// other. Two channels at 44,100 Hz.
+/// The time/pitch stage. It changes the speed of its source without the pitch, and the pitch
+/// without the speed. Two channels at 44,100 Hz.
 ///
-/// Parameters: parameter::rate, 1.0 is normal speed; parameter::pitch in cents. Any finite value is
-/// taken and given back; what is heard is kept within 0.1 to 2.0 and ±2400 cents.
+/// Parameters: parameter::rate, where 1.0 is normal speed, and parameter::pitch in cents. Any
+/// finite value is accepted and read back as it was set. The sound keeps to speedRange and
+/// pitchRange.
 ///
-/// At rate 1 and pitch 0 the source passes untouched, without delay and bit for bit; otherwise it
-/// goes through a stretcher, which needs to read ahead. Where the stage changes over between the
-/// two, both give the same place of the song at the same time, and one is faded into the other:
-///  - leaving, the stretcher starts at rate 1 a little ahead, reads ahead while the source goes on
-///    passing, is faded in, and only then takes the ratios wanted;
-///  - returning, the stretcher goes on at rate 1 until it follows the source wave for wave, then
-///    the source is faded in from where the stretcher stands, and what has been read ahead is
-///    played before more is pulled.
-/// When the source has ended, what has been read ahead is played out at the parameters of that
-/// moment; the source is not pulled again until its last frame has been delivered.
-/// After a reset at other ratios the stretcher has to read ahead as well. Until it has, a
-/// QuickStretcher plays. So no callback has to do all of it at once.
+/// At rate 1 and pitch 0 the source passes through bit for bit and without delay. Otherwise it goes
+/// through a stretcher, which reads ahead of its output. When the stage switches between the two,
+/// both play the same place of the song at the same time, and one fades into the other:
+///  - Leaving: the stretcher starts at rate 1, a little ahead. It reads ahead while the source
+///  still
+///    passes. Then it fades in, and only after that it takes the new rate and pitch.
+///  - Returning: the stretcher runs at rate 1 until it follows the source wave for wave. Then the
+///    source fades in from the place of the stretcher. The frames that were read ahead are played
+///    before more are pulled.
+/// When the source has ended, the frames that were read ahead are played out with the parameters of
+/// that moment. The source is not pulled again until its last frame has been delivered.
+///
+/// After a reset at another rate or pitch the stretcher has to read ahead, too. Meanwhile a
+/// QuickStretcher plays, so that the work is spread over several callbacks.
 class TimePitch final : public TimePitchUnit {
 public:
     static constexpr float minimumRate = speedRange.minimum / 100.0F;
     static constexpr float maximumRate = speedRange.maximum / 100.0F;
 
     static constexpr std::uint32_t crossfadeFrames = 1024;
-    static constexpr std::uint32_t settleFrames = 26460; ///< at rate 1 before the source takes over
-    static constexpr std::uint32_t fadeInFrames = 220;   ///< of the cover's first sound
+    /// The stretcher runs so long at rate 1 before the source takes over.
+    static constexpr std::uint32_t settleFrames = 26460;
+    static constexpr std::uint32_t fadeInFrames = 220; ///< at the start of the quick stretcher
 
-    /// So long after a change or a reset the stretcher is heard; its reading ahead is spread over
-    /// this time.
+    /// Frames from a change or a reset until the stretcher is heard. Its reading ahead is spread
+    /// over this time.
     static constexpr std::uint32_t startFrames = 2304;
-    /// But for the first frames, which an output that fades pulls in one callback with those that
-    /// it delivers.
+    /// No reading ahead is done during the first of them, because an output that fades pulls them
+    /// in the same callback as the frames before the change.
     static constexpr std::uint32_t restFrames = 256;
-    /// Over which the cover goes over into the stretcher.
-    static constexpr std::uint32_t uncoverFrames = 512;
+    /// The crossfade from the quick stretcher to the stretcher.
+    static constexpr std::uint32_t handoverFrames = 512;
 
-    /// InBackground: initialize() puts off the stretcher's warming-up, a tenth of a second, and
-    /// prepare() leaves it to a thread; until it is done render() gives silence.
+    /// When the stretcher warms up, which takes a tenth of a second. AtOnce: inside initialize().
+    /// InBackground: on a thread that prepare() starts. Until it is done, render() gives silence.
     enum class WarmUp { AtOnce, InBackground };
 
     explicit TimePitch(WarmUp warmUp = WarmUp::AtOnce) : m_warmUp(warmUp) {}
@@ -66,15 +70,15 @@ public:
     bool isPlayingOut() const noexcept override { return m_isPlayingOut; }
     Status connect(RenderingUnit *source) override;
 
-    /// Silence before initialize() or without a source.
+    /// Gives silence before initialize() and without a source.
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
-    /// Source frames pulled but not yet delivered: what is heard next is the source's position
-    /// minus this. 0 at rate 1 and pitch 0; up to about 6,700 at normal pitch. 0 while a reset is
-    /// pending. Any thread.
+    /// 0 at rate 1 and pitch 0, and while a reset is pending. Otherwise up to about 6,700 frames at
+    /// normal pitch.
     double latencyFrames() const noexcept override;
 
-    /// The stretcher's hops so far, which are nearly all that rendering costs. Callback thread.
+    /// Callback thread. The number of the stretcher's hops so far. They are nearly the whole cost
+    /// of rendering.
     std::uint64_t hops() const noexcept { return m_stretcher.hops(); }
 
 private:
@@ -82,7 +86,7 @@ private:
     static_assert(blockFrames <= TimePitchStretcher::maximumFeed);
 
     enum class Reset : std::uint8_t { none, afterPlayOut, atOnce };
-    enum class State { passing, leaving, covering, stretching, returning };
+    enum class State { passing, leaving, bridging, stretching, returning };
 
     struct Output {
         float *left;
@@ -98,7 +102,7 @@ private:
     void stretch(Output output, std::uint32_t frames) noexcept;
     void crossfade(Output output, std::uint32_t frames) noexcept;
     std::uint32_t leave(Output output, std::uint32_t frames) noexcept;
-    std::uint32_t cover(Output output, std::uint32_t frames) noexcept;
+    std::uint32_t bridge(Output output, std::uint32_t frames) noexcept;
     void readAhead(std::uint32_t progress) noexcept;
     void fadeIn(Output output, std::uint32_t frames) noexcept;
     void startStretcher(std::int64_t frame, double speed, PitchRatio pitch) noexcept;
@@ -109,36 +113,37 @@ private:
     std::atomic<Reset> m_resetRequested{Reset::none};
     std::atomic<double> m_latency{0.0};
 
-    // Set up on the control side before the chain renders, then the callback thread's.
+    // The control side sets these before the chain renders. Then they belong to the callback
+    // thread.
     RenderingUnit *m_source = nullptr;
     std::atomic<bool> m_ready{false};
     TimePitchHistory m_history;
     TimePitchStretcher m_stretcher;
-    QuickStretcher m_cover;
+    QuickStretcher m_quickStretcher;
     std::vector<float> m_scratch;
 
     State m_state = State::passing;
     float m_wantedRate = 1.0F;
     float m_wantedPitch = 0.0F;
-    double m_speed = 1.0;    ///< what the stretcher is set to
-    PitchRatio m_pitchRatio; ///< what the stretcher is set to
+    double m_speed = 1.0;    ///< the stretcher's present speed
+    PitchRatio m_pitchRatio; ///< the stretcher's present pitch
     PitchRatio m_wantedPitchRatio;
     bool m_wantsUnchanged = true;
     std::int64_t m_passed = 0;     ///< the next source frame to pass on
-    std::uint32_t m_progress = 0;  ///< frames since the change began, or settled at rate 1
-    std::uint32_t m_discarded = 0; ///< of the stretcher's lead-in
+    std::uint32_t m_progress = 0;  ///< frames since the state began, or since the rate became 1
+    std::uint32_t m_discarded = 0; ///< frames of the stretcher's lead-in
     std::uint32_t m_fadeInLeft = 0;
 
-    bool m_sourceEndSeen = false; ///< set by the source while it is pulled
+    bool m_sourceEndSeen = false; ///< the source sets it while it is pulled
     bool m_isPlayingOut = false;
-    std::int64_t m_songEnd = 0;    ///< while playing out: the frame behind the song's last
-    std::int64_t m_leadOutEnd = 0; ///< and where what was invented behind it ends
+    std::int64_t m_songEnd = 0;    ///< while playing out: the first frame after the song
+    std::int64_t m_leadOutEnd = 0; ///< while playing out: the first frame after the lead-out
 
     void warmUp();
 
     WarmUp m_warmUp;
-    bool m_isCold = false;         ///< initialize() has put the warming-up off
-    std::future<void> m_warmingUp; ///< waited for before anything that it uses goes
+    bool m_isCold = false;         ///< initialize() has put the warm-up off
+    std::future<void> m_warmingUp; ///< the last member, so that the others outlive the thread
 };
 
 } // namespace lyrabox

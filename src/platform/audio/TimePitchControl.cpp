@@ -1,4 +1,4 @@
-// The control side of the time/pitch stage.
+// The part of TimePitch that belongs to the control side.
 
 #include "platform/audio/TimePitch.h"
 
@@ -13,7 +13,7 @@ Status TimePitch::initialize()
     if (engineStatus != status::noError)
         return engineStatus;
     m_history.allocate();
-    m_cover.allocate();
+    m_quickStretcher.allocate();
     m_scratch.assign(2 * std::size_t{blockFrames}, 0.0F);
     m_resetRequested.store(Reset::atOnce, std::memory_order_release);
     m_isCold = m_warmUp == WarmUp::InBackground;
@@ -36,7 +36,7 @@ void TimePitch::prepare()
     try {
         m_warmingUp = std::async(std::launch::async, [this] { warmUp(); });
     } catch (const std::system_error &) {
-        warmUp(); // no thread to be had
+        warmUp(); // The system has no thread left.
     }
 }
 
@@ -75,7 +75,7 @@ Status TimePitch::setParameter(std::uint32_t id, float value)
     default:
         return status::invalidParameter;
     }
-    m_stretcher.refresh(); // the callback thread may have started the stretcher in between
+    m_stretcher.refresh(); // The callback thread may have restarted the stretcher meanwhile.
     return status::noError;
 }
 
@@ -89,7 +89,7 @@ void TimePitch::reset()
 void TimePitch::resetAfterPlayOut()
 {
     m_stretcher.refresh();
-    Reset none = Reset::none; // a reset at once that is pending stays one
+    Reset none = Reset::none; // A pending reset of the other kind stays.
     m_resetRequested.compare_exchange_strong(none, Reset::afterPlayOut, std::memory_order_acq_rel);
     m_stretcher.refresh();
 }

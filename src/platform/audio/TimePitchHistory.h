@@ -6,9 +6,9 @@
 
 namespace lyrabox {
 
-/// The last frames that a stage pulled, addressed by their number since the last clear(), so that
-/// two readers can stand at different places of the same signal. Two channels. Callback thread,
-/// save allocate().
+/// The last frames that a stage has pulled, in two channels. Frames are numbered from the last
+/// clear() on, so two readers can read the same signal at different places. Callback thread, except
+/// allocate().
 class TimePitchHistory {
 public:
     static constexpr std::uint32_t capacity = 1U << 15U; ///< frames; a multiple of every slice
@@ -17,18 +17,18 @@ public:
 
     void allocate();
 
-    /// Frame 0 is the next one written; every frame before it reads as silence.
+    /// The next frame to be written becomes number 0. Every frame before it reads as silence.
     void clear() noexcept;
 
-    /// Where frames end() to end() + count - 1 belong; `count` divides `capacity` and is the same
-    /// at every call.
+    /// Where the caller writes the frames from end() on. advance() then adds them. `count` divides
+    /// `capacity` and is the same at every call.
     Channels writable() noexcept;
     void advance(std::uint32_t count) noexcept { m_end += count; }
 
-    /// The number of the frame that is written next.
+    /// The number of the next frame to be written.
     std::int64_t end() const noexcept { return m_end; }
 
-    /// `frame` lies within the last `capacity` frames before end(); it may be negative.
+    /// `frame` is one of the last `capacity` frames before end(). It may be negative.
     float left(std::int64_t frame) const noexcept { return m_left[index(frame)]; }
     float right(std::int64_t frame) const noexcept { return m_right[index(frame)]; }
     void set(std::int64_t frame, float left, float right) noexcept

@@ -12,7 +12,7 @@ namespace lyrabox {
 
 namespace {
 
-constexpr std::uint32_t searched = 1024; // lags tried: a period of every tone from 43 Hz on
+constexpr std::uint32_t searched = 1024; // lags that are tried: a period of tones from 43 Hz on
 constexpr std::uint32_t compared = 768;
 constexpr std::uint32_t longestBlend = 256;
 constexpr std::uint32_t thinning = 3;
@@ -20,7 +20,6 @@ constexpr std::uint32_t longestLeadIn = 2400;
 
 static_assert(leadOutFrames >= longestLeadIn);
 
-/// The song as it is. Read backwards, frame 0 is the last one before `end`.
 struct Forwards {
     const TimePitchHistory &history;
 
@@ -28,6 +27,7 @@ struct Forwards {
     float right(std::int64_t frame) const noexcept { return history.right(frame); }
 };
 
+/// Frame 0 is the last one before `end`, and numbers rise backwards.
 struct Backwards {
     const TimePitchHistory &history;
     std::int64_t end;
@@ -36,7 +36,7 @@ struct Backwards {
     float right(std::int64_t frame) const noexcept { return history.right(end - 1 - frame); }
 };
 
-/// The lag, at least `shortest`, at which the song is most like its start.
+/// The lag, at least `shortest`, at which the song resembles its start most.
 template <typename Song>
 std::uint32_t bestLag(const Song &song, std::uint32_t shortest) noexcept
 {
@@ -75,7 +75,8 @@ void makeLeadIn(TimePitchHistory &history, std::uint32_t frames) noexcept
     const std::int64_t lag = bestLag(Forwards{history}, length);
     for (std::int64_t frame = -static_cast<std::int64_t>(length); frame < 0; ++frame)
         history.set(frame, history.left(frame + lag), history.right(frame + lag));
-    // The last of it goes over into the song's mirror image about frame 0, which runs on smoothly.
+    // The end of the lead-in is blended into the song's mirror image around frame 0, which
+    // continues smoothly into the song.
     const auto blended = static_cast<std::int64_t>(std::min(length, longestBlend));
     for (std::int64_t back = 1; back <= blended; ++back) {
         const double phase =
@@ -95,8 +96,8 @@ void makeLeadOut(TimePitchHistory &history, std::int64_t end) noexcept
     constexpr std::int64_t fading = length / 2;
     const Backwards song{history, end};
     const std::int64_t lag = bestLag(song, length);
-    // What the copy is off at the song's last frame is added, and fades away, so that no step is
-    // left there.
+    // The copy may differ from the song's last frame. The difference is added and fades away, so
+    // that there is no step.
     const float offLeft = song.left(0) - song.left(lag);
     const float offRight = song.right(0) - song.right(lag);
     for (std::int64_t i = 0; i < leadOutFrames; ++i) {

@@ -6,21 +6,22 @@ namespace lyrabox {
 
 class TimePitchHistory;
 
-/// Frames from 0 on that makeLeadIn() reads for a lead-in of `frames`.
+/// Frames of the song, from frame 0 on, that makeLeadIn() needs for a lead-in of `frames` frames.
 std::uint32_t leadInSourceFrames(std::uint32_t frames) noexcept;
 
-/// Invents the `frames` frames before frame 0, which a stretcher that starts near there reads as
-/// well: a later stretch of the same song, taken where it runs on into frame 0 as smoothly as
-/// possible, and led over into it within 6 ms. Silence instead would make the first sound swell.
+/// Invents the `frames` frames before frame 0, because a stretcher that starts there reads them,
+/// too. They are copied from a later place of the same song that continues into frame 0 as smoothly
+/// as possible, and blended into it within 6 ms. With silence instead, the first sound would swell.
 /// `frames` is at most 2,400. Callback thread.
 void makeLeadIn(TimePitchHistory &history, std::uint32_t frames) noexcept;
 
-/// Frames that makeLeadOut() writes.
+/// The number of frames that makeLeadOut() writes.
 constexpr std::uint32_t leadOutFrames = 2432;
 
-/// Invents the frames from `end` on, which a stretcher reads ahead of the song's last frame: in the
-/// same way an earlier stretch of the song, then fading away to silence. Where a song is cut off in
-/// full sound, silence at once would be heard as a click, and before its time. Callback thread.
+/// Invents the frames from `end` on, because a stretcher reads beyond the song's last frame. They
+/// are copied from an earlier place of the song in the same way, and fade away to silence. If a
+/// song breaks off at full level, immediate silence would be heard as a click, and too early.
+/// Callback thread.
 void makeLeadOut(TimePitchHistory &history, std::int64_t end) noexcept;
 
 } // namespace lyrabox

@@ -5,25 +5,24 @@
 
 namespace lyrabox {
 
-/// What a version of Rubber Band does that the stretcher has to know. A new version that differs
-/// is a new row of timePitchLibraries().
+/// Differences between the versions of Rubber Band that the stretcher must know about. A new
+/// version that differs gets a new row in timePitchLibraries().
 struct TimePitchLibrary {
-    int major; ///< the first version
-    int minor; ///< that does so
+    int major; ///< the first version that
+    int minor; ///< behaves like this
 
-    /// Given two channels that belong together it works on mid and side, and gives left and right
-    /// back. Otherwise it is fed with mid and side.
+    /// The library turns left and right into mid and side itself, and back again. Otherwise the
+    /// stretcher has to do so.
     bool makesMidAndSide;
 
-    /// RubberBandStretcher::reset() allocates memory, so that it must not be called on the callback
-    /// thread.
+    /// RubberBandStretcher::reset() allocates memory, so the callback thread must not call it.
     bool allocatesInReset;
 };
 
-/// One row per change, the oldest version first. Any thread.
+/// One row per difference, the oldest version first. Any thread.
 std::span<const TimePitchLibrary> timePitchLibraries() noexcept;
 
-/// The row for `version` ("3.1.2"): the last one that is not newer. Any thread.
+/// The row for `version`, for example "3.1.2": the last row that is not newer. Any thread.
 const TimePitchLibrary &timePitchLibraryFor(std::string_view version) noexcept;
 
 } // namespace lyrabox

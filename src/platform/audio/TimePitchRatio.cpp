@@ -1,5 +1,7 @@
 #include "platform/audio/TimePitchRatio.h"
 
+#include "platform/audio/SoundRanges.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,7 +9,8 @@ namespace lyrabox {
 
 PitchRatio pitchRatioForCents(double cents) noexcept
 {
-    const double target = std::exp2(std::clamp(cents, -2400.0, 2400.0) / 1200.0);
+    const double target =
+        std::exp2(std::clamp<double>(cents, pitchRange.minimum, pitchRange.maximum) / 1200.0);
     // Continued fraction: every convergent is the best fraction of its size.
     PitchRatio previous{1, 0};
     PitchRatio current{static_cast<std::uint32_t>(target), 1};
@@ -22,7 +25,8 @@ PitchRatio pitchRatioForCents(double cents) noexcept
             std::min(room, static_cast<std::uint32_t>(std::min(digit, 1e9)));
         const PitchRatio next{count * current.numerator + previous.numerator,
                               count * current.denominator + previous.denominator};
-        if (count < digit) // the last one is cut short, and may be worse than the one before
+        // The last convergent is cut short, so it may be worse than the one before.
+        if (count < digit)
             return std::abs(next.value() - target) < std::abs(current.value() - target) ? next
                                                                                         : current;
         previous = current;

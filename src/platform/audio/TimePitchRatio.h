@@ -4,7 +4,7 @@
 
 namespace lyrabox {
 
-/// A pitch scale as a fraction: the frequency heard over the frequency in the song.
+/// A pitch shift as a fraction: the frequency that is heard divided by the frequency in the song.
 struct PitchRatio {
     std::uint32_t numerator = 1;
     std::uint32_t denominator = 1;
@@ -16,8 +16,8 @@ struct PitchRatio {
 /// Neither part of a PitchRatio exceeds this.
 constexpr std::uint32_t maximumPitchRatioPart = 10000;
 
-/// The fraction nearest to 2^(cents / 1200), cents within ±2400, with both parts within
-/// maximumPitchRatioPart. Any thread.
+/// The fraction nearest to 2^(cents / 1200) whose parts are at most maximumPitchRatioPart. `cents`
+/// is clamped to pitchRange. Any thread.
 PitchRatio pitchRatioForCents(double cents) noexcept;
 
 } // namespace lyrabox

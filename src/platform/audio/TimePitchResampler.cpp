@@ -2,40 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace lyrabox {
 
 namespace {
 
-// 80 dB beside the pass band, which ends 1.7 kHz below the cutoff.
-constexpr double kaiserBeta = 8.0;
 constexpr double highestCutoff = 0.95;
-
-double besselI0(double x)
-{
-    double sum = 1.0;
-    double term = 1.0;
-    for (int n = 1; n < 40; ++n) {
-        term *= x / (2.0 * n) * x / (2.0 * n);
-        sum += term;
-    }
-    return sum;
-}
 
 } // namespace
 
 void TimePitchResampler::allocate()
 {
-    m_kernel.resize(static_cast<std::size_t>(crossings * tableSteps) + 2);
-    for (std::size_t i = 0; i < m_kernel.size(); ++i) {
-        const double x = static_cast<double>(i) / tableSteps;
-        const double phase = std::numbers::pi * x;
-        const double sinc = i == 0 ? 1.0 : std::sin(phase) / phase;
-        const double edge = std::max(1.0 - x * x / (crossings * crossings), 0.0);
-        const double window = besselI0(kaiserBeta * std::sqrt(edge)) / besselI0(kaiserBeta);
-        m_kernel[i] = static_cast<float>(x < crossings ? sinc * window : 0.0);
-    }
+    m_interpolator.allocate(crossings, tableSteps, SincInterpolator::Window::Kaiser);
     m_pitch = 1.0;
     reset();
 }
@@ -68,10 +46,10 @@ void TimePitchResampler::setStep(double step) noexcept
 {
     m_step = step;
     m_cutoff = highestCutoff / std::max(step, 1.0);
-    m_reach = crossings / m_cutoff;
+    m_reach = m_interpolator.reach(m_cutoff);
 }
 
-/// The pitch wanted is reached.
+/// Ends a slide: the pitch that was asked for is reached.
 void TimePitchResampler::arrive() noexcept
 {
     setStep(m_pitch);
@@ -105,31 +83,11 @@ std::uint32_t TimePitchResampler::read(float *left, float *right, std::uint32_t 
             left[done] = m_ring[0][slot];
             right[done] = m_ring[1][slot];
         } else {
-            interpolate(left[done], right[done]);
+            m_interpolator.interpolate(m_ring, m_at, m_cutoff, left[done], right[done]);
         }
         advance();
     }
     return done;
-}
-
-void TimePitchResampler::interpolate(float &left, float &right) const noexcept
-{
-    const auto first = static_cast<std::int64_t>(std::ceil(m_at - m_reach));
-    const auto last = static_cast<std::int64_t>(std::floor(m_at + m_reach));
-    const double stride = m_cutoff * tableSteps;
-    float sumLeft = 0.0F;
-    float sumRight = 0.0F;
-    for (std::int64_t i = first; i <= last; ++i) {
-        const auto place = static_cast<float>(std::abs(static_cast<double>(i) - m_at) * stride);
-        const auto entry = static_cast<std::size_t>(place);
-        const float rest = place - static_cast<float>(entry);
-        const float weight = m_kernel[entry] + rest * (m_kernel[entry + 1] - m_kernel[entry]);
-        const auto slot = static_cast<std::size_t>(i) & (ringFrames - 1U);
-        sumLeft += weight * m_ring[0][slot];
-        sumRight += weight * m_ring[1][slot];
-    }
-    left = sumLeft * static_cast<float>(m_cutoff);
-    right = sumRight * static_cast<float>(m_cutoff);
 }
 
 void TimePitchResampler::advance() noexcept

@@ -1,41 +1,45 @@
 #pragma once
 
+#include "platform/audio/SincInterpolator.h"
+
 #include <array>
 #include <cstdint>
-#include <vector>
 
 namespace lyrabox {
 
-/// Shifts the pitch of a stretched signal: reads it faster or slower through a windowed sinc. Two
-/// channels. The library's own resampler differs from build to build in delay and in what it keeps
-/// between two places; of this one every place is known. Callback thread, except allocate().
+/// Shifts the pitch of a stretched stereo signal: it reads the signal faster or slower, through a
+/// windowed sinc. The stretching library has a resampler, too. But its delay and its fractional
+/// position differ from build to build, while this one always knows its place in the input.
+/// Callback thread, except allocate().
 ///
-/// Frames that are written count from 0. At a pitch of 1 the output is the input, bit for bit.
+/// Written frames are numbered from 0. At a pitch of 1 the output equals the input bit for bit.
 class TimePitchResampler {
 public:
     void allocate();
 
-    /// Forgets the signal. What comes next is frame 0 in both directions; silence was before it.
+    /// Drops the signal. The next frame is number 0 of the input and of the output. Silence comes
+    /// before it.
     void reset() noexcept;
 
-    /// 0.25 to 4.0 as a factor of frequency, at once after a reset(). Otherwise it slides there
-    /// over slideFrames, since a tone whose frequency jumps clicks. Then, at 1, the place glides to
-    /// the nearest whole frame over glideFrames.
+    /// `pitch` is a factor of frequency, 0.25 to 4.0. Right after reset() it applies at once.
+    /// Otherwise the pitch slides there over slideFrames, because a tone whose frequency jumps
+    /// clicks. If it is 1, the place then glides to the nearest whole frame over glideFrames.
     void setPitch(double pitch) noexcept;
 
     static constexpr std::uint32_t slideFrames = 512;
     static constexpr std::uint32_t glideFrames = 256;
-    static constexpr std::uint32_t maximumWrite = 1024; ///< while none is available()
+    static constexpr std::uint32_t maximumWrite = 1024; ///< frames, while none are available
 
     void write(const float *left, const float *right, std::uint32_t frames) noexcept;
 
-    /// The number of the frame that is written next.
+    /// The number of the next frame to be written.
     std::int64_t written() const noexcept { return m_written; }
 
-    /// Whether there is output. It stops reachFrames() short of the last frame written.
+    /// Whether there is output. The last frames of the input give output only when more are
+    /// written, since the sinc reads to both sides.
     bool isAvailable() const noexcept;
 
-    /// Up to `frames` frames of output; returns how many.
+    /// Writes up to `frames` frames of output and returns how many.
     std::uint32_t read(float *left, float *right, std::uint32_t frames) noexcept;
 
     /// The place in the input to which the next output frame belongs.
@@ -50,20 +54,19 @@ private:
     {
         return m_pitch == 1.0 && m_slideLeft == 0 && m_glideLeft == 0;
     }
-    void interpolate(float &left, float &right) const noexcept;
     void setStep(double step) noexcept;
     void arrive() noexcept;
     void advance() noexcept;
 
-    std::vector<float> m_kernel;
+    SincInterpolator m_interpolator;
     std::array<std::array<float, ringFrames>, 2> m_ring{};
-    double m_pitch = 1.0; ///< wanted
-    double m_step = 1.0;  ///< from one output frame to the next; where it slides, not yet m_pitch
+    double m_pitch = 1.0; ///< as set
+    double m_step = 1.0;  ///< input frames per output frame; on its way to m_pitch during a slide
     double m_slideStep = 0.0;
     std::uint32_t m_slideLeft = 0;
     double m_cutoff = 1.0; ///< of the sinc, as a share of half the sample rate
-    double m_reach = 0.0;  ///< frames to each side of the place that are read
-    double m_at = 0.0;
+    double m_reach = 0.0;  ///< frames that are read to each side of the place
+    double m_at = 0.0;     ///< the place
     double m_glideStep = 0.0;
     std::uint32_t m_glideLeft = 0;
     std::int64_t m_written = 0;

@@ -50,7 +50,7 @@ void TimePitchStretcher::warmUp()
     m_delay = measureDelay();
 }
 
-/// The engine must have met its longest and shortest hops, from the start on and while it runs.
+/// Runs the engine with its longest and its shortest hops, both right after a reset and later.
 void TimePitchStretcher::meetExtremes()
 {
     for (const bool restarts : {true, false}) {
@@ -68,7 +68,8 @@ void TimePitchStretcher::meetExtremes()
     m_engine->reset();
 }
 
-/// At ratios of 1 the engine follows its input wave for wave, so noise tells how late it comes.
+/// At ratios of 1 the engine's output follows its input wave for wave. So the delay is where noise
+/// correlates best.
 std::uint32_t TimePitchStretcher::measureDelay()
 {
     constexpr std::uint32_t longestDelay = 512;
@@ -163,11 +164,11 @@ void TimePitchStretcher::restart(std::int64_t firstFrame) noexcept
 
 double TimePitchStretcher::attackLead() const noexcept
 {
-    // Measured with clicks: stretched, an attack comes early against the sustained sound around it.
+    // Measured with clicks: in stretched sound, attacks come too early.
     constexpr double perStretch = 250.0;
-    constexpr double most = 520.0;
+    constexpr double maxLead = 520.0;
     const double stretch = m_pitch.value() / m_speed;
-    return std::clamp(perStretch * (stretch - 1.0), 0.0, most) / stretch;
+    return std::clamp(perStretch * (stretch - 1.0), 0.0, maxLead) / stretch;
 }
 
 std::uint32_t TimePitchStretcher::leadInFrames() const noexcept
@@ -184,8 +185,8 @@ std::uint32_t TimePitchStretcher::framesRequired() const noexcept
 {
     if (m_resampler.isAvailable())
         return 0;
-    // The engine answers 0 when its window is full but it has nothing to give; one frame more moves
-    // it on.
+    // The engine answers 0 if its window is full but there is no output. One more frame starts the
+    // next hop.
     return std::max(static_cast<std::uint32_t>(m_engine->getSamplesRequired()), 1U);
 }
 
@@ -209,7 +210,7 @@ void TimePitchStretcher::feed(const float *left, const float *right, std::uint32
     }
 }
 
-/// Hands what the engine has made to the resampler.
+/// Hands the engine's output to the resampler.
 void TimePitchStretcher::collect() noexcept
 {
     const std::array<float *, 2> output{m_first.data(), m_second.data()};
@@ -236,8 +237,8 @@ std::uint32_t TimePitchStretcher::take(float *left, float *right, std::uint32_t 
 
 double TimePitchStretcher::position() const noexcept
 {
-    // A hop's window is centred where its newest frame lies half a window ahead; its output is
-    // centred half a window, as stretched, behind the first frame that the hop gives.
+    // A hop's window is centred half a window before its newest frame. The hop's output is centred
+    // half a window, in stretched frames, after the first frame that the hop gives.
     const double halfWindow = 0.5 * m_window;
     const double sinceHop = m_resampler.position() - static_cast<double>(m_hopStart);
     return static_cast<double>(m_fedAtHop) - halfWindow +

@@ -17,17 +17,20 @@ class RubberBandStretcher;
 
 namespace lyrabox {
 
-/// Stretches time and shifts pitch of a two-channel signal at 44,100 Hz. Rubber Band's R3 engine
-/// stretches by speed and pitch together, then a TimePitchResampler takes the pitch back out of the
-/// length. The engine works on mid and side: it treats the phases of its channels apart, and the
-/// ear forgives a wandering side much sooner than a wandering balance. Callback thread, except
-/// initialize(), warmUp() and refresh(): no allocation, no lock.
+/// Stretches the time and shifts the pitch of a stereo signal at 44,100 Hz. Rubber Band's R3 engine
+/// stretches by speed and pitch together. Then a TimePitchResampler shifts the pitch, which brings
+/// the length back to what the speed asks for. The engine works on mid and side, because it treats
+/// the phases of its two channels separately, and a drifting side disturbs less than a drifting
+/// balance.
 ///
-/// The engine works in hops. One hop reads a window of windowFrames() source frames, of which the
-/// next hop skips as many as framesRequired() then says, and delivers a batch of output.
+/// initialize(), warmUp() and refresh() belong to the control side. The others belong to the
+/// callback thread; they don't allocate or lock.
 ///
-/// Where the library allocates when an engine starts anew there are two engines: restart() goes
-/// over to the spare one, and refresh() makes the other one ready for the next time.
+/// The engine works in hops. A hop reads a window of windowFrames() source frames and delivers a
+/// batch of output. The next hop's window starts framesRequired() frames later.
+///
+/// Some versions of the library allocate when an engine is reset. Then there are two engines:
+/// restart() switches to the spare one, and refresh() resets the other.
 class TimePitchStretcher {
 public:
     TimePitchStretcher();
@@ -35,40 +38,41 @@ public:
     TimePitchStretcher(const TimePitchStretcher &) = delete;
     TimePitchStretcher &operator=(const TimePitchStretcher &) = delete;
 
-    /// Allocates. Returns unspecified when the library has not the engine wanted.
+    /// Allocates. Returns unspecified if the library does not have the R3 engine.
     Status initialize();
 
-    /// Runs the engine once over its range, since some of its tables are made when they are first
-    /// used. A tenth of a second; once, after initialize() and before anything else.
+    /// Runs the engine through its whole range, because it makes some of its tables at first use.
+    /// Takes a tenth of a second. Call it once, right after initialize().
     void warmUp();
 
-    /// Makes the spare engine ready where it was used. Control side, one thread at a time, before
-    /// and after whatever may make the callback thread call restart().
+    /// Resets the spare engine if it needs that. One thread at a time. Call it before and after
+    /// anything that may make the callback thread call restart().
     void refresh();
 
-    /// Whether restart() may be called. False only between a restart() and the next refresh().
+    /// Any thread. Whether restart() may be called. False only between a restart() and the next
+    /// refresh().
     bool canRestart() const noexcept;
 
-    /// `speed` 0.1 to 2.0. From the next hop on.
+    /// `speed` is 0.1 to 2.0. Takes effect with the next hop.
     void setRatios(double speed, PitchRatio pitch) noexcept;
 
-    /// If canRestart(). Forgets the signal; the next frame fed counts as number `firstFrame`. Feed
-    /// leadInFrames() of lead-in and discard leadInOutput() frames, and what comes next belongs to
-    /// the frame after the lead-in.
+    /// Only if canRestart(). Drops the signal. The next frame that is fed has the number
+    /// `firstFrame`. The caller then feeds leadInFrames() frames of lead-in and discards
+    /// leadInOutput() frames of output. The next output belongs to the frame after the lead-in.
     void restart(std::int64_t firstFrame) noexcept;
 
     std::uint32_t windowFrames() const noexcept { return m_window; }
 
-    /// At the ratios set: half a window, and what an attack must be held back to come in time.
+    /// Half a window, plus the delay that brings attacks in time at the present ratios.
     std::uint32_t leadInFrames() const noexcept;
 
-    /// Output frames that the lead-in makes at the ratios set.
+    /// Output frames of the lead-in at the present ratios.
     std::uint32_t leadInOutput() const noexcept;
 
-    /// Frames to feed until more output comes; 0 while there is output to take.
+    /// Frames to feed until there is more output. 0 while there is output to take.
     std::uint32_t framesRequired() const noexcept;
 
-    /// The number of the next frame to be fed.
+    /// The number of the next frame to feed.
     std::int64_t nextFrame() const noexcept { return m_fed; }
 
     static constexpr std::uint32_t maximumFeed = 1024;
@@ -76,15 +80,15 @@ public:
     /// At most maximumFeed frames.
     void feed(const float *left, const float *right, std::uint32_t frames) noexcept;
 
-    /// Moves up to `frames` frames of output into `left` and `right`; returns how many.
+    /// Moves up to `frames` frames of output into `left` and `right`, and returns how many.
     std::uint32_t take(float *left, float *right, std::uint32_t frames) noexcept;
 
-    /// The source frame whose attack belongs to the next output frame. Exact, and a whole number,
-    /// once the ratios have been 1 for windowFrames() of output; within a hop of the truth right
-    /// after a change of the ratios.
+    /// The source frame whose attack belongs to the next output frame. It is exact, and a whole
+    /// number, after the ratios have been 1 for windowFrames() frames of output. Right after a
+    /// change of the ratios it is off by up to a hop.
     double position() const noexcept;
 
-    /// Hops since the engine was made; all of its cost, about 0.6 ms each on a core of 2.6 GHz.
+    /// The number of hops so far. Each costs about 0.6 ms on a core of 2.6 GHz.
     std::uint64_t hops() const noexcept { return m_hops; }
 
 private:
@@ -99,18 +103,18 @@ private:
 
     TimePitchLibrary m_library{};
     std::unique_ptr<Engine> m_engine;
-    std::unique_ptr<Engine> m_spare; ///< the control side's while it is not fresh
+    std::unique_ptr<Engine> m_spare; ///< belongs to the control side while it is not fresh
     std::atomic<bool> m_spareIsFresh{true};
     TimePitchResampler m_resampler;
-    std::vector<float> m_first; ///< what the engine is fed with, and what it gives
+    std::vector<float> m_first; ///< the engine's two channels, on the way in and out
     std::vector<float> m_second;
     std::uint32_t m_window = 0;
-    std::uint32_t m_delay = 0; ///< of the engine, in stretched frames, beyond half a window
+    std::uint32_t m_delay = 0; ///< the engine's delay beyond half a window, in stretched frames
     double m_speed = 1.0;
     PitchRatio m_pitch;
     std::int64_t m_fed = 0;
-    std::int64_t m_fedAtHop = 0; ///< m_fed when the last hop was made
-    std::int64_t m_hopStart = 0; ///< the first stretched frame that it gave
+    std::int64_t m_fedAtHop = 0; ///< m_fed at the last hop
+    std::int64_t m_hopStart = 0; ///< the first stretched frame of the last hop
     std::uint64_t m_hops = 0;
 };
 

@@ -15,7 +15,7 @@ namespace lyrabox::test {
 
 inline constexpr std::uint32_t fade = OutputRenderer::fadeFrames;
 
-/// A sine in the left channel and its negative in the right; tells how much was pulled.
+/// A sine in the left channel and its negative in the right one. Counts the pulled frames.
 class Source : public RenderingUnit {
 public:
     Status initialize() override { return status::noError; }
@@ -45,7 +45,7 @@ public:
     double amplitude = 0.5;
     std::uint64_t position = 0;
     std::uint32_t largestPull = 0;
-    std::uint64_t heldUpTo = 0; ///< what lies before is held when the source has ended
+    std::uint64_t heldUpTo = 0; ///< frames before this one are held after the source's end
     std::function<void()> duringPull;
 };
 
@@ -53,7 +53,7 @@ class OutputRendererTest : public testing::Test {
 protected:
     OutputRendererTest() { renderer.connect(&source); }
 
-    /// The left channel of `frames` more frames; the right one must be its negative.
+    /// The left channel of the next `frames` frames. The right one must be its negative.
     std::vector<float> pull(std::uint32_t frames)
     {
         std::vector<float> interleaved(std::size_t{frames} * 2, 99.0F);

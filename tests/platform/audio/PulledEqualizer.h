@@ -9,7 +9,7 @@
 
 namespace lyrabox::test {
 
-/// A graphic equalizer pulled by hand, fed by a function of the frame's number and the channel.
+/// A graphic equalizer without an output. A function of frame and channel is its input.
 class PulledEqualizer {
 public:
     using Source = std::function<float(std::size_t frame, std::size_t channel)>;
@@ -21,7 +21,7 @@ public:
         unit.setRenderCallback(&PulledEqualizer::fill, this);
     }
 
-    /// Pulls `frames` frames, at most `framesPerPull` at once.
+    /// Pulls `frames` frames, at most `framesPerPull` at a time.
     Signal pull(std::size_t frames, std::uint32_t framesPerPull = 128)
     {
         Signal heard = {std::vector<float>(frames), std::vector<float>(frames)};
@@ -40,7 +40,7 @@ public:
 
     void setSlider(std::size_t i, float level)
     {
-        unit.setParameter(static_cast<std::uint32_t>(equalizer::bandOfSlider(i)), level);
+        unit.setParameter(equalizerBandOfControl(i), level);
     }
 
     void setSliders(float level)

@@ -49,7 +49,7 @@ void expectUseless(const DecodingModule &module)
 
 } // namespace
 
-TEST(DecodingModule, TheProgramsOwnReadsSongs)
+TEST(DecodingModule, TheProgramsModuleReadsSongs)
 {
     ASSERT_FALSE(demoSong().isEmpty());
     EXPECT_EQ(decodingModule().failure(), QString());
@@ -59,7 +59,7 @@ TEST(DecodingModule, TheProgramsOwnReadsSongs)
     EXPECT_GT(reader->estimatedFrames().value_or(0), 44100U);
 }
 
-TEST(DecodingModule, ManyThreadsMayAskForTheFirstReader)
+TEST(DecodingModule, ManyThreadsMayAskForTheFirstReaderAtOnce)
 {
     std::vector<std::jthread> threads;
     std::vector<Status> results(8, status::unspecified);
@@ -72,14 +72,14 @@ TEST(DecodingModule, ManyThreadsMayAskForTheFirstReader)
         EXPECT_EQ(result, status::noError);
 }
 
-TEST(DecodingModule, AMissingFileIsToldByItsName)
+TEST(DecodingModule, NamesAMissingFile)
 {
     const DecodingModule module(u"/nowhere/lyrabox-decoding.so"_s);
     EXPECT_TRUE(module.failure().contains(u"/nowhere/lyrabox-decoding.so"_s));
     expectUseless(module);
 }
 
-TEST(DecodingModule, AModuleThatIsCutOffAnywhereIsRefused)
+TEST(DecodingModule, RefusesAModuleThatIsTruncatedAnywhere)
 {
     QFile whole(modulePath());
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
@@ -97,7 +97,7 @@ TEST(DecodingModule, AModuleThatIsCutOffAnywhereIsRefused)
     }
 }
 
-TEST(DecodingModule, AFileThatIsNoLibraryIsRefused)
+TEST(DecodingModule, RefusesAFileThatIsNoLibrary)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"text.so"_s);
@@ -109,12 +109,12 @@ TEST(DecodingModule, AFileThatIsNoLibraryIsRefused)
     expectUseless(DecodingModule(folder.path()));
 }
 
-TEST(DecodingModule, ALibraryWithoutTheFunctionsIsRefused)
+TEST(DecodingModule, RefusesALibraryWithoutTheFunctions)
 {
     expectUseless(DecodingModule(u"libm.so.6"_s));
 }
 
-TEST(DecodingModule, AModuleOfAnotherVersionIsRefused)
+TEST(DecodingModule, RefusesAModuleOfAnotherVersion)
 {
     const DecodingModule module(QStringLiteral(OTHER_VERSION_MODULE));
     EXPECT_TRUE(module.failure().contains(u"0.0.0"_s));

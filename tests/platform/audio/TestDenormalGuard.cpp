@@ -8,7 +8,7 @@ using lyrabox::DenormalGuard;
 
 namespace {
 
-// Through volatiles, so that the processor computes it and not the compiler.
+// Volatile, so that the processor computes it and not the compiler.
 double halved(double value)
 {
     volatile double operand = value;
@@ -18,7 +18,7 @@ double halved(double value)
 
 constexpr double smallest = std::numeric_limits<double>::min();
 
-TEST(DenormalGuard, SubnormalResultsAndOperandsAreZeroWhileItLives)
+TEST(DenormalGuard, MakesSubnormalResultsAndOperandsZero)
 {
     if (!DenormalGuard::isEffective)
         GTEST_SKIP() << "this processor has no such switch";
@@ -34,14 +34,14 @@ TEST(DenormalGuard, SubnormalResultsAndOperandsAreZeroWhileItLives)
     EXPECT_EQ(fromOperand, 0.0);
 }
 
-TEST(DenormalGuard, OrdinaryNumbersAreUntouched)
+TEST(DenormalGuard, LeavesOrdinaryNumbersAlone)
 {
     const DenormalGuard guard;
     EXPECT_EQ(halved(3.0), 1.5);
     EXPECT_EQ(halved(4.0 * smallest), 2.0 * smallest);
 }
 
-TEST(DenormalGuard, WhatItFoundComesBackWhenItGoes)
+TEST(DenormalGuard, RestoresTheFormerSetting)
 {
     {
         const DenormalGuard outer;
@@ -49,7 +49,7 @@ TEST(DenormalGuard, WhatItFoundComesBackWhenItGoes)
             const DenormalGuard inner;
         }
         if (DenormalGuard::isEffective) {
-            EXPECT_EQ(halved(smallest), 0.0) << "the inner one switched the outer one off";
+            EXPECT_EQ(halved(smallest), 0.0) << "the inner guard switched the outer one off";
         }
     }
     EXPECT_NE(halved(smallest), 0.0);

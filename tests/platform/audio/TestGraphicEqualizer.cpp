@@ -31,7 +31,7 @@ TEST(GraphicEqualizer, AdoptsTheCanonicalFormat)
     EXPECT_EQ(format.mBytesPerFrame, 4U);
 }
 
-TEST(GraphicEqualizer, ParametersStartAtZeroAndReturnWhatWasSet)
+TEST(GraphicEqualizer, ParametersStartAtZeroAndReadBackAsSet)
 {
     GraphicEqualizer unit;
     ASSERT_EQ(unit.initialize(), 0);
@@ -42,7 +42,7 @@ TEST(GraphicEqualizer, ParametersStartAtZeroAndReturnWhatWasSet)
         EXPECT_EQ(unit.parameter(id), level);
     }
     EXPECT_EQ(unit.setParameter(2, 99.0F), 0);
-    EXPECT_EQ(unit.parameter(2), 99.0F) << "the limit is for the ear only";
+    EXPECT_EQ(unit.parameter(2), 99.0F) << "only the sound is clamped";
 }
 
 TEST(GraphicEqualizer, RefusesParametersItDoesNotHave)
@@ -129,7 +129,7 @@ TEST(GraphicEqualizer, IsSilentWhenTheCallbackFillsTheBuffersButReportsAStatus)
         EXPECT_EQ(channel, std::vector<float>(300, 0.0F));
 }
 
-TEST(GraphicEqualizer, OneBufferAloneIsFiltered)
+TEST(GraphicEqualizer, FiltersASingleBuffer)
 {
     GraphicEqualizer mono;
     mono.initialize();
@@ -158,7 +158,7 @@ TEST(GraphicEqualizer, StartsAtItsLevelsWithoutARamp)
     EXPECT_NEAR(pulled.pull(1)[0].front(), std::pow(10.0, 0.3), 1e-6);
 }
 
-TEST(GraphicEqualizer, AChangeWhileItRunsIsARamp)
+TEST(GraphicEqualizer, AChangeDuringPlaybackIsARamp)
 {
     PulledEqualizer pulled(ones);
     pulled.pull(128);
@@ -168,7 +168,7 @@ TEST(GraphicEqualizer, AChangeWhileItRunsIsARamp)
     EXPECT_NEAR(heard.back(), std::pow(10.0, 0.3), 1e-6);
 }
 
-TEST(GraphicEqualizer, ResetForgetsTheSignalAndKeepsTheParameters)
+TEST(GraphicEqualizer, ResetDropsTheSignalAndKeepsTheParameters)
 {
     PulledEqualizer pulled(click);
     pulled.unit.setParameter(2, 12.0F);
@@ -178,7 +178,7 @@ TEST(GraphicEqualizer, ResetForgetsTheSignalAndKeepsTheParameters)
     EXPECT_EQ(pulled.unit.parameter(2), 12.0F);
 }
 
-TEST(GraphicEqualizer, ResetEndsARampOnItsWay)
+TEST(GraphicEqualizer, ResetEndsARamp)
 {
     PulledEqualizer pulled(ones);
     pulled.pull(128);
@@ -188,7 +188,7 @@ TEST(GraphicEqualizer, ResetEndsARampOnItsWay)
     EXPECT_NEAR(pulled.pull(1)[0].front(), std::pow(10.0, 0.3), 1e-6);
 }
 
-TEST(GraphicEqualizer, LevelsSetBeforeAResetAreThereAfterIt)
+TEST(GraphicEqualizer, LevelsSetBeforeAResetApplyAfterIt)
 {
     PulledEqualizer pulled(ones);
     pulled.pull(128);
@@ -197,7 +197,7 @@ TEST(GraphicEqualizer, LevelsSetBeforeAResetAreThereAfterIt)
     EXPECT_NEAR(pulled.pull(1)[0].front(), std::pow(10.0, 0.3), 1e-6);
 }
 
-TEST(GraphicEqualizer, LevelsAndResetsMayComeFromAnotherThreadWhileItRenders)
+TEST(GraphicEqualizer, AnotherThreadMaySetLevelsAndResetDuringRendering)
 {
     PulledEqualizer pulled(ones);
     std::atomic<bool> isDone{false};

@@ -19,7 +19,7 @@ equalizer::Coefficients plainGain(double factor)
     return coefficients;
 }
 
-// The left channel of a constant input.
+// The left channel for a constant input.
 std::vector<float> constant(GraphicEqualizerCascade &cascade, std::uint32_t frames,
                             float level = 1.0F)
 {
@@ -49,7 +49,7 @@ TEST(GraphicEqualizerCascade, ARampTakesTwentyMillisecondsAndNeverTurnsBack)
         EXPECT_GE(heard[i], heard[i - 1]);
 }
 
-TEST(GraphicEqualizerCascade, ANewTargetIsHeadedForFromWhereTheRampIsAndAtItsSpeed)
+TEST(GraphicEqualizerCascade, ANewRampStartsAtTheOldRampsPlaceAndSpeed)
 {
     GraphicEqualizerCascade cascade;
     cascade.rampTo(plainGain(3.0));
@@ -61,7 +61,7 @@ TEST(GraphicEqualizerCascade, ANewTargetIsHeadedForFromWhereTheRampIsAndAtItsSpe
     EXPECT_EQ(after[rampFrames], 0.5F);
 }
 
-TEST(GraphicEqualizerCascade, ClearEndsARampAtItsTarget)
+TEST(GraphicEqualizerCascade, ClearMovesARampToItsTarget)
 {
     GraphicEqualizerCascade cascade;
     cascade.rampTo(plainGain(3.0));
@@ -70,7 +70,7 @@ TEST(GraphicEqualizerCascade, ClearEndsARampAtItsTarget)
     EXPECT_EQ(constant(cascade, 1).front(), 3.0F);
 }
 
-TEST(GraphicEqualizerCascade, ClearForgetsTheSignal)
+TEST(GraphicEqualizerCascade, ClearDropsTheSignal)
 {
     equalizer::Levels levels{};
     levels[5] = 12.0F;
@@ -99,7 +99,7 @@ TEST(GraphicEqualizerCascade, SamplesThatAreNotFiniteCountAsSilence)
         EXPECT_TRUE(std::isfinite(sample));
 }
 
-TEST(GraphicEqualizerCascade, WhatIsTooLoudForAFloatIsHeldAtItsEnd)
+TEST(GraphicEqualizerCascade, ClampsSamplesBeyondTheRangeOfAFloat)
 {
     GraphicEqualizerCascade cascade;
     cascade.rampTo(plainGain(4.0));

@@ -14,7 +14,7 @@ using Sliders = std::array<double, sliderCount>;
 
 double sliderCentre(std::size_t i)
 {
-    return centres[bandOfSlider(i)];
+    return centres[equalizerBandOfControl(i)];
 }
 
 Coefficients only(const Section &section)
@@ -24,7 +24,7 @@ Coefficients only(const Section &section)
     return coefficients;
 }
 
-TEST(EqualizerGrid, TheTenSlidersSitOnTheOctaves)
+TEST(EqualizerGrid, TheTenSlidersAreOnOctaveCentres)
 {
     const std::array<double, sliderCount> octaves = {31.5, 63,   125,  250,  500,
                                                      1000, 2000, 4000, 8000, 16000};
@@ -48,7 +48,7 @@ TEST(SmoothCurve, IsFlatBeyondTheFirstAndTheLastSlider)
     EXPECT_EQ(smoothCurve(sliders, 22050.0), 12.0);
 }
 
-TEST(SmoothCurve, NeverLeavesTheRangeOfTheTwoSlidersAround)
+TEST(SmoothCurve, StaysBetweenTheTwoNearestSliders)
 {
     const Sliders sliders = {-12, 12, 3, 3, -5, 0, 7, 7.5, 11, 12};
     for (std::size_t i = 0; i + 1 < sliderCount; ++i) {
@@ -75,7 +75,7 @@ TEST(SmoothCurve, HasNoKinkAtASlider)
     }
 }
 
-TEST(PeakingSection, HasItsGainAtItsCentreItsShareAtTheLowerEdgeAndNoneAtZeroHertz)
+TEST(PeakingSection, HasThePrescribedGainsAtCentreLowerEdgeAndZeroHertz)
 {
     for (const double centre : centres) {
         for (const double gain : {-24.0, -6.0, 0.5, 12.0, 24.0}) {
@@ -88,10 +88,10 @@ TEST(PeakingSection, HasItsGainAtItsCentreItsShareAtTheLowerEdgeAndNoneAtZeroHer
     }
 }
 
-TEST(PeakingSection, EndsAtHalfTheSampleRateWithTheGainOfTheAnalogueFilter)
+TEST(PeakingSection, HasTheAnalogueFiltersGainAtHalfTheSampleRate)
 {
-    // s^2 + G A s + w^2 over s^2 + A s + w^2 with 16 kHz, 12 dB, its edges a third of an octave
-    // away.
+    // (s^2 + G A s + w^2) / (s^2 + A s + w^2) at 16 kHz with 12 dB. Its edges are a third of an
+    // octave away.
     const double peak = std::pow(10.0, 12.0 / 10.0);
     const double edge = std::pow(10.0, 0.45 * 12.0 / 10.0);
     const double width = 16000.0 * (std::exp2(1.0 / 3.0) - std::exp2(-1.0 / 3.0));
@@ -102,7 +102,7 @@ TEST(PeakingSection, EndsAtHalfTheSampleRateWithTheGainOfTheAnalogueFilter)
     EXPECT_NEAR(response(only(peakingSection(16000.0, 12.0)), 22050.0), expected, 1e-6);
 }
 
-TEST(PeakingSection, ACutUndoesTheBoost)
+TEST(PeakingSection, ACutInvertsTheBoost)
 {
     for (const double centre : {20.0, 1000.0, 20000.0}) {
         Coefficients both = only(peakingSection(centre, 9.0));
@@ -123,7 +123,7 @@ TEST(PeakingSection, IsStableAtEveryGain)
     }
 }
 
-TEST(PeakingSection, AtZeroDecibelsPolesAndZerosCancelAndItsNeighboursAreNear)
+TEST(PeakingSection, IsContinuousAroundZeroDecibels)
 {
     for (const double centre : centres) {
         const Section flat = peakingSection(centre, 0.0);
@@ -140,7 +140,7 @@ TEST(PeakingSection, AtZeroDecibelsPolesAndZerosCancelAndItsNeighboursAreNear)
     }
 }
 
-TEST(EqualizerSolve, AllAtZeroIsAWire)
+TEST(EqualizerSolve, AllZeroLevelsGiveAWire)
 {
     const Coefficients coefficients = solve({});
     EXPECT_EQ(coefficients.gain, 1.0);
@@ -151,15 +151,15 @@ TEST(EqualizerSolve, AllAtZeroIsAWire)
     }
 }
 
-TEST(EqualizerSolve, TheMeanOfTheSlidersIsThePlainGain)
+TEST(EqualizerSolve, TheSlidersMeanBecomesThePlainGain)
 {
     Levels levels{};
     for (std::size_t i = 0; i < sliderCount; ++i)
-        levels[bandOfSlider(i)] = i < 5 ? 12.0F : 0.0F;
+        levels[equalizerBandOfControl(i)] = i < 5 ? 12.0F : 0.0F;
     EXPECT_NEAR(20.0 * std::log10(solve(levels).gain), 6.0, 1e-12);
 }
 
-TEST(EqualizerSolve, EachOtherBandAddsItsLevelAtItsOwnCentre)
+TEST(EqualizerSolve, ABandWithoutASliderAddsItsLevelAtItsCentre)
 {
     for (std::size_t band = 0; band < sectionCount; ++band) {
         if (band % 3 == 2)
@@ -175,18 +175,18 @@ TEST(EqualizerSolve, EachOtherBandAddsItsLevelAtItsOwnCentre)
     }
 }
 
-TEST(EqualizerSolve, OtherBandsAddToTheSlidersCurve)
+TEST(EqualizerSolve, BandsWithoutASliderAddToTheSlidersCurve)
 {
     Levels levels{};
     for (std::size_t i = 0; i < sliderCount; ++i)
-        levels[bandOfSlider(i)] = 5.0F;
+        levels[equalizerBandOfControl(i)] = 5.0F;
     levels[18] = -4.0F;
     const Coefficients coefficients = solve(levels);
     EXPECT_NEAR(response(coefficients, centres[18]), 1.0, 0.1);
     EXPECT_NEAR(response(coefficients, 100.0), 5.0, 0.1);
 }
 
-TEST(EqualizerSolve, LevelsBeyondTheLimitCountAsTheLimit)
+TEST(EqualizerSolve, LevelsAreClampedToTheLimit)
 {
     Levels wild{};
     Levels limited{};

@@ -9,14 +9,14 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox {
 
-TEST(OutputModule, TheProgramsOwnMakesBothParts)
+TEST(OutputModule, TheProgramsModuleMakesOutputAndWatcher)
 {
     EXPECT_EQ(outputModule().failure(), QString());
     EXPECT_NE(outputModule().makeOutput(), nullptr);
     EXPECT_NE(outputModule().makeDefaultOutputWatcher(), nullptr);
 }
 
-TEST(OutputModule, AMissingFileIsToldByItsNameAndMakesNothing)
+TEST(OutputModule, NamesAMissingFileAndMakesNothing)
 {
     const OutputModule module(u"/nowhere/lyrabox-output.so"_s);
     EXPECT_TRUE(module.failure().contains(u"/nowhere/lyrabox-output.so"_s));
@@ -24,7 +24,7 @@ TEST(OutputModule, AMissingFileIsToldByItsNameAndMakesNothing)
     EXPECT_EQ(module.makeDefaultOutputWatcher(), nullptr);
 }
 
-TEST(OutputModule, AnotherModuleIsNone)
+TEST(OutputModule, RefusesAnotherKindOfModule)
 {
     const OutputModule module(QDir(files::moduleDirectory()).filePath(u"lyrabox-decoding.so"_s));
     EXPECT_TRUE(module.failure().contains(QLatin1String(outputVersionName)));

@@ -11,7 +11,7 @@ using namespace lyrabox::test;
 
 namespace {
 
-TEST_F(OutputRendererTest, IsSilentAndPullsNothingUntilStarted)
+TEST_F(OutputRendererTest, IsSilentAndPullsNothingBeforeTheStart)
 {
     EXPECT_EQ(peak(pull(1000)), 0.0F);
     EXPECT_EQ(source.position, 0U);
@@ -19,7 +19,7 @@ TEST_F(OutputRendererTest, IsSilentAndPullsNothingUntilStarted)
     EXPECT_FALSE(renderer.isRunning());
 }
 
-TEST_F(OutputRendererTest, AfterTheFadeInTheSamplesAreThoseOfTheSource)
+TEST_F(OutputRendererTest, PassesTheSourceUnchangedAfterTheFadeIn)
 {
     renderer.start();
     const std::vector<float> heard = pull(4000);
@@ -30,7 +30,7 @@ TEST_F(OutputRendererTest, AfterTheFadeInTheSamplesAreThoseOfTheSource)
         ASSERT_LE(std::abs(heard[i]), std::abs(source.at(i))) << i;
 }
 
-TEST_F(OutputRendererTest, TheSamplesDoNotDependOnHowManyAreAskedForAtATime)
+TEST_F(OutputRendererTest, TheSamplesDoNotDependOnTheSizeOfTheRequests)
 {
     renderer.start();
     std::vector<float> heard;
@@ -45,7 +45,7 @@ TEST_F(OutputRendererTest, TheSamplesDoNotDependOnHowManyAreAskedForAtATime)
     EXPECT_EQ(source.largestPull, OutputRenderer::chunkFrames);
 }
 
-TEST_F(OutputRendererTest, AStopPullsNothingMoreAndFadesOutWhatWasPulled)
+TEST_F(OutputRendererTest, AStopPullsNothingAndFadesOutThePulledFrames)
 {
     renderer.start();
     std::vector<float> heard = pull(2000);
@@ -57,13 +57,13 @@ TEST_F(OutputRendererTest, AStopPullsNothingMoreAndFadesOutWhatWasPulled)
         ASSERT_LE(std::abs(after[i]), std::abs(source.at(2000 + i)) + 1e-6F);
     EXPECT_GT(peak({after.begin(), after.begin() + fade / 2}), 0.2F);
     EXPECT_EQ(peak({after.begin() + fade, after.end()}), 0.0F);
-    // Chunks are silent or not as a whole.
+    // A chunk is either silent or not.
     EXPECT_GE(renderer.silentFrames(), 2000 - fade - OutputRenderer::chunkFrames);
     heard.insert(heard.end(), after.begin(), after.end());
     EXPECT_LT(clickLevel(heard), -60.0);
 }
 
-TEST_F(OutputRendererTest, AStartAfterAStopGoesOnInTheMaterialWithoutAClick)
+TEST_F(OutputRendererTest, AStartAfterAStopContinuesWithoutAClick)
 {
     renderer.start();
     std::vector<float> heard = pull(2000);
@@ -92,11 +92,11 @@ TEST_F(OutputRendererTest, AStartDuringTheFadeOutCrossfades)
     EXPECT_LT(clickLevel(heard), -60.0);
 }
 
-TEST_F(OutputRendererTest, AResetCrossfadesToTheNewMaterialInTheVeryNextFrames)
+TEST_F(OutputRendererTest, AResetCrossfadesToTheNewMaterialAtOnce)
 {
     renderer.start();
     std::vector<float> heard = pull(2025);
-    source.position = 100'025; // a quarter of a period off
+    source.position = 100'025; // a quarter of a period away
     renderer.requestReset();
     const std::vector<float> after = pull(1000);
     for (std::uint32_t i = fade; i < after.size(); ++i)
@@ -105,7 +105,7 @@ TEST_F(OutputRendererTest, AResetCrossfadesToTheNewMaterialInTheVeryNextFrames)
     EXPECT_LT(clickLevel(heard), -60.0);
 }
 
-TEST_F(OutputRendererTest, ResetsThatFollowEachOtherFasterThanTheFadesDoNotClick)
+TEST_F(OutputRendererTest, ResetsFasterThanTheFadesDoNotClick)
 {
     renderer.start();
     std::vector<float> heard = pull(2000);
@@ -119,7 +119,7 @@ TEST_F(OutputRendererTest, ResetsThatFollowEachOtherFasterThanTheFadesDoNotClick
     EXPECT_LE(peak(heard), 1.0F);
 }
 
-TEST_F(OutputRendererTest, AResetDuringAPullDropsThatChunk)
+TEST_F(OutputRendererTest, AResetDuringAPullDropsTheChunk)
 {
     renderer.start();
     std::vector<float> heard = pull(2000);
@@ -162,7 +162,7 @@ TEST_F(OutputRendererTest, ASourceThatStopsTheOutputAtItsFirstPullIsNotHeard)
     EXPECT_EQ(source.position, OutputRenderer::chunkFrames);
 }
 
-TEST_F(OutputRendererTest, TheVolumeScalesTheSamplesFromTheFirstOn)
+TEST_F(OutputRendererTest, TheVolumeScalesEverySample)
 {
     renderer.setVolume(0.5F);
     renderer.start();
@@ -184,7 +184,7 @@ TEST_F(OutputRendererTest, TheVolumeIsAppliedClampedAndReadBackAsSet)
     EXPECT_EQ(peak(pull(1000)), 0.0F);
 }
 
-TEST_F(OutputRendererTest, AVolumeChangeMovesWithoutAClickAndArrivesExactly)
+TEST_F(OutputRendererTest, AVolumeChangeIsSmoothAndEndsExactly)
 {
     renderer.start();
     std::vector<float> heard = pull(2000);
@@ -206,9 +206,9 @@ TEST_F(OutputRendererTest, ALeadOfSilencePullsNothing)
     EXPECT_GT(peak(pull(1000)), 0.4F);
 }
 
-TEST_F(OutputRendererTest, AfterAStopAndAWaitTheSourceIsNotTouched)
+TEST_F(OutputRendererTest, TheSourceIsNotPulledAfterAStopAndAWait)
 {
-    // Stands for a device's thread; a source that is pulled after the wait would be a race.
+    // This thread stands for a device. A pull after the wait would be a data race.
     std::atomic<bool> quit{false};
     std::thread device([&] {
         std::vector<float> buffer(512);

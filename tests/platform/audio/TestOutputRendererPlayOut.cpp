@@ -1,4 +1,4 @@
-// What an output does with a source that has ended and still holds sound.
+// The output plays a source that has ended and still holds sound.
 
 #include "OutputRendererFixture.h"
 
@@ -9,7 +9,7 @@ using namespace lyrabox::test;
 
 namespace {
 
-/// A source that stops the output after 1,024 frames and holds 2,048 more.
+/// A source that stops the output after 1,024 frames and then holds 2,048 more.
 class PlayingOutTest : public OutputRendererTest {
 protected:
     static constexpr std::uint64_t ended = 1024;
@@ -38,21 +38,21 @@ protected:
     std::vector<float> heard;
 };
 
-TEST_F(PlayingOutTest, WhatTheSourceHoldsIsHeardAndFadesOutAtItsEndWithoutAClick)
+TEST_F(PlayingOutTest, HeldFramesAreHeardAndFadeOutWithoutAClick)
 {
     for (int i = 0; i < 100 && renderer.isPlayingOut(); ++i)
         hear(100);
     EXPECT_FALSE(renderer.isPlayingOut());
     EXPECT_FALSE(renderer.isRunning());
     hear(512);
-    EXPECT_EQ(source.position, ended + held) << "was pulled beyond what it held";
+    EXPECT_EQ(source.position, ended + held) << "was pulled beyond its held frames";
     for (std::uint64_t i = fade; i < ended + held - fade - OutputRenderer::chunkFrames; ++i)
         ASSERT_NEAR(heard[i], source.at(i), 1e-6) << i;
     EXPECT_EQ(peak(std::vector(heard.begin() + ended + held, heard.end())), 0.0F);
     EXPECT_LT(clickLevel(heard), -60.0);
 }
 
-TEST_F(PlayingOutTest, AStopFromOutsideCutsItOff)
+TEST_F(PlayingOutTest, AStopOnTheControlSideCutsItOff)
 {
     renderer.stop();
     EXPECT_FALSE(renderer.isPlayingOut());
@@ -72,7 +72,7 @@ TEST_F(PlayingOutTest, AResetCutsItOffAndPullsNothing)
     EXPECT_EQ(source.position, position);
 }
 
-TEST_F(PlayingOutTest, WhatIsStartedMeanwhileFollowsItWithoutAClick)
+TEST_F(PlayingOutTest, TheNextStartFollowsItWithoutAClick)
 {
     renderer.start();
     EXPECT_TRUE(renderer.isRunning());
@@ -81,12 +81,12 @@ TEST_F(PlayingOutTest, WhatIsStartedMeanwhileFollowsItWithoutAClick)
     EXPECT_TRUE(renderer.isRunning());
     EXPECT_GT(source.position, ended + held + fade);
     EXPECT_LT(clickLevel(heard), -60.0);
-    // The next material begins a fade before the end of what was held.
+    // The next material begins one fade before the end of the held frames.
     for (std::uint64_t i = ended + held; i < heard.size(); ++i)
         ASSERT_NEAR(heard[i], source.at(i + fade), 1e-6) << i;
 }
 
-TEST_F(OutputRendererTest, AStopFromOutsideDuringAPullIsNotTurnedIntoPlayingOut)
+TEST_F(OutputRendererTest, AStopOnTheControlSideDuringAPullPlaysNothingOut)
 {
     source.duringPull = [this] {
         if (source.position == 1024) {

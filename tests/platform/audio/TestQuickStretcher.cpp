@@ -11,14 +11,14 @@
 namespace lyrabox {
 namespace {
 
-constexpr std::uint32_t coverFrames = 2816;
+constexpr std::uint32_t comparedFrames = 2816;
 
 class QuickStretcherTest : public testing::Test {
 protected:
     QuickStretcherTest()
     {
         history.allocate();
-        cover.allocate();
+        stretcher.allocate();
     }
 
     static float tone(std::int64_t frame)
@@ -26,7 +26,7 @@ protected:
         return static_cast<float>(0.5 * std::sin(0.05 * static_cast<double>(frame)));
     }
 
-    /// The song holds `frames` frames; what lies behind them is loud.
+    /// Fills the history with `frames` frames of the song. The frames after them are very loud.
     void fill(std::int64_t frames)
     {
         history.clear();
@@ -37,39 +37,39 @@ protected:
 
     void render(double speed, double pitch, std::uint32_t chunk = 128)
     {
-        left.assign(coverFrames, 0.0F);
-        right.assign(coverFrames, 0.0F);
-        cover.start(speed, pitch);
-        for (std::uint32_t done = 0; done < coverFrames; done += chunk) {
-            const std::uint32_t count = std::min(chunk, coverFrames - done);
-            cover.render(history, left.data() + done, right.data() + done, count);
+        left.assign(comparedFrames, 0.0F);
+        right.assign(comparedFrames, 0.0F);
+        stretcher.start(speed, pitch);
+        for (std::uint32_t done = 0; done < comparedFrames; done += chunk) {
+            const std::uint32_t count = std::min(chunk, comparedFrames - done);
+            stretcher.render(history, left.data() + done, right.data() + done, count);
         }
     }
 
     TimePitchHistory history;
-    QuickStretcher cover;
+    QuickStretcher stretcher;
     std::vector<float> left;
     std::vector<float> right;
 };
 
-TEST_F(QuickStretcherTest, IsTheSongItselfAtNormalSpeedAndPitch)
+TEST_F(QuickStretcherTest, GivesTheSongUnchangedAtNormalSpeedAndPitch)
 {
     fill(TimePitchHistory::capacity);
     render(1.0, 1.0);
-    for (std::uint32_t i = 0; i < coverFrames; ++i)
+    for (std::uint32_t i = 0; i < comparedFrames; ++i)
         ASSERT_NEAR(left[i], tone(i), 1e-6F) << i;
 }
 
-TEST_F(QuickStretcherTest, KeepsAToneATone)
+TEST_F(QuickStretcherTest, KeepsATonePure)
 {
     fill(TimePitchHistory::capacity);
     for (const double speed : {0.1, 0.5, 1.25, 2.0}) {
         for (const double pitch : {0.25, 0.5, 1.0, 1.5, 4.0}) {
             render(speed, pitch);
-            // Of a tone of that frequency, the sum of two neighbours is a fixed share of the one
+            // In a pure tone the sum of two neighbouring samples is a fixed multiple of the one
             // between them.
             const double share = 2.0 * std::cos(0.05 * pitch);
-            for (std::uint32_t i = 300; i + 1 < coverFrames; ++i) {
+            for (std::uint32_t i = 300; i + 1 < comparedFrames; ++i) {
                 const double sum =
                     static_cast<double>(left[i - 1]) + static_cast<double>(left[i + 1]);
                 ASSERT_NEAR(sum, share * static_cast<double>(left[i]), 0.01)
@@ -83,24 +83,24 @@ TEST_F(QuickStretcherTest, TreatsBothChannelsAlike)
 {
     fill(TimePitchHistory::capacity);
     render(0.7, 1.3);
-    for (std::uint32_t i = 0; i < coverFrames; ++i)
+    for (std::uint32_t i = 0; i < comparedFrames; ++i)
         ASSERT_EQ(right[i], -left[i]) << i;
 }
 
-TEST_F(QuickStretcherTest, ReadsNoFartherThanItSays)
+TEST_F(QuickStretcherTest, ReadsOnlyUpToItsReach)
 {
     for (const double speed : {0.1, 0.5, 1.0, 2.0}) {
         for (const double pitch : {0.25, 1.0, 4.0}) {
-            cover.start(speed, pitch);
-            fill(cover.reach(coverFrames));
+            stretcher.start(speed, pitch);
+            fill(stretcher.reach(comparedFrames));
             render(speed, pitch);
-            for (std::uint32_t i = 0; i < coverFrames; ++i)
+            for (std::uint32_t i = 0; i < comparedFrames; ++i)
                 ASSERT_LT(std::abs(left[i]), 0.8F) << speed << " " << pitch << " " << i;
         }
     }
 }
 
-TEST_F(QuickStretcherTest, IsTheSameInPiecesOfAnySize)
+TEST_F(QuickStretcherTest, DoesNotDependOnTheSizeOfTheRequests)
 {
     fill(TimePitchHistory::capacity);
     render(1.6, 0.8, 128);

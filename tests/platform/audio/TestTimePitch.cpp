@@ -13,15 +13,15 @@
 
 namespace {
 
-// Counts what the rendering thread allocates and frees while it renders. The library allocates
-// through the C functions, the C++ operators end up there as well.
+// Counts the rendering thread's allocations and releases during rendering. The library uses the C
+// functions, and the C++ operators call them, too.
 thread_local bool countsAllocations = false;
 thread_local int allocations = 0;
 
 } // namespace
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__GLIBC__)
-constexpr bool seesAllocations = false; // the sanitizer's own allocator is in place
+constexpr bool seesAllocations = false; // the sanitizer has its own allocator
 #else
 constexpr bool seesAllocations = true;
 
@@ -74,7 +74,7 @@ void free(void *memory)
 namespace lyrabox {
 namespace {
 
-/// Frame n of this song is a wave whose every sample tells where it belongs.
+/// A song whose samples all differ, so that a sample shows its place.
 float songLeft(std::int64_t frame)
 {
     return static_cast<float>(0.4 * std::sin(0.05 * static_cast<double>(frame)) +
@@ -161,7 +161,7 @@ TEST_F(TimePitchTest, StartsAtNormalSpeedAndPitch)
     EXPECT_EQ(stage.parameter(parameter::pitch), 0.0F);
 }
 
-TEST_F(TimePitchTest, GivesBackWhatWasSet)
+TEST_F(TimePitchTest, ReadsParametersBackAsSet)
 {
     set(0.5F, 150.7F);
     EXPECT_EQ(stage.parameter(parameter::rate), 0.5F);
@@ -183,12 +183,12 @@ TEST_F(TimePitchTest, RefusesUnknownParametersAndValuesThatAreNotFinite)
     EXPECT_EQ(stage.parameter(parameter::pitch), 0.0F);
 }
 
-TEST_F(TimePitchTest, RefusesToConnectNothing)
+TEST_F(TimePitchTest, RefusesANullSource)
 {
     EXPECT_EQ(stage.connect(nullptr), status::noConnection);
 }
 
-TEST(TimePitch, IsSilentBeforeItIsBuiltAndConnected)
+TEST(TimePitch, IsSilentBeforeItIsInitializedAndConnected)
 {
     TimePitch stage;
     std::vector<float> left(64, 1.0F);
@@ -214,7 +214,7 @@ TEST_F(TimePitchTest, PassesTheSourceBitForBitInRequestsOfAnySize)
     EXPECT_LT(song.position - frame, 128);
 }
 
-TEST_F(TimePitchTest, DeliversExactlyWhatIsAskedAtEverySetting)
+TEST_F(TimePitchTest, DeliversTheRequestedFramesAtEverySetting)
 {
     for (const float rate : {0.1F, 0.75F, 2.0F}) {
         for (const float cents : {-2400.0F, 0.0F, 2400.0F}) {
@@ -233,7 +233,7 @@ TEST_F(TimePitchTest, DeliversExactlyWhatIsAskedAtEverySetting)
     EXPECT_TRUE(song.onlySlices);
 }
 
-TEST_F(TimePitchTest, KeepsWhatIsHeardWithinItsRange)
+TEST_F(TimePitchTest, ClampsTheSoundToItsRanges)
 {
     set(50.0F, 0.0F);
     pull(8192);
@@ -255,7 +255,7 @@ TEST_F(TimePitchTest, HasNoLatencyWhenNothingIsChanged)
     EXPECT_EQ(stage.latencyFrames(), 0.0);
 }
 
-TEST_F(TimePitchTest, TellsWhichFrameIsHeardRightAfterAReset)
+TEST_F(TimePitchTest, KnowsTheHeardFrameRightAfterAReset)
 {
     for (const float rate : {0.5F, 0.75F, 1.25F, 2.0F}) {
         for (const float cents : {0.0F, 300.0F, -300.0F}) {
@@ -270,7 +270,7 @@ TEST_F(TimePitchTest, TellsWhichFrameIsHeardRightAfterAReset)
     }
 }
 
-TEST_F(TimePitchTest, SoundsFromTheNewPlaceInTheFirstBufferAfterAReset)
+TEST_F(TimePitchTest, PlaysTheNewPlaceInTheFirstBufferAfterAReset)
 {
     for (const float rate : {0.5F, 1.0F, 1.25F, 2.0F}) {
         set(rate, 0.0F);
@@ -281,7 +281,7 @@ TEST_F(TimePitchTest, SoundsFromTheNewPlaceInTheFirstBufferAfterAReset)
         double energy = 0.0;
         for (std::size_t i = 512; i < 1024; ++i)
             energy += static_cast<double>(left[i]) * static_cast<double>(left[i]);
-        // Half the sum of the squared amplitudes, 0.4 and 0.1
+        // Half the sum of the squared amplitudes, 0.4 and 0.1.
         EXPECT_NEAR(energy / 512.0, 0.085, 0.04) << rate;
     }
 }
@@ -306,7 +306,7 @@ TEST_F(TimePitchTest, KeepsItsParametersThroughAReset)
     EXPECT_EQ(stage.parameter(parameter::pitch), 100.0F);
 }
 
-TEST_F(TimePitchTest, ComesBackToTheSourceBitForBitWhereTheStretcherStood)
+TEST_F(TimePitchTest, ReturnsToTheSourceBitForBitAtTheStretchersPlace)
 {
     pull(1000);
     set(0.75F, 200.0F);
@@ -315,8 +315,7 @@ TEST_F(TimePitchTest, ComesBackToTheSourceBitForBitWhereTheStretcherStood)
     set(1.0F, 0.0F);
     pull(44100);
     const double after = heardPosition();
-    // The ratio change works its way through the stretcher, then every frame heard is a frame of
-    // the song.
+    // After the change has passed through the stretcher, the output consists of the song's frames.
     EXPECT_NEAR(after - before, 44100.0, 3000.0);
     EXPECT_EQ(after, std::floor(after));
     pull(44100);
@@ -326,14 +325,14 @@ TEST_F(TimePitchTest, ComesBackToTheSourceBitForBitWhereTheStretcherStood)
     EXPECT_LT(stage.latencyFrames(), 128.0);
 }
 
-TEST_F(TimePitchTest, PlaysSilenceWhenTheSourceGivesNothing)
+TEST_F(TimePitchTest, PlaysSilenceForAnEmptySource)
 {
     song.silent = true;
     pull(1024);
     EXPECT_EQ(*std::max_element(left.begin(), left.end() - 1), 0.0F);
 }
 
-TEST_F(TimePitchTest, TakesParametersAndResetsFromAnotherThreadWhileItRenders)
+TEST_F(TimePitchTest, AnotherThreadMaySetParametersAndResetDuringRendering)
 {
     std::atomic<bool> done{false};
     std::thread control([this, &done] {
@@ -359,16 +358,16 @@ TEST_F(TimePitchTest, TakesParametersAndResetsFromAnotherThreadWhileItRenders)
 TEST_F(TimePitchTest, AllocatesNothingWhileItRenders)
 {
     if (!seesAllocations)
-        GTEST_SKIP() << "the sanitizer's allocator is in place";
+        GTEST_SKIP() << "the sanitizer has its own allocator";
     const auto probe = [] {
         countsAllocations = true;
-        void *volatile memory = std::malloc(16); // volatile: or the pair is optimised away
+        void *volatile memory = std::malloc(16); // volatile, or the compiler removes the pair
         std::free(memory);
         countsAllocations = false;
     };
     allocations = 0;
     probe();
-    ASSERT_GT(allocations, 0) << "allocations are not seen";
+    ASSERT_GT(allocations, 0) << "allocations are not counted";
 
     allocations = 0;
     std::uint32_t state = 1;

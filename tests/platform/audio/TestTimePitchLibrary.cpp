@@ -26,13 +26,13 @@ TEST(TimePitchLibrary, AVersionIsDescribedByTheLastRowThatIsNotNewer)
     EXPECT_EQ(rowFor("4.0.0"), std::pair(3, 2));
 }
 
-TEST(TimePitchLibrary, WhatHasNoVersionIsTakenForTheOldest)
+TEST(TimePitchLibrary, ATextWithoutAVersionGivesTheOldestRow)
 {
     EXPECT_EQ(rowFor(""), std::pair(3, 0));
     EXPECT_EQ(rowFor("unknown"), std::pair(3, 0));
 }
 
-TEST(TimePitchLibrary, RowsGoFromOldToNew)
+TEST(TimePitchLibrary, TheRowsAreSortedByVersion)
 {
     const auto rows = timePitchLibraries();
     for (std::size_t i = 1; i < rows.size(); ++i)

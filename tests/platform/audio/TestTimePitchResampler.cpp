@@ -21,7 +21,7 @@ class TimePitchResamplerTest : public testing::Test {
 protected:
     TimePitchResamplerTest() { resampler.allocate(); }
 
-    /// Feeds the tone whenever there is no output, and notes the place of each frame.
+    /// Feeds the tone whenever there is no output, and records the position of each frame.
     void play(std::size_t frames)
     {
         for (std::size_t i = 0; i < frames; ++i) {
@@ -46,7 +46,7 @@ protected:
         }
     }
 
-    /// The largest difference between what was heard from `first` on and the tone at its place.
+    /// The largest difference, from `first` on, between the output and the tone at its position.
     double worst(std::size_t first) const
     {
         double most = 0.0;
@@ -62,7 +62,7 @@ protected:
     std::vector<float> other;
 };
 
-TEST_F(TimePitchResamplerTest, GivesBackItsInputBitForBitAtThePitchOfTheSong)
+TEST_F(TimePitchResamplerTest, PassesItsInputBitForBitAtAPitchOfOne)
 {
     play(5000);
     for (std::size_t i = 0; i < heard.size(); ++i) {
@@ -71,7 +71,7 @@ TEST_F(TimePitchResamplerTest, GivesBackItsInputBitForBitAtThePitchOfTheSong)
     }
 }
 
-TEST_F(TimePitchResamplerTest, GivesTheToneAtThePlaceThatItTellsAtAnyPitch)
+TEST_F(TimePitchResamplerTest, GivesTheToneAtItsReportedPositionAtAnyPitch)
 {
     for (const double pitch : {0.25, 0.5, 0.917, 1.0595, 2.0, 4.0}) {
         for (const double tested : {200.0, 1000.0, 4000.0}) {
@@ -87,9 +87,9 @@ TEST_F(TimePitchResamplerTest, GivesTheToneAtThePlaceThatItTellsAtAnyPitch)
     }
 }
 
-TEST_F(TimePitchResamplerTest, TakesOutWhatWouldFoldBack)
+TEST_F(TimePitchResamplerTest, RemovesFrequenciesThatWouldAlias)
 {
-    hertz = 15000.0; // an octave up that is 30 kHz, and would be heard as 14.1
+    hertz = 15000.0; // an octave up it is 30 kHz and would alias to 14.1 kHz
     resampler.setPitch(2.0);
     resampler.reset();
     play(3000);
@@ -97,7 +97,7 @@ TEST_F(TimePitchResamplerTest, TakesOutWhatWouldFoldBack)
         ASSERT_LT(std::abs(heard[i]), 0.5F * 2e-4F);
 }
 
-TEST_F(TimePitchResamplerTest, IsAtAWholeFrameSoonAfterItIsBackAtThePitchOfTheSong)
+TEST_F(TimePitchResamplerTest, ReachesAWholeFrameSoonAfterReturningToAPitchOfOne)
 {
     play(100);
     resampler.setPitch(1.3371);
@@ -111,7 +111,7 @@ TEST_F(TimePitchResamplerTest, IsAtAWholeFrameSoonAfterItIsBackAtThePitchOfTheSo
         ASSERT_EQ(heard[i], tone(hertz, places[i]));
 }
 
-TEST_F(TimePitchResamplerTest, SlidesFromOnePitchToTheOther)
+TEST_F(TimePitchResamplerTest, SlidesFromOnePitchToAnother)
 {
     play(1000);
     resampler.setPitch(1.5);
@@ -126,7 +126,7 @@ TEST_F(TimePitchResamplerTest, SlidesFromOnePitchToTheOther)
     EXPECT_NEAR(places.back() - places[places.size() - 2], 0.6, 1e-9);
 }
 
-TEST_F(TimePitchResamplerTest, ForgetsTheSignalWhenItIsReset)
+TEST_F(TimePitchResamplerTest, DropsTheSignalOnReset)
 {
     resampler.setPitch(1.2);
     play(3000);

@@ -1,4 +1,4 @@
-// The way back from the stretcher to the untouched source.
+// The return from the stretcher to the unchanged source.
 
 #include "platform/audio/TimePitch.h"
 
@@ -11,7 +11,7 @@
 namespace lyrabox {
 namespace {
 
-/// A chord under slow noise; the same at every run.
+/// A chord with slow noise, the same in every run.
 float songAt(std::int64_t frame)
 {
     const auto at = static_cast<double>(frame);
@@ -57,7 +57,7 @@ std::vector<float> pull(TimePitch &stage, std::uint32_t frames)
 
 class TimePitchReturn : public testing::TestWithParam<float> {};
 
-TEST_P(TimePitchReturn, FadesTheSourceInOnlyWhenTheStretcherFollowsItWaveForWave)
+TEST_P(TimePitchReturn, FadesTheSourceInOnlyOnceTheStretcherFollowsIt)
 {
     Song song;
     TimePitch stage;
@@ -68,7 +68,7 @@ TEST_P(TimePitchReturn, FadesTheSourceInOnlyWhenTheStretcherFollowsItWaveForWave
     stage.setParameter(parameter::rate, 1.0F);
     const std::vector<float> heard = pull(stage, 60000);
 
-    // From the end backwards every frame is the song's own, down to where the crossfade ends.
+    // After the crossfade every frame is the song's own. This searches backwards for its end.
     const std::int64_t begin =
         song.position - static_cast<std::int64_t>(stage.latencyFrames()) - 60000;
     std::size_t untouched = heard.size();

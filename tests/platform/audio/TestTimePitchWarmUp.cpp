@@ -9,7 +9,7 @@ using namespace lyrabox;
 
 namespace {
 
-/// The same noise for everybody.
+/// Gives the same noise to every stage.
 class Noise final : public RenderingUnit {
 public:
     Status initialize() override { return status::noError; }
@@ -55,24 +55,24 @@ std::vector<float> heardAtThreeQuarters(TimePitch::WarmUp warmUp)
 
 } // namespace
 
-TEST(TimePitchWarmUp, SoundsTheSameWhenItWasDoneBeside)
+TEST(TimePitchWarmUp, GivesTheSameSoundInBackground)
 {
     const std::vector<float> atOnce = heardAtThreeQuarters(TimePitch::WarmUp::AtOnce);
     EXPECT_TRUE(atOnce == heardAtThreeQuarters(TimePitch::WarmUp::InBackground));
     EXPECT_NE(atOnce.back(), 0.0F);
 }
 
-TEST(TimePitchWarmUp, IsWaitedForByAUnitThatGoes)
+TEST(TimePitchWarmUp, TheDestructorWaitsForIt)
 {
     TimePitch unit(TimePitch::WarmUp::InBackground);
     EXPECT_EQ(unit.initialize(), status::noError);
     unit.prepare();
 }
 
-TEST(TimePitchWarmUp, MayBeBegunBeforeItIsWaitedForAndOnceIsEnough)
+TEST(TimePitchWarmUp, PrepareAndAwaitReadyMayBeRepeated)
 {
     TimePitch unit(TimePitch::WarmUp::InBackground);
-    unit.prepare(); // there is nothing to prepare yet
+    unit.prepare(); // has no effect before initialize()
     EXPECT_EQ(unit.initialize(), status::noError);
     unit.prepare();
     unit.prepare();
@@ -93,7 +93,7 @@ TEST(TimePitchWarmUp, MayBeBegunBeforeItIsWaitedForAndOnceIsEnough)
     EXPECT_NE(left.back(), 0.0F);
 }
 
-TEST(TimePitchWarmUp, AUnitThatWasNeverPreparedMayGo)
+TEST(TimePitchWarmUp, AUnitThatWasNeverPreparedCanBeDestroyed)
 {
     TimePitch unit(TimePitch::WarmUp::InBackground);
     EXPECT_EQ(unit.initialize(), status::noError);

@@ -10,13 +10,13 @@ using lyrabox::TripleBuffer;
 
 namespace {
 
-TEST(TripleBuffer, NothingToTakeBeforeTheFirstPublish)
+TEST(TripleBuffer, HasNothingBeforeTheFirstPublish)
 {
     TripleBuffer<int> published;
     EXPECT_EQ(published.takeNewest(), nullptr);
 }
 
-TEST(TripleBuffer, AValueIsTakenOnce)
+TEST(TripleBuffer, GivesAValueOnlyOnce)
 {
     TripleBuffer<int> published;
     published.publish(7);
@@ -27,7 +27,7 @@ TEST(TripleBuffer, AValueIsTakenOnce)
     EXPECT_EQ(*taken, 7) << "a value stays until the next one is taken";
 }
 
-TEST(TripleBuffer, OfSeveralOnlyTheNewestIsTaken)
+TEST(TripleBuffer, GivesOnlyTheNewestOfSeveralValues)
 {
     TripleBuffer<int> published;
     for (int i = 1; i <= 10; ++i)
@@ -38,7 +38,7 @@ TEST(TripleBuffer, OfSeveralOnlyTheNewestIsTaken)
     EXPECT_EQ(published.takeNewest(), nullptr);
 }
 
-TEST(TripleBuffer, WhatIsBeingReadIsNotOverwritten)
+TEST(TripleBuffer, DoesNotOverwriteTheValueBeingRead)
 {
     TripleBuffer<int> published;
     published.publish(1);
@@ -49,7 +49,7 @@ TEST(TripleBuffer, WhatIsBeingReadIsNotOverwritten)
     }
 }
 
-TEST(TripleBuffer, BetweenTwoThreadsValuesAreWholeInOrderAndTheLastArrives)
+TEST(TripleBuffer, GivesAnotherThreadWholeValuesInOrderUpToTheLast)
 {
     constexpr int last = 20000;
     using Value = std::array<int, 64>;

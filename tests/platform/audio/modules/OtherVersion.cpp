@@ -1,4 +1,4 @@
-// Must never be asked for a reader.
+// The program must never ask this module for a reader.
 
 #include <cstdlib>
 
