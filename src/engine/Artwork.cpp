@@ -10,7 +10,7 @@ namespace lyrabox {
 
 namespace {
 
-/// Only plain raster formats: a drawing could name other files.
+/// Only plain raster formats, because a drawing could refer to other files.
 bool isAcceptedFormat(const QByteArray &format)
 {
     constexpr std::array<const char *, 7> accepted{"png", "jpeg", "jpg", "gif",
@@ -24,7 +24,7 @@ bool isTooLarge(const QSize &size)
     return size.width() > maximumArtworkSide || size.height() > maximumArtworkSide;
 }
 
-/// What `size` takes while it is decoded.
+/// The memory that decoding at `size` takes.
 qint64 decodedBytes(const QImageReader &reader, const QSize &size)
 {
     const QImage::Format format = reader.imageFormat();
@@ -33,7 +33,7 @@ qint64 decodedBytes(const QImageReader &reader, const QSize &size)
     return qint64{size.width()} * size.height() * bits / 8;
 }
 
-/// What is kept of a decoded image.
+/// The image, scaled down if it is larger than needed. Null if it is too large.
 QImage reduced(const QImage &image)
 {
     if (image.isNull() || isTooLarge(image.size()))
@@ -57,7 +57,7 @@ QImage decodedArtwork(const QByteArray &data)
     if (!buffer.open(QIODevice::ReadOnly))
         return {};
     QImageReader reader(&buffer);
-    // A header that does not tell its size is stopped by the reader's own allocation limit.
+    // If a header does not state the size, the reader's own allocation limit applies.
     const QSize size = reader.size();
     if (!isAcceptedFormat(reader.format()) || isTooLarge(size))
         return {};
@@ -65,7 +65,7 @@ QImage decodedArtwork(const QByteArray &data)
         const QSize half((size.width() + 1) / 2, (size.height() + 1) / 2);
         if (reader.format() != "jpeg" || decodedBytes(reader, half) > maximumArtworkBytes)
             return {};
-        reader.setScaledSize(half); // decoded so, not made smaller afterwards
+        reader.setScaledSize(half); // The JPEG decoder itself works at this size.
     }
     return reduced(reader.read());
 }

@@ -5,21 +5,21 @@
 
 namespace lyrabox {
 
-/// The widest and highest artwork that is shown, in pixels.
+/// The largest width and height of an artwork, in pixels.
 constexpr int maximumArtworkSide = 8192;
 
-/// What a picture may take in memory. A JPEG that takes up to four times as much is decoded to half
-/// its sides.
+/// The largest size of a decoded picture in memory. A JPEG of up to four times this size is decoded
+/// at half its width and height.
 constexpr qint64 maximumArtworkBytes = qint64{48} << 20;
 
-/// The longer side of what is kept of a picture, in pixels: enough for the artwork of the main
-/// window (174 points) on every display.
+/// The longer side of the picture that is kept, in pixels. This is enough for the main window's
+/// artwork (174 points) on every display.
 constexpr int keptArtworkSide = 1024;
 
-/// The first image in `data` (PNG, JPEG, GIF, BMP, WebP or TIFF); null when there is none, when it
-/// is broken, larger than maximumArtworkSide either way or takes more than maximumArtworkBytes. The
-/// data comes from a song, so nothing in it is trusted. An image whose longer side exceeds
-/// keptArtworkSide is made smaller, with its proportions kept.
+/// Decodes the first image in `data`, which is PNG, JPEG, GIF, BMP, WebP or TIFF. Returns a null
+/// image if there is none, if it is broken, if a side exceeds maximumArtworkSide or if it takes
+/// more than maximumArtworkBytes. The data comes from a song and may be malicious. A larger image
+/// is scaled down to keptArtworkSide with its proportions. Any thread.
 QImage decodedArtwork(const QByteArray &data);
 
 } // namespace lyrabox

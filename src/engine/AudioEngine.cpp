@@ -45,7 +45,7 @@ Status openUnit(const std::function<std::unique_ptr<Unit>()> &make, std::unique_
     return unit ? unit->initialize() : missingComponent;
 }
 
-/// An output that loses its device is replaced on the device-notification thread.
+/// An output that loses its device asks the watcher for a rebuild.
 Status openOutput(std::unique_ptr<OutputUnit> &output)
 {
     auto &watcher = control().watcher;
@@ -54,7 +54,7 @@ Status openOutput(std::unique_ptr<OutputUnit> &output)
     output = control().factory.output ? control().factory.output() : nullptr;
     if (!output)
         return missingComponent;
-    if (watcher) // outlives every output
+    if (watcher) // It outlives every output.
         output->setLossListener([asked = watcher.get()] { asked->requestCall(); });
     return output->initialize();
 }
@@ -86,10 +86,11 @@ Status buildChain(Chain &chain)
         return status;
     if (const Status status = listenToDefaultOutput())
         return status;
+    // The last step of every build, although it has no effect: docs/kept-on-purpose.md.
     return chain.equalizer->setParameter(parameter::equalizerFixed, 0.0F);
 }
 
-/// `chain` becomes the engine's, and the engine's becomes `chain`. No callback runs.
+/// Exchanges `chain` with the engine's chain. No callback may be running.
 void exchangeChain(Chain &chain)
 {
     std::swap(control().chain, chain);
@@ -103,7 +104,7 @@ void exchangeChain(Chain &chain)
     state().channelIndex.store(0, std::memory_order_relaxed);
 }
 
-/// Whether what an ended song left is to be heard, and is not yet.
+/// Whether frames of an ended song are to be kept, and still sound.
 bool keepsHeldSound()
 {
     const OutputUnit *output = control().chain.output.get();
@@ -116,7 +117,7 @@ void setSoundStatus(Status status)
         control().soundStatusHook();
 }
 
-/// A stop finds out when the server hangs.
+/// Stops the output. This may reveal that the server hangs.
 void halt(OutputUnit &output)
 {
     output.stop();
@@ -124,7 +125,7 @@ void halt(OutputUnit &output)
         setSoundStatus(status);
 }
 
-/// Starts or stops, and remembers a start that failed: a device that comes back makes up for it.
+/// Starts or stops the output. A start that fails is repeated when a device comes back.
 void runOutput(bool running)
 {
     OutputUnit *output = control().chain.output.get();
@@ -145,8 +146,8 @@ void runOutput(bool running)
     setSoundStatus(status);
 }
 
-/// Puts a new chain in the place of the one there is, with the same values, and starts it if `run`
-/// says so. `fresh` ends up holding the chain that is to be released when the mutex is free again.
+/// Replaces the chain by a new one with the same values, and starts it if `run` is true. The old
+/// chain ends up in `fresh`. The caller releases it after unlocking the mutex.
 void rebuild(Chain &fresh, bool run)
 {
     control().chain.output->stop();
@@ -199,7 +200,7 @@ void setAudioUnitFactory(AudioUnitFactory factory)
 
 Status buildAudioSystem()
 {
-    Chain fresh; // ends up holding the old chain, which goes when the mutex is free again
+    Chain fresh; // later the old chain, which is released after the mutex
     const Lock lock(control().mutex);
     const Status status = buildChain(fresh);
     Chain &current = control().chain;
@@ -251,14 +252,14 @@ void tearDownAudioSystem()
         control().waitsForDevice = false;
         control().soundStatus = status::noError;
     }
-    // The output may still call the watcher. The watcher's thread may be waiting for the mutex in a
-    // notification, which now finds no chain.
+    // The chain goes before the watcher, because the output may still call the watcher. The
+    // watcher's thread may be waiting for the mutex. Its notification then finds no chain.
     {
         const Chain released = std::move(chain);
     }
     watcher.reset();
 
-    releaseChannelBuffers(maximumChannels, false);
+    releaseChannelBuffers(maximumChannels, ReleasedBuffers::None);
     state().albumArtData = {};
     state().totalFrames = 0;
     placeAtFrame(0);
@@ -270,10 +271,11 @@ void tearDownAudioSystem()
 
 void setOutputRunning(bool running)
 {
-    Chain replaced; // released when the mutex is free again
+    Chain replaced; // released after the mutex
     const Lock lock(control().mutex);
     runOutput(running);
-    // The stream may be lost while the device is there. A server that hangs asks for itself.
+    // Only the stream may be lost, while the device is still there. If the server hangs, the
+    // watcher asks for a rebuild itself.
     if (running && control().waitsForDevice && control().soundStatus != status::soundServerHangs)
         rebuild(replaced, true);
 }

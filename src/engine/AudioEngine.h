@@ -15,25 +15,28 @@
 #include <cstdint>
 #include <functional>
 
-/// The playback engine: one decoded song in memory, played through render routine, equalizer,
-/// time/pitch and output, with a frame-accurate position and an optional loop. Process-wide state
-/// with plain functions over it.
+/// The playback engine. It holds one decoded song in memory and plays it through a chain of stages:
+/// the render routine, the equalizer, time/pitch and the output. It has a frame-accurate position
+/// and an optional loop. The engine is process-wide state with plain functions over it; why it is
+/// no class stands in docs/kept-on-purpose.md.
 ///
-/// Three threads come here: the main thread (everything), the audio callback thread
-/// (renderCallback() only) and the device-notification thread (defaultOutputChanged() only). The
-/// latter two never wait for each other; main and notification thread are serialised by one mutex,
-/// so a call from the main thread may wait while the chain is rebuilt. Positions and loop points
-/// are frames at the rate of streamFormat(), and no range is checked.
+/// The audio callback thread calls renderCallback() only. The device-notification thread calls
+/// defaultOutputChanged() only. Everything else belongs to the main thread. One mutex serialises
+/// the main and the notification thread, so a call on the main thread may wait while the chain is
+/// rebuilt. The callback thread never takes the mutex.
+///
+/// Positions and loop points are frames at the rate of streamFormat(). Their range is not checked.
 namespace lyrabox::engine {
 
-/// The engine's one record. All fields start zeroed. Fields that the callback thread meets are
-/// lock-free atomics.
+/// The engine's only record. All fields start zeroed. Fields that the callback thread uses are
+/// lock-free atomics. `eqUnit` and `channelIndex` only mirror other state:
+/// docs/kept-on-purpose.md.
 struct AudioEngineState {
-    QByteArray albumArtData; ///< null: no artwork
+    QByteArray albumArtData; ///< null without artwork
     std::array<std::atomic<std::byte *>, maximumChannels>
         channelBuffers{};                       ///< totalFrames frames each
-    AudioStreamBasicDescription streamFormat{}; ///< changes only with no callback running
-    std::atomic<std::uint32_t> channelIndex{0}; ///< where the last per-channel loop ended
+    AudioStreamBasicDescription streamFormat{}; ///< changes only while no callback runs
+    std::atomic<std::uint32_t> channelIndex{0}; ///< the end of the last loop over the channels
     std::atomic<std::uint64_t> currentFrame{0}; ///< the next frame to render
     EqualizerUnit *eqUnit = nullptr;
     std::atomic<bool> isLooping{false};
@@ -49,98 +52,100 @@ static_assert(std::atomic<std::uint64_t>::is_always_lock_free &&
               std::atomic<bool>::is_always_lock_free &&
               std::atomic<std::byte *>::is_always_lock_free);
 
-/// buildAudioSystem(): the factory has no such unit.
+/// buildAudioSystem() returns this if the factory could not make a unit.
 constexpr Status missingComponent = -3000;
 
-/// Frames of one read while decoding.
+/// loadAudioFile() reads so many frames at a time.
 constexpr std::uint32_t framesPerRead = 8192;
 
-// Seams. Each is set before the operation that uses it; an empty function restores the program's
-// own.
-/// Who makes the stages; platformAudioUnits() at first. Set before buildAudioSystem().
+// Replaceable parts, for tests. Set each before the operation that uses it. An empty function
+// restores the program's own part.
+/// Makes the stages. The default is platformAudioUnits(). Set it before buildAudioSystem().
 void setAudioUnitFactory(AudioUnitFactory factory);
+/// Makes the reader of a song. The default is that of decodingModule().
 void setSongReaderFactory(SongReaderFactory factory);
-/// How many bytes a new song may take; by default what the system reports as available without
-/// swapping.
+/// Returns how many bytes a new song may take. The default is the memory that the system can give
+/// without swapping.
 void setAvailableMemoryProbe(std::function<std::uint64_t()> probe);
 
-/// Told by loadAudioFile() how many seconds of the song are decoded, of how many as far as the file
-/// tells; see ProgressPacer for when. `clock` is its clock, the monotonic one at first.
+/// Reports the seconds decoded and, if known, the total, while loadAudioFile() runs. ProgressPacer
+/// says how often. An empty `clock` stands for the monotonic clock.
 void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
 
-/// Makes, initialises and connects the stages, in this order: equalizer, time/pitch, output. The
-/// first failing step's status is returned and the later steps are not taken. A new chain that is
-/// whole replaces the old one, whose output is stopped first and whose resources are released;
-/// otherwise the old one stays as it stands. The new output is stopped. Output stopped or first
-/// build.
+/// Makes, initialises and connects the stages in this order: equalizer, time/pitch, output. Stops
+/// at the first step that fails and returns its status. A complete new chain replaces the old one,
+/// which is stopped and released. After a failure the old chain stays. The new output is stopped.
+/// Call it for the first build, or while the output is stopped.
 ///
-/// A sound server that hangs is no failure: the chain is built without a device, and rebuilt like
-/// on a change of the device as soon as the server answers. See soundStatus().
+/// A sound server that hangs is no failure. The chain is then built without a device, and rebuilt
+/// as soon as the server answers. See soundStatus().
 Status buildAudioSystem();
 
-/// Begins in the background what would let the first start of the output wait, for this chain and
-/// every later one. Any time after buildAudioSystem(); a start that comes before waits.
+/// Starts work in the background that the first start of the output would otherwise wait for.
+/// Applies to this chain and every later one. Call it after buildAudioSystem().
 void prepareForPlayback();
 
-/// Fills the equalizer's input from the song. Audio callback thread. At the end of the song (two
-/// pulls before the last frame) it stops the output instead and leaves `ioData` untouched; what
-/// time/pitch still holds is played out. Frames that the song does not have, for whatever position
-/// or loop point, are silence. A seek made while it runs is kept; but once the end is decided, a
-/// seek made in the same call is dropped.
+/// Audio callback thread. Fills the equalizer's input from the song. At the end of the song, which
+/// is two pulls before the last frame, it stops the output instead and leaves `ioData` untouched.
+/// time/pitch then plays out the frames that it holds. Frames outside the song are silence. A seek
+/// during the call wins, unless the song has just ended: then the seek is dropped.
 Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 
-/// Starts or stops the output; no callback runs any more once a stop has returned. The output's
-/// status is discarded. A start on a device that is lost rebuilds the chain once. While the chain
-/// waits for a device (see defaultOutputChanged()), says what to do when one is there. A sound
-/// server that hangs is waited for two seconds; from then on the engine goes on without sound until
-/// the server answers.
+/// Starts or stops the output. After a stop has returned, no callback runs. If the device is lost,
+/// a start rebuilds the chain once. While the chain waits for a device (see
+/// defaultOutputChanged()), this says whether to run when there is one. The call waits at most two
+/// seconds for a sound server that hangs; the engine then runs without sound until the server
+/// answers. Failures show in soundStatus().
 void setOutputRunning(bool running);
-/// Started and not stopped since, by whomever. While the chain waits for a device: whether it goes
-/// on when one is there.
+/// Whether the output was started and not stopped since. While the chain waits for a device:
+/// whether it will run when there is one.
 bool outputIsRunning();
 
-/// Why nothing can be heard: noAudioDevice, soundServerHangs or what a rebuild has failed with;
-/// otherwise noError. A server that stops in mid song is seen by calls that go on for longer than
-/// OutputUnit::serverPatience.
+/// The reason why nothing can be heard: noAudioDevice, soundServerHangs or the status of a failed
+/// rebuild. noError otherwise. To find a server that hangs in the middle of a song, ask repeatedly:
+/// the status changes after OutputUnit::serverPatience.
 Status soundStatus();
-/// `hook` is called when what the engine itself does has changed soundStatus(), on whichever thread
-/// has found that out. It must not call the engine. Returns when no earlier hook is being called.
+/// The engine calls `hook` when one of its own operations has changed soundStatus(). The hook runs
+/// on the thread of that operation and must not call the engine. When this function returns, the
+/// former hook is not running.
 void setSoundStatusHook(std::function<void()> hook);
 
-/// Moves the position and drops what the stages hold, so that the new position is heard at once.
+/// Moves the position and drops the frames that the stages hold, so that the new position is heard
+/// at once.
 void seekToFrame(std::uint64_t frame);
 
-/// While `kept`: what a song that has ended left in time/pitch is not cut off by
-/// setOutputRunning(false), loadAudioFile() and emptyAudioBuffers(), and what is started next
-/// follows it. Only for changes that follow a song's end. Main thread.
+/// Whether frames of an ended song are kept that time/pitch still holds. While they are kept,
+/// setOutputRunning(false), loadAudioFile() and emptyAudioBuffers() do not cut them off, and the
+/// next song follows them. Set it only for changes that follow the end of a song.
 void setHeldSoundIsKept(bool kept);
 
-/// Halts the output once what was kept has been heard and nothing plays; until then the device goes
-/// on. To be called from time to time. Main thread.
+/// Halts the output if the kept frames have been heard and nothing plays. Until then the device
+/// runs on. Call it repeatedly, for example with the display's timer.
 void haltWhenPlayedOut();
 
-/// Decodes the whole file into the engine, takes its artwork along and goes to frame 0. Output
-/// stopped; main thread; blocks. On a failure to open or convert the engine's song is unchanged; a
-/// failure while reading keeps what was decoded. notEnoughMemory: before reading, when the song
-/// would not fit (the song is unchanged); while reading, when memory ran out (the engine is then
-/// empty).
+/// Decodes the whole file into the engine, takes its artwork and moves to frame 0. Blocks. The
+/// output must be stopped. If the file can't be opened or converted, or would not fit into memory
+/// (notEnoughMemory), the engine keeps its song. A failure while reading keeps the part that was
+/// decoded. If memory runs out while reading, the engine is empty afterwards (notEnoughMemory).
 Status loadAudioFile(const QUrl &url);
 
-/// Drops the song and its artwork. Output stopped; main thread.
+/// Drops the song and its artwork. The output must be stopped.
 void emptyAudioBuffers();
 
-/// Rebuilds the chain on the new default device, or on the old one whose stream was lost, and
-/// carries over the volume, rate, pitch, the ten equalizer bands in use and whether it was running.
-/// When the rebuild fails (no device is left) the old chain stays, silent, with its values, and the
-/// next change that succeeds takes them over and resumes. Device-notification thread.
+/// Rebuilds the chain on the new default device, or on the old one if only its stream was lost.
+/// Keeps the volume, the rate, the pitch, the ten equalizer bands with a control, and whether the
+/// output runs. If the rebuild fails because there is no device, the old chain stays silent with
+/// its values. The next change that succeeds takes them over and resumes. Device-notification
+/// thread.
 Status defaultOutputChanged();
 
-/// Stops the output and forgets the chain, the watcher, the song and every field. For the end of
-/// the program and between tests. Main thread.
+/// Stops the output and drops the chain, the watcher, the song and every field. For the end of the
+/// program and between tests.
 void tearDownAudioSystem();
 
 // Fields.
+/// The next frame to render. It is ahead of what is heard, see heardFrame().
 std::uint64_t currentFrame();
 /// The frame of the song that is heard now: currentFrame() minus what time/pitch and the output
 /// hold. A loop's jump is followed back. Main thread. Exact to what the device asks for at a time,
@@ -162,7 +167,7 @@ AudioStreamBasicDescription streamFormat();
 /// Whole seconds, truncated toward zero; 0 for a rate that is not positive.
 std::int64_t wholeSeconds(std::uint64_t frames, double sampleRate);
 
-// Parameters; 0.0 when there is no chain.
+// Parameters, as `parameter` names them. 0.0 without a chain.
 float outputVolume();
 void setOutputVolume(float volume);
 float playbackRate();

@@ -5,10 +5,10 @@
 
 #include <mutex>
 
-/// What the engine's own source files share; nobody else includes it.
+/// Shared by the engine's own source files. Other folders don't include it.
 namespace lyrabox::engine {
 
-/// The stages that belong together. The output goes first when a chain is destroyed.
+/// The stages of one build. The output is the last member, so it is destroyed first.
 struct Chain {
     std::unique_ptr<EqualizerUnit> equalizer;
     std::unique_ptr<TimePitchUnit> timePitch;
@@ -16,24 +16,23 @@ struct Chain {
     AudioStreamBasicDescription format{};
 };
 
-/// The control side of the engine: everything that the callback thread does not meet.
+/// The engine's state that the callback thread does not use.
 struct Control {
-    std::mutex mutex; ///< held by main and notification thread, never by the callback thread
+    std::mutex mutex; ///< the main and the notification thread take it, the callback never does
     Chain chain;
-    /// One for the life of the engine: a rebuild runs on its thread, so it can't be replaced by
-    /// one.
+    /// Lives as long as the engine. A rebuild runs on the watcher's thread and can't replace it.
     std::unique_ptr<DefaultOutputWatcher> watcher;
-    /// The output could not be rebuilt or started; the next device change decides by
-    /// runOnNextDevice.
+    /// The output could not be rebuilt or started. The next device change starts it if
+    /// runOnNextDevice is set.
     bool waitsForDevice = false;
     bool runOnNextDevice = false;
-    Status soundStatus = status::noError; ///< as soundStatus() gives it
+    Status soundStatus = status::noError; ///< of the engine's own operations
     std::function<void()> soundStatusHook;
-    bool isPrepared = false; ///< and so is every chain to come
+    bool isPrepared = false; ///< later chains are prepared, too
     bool heldSoundIsKept = false;
-    bool haltIsDue = false; ///< a stop was put off, so that what was held is heard
+    bool haltIsDue = false; ///< a stop was put off until the held frames are heard
 
-    // Main thread, set before use.
+    // Main thread. Set before use.
     AudioUnitFactory factory;
     SongReaderFactory songReaderFactory;
     std::function<std::uint64_t()> availableMemoryProbe;
@@ -49,11 +48,16 @@ ReadingPointExchange &reading();
 /// Sets the position and counts that as a seek, without touching the stages.
 void placeAtFrame(std::uint64_t frame);
 
-/// Never destroyed: threads of the sound system may still be running when static objects go.
+/// Never destroyed, because threads of the sound system may outlive static objects.
 Control &control();
 
-/// Frees the samples of the first `channels` channels; `placeholder`: each gets one byte instead,
-/// as an empty song has.
-void releaseChannelBuffers(std::uint32_t channels, bool placeholder);
+/// The state of the channel buffers after their release.
+enum class ReleasedBuffers {
+    None,
+    OneByte, ///< the buffers of an empty song
+};
+
+/// Frees the samples of the first `channels` channels.
+void releaseChannelBuffers(std::uint32_t channels, ReleasedBuffers left);
 
 } // namespace lyrabox::engine

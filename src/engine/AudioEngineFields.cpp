@@ -71,7 +71,7 @@ bool isLooping()
 
 void setIsLooping(bool looping)
 {
-    // Released, so that a callback that sees the loop sees the points that were set before it.
+    // A release store: a callback that sees the loop also sees the points that were set before.
     state().isLooping.store(looping, std::memory_order_release);
 }
 

@@ -25,8 +25,7 @@ namespace {
 constexpr double titleFontSize = 22.0;
 constexpr double artistFontSize = 16.0;
 
-/// Ends the editing of a text field: what was typed is entered first. Other controls keep the
-/// keyboard.
+/// Ends the editing of a text field, which enters its text. Other controls keep the keyboard.
 void makeWindowFirstResponder(const QWidget *control)
 {
     if (auto *field = qobject_cast<QLineEdit *>(control->window()->focusWidget()))
@@ -46,8 +45,7 @@ LB_AudioController::FatalErrorHandling LB_AudioController::alertAndQuit()
                 alert.setInformativeText(recoverySuggestion);
                 alert.exec();
             },
-        // Queued: the engine is built before the event loop starts, and quit() means nothing until
-        // it does.
+        // Queued, because quit() has no effect before the event loop starts.
         .terminate =
             [] { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); },
     };
@@ -85,6 +83,7 @@ LB_AudioController::~LB_AudioController()
 
 void LB_AudioController::awakeFromNib()
 {
+    // A stored 0 becomes full volume: docs/kept-on-purpose.md.
     const float storedVolume =
         lyrabox::userDefaults().value(lyrabox::defaultsKey::outputVolume).toFloat();
     setOutputVolume(storedVolume != 0.0F ? storedVolume : 1.0F);
@@ -196,7 +195,7 @@ void LB_AudioController::announceTrackChange()
 
 QImage LB_AudioController::embeddedArtwork() const
 {
-    // Decoded once for everyone who shows it. Both share one buffer as long as it is the same song.
+    // Decoded once per song. As long as it is the same song, both share one buffer.
     const QByteArray data = engine::albumArtData();
     if (data.constData() != m_artworkData.constData() || data.size() != m_artworkData.size()) {
         m_artwork = lyrabox::decodedArtwork(data);
@@ -315,7 +314,7 @@ void LB_AudioController::pitchButtonPressed(lyrabox::ButtonMatrix *sender)
 
 void LB_AudioController::speedSliderMoved(LB_Slider *sender)
 {
-    // Read before the editing ends: what is entered then moves the slider.
+    // The value is read first, because ending the editing may move the slider.
     const float value = sender->floatValue();
     makeWindowFirstResponder(m_playbackSpeedMatrix);
     setPlaybackSpeedPct(value);
@@ -360,7 +359,7 @@ void LB_AudioController::storeSettings(lyrabox::SongValues values)
 {
     if (!m_currentTrack)
         return;
-    // Kept alive: whoever observes the settings may change the track.
+    // Kept alive, because an observer of the settings may change the track.
     const lyrabox::TrackRecordRef track = m_currentTrack;
     track->hasSettings = m_settings->setValuesForInode(values, track->inode);
     updateSettingsPopup();

@@ -25,31 +25,32 @@
 
 class LB_SettingsController;
 
-/// The one object through which the rest of the program plays sound. It builds the engine when it
-/// is created, loads and unloads songs, and turns the transport controls into engine settings. Main
-/// thread only. Outlets are set once, before awakeFromNib(), and are not owned.
+/// The rest of the program plays sound through this object. It builds the engine when it is
+/// created, loads and unloads songs, and applies the transport controls to the engine. Main thread
+/// only. Outlets are set once, before awakeFromNib(), and are not owned.
 class LB_AudioController : public QObject {
     Q_OBJECT
 
 public:
-    /// What is done when the engine cannot be built; a test replaces both.
+    /// Called in this order if the engine cannot be built. Tests replace both.
     struct FatalErrorHandling {
         std::function<void(const QString &description, const QString &recoverySuggestion)> present;
         std::function<void()> terminate;
     };
 
-    /// A modal alert, and then the end of the program.
+    /// Shows a modal alert and then ends the program.
     static FatalErrorHandling alertAndQuit();
 
-    /// Builds the engine. On failure the alert is presented and the program asked to terminate.
+    /// Builds the engine. On failure it shows the alert and asks the program to terminate.
     explicit LB_AudioController(QObject *parent = nullptr);
     LB_AudioController(FatalErrorHandling handling, QObject *parent = nullptr);
-    /// The same for an engine that is being built by buildAudioSystem() on another thread, whose
-    /// end is waited for.
+    /// The same for an engine that another thread is building with buildAudioSystem(). Waits for
+    /// `building`.
     LB_AudioController(FatalErrorHandling handling, std::future<lyrabox::Status> building,
                        QObject *parent = nullptr);
     ~LB_AudioController() override;
 
+    /// Sets up the controls. Call it once, when every outlet is set.
     void awakeFromNib();
 
     // Outlets.
@@ -124,7 +125,8 @@ public:
     bool trackHasEnded() const;
     void setTrackHasEnded(bool ended);
 
-    /// Whole seconds, truncated toward zero. Writing currentSeconds does not seek.
+    /// Whole seconds, truncated toward zero. setCurrentSeconds() does not seek:
+    /// docs/kept-on-purpose.md.
     qint64 currentSeconds() const;
     void setCurrentSeconds(qint64 seconds) { m_currentSeconds = seconds; }
     qint64 totalSeconds() const;
@@ -132,16 +134,17 @@ public:
     bool isRunning() const;
     void setIsRunning(bool running);
 
-    /// Linear, 0.0 to 1.0; stored as the user default "outputVolume".
+    /// Linear, 0.0 to 1.0. The setter also stores it as the user default "outputVolume".
     float outputVolume() const;
     void setOutputVolume(float volume);
 
-    /// Percent; 100 is normal. Moves the slider and the field along. Reads back exactly as it was
-    /// set.
+    /// In percent; 100 is normal. The setter also moves the slider and the field. The value reads
+    /// back exactly as it was set. Values that are not finite are ignored.
     float playbackSpeedPct() const;
     void setPlaybackSpeedPct(float pct);
 
-    /// Cents, read in whole ones. Moves the slider and the field along.
+    /// In cents. The getter truncates to whole cents. The setter also moves the slider and the
+    /// field. Values that are not finite are ignored.
     float playbackPitch() const;
     void setPlaybackPitch(float cents);
 
@@ -150,37 +153,40 @@ public:
     lyrabox::ValueRange playbackSpeedRange() const;
     lyrabox::ValueRange playbackPitchRange() const;
 
-    /// `index` is the equalizer's parameter ID; dB.
+    /// The level in dB of an equalizer band. `index` is the equalizer's parameter ID.
     float eqLevelForIndex(quint32 index) const;
     void setEqLevelForIndex(float level, quint32 index);
 
-    /// Why nothing can be heard, in words for the user; empty while there is sound.
+    /// The reason why nothing can be heard, in words for the user. Empty while there is sound.
     QString soundProblem() const;
 
     // Loading.
-    /// The loaded song, or the one whose load failed last; null when the player is empty.
+    /// The loaded song, or the song whose load has just failed. Null if the player is empty.
     lyrabox::TrackRecordRef currentTrack() const { return m_currentTrack; }
-    /// Stops, decodes the song into memory, applies its stored settings and starts if the play
-    /// button is on. Blocks. Returns the decoder's status.
+    /// Stops playback, decodes the song into memory, applies its stored settings and starts if the
+    /// play button is on. Blocks. Returns the decoder's status.
     lyrabox::Status loadTrackObject(const lyrabox::TrackRecordRef &track);
-    /// Told of a load that takes long: seconds decoded, of how many as far as the file tells.
+    /// Reports the seconds decoded and, if known, the total, while a load takes long.
     void setProgressHook(lyrabox::ProgressHook hook);
+    /// Stops playback, drops the song and clears the controls.
     void emptyPlayer();
-    /// Carries out `change`, which may load songs or empty the player. What a song that has come to
-    /// its end has left in the time/pitch stage is then heard to its end, and a song that starts
-    /// follows it.
+    /// Runs `change`, which may load songs or empty the player. If a song has just ended, the
+    /// frames that time/pitch still holds of it are played to their end, and the next song follows
+    /// them.
     void changeAfterWhatIsHeld(const std::function<void()> &change);
-    /// Halts the output when what an ended song had left has been heard and nothing else plays. To
-    /// be called from time to time.
+    /// Halts the output if the held frames of an ended song have been heard and nothing else plays.
+    /// Call it repeatedly, for example with the display's timer.
     void haltWhenPlayedOut();
-    /// The song's own artwork, no larger than decodedArtwork() keeps it; null without one.
+    /// The song's own artwork, as decodedArtwork() gives it. Null if it has none.
     QImage embeddedArtwork() const;
     /// The song's artwork, or the image named "LBAlbumArt".
     QImage albumArtImage() const;
+    /// Clears the loop and the end of the song, and sets normal speed and pitch.
     void resetPlaybackSystem();
+    /// Shows on the pop-up button whether the song has stored settings.
     void updateSettingsPopup();
 
-    // Actions.
+    // Actions, which take the control that sent them.
     void playPauseButtonPressed(lyrabox::StateButton *sender);
     void loopButtonPressed(lyrabox::StateButton *sender);
     void speedButtonPressed(lyrabox::ButtonMatrix *sender);
@@ -193,18 +199,18 @@ public:
     void removeSettings();
 
 Q_SIGNALS:
-    /// For whatever shows them elsewhere (menus, the desktop). The controls above are set directly.
+    // For views elsewhere, such as menus and the desktop. The outlets above are set directly.
     void outputVolumeChanged(float volume);
     void runningChanged(bool running);
     void speedOrPitchChanged();
     /// The loop, its start mark or both were set or cleared.
     void loopChanged();
-    /// The pop-up shows anew whether the song has settings, and the song's record says the same.
+    /// updateSettingsPopup() was called. The song's record is up to date.
     void songSettingsShown();
-    /// The position was set, by whomever; not when a loop or the next song sets it.
+    /// setCurrentFrame() was called. Not sent for the jump of a loop or for a new song.
     void positionSet();
-    /// soundProblem() has changed with what was done to the sound. A server that stops in mid song
-    /// is found by asking.
+    /// An operation has changed soundProblem(). Not sent if the server stops in the middle of a
+    /// song; ask repeatedly for that.
     void soundProblemChanged();
 
 private:
@@ -239,6 +245,6 @@ private:
     qint64 m_currentSeconds = 0;
     bool m_loopStartIsSet = false;
     float m_speedPct = 100.0F;        ///< as it was set last
-    mutable QByteArray m_artworkData; ///< what m_artwork was decoded from
+    mutable QByteArray m_artworkData; ///< the source of m_artwork
     mutable QImage m_artwork;
 };

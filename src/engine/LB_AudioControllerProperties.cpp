@@ -1,4 +1,4 @@
-// The properties that the engine holds: thin wrappers, and what their setters do to the controls.
+// The properties that the engine holds: thin wrappers, and the controls that their setters move.
 
 #include "engine/AudioEngine.h"
 #include "engine/LB_AudioController.h"
@@ -128,7 +128,7 @@ void LB_AudioController::setOutputVolume(float volume)
 
 float LB_AudioController::playbackSpeedPct() const
 {
-    // Most percentages are no exact multiple of their rate: 105 would come back as 104.999992.
+    // Most percentages don't survive the conversion: 105 would come back as 104.999992.
     const float rate = engine::playbackRate();
     return rate == transport::rateOf(m_speedPct) ? m_speedPct : rate * 100.0F;
 }

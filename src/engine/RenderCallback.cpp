@@ -7,16 +7,15 @@ namespace lyrabox::engine {
 
 namespace {
 
-/// Copies `bytes` from frame `position` of a channel that holds `total` frames. Positions are taken
-/// modulo 2^64, so a position just below 2^64 lies just before frame 0. Frames that the channel
-/// does not have are silence.
+/// Copies `bytes` from frame `position` of a channel that holds `total` frames. Positions count
+/// modulo 2^64, so a position just below 2^64 lies just before frame 0. Frames outside the channel
+/// are silence.
 void copyFrames(std::byte *destination, std::uint64_t bytes, const std::byte *channel,
                 std::uint64_t position, std::uint64_t total, std::uint64_t bytesPerFrame) noexcept
 {
     while (bytes > 0) {
         const bool isInside = position < total;
-        // From outside, the channel begins again where the position wraps to 0; never when it is
-        // empty.
+        // From outside, the channel begins where the position wraps to 0, unless it is empty.
         const std::uint64_t framesInRun = isInside ? total - position : 0 - position;
         const bool runIsShorter =
             (isInside || total > 0) && framesInRun < bytes / bytesPerFrame + 1;
@@ -80,7 +79,7 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
         point = {.frame = start, .seekCount = seekCount};
 
     // 32 bits and 64 bits on purpose. Both may wrap, past the song's end as well as before its
-    // start.
+    // start. The song ends two buffers early on purpose, too: docs/kept-on-purpose.md.
     const std::uint32_t margin = 2U * inNumberFrames;
     const std::uint64_t remaining = total - start;
     if (remaining <= margin) {

@@ -19,23 +19,25 @@ std::uint64_t availableMemory()
     return probe ? probe() : systemAvailableMemory().value_or(unlimited);
 }
 
-/// The channel buffers while a song is decoded into them.
+/// The engine's channel buffers while a song is decoded into them.
 class GrowingBuffers {
 public:
-    /// `frames`: as many as are expected, 0 when that is not known.
+    /// `frames` is the expected length, or 0 if it is unknown.
     GrowingBuffers(const AudioStreamBasicDescription &format, std::uint64_t frames)
         : m_bytesPerFrame(format.mBytesPerFrame),
           m_channels(std::min(format.mChannelsPerFrame, maximumChannels)),
           m_expected(frames * m_bytesPerFrame)
     {
-        releaseChannelBuffers(m_channels, true);
+        releaseChannelBuffers(m_channels, ReleasedBuffers::OneByte);
     }
 
-    std::uint64_t decodedBytes() const { return m_decoded; }
+    std::uint64_t decodedFrames() const { return m_decoded / std::max(m_bytesPerFrame, 1U); }
+    /// Whether prepareRead() has failed.
+    bool isOutOfMemory() const { return m_isOutOfMemory; }
 
-    /// Makes room for `frames` more and points `list` at it; false when there is no memory for it.
-    /// Buffers take the expected size at once, and grow in larger steps than asked for, so that a
-    /// long song is not moved at every read. Memory that is not written to costs nothing.
+    /// Makes room for `frames` more frames and points `list` at it. Returns false if there is not
+    /// enough memory. The buffers get their expected size at once and then grow in large steps, so
+    /// that a long song is not moved at every read. Memory that is never written costs nothing.
     bool prepareRead(std::uint32_t frames, AudioBufferList &list)
     {
         const std::uint64_t needed = m_decoded + std::uint64_t{m_bytesPerFrame} * frames + 1;
@@ -44,8 +46,10 @@ public:
             const std::uint64_t whole = m_decoded == 0 ? m_expected + needed : needed;
             const std::uint64_t roomy = std::max(whole, m_capacity + step);
             if (!fits(roomy) || !resize(roomy)) {
-                if (!fits(needed) || !resize(needed))
+                if (!fits(needed) || !resize(needed)) {
+                    m_isOutOfMemory = true;
                     return false;
+                }
             }
         }
         list.mNumberBuffers = m_channels;
@@ -61,15 +65,16 @@ public:
 
     void addDecoded(std::uint32_t frames) { m_decoded += std::uint64_t{m_bytesPerFrame} * frames; }
 
-    /// Gives back what is not needed, save one byte.
+    /// Gives back the unused memory except for one byte.
     void trim() { resize(m_decoded + 1); }
 
 private:
     static constexpr std::uint64_t smallestStep = 1U << 20;
     static constexpr std::uint64_t largestStep = 16U << 20;
-    static constexpr std::uint64_t smallestLarge = 4U << 20; ///< has memory pages of its own
+    static constexpr std::uint64_t smallestLarge = 4U
+                                                   << 20; ///< such blocks have pages of their own
 
-    /// What is decoded is in memory already, whatever the rest is.
+    /// Only the part that is not decoded yet needs new memory.
     bool fits(std::uint64_t capacity) const
     {
         return (capacity - m_decoded) <= availableMemory() / std::max(m_channels, 1U);
@@ -95,13 +100,14 @@ private:
     std::uint64_t m_expected;
     std::uint64_t m_capacity = 1;
     std::uint64_t m_decoded = 0;
+    bool m_isOutOfMemory = false;
 };
 
-/// Whether the song fits. The song it replaces makes room for it. Where the container does not tell
-/// the length, or tells one that the song is refused for, its packets are counted.
+/// Whether the song fits into memory, given that the old song is released. If the container does
+/// not state the length, or the stated one would not fit, the packets are counted.
 bool songFits(const SongReader &reader, const AudioStreamBasicDescription &format)
 {
-    // Between the most and the least bits per second that an MP3 spends lie forty times.
+    // The highest bit rate of an MP3 is forty times the lowest.
     constexpr std::uint64_t worstGuess = 40;
     const std::uint64_t bytesPerFrame =
         std::max<std::uint64_t>(std::uint64_t{format.mBytesPerFrame} * format.mChannelsPerFrame, 1);
@@ -115,6 +121,45 @@ bool songFits(const SongReader &reader, const AudioStreamBasicDescription &forma
     if (const auto counted = reader.countedFrames(room + 1))
         return *counted <= room;
     return !estimate || *estimate <= room;
+}
+
+std::unique_ptr<SongReader> makeSongReader()
+{
+    const auto &factory = control().songReaderFactory;
+    return factory ? factory() : decodingModule().makeSongReader();
+}
+
+/// Opens the song and checks that it fits into memory.
+Status openSong(SongReader &reader, const QUrl &url, const AudioStreamBasicDescription &format)
+{
+    if (const Status status = reader.open(url.toLocalFile(), SongReader::Depth::Samples))
+        return status;
+    AudioStreamBasicDescription ownFormat{};
+    if (const Status status = reader.fileDataFormat(ownFormat))
+        return status;
+    if (const Status status = reader.setClientDataFormat(format))
+        return status;
+    return songFits(reader, format) ? status::noError : status::notEnoughMemory;
+}
+
+/// Reads until the end of the song or the first failure. Calls `advanced` with the number of
+/// decoded frames after every read.
+Status decodeInto(GrowingBuffers &buffers, SongReader &reader,
+                  const std::function<void(std::uint64_t)> &advanced)
+{
+    AudioBufferList list;
+    std::uint32_t frames = framesPerRead;
+    do {
+        if (!buffers.prepareRead(frames, list))
+            return status::notEnoughMemory;
+        const std::uint32_t asked = frames;
+        if (const Status status = reader.read(frames, list))
+            return status;
+        frames = std::min(frames, asked);
+        buffers.addDecoded(frames);
+        advanced(buffers.decodedFrames());
+    } while (frames > 0);
+    return status::noError;
 }
 
 } // namespace
@@ -135,14 +180,14 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock)
     control().loadProgressClock = std::move(clock);
 }
 
-void releaseChannelBuffers(std::uint32_t channels, bool placeholder)
+void releaseChannelBuffers(std::uint32_t channels, ReleasedBuffers left)
 {
-    // No song, whatever a callback that should not be there finds.
+    // A callback that runs by mistake must find no song.
     state().totalFrames.store(0, std::memory_order_release);
     for (std::uint32_t i = 0; i < std::min(channels, maximumChannels); ++i) {
         auto &slot = state().channelBuffers[i];
         std::free(slot.exchange(nullptr, std::memory_order_acq_rel));
-        if (placeholder)
+        if (left == ReleasedBuffers::OneByte)
             slot.store(static_cast<std::byte *>(std::calloc(1, 1)), std::memory_order_release);
         state().channelIndex.store(i + 1, std::memory_order_relaxed);
     }
@@ -151,21 +196,12 @@ void releaseChannelBuffers(std::uint32_t channels, bool placeholder)
 Status loadAudioFile(const QUrl &url)
 {
     ProgressPacer progress(control().loadProgressHook, control().loadProgressClock);
-    const auto &factory = control().songReaderFactory;
     qint64 secondsDecoded = 0;
-    const std::unique_ptr<SongReader> reader =
-        factory ? factory() : decodingModule().makeSongReader();
+    const std::unique_ptr<SongReader> reader = makeSongReader();
     reader->setWaitHook([&] { progress.advance(secondsDecoded); });
-    if (const Status status = reader->open(url.toLocalFile(), SongReader::Depth::Samples))
-        return status;
-    AudioStreamBasicDescription ownFormat{};
-    if (const Status status = reader->fileDataFormat(ownFormat))
-        return status;
     const AudioStreamBasicDescription format = streamFormat();
-    if (const Status status = reader->setClientDataFormat(format))
+    if (const Status status = openSong(*reader, url, format))
         return status;
-    if (!songFits(*reader, format))
-        return status::notEnoughMemory;
 
     const auto secondsOf = [&format](std::uint64_t count) {
         return static_cast<qint64>(wholeSeconds(count, format.mSampleRate));
@@ -173,32 +209,15 @@ Status loadAudioFile(const QUrl &url)
     const std::uint64_t estimate = reader->estimatedFrames().value_or(0);
     progress.setTotal(secondsOf(estimate));
     GrowingBuffers buffers(format, estimate);
-    AudioBufferList list;
-    Status result = status::noError;
-    std::uint32_t frames = framesPerRead;
-    bool outOfMemory = false;
-    do {
-        if (!buffers.prepareRead(frames, list)) {
-            outOfMemory = true;
-            result = status::notEnoughMemory;
-            break;
-        }
-        const std::uint32_t asked = frames;
-        result = reader->read(frames, list);
-        if (result != status::noError)
-            break;
-        frames = std::min(frames, asked);
-        buffers.addDecoded(frames);
-        secondsDecoded = secondsOf(buffers.decodedBytes() / std::max(format.mBytesPerFrame, 1U));
+    const Status result = decodeInto(buffers, *reader, [&](std::uint64_t frames) {
+        secondsDecoded = secondsOf(frames);
         progress.advance(secondsDecoded);
-    } while (frames > 0);
-
-    if (outOfMemory) {
-        releaseChannelBuffers(format.mChannelsPerFrame, true);
+    });
+    if (buffers.isOutOfMemory()) {
+        releaseChannelBuffers(format.mChannelsPerFrame, ReleasedBuffers::OneByte);
     } else {
         buffers.trim();
-        state().totalFrames.store(buffers.decodedBytes() / std::max(format.mBytesPerFrame, 1U),
-                                  std::memory_order_release);
+        state().totalFrames.store(buffers.decodedFrames(), std::memory_order_release);
     }
     const QByteArray artwork = reader->albumArtwork();
     state().albumArtData = artwork.isEmpty() ? QByteArray() : artwork;
@@ -210,7 +229,7 @@ void emptyAudioBuffers()
 {
     placeAtFrame(0);
     state().channelIndex.store(0, std::memory_order_relaxed);
-    releaseChannelBuffers(streamFormat().mChannelsPerFrame, true);
+    releaseChannelBuffers(streamFormat().mChannelsPerFrame, ReleasedBuffers::OneByte);
     state().albumArtData = {};
 }
 

@@ -11,25 +11,24 @@
 
 namespace lyrabox {
 
-/// One playable song. The player, the queue and the track list share the same records, and
-/// "isPlaying" and "hasSettings" are rewritten in place. Main thread only.
+/// One playable song. The player, the queue and the track list share the same records. `isPlaying`
+/// and `hasSettings` change in place. Main thread only.
 struct TrackRecord {
-    QUrl fileURL;                 ///< empty: the record has none
-    std::optional<QString> title; ///< always there for a record built from a file
+    QUrl fileURL;                 ///< empty if the record has no file
+    std::optional<QString> title; ///< every record of a file has one
     QString artist;               ///< empty when unknown
     QString album;                ///< empty when unknown
-    QVariant durationSeconds;     ///< as the source gives it: float, double or decimal text; read
-                                  ///< durationValue()
+    QVariant durationSeconds;     ///< float, double or decimal text, see durationValue()
     int order = 0;                ///< 1-based position in the list as it was built
-    QString inode;                ///< decimal text, or "(null)"; equal text is the same song
+    QString inode;                ///< decimal text or "(null)"; equal texts mean the same song
     bool isPlaying = false;
     bool hasSettings = false;
 
-    /// The numeric length in seconds; 0 when it is not known or not a number.
+    /// The length in seconds. 0 if it is unknown or not a number.
     double durationValue() const;
 
-    /// The value under a record key ("title", "durationSeconds", …); invalid when the key is
-    /// missing.
+    /// The value under a record key such as "title" or "durationSeconds". Invalid if the record has
+    /// no such value.
     QVariant value(QStringView key) const;
 };
 

@@ -8,7 +8,7 @@ namespace lyrabox::transport {
 
 namespace {
 
-/// Takes away what rounding to floats has added to a value in hundredths.
+/// Removes the rounding error of a float from a value in hundredths.
 float withoutRoundingError(double value)
 {
     constexpr double tolerance = 0.01; // hundredths

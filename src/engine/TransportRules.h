@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-/// What the transport decides without its controls.
+/// The decisions of the transport that need no controls.
 namespace lyrabox::transport {
 
 constexpr float normalSpeed = 100.0F; ///< percent
@@ -12,9 +12,9 @@ constexpr float normalPitch = 0.0F;   ///< cents
 constexpr float speedStep = 5.0F;     ///< percent
 constexpr float pitchStep = 100.0F;   ///< cents, one semitone
 
-/// What a cell of a step matrix makes of the current value: tag 0 one step down, 1 the normal
-/// value, 2 one step up, any other the current value. A step from a value in hundredths gives the
-/// float nearest to the hundredth that it leads to, so a step back returns to the same float.
+/// The value after a cell of a step matrix was pressed. Tag 0 gives one step down, tag 1 the normal
+/// value, tag 2 one step up, and any other tag the current value. A step from a value in hundredths
+/// gives the float nearest to the target hundredth, so a step back returns to the same float.
 float stepped(int tag, float current, float step, float normal);
 
 /// The engine's rate for a speed in percent.
@@ -23,13 +23,14 @@ constexpr float rateOf(float percent)
     return percent / 100.0F;
 }
 
-/// Whether a typed number is taken: 0, which is also what text that is no number reads as, is not.
+/// Whether a typed number is accepted. 0 is not, because text that is no number reads as 0, too:
+/// docs/kept-on-purpose.md.
 bool isAcceptedEntry(float value);
 
-/// Cents as the pitch is shown and stored: whole, truncated toward zero, within 16 bits.
+/// The pitch as it is shown and stored: in whole cents, truncated toward zero, clamped to 16 bits.
 std::int16_t wholeCents(float cents);
 
-/// "artist ● album", or the one of them that is not empty.
+/// "artist ● album". If one of them is empty, the other one alone.
 QString artistLine(const QString &artist, const QString &album);
 
 } // namespace lyrabox::transport

@@ -9,7 +9,7 @@
 
 namespace lyrabox::test {
 
-/// The player with its controls over the fake chain, and how often it has told what.
+/// The player with its controls on the fake chain. Counts the player's notifications.
 class AudioController : public testing::Test {
 protected:
     AudioController()
@@ -27,7 +27,7 @@ protected:
     QString settingsImage() const { return transport.settingsPopup->firstItemImage().name(); }
     QString loopImage() const { return transport.loopButton->image().name(); }
 
-    /// What a click on the loop button does.
+    /// Clicks the loop button and calls its action.
     void clickLoop()
     {
         transport.loopButton->click();

@@ -23,7 +23,7 @@ QImage redImage(int width, int height)
     return image;
 }
 
-TEST(Artwork, IsDecodedInItsNaturalSize)
+TEST(Artwork, IsDecodedAtItsNaturalSize)
 {
     for (const char *format : {"PNG", "JPG", "BMP"}) {
         const QImage image = decodedArtwork(encoded(redImage(300, 200), format));
@@ -32,7 +32,7 @@ TEST(Artwork, IsDecodedInItsNaturalSize)
     }
 }
 
-TEST(Artwork, WhatIsNoImageIsNull)
+TEST(Artwork, DataThatIsNoImageGivesNull)
 {
     EXPECT_TRUE(decodedArtwork({}).isNull());
     EXPECT_TRUE(decodedArtwork("no image").isNull());
@@ -55,7 +55,7 @@ TEST(Artwork, AnImageOverTheLimitIsNull)
     EXPECT_TRUE(decodedArtwork(encoded(redImage(1, maximumArtworkSide + 1), "PNG")).isNull());
 }
 
-TEST(Artwork, ALargeImageIsKeptNoLargerThanItIsShown)
+TEST(Artwork, ALargeImageIsScaledDown)
 {
     for (const char *format : {"PNG", "JPEG"}) {
         const QImage wide = decodedArtwork(encoded(redImage(4000, 2000), format));
@@ -68,7 +68,7 @@ TEST(Artwork, ALargeImageIsKeptNoLargerThanItIsShown)
     EXPECT_EQ(thin.size(), QSize(1, keptArtworkSide));
 }
 
-TEST(Artwork, AHeaderThatClaimsAHugeImageIsNull)
+TEST(Artwork, AHeaderWithAHugeSizeGivesNull)
 {
     QByteArray data = encoded(redImage(64, 64), "BMP");
     for (const qsizetype at : {18, 22}) { // width and height, little-endian
@@ -80,7 +80,7 @@ TEST(Artwork, AHeaderThatClaimsAHugeImageIsNull)
     EXPECT_TRUE(decodedArtwork(data).isNull());
 }
 
-TEST(Artwork, ADrawingIsNotTaken)
+TEST(Artwork, AVectorDrawingIsRefused)
 {
     EXPECT_TRUE(decodedArtwork("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"8\" height=\"8\">"
                                "<rect width=\"8\" height=\"8\"/></svg>")

@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 class AudioEngine : public EngineFixture {};
 
-TEST_F(AudioEngine, BuildTakesItsStepsInOrder)
+TEST_F(AudioEngine, BuildCarriesOutItsStepsInOrder)
 {
     EXPECT_EQ(engine::buildAudioSystem(), 0);
     EXPECT_THAT(audio.calls(),
@@ -32,7 +32,7 @@ struct FailingStep {
 class AudioEngineBuildFailure : public EngineFixture,
                                 public testing::WithParamInterface<FailingStep> {};
 
-TEST_P(AudioEngineBuildFailure, ReturnsTheStatusAndTakesNoLaterStep)
+TEST_P(AudioEngineBuildFailure, ReturnsTheStatusAndSkipsLaterSteps)
 {
     audio.failAt(GetParam().step, -7);
     EXPECT_EQ(engine::buildAudioSystem(), GetParam().expected);
@@ -40,7 +40,7 @@ TEST_P(AudioEngineBuildFailure, ReturnsTheStatusAndTakesNoLaterStep)
     EXPECT_EQ(calls.empty() ? std::string() : calls.back(), GetParam().lastCall);
 }
 
-TEST_P(AudioEngineBuildFailure, LeavesAnEngineThatAcceptsEveryCall)
+TEST_P(AudioEngineBuildFailure, LeavesAnEngineThatAcceptsAllCalls)
 {
     audio.failAt(GetParam().step, -7);
     engine::buildAudioSystem();
@@ -72,7 +72,7 @@ TEST_P(AudioEngineRebuildFailure, DuringADeviceChangeKeepsTheValuesForTheNextDev
     audio.fireDefaultOutputChangedOnThread();
     EXPECT_TRUE(audio.pull(256).isSilent());
     EXPECT_EQ(engine::outputVolume(), 0.25F);
-    engine::setPitchCents(-200.0F); // changed while there is no device
+    engine::setPitchCents(-200.0F); // changed without a device
 
     audio.clearFailures();
     audio.fireDefaultOutputChangedOnThread();
@@ -88,7 +88,7 @@ TEST_P(AudioEngineRebuildFailure, DuringADeviceChangeKeepsTheValuesForTheNextDev
 const FailingStep missingWatcher{FakeStep::WatcherMissing, engine::missingComponent,
                                  "equalizer1.setRenderCallback"};
 
-/// Those that a rebuild takes as well; the watcher is made once.
+/// The steps that a rebuild repeats. The watcher is made only once.
 const auto stepsOfEveryBuild = testing::Values(
     FailingStep{FakeStep::EqualizerMissing, engine::missingComponent, ""},
     FailingStep{FakeStep::EqualizerInitialize, -7, "equalizer1.initialize"},
@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(Steps, AudioEngineBuildFailure, stepsOfEveryBuild);
 INSTANTIATE_TEST_SUITE_P(Watcher, AudioEngineBuildFailure, testing::Values(missingWatcher));
 INSTANTIATE_TEST_SUITE_P(Steps, AudioEngineRebuildFailure, stepsOfEveryBuild);
 
-TEST_F(AudioEngine, BuildCanBeTriedAgainAfterAFailure)
+TEST_F(AudioEngine, BuildCanBeRepeatedAfterAFailure)
 {
     audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
     EXPECT_EQ(engine::buildAudioSystem(), status::noAudioDevice);
@@ -115,7 +115,7 @@ TEST_F(AudioEngine, BuildCanBeTriedAgainAfterAFailure)
     EXPECT_EQ(audio.pull(10).channels[0].back(), 9.0F);
 }
 
-TEST_F(AudioEngine, ThisChainAndEveryLaterOneIsPreparedOnceThatIsAskedFor)
+TEST_F(AudioEngine, PreparesThisChainAndEveryLaterOne)
 {
     const auto preparations = [this] {
         std::vector<std::string> calls = audio.calls();
@@ -132,13 +132,13 @@ TEST_F(AudioEngine, ThisChainAndEveryLaterOneIsPreparedOnceThatIsAskedFor)
               (std::vector<std::string>{"timePitch2.prepare", "timePitch3.prepare"}));
 }
 
-TEST_F(AudioEngine, NothingIsPreparedWhereNoChainIs)
+TEST_F(AudioEngine, PreparesNothingWithoutAChain)
 {
     engine::prepareForPlayback();
     EXPECT_TRUE(audio.calls().empty());
 }
 
-TEST_F(AudioEngine, StartAndStopGoToTheOutput)
+TEST_F(AudioEngine, StartAndStopReachTheOutput)
 {
     ASSERT_EQ(engine::buildAudioSystem(), 0);
     loadSong(1000);
@@ -163,7 +163,7 @@ TEST_F(AudioEngine, SeekResetsOutputTimePitchAndEqualizerInThisOrder)
 TEST_F(AudioEngine, SeekIsHeardAtOnce)
 {
     buildAndPlay(100000);
-    audio.pull(100); // the time/pitch stage holds 28 frames more
+    audio.pull(100); // time/pitch holds 28 more frames
     engine::seekToFrame(5000);
     EXPECT_EQ(audio.pull(10).channels[0].front(), 5000.0F);
 }
@@ -178,7 +178,7 @@ TEST_F(AudioEngine, LoopPointsAreWrittenWithoutAReset)
     EXPECT_TRUE(audio.calls().empty());
 }
 
-TEST_F(AudioEngine, ParametersGoToTheirUnits)
+TEST_F(AudioEngine, ParametersReachTheirUnits)
 {
     ASSERT_EQ(engine::buildAudioSystem(), 0);
     audio.clearCalls();

@@ -1,4 +1,4 @@
-// The output device changes, is lost, and does not answer.
+// Tests with an output device that changes, is lost or does not answer.
 
 #include "EngineFixture.h"
 
@@ -12,7 +12,7 @@ using testing::StartsWith;
 
 class AudioEngineOnDevices : public EngineFixture {};
 
-TEST_F(AudioEngineOnDevices, ADeviceChangeUsesTheWatcherThereIsAndNeedsNoOther)
+TEST_F(AudioEngineOnDevices, ADeviceChangeKeepsTheWatcher)
 {
     buildAndPlay(100000);
     audio.pull(1024);
@@ -26,7 +26,7 @@ TEST_F(AudioEngineOnDevices, ADeviceChangeUsesTheWatcherThereIsAndNeedsNoOther)
     EXPECT_EQ(audio.pull(16).channels[0].front(), static_cast<float>(frame));
 }
 
-TEST_F(AudioEngineOnDevices, DeviceChangeTakesItsStepsInOrder)
+TEST_F(AudioEngineOnDevices, DeviceChangeCarriesOutItsStepsInOrder)
 {
     buildAndPlay(100000);
     audio.clearCalls();
@@ -54,7 +54,7 @@ TEST_F(AudioEngineOnDevices, DeviceChangeTakesItsStepsInOrder)
     EXPECT_EQ(audio.calls(), expected);
 }
 
-TEST_F(AudioEngineOnDevices, DeviceChangeWhilePlayingGoesOnAtTheSamePositionWithTheSameValues)
+TEST_F(AudioEngineOnDevices, DeviceChangeWhilePlayingKeepsPositionAndValues)
 {
     buildAndPlay(100000);
     engine::setOutputVolume(0.5F);
@@ -98,7 +98,7 @@ TEST_F(AudioEngineOnDevices, DeviceChangeWhileStoppedStaysStopped)
     EXPECT_THAT(audio.calls(), Not(Contains("output2.start")));
 }
 
-TEST_F(AudioEngineOnDevices, DeviceChangesKeepNoMoreThanOneChain)
+TEST_F(AudioEngineOnDevices, DeviceChangesKeepOnlyOneChain)
 {
     buildAndPlay(100000);
     for (int i = 0; i < 20; ++i)
@@ -116,7 +116,7 @@ TEST_F(AudioEngineOnDevices, FailedDeviceChangesLeaveNoUnitsBehind)
     EXPECT_EQ(audio.unitsAlive(), 4);
 }
 
-TEST_F(AudioEngineOnDevices, PauseWhileNoDeviceIsThereHoldsOnTheNextDevice)
+TEST_F(AudioEngineOnDevices, PauseWithoutADeviceAppliesToTheNextDevice)
 {
     buildAndPlay(100000);
     audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
@@ -129,7 +129,7 @@ TEST_F(AudioEngineOnDevices, PauseWhileNoDeviceIsThereHoldsOnTheNextDevice)
     EXPECT_FALSE(engine::outputIsRunning());
 }
 
-TEST_F(AudioEngineOnDevices, PlayWhileNoDeviceIsThereStartsOnTheNextDevice)
+TEST_F(AudioEngineOnDevices, PlayWithoutADeviceStartsOnTheNextDevice)
 {
     ASSERT_EQ(engine::buildAudioSystem(), 0);
     loadSong(100000);
@@ -137,13 +137,13 @@ TEST_F(AudioEngineOnDevices, PlayWhileNoDeviceIsThereStartsOnTheNextDevice)
     audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
     audio.fireDefaultOutputChangedOnThread();
     engine::setOutputRunning(true);
-    EXPECT_TRUE(engine::outputIsRunning()); // the play button says so
+    EXPECT_TRUE(engine::outputIsRunning()); // the play button is on
     audio.clearFailures();
     audio.fireDefaultOutputChangedOnThread();
     EXPECT_TRUE(engine::outputIsRunning());
 }
 
-TEST_F(AudioEngineOnDevices, StartThatFailsOnTheNewDeviceIsMadeUpForOnTheOneAfter)
+TEST_F(AudioEngineOnDevices, AFailedStartOnTheNewDeviceIsRepeatedOnTheNext)
 {
     buildAndPlay(100000);
     audio.failAt(FakeStep::OutputStart, status::noAudioDevice);
@@ -154,15 +154,15 @@ TEST_F(AudioEngineOnDevices, StartThatFailsOnTheNewDeviceIsMadeUpForOnTheOneAfte
     EXPECT_TRUE(engine::outputIsRunning());
 }
 
-TEST_F(AudioEngineOnDevices, ABuildThatSucceedsWaitsForNoDeviceAnyMore)
+TEST_F(AudioEngineOnDevices, ASuccessfulBuildEndsTheWaitForADevice)
 {
     buildAndPlay(100000);
     audio.failAt(FakeStep::OutputInitialize, status::noAudioDevice);
     audio.fireDefaultOutputChangedOnThread();
-    EXPECT_TRUE(engine::outputIsRunning()); // goes on when a device is there
+    EXPECT_TRUE(engine::outputIsRunning()); // it will run when there is a device
     audio.clearFailures();
     ASSERT_EQ(engine::buildAudioSystem(), 0);
-    EXPECT_FALSE(engine::outputIsRunning()); // a fresh output, which nobody has started
+    EXPECT_FALSE(engine::outputIsRunning()); // a new output, which nobody has started
     EXPECT_EQ(engine::soundStatus(), status::noError);
     audio.fireDefaultOutputChangedOnThread();
     EXPECT_FALSE(engine::outputIsRunning());
@@ -184,7 +184,7 @@ TEST_F(AudioEngineOnDevices, AStartOnALostDeviceRebuildsOnceAndPlays)
     EXPECT_FALSE(audio.pull(256).isSilent());
 }
 
-TEST_F(AudioEngineOnDevices, AStartThatFailsOnTheRebuiltDeviceAsWellRebuildsNoFurther)
+TEST_F(AudioEngineOnDevices, AStartThatAlsoFailsOnTheRebuiltDeviceRebuildsOnlyOnce)
 {
     buildAndPlay(100000);
     engine::setOutputRunning(false);
@@ -220,11 +220,11 @@ TEST_F(AudioEngineOnDevices, TheLossOfTheDeviceAsksForOneRebuild)
     audio.loseDevice();
     EXPECT_EQ(audio.callsRequested(), 1);
     audio.fireDefaultOutputChangedOnThread();
-    audio.loseDevice(); // the new one as well
+    audio.loseDevice(); // the new output, too
     EXPECT_EQ(audio.callsRequested(), 2);
 }
 
-TEST_F(AudioEngineOnDevices, ABuildWithoutAnAnswerOfTheServerSucceedsAndSaysSo)
+TEST_F(AudioEngineOnDevices, ABuildOnAServerThatHangsSucceedsAndReportsIt)
 {
     audio.failAt(FakeStep::OutputDevice, status::soundServerHangs);
     int told = 0;
@@ -237,11 +237,11 @@ TEST_F(AudioEngineOnDevices, ABuildWithoutAnAnswerOfTheServerSucceedsAndSaysSo)
     EXPECT_EQ(engine::soundStatus(), status::noError);
     EXPECT_EQ(told, 2);
     audio.fireDefaultOutputChangedOnThread();
-    EXPECT_EQ(told, 2); // nothing new
+    EXPECT_EQ(told, 2); // no change
     engine::setSoundStatusHook({});
 }
 
-TEST_F(AudioEngineOnDevices, AStopThatTheServerDoesNotAnswerSaysSo)
+TEST_F(AudioEngineOnDevices, AStopOnAServerThatHangsReportsIt)
 {
     buildAndPlay(100000);
     audio.failAt(FakeStep::OutputDevice, status::soundServerHangs);

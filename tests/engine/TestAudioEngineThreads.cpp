@@ -24,8 +24,7 @@ TEST_F(AudioEngineThreads, PullsSeeksLoopsLoadsAndDeviceChangesDoNotDisturbEachO
                 if (heard.channels[0][i] != -heard.channels[1][i])
                     channelsAgree = false;
             }
-            std::this_thread::yield(); // the next pull must not take the device from a stop that
-                                       // waits
+            std::this_thread::yield(); // lets a stop that waits have the device
         }
     });
     std::thread notifications([&] {
@@ -90,8 +89,8 @@ TEST_F(AudioEngineThreads, NoSeekIsLostToTheCallback)
             std::this_thread::yield();
         }
     });
-    // Each seek goes far beyond what is pulled meanwhile, so an overwritten one would be seen as a
-    // step back.
+    // Each seek goes far beyond the frames that are pulled meanwhile. So a lost seek would show as
+    // a step back.
     std::uint64_t target = 0;
     for (int i = 0; i < 2000; ++i) {
         target += 2000;
@@ -105,7 +104,7 @@ TEST_F(AudioEngineThreads, NoSeekIsLostToTheCallback)
     device.join();
 }
 
-TEST_F(AudioEngineThreads, TearDownWaitsForANotificationThatIsUnderWay)
+TEST_F(AudioEngineThreads, TearDownWaitsForARunningNotification)
 {
     buildAndPlay(10000);
     std::thread notifications([&] {

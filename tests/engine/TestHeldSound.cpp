@@ -1,4 +1,4 @@
-// What an ended song has left in the stages, and who cuts it off.
+// The frames that the stages hold after a song's end, and the calls that drop them.
 
 #include "EngineFixture.h"
 #include "support/HoldingOutput.h"
@@ -20,7 +20,7 @@ protected:
         EXPECT_EQ(loadSong(10000), 0);
         output = {.isPlayingOut = true};
     }
-    ~HeldSound() override { engine::tearDownAudioSystem(); } // while the log is there
+    ~HeldSound() override { engine::tearDownAudioSystem(); } // before the log goes
 
     HoldingOutput::Log output;
 };
@@ -34,7 +34,7 @@ TEST_F(HeldSound, IsCutOffByAStopAndByALoad)
     EXPECT_THAT(output.calls, ElementsAre("reset"));
 }
 
-TEST_F(HeldSound, IsLeftAloneByAStopALoadAndAnEmptyingThatKeepIt)
+TEST_F(HeldSound, IsKeptThroughAStopALoadAndAnEmptying)
 {
     engine::setHeldSoundIsKept(true);
     engine::setOutputRunning(false);
@@ -46,7 +46,7 @@ TEST_F(HeldSound, IsLeftAloneByAStopALoadAndAnEmptyingThatKeepIt)
     EXPECT_THAT(output.calls, ElementsAre("reset"));
 }
 
-TEST_F(HeldSound, IsNotKeptWhereNothingIsHeld)
+TEST_F(HeldSound, IsNotKeptIfNothingIsHeld)
 {
     output.isPlayingOut = false;
     engine::setHeldSoundIsKept(true);
@@ -56,7 +56,7 @@ TEST_F(HeldSound, IsNotKeptWhereNothingIsHeld)
     EXPECT_THAT(output.calls, ElementsAre("stop", "reset"));
 }
 
-TEST_F(HeldSound, TheOutputIsHaltedOnceItHasBeenHeard)
+TEST_F(HeldSound, TheOutputIsHaltedAfterItWasHeard)
 {
     engine::setHeldSoundIsKept(true);
     engine::setOutputRunning(false);
@@ -69,7 +69,7 @@ TEST_F(HeldSound, TheOutputIsHaltedOnceItHasBeenHeard)
     EXPECT_THAT(output.calls, ElementsAre("stop"));
 }
 
-TEST_F(HeldSound, TheOutputIsNotHaltedWhenASongHasStartedMeanwhile)
+TEST_F(HeldSound, TheOutputIsNotHaltedIfASongHasStarted)
 {
     engine::setHeldSoundIsKept(true);
     engine::setOutputRunning(false);
@@ -79,7 +79,7 @@ TEST_F(HeldSound, TheOutputIsNotHaltedWhenASongHasStartedMeanwhile)
     engine::haltWhenPlayedOut();
     engine::haltWhenPlayedOut();
     EXPECT_THAT(output.calls, Not(Contains("stop")));
-    engine::setOutputRunning(false); // a pause later on is a pause
+    engine::setOutputRunning(false); // a later pause stops at once
     EXPECT_THAT(output.calls, ElementsAre("start", "stop"));
 }
 

@@ -77,7 +77,7 @@ TEST_F(AudioControllerBuild, TheAlertShowsBothTextsAndThenTheEventLoopQuits)
     const LB_AudioController controller;
     EXPECT_EQ(text, u"Lyrabox cannot build its audio system. (Error -50)"_s);
     EXPECT_EQ(informativeText, u"The program will now terminate"_s);
-    EXPECT_EQ(QApplication::exec(), 0); // returns, although nothing else quits it
+    EXPECT_EQ(QApplication::exec(), 0); // returns because of quit() alone
 }
 
 // Waking
@@ -100,7 +100,7 @@ TEST_F(AudioController, StartsEmptyWithTheTransportDisabled)
     EXPECT_FALSE(transport.albumArtImageView->image().isNull());
 }
 
-TEST_F(AudioController, WakingSetsHowButtonsHighlightAndDim)
+TEST_F(AudioController, WakingSetsHighlightingAndDimmingOfButtons)
 {
     using Highlight = StateButton::Highlight;
     EXPECT_EQ(transport.playPauseButton->highlightMode(), Highlight::PushIn);
@@ -132,14 +132,14 @@ TEST_F(AudioControllerVolume, IsFullWithADefaultOfZero)
     EXPECT_EQ(transport.controller->outputVolume(), 1.0F);
 }
 
-TEST_F(AudioControllerVolume, ComesBackFromTheDefault)
+TEST_F(AudioControllerVolume, IsRestoredFromTheDefault)
 {
     setUserDefault(defaultsKey::outputVolume, 0.3F);
     const TransportFixture transport;
     EXPECT_EQ(transport.controller->outputVolume(), 0.3F);
 }
 
-TEST_F(AudioControllerVolume, OfADefaultThatIsNotANumberIsPassedOnAndRefusedByTheOutput)
+TEST_F(AudioControllerVolume, ADefaultThatIsNotANumberIsRefusedByTheOutput)
 {
     setUserDefault(defaultsKey::outputVolume, std::numeric_limits<float>::quiet_NaN());
     const TransportFixture transport;
@@ -181,7 +181,7 @@ TEST_F(AudioController, ASongWithoutArtistShowsOnlyTheAlbum)
     EXPECT_EQ(transport.artistField->string(), u"Album"_s);
 }
 
-TEST_F(AudioController, AFailedLoadNamesTheTrackAndChangesNothingThatIsShown)
+TEST_F(AudioController, AFailedLoadNamesTheTrackAndKeepsTheDisplay)
 {
     loadedTrack(u"First"_s);
     transport.playPauseButton->setState(1);
@@ -244,7 +244,7 @@ TEST_F(AudioController, LoadingStopsBeforeItReadsAndStartsLast)
     const auto calls = transport.audio.calls();
     EXPECT_EQ(calls.back(), "output1.start");
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "output1.start"), 1);
-    // What belongs to the song is set between the two.
+    // The song's own values are set between the two.
     const auto indexOf = [&](const std::string &call) {
         return static_cast<std::size_t>(std::find(calls.begin(), calls.end(), call) -
                                         calls.begin());
@@ -266,7 +266,7 @@ TEST_F(AudioController, StoredValuesAreAppliedToASongThatHasThem)
     EXPECT_EQ(settingsImage(), u"SettingsButtonOn"_s);
 }
 
-TEST_F(AudioController, StoredValuesAreNotAppliedToASongMarkedAsHavingNone)
+TEST_F(AudioController, StoredValuesAreNotAppliedToASongMarkedAsWithoutSettings)
 {
     transport.settings.setValuesForInode({.speed = 70.0F, .pitch = 200.0F}, u"42"_s);
     player.setPlaybackSpeedPct(50.0F);
@@ -287,7 +287,7 @@ TEST_F(AudioController, StoredValuesThatAreNotFiniteAreSkipped)
     EXPECT_EQ(transport.playbackSpeedSlider->floatValue(), 100.0F);
 }
 
-TEST_F(AudioController, ArtworkIsShownAndGoesWithTheSong)
+TEST_F(AudioController, ArtworkIsShownUntilTheSongGoes)
 {
     const QImage placeholder = player.albumArtImage();
     QImage picture(40, 30, QImage::Format_RGB32);
@@ -301,7 +301,7 @@ TEST_F(AudioController, ArtworkIsShownAndGoesWithTheSong)
     EXPECT_EQ(transport.albumArtImageView->image(), placeholder);
 }
 
-TEST_F(AudioController, ArtworkIsDecodedOnceForEveryoneWhoShowsIt)
+TEST_F(AudioController, ArtworkIsDecodedOncePerSong)
 {
     const auto loadWith = [this](Qt::GlobalColor color) {
         QImage picture(40, 30, QImage::Format_RGB32);

@@ -1,4 +1,4 @@
-// LB_AudioController's loop and position for rooms that touch no button.
+// LB_AudioController's loop and position without any button.
 
 #include "engine/AudioControllerFixture.h"
 
@@ -75,7 +75,7 @@ TEST_F(AudioControllerLoop, AMarkedStartIsClosedByTheNextClick)
     EXPECT_EQ(player.loop(), (LoopRange{.start = 1500, .end = 4000}));
 }
 
-TEST_F(AudioControllerLoop, EveryClickOnTheButtonIsTold)
+TEST_F(AudioControllerLoop, EveryClickOnTheButtonSendsLoopChanged)
 {
     clickLoop();
     clickLoop();

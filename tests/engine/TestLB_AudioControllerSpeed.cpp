@@ -1,4 +1,4 @@
-// That speed and pitch land where they are set, whoever sets them in whatever order.
+// Speed and pitch keep the values that buttons, sliders and fields set in any order.
 
 #include "engine/AudioControllerFixture.h"
 
@@ -8,7 +8,7 @@
 namespace lyrabox::test {
 namespace {
 
-TEST_F(AudioController, AStepUpAndOneDownReturnToTheRateThatPassesTheSongUntouched)
+TEST_F(AudioController, AStepUpAndAStepDownReturnToExactlyNormalSpeed)
 {
     for (const auto &[first, second] : {std::pair(2, 0), std::pair(0, 2)}) {
         transport.playbackSpeedMatrix->pressCellWithTag(first);
@@ -23,14 +23,14 @@ TEST_F(AudioController, AStepUpAndOneDownReturnToTheRateThatPassesTheSongUntouch
     EXPECT_FALSE(record->hasSettings);
 }
 
-TEST_F(AudioController, ASpeedThatTheEngineWasGivenByOthersIsItsRateInPercent)
+TEST_F(AudioController, ASpeedSetInTheEngineIsReadFromItsRate)
 {
     player.setPlaybackSpeedPct(62.5F);
     engine::setPlaybackRate(0.75F);
     EXPECT_EQ(player.playbackSpeedPct(), 75.0F);
 }
 
-TEST_F(AudioController, NoWalkOfStepsDragsAndTypedValuesLosesTheWayBackToNormal)
+TEST_F(AudioController, RandomStepsDragsAndTypedValuesCanAlwaysReturnToNormal)
 {
     enum Tag { Down, Reset, Up };
     const auto pressSpeed = [this](int tag) {
@@ -73,7 +73,7 @@ TEST_F(AudioController, NoWalkOfStepsDragsAndTypedValuesLosesTheWayBackToNormal)
             case 3:
                 pressPitch(random() % 2 == 0 ? Down : Up);
                 break;
-            default: { // there and back again
+            default: { // a step away and back
                 const float speed = player.playbackSpeedPct();
                 const float pitch = player.playbackPitch();
                 if (speed <= 195.0F) {
@@ -97,7 +97,7 @@ TEST_F(AudioController, NoWalkOfStepsDragsAndTypedValuesLosesTheWayBackToNormal)
         pressPitch(Reset);
         ASSERT_TRUE(isNormal());
 
-        // From normal on, as many steps back as there were steps away.
+        // As many steps back to normal as there were away from it.
         const int steps = static_cast<int>(random() % 19);
         const int away = random() % 2 == 0 ? Down : Up;
         for (int i = 0; i < steps; ++i) {
@@ -110,7 +110,7 @@ TEST_F(AudioController, NoWalkOfStepsDragsAndTypedValuesLosesTheWayBackToNormal)
         }
         ASSERT_TRUE(isNormal()) << steps << " steps";
 
-        // And by the step buttons alone from wherever a whole number of steps leads.
+        // A whole number of steps away from normal, the step buttons alone lead back.
         transport.playbackSpeedTextField->setText(QString::number(10 + 5 * (random() % 39)));
         player.speedTextChanged(transport.playbackSpeedTextField);
         while (player.playbackSpeedPct() < 100.0F)

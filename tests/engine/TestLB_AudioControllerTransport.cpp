@@ -1,4 +1,4 @@
-// What LB_AudioController's buttons, sliders and fields do to a loaded song.
+// LB_AudioController's buttons, sliders and fields act on a loaded song.
 
 #include "engine/AudioControllerFixture.h"
 
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 
 // Play and loop
 
-TEST_F(AudioController, SaysInWordsWhyNothingIsHeardAndTellsWhenThatChanges)
+TEST_F(AudioController, DescribesASoundProblemAndSignalsItsChanges)
 {
     int told = 0;
     QObject::connect(&player, &LB_AudioController::soundProblemChanged, &context, [&] { ++told; });
@@ -27,7 +27,7 @@ TEST_F(AudioController, SaysInWordsWhyNothingIsHeardAndTellsWhenThatChanges)
     transport.audio.failAt(FakeStep::OutputStart, status::soundServerHangs);
     player.setIsRunning(true);
     EXPECT_EQ(player.soundProblem(), u"No sound: the sound server does not answer"_s);
-    EXPECT_EQ(told, 0); // from whatever thread it comes, it is told by the event loop
+    EXPECT_EQ(told, 0); // the event loop delivers it, whatever the thread
     QCoreApplication::processEvents();
     EXPECT_EQ(told, 1);
 
@@ -53,7 +53,7 @@ TEST_F(AudioController, PlayStartsAndPausesALoadedSong)
     EXPECT_EQ(emptyPresses, 0);
 }
 
-TEST_F(AudioController, PlayWithNothingLoadedIsAnnouncedAndStartsNothing)
+TEST_F(AudioController, PlayWithNothingLoadedIsOnlyAnnounced)
 {
     transport.playPauseButton->setState(1);
     player.playPauseButtonPressed(transport.playPauseButton);
@@ -86,7 +86,7 @@ TEST_F(AudioController, ThreeLoopClicksMarkCloseAndClear)
     EXPECT_EQ(player.loopEndFrame(), 5000U);
 }
 
-TEST_F(AudioController, ALoopEndBeforeItsStartIsTakenAsItIs)
+TEST_F(AudioController, ALoopEndBeforeItsStartIsAccepted)
 {
     loadedTrack();
     player.setCurrentFrame(5000);
@@ -201,7 +201,7 @@ TEST_F(AudioController, TypedSpeedIsClampedAndKeepsItsFraction)
     EXPECT_EQ(player.playbackSpeedPct(), 10.0F);
 }
 
-TEST_F(AudioController, TypedSpeedThatIsNoNumberOrZeroIsPutBack)
+TEST_F(AudioController, RestoresTheFieldAfterATypedSpeedThatIsNoNumberOrZero)
 {
     player.setPlaybackSpeedPct(80.0F);
     for (const QString &text : {u"fast"_s, u"0"_s, u""_s}) {
@@ -212,7 +212,7 @@ TEST_F(AudioController, TypedSpeedThatIsNoNumberOrZeroIsPutBack)
     }
 }
 
-TEST_F(AudioController, TypedPitchOfZeroIsPutBack)
+TEST_F(AudioController, RestoresTheFieldAfterATypedPitchOfZero)
 {
     player.setPlaybackPitch(300.0F);
     transport.playbackPitchTextField->setText(u"0"_s);
@@ -224,7 +224,7 @@ TEST_F(AudioController, TypedPitchOfZeroIsPutBack)
     EXPECT_EQ(player.playbackPitch(), -2400.0F);
 }
 
-TEST_F(AudioController, AStepButtonEntersWhatIsBeingTypedFirst)
+TEST_F(AudioController, AStepButtonFirstEntersTheTypedText)
 {
     QObject::connect(transport.playbackSpeedTextField, &NumberField::entered, &player,
                      &LB_AudioController::speedTextChanged);
@@ -253,7 +253,7 @@ TEST_F(AudioController, ASliderMovedByKeysKeepsTheKeyboard)
     EXPECT_TRUE(transport.playbackPitchSlider->hasFocus());
 }
 
-TEST_F(AudioController, EqualizerLevelsGoToTheirParameter)
+TEST_F(AudioController, EqualizerLevelsReachTheirParameter)
 {
     player.setEqLevelForIndex(-6.5F, 14);
     EXPECT_EQ(player.eqLevelForIndex(14), -6.5F);
@@ -300,7 +300,7 @@ TEST_F(AudioController, SavingNormalSpeedAndPitchLeavesTheSongWithoutSettings)
     EXPECT_FALSE(transport.settings.hasSettingsForInode(record->inode));
 }
 
-TEST_F(AudioController, RemovingSettingsKeepsWhatIsPlayed)
+TEST_F(AudioController, RemovingSettingsKeepsThePlayingSpeed)
 {
     const auto record = loadedTrack();
     player.setPlaybackSpeedPct(75.0F);
@@ -312,7 +312,7 @@ TEST_F(AudioController, RemovingSettingsKeepsWhatIsPlayed)
     EXPECT_EQ(player.playbackSpeedPct(), 75.0F);
 }
 
-TEST_F(AudioController, TellsOfKeptAndForgottenSettingsWhenTheRecordKnowsOfThem)
+TEST_F(AudioController, SignalsStoredAndRemovedSettingsAfterUpdatingTheRecord)
 {
     const auto record = loadedTrack();
     std::vector<bool> told;

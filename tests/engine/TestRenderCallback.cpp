@@ -8,10 +8,10 @@ namespace lyrabox::test {
 namespace {
 
 constexpr std::uint32_t slice = TimePitchUnit::sliceFrames;
-constexpr float untouched = 0.5F; ///< no frame index
+constexpr float untouched = 0.5F; ///< differs from every frame index
 constexpr std::uint64_t largest = std::numeric_limits<std::uint64_t>::max();
 
-/// What one call of the render routine left in its buffers.
+/// The buffers after one call of the render routine.
 struct Rendered {
     std::array<std::vector<float>, maximumChannels> channels;
 };
@@ -47,7 +47,7 @@ TEST_F(RenderCallback, CopiesEveryChannelFromThePosition)
     EXPECT_EQ(engine::currentFrame(), 300U + slice);
 }
 
-TEST_F(RenderCallback, EndsWithExactlyTwoBuffersLeft)
+TEST_F(RenderCallback, TheSongEndsWithExactlyTwoBuffersLeft)
 {
     loadSong(10000);
     engine::setOutputRunning(true);
@@ -96,7 +96,7 @@ TEST_F(RenderCallback, ASongShorterThanTwoBuffersParksBelowZero)
     render(slice);
     EXPECT_TRUE(engine::trackHasEnded());
     EXPECT_EQ(engine::currentFrame(), largest - (2 * slice - 100) + 1);
-    // From there the distance to the end is two buffers again.
+    // The distance from there to the end is two buffers again.
     engine::setTrackHasEnded(false);
     render(slice);
     EXPECT_TRUE(engine::trackHasEnded());
@@ -140,7 +140,7 @@ TEST_F(RenderCallback, LoopEndOfZeroRestartsAtEveryCallback)
         EXPECT_EQ(render(slice).channels[0].front(), 4000.0F);
 }
 
-TEST_F(RenderCallback, LoopPointsMeanNothingWithLoopingOff)
+TEST_F(RenderCallback, LoopPointsHaveNoEffectWithLoopingOff)
 {
     loadSong(10000);
     for (const std::uint64_t loopPoint : {std::uint64_t{0}, std::uint64_t{5000}, largest}) {
@@ -152,7 +152,7 @@ TEST_F(RenderCallback, LoopPointsMeanNothingWithLoopingOff)
     }
 }
 
-TEST_F(RenderCallback, LoopStartBeyondTheSongIsSilenceAndThePositionMovesOn)
+TEST_F(RenderCallback, ALoopStartBeyondTheSongGivesSilenceAndThePositionAdvances)
 {
     loadSong(10000);
     engine::setLoopStartFrame(50000);
@@ -195,7 +195,7 @@ TEST_F(RenderCallback, TheEndMarginIsComputedIn32Bits)
 {
     loadSong(10000);
     engine::seekToFrame(0);
-    // Twice 2^31 is 0 in 32 bits, so this is not the end although 10,000 frames are fewer.
+    // Twice 2^31 is 0 in 32 bits. So this is not the end, although only 10,000 frames are left.
     render(std::uint32_t{1} << 31, 16);
     EXPECT_FALSE(engine::trackHasEnded());
     EXPECT_EQ(engine::currentFrame(), std::uint64_t{1} << 31);
@@ -205,7 +205,7 @@ TEST_F(RenderCallback, BuffersBeyondTheChannelsAreNotTouched)
 {
     loadSong(10000);
     engine::seekToFrame(300);
-    // The list says that it holds more buffers than the engine has channels, and it does.
+    // The list claims more buffers than the engine has channels, and it has them.
     constexpr std::uint32_t count = maximumChannels + 3;
     struct LongList {
         AudioBufferList list;
@@ -240,10 +240,10 @@ TEST_F(RenderCallback, NoSongIsTheEnd)
     EXPECT_THAT(rendered.channels[0], testing::Each(untouched));
 }
 
-TEST_F(RenderCallback, ASeekInTheCallbackThatEndsTheSongIsKeptWholeOrNotAtAll)
+TEST_F(RenderCallback, ASeekDuringTheSongsLastCallbackIsKeptOrDroppedAsAWhole)
 {
-    // The output's stop(), which the render routine calls at the end of the song, is where a test
-    // can get in between; so the seek comes from a unit that seeks when it is stopped.
+    // At the end of the song the render routine calls the output's stop(). A test can interfere
+    // only there, so this output seeks when it is stopped.
     class SeekingOutput : public OutputUnit {
     public:
         Status initialize() override { return 0; }
@@ -276,12 +276,12 @@ TEST_F(RenderCallback, ASeekInTheCallbackThatEndsTheSongIsKeptWholeOrNotAtAll)
     engine::seekToFrame(9999);
     output->armed = true;
     render(slice);
-    // The end was decided before the seek: position and flag both say so.
+    // The end was decided before the seek. Position and flag agree.
     EXPECT_TRUE(engine::trackHasEnded());
     EXPECT_EQ(engine::currentFrame(), 10000U - 2U * slice);
 }
 
-/// The rules once more, frame by frame and without any care for speed.
+/// A slow reference of the render routine, frame by frame.
 struct Model {
     std::uint64_t total;
     std::uint64_t position;
@@ -310,7 +310,7 @@ struct Model {
     }
 };
 
-TEST_F(RenderCallback, AgreesWithTheRulesAtTenThousandRandomPositionsAndLoopPoints)
+TEST_F(RenderCallback, MatchesAReferenceAtTenThousandRandomPositionsAndLoops)
 {
     std::mt19937_64 random(20240607);
     const auto below = [&random](std::uint64_t limit) { return random() % limit; };
@@ -378,7 +378,7 @@ TEST_F(RenderCallback, AgreesWithTheRulesAtTenThousandRandomPositionsAndLoopPoin
     }
 }
 
-TEST_F(RenderCallback, AByteCountThatIsNoWholeFrameIsFilledToItsLastByte)
+TEST_F(RenderCallback, FillsAPartialFrameToItsLastByte)
 {
     loadSong(1000);
     engine::setLoopStartFrame(997);

@@ -19,7 +19,7 @@ class SongDecoding : public EngineFixture {
 protected:
     SongDecoding() { EXPECT_EQ(engine::buildAudioSystem(), 0); }
 
-    /// What is heard from `frame` on, first channel.
+    /// The first channel of the sound from `frame` on.
     float sampleAt(std::uint64_t frame)
     {
         engine::setTrackHasEnded(false);
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(SongDecoding, TakesItsStepsInOrder)
+TEST_F(SongDecoding, CarriesOutItsStepsInOrder)
 {
     song->artwork = "picture";
     EXPECT_EQ(loadSong(10000), 0);
@@ -44,7 +44,7 @@ TEST_F(SongDecoding, TakesItsStepsInOrder)
     EXPECT_EQ(song->readersAlive, 0);
 }
 
-TEST_F(SongDecoding, TellsTheSecondsOfALoadThatTakesLong)
+TEST_F(SongDecoding, ReportsTheSecondsOfALongLoad)
 {
     std::chrono::milliseconds now{};
     std::vector<std::pair<qint64, qint64>> told;
@@ -62,7 +62,7 @@ TEST_F(SongDecoding, TellsTheSecondsOfALoadThatTakesLong)
     EXPECT_EQ(told.size(), 5U);
 }
 
-TEST_F(SongDecoding, TellsNoTotalWhereTheFileDoesNot)
+TEST_F(SongDecoding, ReportsNoTotalIfTheFileStatesNone)
 {
     std::chrono::milliseconds now{};
     std::vector<qint64> totals;
@@ -74,7 +74,7 @@ TEST_F(SongDecoding, TellsNoTotalWhereTheFileDoesNot)
     EXPECT_THAT(totals, ElementsAre(0, 0, 0));
 }
 
-TEST_F(SongDecoding, TellsThatItGoesOnWhileTheFileIsSlowToOpen)
+TEST_F(SongDecoding, ReportsProgressWhileTheFileOpensSlowly)
 {
     std::chrono::milliseconds now{};
     std::vector<std::pair<qint64, qint64>> told;
@@ -84,7 +84,7 @@ TEST_F(SongDecoding, TellsThatItGoesOnWhileTheFileIsSlowToOpen)
     loadSong(4410);
     engine::setLoadProgressHook({});
     ASSERT_GE(told.size(), 2U);
-    EXPECT_EQ(told.front(), std::pair(qint64{0}, qint64{0})); // its length is not known yet
+    EXPECT_EQ(told.front(), std::pair(qint64{0}, qint64{0})); // the length is not known yet
 }
 
 TEST_F(SongDecoding, EndsWithAResetAtFrameZero)
@@ -98,7 +98,7 @@ TEST_F(SongDecoding, EndsWithAResetAtFrameZero)
                 ElementsAre("output1.reset", "timePitch1.reset", "equalizer1.reset"));
 }
 
-TEST_F(SongDecoding, EveryFrameOfALongSongIsWhereItBelongs)
+TEST_F(SongDecoding, EveryFrameOfALongSongIsInItsPlace)
 {
     constexpr std::uint64_t frames = 3000001; // several steps of growth
     ASSERT_EQ(loadSong(frames), 0);
@@ -107,7 +107,7 @@ TEST_F(SongDecoding, EveryFrameOfALongSongIsWhereItBelongs)
         ASSERT_EQ(sampleAt(frame), static_cast<float>(frame));
 }
 
-TEST_F(SongDecoding, TheNextReadAsksForWhatTheLastOneDelivered)
+TEST_F(SongDecoding, TheNextReadAsksForAsManyFramesAsTheLastOneDelivered)
 {
     song->maximumFramesPerRead = 3000;
     EXPECT_EQ(loadSong(7000), 0);
@@ -126,7 +126,7 @@ TEST_F(SongDecoding, AnEmptyFileLoadsWithNoFrames)
     EXPECT_TRUE(engine::trackHasEnded());
 }
 
-TEST_F(SongDecoding, AFailureToOpenOrConvertLeavesTheSongAsItIs)
+TEST_F(SongDecoding, AFailureToOpenOrConvertKeepsTheSong)
 {
     song->artwork = "first";
     loadSong(50000);
@@ -148,7 +148,7 @@ TEST_F(SongDecoding, AFailureToOpenOrConvertLeavesTheSongAsItIs)
     EXPECT_EQ(sampleAt(20000), 20000.0F);
 }
 
-TEST_F(SongDecoding, AFailureWhileReadingKeepsWhatWasDecodedAndReturnsTheStatus)
+TEST_F(SongDecoding, AFailureWhileReadingKeepsTheDecodedPartAndReturnsTheStatus)
 {
     song->readStatus = status::invalidFile;
     song->readFailsAtFrame = 16384;
@@ -160,7 +160,7 @@ TEST_F(SongDecoding, AFailureWhileReadingKeepsWhatWasDecodedAndReturnsTheStatus)
     EXPECT_EQ(sampleAt(16000), 16000.0F);
 }
 
-TEST_F(SongDecoding, ArtworkOfTheEarlierSongGoes)
+TEST_F(SongDecoding, TheLastSongsArtworkIsDropped)
 {
     song->artwork = "picture";
     loadSong(1000);
@@ -180,10 +180,10 @@ TEST_F(SongDecoding, ASongThatDoesNotFitIsRefusedBeforeAnythingIsRead)
     EXPECT_EQ(sampleAt(500), 500.0F);
 }
 
-TEST_F(SongDecoding, TheSongThatIsReplacedMakesRoom)
+TEST_F(SongDecoding, TheOldSongsMemoryCountsAsAvailable)
 {
     loadSong(200000);
-    // Enough for 150,000 frames only together with what the first song gives back.
+    // Enough for 150,000 frames only together with the first song's memory.
     auto available = std::make_shared<std::uint64_t>(10);
     engine::setAvailableMemoryProbe([available] {
         const std::uint64_t now = *available;
@@ -202,7 +202,7 @@ TEST_F(SongDecoding, AnEstimateThatOverflowsIsRefused)
     }
 }
 
-TEST_F(SongDecoding, ASongIsNotRefusedForALengthThatItsPacketsBelie)
+TEST_F(SongDecoding, AWrongLengthIsCheckedByCountingPackets)
 {
     engine::setAvailableMemoryProbe([] { return std::uint64_t{10000000}; });
     song->estimatedFrames = 5000000;
@@ -210,11 +210,11 @@ TEST_F(SongDecoding, ASongIsNotRefusedForALengthThatItsPacketsBelie)
     EXPECT_EQ(loadSong(1000), 0);
     song->countedFrames = 4000000;
     EXPECT_EQ(loadSong(4000000), status::notEnoughMemory);
-    song->countedFrames.reset(); // cannot be counted
+    song->countedFrames.reset(); // the packets can't be counted
     EXPECT_EQ(loadSong(1000), status::notEnoughMemory);
 }
 
-TEST_F(SongDecoding, ALengthThatIsOnlyGuessedIsCountedWhereItMatters)
+TEST_F(SongDecoding, AGuessedLengthIsCountedIfItMatters)
 {
     loadSong(10);
     song->calls.clear();
@@ -225,13 +225,13 @@ TEST_F(SongDecoding, ALengthThatIsOnlyGuessedIsCountedWhereItMatters)
     EXPECT_EQ(loadSong(2000000), status::notEnoughMemory);
     EXPECT_THAT(song->calls, Not(Contains(StartsWith("read"))));
 
-    song->estimatedFrames = 1000; // however wrong it is, it fits
+    song->estimatedFrames = 1000; // fits in any case
     song->calls.clear();
     EXPECT_EQ(loadSong(1000), 0);
     EXPECT_THAT(song->calls, Not(Contains("count")));
 }
 
-TEST_F(SongDecoding, WhereTheContainerTellsNoLengthItIsCounted)
+TEST_F(SongDecoding, AnUnknownLengthIsCounted)
 {
     engine::setAvailableMemoryProbe([] { return std::uint64_t{8000000}; });
     song->estimateIsKnown = false;
@@ -256,8 +256,8 @@ TEST_F(SongDecoding, JunkInAnMp3DoesNotMakeItTooLong)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes + QByteArray(12 << 20, '\0') + bytes);
     file.close();
-    engine::setSongReaderFactory({}); // the program's own
-    // Eight seconds take 2.8 MB; by its size the file would be thirteen minutes long.
+    engine::setSongReaderFactory({}); // the program's reader
+    // Eight seconds take 2.8 MB. The file's size suggests thirteen minutes.
     engine::setAvailableMemoryProbe([] { return std::uint64_t{40000000}; });
     EXPECT_EQ(engine::loadAudioFile(QUrl::fromLocalFile(path)), 0);
     EXPECT_NEAR(static_cast<double>(engine::totalFrames()), 8.0 * 44100, 5000.0);
@@ -280,7 +280,7 @@ TEST_F(SongDecoding, MemoryThatRunsOutWhileReadingLeavesTheEngineEmpty)
     EXPECT_EQ(sampleAt(0), 0.0F);
 }
 
-TEST_F(SongDecoding, MemoryIsAskedForWhatTheNextReadWillNeed)
+TEST_F(SongDecoding, OnlyTheNextReadsMemoryIsRequired)
 {
     // The first read needs 8,192 frames and a byte for each channel, 65,538 bytes in all.
     song->estimateIsKnown = false;
@@ -292,9 +292,9 @@ TEST_F(SongDecoding, MemoryIsAskedForWhatTheNextReadWillNeed)
     EXPECT_EQ(engine::totalFrames(), 1000U);
 }
 
-TEST_F(SongDecoding, WhatIsDecodedAlreadyIsNotAskedForAgain)
+TEST_F(SongDecoding, DecodedFramesNeedNoFurtherMemory)
 {
-    // Half of the song, and what one read needs, is less than all that was decoded.
+    // Half of the song plus one read is less than the decoded part.
     song->estimateIsKnown = false;
     engine::setAvailableMemoryProbe([] { return std::uint64_t{200000}; });
     EXPECT_EQ(loadSong(100000), 0); // 800,000 bytes
@@ -332,7 +332,7 @@ TEST_F(SongDecoding, ASongMayBeLoadedBeforeThereIsAChain)
     EXPECT_EQ(engine::totalFrames(), 0U);
 }
 
-TEST_F(SongDecoding, TheProgramsOwnReaderReportsAMissingFile)
+TEST_F(SongDecoding, TheProgramsReaderReportsAMissingFile)
 {
     engine::setSongReaderFactory({});
     EXPECT_EQ(engine::loadAudioFile(QUrl::fromLocalFile(QStringLiteral("/nowhere/song.flac"))),

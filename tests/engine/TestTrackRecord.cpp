@@ -21,7 +21,7 @@ TEST(TrackRecord, DurationIsReadFromFloatDoubleAndText)
     EXPECT_EQ(record.durationValue(), 61.25);
 }
 
-TEST(TrackRecord, ADurationThatIsNoNumberIsZero)
+TEST(TrackRecord, ADurationThatIsNotANumberIsZero)
 {
     TrackRecord record;
     for (const QVariant &value :

@@ -19,12 +19,12 @@ TEST(TransportRules, TagsStepDownResetAndUpAndOthersChangeNothing)
     EXPECT_EQ(stepped(0, 0.0F, pitchStep, normalPitch), -100.0F);
 }
 
-TEST(TransportRules, AStepFromHundredthsLandsOnTheNearestFloatOfTheHundredth)
+TEST(TransportRules, AStepFromHundredthsGivesTheNearestFloat)
 {
     EXPECT_EQ(stepped(2, 123.4F, speedStep, normalSpeed), 128.4F);
     EXPECT_EQ(stepped(0, 128.4F, speedStep, normalSpeed), 123.4F);
     EXPECT_EQ(stepped(2, 99.99999237F, speedStep, normalSpeed), 105.0F);
-    // Other fractions stay what they are.
+    // Other fractions stay as they are.
     EXPECT_EQ(stepped(2, 62.003F, speedStep, normalSpeed), 62.003F + 5.0F);
 }
 
@@ -47,7 +47,7 @@ TEST(TransportRules, CentsAreTruncatedTowardZeroWithin16Bits)
     EXPECT_EQ(wholeCents(std::numeric_limits<float>::quiet_NaN()), 0);
 }
 
-TEST(TransportRules, ArtistLineJoinsWhatThereIs)
+TEST(TransportRules, ArtistLineJoinsThePartsThatExist)
 {
     EXPECT_EQ(artistLine(u"A"_s, u"B"_s), QString::fromUtf8("A \xe2\x97\x8f B"));
     EXPECT_EQ(artistLine(u""_s, u"B"_s), u"B"_s);
