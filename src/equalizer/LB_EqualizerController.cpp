@@ -32,8 +32,8 @@ using lyrabox::EqPresetRef;
 
 namespace {
 
-constexpr float minimumLevel = -12.0F;
-constexpr float maximumLevel = 12.0F;
+static_assert(EqPreset::bands == lyrabox::equalizerControls);
+
 constexpr const char *tagProperty = "tag";
 
 int tagOf(const QWidget *control)
@@ -41,7 +41,7 @@ int tagOf(const QWidget *control)
     return control->property(tagProperty).toInt();
 }
 
-/// The controls of one kind in a container, tagged 0 upward in the order of the interface
+/// The controls of one kind in a container. They get tags from 0 on, in the order of the interface
 /// definition.
 template <typename Control>
 std::vector<Control *> taggedControls(QWidget *container)
@@ -65,7 +65,7 @@ LB_EqualizerController::~LB_EqualizerController() = default;
 void LB_EqualizerController::setPresetTableView(QTableView *view)
 {
     m_presetTableView = view;
-    // Before the model, whose columns a visible header would measure in fonts of its own.
+    // Before the model is set, because a visible header would measure its columns at once.
     view->horizontalHeader()->hide();
     view->verticalHeader()->hide();
     LB_TableRowView::install(view);
@@ -91,7 +91,7 @@ void LB_EqualizerController::setBoxes(QWidget *container)
     m_boxes = container;
     m_boxOfBand = taggedControls<lyrabox::NumberField>(container);
     for (lyrabox::NumberField *box : m_boxOfBand)
-        box->setLimits(minimumLevel, maximumLevel);
+        box->setLimits(lyrabox::equalizerLevelRange.minimum, lyrabox::equalizerLevelRange.maximum);
 }
 
 void LB_EqualizerController::setStepControls(QWidget *container)
@@ -144,7 +144,7 @@ void LB_EqualizerController::selectRow(int row)
     m_presetTableView->scrollTo(index);
 }
 
-/// The first row, unless a file gives the manual preset another place.
+/// Usually the first row. A settings file may give the manual preset another place.
 int LB_EqualizerController::manualRow() const
 {
     const EqPresetList &presets = arrangedObjects();
@@ -157,7 +157,7 @@ std::optional<int> LB_EqualizerController::rowOfCurrentPreset() const
 {
     if (!m_currentPreset)
         return std::nullopt;
-    // No two records of the list share their levels, but two may be alike.
+    // Two records may have equal contents, but every record has levels of its own.
     const EqPresetList &presets = arrangedObjects();
     const auto found =
         std::find_if(presets.begin(), presets.end(), [this](const EqPresetRef &preset) {
@@ -210,8 +210,8 @@ std::vector<float> LB_EqualizerController::engineLevels() const
     return levels;
 }
 
-/// A click on a slider or step control leaves the keyboard in the box, so that an edit in it has
-/// not ended. Turning to the manual preset shows every level anew, and would forget it.
+/// A click on a slider or a step control does not take the keyboard from a box, so an edit there
+/// may still be open. Selecting the manual preset refreshes every box and would lose it.
 void LB_EqualizerController::enterHalfTypedLevels(int exceptTag)
 {
     for (lyrabox::NumberField *box : m_boxOfBand) {
@@ -263,8 +263,7 @@ void LB_EqualizerController::eqButtonPressed(lyrabox::ButtonMatrix *sender)
 
 void LB_EqualizerController::switchToManualPreset()
 {
-    // A new list of levels: the one that the manual preset had may be shared with a copy made
-    // earlier.
+    // The manual preset gets a new list of levels, because an earlier copy may share the old one.
     const int row = manualRow();
     arrangedObjects().at(static_cast<std::size_t>(row))->levels =
         std::make_shared<std::vector<float>>(engineLevels());
@@ -280,7 +279,7 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
     const bool adds = m_currentPreset->persistent.has_value();
     enterHalfTypedLevels();
     if (adds != m_currentPreset->persistent.has_value())
-        return; // the button was pressed for a preset that is no longer selected
+        return; // Entering the levels has selected another preset.
     m_presetToRemove = adds ? nullptr : currentRecord();
     LB_PopoverViewController *content = adds ? LB_PopoverViewController::load<Ui::AddPopover>()
                                              : LB_PopoverViewController::load<Ui::RemovePopover>();
@@ -332,8 +331,8 @@ void LB_EqualizerController::removeOkButtonPressed()
     m_popover->closePopover();
 }
 
-/// The popover asks for the name of a new preset while a built-in one is selected, or whether one
-/// preset is to be removed while that one is.
+/// Closes the popover if its question no longer fits the selection: the name of a new preset needs
+/// a built-in one, and the removal of a preset needs that preset.
 void LB_EqualizerController::closeOutdatedPopover()
 {
     if (m_popover == nullptr || !m_popover->isShown())
@@ -346,7 +345,7 @@ void LB_EqualizerController::closeOutdatedPopover()
 
 void LB_EqualizerController::controlTextDidEndEditing()
 {
-    // Only Return leaves the keyboard in the box; a click or Tab has taken it elsewhere already.
+    // After Return the box still has the keyboard. A click or Tab has moved it already.
     const QWidget *focus = m_eqWindow->focusWidget();
     if (focus != nullptr && m_boxes->isAncestorOf(focus))
         m_sliders->setFocus();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/audio/SoundRanges.h"
 #include "settings/EqPreset.h"
 
 #include <QObject>
@@ -24,18 +25,19 @@ class Popover;
 class PresetTableModel;
 class StateButton;
 
-/// The level after a step control's cell was pressed: 2 is up one decibel, 1 is zero, 0 is down
-/// one; dB, held within -12 to +12.
+/// The level in dB after a cell of a step control was pressed. Tag 2 raises it by 1 dB, tag 1 sets
+/// it to 0 dB, tag 0 lowers it by 1 dB. The result is clamped to equalizerLevelRange.
 float levelAfterStep(float level, int cellTag);
 
-/// The largest id in the list plus 1.
+/// One more than the largest id in the list. 0 for an empty list.
 qint64 nextPresetId(const EqPresetList &presets);
 
 } // namespace lyrabox
 
-/// The equalizer window: the preset list and the ten bands. From the launch on exactly one preset
-/// is selected; a band that is touched while a named preset is selected turns to the manual preset.
-/// Main thread only. Outlets are set once, before the launch, and are not owned.
+/// Controls the equalizer window with its preset list and its ten bands. After the launch exactly
+/// one preset is selected. If the user changes a band while a named preset is selected, the manual
+/// preset is selected instead and takes the change. Main thread only. Outlets are set once, before
+/// the launch, and are not owned.
 class LB_EqualizerController : public QObject {
     Q_OBJECT
 
@@ -43,6 +45,7 @@ public:
     explicit LB_EqualizerController(QObject *parent = nullptr);
     ~LB_EqualizerController() override;
 
+    // Nothing uses the application delegate: docs/kept-on-purpose.md.
     LB_AppDelegate *appDelegate() const { return m_appDelegate; }
     void setAppDelegate(LB_AppDelegate *delegate) { m_appDelegate = delegate; }
     LB_AudioController *audio() const { return m_audio; }
@@ -66,24 +69,28 @@ public:
     lyrabox::StateButton *addRemoveButton() const { return m_addRemoveButton; }
     void setAddRemoveButton(lyrabox::StateButton *button) { m_addRemoveButton = button; }
 
-    /// A copy of the selected record that shares its levels with the list's; none before the
-    /// launch.
+    /// A copy of the selected record. It shares its levels with the record in the list. Nothing
+    /// before the launch.
     const std::optional<lyrabox::EqPreset> &currentPreset() const { return m_currentPreset; }
+    /// The presets in the order of the table.
     const lyrabox::EqPresetList &arrangedObjects() const;
 
+    /// Waits for the launch notification, which calls appDidLaunch().
     void awakeFromNib();
+    /// Fills the table and selects the preset of the last session.
     void appDidLaunch();
 
     // Actions.
     void sliderValueChanged(LB_Slider *sender);
     void boxValueChanged(lyrabox::NumberField *sender);
     void eqButtonPressed(lyrabox::ButtonMatrix *sender);
-    /// Asks for a new preset's name while a built-in preset is selected, else whether the selected
-    /// preset is to be removed. The popover closes when the selection no longer fits what it asks.
+    /// Opens a popover. If a built-in preset is selected, it asks for the name of a new preset.
+    /// Otherwise it asks whether to remove the selected one. It closes when another preset is
+    /// selected that its question does not fit.
     void addRemoveButtonPressed(QWidget *sender);
     void addPresetNameEntered(QLineEdit *sender);
-    /// Removes the preset that the popover asks about, or the selected one while it is closed.
-    /// Presets that ship with the program stay.
+    /// Removes the preset that the popover asks about, or the selected one if the popover is
+    /// closed. Built-in presets stay.
     void removeOkButtonPressed();
     void controlTextDidEndEditing();
 
@@ -91,11 +98,11 @@ public:
     void switchToManualPreset();
     void synchronizeControlsWithAudioUnit();
 
-    /// The engine's parameter ID of the user interface's band.
-    static quint32 eqBandForIndex(quint32 index) { return 3U * index + 2U; }
+    /// The engine's parameter ID for a band of the user interface.
+    static quint32 eqBandForIndex(quint32 index) { return lyrabox::equalizerBandOfControl(index); }
 
-    /// Built-in presets first, by their "persistent" text, falling; then by name, as people sort
-    /// names.
+    /// Sorts the presets: built-in ones first, by their "persistent" text in falling order, then by
+    /// name in the user's alphabet.
     static lyrabox::EqPresetList arrangeObjects(const lyrabox::EqPresetList &presets);
 
 private:
@@ -125,5 +132,5 @@ private:
     std::vector<lyrabox::NumberField *> m_boxOfBand;
     std::shared_ptr<lyrabox::EqPresetList> m_content;
     std::optional<lyrabox::EqPreset> m_currentPreset;
-    lyrabox::EqPresetRef m_presetToRemove; ///< while the popover asks about it
+    lyrabox::EqPresetRef m_presetToRemove; ///< the one that the open popover asks about
 };

@@ -1,4 +1,4 @@
-// What needs no window: steps, ids and the order of the presets.
+// The parts that need no window: steps, ids and the order of the presets.
 
 #include "equalizer/LB_EqualizerController.h"
 
@@ -12,9 +12,7 @@ using lyrabox::EqPresetRef;
 namespace lyrabox {
 
 namespace {
-constexpr float minimumLevel = -12.0F;
-constexpr float maximumLevel = 12.0F;
-constexpr float levelStep = 1.0F;
+constexpr float levelStep = 1.0F; // dB
 } // namespace
 
 float levelAfterStep(float level, int cellTag)
@@ -32,7 +30,7 @@ float levelAfterStep(float level, int cellTag)
     default:
         break;
     }
-    return std::max(minimumLevel, std::min(maximumLevel, level));
+    return equalizerLevelRange.clamped(level);
 }
 
 qint64 nextPresetId(const EqPresetList &presets)

@@ -6,7 +6,8 @@
 
 namespace lyrabox {
 
-/// The presets in their arranged order, one column with the names.
+/// A table of the presets in the order that setArrangedObjects() is given. Its one column holds the
+/// names.
 class PresetTableModel : public QAbstractTableModel {
     Q_OBJECT
 

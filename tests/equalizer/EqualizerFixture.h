@@ -33,7 +33,7 @@ inline EqPresetRef preset(qint64 id, const QString &name, float level,
     return made;
 }
 
-/// The equalizer window over four presets, with actions that a test calls or connects.
+/// The equalizer window with four presets. The tests call or connect its actions.
 struct Equalizer : testing::Test {
     explicit Equalizer(std::optional<int> storedPreset = {})
     {

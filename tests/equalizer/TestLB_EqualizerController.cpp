@@ -32,7 +32,7 @@ TEST_F(Equalizer, ArrangesBuiltInPresetsFirstThenByNameIgnoringCase)
                                      QStringLiteral("Rock"), QStringLiteral("Attic")));
 }
 
-TEST_F(Equalizer, TouchesNothingBeforeTheLaunch)
+TEST_F(Equalizer, ChangesNothingBeforeTheLaunch)
 {
     EXPECT_FALSE(controller.currentPreset().has_value());
     EXPECT_EQ(controller.arrangedObjects().size(), 0U);
@@ -70,7 +70,7 @@ TEST_F(Equalizer, SelectingAPresetAppliesItAndRemembersIt)
     EXPECT_EQ(userDefaults().value(defaultsKey::eqPreset).toInt(), 7);
 }
 
-TEST_F(Equalizer, MovingASliderOnANamedPresetTurnsToTheManualOne)
+TEST_F(Equalizer, MovingASliderOnANamedPresetSelectsTheManualOne)
 {
     launch();
     select(QStringLiteral("Rock"));
@@ -85,7 +85,7 @@ TEST_F(Equalizer, MovingASliderOnANamedPresetTurnsToTheManualOne)
     EXPECT_EQ(box(3)->floatValue(), -6.0F);
 }
 
-TEST_F(Equalizer, MovingASliderOnTheManualPresetChangesOnlyThat)
+TEST_F(Equalizer, MovingASliderOnTheManualPresetChangesOnlyThatPreset)
 {
     launch();
     moveSlider(0, 4.5F);
@@ -113,7 +113,7 @@ TEST_F(Equalizer, EditingABoxSetsTheEngineAndTheSlider)
     EXPECT_EQ((*manual->levels)[2], -3.5F);
 }
 
-TEST_F(Equalizer, TypedValueOutsideIsBroughtToTheLimitByTheBox)
+TEST_F(Equalizer, TheBoxClampsATypedValue)
 {
     launch();
     QObject::connect(box(2), &NumberField::entered, &controller,
@@ -124,7 +124,7 @@ TEST_F(Equalizer, TypedValueOutsideIsBroughtToTheLimitByTheBox)
     EXPECT_EQ(engineLevel(2), 12.0F);
 }
 
-TEST_F(Equalizer, UpAtTheTopStaysAndDownAtTheBottomStays)
+TEST_F(Equalizer, StepsStayWithinTheRange)
 {
     launch();
     moveSlider(1, 12.0F);
@@ -149,7 +149,7 @@ TEST_F(Equalizer, StepsGoUpDownAndToZero)
     EXPECT_EQ((*manual->levels)[5], 0.0F);
 }
 
-TEST_F(Equalizer, StepOnANamedPresetKeepsIt)
+TEST_F(Equalizer, AStepOnANamedPresetKeepsThatPresetsLevels)
 {
     launch();
     select(QStringLiteral("bass"));
@@ -197,7 +197,7 @@ TEST_F(Equalizer, RemovingAUserPresetSelectsTheManualOneWithItsLevels)
     EXPECT_EQ(engineLevel(0), 7.0F);
 }
 
-TEST_F(Equalizer, AddsWhileABuiltInPresetIsSelected)
+TEST_F(Equalizer, TheButtonAddsWhileABuiltInPresetIsSelected)
 {
     launch();
     window.show();
@@ -213,7 +213,7 @@ TEST_F(Equalizer, AddsWhileABuiltInPresetIsSelected)
     EXPECT_FALSE(popover.isShown());
 }
 
-TEST_F(Equalizer, RemovesWhileAUserPresetIsSelected)
+TEST_F(Equalizer, TheButtonRemovesWhileAUserPresetIsSelected)
 {
     launch();
     window.show();
@@ -255,7 +255,7 @@ TEST_F(Equalizer, ReturnInABoxGivesTheKeyboardToTheSliders)
     EXPECT_EQ(window.focusWidget(), ui.sliders);
 }
 
-TEST_F(Equalizer, PresetTableModelKeepsItsPromises)
+TEST_F(Equalizer, PresetTableModelIsConsistent)
 {
     PresetTableModel model;
     const QAbstractItemModelTester tester(&model,

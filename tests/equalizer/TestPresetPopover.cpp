@@ -1,4 +1,4 @@
-// What changes behind the popovers of the preset list while they are open.
+// Presets and bands change while a popover of the preset list is open.
 
 #include "equalizer/EqualizerFixture.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 using testing::Each;
 
-/// The window as the program connects it, shown, with its presets.
+/// The shown window, connected as in the program, with its presets.
 struct PresetPopover : test::Equalizer {
     PresetPopover()
     {
@@ -40,7 +40,7 @@ struct PresetPopover : test::Equalizer {
         QApplication::sendEvent(widget, &event);
     }
     void press() const { ui.addRemoveButton->click(); }
-    /// Opens the question whether "Attic" goes; its OK button.
+    /// Opens the question whether to remove "Attic", and returns its OK button.
     QPointer<QAbstractButton> askToRemoveAttic() const
     {
         select(QStringLiteral("Attic"));
@@ -69,7 +69,7 @@ TEST_F(PresetPopover, WheelOverASliderBehindTheQuestionClosesItAndRemovesNothing
     if (ok)
         ok->click();
     EXPECT_EQ(*presets, before);
-    // The next edit lands in the manual preset alone.
+    // The next edit changes only the manual preset.
     turnWheelOver(slider(4));
     EXPECT_THAT(*bass->levels, Each(3.0F));
     EXPECT_THAT(*rock->levels, Each(5.0F));
@@ -96,7 +96,7 @@ TEST_F(PresetPopover, ASelectionThatIsClearedAndComesBackKeepsTheQuestionOpen)
     EXPECT_EQ(controller.currentPreset()->id, 0);
 }
 
-TEST_F(PresetPopover, APresetThatCameWithTheProgramIsNeverRemovedWhateverIsSelected)
+TEST_F(PresetPopover, ABuiltInPresetIsNeverRemoved)
 {
     for (const char *name : {"Manual", "bass", "Rock"}) {
         select(QLatin1String(name));
@@ -105,7 +105,7 @@ TEST_F(PresetPopover, APresetThatCameWithTheProgramIsNeverRemovedWhateverIsSelec
     }
 }
 
-TEST_F(PresetPopover, OkPressedAgainAfterTheRemovalRemovesNothingMore)
+TEST_F(PresetPopover, ASecondOkRemovesNothing)
 {
     const QPointer<QAbstractButton> ok = askToRemoveAttic();
     ok->click();
@@ -115,7 +115,7 @@ TEST_F(PresetPopover, OkPressedAgainAfterTheRemovalRemovesNothingMore)
     EXPECT_EQ(presets->size(), 3U);
 }
 
-TEST_F(PresetPopover, ABandTouchedBehindTheNameOfANewPresetLeavesTheNameAndIsKept)
+TEST_F(PresetPopover, AChangedBandKeepsTheTypedNameOfANewPreset)
 {
     select(QStringLiteral("Rock"));
     press();
@@ -123,7 +123,7 @@ TEST_F(PresetPopover, ABandTouchedBehindTheNameOfANewPresetLeavesTheNameAndIsKep
     auto *input = static_cast<QLineEdit *>(popoverChild("inputField"));
     QTest::keyClicks(input, QStringLiteral("Hall"));
     turnWheelOver(slider(2));
-    ASSERT_TRUE(popover.isShown()) << "a built-in preset is selected as before";
+    ASSERT_TRUE(popover.isShown()) << "a built-in preset is still selected";
     EXPECT_EQ(input->text(), QStringLiteral("Hall"));
     QTest::keyClick(input, Qt::Key_Return);
     ASSERT_EQ(presets->size(), 5U);
@@ -132,13 +132,13 @@ TEST_F(PresetPopover, ABandTouchedBehindTheNameOfANewPresetLeavesTheNameAndIsKep
     EXPECT_EQ(controller.currentPreset()->name, QStringLiteral("Hall"));
 }
 
-TEST_F(PresetPopover, AUserPresetSelectedBehindTheNameOfANewPresetClosesIt)
+TEST_F(PresetPopover, SelectingAUserPresetClosesTheQuestionForAName)
 {
     select(QStringLiteral("Rock"));
     press();
     ASSERT_TRUE(popover.isShown());
     select(QStringLiteral("Attic"));
-    EXPECT_FALSE(popover.isShown()) << "the button removes now";
+    EXPECT_FALSE(popover.isShown()) << "the button now removes";
     EXPECT_EQ(*presets, before);
 }
 
@@ -153,9 +153,9 @@ TEST_F(PresetPopover, ClosingTheWindowClosesTheQuestion)
     EXPECT_FALSE(popover.isShown());
 }
 
-TEST_F(PresetPopover, EditsGoIntoTheManualPresetWhereverAFileSortsIt)
+TEST_F(PresetPopover, EditsReachTheManualPresetInAnyRow)
 {
-    manual->persistent = QStringLiteral("0"); // below the others
+    manual->persistent = QStringLiteral("0"); // after the others
     controller.appDidLaunch();
     select(QStringLiteral("bass"));
     ASSERT_EQ(selectedRow(), 0);
@@ -167,7 +167,7 @@ TEST_F(PresetPopover, EditsGoIntoTheManualPresetWhereverAFileSortsIt)
     EXPECT_EQ(names().at(selectedRow()), QStringLiteral("Manual"));
 }
 
-// A level that is being typed.
+// A half-typed level.
 
 TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnotherSliderMoves)
 {
@@ -186,7 +186,7 @@ TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnotherSliderMoves)
     EXPECT_THAT(*rock->levels, Each(5.0F));
 }
 
-TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnotherBandStepsAndCountsForItsOwnStep)
+TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnyBandSteps)
 {
     select(QStringLiteral("Rock"));
     typeInto(3, QStringLiteral("2"));
@@ -199,7 +199,7 @@ TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenAnotherBandStepsAndCountsForIt
     EXPECT_EQ(box(3)->floatValue(), 8.0F);
 }
 
-TEST_F(PresetPopover, ASliderOutdoesTheHalfTypedLevelOfItsOwnBand)
+TEST_F(PresetPopover, ASliderOverridesTheHalfTypedLevelOfItsBand)
 {
     select(QStringLiteral("Rock"));
     typeInto(3, QStringLiteral("-9"));
@@ -210,7 +210,7 @@ TEST_F(PresetPopover, ASliderOutdoesTheHalfTypedLevelOfItsOwnBand)
     EXPECT_EQ(slider(3)->floatValue(), engineLevel(3));
 }
 
-TEST_F(PresetPopover, AHalfTypedLevelThatIsNoNumberIsPutBackWhenAnotherBandIsTouched)
+TEST_F(PresetPopover, AHalfTypedTextThatIsNoNumberIsReplacedWhenAnotherBandMoves)
 {
     select(QStringLiteral("Rock"));
     typeInto(3, QStringLiteral("-"));
@@ -219,14 +219,13 @@ TEST_F(PresetPopover, AHalfTypedLevelThatIsNoNumberIsPutBackWhenAnotherBandIsTou
     EXPECT_EQ(box(3)->floatValue(), 5.0F);
 }
 
-TEST_F(PresetPopover, AHalfTypedLevelIsEnteredWhenThePresetIsToBeRemovedWhichThenIsNotAsked)
+TEST_F(PresetPopover, AHalfTypedLevelIsEnteredInsteadOfAskingAboutRemoval)
 {
     select(QStringLiteral("Attic"));
     typeInto(3, QStringLiteral("6"));
     press();
     EXPECT_EQ((*manual->levels)[3], 6.0F);
-    EXPECT_FALSE(popover.isShown())
-        << "neither a question about another preset, nor one for a name";
+    EXPECT_FALSE(popover.isShown()) << "no question about another preset or for a name";
     EXPECT_EQ(*presets, before);
 }
 
