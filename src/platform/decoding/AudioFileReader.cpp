@@ -14,7 +14,8 @@ namespace lyrabox {
 
 struct AudioFileReader::Private {
     decoding::Container container;
-    decoding::Decoder decoder; ///< reads from the container, so it goes first
+    decoding::Decoder decoder; ///< Reads from the container, so it is declared after it and
+                               ///< destroyed first.
     decoding::Converter converter;
     QString path;
     AudioStreamBasicDescription client = canonicalStreamFormat();
@@ -29,13 +30,13 @@ AudioFileReader::~AudioFileReader()
     const bool hadThreads = d && d->hasSamples;
     d.reset();
     if (hadThreads)
-        giveBackFreedMemory(); // the heaps of threads that have ended
+        giveBackFreedMemory(); // The decoder's threads have ended. Their heaps are free now.
 }
 
 namespace {
 
-/// FFmpeg reports a lack of memory; our own containers throw it, as they throw a length beyond all
-/// memory.
+/// FFmpeg reports a lack of memory as an error. Our own containers throw it, also for an impossible
+/// length.
 template <typename Work>
 Status withoutExceptions(Work &&work) noexcept
 {
@@ -134,14 +135,14 @@ Status AudioFileReader::read(std::uint32_t &frames, AudioBufferList &list)
     frames = static_cast<std::uint32_t>(out.count);
     for (std::uint32_t i = 0; i < channels; ++i)
         list.mBuffers[i].mDataByteSize = frames * static_cast<std::uint32_t>(sizeof(float));
-    // What was decoded before a failure is delivered first.
+    // Frames decoded before a failure are delivered first.
     return frames > 0 ? status::noError : d->failure;
 }
 
 std::optional<std::uint64_t> AudioFileReader::estimatedFrames() const
 {
     const auto seconds = d ? d->container.duration() : std::nullopt;
-    // Beyond 2^53 frames a double no longer counts, and nothing holds so many.
+    // Beyond 2^53 frames a double is no longer exact. No song is that long.
     if (!seconds || *seconds * d->client.mSampleRate > 9.0e15)
         return std::nullopt;
     return static_cast<std::uint64_t>(std::ceil(*seconds * d->client.mSampleRate));
@@ -152,14 +153,14 @@ bool AudioFileReader::isEstimateSure() const
     return d && !d->container.isDurationGuessed();
 }
 
-std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t most) const
+std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t limit) const
 {
     std::optional<std::uint64_t> counted;
     withoutExceptions([&] {
-        decoding::Container container; // the other one goes on from where it is
+        decoding::Container container; // A second one, because the first stays at its position.
         const Status opened = d ? container.open(d->path, m_waitHook) : status::unspecified;
         if (opened == status::noError)
-            counted = decoding::countFrames(container, d->client.mSampleRate, most);
+            counted = decoding::countFrames(container, d->client.mSampleRate, limit);
         return opened;
     });
     return counted;

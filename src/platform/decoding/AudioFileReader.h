@@ -9,7 +9,8 @@
 
 namespace lyrabox {
 
-/// Reads local files only: no protocol but `file`, no playlist, image or network container.
+/// Reads audio files with FFmpeg. Opens local files only: no protocol but `file`, no playlists, no
+/// images, no network containers. The functions are described in SongReader. One thread at a time.
 class AudioFileReader final : public SongReader {
 public:
     AudioFileReader();
@@ -22,7 +23,7 @@ public:
     Status read(std::uint32_t &frames, AudioBufferList &list) override;
     std::optional<std::uint64_t> estimatedFrames() const override;
     bool isEstimateSure() const override;
-    std::optional<std::uint64_t> countedFrames(std::uint64_t most) const override;
+    std::optional<std::uint64_t> countedFrames(std::uint64_t limit) const override;
     QByteArray albumArtwork() const override;
     QMap<QString, QString> infoDictionary() const override;
 

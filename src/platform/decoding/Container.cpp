@@ -19,13 +19,13 @@ namespace {
 constexpr int maximumFileChannels = 64;
 constexpr int maximumFileRate = 768000;
 
-/// No tag, table or picture that deserves to be read takes more than this at once.
+/// Upper bound for one allocation of FFmpeg's. No tag, table or picture worth reading needs more.
 constexpr std::size_t maximumAllocation = std::size_t{64} << 20;
 
-/// An ID3v2 tag above this size is passed over: it can't be read without its pictures.
+/// ID3v2 tags above this size are skipped. FFmpeg cannot read one without its pictures.
 constexpr std::int64_t maximumTag = std::int64_t{36} << 20;
 
-/// How much of a file is looked at, step by step, to find out what it is.
+/// How many bytes are probed, step by step, to find out the format.
 constexpr std::array<std::size_t, 3> probeSizes = {std::size_t{4} << 10, std::size_t{32} << 10,
                                                    std::size_t{256} << 10};
 
@@ -63,7 +63,7 @@ Status Container::open(const QString &path, std::function<void()> waitHook)
         result = openContext();
     }
     if (result == status::noError && !m_certain) {
-        if (!soundsLikeAudio())
+        if (!decodesAsAudio())
             return status::unsupportedFileType;
         result = openContext();
     }
@@ -72,11 +72,12 @@ Status Container::open(const QString &path, std::function<void()> waitHook)
     return result;
 }
 
-/// Whether the beginning decodes: a name alone proves nothing. Leaves the context used up.
-bool Container::soundsLikeAudio()
+/// Returns whether the beginning decodes, because a file name alone proves nothing. The context has
+/// to be opened again afterwards.
+bool Container::decodesAsAudio()
 {
-    // FFmpeg finds a frame of MPEG audio by its first bits, which a long program has many of, and
-    // makes sound of what follows.
+    // FFmpeg recognises a frame of MPEG audio by its first bits. A long program contains many such
+    // bits, and FFmpeg would decode what follows them as sound.
     if (m_format->name == std::string_view("mp3")) {
         std::vector<std::uint8_t> bytes(probeSizes.back());
         bytes.resize(m_input.peek(m_start, bytes));
@@ -101,8 +102,7 @@ Status Container::probe(const QString &path)
         tag = 0;
     }
     m_start = tag;
-    // The name only decides where the content leaves it open, so no more than its extension is
-    // needed.
+    // The name only counts if the content leaves the format open. Its extension is enough.
     const std::string extension = QFileInfo(path).suffix().toLower().left(8).toStdString();
     for (const std::size_t size : probeSizes) {
         std::vector<std::uint8_t> bytes(size + AVPROBE_PADDING_SIZE);
@@ -144,7 +144,7 @@ Status Container::openContext()
     if (error < 0)
         return m_certain ? status::invalidFile : status::unsupportedFileType;
     m_context.reset(context);
-    // A tag has been read by now, and what is still to come should be sound.
+    // The tag has been read by now. Only audio data should follow.
     if (m_format->name == std::string_view("mp3")) {
         m_input.progress();
         m_input.setReadLimit(Input::keptReadLimit);
@@ -169,7 +169,7 @@ Status Container::chooseStream()
     };
     bool hasAudio = choose();
     if (!m_stream || !isComplete()) {
-        // The header does not tell enough: a few packets will.
+        // The header was not enough. Read a few packets.
         if (avformat_find_stream_info(m_context.get(), nullptr) == AVERROR(ENOMEM))
             return status::notEnoughMemory;
         m_stream = nullptr;
@@ -214,9 +214,9 @@ std::optional<double> Container::duration() const
                                      parameters.ch_layout.nb_channels * parameters.sample_rate;
         return std::min(seconds, bits / bitsPerSecond);
     }
-    // Not even digital silence is coded in fewer bits.
-    constexpr double leastBitsPerSecond = 16.0;
-    return bits / seconds < leastBitsPerSecond ? std::nullopt : std::optional(seconds);
+    // Even digital silence takes more bits than that.
+    constexpr double minBitsPerSecond = 16.0;
+    return bits / seconds < minBitsPerSecond ? std::nullopt : std::optional(seconds);
 }
 
 } // namespace lyrabox::decoding

@@ -7,13 +7,15 @@
 
 namespace lyrabox::decoding {
 
-/// Fewer frames per second are no sound: a few of them would stand for hours.
+/// In frames per second. Lower rates are refused: a few samples would play for hours.
 constexpr int minimumFileRate = 1000;
 
-/// One opened audio file: its container and its first audio stream that something here decodes.
+/// An opened audio file: its container and the first audio stream that can be decoded. One thread
+/// at a time.
 class Container {
 public:
-    /// Statuses as AudioFileReader::open(). `waitHook` as SongReader::setWaitHook().
+    /// Opens the file at `path`. Returns the statuses of SongReader::open(). `waitHook` is called
+    /// while the file is read, see SongReader::setWaitHook().
     Status open(const QString &path, std::function<void()> waitHook = {});
 
     AVFormatContext *context() const { return m_context.get(); }
@@ -21,11 +23,11 @@ public:
     const AVCodec *decoder() const { return m_decoder; }
     Input &input() { return m_input; }
 
-    /// Length in seconds as far as the container tells; none when it does not, or tells what the
-    /// file's size belies.
+    /// The length in seconds. None if the container does not state it, or if the file is too small
+    /// for the stated length.
     std::optional<double> duration() const;
 
-    /// Whether the length was reckoned from the file's size and the bit rate of its beginning.
+    /// Whether the length was estimated from the file's size and the bit rate of its beginning.
     bool isDurationGuessed() const
     {
         return m_context->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE;
@@ -35,19 +37,20 @@ private:
     Status probe(const QString &path);
     Status openContext();
     Status chooseStream();
-    bool soundsLikeAudio();
+    bool decodesAsAudio();
     bool isComplete() const;
 
     Input m_input;
     const AVInputFormat *m_format = nullptr;
     bool m_certain = false;
-    std::int64_t m_start = 0;             ///< of the content, behind the tag
-    AvPointer<AVFormatContext> m_context; ///< reads from m_input, so it goes first
+    std::int64_t m_start = 0;             ///< Offset of the content after the ID3v2 tag.
+    AvPointer<AVFormatContext> m_context; ///< Reads from m_input, so it must be destroyed first.
     AVStream *m_stream = nullptr;
     const AVCodec *m_decoder = nullptr;
 };
 
-/// Silences FFmpeg and bounds a single allocation of it. Once per process, any thread.
+/// Silences FFmpeg's log and limits the size of its allocations. Takes effect once per process. Any
+/// thread.
 void prepareFFmpeg();
 
 } // namespace lyrabox::decoding

@@ -7,23 +7,26 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// Floating-point files may hold anything. What is no number, or so loud that a filter behind could
-/// overflow and never recover, is damage and becomes silence.
+/// Floating-point files may hold any value. NaN, infinity and values so large that a later filter
+/// could overflow for good are damage and become silence.
 void silenceDamage(float *samples, std::int64_t count)
 {
-    constexpr float loudest = 1.0e6F;
+    constexpr float maxLevel = 1.0e6F;
     for (std::int64_t i = 0; i < count; ++i)
-        samples[i] = std::abs(samples[i]) <= loudest ? samples[i] : 0.0F;
+        samples[i] = std::abs(samples[i]) <= maxLevel ? samples[i] : 0.0F;
 }
 
-/// The most common case needs no gains at all; mono and unknown layouts need given ones; the rest
+/// Whether FFmpeg chooses the gains by the names of the channels, or alternatingMatrix() does.
+enum class Gains { Usual, Own };
+
+/// Stereo to stereo needs no gains. Mono and unknown layouts need gains of our own. Everything else
 /// is mixed by the usual rules of its layout.
-bool needsMatrix(const AVChannelLayout &layout, int outputs)
+Gains gainsFor(const AVChannelLayout &layout, int outputs)
 {
     const int channels = layout.nb_channels;
     if (channels <= 2)
-        return channels != outputs;
-    return layout.order != AV_CHANNEL_ORDER_NATIVE;
+        return channels != outputs ? Gains::Own : Gains::Usual;
+    return layout.order != AV_CHANNEL_ORDER_NATIVE ? Gains::Own : Gains::Usual;
 }
 
 } // namespace
@@ -106,11 +109,11 @@ Status Converter::configure(const AVFrame &frame)
     if (av_channel_layout_copy(&m_inLayout, &frame.ch_layout) < 0)
         return status::notEnoughMemory;
 
-    const auto build = [&](bool withMatrix) {
+    const auto build = [&](Gains gains) {
         AVChannelLayout out = {};
         av_channel_layout_default(&out, m_channels);
         AVChannelLayout in = {};
-        if (withMatrix)
+        if (gains == Gains::Own)
             av_channel_layout_default(&in, m_inLayout.nb_channels);
         else
             av_channel_layout_copy(&in, &m_inLayout);
@@ -121,7 +124,7 @@ Status Converter::configure(const AVFrame &frame)
         m_swr.reset(swr);
         if (error == 0) {
             av_opt_set_double(swr, "rematrix_maxval", 1.0, 0);
-            if (withMatrix)
+            if (gains == Gains::Own)
                 error = swr_set_matrix(swr, alternatingMatrix(in.nb_channels, m_channels).data(),
                                        in.nb_channels);
         }
@@ -130,17 +133,17 @@ Status Converter::configure(const AVFrame &frame)
         av_channel_layout_uninit(&in);
         return error;
     };
-    int error = build(needsMatrix(m_inLayout, m_channels));
+    int error = build(gainsFor(m_inLayout, m_channels));
     if (error < 0 && error != AVERROR(ENOMEM))
-        error = build(true);
+        error = build(Gains::Own);
     if (error >= 0)
         return status::noError;
     m_swr.reset();
     return error == AVERROR(ENOMEM) ? status::notEnoughMemory : status::unsupportedDataFormat;
 }
 
-/// Straight into the caller's buffers where the result surely fits, else into those that wait. No
-/// frame: flushes.
+/// Converts one frame, or flushes the resampler if `frame` is null. Writes straight into the
+/// caller's buffers if the result is sure to fit, otherwise into the waiting buffers.
 Status Converter::convert(const AVFrame *frame, ConvertedFrames &out)
 {
     const int bound = swr_get_out_samples(m_swr.get(), frame ? frame->nb_samples : 0);
@@ -161,7 +164,8 @@ Status Converter::convert(const AVFrame *frame, ConvertedFrames &out)
         swr_convert(m_swr.get(), target.data(), bound, input, frame ? frame->nb_samples : 0);
     if (converted < 0)
         return converted == AVERROR(ENOMEM) ? status::notEnoughMemory : status::unspecified;
-    // The resampler's last filter length may run past the last frame of the source.
+    // The resampler may deliver samples past the last source frame, because its filter reaches
+    // further.
     const std::int64_t limit =
         frame ? INT64_MAX : av_rescale(m_inFrames, m_rate, m_inRate) - m_outFrames;
     const auto count = std::clamp<std::int64_t>(converted, 0, std::max<std::int64_t>(limit, 0));

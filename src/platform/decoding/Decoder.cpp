@@ -10,11 +10,11 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// Packets and reads in a row that bring no sound before the rest of the file is given up.
+/// The rest of the file is given up after so many packets and reads in a row without sound.
 constexpr int maximumFailures = 20000;
 
-/// A song shorter than this is decoded before several threads get going.
-constexpr double shortestForThreads = 10.0;
+/// In seconds. A shorter song is decoded before several threads are up and running.
+constexpr double minSecondsForThreads = 10.0;
 
 } // namespace
 
@@ -35,14 +35,14 @@ Status Decoder::open(Container &container, unsigned threads)
     findLength();
     // Uncompressed samples are not worth a thread.
     const bool isCompressed = av_get_exact_bits_per_sample(stream.codecpar->codec_id) == 0;
-    if (threads > 1 && isCompressed && container.duration().value_or(0.0) >= shortestForThreads)
-        m_stretches.emplace(container, std::move(m_context), threads);
+    if (threads > 1 && isCompressed && container.duration().value_or(0.0) >= minSecondsForThreads)
+        m_parallel.emplace(container, std::move(m_context), threads);
     return status::noError;
 }
 
 int Decoder::damagedPackets() const
 {
-    return m_stretches ? m_stretches->failures() : m_damaged;
+    return m_parallel ? m_parallel->failures() : m_damaged;
 }
 
 const AVFrame *Decoder::next()
@@ -58,11 +58,11 @@ const AVFrame *Decoder::next()
     return m_frame.get();
 }
 
-/// Brings the next frame with something of the song in it into m_waiting.
+/// Puts the next frame that belongs to the song into m_waiting.
 bool Decoder::receive()
 {
     while (!m_ended) {
-        if (!(m_stretches ? receiveAhead() : receiveNow()))
+        if (!(m_parallel ? receiveAhead() : receiveNow()))
             break;
         if (m_waiting->nb_samples <= 0 || m_waiting->sample_rate < minimumFileRate ||
             m_waiting->ch_layout.nb_channels <= 0) {
@@ -88,8 +88,8 @@ bool Decoder::receive()
 
 bool Decoder::receiveAhead()
 {
-    m_waiting = m_stretches->next(std::move(m_waiting));
-    if (!m_waiting && m_stretches->outOfMemory())
+    m_waiting = m_parallel->next(std::move(m_waiting));
+    if (!m_waiting && m_parallel->outOfMemory())
         m_status = status::notEnoughMemory;
     return m_waiting != nullptr;
 }
@@ -116,7 +116,7 @@ bool Decoder::receiveNow()
     return false;
 }
 
-/// Hands the decoder its next packet, or tells it that there are no more.
+/// Sends the decoder its next packet, or the end of the stream.
 void Decoder::feed()
 {
     if (!m_packets.next(*m_packet)) {
@@ -131,8 +131,8 @@ void Decoder::feed()
     }
 }
 
-/// Apple's encoders write reserved, delay, padding and length in hexadecimal; FFmpeg only takes the
-/// delay from it.
+/// Apple's encoders write reserved, delay, padding and length as hexadecimal numbers. FFmpeg uses
+/// only the delay.
 void Decoder::findLength()
 {
     const AVDictionaryEntry *gapless =
@@ -141,13 +141,14 @@ void Decoder::findLength()
     unsigned long long length = 0;
     if (!gapless || !seconds || std::sscanf(gapless->value, "%*x %*x %*x %llx", &length) != 1)
         return;
-    // Padding is a fraction of a second; a length that differs by more is not this stream's.
+    // Padding is a fraction of a second. If the length differs by more, it belongs to another
+    // stream.
     const int rate = m_container->stream()->codecpar->sample_rate;
     if (std::abs(static_cast<double>(length) - *seconds * rate) < rate)
         m_remaining = static_cast<std::int64_t>(length);
 }
 
-/// MP4 tells the padding after the last frame only by that packet's shorter duration.
+/// In MP4 the only sign of padding after the last frame is that packet's shorter duration.
 void Decoder::trimLast()
 {
     const std::string_view demuxer = m_container->context()->iformat->name;

@@ -6,22 +6,25 @@
 
 namespace lyrabox::decoding {
 
-/// Decodes the chosen stream of a container from its start to its end. What is damaged is skipped.
+/// Decodes the chosen stream of a container from start to end. Skips damaged packets. One thread at
+/// a time.
 class Decoder {
 public:
-    /// The container must outlive the decoder. Streams whose decoders can start anywhere are
-    /// decoded by up to `threads` threads ahead of the caller; the result is the same.
-    /// unsupportedDataFormat, invalidFile or notEnoughMemory on failure.
+    /// Prepares decoding with up to `threads` threads. Several are used if decoding may start
+    /// anywhere in the stream; they work ahead of the caller, and the result is the same. The
+    /// container must outlive the decoder. Returns unsupportedDataFormat, invalidFile or
+    /// notEnoughMemory on failure.
     Status open(Container &container, unsigned threads);
 
-    /// The next frame with sound in it, without encoder delay and padding, valid until the next
-    /// call; null at the end, or where nothing decodable comes any more.
+    /// Returns the next frame with sound in it, without encoder delay and padding. It stays valid
+    /// until the next call. Null at the end, or if nothing more can be decoded.
     const AVFrame *next();
 
-    /// After the end: 0, or why there was no more (a read error, no memory, or nothing but damage).
+    /// After the end: noError, or why decoding stopped early (read error, no memory, or only
+    /// damaged packets).
     Status status() const { return m_status; }
 
-    /// Packets so far that could not be decoded.
+    /// Number of packets so far that could not be decoded.
     int damagedPackets() const;
 
 private:
@@ -35,18 +38,17 @@ private:
     Container *m_container = nullptr;
     Packets m_packets;
     AvPointer<AVCodecContext> m_context;
-    std::optional<ParallelDecoder> m_stretches; ///< instead of the context
+    std::optional<ParallelDecoder> m_parallel; ///< Used instead of the context.
     AvPointer<AVPacket> m_packet;
-    AvPointer<AVFrame> m_frame; ///< what next() returned last
-    AvPointer<AVFrame>
-        m_waiting; ///< the one after it: whether a frame is the last one is known a frame later
+    AvPointer<AVFrame> m_frame;   ///< The frame that next() returned last.
+    AvPointer<AVFrame> m_waiting; ///< One frame ahead, to recognise the last one.
     bool m_hasWaiting = false;
     bool m_draining = false;
     bool m_ended = false;
     bool m_delivered = false;
-    int m_failures = 0; ///< since the last frame
+    int m_failures = 0; ///< Since the last frame.
     int m_damaged = 0;
-    std::int64_t m_remaining = INT64_MAX; ///< frames still to come, where the tags tell
+    std::int64_t m_remaining = INT64_MAX; ///< Frames still to come, if the tags state the length.
     Status m_status = status::noError;
 };
 

@@ -1,4 +1,4 @@
-// What the program finds by name in the module of the decoders.
+// Exports the functions that the program looks up by name in the decoding module.
 
 #include "platform/audio/DecodingModule.h"
 #include "platform/decoding/AudioFileReader.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-// FFmpeg's headers and its objects with owners. Included by the sources of the reader only.
+// FFmpeg's headers, and owners for its objects. Only for the sources of this folder.
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -16,7 +16,7 @@ extern "C" {
 
 namespace lyrabox::decoding {
 
-/// Gives back what FFmpeg allocated, each kind in its own way.
+/// Frees FFmpeg's objects, each kind with its own function.
 struct AvDeleter {
     void operator()(AVFormatContext *context) const noexcept { avformat_close_input(&context); }
     void operator()(AVCodecContext *context) const noexcept { avcodec_free_context(&context); }
@@ -35,8 +35,7 @@ struct AvDeleter {
 template <typename T>
 using AvPointer = std::unique_ptr<T, AvDeleter>;
 
-/// How long the frame's packet says that it lasts, in units of its stream's time base; 0 when it
-/// does not say.
+/// Duration of the frame's packet in units of the stream's time base. 0 if the packet states none.
 inline std::int64_t frameDuration(const AVFrame &frame) noexcept
 {
 #if LIBAVUTIL_VERSION_INT >= AV_VERSION_INT(57, 30, 100)

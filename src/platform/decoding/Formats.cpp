@@ -9,7 +9,7 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// Whether `name` is one of the names in `list`, which commas separate.
+/// Whether `name` occurs in the comma-separated `list`.
 bool isListed(std::string_view list, std::string_view name)
 {
     while (!name.empty() && !list.empty()) {
@@ -65,7 +65,7 @@ const char *audioDecoders()
 
 const AVCodec *audioDecoder(AVCodecID codec)
 {
-    // FFmpeg 7.1's own gives twice as many samples of wide-band speech as there are.
+    // FFmpeg 7.1's own decoder outputs twice as many samples as it should for wide-band speech.
     if (codec == AV_CODEC_ID_SPEEX) {
         if (const AVCodec *speex = avcodec_find_decoder_by_name("libspeex"))
             return speex;
@@ -111,8 +111,8 @@ std::int64_t id3TagBytes(std::span<const std::uint8_t> start)
 
 namespace {
 
-/// Bytes of the MPEG audio frame of layer II or III whose header starts at `header`; 0 when it is
-/// none.
+/// Size in bytes of the MPEG audio frame of layer II or III whose header starts at `header`. 0 if
+/// it is no such header.
 std::size_t mpegFrameBytes(std::span<const std::uint8_t> header)
 {
     // ISO 11172-3, 2.4.2.3, and its extension to half and quarter sampling rates.
@@ -153,7 +153,7 @@ bool hasMpegFramesInARow(std::span<const std::uint8_t> bytes)
         int frames = 0;
         while (frames < 3 && offset < bytes.size()) {
             const std::size_t frameBytes = mpegFrameBytes(bytes.subspan(offset));
-            // Version, layer and sampling rate don't change within a song.
+            // Version, layer and sampling rate stay the same within a song.
             if (frameBytes == 0 || (bytes[offset + 1] ^ bytes[start + 1]) & 0x1eU ||
                 (bytes[offset + 2] ^ bytes[start + 2]) & 0x0cU)
                 break;

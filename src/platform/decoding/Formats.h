@@ -7,52 +7,52 @@
 #include <string>
 #include <string_view>
 
-/// Which files are taken for audio: the containers and codecs that the reader lets FFmpeg use.
+/// Decides which files count as audio: lists the containers and codecs that FFmpeg may use here.
 namespace lyrabox::decoding {
 
-/// Names of FFmpeg's demuxers, separated by commas: containers of audio that hold their own data.
-/// What leads to other files or to the network (playlists, concat, streaming manifests), pictures,
-/// text and headerless samples are not among them.
+/// Comma-separated names of FFmpeg's demuxers for audio containers that hold their own data. The
+/// list leaves out everything that leads to other files or the network (playlists, concat,
+/// streaming manifests), and pictures, text and headerless samples.
 const char *audioContainers();
 
-/// Names of the decoders that are used, separated by commas, one for each codec. The list is this
-/// program's own, so that every version of FFmpeg opens the same files; and it keeps FFmpeg from
-/// starting a picture or video decoder while it analyses a file.
+/// Comma-separated names of the decoders to use, one per codec. The list is our own, so that every
+/// version of FFmpeg opens the same files. It also keeps FFmpeg from starting a picture or video
+/// decoder while it analyses a file.
 const char *audioDecoders();
 
-/// The decoder for a codec: one of audioDecoders(), or null.
+/// Returns the decoder for a codec: one of audioDecoders(), or null.
 const AVCodec *audioDecoder(AVCodecID codec);
 
-/// Whether one of a demuxer's names ("mov,mp4,m4a") is among the audio containers.
+/// Whether one of a demuxer's comma-separated names ("mov,mp4,m4a") is in audioContainers().
 bool isAudioContainer(std::string_view demuxerNames);
 
-/// Bytes that an ID3v2 tag at the start of a file takes, header and footer included; 0 when `start`
-/// (at least 10 bytes of the file) is none.
+/// Size in bytes of the ID3v2 tag that begins with `start`, including header and footer. `start`
+/// must hold at least the first 10 bytes. 0 if it is no tag.
 std::int64_t id3TagBytes(std::span<const std::uint8_t> start);
 
-/// Bytes of the MPEG audio layer III frame whose four-byte header starts at `header`; 0 when it is
-/// none.
+/// Size in bytes of the MPEG audio layer III frame whose four-byte header starts at `header`. 0 if
+/// it is no such header.
 std::size_t mp3FrameBytes(std::span<const std::uint8_t> header);
 
-/// Whether three MPEG audio frames of layer II or III follow one upon the other somewhere in
-/// `bytes`. In programs, pictures and noise even two hardly ever do.
+/// Whether three MPEG audio frames of layer II or III follow one another somewhere in `bytes`. In
+/// programs, pictures and noise even two in a row are rare.
 bool hasMpegFramesInARow(std::span<const std::uint8_t> bytes);
 
-/// The container that the first bytes of a file, after its ID3v2 tag, name beyond doubt; null when
-/// another look is needed. Most songs are told by it, at a small part of the cost of asking every
-/// demuxer.
+/// Returns the container if the first bytes after the ID3v2 tag identify it beyond doubt, otherwise
+/// null. This recognises most songs at a fraction of the cost of asking every demuxer.
 const AVInputFormat *containerBySignature(std::span<const std::uint8_t> bytes);
 
-/// What probeContainer() has found out.
+/// The result of probeContainer().
 struct ProbeResult {
-    const AVInputFormat *format = nullptr; ///< an audio container, or null
-    bool certain = false;                  ///< the content says so, not only the file's name
-    bool foreign = false;                  ///< the content is certainly something else
+    const AVInputFormat *format = nullptr; ///< An audio container, or null.
+    bool certain = false;                  ///< The content proves the format, not only the file
+                                           ///< name.
+    bool foreign = false;                  ///< The content is certainly not audio.
 };
 
-/// Judges what `bytes`, the beginning of a file after its ID3v2 tag, are. `extension` ("mp3") only
-/// counts where the bytes leave it open. `bytes` must be followed by AVPROBE_PADDING_SIZE zero
-/// bytes.
+/// Determines the format of `bytes`, the beginning of a file after its ID3v2 tag. `extension`
+/// ("mp3") only counts if the bytes leave the format open. AVPROBE_PADDING_SIZE zero bytes must
+/// follow `bytes` in memory.
 ProbeResult probeContainer(std::span<std::uint8_t> bytes, const std::string &extension);
 
 } // namespace lyrabox::decoding

@@ -9,7 +9,8 @@ namespace lyrabox::decoding {
 namespace {
 
 constexpr std::size_t slabBytes = std::size_t{256} << 10;
-constexpr std::size_t step = 512; ///< between sizes of buffers; more than any alignment needed
+constexpr std::size_t step = 512; ///< Buffer sizes are multiples of this. It exceeds every required
+                                  ///< alignment.
 
 } // namespace
 
@@ -26,7 +27,7 @@ void FramePool::serve(AVCodecContext &context)
         context.get_buffer2 = &getBuffer;
 }
 
-/// What AVCodecContext::get_buffer2 asks for: a buffer for each plane.
+/// Implements AVCodecContext::get_buffer2: provides one buffer per plane.
 int FramePool::getBuffer(AVCodecContext *context, AVFrame *frame, int flags) noexcept
 {
     const auto format = static_cast<AVSampleFormat>(frame->format);
@@ -40,7 +41,7 @@ int FramePool::getBuffer(AVCodecContext *context, AVFrame *frame, int flags) noe
     for (int plane = 0; plane < planes; ++plane) {
         frame->buf[plane] = pool ? av_buffer_pool_get(pool) : nullptr;
         if (!frame->buf[plane])
-            return AVERROR(ENOMEM); // the frame's owner releases the others
+            return AVERROR(ENOMEM); // The frame's owner releases the other buffers.
         frame->data[plane] = frame->buf[plane]->data;
     }
     frame->linesize[0] = bytes;
@@ -69,7 +70,7 @@ AVBufferRef *FramePool::allocate(void *self, std::size_t size) noexcept
     return memory ? av_buffer_create(memory, size, keep, nullptr, 0) : nullptr;
 }
 
-/// `size` bytes of a slab, a multiple of the step.
+/// Cuts `size` bytes, a multiple of the step, off a slab.
 std::uint8_t *FramePool::cut(std::size_t size) noexcept
 {
     const std::lock_guard lock(m_mutex);

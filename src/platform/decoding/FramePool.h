@@ -12,9 +12,10 @@
 
 namespace lyrabox::decoding {
 
-/// The memory of the frames of several decoders: each decoder's own would grow to the most that
-/// ever waited. It is taken from the system in slabs, because a thread's heap grows by a system
-/// call per frame, and kept until the pool goes; all frames must have gone by then. Any thread.
+/// Frame memory shared by several decoders. If each had its own, each would grow to the largest
+/// number of frames that ever waited. The pool takes memory from the system in slabs, because a
+/// thread's heap would need one system call per frame. It keeps the memory until it is destroyed;
+/// all frames must be freed before that. Any thread.
 class FramePool {
 public:
     FramePool() = default;
@@ -22,7 +23,8 @@ public:
     FramePool(const FramePool &) = delete;
     FramePool &operator=(const FramePool &) = delete;
 
-    /// Makes the decoder take its frames from here. Before its first packet.
+    /// Makes the decoder allocate its frames here. Call it before the first packet. The pool must
+    /// outlive the decoder.
     void serve(AVCodecContext &context);
 
 private:
@@ -36,10 +38,10 @@ private:
     std::uint8_t *cut(std::size_t size) noexcept;
 
     std::mutex m_mutex;
-    std::map<std::size_t, AVBufferPool *> m_pools; ///< by the size of their buffers
+    std::map<std::size_t, AVBufferPool *> m_pools; ///< Keyed by buffer size.
     std::vector<std::unique_ptr<std::uint8_t, Free>> m_slabs;
-    std::uint8_t *m_next = nullptr; ///< in the last slab
-    std::size_t m_left = 0;         ///< bytes of it
+    std::uint8_t *m_next = nullptr; ///< Next free byte in the last slab.
+    std::size_t m_left = 0;         ///< Free bytes in the last slab.
 };
 
 } // namespace lyrabox::decoding

@@ -35,7 +35,7 @@ Status statusOf(int error)
     }
 }
 
-/// Nanoseconds that this thread has had of the processor.
+/// Processor time of the calling thread in nanoseconds.
 std::int64_t threadTime()
 {
     timespec time = {};
@@ -57,13 +57,12 @@ Status Input::open(const QString &path)
         return status::fileNotFound;
     const QByteArray name = QFile::encodeName(path);
     struct stat attributes = {};
-    // Asked before opening as well: opening a device can have effects.
+    // Checked before opening as well, because opening a device can have side effects.
     if (::stat(name.constData(), &attributes) != 0)
         return statusOf(errno);
     if (!S_ISREG(attributes.st_mode))
         return status::unsupportedFileType;
-    // Should a pipe have taken the file's place by now, O_NONBLOCK keeps the opening from waiting
-    // for a writer.
+    // If a pipe has replaced the file by now, O_NONBLOCK keeps open() from waiting for a writer.
     m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (m_descriptor < 0 || ::fstat(m_descriptor, &attributes) != 0)
         return statusOf(errno);
@@ -120,14 +119,14 @@ void Input::blankOut(std::span<std::uint8_t> bytes) const
     }
 }
 
-/// `bytes` were read at the current position; returns how many of them to hand on.
-std::int64_t Input::lookThrough(std::span<std::uint8_t> bytes) const
+/// Filters bytes that were read at the current position. Returns how many of them FFmpeg may have.
+std::int64_t Input::filter(std::span<std::uint8_t> bytes) const
 {
     blankOut(bytes);
     try {
         return static_cast<std::int64_t>(m_inspector ? m_inspector->inspect(m_position, bytes)
                                                      : bytes.size());
-    } catch (const std::bad_alloc &) { // the caller is written in C
+    } catch (const std::bad_alloc &) { // The caller is C code and cannot pass exceptions on.
         return 0;
     }
 }
@@ -141,15 +140,14 @@ int Input::readPacket(void *self, std::uint8_t *buffer, int size)
         const auto count = ::pread(input.m_descriptor, buffer, static_cast<std::size_t>(size),
                                    input.m_start + input.m_position);
         if (count > 0) {
-            const auto handedOn =
-                input.lookThrough(std::span(buffer, static_cast<std::size_t>(count)));
-            if (handedOn == 0)
+            const auto passedOn = input.filter(std::span(buffer, static_cast<std::size_t>(count)));
+            if (passedOn == 0)
                 return AVERROR_EOF;
-            input.m_position += handedOn;
-            input.m_sinceProgress += handedOn;
+            input.m_position += passedOn;
+            input.m_sinceProgress += passedOn;
             if (input.m_waitHook && std::this_thread::get_id() == input.m_waiting)
                 input.m_waitHook();
-            return static_cast<int>(handedOn);
+            return static_cast<int>(passedOn);
         }
         if (count == 0)
             return AVERROR_EOF;
@@ -179,7 +177,7 @@ std::int64_t Input::seek(void *self, std::int64_t offset, int whence)
     }
     if (offset < 0)
         return AVERROR(EINVAL);
-    // What lies past the end reads as the end, as with any file.
+    // A position past the end reads as the end, as in any file.
     input.m_position = std::min(offset, input.size());
     return input.m_position;
 }

@@ -9,25 +9,26 @@ namespace lyrabox::decoding {
 
 class Input;
 
-/// Looks at the bytes of a file before FFmpeg gets them. FFmpeg takes a block of tags in whole, in
-/// a time that grows with the square of their number, and asks nobody meanwhile: whatever is too
-/// much has to be out of the way by then.
+/// Checks the bytes of a file before FFmpeg gets them. FFmpeg reads a block of tags as a whole.
+/// That takes a time that grows with the square of the number of tags, and it cannot be
+/// interrupted. So excessive tags have to be removed beforehand.
 class Inspector {
 public:
     virtual ~Inspector() = default;
 
-    /// `bytes` stand at `offset` of the file as Input::peek() counts; may be asked
-    /// for the same ones again. Changes them, without changing their number, and returns how many
-    /// to hand on; with 0 the file ends there.
+    /// Checks, and may change, `bytes`, which start at `offset` of the file as counted by
+    /// Input::peek(). May be called again for the same bytes. Returns how many of them to pass on;
+    /// 0 ends the file there.
     virtual std::size_t inspect(std::int64_t offset, std::span<std::uint8_t> bytes) = 0;
 };
 
-/// Ogg: comments with too many entries are made unreadable, whether they stand at the beginning or
-/// within the sound; the file ends before a packet of megabytes.
+/// For Ogg: makes comments with too many entries unreadable, at the beginning as well as within the
+/// sound. Ends the file before a packet of several megabytes. `input` must outlive the inspector.
 std::unique_ptr<Inspector> makeOggInspector(const Input &input);
 
-/// Matroska: tags, chapters, attachments and tables with too many entries or bytes become padding,
-/// wherever they stand; the file ends before the sum of the small ones is too much.
+/// For Matroska: turns tags, chapters, attachments and tables with too many entries or bytes into
+/// padding, wherever they are. Ends the file where the total of small ones becomes too large.
+/// `input` must outlive the inspector.
 std::unique_ptr<Inspector> makeMatroskaInspector(const Input &input);
 
 } // namespace lyrabox::decoding

@@ -15,48 +15,49 @@ namespace {
 
 constexpr std::size_t identifierBytes = 4;
 
-/// A part of the file that FFmpeg takes in whole.
+/// An element that FFmpeg reads as a whole.
 struct Master {
     std::uint32_t identifier = 0;
-    std::int64_t maxElements = 0; ///< in it and in others of its kind
+    std::int64_t maxElements = 0; ///< In this element and all others of its kind.
     std::int64_t maxBytes = 0;
 };
 
 constexpr std::int64_t megabyte = std::int64_t{1} << 20;
 constexpr std::array<Master, 6> masters = {
-    {{0x114d9b74, 10000, megabyte},        // seek head
-     {0x1254c367, 10000, 8 * megabyte},    // tags
-     {0x1043a770, 10000, 8 * megabyte},    // chapters
-     {0x1941a469, 10000, 36 * megabyte},   // attachments
-     {0x1654ae6b, 10000, 8 * megabyte},    // tracks
-     {0x1c53bb6b, 200000, 8 * megabyte}}}; // cues: five elements for each of them
+    {{0x114d9b74, 10000, megabyte},        // Seek head.
+     {0x1254c367, 10000, 8 * megabyte},    // Tags.
+     {0x1043a770, 10000, 8 * megabyte},    // Chapters.
+     {0x1941a469, 10000, 36 * megabyte},   // Attachments.
+     {0x1654ae6b, 10000, 8 * megabyte},    // Tracks.
+     {0x1c53bb6b, 200000, 8 * megabyte}}}; // Cues have five elements each.
 
-/// Elements of these that hold elements.
+/// Identifiers of elements within masters that contain elements themselves.
 constexpr std::array<std::uint32_t, 22> nested = {
     0x7373, 0x63c0, 0x67c8, 0x45b9, 0xb6,   0x80,   0x8f, 0x6944, 0x61a7, 0xae, 0xe0,
     0xe1,   0x55b0, 0x6d80, 0x6240, 0x5034, 0x5035, 0xe2, 0xe3,   0xbb,   0xb7, 0x4dbb};
 
-constexpr int deepest = 16; ///< FFmpeg goes no deeper
+constexpr int maxDepth = 16; ///< FFmpeg goes no deeper.
 constexpr std::size_t maxPatches = 1000;
 
 struct Element {
     std::uint32_t identifier = 0;
-    std::int64_t content = 0; ///< its offset in the file
+    std::int64_t content = 0; ///< Offset of the content in the file.
     std::optional<std::int64_t> length;
 };
 
-/// How much there is in a part of the file.
-struct Crowd {
+/// Size of a part of the file.
+struct Amount {
     std::int64_t elements = 0;
-    std::int64_t bytes = 0; ///< of those without elements
+    std::int64_t bytes = 0; ///< Content of elements that contain no others.
 };
 
-/// An element that is passed over, as long as the header of another one is: RFC 8794, section 11.3.
+/// Makes a header of `headerBytes` bytes that turns an element into padding: RFC 8794, section
+/// 11.3.
 std::vector<std::uint8_t> paddingHeader(std::size_t headerBytes, std::uint64_t length)
 {
     std::vector<std::uint8_t> header;
     if (headerBytes > 9)
-        header = {0xec, 0x81, 0}; // a header has at most nine bytes
+        header = {0xec, 0x81, 0}; // One header has at most nine bytes.
     const std::size_t sizeBytes = headerBytes - header.size() - 1;
     header.push_back(0xec);
     for (std::size_t i = sizeBytes; i-- > 0;)
@@ -72,30 +73,32 @@ public:
     std::size_t inspect(std::int64_t offset, std::span<std::uint8_t> bytes) override;
 
 private:
-    void judge(std::int64_t offset, const Master &master, Crowd &used);
+    void inspectMaster(std::int64_t offset, const Master &master, Amount &used);
     std::optional<Element> elementAt(std::int64_t offset, std::int64_t end);
     void count(std::int64_t offset, std::int64_t end, const Master &master, int depth,
-               Crowd &crowd);
+               Amount &amount);
 
     const Input &m_input;
-    std::array<Crowd, masters.size()> m_used;
-    std::map<std::int64_t, std::vector<std::uint8_t>> m_judged; ///< what stands there instead
+    std::array<Amount, masters.size()> m_used;
+    std::map<std::int64_t, std::vector<std::uint8_t>> m_replacements; ///< Replacement bytes by file
+                                                                      ///< offset.
     std::size_t m_patches = 0;
-    std::optional<std::int64_t> m_end; ///< of what FFmpeg may see
+    std::optional<std::int64_t> m_end; ///< Where the file ends for FFmpeg.
     std::vector<std::uint8_t> m_window = std::vector<std::uint8_t>(4096);
     std::int64_t m_windowOffset = 0;
     std::size_t m_windowBytes = 0;
 };
 
-/// The masters are looked for instead of following the lengths: FFmpeg finds them again behind
-/// anything damaged.
+/// Searches for the identifiers of masters instead of following lengths, because FFmpeg also
+/// searches for them after damage.
 std::size_t MatroskaInspector::inspect(std::int64_t offset, std::span<std::uint8_t> bytes)
 {
     const auto size = static_cast<std::int64_t>(bytes.size());
     std::array<std::uint8_t, identifierBytes - 1> next{};
     const std::size_t nextBytes = m_input.peek(offset + size, next);
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] < 0x10 || bytes[i] > 0x1c) // as all the identifiers begin
+        if (bytes[i] < 0x10 || bytes[i] > 0x1c) // All the identifiers begin with a byte in this
+                                                // range.
             continue;
         std::uint32_t identifier = 0;
         for (std::size_t k = i; k < i + identifierBytes; ++k) {
@@ -106,14 +109,14 @@ std::size_t MatroskaInspector::inspect(std::int64_t offset, std::span<std::uint8
         }
         for (std::size_t kind = 0; kind < masters.size(); ++kind) {
             if (identifier == masters[kind].identifier)
-                judge(offset + static_cast<std::int64_t>(i), masters[kind], m_used[kind]);
+                inspectMaster(offset + static_cast<std::int64_t>(i), masters[kind], m_used[kind]);
         }
     }
     if (m_end && *m_end < offset + size)
         bytes = bytes.first(static_cast<std::size_t>(std::max<std::int64_t>(*m_end - offset, 0)));
-    constexpr std::int64_t longestHeader = 12;
-    for (auto patch = m_judged.lower_bound(offset - longestHeader);
-         patch != m_judged.end() && patch->first < offset + size; ++patch) {
+    constexpr std::int64_t maxHeaderBytes = 12;
+    for (auto patch = m_replacements.lower_bound(offset - maxHeaderBytes);
+         patch != m_replacements.end() && patch->first < offset + size; ++patch) {
         for (std::size_t i = 0; i < patch->second.size(); ++i) {
             const std::int64_t at = patch->first + static_cast<std::int64_t>(i) - offset;
             if (at >= 0 && at < static_cast<std::int64_t>(bytes.size()))
@@ -123,42 +126,42 @@ std::size_t MatroskaInspector::inspect(std::int64_t offset, std::span<std::uint8
     return bytes.size();
 }
 
-void MatroskaInspector::judge(std::int64_t offset, const Master &master, Crowd &used)
+void MatroskaInspector::inspectMaster(std::int64_t offset, const Master &master, Amount &used)
 {
     const auto element = elementAt(offset, m_input.size());
     if (!element)
         return;
-    const auto [place, isNew] = m_judged.try_emplace(offset);
+    const auto [replacement, isNew] = m_replacements.try_emplace(offset);
     if (!isNew)
         return;
     const std::int64_t end = element->length
                                  ? std::min(element->content + *element->length, m_input.size())
                                  : m_input.size();
-    Crowd crowd = used;
-    crowd.elements += 1;
-    count(element->content, end, master, 0, crowd);
-    if (crowd.elements <= master.maxElements && crowd.bytes <= master.maxBytes) {
-        used = crowd;
+    Amount amount = used;
+    amount.elements += 1;
+    count(element->content, end, master, 0, amount);
+    if (amount.elements <= master.maxElements && amount.bytes <= master.maxBytes) {
+        used = amount;
         return;
     }
     if (element->length && ++m_patches <= maxPatches)
-        place->second = paddingHeader(static_cast<std::size_t>(element->content - offset),
-                                      static_cast<std::uint64_t>(*element->length));
+        replacement->second = paddingHeader(static_cast<std::size_t>(element->content - offset),
+                                            static_cast<std::uint64_t>(*element->length));
     else
         m_end = std::min(offset, m_end.value_or(offset));
 }
 
 std::optional<Element> MatroskaInspector::elementAt(std::int64_t offset, std::int64_t end)
 {
-    constexpr std::int64_t longestHeader = 12;
-    std::int64_t gone = offset - m_windowOffset;
-    if (gone < 0 || gone + longestHeader > static_cast<std::int64_t>(m_windowBytes)) {
+    constexpr std::int64_t maxHeaderBytes = 12;
+    std::int64_t skipped = offset - m_windowOffset;
+    if (skipped < 0 || skipped + maxHeaderBytes > static_cast<std::int64_t>(m_windowBytes)) {
         m_windowOffset = offset;
         m_windowBytes = m_input.peek(offset, m_window);
-        gone = 0;
+        skipped = 0;
     }
     const auto bytes =
-        std::span(m_window).first(m_windowBytes).subspan(static_cast<std::size_t>(gone));
+        std::span(m_window).first(m_windowBytes).subspan(static_cast<std::size_t>(skipped));
     if (bytes.empty())
         return std::nullopt;
     const auto idBytes = static_cast<std::size_t>(std::countl_zero(bytes[0])) + 1;
@@ -180,20 +183,22 @@ std::optional<Element> MatroskaInspector::elementAt(std::int64_t offset, std::in
     return element.content <= end ? std::optional(element) : std::nullopt;
 }
 
-/// Stops at what cannot be an element, as FFmpeg does, and beyond what the master may have.
+/// Stops where FFmpeg does: at bytes that cannot be an element. Also stops once the master's limit
+/// is exceeded.
 void MatroskaInspector::count(std::int64_t offset, std::int64_t end, const Master &master,
-                              int depth, Crowd &crowd)
+                              int depth, Amount &amount)
 {
-    while (offset < end && crowd.elements <= master.maxElements && crowd.bytes <= master.maxBytes) {
+    while (offset < end && amount.elements <= master.maxElements &&
+           amount.bytes <= master.maxBytes) {
         const auto element = elementAt(offset, end);
         if (!element || element->length.value_or(0) > end - element->content)
             return;
         const std::int64_t next = element->length ? element->content + *element->length : end;
-        ++crowd.elements;
+        ++amount.elements;
         if (std::find(nested.begin(), nested.end(), element->identifier) == nested.end())
-            crowd.bytes += next - element->content;
-        else if (depth < deepest)
-            count(element->content, next, master, depth + 1, crowd);
+            amount.bytes += next - element->content;
+        else if (depth < maxDepth)
+            count(element->content, next, master, depth + 1, amount);
         offset = next;
     }
 }

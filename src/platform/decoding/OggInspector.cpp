@@ -16,26 +16,27 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// FFmpeg's time grows with the sum of the squares of the comments' numbers of entries, and it goes
-/// over those within the sound several times.
+/// FFmpeg's time grows with the sum of the squares of the numbers of entries, and it reads comments
+/// within the sound several times.
 constexpr std::int64_t maxEntries = 3000;
 constexpr std::int64_t maxWork = maxEntries * maxEntries;
 
-/// FFmpeg has up to seven copies of a packet at once.
-constexpr std::int64_t longestPacket = std::int64_t{8} << 20;
+/// FFmpeg holds up to seven copies of a packet at once.
+constexpr std::int64_t maxPacketBytes = std::int64_t{8} << 20;
 
-/// A chain of more streams than these is looked at as if the others had ended.
+/// In a chain of more streams than this, the older ones count as ended.
 constexpr std::size_t maxStreams = 1000;
 
-/// Packets from a stream's beginning that may be comments without saying so.
+/// Among so many first packets of a stream, one may hold comments without a signature.
 constexpr int maxHeaders = 4;
 
-/// Two for each page; memory gets fragmented with each stream of a chain that has crowded comments.
+/// Each page takes two. FFmpeg's memory fragments with every stream of a chain that has too many
+/// comments.
 constexpr std::size_t maxPatches = 200;
 
 constexpr std::size_t headBytes = 27;
 constexpr std::size_t checksumOffset = 22;
-constexpr std::size_t largestPage = headBytes + 255 + 255 * std::size_t{255};
+constexpr std::size_t maxPageBytes = headBytes + 255 + 255 * std::size_t{255};
 
 std::uint32_t little32(const std::uint8_t *at)
 {
@@ -43,7 +44,7 @@ std::uint32_t little32(const std::uint8_t *at)
            std::uint32_t{at[3]} << 24;
 }
 
-/// A page's checksum, for which its own field counts as zero: RFC 3533, section 6.
+/// Checksum of a page. Its own checksum field counts as zero: RFC 3533, section 6.
 std::uint32_t checksum(std::span<const std::uint8_t> page)
 {
     static constexpr auto table = [] {
@@ -69,7 +70,7 @@ std::string_view textOf(std::span<const std::uint8_t> bytes)
     return {reinterpret_cast<const char *>(bytes.data()), bytes.size()};
 }
 
-/// What a stream holds, as its first packet tells: FFmpeg tells comments apart by it.
+/// What a stream holds, according to its first packet. FFmpeg recognises comments by it.
 enum class Kind { Unknown, Flac, Bare, Ogm };
 
 Kind kindOf(std::span<const std::uint8_t> packet)
@@ -83,7 +84,7 @@ Kind kindOf(std::span<const std::uint8_t> packet)
     return text.starts_with("\x01"sv) ? Kind::Ogm : Kind::Unknown;
 }
 
-/// Where the comments of a packet begin, behind what tells that they are some.
+/// Offset of the comments in a packet, after the signature. None if the packet holds no comments.
 std::optional<std::size_t> commentsIn(std::span<const std::uint8_t> packet, Kind kind)
 {
     const std::string_view text = textOf(packet);
@@ -106,10 +107,10 @@ public:
     std::size_t inspect(std::int64_t offset, std::span<std::uint8_t> bytes) override
     {
         const auto size = static_cast<std::int64_t>(bytes.size());
-        // FFmpeg only looks for a page's time where it jumps ahead.
-        if (offset <= m_seen) {
-            while (m_seen < offset + size && !m_end)
-                lookAtPage();
+        // When FFmpeg jumps ahead it only reads the time of a page there.
+        if (offset <= m_inspected) {
+            while (m_inspected < offset + size && !m_end)
+                inspectPage();
         }
         if (m_end && *m_end < offset + size)
             return static_cast<std::size_t>(std::max<std::int64_t>(*m_end - offset, 0));
@@ -127,49 +128,51 @@ public:
 private:
     struct Stream {
         Kind kind = Kind::Unknown;
-        int packets = 0;              ///< begun since its first page
-        std::int64_t packetBytes = 0; ///< of the one that goes on in the next page
+        int packets = 0;              ///< Packets begun since the stream's first page.
+        std::int64_t packetBytes = 0; ///< Bytes so far of the packet that continues on the next
+                                      ///< page.
     };
-    void lookAtPage();
-    void lookAtPackets(std::span<std::uint8_t> page);
-    void lookAtPacket(std::span<std::uint8_t> page, std::size_t start, std::size_t length,
-                      bool goesOn, Kind kind);
+    void inspectPage();
+    void inspectPackets(std::span<std::uint8_t> page);
+    void inspectPacket(std::span<std::uint8_t> page, std::size_t start, std::size_t length,
+                       bool continues, Kind kind);
     std::span<std::uint8_t> ahead(std::size_t bytes);
 
     const Input &m_input;
-    std::int64_t m_seen = 0;           ///< bytes from the file's beginning that were looked at
-    std::optional<std::int64_t> m_end; ///< of what FFmpeg may see
+    std::int64_t m_inspected = 0;      ///< Offset up to which the file has been inspected.
+    std::optional<std::int64_t> m_end; ///< Where the file ends for FFmpeg.
     std::map<std::uint32_t, Stream> m_streams;
-    std::map<std::int64_t, std::array<std::uint8_t, 4>> m_patches; ///< by their offsets
+    std::map<std::int64_t, std::array<std::uint8_t, 4>> m_patches; ///< Keyed by file offset.
     std::int64_t m_work = 0;
 
-    std::vector<std::uint8_t> m_window = std::vector<std::uint8_t>(largestPage);
+    std::vector<std::uint8_t> m_window = std::vector<std::uint8_t>(maxPageBytes);
     std::int64_t m_windowOffset = 0;
     std::size_t m_windowBytes = 0;
 };
 
-/// At least that many bytes from m_seen on, unless the file ends before.
+/// Returns at least `bytes` bytes from m_inspected on, unless the file ends before.
 std::span<std::uint8_t> OggInspector::ahead(std::size_t bytes)
 {
     constexpr std::size_t usual = std::size_t{32} << 10;
-    auto gone = static_cast<std::size_t>(m_seen - m_windowOffset);
-    if (gone > m_windowBytes || m_windowBytes - gone < bytes) {
-        m_windowOffset = m_seen;
-        m_windowBytes = m_input.peek(m_seen, std::span(m_window).first(std::max(bytes, usual)));
-        gone = 0;
+    auto skipped = static_cast<std::size_t>(m_inspected - m_windowOffset);
+    if (skipped > m_windowBytes || m_windowBytes - skipped < bytes) {
+        m_windowOffset = m_inspected;
+        m_windowBytes =
+            m_input.peek(m_inspected, std::span(m_window).first(std::max(bytes, usual)));
+        skipped = 0;
     }
-    return std::span(m_window).subspan(gone, m_windowBytes - gone);
+    return std::span(m_window).subspan(skipped, m_windowBytes - skipped);
 }
 
-void OggInspector::lookAtPage()
+void OggInspector::inspectPage()
 {
     std::span<std::uint8_t> page = ahead(headBytes + 255);
     if (!textOf(page).starts_with("OggS"sv)) {
-        // FFmpeg, too, finds the next page wherever it begins.
-        page = ahead(largestPage);
+        // FFmpeg, too, searches for the next page.
+        page = ahead(maxPageBytes);
         const std::size_t begin =
             textOf(page).find("OggS"sv, std::min<std::size_t>(page.size(), 1));
-        m_seen +=
+        m_inspected +=
             static_cast<std::int64_t>(std::min(begin, std::max<std::size_t>(page.size(), 4) - 3));
         return;
     }
@@ -182,21 +185,22 @@ void OggInspector::lookAtPage()
     }
     page = ahead(length);
     if (page.size() < length) {
-        m_seen += static_cast<std::int64_t>(page.size()); // cut off by the end of the file
+        m_inspected +=
+            static_cast<std::int64_t>(page.size()); // The end of the file cuts the page off.
         return;
     }
     page = page.first(length);
-    // What FFmpeg would find in a page that it drops for its checksum must not hide there.
+    // FFmpeg drops a page with a wrong checksum and searches inside it. So must we.
     if (textOf(page.subspan(1)).find("OggS"sv) != std::string_view::npos &&
         checksum(page) != little32(page.data() + checksumOffset)) {
-        m_seen += 1;
+        m_inspected += 1;
         return;
     }
-    lookAtPackets(page);
-    m_seen += static_cast<std::int64_t>(length);
+    inspectPackets(page);
+    m_inspected += static_cast<std::int64_t>(length);
 }
 
-void OggInspector::lookAtPackets(std::span<std::uint8_t> page)
+void OggInspector::inspectPackets(std::span<std::uint8_t> page)
 {
     constexpr unsigned isContinued = 1;
     constexpr unsigned isFirst = 2;
@@ -222,10 +226,10 @@ void OggInspector::lookAtPackets(std::span<std::uint8_t> page)
         if (stream.packets > maxHeaders && stream.kind == Kind::Ogm)
             stream.kind = Kind::Unknown;
         stream.packetBytes += static_cast<std::int64_t>(length);
-        if (stream.packetBytes > longestPacket)
-            m_end = m_seen;
+        if (stream.packetBytes > maxPacketBytes)
+            m_end = m_inspected;
         else if (begins)
-            lookAtPacket(page, start, length, !ends, stream.kind);
+            inspectPacket(page, start, length, !ends, stream.kind);
         if (ends)
             stream.packetBytes = 0;
         start += length;
@@ -233,42 +237,44 @@ void OggInspector::lookAtPackets(std::span<std::uint8_t> page)
     }
 }
 
-/// The packet begins at `start` of the page and has `length` bytes in it.
-void OggInspector::lookAtPacket(std::span<std::uint8_t> page, std::size_t start, std::size_t length,
-                                bool goesOn, Kind kind)
+/// The packet begins at `start` and has `length` bytes in this page.
+void OggInspector::inspectPacket(std::span<std::uint8_t> page, std::size_t start,
+                                 std::size_t length, bool continues, Kind kind)
 {
-    constexpr std::size_t fewest = 4 * std::size_t{100}; // entries cannot be told from sound
+    constexpr std::size_t minCommentBytes = 4 * std::size_t{100}; // Shorter comments cannot be told
+                                                                  // from sound.
     const std::span<std::uint8_t> packet = page.subspan(start, length);
-    if (length < fewest && !goesOn)
+    if (length < minCommentBytes && !continues)
         return;
     const std::optional<std::size_t> comments = commentsIn(packet, kind);
     if (!comments)
         return;
-    // A packet that begins in the last bytes of a page gives nothing to go by.
+    // Too few bytes of the packet are in this page to inspectMaster it.
     if (packet.size() < *comments + 4) {
-        m_end = m_seen;
+        m_end = m_inspected;
         return;
     }
-    const std::uint32_t maker = little32(packet.data() + *comments);
-    const std::size_t field = *comments + 4 + maker;
-    const bool isTold = field + 4 <= packet.size();
+    const std::uint32_t vendor = little32(packet.data() + *comments);
+    const std::size_t field = *comments + 4 + vendor;
+    const bool hasCount = field + 4 <= packet.size();
     std::int64_t entries = 0;
-    if (isTold) {
+    if (hasCount) {
         entries = little32(packet.data() + field);
-        if (!goesOn)
+        if (!continues)
             entries = std::min(entries, static_cast<std::int64_t>(packet.size() / 4));
-    } else if (goesOn) {
-        entries = maxWork; // the number stands on another page: nobody's name is that long
+    } else if (continues) {
+        entries = maxWork; // The count is on another page. No real vendor name is that long.
     }
     const std::int64_t work = entries > maxEntries ? maxWork + 1 : entries * entries;
     if (m_work + work <= maxWork) {
         m_work += work;
         return;
     }
-    // No entries, or a maker's name longer than the packet, which makes it unreadable.
-    const std::size_t at = start + (isTold ? field : *comments);
+    // Write a count of zero, or a vendor name longer than the packet, which makes the comments
+    // unreadable.
+    const std::size_t at = start + (hasCount ? field : *comments);
     std::array<std::uint8_t, 4> number{};
-    number.fill(isTold ? 0x00 : 0xff);
+    number.fill(hasCount ? 0x00 : 0xff);
     std::copy(number.begin(), number.end(), page.begin() + static_cast<std::ptrdiff_t>(at));
     const std::uint32_t sum = checksum(page);
     std::array<std::uint8_t, 4> sumBytes{};
@@ -276,10 +282,10 @@ void OggInspector::lookAtPacket(std::span<std::uint8_t> page, std::size_t start,
         sumBytes[i] = static_cast<std::uint8_t>(sum >> (8 * i));
         page[checksumOffset + i] = sumBytes[i];
     }
-    m_patches[m_seen + static_cast<std::int64_t>(checksumOffset)] = sumBytes;
-    m_patches[m_seen + static_cast<std::int64_t>(at)] = number;
+    m_patches[m_inspected + static_cast<std::int64_t>(checksumOffset)] = sumBytes;
+    m_patches[m_inspected + static_cast<std::int64_t>(at)] = number;
     if (m_patches.size() > maxPatches)
-        m_end = m_seen;
+        m_end = m_inspected;
 }
 
 } // namespace

@@ -15,18 +15,20 @@ using namespace std::string_view_literals;
 
 constexpr std::int64_t maxEntries = 10000;
 
-/// Shorter ones have no room for so many that they matter.
+/// In bytes. Shorter tags have no room for a harmful number of entries.
 constexpr std::int64_t shortTag = std::int64_t{256} << 10;
 constexpr std::int64_t shortComments = std::int64_t{64} << 10;
 
-/// Blocks or chunks of a file that are looked at.
+/// How many blocks or chunks of a file are checked.
 constexpr int maxBlocks = 1000;
 
-std::uint64_t number(std::span<const std::uint8_t> bytes, bool isLittle)
+enum class ByteOrder { Big, Little };
+
+std::uint64_t number(std::span<const std::uint8_t> bytes, ByteOrder order)
 {
     std::uint64_t value = 0;
     for (std::size_t i = 0; i < bytes.size(); ++i)
-        value = value << 8 | bytes[isLittle ? bytes.size() - 1 - i : i];
+        value = value << 8 | bytes[order == ByteOrder::Little ? bytes.size() - 1 - i : i];
     return value;
 }
 
@@ -35,8 +37,8 @@ bool isFrameCharacter(std::uint8_t c)
     return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
 
-/// Whether the name of an ID3v2 frame may begin here. In a picture, one byte in ten thousand looks
-/// so.
+/// Whether the name of an ID3v2 frame may begin here. In a picture, one byte in ten thousand
+/// matches by chance.
 bool looksLikeFrame(const std::uint8_t *at)
 {
     const std::string_view name(reinterpret_cast<const char *>(at), 4);
@@ -60,9 +62,9 @@ bool looksLikeFrame(const std::uint8_t *at)
     }
 }
 
-/// Names are looked for instead of following the frames' lengths: a tag may be scrambled, and its
-/// frames may hold frames.
-bool isCrowdedId3(const Input &input, FilePart part)
+/// Searches for frame names instead of following the frames' lengths, because a tag may be
+/// scrambled and frames may contain frames.
+bool hasTooManyId3Frames(const Input &input, FilePart part)
 {
     constexpr std::int64_t overlap = 3;
     if (part.length < shortTag)
@@ -82,7 +84,7 @@ bool isCrowdedId3(const Input &input, FilePart part)
     return entries > maxEntries;
 }
 
-/// All ID3v2 tags that follow one another at `offset`, without the first one's header.
+/// The range of all consecutive ID3v2 tags at `offset`, without the first header.
 FilePart id3TagsAt(const Input &input, std::int64_t offset)
 {
     std::int64_t end = offset;
@@ -102,14 +104,14 @@ void findInFlac(const Input &input, std::int64_t offset, std::vector<FilePart> &
     std::array<std::uint8_t, 4> head{};
     for (int block = 0; block < maxBlocks && input.peek(offset, head) == head.size(); ++block) {
         constexpr unsigned comments = 4;
-        const FilePart content{
-            offset + 4, static_cast<std::int64_t>(number(std::span(head).subspan(1), false))};
+        const FilePart content{offset + 4, static_cast<std::int64_t>(
+                                               number(std::span(head).subspan(1), ByteOrder::Big))};
         if ((head[0] & 0x7fU) == comments && content.length >= shortComments) {
             std::array<std::uint8_t, 4> field{};
             input.peek(content.offset, field);
-            const auto maker = static_cast<std::int64_t>(number(field, true));
-            input.peek(content.offset + 4 + maker, field);
-            if (static_cast<std::int64_t>(number(field, true)) > maxEntries)
+            const auto vendor = static_cast<std::int64_t>(number(field, ByteOrder::Little));
+            input.peek(content.offset + 4 + vendor, field);
+            if (static_cast<std::int64_t>(number(field, ByteOrder::Little)) > maxEntries)
                 found.push_back(content);
         }
         if ((head[0] & 0x80U) != 0)
@@ -118,26 +120,26 @@ void findInFlac(const Input &input, std::int64_t offset, std::vector<FilePart> &
     }
 }
 
-void findInChunks(const Input &input, bool isLittle, std::vector<FilePart> &found)
+void findInChunks(const Input &input, ByteOrder order, std::vector<FilePart> &found)
 {
     std::array<std::uint8_t, 8> head{};
     std::int64_t offset = 12;
     for (int chunk = 0; chunk < maxBlocks && input.peek(offset, head) == head.size(); ++chunk) {
-        const auto length = static_cast<std::int64_t>(number(std::span(head).subspan(4), isLittle));
+        const auto length = static_cast<std::int64_t>(number(std::span(head).subspan(4), order));
         const std::string_view name(reinterpret_cast<const char *>(head.data()), 4);
         if (name == "ID3 "sv || name == "id3 "sv) {
             const FilePart content{offset + 8, std::min(length, input.size() - offset - 8)};
-            if (isCrowdedId3(input, content))
+            if (hasTooManyId3Frames(input, content))
                 found.push_back(content);
         }
         offset += 8 + length + (length & 1);
     }
 }
 
-/// The texts of an MP4 file, of which FFmpeg keeps up to three copies.
-class AtomWalk {
+/// Measures the texts of an MP4 file. FFmpeg keeps up to three copies of them.
+class AtomWalker {
 public:
-    AtomWalk(const Input &input, std::vector<FilePart> &found) : m_input(input), m_found(found) {}
+    AtomWalker(const Input &input, std::vector<FilePart> &found) : m_input(input), m_found(found) {}
 
     void walk(std::int64_t offset, std::int64_t end, bool isTags = false, int depth = 0)
     {
@@ -147,40 +149,42 @@ public:
                 m_found.push_back({offset, end - offset});
                 return;
             }
-            auto length = static_cast<std::int64_t>(number(std::span(head).first(4), false));
+            auto length =
+                static_cast<std::int64_t>(number(std::span(head).first(4), ByteOrder::Big));
             std::int64_t headBytes = 8;
             if (length == 1 && m_input.peek(offset, head) == head.size()) {
                 headBytes = 16;
-                length = static_cast<std::int64_t>(number(std::span(head).subspan(8), false));
+                length =
+                    static_cast<std::int64_t>(number(std::span(head).subspan(8), ByteOrder::Big));
             } else if (length == 0) {
                 length = end - offset;
             }
             if (length < headBytes || length > end - offset)
                 length = end - offset;
             const std::string_view name(reinterpret_cast<const char *>(head.data()) + 4, 4);
-            look(name, {offset + headBytes, length - headBytes}, isTags, depth);
+            examine(name, {offset + headBytes, length - headBytes}, isTags, depth);
             m_hasHeader |= depth == 0 && name == "moov"sv;
             m_hasSound |= depth == 0 && name == "mdat"sv;
             if (depth == 0 && m_hasHeader && m_hasSound)
-                return; // as FFmpeg does: fragments may follow by the thousand
+                return; // FFmpeg stops here, too. Thousands of fragments may follow.
             offset += length;
         }
     }
 
 private:
-    void look(std::string_view name, FilePart content, bool isTags, int depth)
+    void examine(std::string_view name, FilePart content, bool isTags, int depth)
     {
         static constexpr std::array structure = {"moov"sv, "trak"sv, "mdia"sv, "minf"sv};
         static constexpr std::array tags = {"udta"sv, "meta"sv, "ilst"sv};
-        constexpr int deepest = 10;
+        constexpr int maxDepth = 10;
         const auto isAmong = [name](const auto &names) {
             return std::find(names.begin(), names.end(), name) != names.end();
         };
-        if (depth < deepest && (isAmong(structure) || isAmong(tags))) {
-            // Mostly, four bytes of a version come first.
+        if (depth < maxDepth && (isAmong(structure) || isAmong(tags))) {
+            // A version field of four bytes usually comes first.
             std::array<std::uint8_t, 4> first{};
             const bool hasVersion = name == "meta"sv && m_input.peek(content.offset, first) == 4 &&
-                                    number(first, false) == 0;
+                                    number(first, ByteOrder::Big) == 0;
             walk(content.offset + (hasVersion ? 4 : 0), content.offset + content.length,
                  isAmong(tags), depth + 1);
         } else if (isTags) {
@@ -192,7 +196,8 @@ private:
     }
 
     static constexpr std::int64_t maxTextBytes = std::int64_t{8} << 20;
-    static constexpr std::int64_t maxCovers = 32; ///< each is a stream, of which 64 are allowed
+    static constexpr std::int64_t maxCovers = 32; ///< Each one is a stream, and 64 streams are
+                                                  ///< allowed.
 
     const Input &m_input;
     std::vector<FilePart> &m_found;
@@ -214,7 +219,7 @@ std::vector<FilePart> oversizedTags(const Input &input)
     std::int64_t song = 0;
     if (id3TagBytes(start) > 0) {
         const FilePart tags = id3TagsAt(input, 0);
-        if (isCrowdedId3(input, tags))
+        if (hasTooManyId3Frames(input, tags))
             found.push_back(tags);
         song = tags.offset + tags.length;
         input.peek(song, start);
@@ -223,9 +228,9 @@ std::vector<FilePart> oversizedTags(const Input &input)
     if (name == "fLaC"sv)
         findInFlac(input, song + 4, found);
     else if (song == 0 && (name == "RIFF"sv || name == "FORM"sv))
-        findInChunks(input, name == "RIFF"sv, found);
+        findInChunks(input, name == "RIFF"sv ? ByteOrder::Little : ByteOrder::Big, found);
     else if (song == 0 && std::memcmp(start.data() + 4, "ftyp", 4) == 0)
-        AtomWalk(input, found).walk(0, input.size());
+        AtomWalker(input, found).walk(0, input.size());
     return found;
 }
 

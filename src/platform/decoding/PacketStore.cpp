@@ -8,8 +8,8 @@ namespace lyrabox::decoding {
 namespace {
 
 constexpr std::size_t blockBytes = std::size_t{64} << 10;
-constexpr std::size_t largestPacket = blockBytes / 4;
-constexpr std::size_t step = 64; ///< between packets; a line of the processor's cache
+constexpr std::size_t maxPacketBytes = blockBytes / 4;
+constexpr std::size_t step = 64; ///< Packets start at multiples of this, a cache line.
 
 } // namespace
 
@@ -22,14 +22,14 @@ PacketStore::PacketStore() : m_blocks(av_buffer_pool_init(blockBytes, nullptr))
 PacketStore::~PacketStore()
 {
     m_block.reset();
-    av_buffer_pool_uninit(&m_blocks); // the packets that are left keep what they need of it
+    av_buffer_pool_uninit(&m_blocks); // Remaining packets keep their blocks alive.
 }
 
 void PacketStore::take(AVPacket &packet)
 {
     const auto size = static_cast<std::size_t>(packet.size);
     const std::size_t needed = (size + AV_INPUT_BUFFER_PADDING_SIZE + step - 1) / step * step;
-    if (needed > largestPacket)
+    if (needed > maxPacketBytes)
         return;
     if (!m_block || m_used + needed > blockBytes) {
         m_block.reset(av_buffer_pool_get(m_blocks));

@@ -6,9 +6,10 @@
 
 namespace lyrabox::decoding {
 
-/// Where packets lie on their way from the demuxer's thread to a decoder's. The demuxer allocates
-/// the bytes of each packet; freed by another thread, they would make both wait for one heap, some
-/// ten thousand times a song. One thread at a time; the packets may go on any, and after the store.
+/// Holds the bytes of packets on their way from the demuxer's thread to a decoder's thread. The
+/// demuxer allocates each packet. If another thread freed it, both would contend for one heap some
+/// ten thousand times per song. The store is for one thread at a time. Its packets may be used on
+/// any thread and may outlive it.
 class PacketStore {
 public:
     PacketStore();
@@ -16,14 +17,14 @@ public:
     PacketStore(const PacketStore &) = delete;
     PacketStore &operator=(const PacketStore &) = delete;
 
-    /// Moves the packet's bytes in here. A packet too large for that stays as it is. Throws
+    /// Moves the packet's bytes into the store. Leaves a packet alone that is too large. Throws
     /// std::bad_alloc.
     void take(AVPacket &packet);
 
 private:
     AVBufferPool *m_blocks = nullptr;
-    AvPointer<AVBufferRef> m_block; ///< the one that is being filled
-    std::size_t m_used = 0;         ///< bytes of it
+    AvPointer<AVBufferRef> m_block; ///< The block that is being filled.
+    std::size_t m_used = 0;         ///< Bytes used in it.
 };
 
 } // namespace lyrabox::decoding

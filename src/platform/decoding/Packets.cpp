@@ -6,7 +6,7 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// Reads in a row that fail before the rest of the file is given up.
+/// The rest of the file is given up after so many failed reads in a row.
 constexpr int maximumReadFailures = 64;
 
 } // namespace
@@ -21,7 +21,7 @@ bool Packets::next(AVPacket &packet)
             return false;
         if (error < 0) {
             ++m_failures;
-            // Some demuxers find their way again after a damaged place.
+            // Some demuxers recover after damaged data.
             if (error == AVERROR(EIO) || error == AVERROR(ENOMEM) ||
                 ++failuresInARow >= maximumReadFailures)
                 return false;
@@ -31,7 +31,7 @@ bool Packets::next(AVPacket &packet)
     }
 }
 
-std::optional<std::uint64_t> countFrames(Container &container, double rate, std::uint64_t most)
+std::optional<std::uint64_t> countFrames(Container &container, double rate, std::uint64_t limit)
 {
     Packets packets(container);
     const AvPointer<AVPacket> packet(av_packet_alloc());
@@ -50,8 +50,8 @@ std::optional<std::uint64_t> countFrames(Container &container, double rate, std:
                 return std::nullopt;
             seconds += static_cast<double>(frames) / parameters->sample_rate;
         }
-        if (seconds * rate >= static_cast<double>(most))
-            return most;
+        if (seconds * rate >= static_cast<double>(limit))
+            return limit;
     }
     return static_cast<std::uint64_t>(std::ceil(seconds * rate));
 }

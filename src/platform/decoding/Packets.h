@@ -4,7 +4,7 @@
 
 namespace lyrabox::decoding {
 
-/// The packets of a container's chosen stream, in the order of the file.
+/// Reads the packets of a container's chosen stream in file order. One thread at a time.
 class Packets {
 public:
     Packets() = default;
@@ -12,10 +12,11 @@ public:
     /// The container must outlive the packets.
     explicit Packets(Container &container) : m_container(&container) {}
 
-    /// Fills `packet`; false at the end, or where the demuxer does not find its way any more.
+    /// Reads the next packet. Returns false at the end, or if the demuxer cannot recover from
+    /// damage.
     bool next(AVPacket &packet);
 
-    /// Reads that failed and were passed over.
+    /// Number of failed reads that were skipped.
     int failures() const { return m_failures; }
 
 private:
@@ -23,13 +24,13 @@ private:
     int m_failures = 0;
 };
 
-/// A decoder that is ready for packets. Null, with `result` set to unsupportedDataFormat,
-/// invalidFile or notEnoughMemory, on failure. Any thread.
+/// Opens a decoder. On failure returns null and sets `result` to unsupportedDataFormat, invalidFile
+/// or notEnoughMemory. Any thread.
 AvPointer<AVCodecContext> openCodec(const AVCodec *codec, const AVCodecParameters &parameters,
                                     AVRational timeBase, Status &result);
 
-/// How long the packets of a container that was just opened are together, in frames of `rate`; see
-/// AudioFileReader::countedFrames().
-std::optional<std::uint64_t> countFrames(Container &container, double rate, std::uint64_t most);
+/// Adds up the durations of all packets of a container that was just opened, in frames of `rate`
+/// hertz. Stops at `limit`. See SongReader::countedFrames().
+std::optional<std::uint64_t> countFrames(Container &container, double rate, std::uint64_t limit);
 
 } // namespace lyrabox::decoding

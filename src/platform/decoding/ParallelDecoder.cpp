@@ -12,10 +12,11 @@ namespace lyrabox::decoding {
 
 namespace {
 
-constexpr double shortestStretch = 1 << 16; ///< samples; below it the run-up weighs too much
-constexpr double longestStretch = 1 << 20;
-constexpr unsigned maximumThreads = 8; ///< demuxing and converting keep pace with no more
-/// Ready before the reader looks at it; to be woken takes as long as to decode a packet.
+constexpr double minSegmentSamples = 1 << 16; ///< In samples. For anything shorter the run-up costs
+                                              ///< too much.
+constexpr double maxSegmentSamples = 1 << 20;
+constexpr unsigned maximumThreads = 8; ///< Demuxing and converting cannot keep up with more.
+/// The reader is woken for this many bytes. Waking it takes as long as decoding a packet.
 constexpr std::size_t readerBytes = std::size_t{512} << 10;
 
 bool changesParameters(const AVPacket &packet)
@@ -48,14 +49,14 @@ std::optional<int> runUpPackets(AVCodecID codec)
     case AV_CODEC_ID_FLAC:
     case AV_CODEC_ID_ALAC:
         return 0;
-    case AV_CODEC_ID_MP3: // the bit reservoir goes back nine frames, the filter bank two
+    case AV_CODEC_ID_MP3: // The bit reservoir goes back nine frames, the filter bank two.
     case AV_CODEC_ID_VORBIS:
         return 12;
-    case AV_CODEC_ID_OPUS: // its predictors fade slowly
+    case AV_CODEC_ID_OPUS: // Its predictors fade slowly.
         return 60;
     default:
-        // Among them AAC: the noise that it substitutes comes from a generator whose state goes
-        // back to the first packet.
+        // This includes AAC: its noise substitution uses a generator whose state goes back to the
+        // first packet.
         return std::nullopt;
     }
 }
@@ -68,7 +69,7 @@ ParallelDecoder::ParallelDecoder(Container &container, AvPointer<AVCodecContext>
       m_parameters(avcodec_parameters_alloc()),
       m_pool(std::make_unique<FramePool>())
 {
-    // A copy, because demuxing may change the stream's own while a stretch is decoded.
+    // A copy, because demuxing may change the stream's parameters while a segment is decoded.
     if (!m_parameters ||
         avcodec_parameters_copy(m_parameters.get(), container.stream()->codecpar) < 0)
         throw std::bad_alloc();
@@ -78,11 +79,11 @@ ParallelDecoder::ParallelDecoder(Container &container, AvPointer<AVCodecContext>
         m_decoders = std::min(threads, maximumThreads);
     }
     divide(container, static_cast<double>(memory));
-    // The reader's thread is one of them, where a decoder may start anywhere.
+    // The reader's thread decodes as well if decoding may start anywhere.
     const std::size_t workers = std::max<std::size_t>(1, m_decoders - 1);
     m_workers.reserve(workers);
     if (m_canStartAnywhere)
-        m_reader = std::make_unique<Worker>(*this, std::move(context));
+        m_readerWorker = std::make_unique<Worker>(*this, std::move(context));
     while (m_workers.size() < workers)
         m_workers.push_back(std::make_unique<Worker>(*this, std::move(context)));
     try {
@@ -90,10 +91,10 @@ ParallelDecoder::ParallelDecoder(Container &container, AvPointer<AVCodecContext>
         for (const auto &worker : m_workers)
             m_threads.emplace_back([this, own = worker.get()] { run(*own); });
     } catch (const std::system_error &) {
-        // As many as are to be had; with none, the reader's own thread decodes.
+        // Use the threads that could be started. If there are none, the reader's thread decodes.
     }
-    if (m_threads.empty() && !m_reader)
-        m_reader = std::move(m_workers.front());
+    if (m_threads.empty() && !m_readerWorker)
+        m_readerWorker = std::move(m_workers.front());
 }
 
 ParallelDecoder::~ParallelDecoder()
@@ -104,11 +105,11 @@ ParallelDecoder::~ParallelDecoder()
     }
     m_work.notify_all();
     m_room.notify_all();
-    m_threads.clear(); // joins
+    m_threads.clear(); // This joins them.
 }
 
-/// Sets the length of a stretch so that what waits fits into `memory`: a stretch for each decoder
-/// that is ahead of the reader's, and what is handed over.
+/// Sets the length of a segment so that everything waiting fits into `memory`: one segment for each
+/// decoder ahead of the reader, and the frames being handed over.
 void ParallelDecoder::divide(Container &container, double memory)
 {
     const double seconds = container.duration().value_or(0.0);
@@ -119,47 +120,50 @@ void ParallelDecoder::divide(Container &container, double memory)
     const double frameBytes =
         4.0 * std::max(1, m_parameters->ch_layout.nb_channels) * std::max(1.0, count - 1.0);
     const double length = std::clamp(memory / (frameBytes + packetBytes * (count + 1.0)),
-                                     shortestStretch, longestStretch);
-    m_stretchSamples = static_cast<std::int64_t>(length);
-    m_mostWaiting = static_cast<std::size_t>(length * frameBytes);
+                                     minSegmentSamples, maxSegmentSamples);
+    m_segmentSamples = static_cast<std::int64_t>(length);
+    m_maxWaitingBytes = static_cast<std::size_t>(length * frameBytes);
 }
 
 AvPointer<AVFrame> ParallelDecoder::next(AvPointer<AVFrame> spent)
 {
-    // A decoder's thread lets go of its buffers; done here, it would make both wait for the pool.
+    // A decoder's thread releases the buffers. Releasing them here would make both threads contend
+    // for the pool.
     if (spent)
         m_spent.push_back(std::move(spent));
     while (m_nextReady == m_ready.size()) {
         m_ready.clear();
         m_nextReady = 0;
         fill();
-        if (m_stretches.empty())
+        if (m_segments.empty())
             return nullptr;
         advance();
     }
     return std::move(m_ready[m_nextReady++]);
 }
 
-/// Takes what the first stretch has ready. Where that is not enough, decodes something, be it of a
-/// later stretch; where nothing is left to decode, waits.
+/// Takes the finished frames of the first segment. If there are not enough, decodes some frames,
+/// possibly of a later segment. If nothing is left to decode, waits.
 void ParallelDecoder::advance()
 {
     std::unique_lock lock(m_mutex);
     std::move(m_spent.begin(), m_spent.end(), std::back_inserter(m_empty));
     m_spent.clear();
-    const auto front = m_stretches.front();
+    const auto front = m_segments.front();
     const auto isReady = [&] { return front->finished || front->bytes >= readerBytes; };
-    if (m_reader && !m_own && !isReady() && (m_waitingBytes < m_mostWaiting || !front->taken))
-        m_own = takeStretch();
-    if (!isReady() && m_own && (m_own == front || m_waitingBytes < m_mostWaiting)) {
+    if (m_readerWorker && !m_readerSegment && !isReady() &&
+        (m_waitingBytes < m_maxWaitingBytes || !front->taken))
+        m_readerSegment = takeSegment();
+    if (!isReady() && m_readerSegment &&
+        (m_readerSegment == front || m_waitingBytes < m_maxWaitingBytes)) {
         lock.unlock();
-        const auto own = m_own;
-        const bool more = m_reader->decode(*own);
+        const auto own = m_readerSegment;
+        const bool more = m_readerWorker->decode(*own);
         lock.lock();
-        hand(*own, m_reader->batch());
+        deliver(*own, m_readerWorker->batch());
         if (!more) {
-            close(*own, *m_reader);
-            m_own.reset();
+            close(*own, *m_readerWorker);
+            m_readerSegment.reset();
         }
         if (own != front)
             return;
@@ -173,10 +177,10 @@ void ParallelDecoder::advance()
         m_room.notify_all();
 }
 
-/// Makes frames of the first stretch ready for the reader. With the mutex held.
+/// Makes frames of the first segment ready for the reader. The mutex must be held.
 void ParallelDecoder::fetch()
 {
-    Stretch &front = *m_stretches.front();
+    Segment &front = *m_segments.front();
     for (std::size_t taken = 0; taken < readerBytes && !front.frames.empty();
          front.frames.pop_front()) {
         const std::size_t bytes = bytesOf(*front.frames.front());
@@ -188,97 +192,96 @@ void ParallelDecoder::fetch()
     if (front.finished && front.frames.empty()) {
         m_failures += front.failures;
         m_outOfMemory = m_outOfMemory || front.outOfMemory;
-        m_stretches.pop_front();
+        m_segments.pop_front();
     }
 }
 
-/// Sees to it that every decoder has a stretch, and the first that is done finds another.
+/// Keeps one segment queued for every decoder, and one more for the first that finishes.
 void ParallelDecoder::fill()
 {
-    while (!m_gathered && m_stretches.size() <= m_decoders) {
-        auto stretch = std::make_shared<Stretch>();
-        if (!gather(*stretch))
+    while (!m_hasReadAll && m_segments.size() <= m_decoders) {
+        auto segment = std::make_shared<Segment>();
+        if (!gather(*segment))
             return;
         {
             const std::lock_guard lock(m_mutex);
-            m_stretches.push_back(std::move(stretch));
+            m_segments.push_back(std::move(segment));
         }
         m_work.notify_one();
     }
 }
 
-/// Takes the packets of the next stretch, with its run-up before them.
-bool ParallelDecoder::gather(Stretch &stretch)
+/// Reads the packets of the next segment and puts its run-up before them.
+bool ParallelDecoder::gather(Segment &segment)
 {
-    if (m_change)
-        stretch.packets.push_back(owned(av_packet_clone(m_change.get())));
-    const std::size_t first = stretch.packets.size();
-    std::move(m_before.begin(), m_before.end(), std::back_inserter(stretch.packets));
-    m_before.clear();
-    stretch.dropped = stretch.packets.size();
+    if (m_parameterChange)
+        segment.packets.push_back(owned(av_packet_clone(m_parameterChange.get())));
+    const std::size_t first = segment.packets.size();
+    std::move(m_nextRunUp.begin(), m_nextRunUp.end(), std::back_inserter(segment.packets));
+    m_nextRunUp.clear();
+    segment.dropped = segment.packets.size();
 
-    // The first ones are shorter, so that the decoders come to their ends one after the other.
+    // The first segments are shorter, so that the decoders finish one after the other.
     const auto decoders = static_cast<std::int64_t>(m_decoders);
     const std::int64_t wanted =
-        m_stretchSamples * std::min(++m_gatheredStretches, decoders) / decoders;
+        m_segmentSamples * std::min(++m_gatheredSegments, decoders) / decoders;
     std::int64_t samples = 0;
     while (samples < wanted) {
         auto packet = owned(av_packet_alloc());
         if (!m_packets.next(*packet)) {
-            m_gathered = stretch.last = true;
+            m_hasReadAll = segment.last = true;
             break;
         }
         m_store.take(*packet);
         if (m_canStartAnywhere && changesParameters(*packet))
-            m_change = owned(av_packet_clone(packet.get()));
-        const std::int64_t told =
+            m_parameterChange = owned(av_packet_clone(packet.get()));
+        const std::int64_t stated =
             av_rescale_q(packet->duration, m_timeBase, {1, m_parameters->sample_rate});
-        samples += told > 0 ? told : 1024;
-        stretch.packets.push_back(std::move(packet));
+        samples += stated > 0 ? stated : 1024;
+        segment.packets.push_back(std::move(packet));
     }
-    if (m_canStartAnywhere && !stretch.last) {
-        const std::size_t most = std::min(m_runUp, stretch.packets.size() - first);
-        for (auto packet = stretch.packets.end() - static_cast<std::ptrdiff_t>(most);
-             packet != stretch.packets.end(); ++packet)
-            m_before.push_back(owned(av_packet_clone(packet->get())));
+    if (m_canStartAnywhere && !segment.last) {
+        const std::size_t runUpPacketCount = std::min(m_runUp, segment.packets.size() - first);
+        for (auto packet = segment.packets.end() - static_cast<std::ptrdiff_t>(runUpPacketCount);
+             packet != segment.packets.end(); ++packet)
+            m_nextRunUp.push_back(owned(av_packet_clone(packet->get())));
     }
-    return stretch.packets.size() > stretch.dropped || stretch.last;
+    return segment.packets.size() > segment.dropped || segment.last;
 }
 
-/// The first stretch that nobody decodes, or none. With the mutex held.
-std::shared_ptr<ParallelDecoder::Stretch> ParallelDecoder::takeStretch()
+/// Returns the first segment that no thread has taken, or null. The mutex must be held.
+std::shared_ptr<ParallelDecoder::Segment> ParallelDecoder::takeSegment()
 {
-    const auto found = std::find_if(m_stretches.begin(), m_stretches.end(),
+    const auto found = std::find_if(m_segments.begin(), m_segments.end(),
                                     [](const auto &each) { return !each->taken; });
-    if (found == m_stretches.end())
+    if (found == m_segments.end())
         return nullptr;
     (*found)->taken = true;
     return *found;
 }
 
-/// On a thread of its own.
+/// The main function of a decoding thread.
 void ParallelDecoder::run(Worker &worker)
 {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        std::shared_ptr<Stretch> stretch;
-        m_work.wait(lock, [&] { return m_closing || (stretch = takeStretch()) != nullptr; });
+        std::shared_ptr<Segment> segment;
+        m_work.wait(lock, [&] { return m_closing || (segment = takeSegment()) != nullptr; });
         for (bool more = true; more && !m_closing;) {
             lock.unlock();
-            more = worker.decode(*stretch);
+            more = worker.decode(*segment);
             lock.lock();
-            // The stretch that the reader is at only waits for the reader, so that it never waits
-            // for the others.
+            // The reader's current segment waits only for the reader, never for other segments.
             ++m_waitingForRoom;
             m_room.wait(lock, [&] {
-                return m_closing || m_waitingBytes < m_mostWaiting ||
-                       (m_stretches.front() == stretch && stretch->bytes < readerBytes);
+                return m_closing || m_waitingBytes < m_maxWaitingBytes ||
+                       (m_segments.front() == segment && segment->bytes < readerBytes);
             });
             --m_waitingForRoom;
-            hand(*stretch, worker.batch());
+            deliver(*segment, worker.batch());
             if (!more)
-                close(*stretch, worker);
-            if (stretch->finished || stretch->bytes >= readerBytes)
+                close(*segment, worker);
+            if (segment->finished || segment->bytes >= readerBytes)
                 m_delivered.notify_one();
         }
         if (m_closing)
@@ -286,30 +289,31 @@ void ParallelDecoder::run(Worker &worker)
     }
 }
 
-/// Puts the frames of a batch into the stretch and gives it empty ones. With the mutex held.
-void ParallelDecoder::hand(Stretch &stretch, Batch &batch) noexcept
+/// Appends the frames of a batch to the segment and refills the batch with empty frames. The mutex
+/// must be held.
+void ParallelDecoder::deliver(Segment &segment, Batch &batch) noexcept
 {
     try {
         for (auto &frame : batch.full) {
             const std::size_t bytes = bytesOf(*frame);
-            stretch.frames.push_back(std::move(frame));
-            stretch.bytes += bytes;
+            segment.frames.push_back(std::move(frame));
+            segment.bytes += bytes;
             m_waitingBytes += bytes;
         }
         for (; !m_empty.empty() && batch.empty.size() < Worker::batchFrames; m_empty.pop_back())
             batch.empty.push_back(std::move(m_empty.back()));
     } catch (const std::bad_alloc &) {
-        stretch.outOfMemory = true;
+        segment.outOfMemory = true;
     }
     batch.full.clear();
 }
 
-/// With the mutex held.
-void ParallelDecoder::close(Stretch &stretch, Worker &worker)
+/// The mutex must be held.
+void ParallelDecoder::close(Segment &segment, Worker &worker)
 {
-    stretch.finished = true;
-    stretch.failures = worker.takeFailures();
-    stretch.outOfMemory = worker.takeOutOfMemory() || stretch.outOfMemory;
+    segment.finished = true;
+    segment.failures = worker.takeFailures();
+    segment.outOfMemory = worker.takeOutOfMemory() || segment.outOfMemory;
 }
 
 } // namespace lyrabox::decoding

@@ -12,12 +12,12 @@ ParallelDecoder::Worker::Worker(ParallelDecoder &owner, AvPointer<AVCodecContext
         m_owner.m_pool->serve(*m_context);
 }
 
-bool ParallelDecoder::Worker::decode(Stretch &stretch)
+bool ParallelDecoder::Worker::decode(Segment &segment)
 {
     try {
-        if (stretch.decoded == 0 && !prepare())
+        if (segment.decoded == 0 && !prepare())
             return false;
-        return decodePackets(stretch);
+        return decodePackets(segment);
     } catch (const std::bad_alloc &) {
         m_outOfMemory = true;
         return false;
@@ -36,33 +36,33 @@ bool ParallelDecoder::Worker::prepare()
     if (m_context)
         m_owner.m_pool->serve(*m_context);
     else
-        note(opened == status::notEnoughMemory ? AVERROR(ENOMEM) : AVERROR_INVALIDDATA);
+        countFailure(opened == status::notEnoughMemory ? AVERROR(ENOMEM) : AVERROR_INVALIDDATA);
     return m_context != nullptr;
 }
 
-bool ParallelDecoder::Worker::decodePackets(Stretch &stretch)
+bool ParallelDecoder::Worker::decodePackets(Segment &segment)
 {
-    while (stretch.decoded < stretch.packets.size()) {
-        const bool keep = stretch.decoded >= stretch.dropped;
-        const AvPointer<AVPacket> packet = std::move(stretch.packets[stretch.decoded++]);
+    while (segment.decoded < segment.packets.size()) {
+        const Output output = segment.decoded >= segment.dropped ? Output::Kept : Output::Dropped;
+        const AvPointer<AVPacket> packet = std::move(segment.packets[segment.decoded++]);
         const int sent = avcodec_send_packet(m_context.get(), packet.get());
-        const int taken = take(keep);
-        if (keep) {
-            note(sent);
-            note(taken);
+        const int taken = receiveFrames(output);
+        if (output == Output::Kept) {
+            countFailure(sent);
+            countFailure(taken);
         }
         if (m_batch.full.size() >= batchFrames)
             return true;
     }
-    if (stretch.last) {
+    if (segment.last) {
         avcodec_send_packet(m_context.get(), nullptr);
-        note(take(true));
+        countFailure(receiveFrames(Output::Kept));
     }
     return false;
 }
 
-/// Everything that the decoder has ready; returns why there is no more.
-int ParallelDecoder::Worker::take(bool keep)
+/// Receives all frames that the decoder has ready. Returns the code that ended the loop.
+int ParallelDecoder::Worker::receiveFrames(Output output)
 {
     for (;;) {
         if (!m_frame)
@@ -70,7 +70,7 @@ int ParallelDecoder::Worker::take(bool keep)
         const int error = avcodec_receive_frame(m_context.get(), m_frame.get());
         if (error < 0)
             return error;
-        if (keep && m_frame->nb_samples > 0)
+        if (output == Output::Kept && m_frame->nb_samples > 0)
             m_batch.full.push_back(std::move(m_frame));
     }
 }
@@ -88,7 +88,7 @@ AvPointer<AVFrame> ParallelDecoder::Worker::emptyFrame()
     return frame;
 }
 
-void ParallelDecoder::Worker::note(int error)
+void ParallelDecoder::Worker::countFailure(int error)
 {
     if (error == 0 || error == AVERROR(EAGAIN) || error == AVERROR_EOF)
         return;

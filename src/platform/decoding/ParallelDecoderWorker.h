@@ -1,6 +1,6 @@
 #pragma once
 
-// What ParallelDecoder consists of. Included by its sources only.
+// The parts of ParallelDecoder. Only for its own sources.
 
 #include "platform/decoding/ParallelDecoder.h"
 
@@ -8,45 +8,49 @@
 
 namespace lyrabox::decoding {
 
-/// Packets that are decoded one after the other, and what comes of them.
-struct ParallelDecoder::Stretch {
-    std::vector<AvPointer<AVPacket>> packets; ///< on the way to a decoder
-    std::size_t dropped = 0;                  ///< of the packets, those whose output is left out
+/// A run of packets that one decoder decodes in order, and the resulting frames.
+struct ParallelDecoder::Segment {
+    std::vector<AvPointer<AVPacket>> packets; ///< On the way to a decoder.
+    std::size_t dropped = 0;                  ///< Number of leading packets whose output is
+                                              ///< dropped.
     bool last = false;
-    std::size_t decoded = 0; ///< packets; its decoder's
+    std::size_t decoded = 0; ///< Number of packets. Only its decoder's thread uses it.
 
     // Guarded by the mutex.
     bool taken = false;
     bool finished = false;
-    std::deque<AvPointer<AVFrame>> frames; ///< on the way to the reader
-    std::size_t bytes = 0;                 ///< of these frames
+    std::deque<AvPointer<AVFrame>> frames; ///< On the way to the reader.
+    std::size_t bytes = 0;                 ///< Total size of these frames.
     int failures = 0;
     bool outOfMemory = false;
 };
 
-/// One thread's decoder.
+/// The decoder of one thread.
 class ParallelDecoder::Worker {
 public:
-    static constexpr std::size_t batchFrames = 16; ///< decoded at once
+    static constexpr std::size_t batchFrames = 16; ///< Number of frames decoded at once.
 
-    /// Without a context it opens one when it is needed.
+    /// If `context` is null, a decoder is opened when it is needed.
     Worker(ParallelDecoder &owner, AvPointer<AVCodecContext> context);
 
-    /// Decodes some frames of the stretch, from where it was left; false at its end.
-    bool decode(Stretch &stretch);
+    /// Decodes some frames of the segment from where the last call stopped. Returns false at its
+    /// end.
+    bool decode(Segment &segment);
 
     Batch &batch() { return m_batch; }
 
-    /// What went wrong since this was last asked.
+    /// Return the failures since the last call, and reset them.
     int takeFailures() { return std::exchange(m_failures, 0); }
     bool takeOutOfMemory() { return std::exchange(m_outOfMemory, false); }
 
 private:
+    enum class Output { Kept, Dropped };
+
     bool prepare();
-    bool decodePackets(Stretch &stretch);
-    int take(bool keep);
+    bool decodePackets(Segment &segment);
+    int receiveFrames(Output output);
     AvPointer<AVFrame> emptyFrame();
-    void note(int error);
+    void countFailure(int error);
 
     ParallelDecoder &m_owner;
     AvPointer<AVCodecContext> m_context;

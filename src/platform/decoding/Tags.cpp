@@ -9,11 +9,12 @@ namespace lyrabox::decoding {
 
 namespace {
 
-constexpr int maximumArtwork = 24 << 20; // it is in memory twice while a song is loaded
+constexpr int maximumArtwork = 24 << 20; // In bytes. A picture is in memory twice while a song is
+                                         // loaded.
 constexpr std::size_t maximumTextBytes = 64 << 10;
 
-/// The first of `names` that the container or else the stream has: Ogg and Matroska keep tags on
-/// the stream.
+/// The first of `names` that the container or the stream has. Ogg and Matroska keep tags on the
+/// stream.
 QString firstTag(const Container &container, std::initializer_list<const char *> names)
 {
     for (const char *name : names) {

@@ -8,14 +8,14 @@
 
 namespace lyrabox::decoding {
 
-/// A tag's text: UTF-8 with what is invalid replaced, cut to a sane length, without NULs and
-/// surrounding blanks.
+/// Decodes a tag's text as UTF-8. Invalid bytes are replaced, the length is limited to 64 KB, and
+/// NULs and surrounding blanks are removed.
 QString tagText(const char *bytes);
 
-/// See AudioFileReader::infoDictionary().
+/// See SongReader::infoDictionary().
 QMap<QString, QString> infoDictionaryOf(const Container &container);
 
-/// See AudioFileReader::albumArtwork(); a front cover goes before other pictures.
+/// See SongReader::albumArtwork(). Prefers a front cover to other pictures.
 QByteArray albumArtworkOf(const Container &container);
 
 } // namespace lyrabox::decoding

@@ -8,12 +8,12 @@
 
 namespace lyrabox::test {
 
-/// What a file decoded to.
+/// The result of decoding a file.
 struct Decoded {
-    Status status = status::noError; ///< of open() or else of the read that ended it
+    Status status = status::noError; ///< Of open(), or of the read that ended decoding.
     std::vector<float> left;
     std::vector<float> right;
-    std::vector<std::uint32_t> reads; ///< frames that each read delivered
+    std::vector<std::uint32_t> reads; ///< Number of frames that each read delivered.
 
     std::size_t frames() const { return left.size(); }
 };

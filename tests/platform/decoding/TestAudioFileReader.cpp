@@ -17,8 +17,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// How many samples of `decoded` differ from the source by more than `tolerance`, `skip` frames at
-/// each end aside.
+/// How many samples of `decoded` differ from the source by more than `tolerance`. `skip` frames at
+/// each end are not compared.
 std::size_t differences(const std::vector<float> &decoded, const SampleSpec &spec, double tolerance,
                         std::size_t skip = 0)
 {
@@ -151,7 +151,7 @@ TEST(AudioFileReader, StaysAtTheEnd)
     }
 }
 
-TEST(AudioFileReader, TellsTheFilesOwnFormat)
+TEST(AudioFileReader, ReportsTheFilesOwnFormat)
 {
     AudioFileReader reader;
     SampleSpec spec{.extension = u"flac"_s, .options = {u"-sample_fmt"_s, u"s16"_s}};
@@ -196,7 +196,7 @@ TEST(AudioFileReader, RefusesClientFormatsThatItDoesNotDeliver)
     EXPECT_TRUE(refused([](auto &format) { format.mFormatFlags = 0x9; }));
 }
 
-TEST(AudioFileReader, AnswersNothingWithoutAFile)
+TEST(AudioFileReader, DeliversNothingWithoutAFile)
 {
     AudioFileReader reader;
     std::vector<float> left(10);
@@ -227,7 +227,7 @@ TEST(AudioFileReader, DoesNotReadIntoBuffersThatAreMissing)
     EXPECT_EQ(frames, 0U);
 }
 
-TEST(AudioFileReader, TellsThatItWaitsWhileItOpensAndWhileItReads)
+TEST(AudioFileReader, CallsTheWaitHookWhileItOpensAndWhileItReads)
 {
     const QString path = sampleFile({.extension = u"flac"_s, .seconds = 20.0});
     AudioFileReader reader;
@@ -254,7 +254,7 @@ TEST(AudioFileReader, OpensOneFileAfterAnother)
     EXPECT_EQ(reader.estimatedFrames(), std::nullopt);
 }
 
-TEST(AudioFileReader, ReadsOnWhenTheFileIsRemovedMeanwhile)
+TEST(AudioFileReader, KeepsReadingAfterTheFileIsRemoved)
 {
     const QString path = sampleFolder() + u"/vanishing.flac"_s;
     ASSERT_TRUE(makeSampleAt(path, {.extension = u"flac"_s, .seconds = 5.0}));

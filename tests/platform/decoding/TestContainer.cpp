@@ -20,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The status of opening at both depths, which must agree.
+/// The status of opening a file. Both depths must agree.
 Status opened(const QString &path)
 {
     AudioFileReader reader;
@@ -42,7 +42,7 @@ QByteArray chunk(const char *name, const QByteArray &content)
     return QByteArray(name) + little(static_cast<quint32>(content.size())) + content;
 }
 
-/// A WAV file of 16-bit samples, correct but for what the arguments say.
+/// A valid WAV file of 16-bit samples, unless the arguments make it invalid.
 QByteArray wave(quint32 rate, quint16 channels, quint32 frames, quint16 format = 1)
 {
     const auto frameBytes = static_cast<quint16>(channels * 2);
@@ -56,7 +56,7 @@ QByteArray wave(quint32 rate, quint16 channels, quint32 frames, quint16 format =
 
 } // namespace
 
-TEST(Container, TellsWhenThereIsNoFile)
+TEST(Container, ReportsAMissingFile)
 {
     EXPECT_EQ(opened(sampleFolder() + u"/nothing.mp3"_s), status::fileNotFound);
     EXPECT_EQ(opened(u""_s), status::fileNotFound);
@@ -68,11 +68,11 @@ TEST(Container, TellsWhenThereIsNoFile)
     EXPECT_EQ(opened(loop), status::fileNotFound);
 }
 
-TEST(Container, TellsWhenTheFileMayNotBeRead)
+TEST(Container, ReportsAFileWithoutReadPermission)
 {
     const QString path = writeSample(u"secret.wav"_s, wave(44100, 2, 100));
     ASSERT_TRUE(QFile::setPermissions(path, {}));
-    // Root may read everything, so it becomes nobody for a moment.
+    // Root may read everything, so the test gives up its rights for a moment.
     const bool isRoot = ::geteuid() == 0;
     if (isRoot) {
         ASSERT_EQ(::seteuid(65534), 0);
@@ -88,7 +88,7 @@ TEST(Container, OpensOnlyRegularFiles)
 {
     ASSERT_TRUE(QDir().mkpath(sampleFolder() + u"/folder.mp3"_s));
     EXPECT_EQ(opened(sampleFolder() + u"/folder.mp3"_s), status::unsupportedFileType);
-    // Opening a pipe that nobody writes to would wait for ever.
+    // Opening a pipe without a writer would block for ever.
     const QString pipe = sampleFolder() + u"/pipe.mp3"_s;
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_EQ(opened(pipe), status::unsupportedFileType);
@@ -109,7 +109,7 @@ TEST(Container, OpensNamesInAnyScript)
     EXPECT_EQ(readWholeFile(path).frames(), 44100U);
 }
 
-TEST(Container, KnowsASongWhateverItsNameSays)
+TEST(Container, RecognisesASongWhateverItsNameSays)
 {
     for (const auto &extension :
          {u"mp3"_s, u"flac"_s, u"m4a"_s, u"ogg"_s, u"opus"_s, u"wav"_s, u"aiff"_s, u"wma"_s}) {
@@ -123,7 +123,7 @@ TEST(Container, KnowsASongWhateverItsNameSays)
     }
 }
 
-TEST(Container, RefusesWhatIsNotAudioWhateverItsNameSays)
+TEST(Container, RefusesOtherFilesWhateverTheirNamesSay)
 {
     QByteArray text;
     while (text.size() < 100000)
@@ -155,9 +155,9 @@ TEST(Container, RefusesWhatIsNotAudioWhateverItsNameSays)
     }
 }
 
-TEST(Container, RefusesTablesOfAProgramThatDecodeAsSound)
+TEST(Container, RefusesProgramTablesThatDecodeAsSound)
 {
-    // Rows of numbers between instructions: each row begins as a frame of MPEG layer I does.
+    // Rows of numbers between instructions. Each row begins like a frame of MPEG layer I.
     QByteArray content;
     quint32 random = 1;
     for (int table = 0; table < 20; ++table) {
@@ -174,7 +174,7 @@ TEST(Container, RefusesTablesOfAProgramThatDecodeAsSound)
             << qPrintable(extension);
 }
 
-TEST(Container, FindsAnMp3BehindWhatDoesNotBelongThere)
+TEST(Container, FindsAnMp3BehindForeignBytes)
 {
     const QByteArray song =
         bytesOf(sampleFile({.extension = u"mp3"_s, .options = {u"-id3v2_version"_s, u"0"_s}}));
@@ -182,7 +182,7 @@ TEST(Container, FindsAnMp3BehindWhatDoesNotBelongThere)
               status::noError);
 }
 
-TEST(Container, RefusesWhatWouldReadOtherFiles)
+TEST(Container, RefusesFilesThatReferToOthers)
 {
     const QByteArray song = QFile::encodeName(sampleFile({}));
     const std::vector<std::pair<QString, QByteArray>> disguises = {
@@ -247,25 +247,25 @@ TEST(Container, RefusesAbsurdRatesAndChannels)
     EXPECT_EQ(opened(writeSample(u"most.wav"_s, wave(768000, 64, 1000))), status::noError);
 }
 
-TEST(Container, TellsWhenNothingDecodesTheFormat)
+TEST(Container, ReportsAFormatWithoutADecoder)
 {
     EXPECT_EQ(opened(writeSample(u"strange.wav"_s, wave(44100, 2, 1000, 0x9999))),
               status::unsupportedDataFormat);
 }
 
-TEST(Container, TellsWhenAnAudioFileIsMalformed)
+TEST(Container, ReportsAMalformedAudioFile)
 {
     const QByteArray song = bytesOf(sampleFile({.extension = u"m4a"_s, .seconds = 2.0}));
-    // The table of contents of this file stands at its end.
+    // The table of contents is at the end of this file.
     EXPECT_EQ(opened(writeSample(u"beheaded.m4a"_s, song.left(song.size() / 2))),
               status::invalidFile);
     EXPECT_EQ(opened(writeSample(u"header.wav"_s, wave(44100, 2, 1000).left(40))),
               status::invalidFile);
 }
 
-TEST(Container, DoesNotBelieveALengthThatTheFileCannotHold)
+TEST(Container, IgnoresALengthThatTheFileCannotHold)
 {
-    // As written by a recorder that never got to correct its header.
+    // A recorder that was interrupted leaves such a header.
     QByteArray bytes = wave(44100, 2, 1000);
     const quint32 most = 0xfffffff0;
     bytes.replace(4, 4, little(most)).replace(40, 4, little(most));
@@ -278,7 +278,7 @@ TEST(Container, DoesNotBelieveALengthThatTheFileCannotHold)
 TEST(Container, FindsTheSongBehindATagOfManyMegabytes)
 {
 #ifdef LYRABOX_IS_SLOW
-    const std::vector sizes = {2}; // opening has half a second
+    const std::vector sizes = {2}; // Opening may take half a second only.
 #else
     const std::vector sizes = {2, 20, 60};
 #endif

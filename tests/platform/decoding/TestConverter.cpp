@@ -12,7 +12,7 @@ TEST(Converter, GivesMonoToBothSidesAtFullLevel)
     EXPECT_EQ(alternatingMatrix(1, 2), (std::vector<double>{1.0, 1.0}));
 }
 
-TEST(Converter, MakesMonoOfTheMeanOfAllChannels)
+TEST(Converter, MixesMonoAsTheMeanOfAllChannels)
 {
     EXPECT_EQ(alternatingMatrix(1, 1), (std::vector<double>{1.0}));
     EXPECT_EQ(alternatingMatrix(2, 1), (std::vector<double>{0.5, 0.5}));

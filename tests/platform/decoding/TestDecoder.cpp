@@ -19,11 +19,11 @@ namespace {
 struct Format {
     QString extension;
     QString codec = {};
-    std::size_t deviation = 0; ///< frames that the container's own coarseness adds or takes
+    std::size_t deviation = 0; ///< Frames that the container's coarse timing may add or remove.
     QStringList options = {};
 };
 
-/// Every format that tells its length exactly, and those of MP4, whose edit lists count in
+/// Every format that states its length exactly, and those of MP4, whose edit lists count in
 /// milliseconds.
 std::vector<Format> gaplessFormats()
 {
@@ -52,7 +52,7 @@ SampleSpec specOf(const Format &format)
     return spec;
 }
 
-/// The amplitude of a frequency in a stretch of samples.
+/// The amplitude of a frequency in a range of samples.
 double level(const std::vector<float> &samples, double frequency)
 {
     double sine = 0.0;
@@ -77,7 +77,7 @@ TEST(Decoder, LeavesOutEncoderDelayAndPadding)
         EXPECT_NEAR(static_cast<double>(song.frames()), 50021.0,
                     static_cast<double>(format.deviation))
             << qPrintable(format.extension) << ' ' << qPrintable(format.codec);
-        // The sine starts where it did before it was encoded: no delay is heard.
+        // The sine starts where it did before encoding: there is no delay.
         double worst = 0.0;
         for (std::size_t i = 2000; i < 40000 && i < song.frames(); ++i)
             worst = std::max(worst,
@@ -138,12 +138,12 @@ TEST(Decoder, EndsWhereTheTagsOfApplesEncodersSay)
     spec.options = {u"-movflags"_s, u"use_metadata_tags"_s, u"-metadata"_s,
                     u"iTunSMPB= 00000000 00000400 00000000 000000000000C300"_s};
     EXPECT_EQ(readWholeFile(sampleFile(spec)).frames(), 0xC300U);
-    // A length that can't be this song's is not believed.
+    // A length that is impossible for this song is ignored.
     spec.options.last() = u"iTunSMPB= 00000000 00000400 00000000 0000000000000100"_s;
     EXPECT_NEAR(static_cast<double>(readWholeFile(sampleFile(spec)).frames()), 50021.0, 48.0);
 }
 
-TEST(Decoder, PlaysTheRestAfterADamagedStretch)
+TEST(Decoder, PlaysTheRestAfterADamagedPart)
 {
     for (const Format &format : {Format{u"mp3"_s},
                                  {u"flac"_s},
@@ -169,7 +169,7 @@ TEST(Decoder, PlaysTheRestAfterADamagedStretch)
     }
 }
 
-TEST(Decoder, PlaysWhatIsThereOfATruncatedFile)
+TEST(Decoder, PlaysTheIntactPartOfATruncatedFile)
 {
     for (const Format &format : {Format{u"mp3"_s},
                                  {u"flac"_s},
@@ -214,7 +214,7 @@ TEST(Decoder, GivesUpInEndlessJunk)
     const QByteArray bytes = bytesOf(sampleFile({.extension = u"mp3"_s, .seconds = 4.0}));
     const QString path = writeSample(u"endless.mp3"_s, bytes);
     QFile file(path);
-    // A hole: the junk takes no space on the disk.
+    // The junk is a hole in the file and takes no space on the disk.
     ASSERT_TRUE(file.resize(bytes.size() + (qint64{64} << 30)));
     const Decoded song = readWholeFile(path);
     EXPECT_EQ(song.status, status::noError);
@@ -242,7 +242,7 @@ TEST(Decoder, FollowsAChangeOfRateAndChannelsWithinAFile)
     EXPECT_EQ(song.left.back(), song.right.back());
 }
 
-TEST(Decoder, TellsWhenNothingOfAFileCanBeDecoded)
+TEST(Decoder, ReportsAFileOfWhichNothingCanBeDecoded)
 {
     QByteArray bytes = bytesOf(sampleFile({.extension = u"flac"_s, .seconds = 2.0}));
     const qsizetype audio = bytes.size() - bytes.size() / 10 * 8;

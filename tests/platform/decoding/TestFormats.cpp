@@ -16,7 +16,7 @@ using namespace lyrabox;
 using namespace lyrabox::decoding;
 using namespace Qt::Literals::StringLiterals;
 
-TEST(Formats, TakesContainersByAnyOfTheirNames)
+TEST(Formats, AcceptsContainersByAnyOfTheirNames)
 {
     EXPECT_TRUE(isAudioContainer("mp3"));
     EXPECT_TRUE(isAudioContainer("mov,mp4,m4a,3gp,3g2,mj2"));
@@ -26,7 +26,7 @@ TEST(Formats, TakesContainersByAnyOfTheirNames)
     EXPECT_FALSE(isAudioContainer(","));
 }
 
-TEST(Formats, LeavesOutWhatLeadsElsewhere)
+TEST(Formats, LeavesOutContainersThatReferToOtherFiles)
 {
     for (const char *name :
          {"hls",    "concat",     "dash",  "image2", "image2pipe", "png_pipe",
@@ -69,7 +69,7 @@ TEST(Formats, NamesOnlyDecodersThatExistOnePerCodec)
         const AVCodec *decoder = avcodec_find_decoder_by_name(name.c_str());
         ASSERT_NE(decoder, nullptr) << name;
         EXPECT_EQ(decoder->type, AVMEDIA_TYPE_AUDIO) << name;
-        if (name == "speex") // stands in where there is no libspeex
+        if (name == "speex") // Stands in if libspeex is missing.
             continue;
         EXPECT_TRUE(known.emplace(decoder->id, name).second) << name;
     }
@@ -92,9 +92,9 @@ TEST(Formats, DecodesWithTheDecodersOfItsListAndNoOthers)
     }
 }
 
-TEST(Formats, DecodesTheSameCodecsWhateverFFmpegHasBesides)
+TEST(Formats, DecodesTheSameCodecsWhateverElseFFmpegOffers)
 {
-    // Newer versions know these by number; they are songs for nobody until they are on the list.
+    // Newer versions of FFmpeg decode these. The program refuses them until they are on its list.
     for (const char *name : {"wavesynth", "bonk", "qoa", "rka", "osq", "apac"}) {
         const AVCodec *decoder = avcodec_find_decoder_by_name(name);
         EXPECT_EQ(decoder ? audioDecoder(decoder->id) : nullptr, nullptr) << name;
@@ -123,22 +123,22 @@ TEST(Formats, MeasuresMp3Frames)
     const auto bytes = [](std::uint8_t second, std::uint8_t third) {
         return mp3FrameBytes(std::vector<std::uint8_t>{0xff, second, third, 0});
     };
-    EXPECT_EQ(bytes(0xfb, 0x90), 417U); // 128 kbit/s at 44,100 Hz
-    EXPECT_EQ(bytes(0xfb, 0x92), 418U); // the same, padded
-    EXPECT_EQ(bytes(0xfb, 0xe4), 960U); // 320 kbit/s at 48,000 Hz
-    EXPECT_EQ(bytes(0xf3, 0x80), 208U); // 64 kbit/s at 22,050 Hz
-    EXPECT_EQ(bytes(0xe3, 0x80), 417U); // 64 kbit/s at 11,025 Hz
-    EXPECT_EQ(bytes(0xfd, 0x90), 0U);   // layer II
-    EXPECT_EQ(bytes(0xeb, 0x90), 0U);   // reserved version
-    EXPECT_EQ(bytes(0xfb, 0x00), 0U);   // free bit rate
-    EXPECT_EQ(bytes(0xfb, 0xf0), 0U);   // bad bit rate
-    EXPECT_EQ(bytes(0xfb, 0x9c), 0U);   // reserved sampling rate
+    EXPECT_EQ(bytes(0xfb, 0x90), 417U); // 128 kbit/s at 44,100 Hz.
+    EXPECT_EQ(bytes(0xfb, 0x92), 418U); // The same with padding.
+    EXPECT_EQ(bytes(0xfb, 0xe4), 960U); // 320 kbit/s at 48,000 Hz.
+    EXPECT_EQ(bytes(0xf3, 0x80), 208U); // 64 kbit/s at 22,050 Hz.
+    EXPECT_EQ(bytes(0xe3, 0x80), 417U); // 64 kbit/s at 11,025 Hz.
+    EXPECT_EQ(bytes(0xfd, 0x90), 0U);   // Layer II.
+    EXPECT_EQ(bytes(0xeb, 0x90), 0U);   // Reserved version.
+    EXPECT_EQ(bytes(0xfb, 0x00), 0U);   // Free bit rate.
+    EXPECT_EQ(bytes(0xfb, 0xf0), 0U);   // Invalid bit rate.
+    EXPECT_EQ(bytes(0xfb, 0x9c), 0U);   // Reserved sampling rate.
     EXPECT_EQ(mp3FrameBytes(std::vector<std::uint8_t>{0xff, 0xfb, 0x90}), 0U);
 }
 
-TEST(Formats, SeesFramesInARowWhereverTheyStart)
+TEST(Formats, FindsFramesInARowWhereverTheyStart)
 {
-    for (const std::uint8_t layer : {0xfb, 0xfd}) { // III and II
+    for (const std::uint8_t layer : {0xfb, 0xfd}) { // Layers III and II.
         const std::size_t length = layer == 0xfb ? 417 : 522;
         std::vector<std::uint8_t> bytes(4000, 0xff);
         for (std::size_t frame = 0; frame < 3; ++frame) {
@@ -146,7 +146,7 @@ TEST(Formats, SeesFramesInARowWhereverTheyStart)
             bytes[333 + frame * length + 2] = 0x90;
         }
         EXPECT_TRUE(hasMpegFramesInARow(bytes));
-        bytes[333 + 2 * length + 2] = 0x94; // another sampling rate
+        bytes[333 + 2 * length + 2] = 0x94; // A different sampling rate.
         EXPECT_FALSE(hasMpegFramesInARow(bytes));
     }
     EXPECT_FALSE(hasMpegFramesInARow({}));
@@ -179,7 +179,7 @@ TEST(Formats, AgreesWithFFmpegOnWhatASignatureMeans)
     }
 }
 
-TEST(Formats, NeedsThreeFramesInARowToTellAnMp3)
+TEST(Formats, NeedsThreeFramesInARowToRecogniseAnMp3)
 {
     std::vector<std::uint8_t> bytes(2000, 0);
     for (const std::size_t offset : {std::size_t{0}, std::size_t{417}, std::size_t{834}}) {

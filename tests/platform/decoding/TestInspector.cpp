@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A song with an artist and so many tags more.
+/// A song with an artist and `count` more tags.
 SampleSpec songWithTags(const QString &extension, const QString &codec, int count)
 {
     SampleSpec spec{.extension = extension, .codec = codec, .seconds = 0.5};
@@ -45,7 +45,7 @@ Opened open(const QString &path)
 struct Format {
     QString extension;
     QString codec;
-    int many; ///< more than a song has, but harmless
+    int many; ///< More than a song has, but harmless.
     int tooMany;
 };
 
@@ -57,7 +57,7 @@ protected:
     }
 };
 
-TEST_P(Inspector, LeavesManyTagsAsTheyAre)
+TEST_P(Inspector, KeepsManyTagsUnchanged)
 {
     const Opened opened = open(song(GetParam().many));
     EXPECT_EQ(opened.status, status::noError);
@@ -65,7 +65,7 @@ TEST_P(Inspector, LeavesManyTagsAsTheyAre)
     EXPECT_NEAR(static_cast<double>(opened.frames), 22050.0, 1500.0);
 }
 
-TEST_P(Inspector, PassesOverTooManyTagsAndPlaysTheSong)
+TEST_P(Inspector, SkipsTooManyTagsAndPlaysTheSong)
 {
     const Opened opened = open(song(GetParam().tooMany));
     EXPECT_EQ(opened.status, status::noError);
@@ -80,12 +80,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Format{u"spx"_s, {}, 2500, 3500}, Format{u"mka"_s, u"flac"_s, 2500, 4000}),
     [](const auto &format) { return (format.param.extension + format.param.codec).toStdString(); });
 
-TEST(OggInspector, FindsCommentsInAPageBehindOneThatIsDropped)
+TEST(OggInspector, FindsCommentsInAPageInsideADroppedOne)
 {
     QFile file(sampleFile(songWithTags(u"ogg"_s, u"libvorbis"_s, 3500)));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray song = file.readAll();
-    // A page that claims 65,025 bytes, with a wrong checksum: FFmpeg goes on right behind its name.
+    // A page that claims 65,025 bytes and has a wrong checksum. FFmpeg continues right after its
+    // signature.
     QByteArray wrapper = song.left(27);
     wrapper.replace(22, 4, "none").replace(5, 1, QByteArray(1, '\0'));
     wrapper[26] = '\xff';

@@ -30,7 +30,7 @@ bool holds(const AVPacket &packet, int size, int value)
                        [](std::uint8_t byte) { return byte == 0; });
 }
 
-TEST(PacketStore, KeepsPacketsOfAllSizesWithZerosBehindThem)
+TEST(PacketStore, KeepsPacketsOfAllSizesAndPadsThemWithZeros)
 {
     std::vector<AvPointer<AVPacket>> packets;
     {
@@ -57,7 +57,7 @@ TEST(PacketStore, PutsManyPacketsIntoOneAllocation)
     EXPECT_LE(allocations.size(), 5U);
 }
 
-TEST(PacketStore, FillsTheSameMemoryAgainWhenThePacketsAreGone)
+TEST(PacketStore, ReusesTheMemoryOfFreedPackets)
 {
     PacketStore store;
     std::vector<const std::uint8_t *> seen;
@@ -75,7 +75,7 @@ TEST(PacketStore, FillsTheSameMemoryAgainWhenThePacketsAreGone)
     EXPECT_LE(fresh, 2);
 }
 
-TEST(PacketStore, LeavesAVeryLargePacketWhereItIs)
+TEST(PacketStore, DoesNotMoveAVeryLargePacket)
 {
     PacketStore store;
     const auto packet = packetOf(1 << 20, 7);

@@ -30,7 +30,7 @@ void append(QByteArray &bytes, const AVFrame &frame)
         bytes.append(reinterpret_cast<const char *>(frame.extended_data[plane]), length);
 }
 
-/// Every byte that a file decodes to, channel after channel within a frame.
+/// All bytes that a file decodes to, interleaved by channel.
 QByteArray decoded(const QString &path, unsigned threads)
 {
     Container container;
@@ -44,8 +44,8 @@ QByteArray decoded(const QString &path, unsigned threads)
     return bytes;
 }
 
-/// The same without trimming: by one decoder where `threads` is 0, else in stretches that are as
-/// short as they can be.
+/// The same without trimming. `threads` 0 uses one plain decoder; otherwise the segments are as
+/// short as possible.
 QByteArray decodedFrames(const QString &path, unsigned threads)
 {
     Container container;
@@ -56,8 +56,8 @@ QByteArray decodedFrames(const QString &path, unsigned threads)
     EXPECT_EQ(opened, status::noError);
     QByteArray bytes;
     if (threads > 0) {
-        ParallelDecoder stretches(container, std::move(context), threads, 1);
-        while (const auto frame = stretches.next())
+        ParallelDecoder parallel(container, std::move(context), threads, 1);
+        while (const auto frame = parallel.next())
             append(bytes, *frame);
         return bytes;
     }
@@ -79,7 +79,7 @@ struct Stream {
     QStringList options;
 };
 
-/// Every codec that is decoded in stretches, at several bit rates, in several containers.
+/// Every codec that is decoded in segments, at several bit rates and in several containers.
 std::vector<Stream> streams()
 {
     return {{u"mp3"_s, {}, {u"-b:a"_s, u"256k"_s}},
@@ -116,7 +116,7 @@ SampleSpec specOf(const Stream &stream, SampleSpec::Signal signal, int rate)
 
 class ParallelDecoderOf : public testing::TestWithParam<Stream> {};
 
-TEST_P(ParallelDecoderOf, DecodeToTheSameBitsAsOneDecoder)
+TEST_P(ParallelDecoderOf, DecodesToTheSameBitsAsOneDecoder)
 {
     for (const auto &[signal, rate] :
          {std::pair{SampleSpec::Signal::Noise, 44100}, {SampleSpec::Signal::Sine, 48000}}) {
@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(, ParallelDecoderOf, testing::ValuesIn(streams()), [](c
     return stream.param.extension.toStdString() + std::to_string(stream.index);
 });
 
-TEST_P(ParallelDecoderOf, DecodeToTheSameBitsWithDecodersThatGoFromStretchToStretch)
+TEST_P(ParallelDecoderOf, DecodesToTheSameBitsWithDecodersReusedForSeveralSegments)
 {
     SampleSpec spec = specOf(GetParam(), SampleSpec::Signal::Noise, 48000);
     spec.seconds = 24.0;
@@ -143,7 +143,7 @@ TEST_P(ParallelDecoderOf, DecodeToTheSameBitsWithDecodersThatGoFromStretchToStre
         EXPECT_TRUE(decodedFrames(path, threads) == serial) << threads << " threads";
 }
 
-TEST(ParallelDecoder, PlayTheRestAfterDamage)
+TEST(ParallelDecoder, PlaysTheRestAfterDamage)
 {
     for (const auto &extension : {u"mp3"_s, u"flac"_s, u"ogg"_s, u"m4a"_s}) {
         QFile sample(sampleFile(
@@ -161,7 +161,7 @@ TEST(ParallelDecoder, PlayTheRestAfterDamage)
     }
 }
 
-/// A song of which the first frames are decoded.
+/// A song whose first frames have been decoded.
 struct BegunSong {
     BegunSong(const QString &extension, int decoders)
     {
@@ -174,13 +174,13 @@ struct BegunSong {
     Decoder decoder;
 };
 
-TEST(ParallelDecoder, TheReadersThreadIsOneOfTheDecoders)
+TEST(ParallelDecoder, UsesTheReadersThreadAsOneOfTheDecoders)
 {
     const auto threadsNow = [] {
         return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
     };
-    // Counted beside a thread that is there for certain: with its first one a sanitizer begins its
-    // own, and one that was joined may be listed for a moment.
+    // Counts while another thread certainly runs: with the first thread a sanitizer starts its own,
+    // and a joined thread may still be listed for a moment.
     std::promise<void> end;
     std::thread another([&] { end.get_future().wait(); });
     const auto before = threadsNow() - 1;
@@ -193,7 +193,7 @@ TEST(ParallelDecoder, TheReadersThreadIsOneOfTheDecoders)
     }
 }
 
-TEST(ParallelDecoder, CanBeLeftInTheMiddle)
+TEST(ParallelDecoder, CanBeDestroyedInTheMiddle)
 {
     for (const auto &extension : {u"mp3"_s, u"m4a"_s}) {
         const BegunSong song(extension, 4);

@@ -30,7 +30,7 @@ QByteArray artworkOf(const QString &path)
     return reader.albumArtwork();
 }
 
-/// An ID3v2.3 frame: `content` after its ten bytes of header.
+/// An ID3v2.3 frame: a header of ten bytes and `content`.
 QByteArray id3Frame(const char *name, const QByteArray &content)
 {
     QByteArray size(4, '\0');
@@ -68,7 +68,7 @@ TEST(Tags, ReadsTitleArtistAndAlbumOfEveryContainer)
     }
 }
 
-TEST(Tags, TellsTheLengthWithoutTags)
+TEST(Tags, ReportsTheLengthOfASongWithoutTags)
 {
     for (const auto &extension :
          {u"mp3"_s, u"m4a"_s, u"flac"_s, u"ogg"_s, u"opus"_s, u"wav"_s, u"aiff"_s, u"wma"_s,
@@ -93,7 +93,7 @@ TEST(Tags, EstimatesTheLengthOfAnMp3WithoutItsTableOfContents)
     EXPECT_NEAR(info[durationKey].toDouble(), 10.0, 0.2);
 }
 
-TEST(Tags, AnswersTheSameAtBothDepths)
+TEST(Tags, ReadsTheSameAtBothDepths)
 {
     const QString path =
         sampleFile({.extension = u"mp3"_s, .tags = {{u"title"_s, u"One"_s}}, .artwork = true});
@@ -108,7 +108,7 @@ TEST(Tags, AnswersTheSameAtBothDepths)
     EXPECT_NE(tags.read(frames, list), status::noError);
 }
 
-TEST(Tags, LeavesOutWhatIsEmpty)
+TEST(Tags, LeavesOutEmptyTexts)
 {
     const QString path = writeSample(
         u"blank.mp3"_s, id3Tag(id3Frame("TIT2", QByteArray("\3   \0", 5))) + untaggedMp3());
@@ -128,14 +128,14 @@ TEST(Tags, ReplacesInvalidBytes)
     EXPECT_TRUE(infoOf(path)[u"title"_s].startsWith(u"ab"_s));
 }
 
-TEST(Tags, CutsATextThatNobodyCouldRead)
+TEST(Tags, CutsAnExcessivelyLongText)
 {
     const QString path = writeSample(
         u"long.mp3"_s, id3Tag(id3Frame("TIT2", "\3" + QByteArray(8 << 20, 'x'))) + untaggedMp3());
     EXPECT_EQ(infoOf(path)[u"title"_s], QString(64 << 10, u'x'));
 }
 
-TEST(Tags, ReadsAnId3TagWithinAWaveFile)
+TEST(Tags, ReadsAnId3TagInAWaveFile)
 {
     QByteArray wave = bytesOf(sampleFile({.options = {u"-fflags"_s, u"+bitexact"_s}}));
     const QByteArray tag =
@@ -150,7 +150,7 @@ TEST(Tags, ReadsAnId3TagWithinAWaveFile)
     EXPECT_EQ(artworkOf(path), sampleArtwork());
 }
 
-TEST(Tags, FindsTheArtworkAsItIsStored)
+TEST(Tags, ReturnsTheArtworkAsItIsStored)
 {
     for (const auto &extension : {u"mp3"_s, u"m4a"_s, u"flac"_s, u"aiff"_s}) {
         EXPECT_EQ(artworkOf(sampleFile({.extension = extension, .artwork = true})), sampleArtwork())
@@ -173,10 +173,11 @@ TEST(Tags, PrefersTheFrontCover)
     EXPECT_EQ(artworkOf(path), front);
 }
 
-TEST(Tags, PassesOverArtworkThatIsUnreasonablyLarge)
+TEST(Tags, SkipsUnreasonablyLargeArtwork)
 {
 #ifdef LYRABOX_IS_SLOW
-    GTEST_SKIP() << "opening has half a second, in which such a build does not come so far";
+    GTEST_SKIP()
+        << "this build is too slow to read such a tag within the half second that opening may take";
 #endif
     QByteArray picture = sampleArtwork();
     picture.resize(33 << 20);
