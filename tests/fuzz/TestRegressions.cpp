@@ -34,7 +34,7 @@ Bytes bytesOf(const QByteArray &data)
 
 class Regressions : public testing::TestWithParam<Target> {};
 
-TEST_P(Regressions, WhatWasFoundOnceDoesNotComeBack)
+TEST_P(Regressions, AcceptsEveryInputThatOnceFailed)
 {
     const QDir folder(QStringLiteral(LYRABOX_SOURCE_DIR "/tests/data/fuzz/") +
                       QLatin1StringView(GetParam().name));
@@ -47,12 +47,12 @@ TEST_P(Regressions, WhatWasFoundOnceDoesNotComeBack)
     }
 }
 
-TEST_P(Regressions, NothingIsTakenCalmly)
+TEST_P(Regressions, AcceptsEmptyInput)
 {
     GetParam().run({});
 }
 
-TEST_P(Regressions, NoiseIsTakenCalmly)
+TEST_P(Regressions, AcceptsNoise)
 {
     QByteArray noise;
     std::uint32_t state = 1;

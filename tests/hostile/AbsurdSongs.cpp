@@ -18,14 +18,15 @@ constexpr quint32 most = 0xffffffff;
 
 QByteArray wave(quint16 channels, quint32 rate, quint16 bits, quint32 dataBytes, quint16 tag = 1)
 {
-    const quint32 frameBytes = quint32{channels} * bits / 8; // numbers too large wrap around
+    const quint32 frameBytes = quint32{channels} * bits / 8; // Numbers that are too large wrap
+                                                             // around.
     return "RIFF" + little32(most) + "WAVEfmt " + little32(16) + little16(tag) +
            little16(channels) + little32(rate) + little32(rate * frameBytes) +
            little16(static_cast<quint16>(frameBytes)) + little16(bits) + "data" +
            little32(dataBytes) + QByteArray(4000, '\x11');
 }
 
-/// `bytes` with four bytes replaced behind the first `mark`, `offset` bytes after its beginning.
+/// Replaces four bytes of `bytes`, `offset` bytes after the beginning of the first `mark`.
 QByteArray patched(QByteArray bytes, const char *mark, qsizetype offset, const QByteArray &with)
 {
     const qsizetype at = bytes.indexOf(mark);
@@ -72,7 +73,7 @@ QByteArray vorbisComments(int count, int claimed)
     return text;
 }
 
-/// `flac` with other blocks behind its first one.
+/// `flac` with other blocks after its first one.
 QByteArray flacWith(const QByteArray &blocks)
 {
     const QByteArray &song = soundBytes(u"flac");
@@ -317,7 +318,7 @@ HostileSongs disguises(const QString &secret)
           u"subfile,,start,0,end,0,,:a.mp3"_s, u"async:a.mp3"_s, u"tee:a.mp3"_s})
         songs.push_back({name, name.endsWith(u"mp3") ? soundBytes(u"mp3") : image});
 
-    // Samples and pictures that lie elsewhere.
+    // Samples and pictures in other files.
     const QByteArray alias = "url " + QByteArray(4, '\0') + url + '\0';
     const QByteArray reference = big32(static_cast<quint32>(alias.size() + 4)) + alias;
     QByteArray elsewhere = soundBytes(u"m4a-aac");

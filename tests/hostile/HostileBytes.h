@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QtEndian>
 
-/// Numbers as files store them.
+/// Numbers in the byte orders that files use.
 namespace lyrabox::test {
 
 template <typename T>

@@ -5,48 +5,49 @@
 
 #include <vector>
 
-/// Songs that are damaged, absurd or something else in disguise.
+/// Songs that are damaged, absurd, or other files in disguise.
 namespace lyrabox::test {
 
 struct HostileSong {
-    QString name; ///< of the file, with the extension that it goes by
+    QString name; ///< File name. Its extension is the claimed format.
     QByteArray bytes;
-    qint64 length = 0; ///< of the file, which is empty from the end of the bytes on; 0: theirs
+    qint64 length = 0; ///< File size; zeros follow the bytes. 0: the number of bytes.
 };
 
 using HostileSongs = std::vector<HostileSong>;
 
-/// A short song of every container and codec that can be made here, with tags and, where there is
-/// room for it, a picture.
+/// A short song of every container and codec that can be encoded here, with tags and, if the
+/// container supports it, a picture.
 const HostileSongs &soundSongs();
 
-/// The first of them whose name begins so.
+/// The first of them whose name begins with `extension`.
 const QByteArray &soundBytes(QStringView extension);
 
-/// `song` cut off at every tenth and early in its headers, with bytes flipped, runs wiped out and
-/// pieces exchanged, the same on every call.
+/// Variants of `song`: cut off at every tenth and early in its headers, with flipped bytes, erased
+/// runs and exchanged pieces. Every call returns the same.
 HostileSongs damaged(const HostileSong &song);
 
-/// Lengths, rates, channels and counts that no file has.
+/// Songs with impossible lengths, rates, channels and counts.
 HostileSongs absurdSongs();
 
-/// Tags of gigabytes, tags without end, pictures that explode.
+/// Songs with tags of gigabytes, endless tags, and pictures that decode to a huge size.
 HostileSongs bombs();
 
 /// A way to fill a song with tags or tables.
-struct Crowd {
+struct OversizedSong {
     const char *name;
-    QString file;                        ///< of the song
-    QByteArray (*make)(qsizetype bytes); ///< the song with about so many bytes more
-    bool plays; ///< with a megabyte of them; otherwise it is a matter of the machine's speed
+    QString file;                        ///< Name of the song's file.
+    QByteArray (*make)(qsizetype bytes); ///< Makes the song, with about `bytes` bytes added.
+    bool plays; ///< Whether it plays with a megabyte of them. Otherwise that depends on the
+                ///< machine's speed.
 };
-const std::vector<Crowd> &crowds();
+const std::vector<OversizedSong> &oversizedSongs();
 
-/// Structures that hold themselves or never end.
+/// Songs with structures that contain themselves or never end.
 HostileSongs endlessSongs();
 
-/// Playlists, network sessions, lists of pictures and songs whose samples or pictures lie
-/// elsewhere: at `secret`, a file that must not be read.
+/// Playlists, network sessions, image lists, and songs whose samples or pictures are in another
+/// file: `secret`, which must not be read.
 HostileSongs disguises(const QString &secret);
 
 } // namespace lyrabox::test

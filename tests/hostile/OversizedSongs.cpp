@@ -11,7 +11,7 @@ namespace lyrabox::test {
 
 namespace {
 
-/// `make(0)`, `make(1)` and so on, until there are as many bytes.
+/// Concatenates `make(0)`, `make(1)` and so on until `bytes` bytes are reached.
 QByteArray filled(qsizetype bytes, const std::function<QByteArray(int)> &make)
 {
     QByteArray all;
@@ -71,7 +71,7 @@ std::vector<Packet> packetsOf(const QByteArray &song)
     return packets;
 }
 
-/// Each packet on pages of its own.
+/// Puts each packet on pages of its own.
 QByteArray oggOf(const std::vector<Packet> &packets)
 {
     QByteArray song;
@@ -131,7 +131,7 @@ QByteArray oggFlacWith(const QByteArray &text)
     return oggOf(packets);
 }
 
-constexpr qsizetype partBytes = 60000; ///< of comments, within a page
+constexpr qsizetype partBytes = 60000; ///< Bytes of comments within a page.
 
 QByteArray commentsWithinTheSound(qsizetype bytes)
 {
@@ -177,7 +177,7 @@ QByteArray matroskaBeginning()
            QByteArray(7, '\xff');
 }
 
-/// In front of all that the song has.
+/// Inserts elements before everything else in the song.
 QByteArray matroskaWith(const QByteArray &elements)
 {
     const QByteArray &song = soundBytes(u"mka");
@@ -189,7 +189,7 @@ QByteArray matroskaWithMany(const char *identifier, qsizetype bytes, const QByte
     return matroskaWith(element(identifier, child.repeated(bytes / child.size())));
 }
 
-/// Behind the sound; the table at the beginning leads there.
+/// Puts tags after the sound. The table at the beginning points to them.
 QByteArray tagsAtTheEnd(qsizetype bytes)
 {
     const QByteArray &song = soundBytes(u"mka");
@@ -261,10 +261,10 @@ QByteArray apeTag(qsizetype bytes)
 
 } // namespace
 
-const std::vector<Crowd> &crowds()
+const std::vector<OversizedSong> &oversizedSongs()
 {
     using Bytes = qsizetype;
-    static const std::vector<Crowd> all = {
+    static const std::vector<OversizedSong> all = {
         {"VorbisComments", u"a.ogg"_s, [](Bytes n) { return vorbisWith(comments(n)); }, true},
         {"LongVorbisComment", u"a.ogg"_s, [](Bytes n) { return vorbisWith(longComment(n)); }, true},
         {"OpusComments", u"a.opus"_s, [](Bytes n) { return opusWith(comments(n)); }, true},

@@ -21,15 +21,15 @@ namespace lyrabox::test {
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool isSanitized = true; // takes its own memory and several times the time
+constexpr bool isSanitized = true; // Sanitizers take memory of their own and several times as long.
 #else
 constexpr bool isSanitized = false;
 #endif
 
-constexpr long maxKibibytes = 64 << 10; ///< beside the decoded song
-constexpr long maxMilliseconds = 2000;  ///< of the processor, per song
+constexpr long maxKibibytes = 64 << 10; ///< In addition to the decoded song.
+constexpr long maxMilliseconds = 2000;  ///< Processor time per song.
 
-/// A line of the probe; see SongProbe.cpp.
+/// A line of the probe's output; see SongProbe.cpp.
 struct Report {
     int signal = -1;
     Status tags = 0;
@@ -47,7 +47,7 @@ bool isSongStatus(Status status)
     return std::find(known.begin(), known.end(), status) != known.end();
 }
 
-/// The songs as files in a folder.
+/// Writes songs to files in a folder and runs the probe on them.
 class HostileSongsTest : public testing::Test {
 protected:
     QStringList write(const HostileSongs &songs)
@@ -59,7 +59,7 @@ protected:
             EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
             EXPECT_EQ(file.write(song.bytes), song.bytes.size());
             if (song.length > 0) {
-                EXPECT_TRUE(file.resize(song.length)); // a hole takes no room on the disk
+                EXPECT_TRUE(file.resize(song.length)); // The hole takes no space on the disk.
             }
             paths.append(path);
         }
@@ -96,8 +96,8 @@ protected:
         return reports;
     }
 
-    /// Every song plays or is refused, in time and in memory.
-    std::vector<Report> expectCalm(const HostileSongs &songs)
+    /// Every song must play or be refused within the limits of time and memory.
+    std::vector<Report> expectWithinLimits(const HostileSongs &songs)
     {
         const std::vector<Report> reports = probe(write(songs));
         EXPECT_EQ(reports.size(), songs.size());
@@ -129,43 +129,43 @@ TEST_P(DamagedSongs, PlayOrAreRefused)
     SCOPED_TRACE(qPrintable(sound.name));
     HostileSongs songs = damaged(sound);
     songs.insert(songs.begin(), sound);
-    const std::vector<Report> reports = expectCalm(songs);
-    // What is sound plays, or the rest would prove nothing.
+    const std::vector<Report> reports = expectWithinLimits(songs);
+    // Intact songs must play. Otherwise the test proves nothing.
     ASSERT_FALSE(reports.empty());
     EXPECT_EQ(reports.front().load, status::noError);
     EXPECT_NEAR(static_cast<double>(reports.front().frames), 22050.0, 2500.0);
     const auto played = std::count_if(reports.begin(), reports.end(),
                                       [](const Report &report) { return report.frames > 0; });
-    EXPECT_GT(played, 5) << "of the damaged ones, some play";
+    EXPECT_GT(played, 5) << "too few of the damaged songs play";
 }
 
 INSTANTIATE_TEST_SUITE_P(OfEveryFormat, DamagedSongs,
                          testing::Range(std::size_t{0}, std::size_t{29}));
 
-TEST_F(HostileSongsTest, EveryFormatIsDamaged)
+TEST_F(HostileSongsTest, TheRangeAboveCoversEveryFormat)
 {
-    EXPECT_EQ(soundSongs().size(), 29U); // as many as the range above
+    EXPECT_EQ(soundSongs().size(), 29U); // The size of the range above.
 }
 
 TEST_F(HostileSongsTest, AbsurdNumbersPlayOrAreRefused)
 {
-    expectCalm(absurdSongs());
+    expectWithinLimits(absurdSongs());
 }
 
 TEST_F(HostileSongsTest, BombsPlayOrAreRefused)
 {
-    expectCalm(bombs());
+    expectWithinLimits(bombs());
 }
 
 TEST_F(HostileSongsTest, EndlessStructuresPlayOrAreRefused)
 {
-    expectCalm(endlessSongs());
+    expectWithinLimits(endlessSongs());
 }
 
-TEST_F(HostileSongsTest, ListsOfOtherFilesAreNoSongs)
+TEST_F(HostileSongsTest, ListsOfOtherFilesAreRefused)
 {
     const HostileSongs songs = disguises(sampleFile({.extension = u"flac"_s}));
-    const std::vector<Report> reports = expectCalm(songs);
+    const std::vector<Report> reports = expectWithinLimits(songs);
     for (std::size_t i = 0; i < std::min(reports.size(), songs.size()); ++i) {
         if (songs[i].bytes.size() < 1000 && !songs[i].name.endsWith(u"m4a")) {
             EXPECT_EQ(reports[i].load, status::unsupportedFileType) << qPrintable(songs[i].name);
@@ -173,33 +173,36 @@ TEST_F(HostileSongsTest, ListsOfOtherFilesAreNoSongs)
     }
 }
 
-class CrowdedSongs : public HostileSongsTest, public testing::WithParamInterface<std::size_t> {};
+class OversizedSongs : public HostileSongsTest, public testing::WithParamInterface<std::size_t> {};
 
-TEST_P(CrowdedSongs, PlayOrAreRefused)
+TEST_P(OversizedSongs, PlayOrAreRefused)
 {
-    ASSERT_LT(GetParam(), crowds().size());
-    const Crowd &crowd = crowds()[GetParam()];
-    SCOPED_TRACE(crowd.name);
-    // LYRABOX_CROWDED_MEGABYTES adds a larger size, which takes as much memory and disk.
-    for (const int megabytes :
-         {1, 16, isSanitized ? 0 : 64, qEnvironmentVariableIntValue("LYRABOX_CROWDED_MEGABYTES")}) {
+    ASSERT_LT(GetParam(), oversizedSongs().size());
+    const OversizedSong &song = oversizedSongs()[GetParam()];
+    SCOPED_TRACE(song.name);
+    // LYRABOX_OVERSIZED_MEGABYTES adds a larger size, which takes as much memory and disk.
+    for (const int megabytes : {1, 16, isSanitized ? 0 : 64,
+                                qEnvironmentVariableIntValue("LYRABOX_OVERSIZED_MEGABYTES")}) {
         if (megabytes == 0)
             continue;
         SCOPED_TRACE(megabytes);
         const std::vector<Report> reports =
-            expectCalm({{crowd.file, crowd.make(qsizetype{megabytes} << 20)}});
+            expectWithinLimits({{song.file, song.make(qsizetype{megabytes} << 20)}});
         ASSERT_EQ(reports.size(), 1U);
-        if (crowd.plays && megabytes == 1) {
+        if (song.plays && megabytes == 1) {
             EXPECT_EQ(reports[0].load, status::noError);
             EXPECT_GE(reports[0].frames, 15000U);
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEveryKind, CrowdedSongs, testing::Range(std::size_t{0}, crowds().size()),
-                         [](const auto &kind) { return std::string(crowds()[kind.param].name); });
+INSTANTIATE_TEST_SUITE_P(OfEveryKind, OversizedSongs,
+                         testing::Range(std::size_t{0}, oversizedSongs().size()),
+                         [](const auto &kind) {
+                             return std::string(oversizedSongs()[kind.param].name);
+                         });
 
-/// What a traced process did: the name of the call and what it was asked for.
+/// A system call of the traced process: its name and arguments.
 struct Call {
     QString name;
     QString arguments;
@@ -216,7 +219,7 @@ std::vector<Call> callsIn(const QString &log)
     return calls;
 }
 
-TEST_F(HostileSongsTest, NothingButTheSongIsOpenedAndNoConnectionMade)
+TEST_F(HostileSongsTest, OnlyTheSongIsOpenedAndNoConnectionIsMade)
 {
     const QString secret = m_folder.filePath(u"secret.flac"_s);
     ASSERT_TRUE(makeSampleAt(secret, {.extension = u"flac"_s}));
@@ -230,7 +233,8 @@ TEST_F(HostileSongsTest, NothingButTheSongIsOpenedAndNoConnectionMade)
     const QString log = m_folder.filePath(u"trace"_s);
     QProcess strace;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s); // it traces, too
+    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s); // LeakSanitizer traces the process,
+                                                                // too, and only one can.
     strace.setProcessEnvironment(environment);
     strace.start(u"strace"_s, QStringList{u"-f"_s, u"-qq"_s, u"-s"_s, u"4096"_s, u"-e"_s,
                                           u"trace=%file,%network"_s, u"-e"_s, u"signal=none"_s,
@@ -246,15 +250,16 @@ TEST_F(HostileSongsTest, NothingButTheSongIsOpenedAndNoConnectionMade)
         return call.arguments.contains(u"/hostile-probe-starts");
     });
     ASSERT_NE(start, calls.end());
-    // How much memory there is, and what the allocator asks for its own.
+    // The program reads the amount of memory. The allocator reads the others.
     const QStringList system = {u"/proc/meminfo"_s, u"/sys/devices/system/cpu/online"_s,
                                 u"/proc/self/maps"_s, u"/proc/sys/vm/overcommit_memory"_s};
     std::set<QString> opened;
     for (auto call = start + 1; call != calls.end(); ++call) {
         static const QRegularExpression quoted(u"\"((?:[^\"\\\\]|\\\\.)*)\""_s);
         const QRegularExpressionMatch match = quoted.match(call->arguments);
-        ASSERT_TRUE(match.hasMatch()) << "a connection or the like: " << qPrintable(call->name)
-                                      << qPrintable(call->arguments.left(200));
+        ASSERT_TRUE(match.hasMatch())
+            << "a call without a path, such as a connection: " << qPrintable(call->name)
+            << qPrintable(call->arguments.left(200));
         const QString path = match.captured(1);
         const bool isDescriptor = path.isEmpty() && call->arguments.contains(u"AT_EMPTY_PATH");
         if (isDescriptor || system.contains(path))
@@ -267,7 +272,7 @@ TEST_F(HostileSongsTest, NothingButTheSongIsOpenedAndNoConnectionMade)
         if (call->name.startsWith(u"open"))
             opened.insert(path);
     }
-    // Each was looked at, or the trace would prove nothing.
+    // Every song must have been opened. Otherwise the trace proves nothing.
     EXPECT_EQ(opened.size(), songs.size());
 }
 

@@ -47,10 +47,10 @@ private:
     QStringList m_broken;
 };
 
-/// A field that is being edited shows what is typed.
+/// A field shows the typed text while it is being edited.
 void requireField(Findings &findings, const NumberField *field, float value)
 {
-    // What is being typed stays while another window has the keyboard.
+    // Typed text stays while another window has the keyboard.
     if (field->window()->focusWidget() != field)
         findings.requireNear(field->floatValue(), value, fieldPrecision,
                              u"the field %1 and its value differ"_s.arg(field->objectName()));
@@ -59,11 +59,10 @@ void requireField(Findings &findings, const NumberField *field, float value)
 void checkPosition(Findings &findings, const LB_AudioController &audio)
 {
     const quint64 total = audio.totalFrames();
-    findings.require(
-        audio.currentFrame() <= total,
-        u"the position %1 is behind the end %2"_s.arg(audio.currentFrame()).arg(total));
-    findings.require(audio.loopStartFrame() <= total, u"the loop starts behind the end"_s);
-    findings.require(audio.loopEndFrame() <= total, u"the loop ends behind the end"_s);
+    findings.require(audio.currentFrame() <= total,
+                     u"the position %1 is past the end %2"_s.arg(audio.currentFrame()).arg(total));
+    findings.require(audio.loopStartFrame() <= total, u"the loop starts past the end"_s);
+    findings.require(audio.loopEndFrame() <= total, u"the loop ends past the end"_s);
     findings.require(audio.currentTrack() != nullptr || total == 0,
                      u"there are samples without a song"_s);
 }
@@ -73,20 +72,21 @@ void checkButtons(Findings &findings, const LB_AudioController &audio,
 {
     const bool loaded = audio.currentTrack() != nullptr;
     const int loop = audio.loopButton()->state();
-    findings.require(audio.isLooping() == (loop == 1), u"the loop button is not like the loop"_s);
+    findings.require(audio.isLooping() == (loop == 1),
+                     u"the loop button does not match the loop"_s);
     findings.require(audio.loopStartIsSet() == (loop != 0),
-                     u"the loop button is not like the loop's start"_s);
+                     u"the loop button does not match the loop's start"_s);
     for (const StateButton *button :
          {audio.loopButton(), audio.seekBackwardButton(), audio.seekForwardButton()})
         findings.require(button->isEnabled() == loaded,
-                         button->objectName() + u" is not enabled as the song is loaded"_s);
+                         button->objectName() + u" must be enabled only while a song is loaded"_s);
     const bool plays = audio.playPauseButton()->state() != 0;
-    // Where the queue's last songs cannot be loaded, the button stays on over silence, and a
-    // message says why.
+    // If the last songs of the queue cannot be loaded, the play button stays on without sound, and
+    // a message explains it.
     const bool hasFailed = !queue.errorField()->text().isEmpty() && !audio.isRunning();
     findings.require(
         audio.isRunning() == (plays && loaded) || hasFailed,
-        u"the play button (%1) is not like the sound (%2)"_s.arg(plays).arg(audio.isRunning()));
+        u"the play button (%1) does not match the sound (%2)"_s.arg(plays).arg(audio.isRunning()));
 }
 
 void checkValues(Findings &findings, const LB_AudioController &audio)
@@ -118,7 +118,7 @@ void checkPresets(Findings &findings, const LB_AudioController &audio)
         findings.require(ids.insert(preset->id).second,
                          u"two presets have the id %1"_s.arg(preset->id));
         findings.require(preset->levels != nullptr && preset->levels->size() == EqPreset::bands,
-                         u"the preset %1 has not ten bands"_s.arg(preset->name));
+                         u"the preset %1 does not have ten bands"_s.arg(preset->name));
         for (const float level : *preset->levels)
             findings.require(level >= -12.0F && level <= 12.0F,
                              u"the preset %1 has a level %2"_s.arg(preset->name).arg(level));
@@ -149,7 +149,7 @@ void checkPresets(Findings &findings, const LB_AudioController &audio)
     }
 }
 
-/// What a popover asks about is what is selected behind it.
+/// The popover must ask about the row that is selected behind it.
 void checkPopovers(Findings &findings, const LB_AudioController &audio)
 {
     const auto question = [](const QString &windowName) {
@@ -184,14 +184,14 @@ void checkPopovers(Findings &findings, const LB_AudioController &audio)
 
 void checkQueue(Findings &findings, const LB_QueueController &queue)
 {
-    // Play pressed on an empty list empties the content alone.
+    // Play on an empty list empties only `content`.
     findings.require(queue.content().empty() ||
                          queue.content().size() == queue.orderedArray().size(),
-                     u"the queue has lost or won songs"_s);
+                     u"the queue has lost or gained songs"_s);
     const bool shuffling = widget<StateButton>(u"shuffleButton"_s)->state() == 1;
     findings.require(shuffling == queue.isShuffling(),
-                     u"the shuffle button is not like the queue"_s);
-    // A list that was built anew may have lost the song that is loaded; the index then stays.
+                     u"the shuffle button does not match the queue"_s);
+    // A rebuilt list may lack the loaded song. The index then stays.
     const TrackRecordRef track = queue.audio()->currentTrack();
     const auto isLoaded = [&](const TrackRecordRef &record) {
         return record->inode == track->inode;
@@ -211,14 +211,14 @@ void checkList(Findings &findings, const LB_AudioController &audio)
     const TrackRecordRef current = audio.currentTrack();
     for (const TrackRecordRef &track : model->arrangedObjects()) {
         findings.require(track->isPlaying == (current && current->inode == track->inode),
-                         u"%1 is not marked as it plays"_s.arg(track->inode));
+                         u"the playing mark of %1 is wrong"_s.arg(track->inode));
         findings.require(track->hasSettings == audio.settings()->hasSettingsForInode(track->inode),
-                         u"%1 has not the mark of its settings"_s.arg(track->inode));
+                         u"the settings mark of %1 is wrong"_s.arg(track->inode));
     }
     if (current)
         findings.require(current->hasSettings ==
                              audio.settings()->hasSettingsForInode(current->inode),
-                         u"the loaded song does not know its settings"_s);
+                         u"the settings mark of the loaded song is wrong"_s);
 }
 
 } // namespace
@@ -227,7 +227,7 @@ QStringList brokenInvariants()
 {
     const LB_NavigationView *navigation = navigationView();
     if (navigation == nullptr || navigation->audio() == nullptr)
-        return {}; // not launched yet
+        return {}; // The program has not been launched yet.
     Findings findings;
     const LB_AudioController &audio = *navigation->audio();
     checkPosition(findings, audio);

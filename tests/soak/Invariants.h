@@ -4,13 +4,11 @@
 
 namespace lyrabox::soak {
 
-/// What holds of the program at every moment between two events, however it came there, and does
-/// not: one sentence each, none when all is well. What is coalesced or glides may break one for
-/// less than a second. Main thread.
+/// Checks what must hold between any two events. Returns one sentence per violation; none if all is
+/// well. Coalesced updates and animations may violate one for less than a second. Main thread.
 QStringList brokenInvariants();
 
-/// Writes the settings files as the end of the program does, for whoever looks into them. Main
-/// thread.
+/// Writes the settings files as the program does at its end. Main thread.
 void writeSettings();
 
 } // namespace lyrabox::soak

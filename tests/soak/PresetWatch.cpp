@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::soak {
 namespace {
 
-/// What the popover of the presets has asked since the last look.
+/// The questions that the popover of the presets has asked since the last call.
 QStringList &questions()
 {
     static QStringList closed = [] {

@@ -6,9 +6,9 @@
 
 namespace lyrabox::soak {
 
-/// The names of the presets that have gone since the first call although nobody removed them: one
-/// of the user's goes only when the popover that asked about it is closed, one that ships with the
-/// program never. What is lost stays so. Called often enough, each question is seen. Main thread.
+/// Returns the names of presets that have disappeared since the first call without being removed. A
+/// user's preset may only go after its popover has been closed; a shipped one may never go. A lost
+/// preset stays on the list. Call it often enough to see each question. Main thread.
 QStringList lostPresets(const EqPresetList &presets);
 
 } // namespace lyrabox::soak

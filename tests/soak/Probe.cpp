@@ -35,7 +35,7 @@ bool isOnScreen(const QWidget *widget)
            !widget->window()->isMinimized();
 }
 
-/// Every named widget that can be seen, by its name; a list's rows are those of its viewport.
+/// All visible named widgets by name. For a list, the rows in its viewport.
 QJsonObject targets()
 {
     QJsonObject found;
@@ -56,7 +56,7 @@ QJsonObject targets()
     return found;
 }
 
-/// Bytes that the program has got from the allocator and not given back, less the song's samples.
+/// Bytes that the program has allocated and not freed, without the song's samples.
 double heapBytes()
 {
     const struct mallinfo2 info = mallinfo2();
@@ -102,7 +102,7 @@ void Probe::read()
     QByteArray block(256, '\0');
     const ssize_t got = ::read(STDIN_FILENO, block.data(), static_cast<std::size_t>(block.size()));
     if (got <= 0) {
-        m_notifier->setEnabled(false); // nobody asks any more
+        m_notifier->setEnabled(false); // The other side has closed the input.
         return;
     }
     m_pending.append(block.constData(), got);
@@ -120,7 +120,7 @@ void Probe::obey(const QByteArray &question)
 {
     if (question == "settings")
         writeSettings();
-    // While a dialog or a menu is open, a user reaches nothing else.
+    // A user can reach nothing else while a dialog or a menu is open.
     if (QApplication::activeModalWidget() != nullptr ||
         QApplication::activePopupWidget() != nullptr)
         return;

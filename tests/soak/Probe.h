@@ -8,16 +8,16 @@ class QSocketNotifier;
 
 namespace lyrabox::soak {
 
-/// Answers questions on the standard input, a line each, with a line of JSON on the standard output
-/// (after whatever else the event loop has in hand):
+/// Reads questions from the standard input, one per line, and answers each with a line of JSON on
+/// the standard output, after the events that are already queued:
 ///
-///     state          broken invariants, what is on the screen and where, what is loaded, memory
-///     settings       writes the settings files, then as state
-///     normal         tries the way back to 100 % and pitch 0; what it has found wrong
-///     own order      chooses the list's own order; what is wrong then
+///     state          broken invariants, visible widgets and their places, the loaded song, memory
+///     settings       writes the settings files, then answers like state
+///     normal         tries to return to 100 % and pitch 0; answers with the faults found
+///     own order      chooses the list's own order; answers with the faults found
 ///     command TEXT   chooses a command of the menu bar
 ///
-/// Works in modal dialogs and open menus as well, since it lives on the event loop. Main thread.
+/// It uses the event loop, so it also works during modal dialogs and open menus. Main thread.
 class Probe : public QObject {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ private:
     void answer();
 
     QByteArray m_pending;
-    QStringList m_broken; ///< what the trial has found, told with its answer
+    QStringList m_broken; ///< Faults found by the last trial, for its answer.
     QSocketNotifier *m_notifier;
 };
 

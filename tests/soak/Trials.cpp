@@ -17,10 +17,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::soak {
 namespace {
 
-/// The tags of the step buttons' cells.
+/// Tags of the cells of the step buttons.
 enum StepTag { Down = 0, Reset = 1, Up = 2 };
 
-/// Speed or pitch, as its step buttons move it.
+/// Speed or pitch, and what its step buttons do.
 struct Stepped {
     QString name;
     ButtonMatrix *matrix;
@@ -33,7 +33,7 @@ struct Stepped {
 void tryToReturn(const Stepped &stepped, const LB_AudioController &audio, QStringList &broken)
 {
     constexpr int away = 3;
-    constexpr int most = 60; // more than from one end to the other
+    constexpr int most = 60; // More than from one end to the other.
     const auto now = [&] { return stepped.value(audio); };
     const auto require = [&](bool holds, const QString &how) {
         if (!holds)
@@ -43,7 +43,7 @@ void tryToReturn(const Stepped &stepped, const LB_AudioController &audio, QStrin
                               .arg(how));
     };
 
-    // Whole steps away from normal, the step buttons alone lead to it.
+    // If the value is whole steps away from normal, the step buttons alone lead back to it.
     const float steps = (now() - stepped.normal) / stepped.step;
     if (std::abs(steps - std::round(steps)) * stepped.step < 0.01F) {
         const int tag = now() > stepped.normal ? Down : Up;
@@ -100,7 +100,8 @@ QStringList ownOrderIsReachable()
     const QAction *command = commandWithText(u"Own Order"_s);
     if (command == nullptr)
         return {};
-    chooseCommand(u"Own Order"_s); // where it is gray, the list is in its own order already
+    chooseCommand(u"Own Order"_s); // A disabled command means that the list is in its own order
+                                   // already.
     const auto *table = widget<QTableView>(u"trackTableView"_s);
     const auto *model = qobject_cast<const TrackTableModel *>(table->model());
     const auto &songs = model->arrangedObjects();

@@ -4,18 +4,18 @@
 
 namespace lyrabox::soak {
 
-/// Uses of the program that only it can judge, through its own commands and buttons. Each leaves
-/// the program as a user would leave it who had done the same, and returns one sentence for each
-/// thing that is wrong. Main thread.
+/// Trials of commands and buttons whose outcome only the program itself can judge. Each leaves the
+/// program as a user would after the same actions. Each returns one sentence per fault. Main
+/// thread.
 
-/// Goes back from 100 % and pitch 0 by the steps that led away from them, after a reset and after
-/// whatever came before.
+/// Returns to 100 % and pitch 0: by the same number of steps back, after a reset, and from the
+/// current value.
 QStringList normalIsReachable();
 
-/// Chooses View > Sort By > Own Order. Nothing is wrong where there is no such command.
+/// Chooses View > Sort By > Own Order. No fault if the command does not exist.
 QStringList ownOrderIsReachable();
 
-/// Chooses a command of the menu bar by its text in English; whether it is there and enabled.
+/// Chooses a command of the menu bar by its English text. Returns whether it exists and is enabled.
 bool chooseCommand(const QString &text);
 
 } // namespace lyrabox::soak

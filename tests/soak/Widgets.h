@@ -7,10 +7,10 @@
 #include <QMainWindow>
 #include <QString>
 
-/// The windows' widgets by name, and those controllers that a widget leads to. Main thread.
+/// Finds the windows' widgets by name, and the controllers that a widget leads to. Main thread.
 namespace lyrabox::soak {
 
-/// The window of that name; null when there is none.
+/// The window of that name, or null.
 inline QWidget *topLevel(const QString &name)
 {
     for (QWidget *window : QApplication::topLevelWidgets()) {
@@ -20,7 +20,7 @@ inline QWidget *topLevel(const QString &name)
     return nullptr;
 }
 
-/// Null where no window has one of that type and name.
+/// Null if no window has a widget of that type and name.
 template <typename Widget>
 Widget *widget(const QString &name)
 {

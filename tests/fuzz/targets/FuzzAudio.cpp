@@ -16,10 +16,11 @@ namespace lyrabox::fuzz {
 
 namespace {
 
-/// More than any input needs; what is decoded beyond adds nothing but time.
+/// Frames to decode at most. Decoding more costs time and finds nothing.
 constexpr std::uint64_t maxFrames = 44100 * 20;
 
-/// A name sometimes decides what the content leaves open, so the content decides the name.
+/// The file name can decide if the content is ambiguous. The first byte chooses the name, so the
+/// fuzzer controls it.
 QString songName(Bytes bytes)
 {
     static const std::array names = {"song"_L1,      "song.mp3"_L1, "song.m4a"_L1, "song.aac"_L1,

@@ -13,7 +13,7 @@ namespace lyrabox::fuzz {
 
 namespace {
 
-/// libFuzzer looks at this section as it looks at the counters of instrumented code.
+/// libFuzzer reads this section like the counters of instrumented code.
 __attribute__((used, section("__libfuzzer_extra_counters"))) std::array<std::uint8_t, 1U << 14>
     behaviours;
 

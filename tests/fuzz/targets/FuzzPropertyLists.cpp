@@ -28,8 +28,7 @@ QByteArray content(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A folder of its own for each run, so that nothing that a library remembers of a file is met
-/// again.
+/// A new folder for each run, because libraries cache what they know of a file.
 QString freshFolder(const QString &name)
 {
     static int number = 0;
@@ -81,7 +80,7 @@ void propertyList(Bytes bytes)
 
 void settings(Bytes bytes)
 {
-    // Files that cannot be read take the longest and all the same way.
+    // Unreadable files take the longest, and all take the same path.
     if (!parsePropertyList(byteArray(bytes)) && bytes.size() % 64 != 0)
         return;
     const QString home = freshFolder(u"settings"_s);
@@ -152,7 +151,7 @@ void musicLibrary(Bytes bytes)
         return;
     checkLibrary(*library);
     const std::optional<PropertyList> list = parsePropertyList(byteArray(bytes));
-    if (!list) // the stream passes over values that it does not need
+    if (!list) // The stream skips values that it does not need.
         return;
     const QByteArray rewritten = propertyListXml(*list);
     const MusicLibraryRef again = readMusicLibrary(writtenFile(

@@ -8,40 +8,40 @@
 #include <span>
 #include <vector>
 
-/// One function per kind of untrusted input. Each takes any bytes, hands them to the readers of the
-/// program as a file, a feed or a text, and checks what must hold of every result. They run under
-/// libFuzzer (scripts/fuzz) and, over the inputs that were found so, in the test suite.
+/// One function per kind of untrusted input. Each takes any bytes, gives them to the program's
+/// readers as a file, a feed or a text, and checks every result. They run under libFuzzer
+/// (scripts/fuzz). The test suite runs them on the inputs that libFuzzer has found.
 namespace lyrabox::fuzz {
 
 using Bytes = std::span<const std::uint8_t>;
 
 struct Target {
-    const char *name; ///< also of its folder in tests/data/fuzz
+    const char *name; ///< Also the name of its folder in tests/data/fuzz.
     void (*run)(Bytes bytes);
 };
 
 const std::vector<Target> &targets();
 
-void audio(Bytes bytes);        ///< opens and decodes a song
-void tags(Bytes bytes);         ///< opens a song for its tags and artwork
-void artwork(Bytes bytes);      ///< decodes a picture
-void propertyList(Bytes bytes); ///< reads either form, writes, reads again
-void settings(Bytes bytes);     ///< starts and ends with the three settings files
-void preferences(Bytes bytes);  ///< the user defaults and the preferences that name the library
+void audio(Bytes bytes);        ///< Opens and decodes a song.
+void tags(Bytes bytes);         ///< Opens a song for its tags and artwork.
+void artwork(Bytes bytes);      ///< Decodes a picture.
+void propertyList(Bytes bytes); ///< Reads either form, writes it and reads it again.
+void settings(Bytes bytes);     ///< Starts and ends with the three settings files.
+void preferences(Bytes bytes);  ///< The user defaults, and the preferences that name the library.
 void musicLibrary(Bytes bytes);
-void rhythmbox(Bytes bytes); ///< both files, one after the other with a NUL between them
+void rhythmbox(Bytes bytes); ///< Both files in sequence, separated by a NUL.
 void appcast(Bytes bytes);
 void fileUrl(Bytes bytes);
 
-/// What a target demands; whoever runs it says what happens when it does not hold.
+/// Checks a condition of a target. The runner defines what happens if it does not hold.
 void require(bool holds, const char *what);
 
-/// Tells the fuzzer that this run did something of its own kind, so that it keeps the input even
-/// where a library is not instrumented. Elsewhere nothing.
+/// Tells the fuzzer that this run showed behaviour of its own kind, so that it keeps the input even
+/// if a library is not instrumented. Does nothing outside the fuzzer.
 void noteBehaviour(std::size_t kind);
 
-/// The path of a file called `name` with these bytes, in a folder of the process's own; replaces
-/// the one of that name.
+/// Writes `bytes` to a file called `name` in a folder of this process and returns its path.
+/// Replaces a file of that name.
 QString writtenFile(const QString &name, Bytes bytes);
 
 /// The folder of writtenFile().

@@ -1,10 +1,9 @@
-// hostile_probe SECONDS WARM-UP LIST: does with every file that LIST names, a path in each line,
-// what the player does with a song: its tags, its samples, its artwork. Each in a process of its
-// own that may use SECONDS of the processor. For each a line: the signal that ended it or 0, the
-// status of opening for tags, the status of loading, the frames, the kibibytes by which it grew,
-// the milliseconds of the processor. WARM-UP is a song that is loaded first, so that whatever the
-// libraries read once has been read. What follows the access to "/hostile-probe-starts" is the
-// songs' doing.
+// hostile_probe SECONDS WARM-UP LIST: loads every file in LIST, one path per line, as the player
+// does: tags, samples and artwork. Each runs in a process of its own with SECONDS of processor
+// time. Prints a line per file: the signal that ended the process or 0, the status of opening for
+// tags, the status of loading, the frames, the kibibytes by which the process grew, and the
+// milliseconds of processor time. WARM-UP is a song that is loaded first, so that the libraries
+// have done what they do once. An access to "/hostile-probe-starts" marks the start in a trace.
 
 #include "engine/Artwork.h"
 #include "engine/AudioEngine.h"
@@ -35,7 +34,7 @@ struct Report {
     long startKibibytes = 0;
 };
 
-/// The most that this process has had in memory.
+/// The largest amount of memory that this process has used.
 long peakKibibytes()
 {
     rusage usage = {};
@@ -46,7 +45,8 @@ long peakKibibytes()
 Report play(const QString &path)
 {
     Report report;
-    const DecodingModule &decoders = decodingModule(); // its libraries are no song's
+    const DecodingModule &decoders = decodingModule(); // Loaded first, so that the libraries are
+                                                       // not counted as the song's memory.
     report.startKibibytes = peakKibibytes();
     {
         const std::unique_ptr<SongReader> reader = decoders.makeSongReader();
@@ -77,16 +77,16 @@ void probe(const std::string &path, rlim_t seconds)
     }
     close(ends[1]);
     Report report;
-    const bool isTold = read(ends[0], &report, sizeof report) == sizeof report;
+    const bool hasReport = read(ends[0], &report, sizeof report) == sizeof report;
     close(ends[0]);
     int state = 0;
     rusage usage = {};
     wait4(child, &state, 0, &usage);
-    const int signal = WIFSIGNALED(state) ? WTERMSIG(state) : isTold ? 0 : -1;
+    const int signal = WIFSIGNALED(state) ? WTERMSIG(state) : hasReport ? 0 : -1;
     const long milliseconds = (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
                               (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
     std::printf("%d %d %d %llu %ld %ld\n", signal, report.tags, report.load, report.frames,
-                isTold ? usage.ru_maxrss - report.startKibibytes : 0, milliseconds);
+                hasReport ? usage.ru_maxrss - report.startKibibytes : 0, milliseconds);
     std::fflush(stdout);
 }
 
@@ -96,7 +96,7 @@ int main(int count, char **arguments)
 {
     if (count != 4)
         return 2;
-    test::FakeAudio audio; // no sound server is asked
+    test::FakeAudio audio; // Keeps the probe away from the sound server.
     engine::setAudioUnitFactory(audio.factory());
     if (engine::buildAudioSystem() != 0 || play(QFile::decodeName(arguments[2])).frames == 0)
         return 2;
