@@ -12,6 +12,7 @@
 #include "platform/ui/ButtonMatrix.h"
 #include "platform/ui/NumberField.h"
 #include "platform/ui/Popover.h"
+#include "platform/ui/RowSelection.h"
 #include "platform/ui/StateButton.h"
 #include "settings/LB_SettingsController.h"
 #include "ui_AddPopover.h"
@@ -139,8 +140,7 @@ void LB_EqualizerController::rearrange()
 void LB_EqualizerController::selectRow(int row)
 {
     const QModelIndex index = m_model->index(row, 0);
-    m_presetTableView->selectionModel()->setCurrentIndex(
-        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    lyrabox::selectRow(*m_presetTableView, index);
     m_presetTableView->scrollTo(index);
 }
 

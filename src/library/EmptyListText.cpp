@@ -18,12 +18,12 @@ int plural(qint64 number)
     return static_cast<int>(std::min<qint64>(number, std::numeric_limits<int>::max()));
 }
 
-/// A text of any length and with any line breaks, as a line can show it.
+/// Puts a text of any length and with any line breaks into one short line.
 QString oneLine(const QString &text)
 {
-    constexpr qsizetype longest = 60;
+    constexpr qsizetype maxLength = 60;
     const QString line = text.simplified();
-    return line.size() > longest ? line.left(longest) + QChar(u'…') : line;
+    return line.size() > maxLength ? line.left(maxLength) + QChar(u'…') : line;
 }
 
 QString folderText(const ListOrigin &origin)

@@ -4,17 +4,17 @@
 
 namespace lyrabox {
 
-/// What the list of songs was built from, as far as it explains that there are none.
+/// Where the list of songs comes from, as far as it explains why the list is empty.
 struct ListOrigin {
     enum class Kind { None, Playlist, Folder, Tree, Files };
-    Kind kind = Kind::None;    ///< None: no list was chosen yet
-    bool isReadable = true;    ///< of a folder
-    qint64 foldersInside = 0;  ///< folders that a folder's own row can be opened to show
-    bool isIncomplete = false; ///< the user stopped it before its end
+    Kind kind = Kind::None;    ///< None: no list has been chosen yet.
+    bool isReadable = true;    ///< Of the folder.
+    qint64 foldersInside = 0;  ///< Folders that can be shown by expanding the folder's row.
+    bool isIncomplete = false; ///< The user stopped the list before its end.
 };
 
-/// What an empty table says instead of songs: why there are none, and what can be done. `songs` is
-/// the number of songs in the list, which the search text may all hide.
+/// Text for an empty table: why there are no songs and what the user can do. `songs` is the number
+/// of songs in the list; if it is not 0, `searchText` hides them all. Main thread.
 QString emptyListText(const ListOrigin &origin, qint64 songs, const QString &searchText);
 
 } // namespace lyrabox

@@ -14,12 +14,13 @@ namespace lyrabox {
 
 namespace {
 
-FolderFiles find(const QString &path, bool inTree, const std::function<bool(qint64 found)> &goOn)
+FolderFiles find(const QString &path, bool inTree,
+                 const std::function<bool(qint64 found)> &keepGoing)
 {
     FolderFiles found;
     found.isReadable = files::isReadable(path);
     if (inTree) {
-        found.paths = files::filesOfTree(path, goOn);
+        found.paths = files::filesOfTree(path, keepGoing);
         return found;
     }
     for (files::Entry &entry : files::shallowEntries(path)) {

@@ -7,18 +7,18 @@
 
 namespace lyrabox {
 
-/// What a folder's list is made of.
+/// The files that make up a folder's list.
 struct FolderFiles {
     QStringList paths;
-    qint64 foldersInside = 0; ///< those beside the files; not counted in a tree
+    qint64 foldersInside = 0; ///< Folders directly inside the folder. Not counted for a whole tree.
     bool isReadable = false;
 };
 
-/// The files of a folder itself or, with `inTree`, of everything below it as well, in the order in
-/// which they are listed. What was found so far when `progress` is stopped.
+/// Lists the files of a folder, or of the folder and everything below it, in listing order.
+/// Stopping `progress` returns the files found so far.
 ///
-/// A disk that may hang is asked on a thread that is left behind when `progress` is stopped or a
-/// signal asks the program to end; nothing has been found then. Main thread; blocks.
+/// A disk that may hang is read on a thread of its own. If `progress` is stopped or a signal asks
+/// the program to end, that thread is abandoned and nothing is returned. Main thread; blocks.
 FolderFiles findFolderFiles(const QString &path, bool inTree, ProgressPacer &progress);
 
 } // namespace lyrabox

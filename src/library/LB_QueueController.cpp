@@ -24,7 +24,8 @@ void LB_QueueController::awakeFromNib()
 void LB_QueueController::setErrorField(QLabel *field)
 {
     m_errorField = field;
-    m_errorField->setTextFormat(Qt::PlainText); // titles come from files
+    m_errorField->setTextFormat(Qt::PlainText); // Titles come from files and must not be read as
+                                                // markup.
 }
 
 void LB_QueueController::setContent(const TrackRecordList &content)
@@ -63,8 +64,8 @@ void LB_QueueController::playTrack(const TrackRecordRef &track)
     m_audio->emptyPlayer();
 }
 
-/// A row of songs that do not load. What is shown of each costs more than the attempt to load it,
-/// and nobody sees it before the row ends, so the message waits until then.
+/// Skips a run of songs that cannot be loaded. Displaying the message costs more than the attempt
+/// to load, and only the last one can be read, so it is displayed once at the end.
 class LB_QueueController::Skip {
 public:
     Skip(LB_QueueController &queue, std::uint64_t songs)
@@ -85,7 +86,7 @@ public:
     Skip(const Skip &) = delete;
     Skip &operator=(const Skip &) = delete;
 
-    /// The current track did not load. False when the user wants no more of it.
+    /// Reports that the current track could not be loaded. Returns false if the user wants to stop.
     bool add(Status status)
     {
         m_failed = m_queue.m_audio->currentTrack();
@@ -95,7 +96,7 @@ public:
         return !m_progress.isStopped();
     }
 
-    /// Names the last song that did not load, if there was one.
+    /// Displays the error of the last song that could not be loaded, if any.
     void report()
     {
         if (m_count > 0)
@@ -161,7 +162,7 @@ TrackRecordList LB_QueueController::shuffledArray() const
     TrackRecordList shuffled = m_orderedArray;
     if (const std::uint64_t current = indexOfCurrentTrack(shuffled); current != notFound)
         std::swap(shuffled[0], shuffled[current]);
-    // The first stays: it is the song that plays, or the head of the list.
+    // The first song stays: it is the one that plays, or the head of the list.
     for (std::size_t i = 1; i < shuffled.size(); ++i)
         std::swap(shuffled[i], shuffled[i + m_random() % (shuffled.size() - i)]);
     return shuffled;
@@ -183,8 +184,8 @@ std::uint64_t LB_QueueController::indexOfCurrentTrack(const TrackRecordList &lis
     const TrackRecordRef track = m_audio->currentTrack();
     if (!track)
         return notFound;
-    // The record itself first: a list may hold the same song twice. A list that was built anew
-    // holds the song under another record, which the inode tells.
+    // First look for the record itself, because a list may hold a song twice. A rebuilt list has
+    // another record with the same inode.
     auto found = std::find(list.begin(), list.end(), track);
     if (found == list.end()) {
         found = std::find_if(list.begin(), list.end(), [&](const TrackRecordRef &record) {
@@ -198,7 +199,7 @@ Status LB_QueueController::loadTrackAtCurrentIndex()
 {
     if (m_currentIndex >= m_content.size())
         return status::noError;
-    const TrackRecordRef track =
-        m_content[m_currentIndex]; // the load may lead to another list being queued
+    // A copy, because loading may replace the queue's list.
+    const TrackRecordRef track = m_content[m_currentIndex];
     return m_audio->loadTrackObject(track);
 }

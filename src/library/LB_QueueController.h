@@ -18,26 +18,31 @@ namespace lyrabox {
 class StateButton;
 }
 
-/// Decides which song plays next: the list in the order queued, or a shuffled copy of it, and a
-/// position in it. Main thread only. Outlets are set once, before awakeFromNib(), and are not
-/// owned.
+/// Decides which song plays next. Holds a list in queued order, a copy that may be shuffled, and a
+/// position in that copy. Main thread only. Outlets are not owned; set them once, before
+/// awakeFromNib().
 class LB_QueueController : public QObject {
     Q_OBJECT
 
 public:
-    /// currentIndex() when the current song is not in the content.
+    /// Value of currentIndex() if the current song is not in content().
     static constexpr std::uint64_t notFound = 9223372036854775807U;
 
     explicit LB_QueueController(QObject *parent = nullptr);
 
+    /// Reads the remembered shuffle state. Call it once, after the outlets are set.
     void awakeFromNib();
 
     LB_AudioController *audio() const { return m_audio; }
     void setAudio(LB_AudioController *audio) { m_audio = audio; }
     QLabel *errorField() const { return m_errorField; }
+    /// The label that shows load errors.
     void setErrorField(QLabel *field);
 
+    /// The list in queued order.
     const lyrabox::TrackRecordList &orderedArray() const { return m_orderedArray; }
+
+    /// The list in playing order.
     const lyrabox::TrackRecordList &content() const { return m_content; }
     void setContent(const lyrabox::TrackRecordList &content);
     std::uint64_t currentIndex() const { return m_currentIndex; }
@@ -45,44 +50,60 @@ public:
     void setIsShuffling(bool shuffling);
     const std::optional<QString> &queuedListID() const { return m_queuedListID; }
 
+    /// Queues a list. The position moves to the current song if the list contains it.
     void setPlayQueueWithListID(const lyrabox::TrackRecordList &list,
                                 const std::optional<QString> &listID);
+
+    /// Loads a song and starts it. On failure shows the error and empties the player.
     void playTrack(const lyrabox::TrackRecordRef &track);
-    /// A song that does not load is skipped; the last one skipped is reported. While many are
-    /// skipped in a row the user may stop it, which empties the player and leaves the position at
-    /// the song where it was stopped.
+
+    /// Loads the next song. Skips songs that cannot be loaded and shows the error of the last one.
+    /// The user can stop a long run of them; then the player is empty and the position stays where
+    /// it was stopped.
     void playNextTrack();
 
-    /// Ask canPlayPreviousTrack() first.
+    /// Loads the previous song, skipping like playNextTrack(). Call it only if
+    /// canPlayPreviousTrack().
     void playPreviousTrack();
     bool canPlayPreviousTrack() const { return m_currentIndex != 0; }
 
-    /// Whether there is a song to go on or back to.
+    /// Whether a song follows the current one.
     bool hasNextTrack() const { return m_currentIndex + 1 < m_content.size(); }
+
+    /// Whether a song precedes the current one. Unlike canPlayPreviousTrack(), false if the
+    /// current song is not in the content.
     bool hasPreviousTrack() const
     {
-        return m_currentIndex != 0 && m_currentIndex <= m_content.size();
+        return canPlayPreviousTrack() && m_currentIndex <= m_content.size();
     }
 
-    /// The button's state has been taken into isShuffling() already.
+    /// Reorders the queue after a click on the button. isShuffling() must have the new state
+    /// already.
     void shuffleButtonPressed(lyrabox::StateButton *sender);
+
+    /// The queued list in random order. The current song comes first, if the list contains it.
     lyrabox::TrackRecordList shuffledArray() const;
+
+    /// Shows that the current track could not be loaded.
     void displayLoadError(lyrabox::Status status);
 
-    /// Whether songs that do not load are being skipped. Each of them becomes the current track and
-    /// is announced as such; who only shows what is current can wait for skippingEnded().
+    /// Whether songs that cannot be loaded are being skipped. Each of them becomes the current
+    /// track and is announced. Observers that only display the current track can wait for
+    /// skippingEnded().
     bool isSkipping() const { return m_isSkipping; }
 
-    /// Called while songs are skipped, from a quarter of a second on and at most every 50 ms, with
-    /// the number of songs skipped and of those that there are in this direction. It must not
-    /// process events.
+    /// Sets a function that is called while songs are skipped: first after a quarter of a second,
+    /// then at most every 50 ms. It gets the number of songs skipped and the number of songs in
+    /// this direction. It must not process events.
     void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
 
-    /// Lets the user stop the skipping.
+    /// Sets what tells whether the user wants to stop skipping.
     void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
+
+    /// Replaces the clock of the progress. For tests.
     void setProgressClock(lyrabox::ProgressClock clock) { m_progressClock = std::move(clock); }
 
-    /// Replaces the source of uniform random 32-bit numbers.
+    /// Replaces the source of uniform random 32-bit numbers. For tests.
     void setRandomSource(std::function<std::uint32_t()> source) { m_random = std::move(source); }
 
 Q_SIGNALS:
@@ -90,7 +111,7 @@ Q_SIGNALS:
     /// The content or the position in it may have changed.
     void queueChanged();
 
-    /// The last of several songs has become the current track, or none has.
+    /// The skipping has ended: the last song was loaded, or none was.
     void skippingEnded();
 
 private:
@@ -99,7 +120,7 @@ private:
     void showLoadError(const lyrabox::TrackRecordRef &track, lyrabox::Status status);
     std::uint64_t indexOfCurrentTrack(const lyrabox::TrackRecordList &list) const;
 
-    /// 0 also for a position outside the content, where nothing is loaded.
+    /// Returns noError for a position outside the content; nothing is loaded then.
     lyrabox::Status loadTrackAtCurrentIndex();
 
     LB_AudioController *m_audio = nullptr;

@@ -8,6 +8,7 @@
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/RowSelection.h"
 #include "settings/LB_SettingsController.h"
 
 #include <QHeaderView>
@@ -132,14 +133,15 @@ void LB_TrackController::tableViewSortDescriptorsDidChange()
     const SortDescriptor first = m_sortDescriptors.front();
     m_settings->setSortDescriptorForListID(first, m_listID);
 
-    // A column that was sorted before keeps its arrow: it tells how equal rows are ordered.
+    // A column of an earlier sort keeps its arrow, because it still decides the order of equal
+    // rows.
     const int column = TrackTableModel::columnWithIdentifier(first.key);
     if (column >= 0)
         m_model->setHeaderTitle(column,
                                 sortedColumnTitle(m_model->headerTitle(column), first.ascending));
     setHighlightedColumn(column);
 
-    // A list that the user has stopped does not take songs away from the queue.
+    // A list that the user has stopped must not remove songs from the queue.
     if (m_listID && m_queue->queuedListID() == m_listID && !m_queue->isShuffling() &&
         !m_isFinishingIncompleteList)
         m_queue->setPlayQueueWithListID(content(), m_listID);
@@ -150,7 +152,7 @@ void LB_TrackController::tableViewSortDescriptorsDidChange()
 
 void LB_TrackController::sortByOwnOrder()
 {
-    setSortDescriptors({{ownOrderKey, true}});
+    setSortDescriptors({{.key = ownOrderKey, .ascending = true}});
 }
 
 bool LB_TrackController::isInOwnOrder() const
@@ -199,7 +201,7 @@ void LB_TrackController::autoLoadTrack()
 void LB_TrackController::currentTrackChanged()
 {
     if (m_queue->isSkipping())
-        return; // every row would be looked at for every song skipped; the last one counts
+        return; // Updating all rows for every skipped song is too slow. skippingEnded() follows.
     updateIsPlaying();
     scrollToCurrentTrack();
 }
@@ -212,8 +214,8 @@ void LB_TrackController::updateIsPlaying()
 
 void LB_TrackController::updateSongSettings()
 {
-    // The player rewrites the flag of its own record, after this notification and before the rows
-    // are painted. A list that was built anew holds the loaded song under another record.
+    // The player updates the flag of its own record after this notification and before the rows are
+    // painted. If the list was rebuilt, the loaded song has another record in it.
     if (const TrackRecordRef playing = playingTrack()) {
         const bool hasSettings = m_settings->hasSettingsForInode(playing->inode);
         for (const TrackRecordRef &record : content()) {
@@ -225,7 +227,7 @@ void LB_TrackController::updateSongSettings()
     const int row = selectedRow();
     if (row < 0)
         return;
-    // The current cell stays: a change of it would scroll to the row.
+    // Keep the current cell: changing it would scroll to the row.
     m_trackTableView->clearSelection();
     m_trackTableView->selectionModel()->select(m_model->index(row, TrackTableModel::Title),
                                                QItemSelectionModel::Select |
@@ -237,7 +239,7 @@ void LB_TrackController::scrollToCurrentTrack()
     const int playing = m_model->firstPlayingRow();
     if (playing < 0)
         return;
-    m_trackTableView->doItemsLayout(); // after a change of list the rows are not in place yet
+    m_trackTableView->doItemsLayout(); // After a change of list the rows have no positions yet.
     const QRect visible = m_trackTableView->viewport()->rect();
     int first = visible.isEmpty() ? -1 : m_trackTableView->rowAt(visible.top());
     int count = 0;
@@ -264,11 +266,7 @@ int LB_TrackController::selectedRow() const
 
 void LB_TrackController::selectRow(int row)
 {
-    if (row < 0)
-        return;
-    m_trackTableView->selectionModel()->setCurrentIndex(m_model->index(row, TrackTableModel::Title),
-                                                        QItemSelectionModel::ClearAndSelect |
-                                                            QItemSelectionModel::Rows);
+    lyrabox::selectRow(*m_trackTableView, m_model->index(row, TrackTableModel::Title));
 }
 
 bool LB_TrackController::eventFilter(QObject *watched, QEvent *event)
@@ -281,13 +279,13 @@ bool LB_TrackController::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
-    // The first row has the keyboard before it is selected; an arrow key begins there.
+    // Before a row is selected, the first row has the keyboard focus. An arrow key selects it.
     const bool moves = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
     if (moves && selectedRow() < 0 && m_trackTableView->currentIndex().isValid()) {
         selectRow(m_trackTableView->currentIndex().row());
         return true;
     }
-    // Typing never jumps to a row: the text goes on to whoever else wants it.
+    // Typed text never jumps to a row. It goes to the next widget that wants it.
     const bool isShortcut =
         key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     if (!isShortcut && !key->text().isEmpty() && key->text().front().isPrint()) {

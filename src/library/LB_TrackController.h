@@ -24,30 +24,30 @@ namespace lyrabox {
 class TrackTableModel;
 }
 
-/// Shows one list of songs in the track table: builds it from a playlist, a folder or single files,
-/// filters it by the search text, sorts it and remembers the sort, marks the song that plays, and
-/// gives what the user picks to the queue. Main thread only. Outlets are set once, before setup(),
-/// and are not owned.
+/// Shows one list of songs in the track table. Builds it from a playlist, a folder or single files,
+/// filters it by the search text, sorts it and remembers the sort, marks the playing song, and
+/// gives the user's choice to the queue. Main thread only. Outlets are not owned; set them once,
+/// before setup().
 class LB_TrackController : public QObject {
     Q_OBJECT
     Q_PROPERTY(quint64 trackCount READ trackCount NOTIFY trackCountChanged)
 
 public:
-    /// The list identifier of files that came neither from a folder nor from a playlist.
+    /// List identifier of files that were opened or dropped, not chosen in a source.
     static const QString droppedFilesListID;
 
-    /// The user default that remembers includesSubfolders(): boolean, false when absent.
+    /// Key of the user default for includesSubfolders(): boolean, false if absent.
     static const QString includeSubfoldersKey;
 
-    /// The list identifier of a folder with everything in it: the folder's path and a separator. It
-    /// is a list of its own, so it has a sort of its own, and a queue that plays one of the two
-    /// lists is not exchanged for the other.
+    /// List identifier of a folder including its subfolders: the folder's path and a separator. The
+    /// list has a sort of its own, and a queue made from one of the two lists is not replaced by
+    /// the other.
     static QString treeListID(const QString &folderID);
 
     explicit LB_TrackController(QObject *parent = nullptr);
     ~LB_TrackController() override;
 
-    /// Observes the notifications and empties the list state. Once, at start-up.
+    /// Observes notifications and resets the list. Call it once, at start-up.
     void setup();
 
     LB_QueueController *queue() const { return m_queue; }
@@ -56,68 +56,72 @@ public:
     void setSettings(LB_SettingsController *settings) { m_settings = settings; }
     QTableView *trackTableView() const { return m_trackTableView; }
 
-    /// Gives the table its model, its columns and its behaviour. A header of one's own is set on
-    /// the view before; delegates may be set at any time. Title and text of a column are in the
-    /// display role, the name of an image column's image in TrackTableModel::ImageNameRole.
+    /// Gives the table its model, columns and behaviour. Set a header of your own on the view
+    /// before this call; delegates may be set at any time. Title and text of a column are in the
+    /// display role. The name of an image is in TrackTableModel::ImageNameRole.
     void setTrackTableView(QTableView *view);
 
-    // Lists. The builders return when the table is filled; they do not process events meanwhile.
-    /// The music library, read on first use and kept; a failed read is tried again at the next
-    /// call.
+    // Lists. Builders return when the table is filled, see docs/kept-on-purpose.md. They process no
+    // events.
+    /// The music library. It is read on first use and then kept. After a failure the next call
+    /// tries again.
     lyrabox::MusicLibraryRef iTunesLibraryDictionary();
 
-    /// Shows the tracks of one playlist; `items` are track identifiers, none is an empty playlist.
+    /// Shows the songs of a playlist. `items` are track identifiers; nullopt means an empty
+    /// playlist.
     void getTracksForiTunesPlaylistArrayPlaylistID(const std::optional<std::vector<QString>> &items,
                                                    const QString &playlistID);
 
-    /// Shows the audio files that lie in one folder itself or, with includesSubfolders(), those of
-    /// the whole tree below it as well, folder by folder in the order of the tree.
+    /// Shows the audio files of a folder. With includesSubfolders(), also those of the whole tree
+    /// below it, folder by folder in tree order.
     void scanForAudioFilesStartingAtURLFolderID(const QUrl &directory, const QString &folderID);
 
-    /// Whether a folder's list holds the songs of the folders inside. A change is remembered, and
-    /// the folder that is shown is read again.
+    /// Whether a folder's list includes the songs of its subfolders. Setting it stores the choice
+    /// and reads the shown folder again.
     bool includesSubfolders() const { return m_includesSubfolders; }
     void setIncludesSubfolders(bool includes);
 
-    /// Whether the user has stopped the list that is shown before it was complete.
+    /// Whether the user stopped the current list before it was complete.
     bool isListIncomplete() const { return m_origin.isIncomplete; }
 
-    /// Shows those of `files` that are audio, plays the first and queues the list. Returns how many
-    /// there were; with none, and when the user stops it, the table keeps what it shows. Those that
-    /// are no audio are appended to `left`.
+    /// Shows the audio files among `files`, plays the first and queues the list. Returns the number
+    /// of audio files. If there are none, or if the user stops it, returns 0 and leaves the table
+    /// unchanged. Appends the other files to `left`.
     qsizetype showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
 
-    /// A record with location, title, artist, album and length filled in.
+    /// Makes a record with location, title, artist, album and length.
     lyrabox::TrackRecordRef trackObjectForFileIDAtURL(const lyrabox::OpenedAudioFile &file,
                                                       const QUrl &url) const;
+
+    /// Makes an empty record.
     lyrabox::TrackRecordRef newObject() const;
 
-    /// Called while a list is built, from a quarter of a second on and at most every 50 ms, with
-    /// the number of entries done and found; while folders are still searched, with the number
-    /// found and 0. It must not process events.
+    /// Sets a function that is called while a list is built: first after a quarter of a second,
+    /// then at most every 50 ms. It gets the number of entries done and the total, or the number
+    /// found and 0 while folders are still searched. It must not process events.
     void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
 
-    /// Lets the user stop a list that is being built. It then holds what was read until then.
+    /// Sets what tells whether the user wants to stop building. The list then holds what was read.
     void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
 
-    /// The whole list, in its sort order.
+    /// The whole list in sort order.
     lyrabox::TrackRecordList content() const;
 
-    /// What of it the search lets through, as the table shows it.
+    /// The records that pass the search, in the order of the rows.
     lyrabox::TrackRecordList arrangedObjects() const;
     lyrabox::TrackTableModel *model() const { return m_model; }
 
-    /// Folder path or playlist identifier of the list shown; none before the first.
+    /// Folder path or playlist identifier of the current list. None before the first list.
     const std::optional<QString> &listID() const { return m_listID; }
 
-    /// The number of rows shown.
+    /// Number of rows shown.
     quint64 trackCount() const { return m_trackCount; }
 
-    /// What the table says while it has no rows; empty while it has some.
+    /// Text of the empty table. Empty if the table has rows.
     const QString &emptyText() const { return m_emptyText; }
 
     // Search and sort.
-    /// Filters by the field's text as it stands, blanks included; an empty text shows everything.
+    /// Filters by the field's text, including its blanks. An empty text shows everything.
     void searchTextEntered(QLineEdit *searchField);
 
     const std::vector<lyrabox::SortDescriptor> &sortDescriptors() const
@@ -125,43 +129,56 @@ public:
         return m_sortDescriptors;
     }
 
-    /// Sorts the list and remembers the first descriptor for it.
+    /// Sorts the list and stores the first descriptor for it.
     void setSortDescriptors(std::vector<lyrabox::SortDescriptor> descriptors);
+
+    /// Applies sortDescriptors() to the list, header and queue.
     void tableViewSortDescriptorsDidChange();
 
-    /// Sorts by a column as a click on its header does: the same column again turns the order
-    /// round.
+    /// Sorts by a column, as a click on its header does. Sorting by the same column again reverses
+    /// the order.
     void sortByColumn(int column);
 
-    /// Sorts a list in the order in which it was built.
+    /// Sorts the list in the order in which it was built.
     void sortByOwnOrder();
     bool isInOwnOrder() const;
 
-    /// The column that the list is sorted by; -1 for none.
+    /// The column that the list is sorted by, or -1.
     int highlightedColumn() const { return m_highlightedColumn; }
 
     // Playing.
-    /// Plays the selected row's song and queues the list.
+    /// Plays the song of the selected row and queues the list.
     void trackSelectedForPlayback();
 
-    /// Decides when what the user picked is played: at once without a gate, else whenever the gate
-    /// calls `play`, once or never.
+    /// Decides when the song that the user picked is played. Without a gate it plays at once.
+    /// Otherwise the gate calls `play` once, later, or never.
     using PlayGate =
         std::function<void(const lyrabox::TrackRecordRef &track, std::function<void()> play)>;
     void setPlayGate(PlayGate gate) { m_playGate = std::move(gate); }
 
-    /// Play was pressed with nothing loaded: the selected song, a random one or the first.
+    /// Handles Play with nothing loaded: plays the selected song, else the first, or a random one
+    /// while shuffling.
     void autoLoadTrack();
+
+    /// Marks the current song and scrolls to it.
     void currentTrackChanged();
+
+    /// Marks the rows of the current song.
     void updateIsPlaying();
+
+    /// Shows again which songs have settings of their own.
     void updateSongSettings();
+
+    /// Scrolls until the current song is visible.
     void scrollToCurrentTrack();
+
+    /// Scrolls to the top once the launch is complete.
     void appDidLaunch();
 
-    /// The row selected in the table; -1 for none.
+    /// The selected row of the table, or -1.
     int selectedRow() const;
 
-    // Seams for tests.
+    // Replaceable parts for tests.
     void setLibraryLocator(std::function<lyrabox::MusicLibraryRef()> locator)
     {
         m_locateLibrary = std::move(locator);
@@ -180,13 +197,14 @@ Q_SIGNALS:
     void emptyTextChanged(const QString &text);
     void includesSubfoldersChanged(bool includes);
 
-    /// A list has been built; isListIncomplete() tells whether to its end.
+    /// A list has been built. isListIncomplete() says whether it is complete.
     void listShown();
 
-    /// The list has been sorted, also where that changed nothing.
+    /// The list has been sorted, even if the order is the same.
     void sorted();
 
-    /// For a header that draws the sorted column differently; -1 for none.
+    /// The column that the list is sorted by has changed; -1 for none. For a header that draws it
+    /// differently.
     void highlightedColumnChanged(int column);
 
 private:
@@ -199,9 +217,9 @@ private:
     lyrabox::ProgressPacer pacer(qint64 total = 0) const;
     using Opened = std::vector<std::optional<lyrabox::OpenedAudioFile>>;
 
-    /// The records of those files that are audio.
+    /// Makes records for the audio files among `paths`.
     lyrabox::TrackRecordList recordsOf(const QStringList &paths, const Opened &opened) const;
-    /// The files of the folder's list; none when the user has stopped the search for them.
+    /// Returns the files of the folder's list. Empty if the user has stopped the search.
     QStringList filesOfFolder(const QString &path, lyrabox::ProgressPacer &progress,
                               lyrabox::ListOrigin &origin) const;
     void completeRecord(lyrabox::TrackRecord &record, int order, const QString &inode) const;
@@ -218,8 +236,8 @@ private:
     lyrabox::TrackTableModel *m_model = nullptr;
     lyrabox::MusicLibraryRef m_library;
     std::optional<QString> m_listID;
-    lyrabox::ListOrigin m_origin;        ///< of the list that is shown
-    std::optional<Folder> m_shownFolder; ///< none while the list is no folder's
+    lyrabox::ListOrigin m_origin;        ///< Of the current list.
+    std::optional<Folder> m_shownFolder; ///< Null if the current list is not a folder's.
     bool m_includesSubfolders = false;
     bool m_isFinishingIncompleteList = false;
     QString m_searchText;

@@ -1,4 +1,4 @@
-// The list builders of LB_TrackController.
+// Builds the lists of LB_TrackController.
 
 #include "engine/LB_AudioController.h"
 #include "library/FolderFiles.h"
@@ -33,7 +33,7 @@ public:
     ~DisabledTable()
     {
         m_view->setEnabled(true);
-        if (m_hadFocus) // a disabled view loses it
+        if (m_hadFocus) // A disabled view loses the focus.
             m_view->setFocus();
     }
     DisabledTable(const DisabledTable &) = delete;
@@ -44,7 +44,7 @@ private:
     bool m_hadFocus;
 };
 
-/// As files::inodeText(); "(null)" as well where the disk does not answer.
+/// Like files::inodeText(), but also "(null)" if the disk does not answer.
 QString inodeOf(const QUrl &url)
 {
     return files::askPatiently<QString>(url.toLocalFile(), [url] { return files::inodeText(url); })

@@ -6,8 +6,8 @@
 
 namespace lyrabox {
 
-/// A status as a message shows it: its four bytes, most significant first, when all are printable
-/// ASCII; otherwise the first four characters of its decimal value.
+/// The text of a status in messages: its four bytes, most significant first, if all are printable
+/// ASCII. Otherwise the first four characters of its decimal value.
 QString statusText(Status status);
 
 } // namespace lyrabox

@@ -9,6 +9,6 @@ QString TrackCountTextTransformer::transformedValue(quint64 count)
         return {};
     if (count == 1)
         return tr("1 song");
-    constexpr quint64 most = std::numeric_limits<int>::max();
-    return tr("%n songs", nullptr, static_cast<int>(std::min(count, most)));
+    constexpr quint64 maxCount = std::numeric_limits<int>::max();
+    return tr("%n songs", nullptr, static_cast<int>(std::min(count, maxCount)));
 }

@@ -3,11 +3,11 @@
 #include <QCoreApplication>
 #include <QString>
 
-/// The text under the track table.
+/// Formats the text below the track table.
 class TrackCountTextTransformer {
     Q_DECLARE_TR_FUNCTIONS(TrackCountTextTransformer)
 
 public:
-    /// "" for 0, "1 song" for 1, "12 songs" for 12.
+    /// "" for 0, "1 song" for 1, "12 songs" for 12. Translated.
     static QString transformedValue(quint64 count);
 };

@@ -21,7 +21,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto progressInterval = 50ms; ///< how often the waiting thread looks
+constexpr auto progressInterval = 50ms; ///< How often the waiting thread reports progress.
 constexpr auto patienceAfterStop = 3s;
 
 QString fileName(const QUrl &url)
@@ -29,8 +29,8 @@ QString fileName(const QUrl &url)
     return url.fileName(QUrl::FullyDecoded);
 }
 
-/// What the threads work at. They own it together: one that waits for a disk which hangs may be
-/// left behind.
+/// The shared state of the opening threads. They own it together, because a thread that waits for a
+/// hanging disk may be abandoned.
 struct Opening {
     Opening(const QStringList &files, const AudioFileOpener &open)
         : paths(files),
@@ -40,7 +40,7 @@ struct Opening {
           end(results.size())
     {}
 
-    /// Opens one file. `lock` is held before and afterwards, but not meanwhile.
+    /// Opens one file. The caller holds `lock`; it is released while the file is opened.
     void openNext(std::unique_lock<std::mutex> &lock)
     {
         const std::size_t i = next++;
@@ -49,7 +49,7 @@ struct Opening {
         try {
             result = opener(paths.at(static_cast<qsizetype>(i)));
         } catch (const std::exception &) {
-            result.reset(); // whatever is wrong with one file, the list is still built
+            result.reset(); // The list is built whatever is wrong with one file.
         }
         lock.lock();
         results[i] = std::move(result);
@@ -60,12 +60,12 @@ struct Opening {
 
     const QStringList paths;
     const AudioFileOpener opener;
-    std::mutex mutex; ///< of what follows
+    std::mutex mutex; ///< Guards everything below.
     std::condition_variable allDone;
     std::vector<std::optional<OpenedAudioFile>> results;
     std::vector<bool> isDone;
-    std::size_t next = 0; ///< the first that nobody has begun
-    std::size_t end;      ///< none from here on is to be opened
+    std::size_t next = 0; ///< The first file that no thread has begun.
+    std::size_t end;      ///< Files from here on are not opened.
     std::size_t done = 0;
 };
 
@@ -95,7 +95,7 @@ openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, Progress
                 opening->openNext(lock);
         });
         if (!worker.joinable())
-            break; // as many as there are
+            break; // The system has no more threads. Use those that were started.
         worker.detach();
         ++started;
     }
@@ -112,7 +112,7 @@ openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, Progress
         else
             opening->allDone.wait_for(lock, progressInterval, isOver);
     }
-    // What was begun is finished, nothing else is begun; and what hangs is left behind.
+    // Files being opened are finished, no others are begun, and hanging ones are abandoned.
     opening->end = opening->next;
     opening->allDone.wait_for(lock, patienceAfterStop, isOver);
     std::vector<std::optional<OpenedAudioFile>> results;

@@ -15,34 +15,35 @@
 
 namespace lyrabox {
 
-/// What a list needs to know of an audio file. The file itself is closed again.
+/// The data of an audio file that a list needs. The file is closed again.
 struct OpenedAudioFile {
-    QMap<QString, QString> information; ///< as SongReader::infoDictionary() gives it
-    QString inode;                      ///< decimal text, or "(null)"
+    QMap<QString, QString> information; ///< From SongReader::infoDictionary().
+    QString inode;                      ///< Decimal text, or "(null)", see docs/kept-on-purpose.md.
 };
 
-/// Opens the file at `path` as far as its tags; none when it is no audio. Called on several threads
-/// at once.
+/// Opens the file at `path` to read its tags. None if it is no audio file. Must allow calls on
+/// several threads at once.
 using AudioFileOpener = std::function<std::optional<OpenedAudioFile>(const QString &path)>;
 
-/// The opener that asks the decoder. Only regular files are opened, so that a pipe cannot hold up a
-/// list.
+/// The usual opener; it uses the decoder. It opens regular files only, so that a pipe cannot block
+/// a list. Any thread.
 std::optional<OpenedAudioFile> openAudioFile(const QString &path);
 
-/// Opens `paths` with a thread per processor, or on the calling thread where there is none to be
-/// had, and returns the results in the order of `paths`. When `progress` is stopped only the first
-/// ones are opened, and the result is as short; a file that is not opened 3 s later is left to its
-/// thread, which so may outlive the call. What `opener` holds must allow for that. Blocks; the hook
-/// runs on the calling thread.
+/// Opens `paths` with one thread per processor and returns the results in the same order. If the
+/// system gives no thread, the calling thread opens them.
+///
+/// Once `progress` is stopped, no further files are begun, and the result is shorter. A file that
+/// is still not open 3 s later is left to its thread, which may therefore outlive the call; what
+/// `opener` captures must allow for that. Blocks. The progress hook runs on the calling thread.
 std::vector<std::optional<OpenedAudioFile>>
 openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, ProgressPacer &progress);
 
-/// Location, title, artist, album and length of the file at `url`: each by the file's tag, else the
-/// file name, nothing or 0 s.
+/// Sets location, title, artist, album and length from a file's tags. A missing title becomes the
+/// file name, other missing texts become empty, a missing length becomes 0 s.
 void fillFromFile(TrackRecord &record, const QMap<QString, QString> &information, const QUrl &url);
 
-/// The same keys of a track of the music library; null stands for one that the library does not
-/// have.
+/// Sets the same fields from a track of the music library. Null means that the library does not
+/// contain the track.
 void fillFromLibrary(TrackRecord &record, const MusicTrack *track);
 
 } // namespace lyrabox

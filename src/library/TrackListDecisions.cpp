@@ -1,5 +1,7 @@
 #include "library/TrackListDecisions.h"
 
+#include "app/controls/LB_TableHeaderCell.h"
+
 #include <algorithm>
 
 namespace lyrabox {
@@ -20,13 +22,7 @@ std::optional<int> scrollTarget(int playingRow, int firstVisible, int visibleCou
 
 QString sortedColumnTitle(const QString &title, bool ascending)
 {
-    const auto isDecoration = [](QChar c) { return u" ▲▼"_s.contains(c); };
-    QStringView bare(title);
-    while (!bare.isEmpty() && isDecoration(bare.front()))
-        bare = bare.sliced(1);
-    while (!bare.isEmpty() && isDecoration(bare.back()))
-        bare.chop(1);
-    return bare.toString() + (ascending ? u"  ▲"_s : u"  ▼"_s);
+    return trimmedHeaderText(title) + (ascending ? u"  ▲"_s : u"  ▼"_s);
 }
 
 } // namespace lyrabox

@@ -6,12 +6,13 @@
 
 namespace lyrabox {
 
-/// The row to scroll to so that `playingRow` lands near the middle of what is visible; none when it
-/// is visible. `firstVisible` and `visibleCount` are the rows in view, `rowCount` all of them.
+/// The row to scroll to so that `playingRow` appears near the middle. None if it is visible
+/// already. `firstVisible` and `visibleCount` describe the rows in view, `rowCount` is the number
+/// of all rows.
 std::optional<int> scrollTarget(int playingRow, int firstVisible, int visibleCount, int rowCount);
 
-/// A column's title with the arrow of the sort's direction, instead of an arrow that it may carry
-/// already.
+/// A column's title with an arrow for the direction of the sort. Replaces an arrow that it already
+/// has.
 QString sortedColumnTitle(const QString &title, bool ascending);
 
 } // namespace lyrabox

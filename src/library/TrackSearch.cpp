@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// No byte of UTF-8, so that a text never matches across two fields or two records.
+// Not a byte of UTF-8, so that no match crosses fields or records.
 constexpr char fieldEnd = '\xFF';
 
 bool isAscii(QStringView text)
@@ -19,7 +19,8 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-// Letters with a stroke or without their dot have no decomposition, yet read as the plain letter.
+// Letters with a stroke, and the dotless i, have no decomposition, but are read as the plain
+// letter.
 QChar withoutStroke(QChar c)
 {
     switch (c.unicode()) {
@@ -63,7 +64,7 @@ QByteArray foldedText(const QString &text)
     decomposed = decomposed.toCaseFolded();
     std::transform(decomposed.begin(), decomposed.end(), decomposed.begin(), withoutStroke);
     decomposed.replace(u'ß', "ss"_L1);
-    // Composed again, or half a Hangul syllable would be found in a whole one.
+    // Compose again. Otherwise half a Hangul syllable would match a whole one.
     return decomposed.normalized(QString::NormalizationForm_C).toUtf8();
 }
 
@@ -75,7 +76,7 @@ void TrackSearch::setRecords(const TrackRecordList &records)
     if (!isFiltering())
         return;
     fold(records);
-    search(foldedText(m_text), false);
+    search(foldedText(m_text), Scope::AllRecords);
 }
 
 void TrackSearch::setText(const QString &text, const TrackRecordList &records)
@@ -87,7 +88,8 @@ void TrackSearch::setText(const QString &text, const TrackRecordList &records)
     if (!m_isFolded)
         fold(records);
     const QByteArray needle = foldedText(text);
-    search(needle, wasFiltering && needle.contains(m_needle));
+    search(needle,
+           wasFiltering && needle.contains(m_needle) ? Scope::PreviousResults : Scope::AllRecords);
 }
 
 void TrackSearch::fold(const TrackRecordList &records)
@@ -111,16 +113,16 @@ void TrackSearch::fold(const TrackRecordList &records)
     m_isFolded = true;
 }
 
-void TrackSearch::search(const QByteArray &needle, bool withinResult)
+void TrackSearch::search(const QByteArray &needle, Scope scope)
 {
     const std::size_t count = m_ends.size();
-    if (!withinResult)
+    if (scope == Scope::AllRecords)
         m_passes.assign(count, 1);
     m_needle = needle;
     const auto needleSize = static_cast<std::size_t>(needle.size());
 
-    // A run of neighbouring candidates is searched in one go; a hit's record is the one whose end
-    // comes next.
+    // Search adjacent candidates in one pass. The record of a match is the first one that ends
+    // after it.
     std::size_t index = 0;
     while (index < count) {
         if (m_passes[index] == 0) {

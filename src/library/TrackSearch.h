@@ -10,36 +10,39 @@
 
 namespace lyrabox {
 
-/// `text` without case and diacritics, in UTF-8: two texts that differ in nothing else fold to the
-/// same bytes, and a text contains another, ignoring both, when its folded bytes contain the
-/// other's.
+/// Returns `text` in UTF-8 without case and diacritics. Texts that differ only in these give the
+/// same bytes, and one text contains another if its bytes contain the other's.
 QByteArray foldedText(const QString &text);
 
-/// Finds the records whose title, artist or album contains a text, ignoring case and diacritics.
-/// Each record is folded once, at the first search. A search that contains the one before it looks
-/// only at what that one found.
+/// Finds records whose title, artist or album contains a text, ignoring case and diacritics. Folds
+/// each record once, at the first search. A search text that contains the previous one is searched
+/// only among the previous results. One thread at a time.
 class TrackSearch {
 public:
-    /// The records to search; they are not kept. `text` goes on filtering.
+    /// Sets the records to search and applies the current text. The records are not kept.
     void setRecords(const TrackRecordList &records);
 
-    /// An empty text lets every record pass. `records` are those given to setRecords().
+    /// Sets the search text. An empty text lets every record pass. `records` must be those of
+    /// setRecords().
     void setText(const QString &text, const TrackRecordList &records);
 
     bool isFiltering() const { return !m_text.isEmpty(); }
 
-    /// Whether the record at `index` passes. Only while filtering.
+    /// Whether the record at `index` passes. Call it only while filtering.
     bool passes(std::size_t index) const { return m_passes[index] != 0; }
 
 private:
+    enum class Scope { AllRecords, PreviousResults };
+
     void fold(const TrackRecordList &records);
-    void search(const QByteArray &needle, bool withinResult);
+    void search(const QByteArray &needle, Scope scope);
 
     QString m_text;
-    QByteArray m_needle; // what m_passes was computed for
+    QByteArray m_needle; // The text that m_passes was computed for.
     bool m_isFolded = false;
-    std::vector<char> m_folded;      // all records, each closed by a byte that UTF-8 does not have
-    std::vector<std::size_t> m_ends; // one past each record's closing byte
+    std::vector<char> m_folded;      // All records, each followed by a byte that UTF-8 does not
+                                     // use.
+    std::vector<std::size_t> m_ends; // One past each record's last byte.
     std::vector<std::uint8_t> m_passes;
 };
 

@@ -21,7 +21,7 @@ using Ranks = std::vector<std::uint32_t>;
 
 struct KeyedText {
     QCollatorSortKey key;
-    std::uint32_t text; // index into the distinct texts
+    std::uint32_t text; // Index into the distinct texts.
 };
 
 std::optional<QString> textValue(const TrackRecord &record, const QString &key)
@@ -42,7 +42,7 @@ bool isNumberKey(const QString &key)
            key == "hasSettings"_L1;
 }
 
-// NaN stands for a missing value; a length that is no number counts as missing, too.
+// NaN marks a missing value. A length that is not a number counts as missing, too.
 double numericValue(const TrackRecord &record, const QString &key)
 {
     if (key == "durationSeconds"_L1) {
@@ -52,7 +52,7 @@ double numericValue(const TrackRecord &record, const QString &key)
     return record.value(key).toDouble();
 }
 
-// Makes the sort keys of texts[first, last) and sorts them. A collator serves one thread.
+// Makes and sorts the sort keys of texts[first, last). Each thread needs a collator of its own.
 std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts, std::size_t first,
                                   std::size_t last)
 {
@@ -68,8 +68,8 @@ std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts, std::size_t
 
 std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts)
 {
-    constexpr std::size_t worthAThread = 4096;
-    if (texts.size() < worthAThread || processorCount() < 2)
+    constexpr std::size_t minTextsForThread = 4096;
+    if (texts.size() < minTextsForThread || processorCount() < 2)
         return sortedKeys(texts, 0, texts.size());
     const std::size_t middle = texts.size() / 2;
     std::vector<KeyedText> front;
@@ -90,7 +90,7 @@ std::vector<KeyedText> sortedKeys(const std::vector<QString> &texts)
     return all;
 }
 
-// Songs share artists and albums, hence every text is looked at once.
+// Songs share artists and albums, so each distinct text is compared once.
 Ranks textRanks(const TrackRecordList &records, const QString &key)
 {
     constexpr std::uint32_t missing = std::numeric_limits<std::uint32_t>::max();
@@ -164,7 +164,7 @@ std::vector<std::uint32_t> sortRanks(const TrackRecordList &records, const QStri
 void sortByRank(std::vector<std::uint32_t> &order, const std::vector<std::uint32_t> &ranks,
                 bool ascending)
 {
-    // Rank and present place as one number: sorting it is stable without a stable sort's cost.
+    // Rank and position as one number: sorting these is stable, without the cost of a stable sort.
     std::vector<std::uint64_t> places(order.size());
     for (std::size_t i = 0; i < order.size(); ++i) {
         const std::uint32_t rank = ascending ? ranks[order[i]] : ~ranks[order[i]];

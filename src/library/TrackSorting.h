@@ -9,13 +9,12 @@
 
 namespace lyrabox {
 
-/// For each record its place among the values that the records have under `key`: 0 for a missing
-/// value, equal for equal values, greater for later ones. Text by textCollator(), everything else
-/// by its numeric value.
+/// Ranks the records by their values under `key`: 0 for a missing value, equal ranks for equal
+/// values, greater ranks for later ones. Texts are compared by textCollator(), everything else by
+/// numeric value.
 std::vector<std::uint32_t> sortRanks(const TrackRecordList &records, const QString &key);
 
-/// Sorts the record indices in `order` by their ranks; equal ones keep their order in both
-/// directions.
+/// Sorts the record indices in `order` by rank. Equal ones keep their order in both directions.
 void sortByRank(std::vector<std::uint32_t> &order, const std::vector<std::uint32_t> &ranks,
                 bool ascending);
 

@@ -199,7 +199,7 @@ QVariant TrackTableModel::headerData(int section, Qt::Orientation orientation, i
         return headerTitle(section);
     if (role == Qt::TextAlignmentRole)
         return alignment(section);
-    // The two columns of images have no title to read out.
+    // The two image columns have no title for screen readers to read.
     if (role == Qt::AccessibleTextRole && section == IsPlaying)
         return tr("Playing");
     if (role == Qt::AccessibleTextRole && section == HasSettings)

@@ -16,16 +16,16 @@
 
 namespace lyrabox {
 
-/// The records of one list (the content, in its sort order) and those that pass the search (the
-/// rows). Text is folded and ranked once per list, so that searching and sorting stay quick with
-/// 100,000 rows.
+/// The model of the track table. Holds the records of a list (the content, in sort order) and those
+/// that pass the search (the rows). Text is folded and ranked once per list, so that searching and
+/// sorting stay fast with 100,000 rows. Main thread.
 class TrackTableModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
     enum Column { IsPlaying, Title, Artist, Album, DurationSeconds, HasSettings, ColumnCount };
     enum Role {
-        /// The name of the cell's image; an empty string for no image, invalid in text columns.
+        /// Name of the cell's image. An empty string means no image; invalid in text columns.
         ImageNameRole = LB_InvertibleImageCellView::imageNameRole,
     };
 
@@ -34,37 +34,43 @@ public:
     /// The record key that a column shows and sorts by.
     static QString columnIdentifier(int column);
 
-    /// The column of a record key; -1 when no column shows it.
+    /// The column of a record key, or -1.
     static int columnWithIdentifier(const QString &key);
 
+    /// Replaces the records. The search text stays in force.
     void setContent(const TrackRecordList &records);
+
+    /// All records in sort order.
     TrackRecordList content() const;
     std::size_t contentSize() const { return m_records.size(); }
+
+    /// The records of the rows.
     TrackRecordList arrangedObjects() const;
+
+    /// The record of a row; null if there is no such row.
     TrackRecordRef trackAtRow(int row) const;
 
-    /// Shows only the records whose title, artist or album contains `text`, ignoring case and
-    /// diacritics; all of them when it is empty.
+    /// Shows only records whose title, artist or album contains `text`, ignoring case and
+    /// diacritics. An empty text shows all.
     void setSearchText(const QString &text);
 
-    /// Sorts the content in place; equal records keep their order. The first descriptor counts
-    /// most.
+    /// Sorts the content in place. Equal records keep their order. The first descriptor has the
+    /// highest priority.
     void sortContent(const std::vector<SortDescriptor> &descriptors);
 
-    /// Marks the rows whose inode is the given one as playing, and no others. Hidden records are
-    /// left alone.
+    /// Marks exactly the rows with this inode as playing. Does not change hidden records.
     void updateIsPlaying(const std::optional<QString> &inode);
 
-    /// The first row that is marked as playing; -1 for none.
+    /// The first row that is marked as playing, or -1.
     int firstPlayingRow() const;
 
-    /// The row of a record; -1 when it is not shown.
+    /// The row of a record, or -1 if it is not shown.
     int rowOfTrack(const TrackRecordRef &track) const;
 
     void setHeaderTitle(int column, const QString &title);
     QString headerTitle(int column) const;
 
-    /// "hasSettings" was rewritten in place: shows the rows anew.
+    /// Repaints all rows after "hasSettings" was changed in the records.
     void reloadRows();
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -74,19 +80,18 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
-    using Index = std::uint32_t; // of a record in m_records
+    using Index = std::uint32_t; // Index of a record in m_records.
 
     void arrange();
     const std::vector<std::uint32_t> &ranksOf(const QString &key);
     static QVariant alignment(int column);
     QVariant displayText(const TrackRecord &record, int column) const;
 
-    TrackRecordList m_records;     // as they were built
-    std::vector<Index> m_order;    // the content's order
-    std::vector<Index> m_arranged; // the rows
+    TrackRecordList m_records;     // In building order.
+    std::vector<Index> m_order;    // The order of the content.
+    std::vector<Index> m_arranged; // The rows.
     std::vector<std::size_t> m_inodeHashes;
-    std::vector<std::uint8_t>
-        m_isPlaying; // the records' flags, at hand without visiting each record
+    std::vector<std::uint8_t> m_isPlaying; ///< Copies of the records' flags, faster to scan.
     TrackSearch m_search;
     QHash<QString, std::vector<std::uint32_t>> m_ranks;
     std::array<QString, ColumnCount> m_headerTitles;

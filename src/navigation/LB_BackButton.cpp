@@ -5,7 +5,7 @@
 #include "navigation/LB_NavigationView.h"
 
 namespace {
-/// From this second on a click restarts the song instead of going back to the previous one.
+/// In seconds. From here on a click restarts the song instead of playing the previous one.
 constexpr qint64 restartThreshold = 4;
 } // namespace
 
@@ -22,7 +22,7 @@ LB_BackButton::AfterStep LB_BackButton::step(Press)
         return AfterStep::EndPress;
     }
     navView()->seekToFrame(target);
-    return AfterStep::GoOn;
+    return AfterStep::Continue;
 }
 
 void LB_BackButton::clickAction()

@@ -2,8 +2,8 @@
 
 #include "navigation/SeekButton.h"
 
-/// Short: the start of the song or of the loop, or the previous song within the first seconds.
-/// Held: back through the song, to the loop start or the start.
+/// A short press goes to the start of the song or loop, or to the previous song within the first
+/// seconds. A held press moves backward through the song until the start of the loop or song.
 class LB_BackButton : public lyrabox::SeekButton {
     Q_OBJECT
 

@@ -9,12 +9,12 @@ LB_ForwardButton::AfterStep LB_ForwardButton::step(Press press)
     const LB_AudioController *audio = navView()->audio();
     const auto format = audio->audioBufferFormat();
     const auto remaining = static_cast<double>(audio->totalFrames() - audio->currentFrame());
-    // A hold by mouse stops further from the end than one by key.
+    // A press by mouse stops further from the end than one by key.
     const double limit =
         press == Press::Mouse ? format.mSampleRate * format.mBytesPerFrame : format.mSampleRate;
     if (remaining > limit)
         navView()->seekToFrame(audio->currentFrame() + stepFrames());
-    return AfterStep::GoOn;
+    return AfterStep::Continue;
 }
 
 void LB_ForwardButton::clickAction()

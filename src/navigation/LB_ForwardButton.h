@@ -2,7 +2,8 @@
 
 #include "navigation/SeekButton.h"
 
-/// Short: the next song. Held: forward through the song, stopping short of its end.
+/// A short press plays the next song. A held press moves forward through the song and stops shortly
+/// before its end.
 class LB_ForwardButton : public lyrabox::SeekButton {
     Q_OBJECT
 

@@ -21,11 +21,11 @@ namespace {
 
 constexpr auto refreshInterval = 250ms;
 constexpr auto hoverTime = 3000ms;
-constexpr qint64 glideMilliseconds = 250; // from one refresh to the next
-constexpr double longestGlideSeconds = 2.0;
-constexpr double repaintStep = 0.5; // device pixels
-constexpr int shortestGlideStep = 33;
-constexpr double edgeMargin = 1.0; // the edge is smoothed
+constexpr qint64 glideMilliseconds = 250; // One refresh interval.
+constexpr double maxGlideSeconds = 2.0;
+constexpr double repaintStep = 0.5;  // In device pixels.
+constexpr int minGlideInterval = 33; // In milliseconds.
+constexpr double edgeMargin = 1.0;   // The edge is anti-aliased.
 
 constexpr double textMargin = 12.0;
 constexpr double textBottom = 3.0;
@@ -41,7 +41,7 @@ qint64 monotonicMilliseconds()
     return lyrabox::monotonicTime().count();
 }
 
-/// The same numbers, or both none.
+/// Equal, or both NaN.
 bool sameFraction(double a, double b)
 {
     return a == b || (std::isnan(a) && std::isnan(b));
@@ -66,7 +66,7 @@ quint64 frameAtPosition(double x, double width, quint64 totalFrames)
 {
     const double frame = x / width * static_cast<double>(static_cast<float>(totalFrames));
     return frame > 0.0 ? static_cast<quint64>(frame)
-                       : 0; // a pointer dragged out to the left, or no width
+                       : 0; // The pointer is left of the view, or the view has no width.
 }
 
 double hoverTextPosition(double x, double width)
@@ -80,7 +80,7 @@ LB_NavigationView::LB_NavigationView(QWidget *parent)
     : QWidget(parent), m_clock(&monotonicMilliseconds)
 {
     lyrabox::installAccessibleNavigation();
-    // A click leaves the keyboard where it is; Tab reaches the bar.
+    // A click does not take the keyboard focus. Tab does.
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
     m_refreshTimer.setInterval(refreshInterval);
@@ -121,7 +121,7 @@ void LB_NavigationView::seekBySeconds(double seconds)
     if (!(rate > 0.0))
         return;
     const double present = static_cast<double>(m_audio->currentFrame()) / rate;
-    // Beyond where seekToSecond() would stop, forward leads nowhere.
+    // In the last second, where seekToSecond() stops, there is no way forward.
     if (seconds > 0.0 && present >= static_cast<double>(m_audio->totalSeconds()) - 1.0)
         return;
     seekToSecond(present + seconds);
@@ -197,11 +197,11 @@ void LB_NavigationView::glideTo(double fraction)
 {
     if (sameFraction(fraction, m_playLayer.playProgress()))
         return;
-    // A seek or another song is shown at once; what one refresh brings is walked until the next.
+    // A seek or a new song is shown at once. Normal progress glides until the next refresh.
     const double seconds = std::abs(fraction - m_playLayer.playProgress()) *
                            static_cast<double>(m_audio->totalSeconds());
     const bool jump = !std::isfinite(fraction) || !std::isfinite(m_playLayer.playProgress()) ||
-                      fraction < m_playLayer.playProgress() || seconds > longestGlideSeconds;
+                      fraction < m_playLayer.playProgress() || seconds > maxGlideSeconds;
     m_glideFrom = jump ? fraction : displayedProgress();
     m_glideStart = m_clock();
     m_playLayer.setPlayProgress(fraction);
@@ -235,7 +235,7 @@ void LB_NavigationView::scheduleGlideStep()
     const double distance =
         std::abs(edgeInDevicePixels(m_playLayer.playProgress()) - edgeInDevicePixels(m_glideFrom));
     const double steps = std::max(1.0, distance / repaintStep);
-    const int interval = std::max(shortestGlideStep, static_cast<int>(glideMilliseconds / steps));
+    const int interval = std::max(minGlideInterval, static_cast<int>(glideMilliseconds / steps));
     m_glideTimer.start(interval, this);
 }
 
@@ -270,13 +270,13 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     m_backLayer.drawLayerInContext(layerBounds(), painter);
     lyrabox::PlayLayerDelegate shown = m_playLayer;
-    // Not where the edge is by now: only what was updated is painted, however late.
+    // Paint the progress that was marked for update, not the current one, which may be further.
     shown.setPlayProgress(m_shownProgress);
     shown.drawLayerInContext(layerBounds(), painter);
     if (hasFocus())
         lyrabox::drawFocusRing(painter, layerBounds(), lyrabox::Theme::radius);
 
-    painter.setLayoutDirection(Qt::LeftToRight); // as time runs
+    painter.setLayoutDirection(Qt::LeftToRight); // Time runs from left to right in every language.
     painter.setPen(Qt::white);
     QFont textFont = font();
     textFont.setPixelSize(textPixels);

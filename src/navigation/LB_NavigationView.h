@@ -14,25 +14,25 @@ class LB_QueueController;
 
 namespace lyrabox {
 
-/// Minutes, colon, two-digit seconds; minutes are not wrapped into hours.
+/// Formats seconds as "m:ss". Minutes may exceed 59.
 QString timeText(qint64 seconds);
 
-/// `frame` over `totalFrames`, divided in single precision; not a number when there are no frames.
+/// `frame` / `totalFrames` in single precision. NaN if there are no frames. See
+/// docs/kept-on-purpose.md.
 double playFraction(quint64 frame, quint64 totalFrames);
 
-/// The frame that a click at `x` in a view of `width` means; the total goes through single
-/// precision.
+/// The frame at `x` in a view of width `width`. The total is rounded to single precision. See
+/// docs/kept-on-purpose.md.
 quint64 frameAtPosition(double x, double width, quint64 totalFrames);
 
-/// Where the centre of the hover text stands for a pointer at `x`: never nearer than 22 points to
-/// an end.
+/// The centre of the hover text for a pointer at `x`. At least 22 points from either end.
 double hoverTextPosition(double x, double width);
 
 } // namespace lyrabox
 
 /// The bar that shows and sets the position. A timer refreshes it four times a second, notices the
-/// end of the song there and asks the queue for the next. Main thread only. References are set
-/// once, before awakeFromNib(), and are not owned.
+/// end of the song and asks the queue for the next one (see docs/kept-on-purpose.md). Main thread
+/// only. References are not owned; set them once, before awakeFromNib().
 class LB_NavigationView : public QWidget {
     Q_OBJECT
 
@@ -44,51 +44,52 @@ public:
     LB_QueueController *queue() const { return m_queue; }
     void setQueue(LB_QueueController *queue) { m_queue = queue; }
 
-    /// Starts the timer.
+    /// Shows the position and starts the refresh timer.
     void awakeFromNib();
 
-    /// Moves the position there, or to the loop start when that is set and lies at or behind
-    /// `frame`.
+    /// Seeks to `frame`. If the loop start is set and not before `frame`, seeks to the loop start
+    /// instead.
     void seekToFrame(quint64 frame);
 
-    /// The same by time; beyond the song's end it goes to a second before it, and without a song
-    /// nowhere.
+    /// Seeks to a time. Times past the end count as one second before the end. Does nothing without
+    /// a song.
     void seekToSecond(double second);
 
-    /// Moves on by so many seconds, or back by a negative number. Never goes back in place of on:
-    /// in the song's last second there is no way on.
+    /// Seeks relative to the current position; negative values go back. In the last second of the
+    /// song, forward does nothing, so it never moves back.
     void seekBySeconds(double seconds);
 
-    /// What an arrow key moves by, and PageUp and PageDown.
+    /// Step of the arrow keys and of PageUp and PageDown.
     static constexpr double keyStepSeconds = 5.0;
     static constexpr double pageStepSeconds = 30.0;
 
-    /// Shows the player's position, and starts the next song when the present one has ended.
+    /// Shows the player's position. Starts the next song if the current one has ended.
     void updateTimeDisplay();
 
-    /// Empties the hover text.
+    /// Removes the hover text.
     void hideHoverTime();
 
     QString elapsedText() const { return m_elapsedText; }
     QString totalText() const { return m_totalText; }
     QString hoverText() const { return m_hoverText; }
 
-    /// The centre of the hover text.
+    /// Centre of the hover text in points.
     double hoverPosition() const { return m_hoverX; }
     const lyrabox::PlayLayerDelegate &playLayerDelegate() const { return m_playLayer; }
 
-    /// The fraction drawn now; it glides to the delegate's between two refreshes.
+    /// The fraction that is drawn now. It glides to playLayerDelegate()'s between refreshes.
     double displayedProgress() const;
 
-    /// The timer that empties the hover text 3 s after the pointer's last move, and the one that
-    /// refreshes.
+    /// The timer that removes the hover text 3 s after the last move of the pointer, and the
+    /// refresh timer.
     QTimer *hoverTimer() { return &m_hoverTimer; }
     QTimer *refreshTimer() { return &m_refreshTimer; }
 
-    /// How often the view has painted itself. For the proof that a resting program draws nothing.
+    /// How often the view has painted itself. Tests use it to show that an idle program draws
+    /// nothing.
     quint64 paintCount() const { return m_paintCount; }
 
-    /// Replaces the clock of the glide; milliseconds.
+    /// Replaces the clock of the glide, in milliseconds. For tests.
     void setClock(std::function<qint64()> clock) { m_clock = std::move(clock); }
 
     QSize sizeHint() const override;
@@ -127,7 +128,7 @@ private:
     double m_glideFrom = 0.0;
     qint64 m_glideStart = 0;
     QBasicTimer m_glideTimer;
-    double m_shownProgress = 0.0; ///< what is painted, or will be by the update that is under way
+    double m_shownProgress = 0.0; ///< Painted, or about to be painted by a pending update.
     quint64 m_paintCount = 0;
     quint64 m_shownTotalFrames = 0;
 };

@@ -6,7 +6,7 @@ class LB_NavigationView;
 
 namespace lyrabox {
 
-/// The accessible face of the navigation bar: a slider over the song in whole seconds.
+/// Presents the navigation bar to assistive programs as a slider over the song, in whole seconds.
 class PositionAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit PositionAccessible(LB_NavigationView *view);
@@ -24,7 +24,7 @@ private:
     LB_NavigationView *view() const;
 };
 
-/// Registers the accessible faces of this folder's views; called by their constructors.
+/// Registers the accessible objects of this folder's views. Their constructors call it.
 void installAccessibleNavigation();
 
 /// Tells assistive programs that the position has jumped.

@@ -15,8 +15,8 @@ const QColor backgroundColor = QColor::fromRgbF(0.7412F, 0.7647F, 0.7804F, 1.0F)
 const QColor playedColor = QColor::fromRgbF(0.2039F, 0.5961F, 0.8588F, 1.0F);
 const QColor playedBeforeLoopColor = QColor::fromRgbF(0.2039F, 0.5961F, 0.8588F, 0.5F);
 
-/// `rect` cut to the rounded rectangle of `bounds`. Filled as a path, not clipped, so that the
-/// corners are smooth.
+/// Intersects `rect` with the rounded rectangle `bounds`. It is filled as a path, because clipping
+/// would leave the corners jagged.
 QPainterPath rounded(const QRectF &bounds, const QRectF &rect)
 {
     QPainterPath mask;

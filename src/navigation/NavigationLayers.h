@@ -6,28 +6,28 @@ class QPainter;
 
 namespace lyrabox {
 
-/// Draws the gray rounded ground of the navigation view.
+/// Draws the gray rounded background of the navigation view.
 class BackLayerDelegate {
 public:
-    /// `bounds` is the layer's; what lies outside its rounded corners is left alone.
+    /// Fills `bounds`. Leaves the pixels outside the rounded corners unchanged.
     void drawLayerInContext(const QRectF &bounds, QPainter &context) const;
 };
 
-/// Holds the fractions to draw and draws the played part.
+/// Holds the position and loop start as fractions, and draws the played part.
 class PlayLayerDelegate {
 public:
-    /// Current frame over total frames; not a number draws nothing.
+    /// Current frame / total frames. If it is NaN, nothing is drawn.
     double playProgress() const { return m_playProgress; }
     void setPlayProgress(double fraction) { m_playProgress = fraction; }
 
-    /// Loop start over total frames.
+    /// Loop start / total frames.
     double loopStart() const { return m_loopStart; }
     void setLoopStart(double fraction) { m_loopStart = fraction; }
 
     bool loopStartIsSet() const { return m_loopStartIsSet; }
     void setLoopStartIsSet(bool isSet) { m_loopStartIsSet = isSet; }
 
-    /// What has been played before the loop start is half transparent, the rest of it opaque.
+    /// Draws the part before the loop start half transparent and the rest opaque.
     void drawLayerInContext(const QRectF &bounds, QPainter &context) const;
 
 private:

@@ -16,7 +16,7 @@ TimerPeriodicEvents::TimerPeriodicEvents()
     m_timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&m_timer, &QTimer::timeout, [this] {
         m_timer.setInterval(m_period);
-        const auto event = m_event; // it may stop the events
+        const auto event = m_event; // A copy, because the event may stop the timer.
         event();
     });
 }

@@ -6,16 +6,18 @@
 
 namespace lyrabox {
 
-/// Calls back after a first delay and then at a fixed period, until it is stopped. A test replaces
-/// it by one that is driven by hand.
+/// Calls a function after a delay and then at a fixed period until stopped. Tests replace it with a
+/// source that they trigger themselves.
 class PeriodicEvents {
 public:
     virtual ~PeriodicEvents() = default;
+
+    /// Starts the events. Times are in seconds. Replaces events that are already running.
     virtual void start(double delaySeconds, double periodSeconds, std::function<void()> event) = 0;
     virtual void stop() = 0;
 };
 
-/// The same by the event loop's timers. Main thread.
+/// Periodic events from the event loop's timers. Main thread.
 class TimerPeriodicEvents : public PeriodicEvents {
 public:
     TimerPeriodicEvents();

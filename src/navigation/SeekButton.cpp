@@ -13,7 +13,7 @@ SeekButton::SeekButton(QWidget *parent)
     : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
 {
     setFocusPolicy(Qt::TabFocus);
-    // Mouse and keys are handled below; this is an assistive program's click.
+    // Mouse and keys are handled below. This signal comes from assistive programs.
     connect(this, &QAbstractButton::clicked, this, [this] { clickAction(); });
 }
 
@@ -32,7 +32,7 @@ bool SeekButton::performKeyEquivalent(QKeyEvent *event)
 {
     if (event->key() != m_keyEquivalent)
         return false;
-    // A key's auto-repeat is the key being held.
+    // Auto-repeat means that the key is held.
     if (isEnabled() && !event->isAutoRepeat() && m_press == Press::None)
         beginPress(Press::Key);
     return true;
@@ -57,7 +57,7 @@ void SeekButton::periodicEvent()
 {
     ++m_clickCount;
     if (step(m_press) == AfterStep::EndPress)
-        endPress(End::CutOff);
+        endPress(End::Interrupted);
 }
 
 void SeekButton::endPress(End end)
@@ -86,7 +86,7 @@ void SeekButton::mouseReleaseEvent(QMouseEvent *event)
 
 void SeekButton::mouseMoveEvent(QMouseEvent *)
 {
-    // Dropped: the press lasts wherever the pointer goes.
+    // Ignored, so that the press lasts wherever the pointer goes.
 }
 
 void SeekButton::keyPressEvent(QKeyEvent *event)
@@ -104,20 +104,20 @@ void SeekButton::keyPressEvent(QKeyEvent *event)
 void SeekButton::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        endPress(End::CutOff);
+        endPress(End::Interrupted);
     StateButton::changeEvent(event);
 }
 
 void SeekButton::hideEvent(QHideEvent *event)
 {
-    endPress(End::CutOff);
+    endPress(End::Interrupted);
     StateButton::hideEvent(event);
 }
 
 bool SeekButton::event(QEvent *event)
 {
     if (event->type() == QEvent::WindowDeactivate)
-        endPress(End::CutOff);
+        endPress(End::Interrupted);
     return StateButton::event(event);
 }
 
@@ -126,16 +126,16 @@ bool SeekButton::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::Close:
     case QEvent::Quit:
-        endPress(End::CutOff);
+        endPress(End::Interrupted);
         return false;
     case QEvent::KeyRelease:
         if (m_press == Press::Key && !static_cast<QKeyEvent *>(event)->isAutoRepeat())
             endPress(End::Released);
         return true;
     case QEvent::WindowDeactivate:
-        // The release goes to another window.
+        // The release will go to another window.
         if (watched == m_keyWindow.data())
-            endPress(End::CutOff);
+            endPress(End::Interrupted);
         return false;
     case QEvent::KeyPress:
     case QEvent::ShortcutOverride:
@@ -147,7 +147,7 @@ bool SeekButton::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
-        // Native window objects get every event first; the button's own must reach it through them.
+        // The window object gets every event first. The button's own events must pass through it.
         return watched->isWidgetType() && watched != this;
     default:
         return false;

@@ -12,10 +12,10 @@ class QKeyEvent;
 
 namespace lyrabox {
 
-/// What the two seek buttons share: a press by mouse or key is a click when it is short, and steps
-/// through the song five times a second when it is held. While a press lasts, other input is
-/// swallowed. A press that is cut off (the button is disabled or hidden, the window is left) ends
-/// without a click.
+/// Base of the two seek buttons. A short press by mouse or key is a click. A held press steps
+/// through the song five times a second. Other input is swallowed during a press. A press that is
+/// interrupted (the button is disabled or hidden, or its window is left) ends without a click. Main
+/// thread.
 class SeekButton : public StateButton {
     Q_OBJECT
     Q_PROPERTY(double periodicDelay READ periodicDelay WRITE setPeriodicDelay)
@@ -23,7 +23,7 @@ class SeekButton : public StateButton {
     Q_PROPERTY(int keyEquivalent READ keyEquivalent WRITE setKeyEquivalent)
 
 public:
-    /// Seconds between two steps, kept in single precision.
+    /// Seconds between two steps, in single precision.
     static constexpr float repeatPeriod = 0.2F;
 
     explicit SeekButton(QWidget *parent = nullptr);
@@ -32,15 +32,21 @@ public:
     LB_NavigationView *navView() const { return m_navView; }
     void setNavView(LB_NavigationView *view) { m_navView = view; }
 
-    /// Reads the periodic delay and interval of the interface definition.
+    /// Takes over the periodic delay and interval of the interface definition.
     void awakeFromNib();
 
-    /// The press and hold of a key. True when the key is this button's, also when the button is
-    /// disabled and nothing is done. The release is awaited by the event loop.
+    /// Begins a press if the event's key is this button's. Returns whether it is; also true if the
+    /// button is disabled and nothing happens. Returns at once; the event loop delivers the
+    /// release.
     bool performKeyEquivalent(QKeyEvent *event);
 
+    /// Number of steps of the current or last press.
     quint64 clickCount() const { return m_clickCount; }
+
+    /// Seconds before the first step.
     float theDelay() const { return m_theDelay; }
+
+    /// Has no effect: steps come every repeatPeriod. See docs/kept-on-purpose.md.
     float theInterval() const { return m_theInterval; }
     bool isPressing() const { return m_press != Press::None; }
 
@@ -48,20 +54,25 @@ public:
     void setPeriodicDelay(double seconds) { m_periodicDelay = seconds; }
     double periodicInterval() const { return m_periodicInterval; }
     void setPeriodicInterval(double seconds) { m_periodicInterval = seconds; }
+
+    /// The key (Qt::Key) that presses the button.
     int keyEquivalent() const { return m_keyEquivalent; }
     void setKeyEquivalent(int key) { m_keyEquivalent = key; }
 
-    /// Replaces the source of the periodic events.
+    /// Replaces the source of the periodic events. For tests.
     void setPeriodicEvents(std::unique_ptr<PeriodicEvents> events) { m_events = std::move(events); }
 
 protected:
     enum class Press { None, Mouse, Key };
-    enum class AfterStep { GoOn, EndPress };
+    enum class AfterStep { Continue, EndPress };
 
-    /// One second of song, in frames.
+    /// Number of frames in one second.
     quint64 stepFrames() const;
 
+    /// Seeks by one step. Called periodically while the button is held.
     virtual AfterStep step(Press press) = 0;
+
+    /// Carries out a click.
     virtual void clickAction() = 0;
 
     void mousePressEvent(QMouseEvent *event) override;
@@ -74,7 +85,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    enum class End { Released, CutOff };
+    enum class End { Released, Interrupted };
     void beginPress(Press press);
     void endPress(End end);
     void periodicEvent();
@@ -88,7 +99,7 @@ private:
     double m_periodicInterval = 0.2;
     int m_keyEquivalent = 0;
     Press m_press = Press::None;
-    QPointer<QWidget> m_keyWindow; ///< where the key was pressed
+    QPointer<QWidget> m_keyWindow; ///< The window where the key was pressed.
 };
 
 } // namespace lyrabox

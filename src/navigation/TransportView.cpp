@@ -96,12 +96,12 @@ bool TransportView::eventFilter(QObject *watched, QEvent *event)
     if (widget == nullptr || QApplication::activePopupWidget() != nullptr)
         return false;
     auto *key = static_cast<QKeyEvent *>(event);
-    // A key that a widget has no use for goes on to its parents, and is still meant for it.
+    // A key that the focused widget does not use goes on to its parents, but is still meant for
+    // that widget.
     const QWidget *keyboard = QApplication::focusWidget();
     const FocusKind focus = focusKind(keyboard != nullptr ? keyboard : widget);
     if (isOverride) {
-        // Space is a shortcut of the menu; a button that was reached with Tab keeps it all the
-        // same.
+        // Space is a shortcut of the menu, but a button reached with Tab needs it.
         if (key->key() == Qt::Key_Space && !transportTakesKey(Qt::Key_Space, focus))
             key->accept();
         return false;

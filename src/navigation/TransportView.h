@@ -6,32 +6,33 @@ namespace lyrabox {
 
 class SeekButton;
 
-/// Who has the keyboard, as far as the transport's keys are concerned.
+/// The kind of widget that has the keyboard focus, as far as the transport's keys are concerned.
 enum class FocusKind {
-    Other,  ///< the transport area, a table, nothing
-    Text,   ///< a text field in use: every key is its own
-    Button, ///< a button reached with Tab: Space presses it
-    Arrows, ///< something that moves by arrow keys: a slider, a tree, a tab switch, a divider
+    Other,  ///< The transport area, a table, or nothing.
+    Text,   ///< An active text field. It needs every key.
+    Button, ///< A button reached with Tab. Space presses it.
+    Arrows, ///< A widget with arrow keys of its own: a slider, a tree, a tab switch, a divider.
 };
 
+/// Classifies the widget that has the focus; null counts as Other.
 FocusKind focusKind(const QWidget *focus);
 
-/// Whether a key (an arrow or Space) goes to the transport rather than to what has the keyboard.
+/// Whether a key (an arrow or Space) goes to the transport and not to the focused widget.
 bool transportTakesKey(int key, FocusKind focus);
 
-/// The transport area of the main window. It takes the keyboard when nothing else wants it. It
-/// hands the seek buttons their keys from its own window and from those added, unless the widget
-/// that has the keyboard needs them.
+/// The transport area of the main window. It takes the focus if no other widget wants it. It passes
+/// keys to the seek buttons from its own window and the added ones, unless the focused widget needs
+/// them. Main thread.
 class TransportView : public QWidget {
     Q_OBJECT
 
 public:
     explicit TransportView(QWidget *parent = nullptr);
 
-    /// Not owned.
+    /// Sets the buttons that get the keys. They are not owned.
     void setButtons(SeekButton *backward, SeekButton *forward);
 
-    /// Lets the transport's keys work in this window too. Not owned.
+    /// Makes the transport's keys work in `window`, too. It is not owned and must outlive the view.
     void addWindow(const QWidget *window);
 
 protected:

@@ -20,7 +20,7 @@ BrowserPopoverContent makeBrowserPopover()
     controller->setBrowserOutlineView(outline);
     QObject::connect(controller, &LB_BrowserController::hasSelectionChanged, okButton,
                      &QWidget::setEnabled);
-    // A row may be expanded by a double-click, so it is Return that confirms.
+    // Return confirms. A double-click may be meant to expand the row.
     QObject::connect(
         outline, &QAbstractItemView::activated, okButton, [okButton](const QModelIndex &index) {
             const auto *tree = okButton->browserOutlineView();

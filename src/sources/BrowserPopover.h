@@ -7,13 +7,14 @@ class QWidget;
 
 namespace lyrabox {
 
-/// One fresh copy of the directory browser's interface.
+/// A new instance of the directory browser's interface.
 struct BrowserPopoverContent {
-    QWidget *view; ///< owned by whoever shows it; owns the rest
+    QWidget *view; ///< The caller takes ownership. Owns the other two.
     LB_BrowserController *controller;
-    LB_BrowserButton *okButton; ///< enabled while a row is selected
+    LB_BrowserButton *okButton; ///< Enabled while a row is selected.
 };
 
+/// Builds a directory browser. Main thread.
 BrowserPopoverContent makeBrowserPopover();
 
 } // namespace lyrabox

@@ -51,14 +51,14 @@ const std::vector<SourceItemRef> &DiskFolderItem::children()
     return *m_children;
 }
 
-void DiskFolderItem::discardChildren()
+void DiskFolderItem::resetChildren()
 {
     if (!m_children)
         return;
     const std::vector<SourceItemRef> children = std::move(*m_children);
     m_children.reset();
     for (const SourceItemRef &child : children)
-        child->discardChildren();
+        child->resetChildren();
 }
 
 } // namespace lyrabox

@@ -8,21 +8,22 @@
 
 namespace lyrabox {
 
-/// The path of a folder's URL without a trailing separator; what two folders are compared by. No
-/// case folding, no resolution of links or of "..". A URL without a scheme counts as a path.
+/// The path of a folder's URL without a trailing separator. Folders are compared by it. It does not
+/// fold case or resolve links or "..". A URL without a scheme is taken as a path.
 QString folderPath(const QUrl &url);
 
-/// A file URL of the folder at `path`.
+/// The file URL of the folder at `path`.
 QUrl folderURL(const QString &path);
 
-/// The paths of a folder's immediate subfolders by name: no hidden ones, no packages, no links.
-/// Errors end the list where they occur. A disk that does not answer has none.
+/// The paths of a folder's direct subfolders by name, without hidden ones, packages and links. An
+/// error ends the list early. Empty if the disk does not answer.
 QStringList subfolderPaths(const QUrl &directory);
 
-/// Whether the process may read the folder; not while its disk does not answer.
+/// Whether the process may read the folder. False if its disk does not answer.
 bool isReadableFolder(const QString &path);
 
-/// A source item that is a folder on disk and lists its subfolders when it is first asked for them.
+/// A source item for a folder on disk. Lists its subfolders when they are first needed. Main
+/// thread.
 class DiskFolderItem : public SourceItem {
 public:
     DiskFolderItem(const QUrl &url, SourceItemRef parent)
@@ -33,7 +34,7 @@ public:
 
     const std::vector<SourceItemRef> &children() override;
     bool isListed() const override { return m_children.has_value(); }
-    void discardChildren() override;
+    void resetChildren() override;
 
 protected:
     virtual SourceItemRef makeChild(const QUrl &url) = 0;

@@ -4,7 +4,7 @@
 
 #include <QPushButton>
 
-/// The OK button of the directory browser: a plain push button that knows the outline it confirms.
+/// The OK button of the directory browser. A push button that knows the tree it confirms.
 class LB_BrowserButton : public QPushButton {
     Q_OBJECT
 

@@ -9,9 +9,9 @@
 #include <functional>
 #include <vector>
 
-/// The directory browser: the home folder and the writable volumes, and what lies beneath. Made
-/// anew each time the browser is opened. Main thread only; the outlet is set once, before
-/// awakeFromNib(), and is not owned.
+/// The directory browser: a tree of the home folder and the writable volumes. A new one is made
+/// each time the browser opens. Main thread only. The outlet is not owned; set it once, before
+/// awakeFromNib().
 class LB_BrowserController : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY hasSelectionChanged)
@@ -22,15 +22,17 @@ public:
     lyrabox::SourceTreeView *browserOutlineView() const { return m_browserOutlineView; }
     void setBrowserOutlineView(lyrabox::SourceTreeView *view);
 
-    /// Builds the roots; a second call does nothing.
+    /// Builds the roots. Further calls do nothing.
     void awakeFromNib();
 
     bool hasSelection() const { return m_hasSelection; }
+
+    /// Updates hasSelection().
     void outlineViewSelectionDidChange();
 
     const lyrabox::SourceTreeModel *model() const { return m_model; }
 
-    /// Replaces the list of mounted volumes.
+    /// Replaces the function that lists mounted volumes. For tests.
     void setMountedVolumes(std::function<std::vector<lyrabox::Volume>()> volumes)
     {
         m_mountedVolumes = std::move(volumes);

@@ -2,8 +2,8 @@
 
 #include "sources/FolderListing.h"
 
-/// One folder of the directory browser: the home folder, a mounted volume, or a subfolder. It lists
-/// its folder once in its lifetime.
+/// A folder in the directory browser: the home folder, a mounted volume, or a subfolder. It lists
+/// its subfolders only once.
 class LB_DirectoryItem : public lyrabox::DiskFolderItem {
 public:
     LB_DirectoryItem(const QUrl &url, const std::shared_ptr<LB_DirectoryItem> &parent);
@@ -11,14 +11,14 @@ public:
     bool isVolume() const { return m_isVolume; }
     void setIsVolume(bool isVolume) { m_isVolume = isVolume; }
 
-    /// What the file system calls the volume.
+    /// Sets the file system's name of the volume.
     void setVolumeName(const QString &name) { m_volumeName = name; }
 
-    /// A volume's own name; otherwise the last path component.
+    /// The name of a volume, otherwise the last path component.
     QString name() const;
     QString text() const override { return name(); }
 
-    /// The desktop's icon of the folder.
+    /// The desktop's icon for the folder.
     QIcon icon() const override;
 
 protected:

@@ -29,7 +29,7 @@ namespace {
 
 enum ButtonTag { removeTag = 0, addTag = 1 };
 
-/// The path as it stands where its disk does not answer.
+/// Returns the path unchanged if its disk does not answer.
 QString resolvingSymbolicLinks(const QString &path)
 {
     return lyrabox::files::askPatiently<QString>(
@@ -68,6 +68,7 @@ void LB_FolderSourceController::setup()
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, notification::volumeDidMount, [this] { volumeMountChanged(); });
     center.addObserver(this, notification::volumeDidUnmount, [this] { volumeMountChanged(); });
+    // Selecting a folder does not forget the playlist in turn, see docs/kept-on-purpose.md.
     center.addObserver(this, notification::playlistSelected, [this] { deselectFolder(); });
 
     m_model->setRoots({});
@@ -92,7 +93,7 @@ void LB_FolderSourceController::restoreSelection()
     while (node == nullptr) {
         const qsizetype separator = current.lastIndexOf(QLatin1Char('/'));
         if (separator < 0 || current.size() <= 1)
-            return; // under no root
+            return; // It is below no root.
         components.prepend(current.mid(separator + 1));
         current.truncate(qMax<qsizetype>(separator, 1));
         node = rootWithURL(lyrabox::folderURL(current));
@@ -189,11 +190,11 @@ void LB_FolderSourceController::removeOkButtonPressed()
     const FolderRef asked = std::exchange(m_folderToRemove, nullptr);
     const FolderRef folder = asked != nullptr ? asked : m_selectedFolder;
     {
-        // The view would move the selection to a neighbour of the removed row and so scan it.
+        // The view would select, and so scan, a neighbour of the removed row.
         const QScopedValueRollback<bool> guard(m_relisting, true);
         m_folderOutlineView->selectionModel()->clear();
     }
-    m_model->removeRoot(folder); // a subfolder is no root and stays
+    m_model->removeRoot(folder); // A subfolder is not a root and stays.
     deselectFolder();
     storeFolders();
     m_popover->closePopover();
@@ -235,7 +236,7 @@ void LB_FolderSourceController::volumeMountChanged()
             deselectFolder();
         }
     }
-    m_folderOutlineView->doItemsLayout(); // the scroll bar must know the new rows
+    m_folderOutlineView->doItemsLayout(); // Update the scroll bar's range for the new rows.
     scrollBar->setValue(scrolled);
 }
 
@@ -295,7 +296,7 @@ QModelIndex LB_FolderSourceController::indexOf(const Place &place) const
 {
     FolderRef node = place.root;
     while (node != nullptr && node->itemID() != place.path) {
-        // The only child that can lie on the way is the one whose path leads there.
+        // At most one child's path leads to the place.
         FolderRef next;
         for (const lyrabox::SourceItemRef &child : node->children()) {
             auto candidate = std::static_pointer_cast<LB_FolderItem>(child);
@@ -308,7 +309,7 @@ QModelIndex LB_FolderSourceController::indexOf(const Place &place) const
     return m_model->indexOf(node);
 }
 
-/// The folders that are expanded beneath (and with) `parent`, parents before their children.
+/// Collects the expanded folders at and below `parent`, parents before their children.
 void LB_FolderSourceController::collectExpanded(const QModelIndex &parent,
                                                 std::vector<Place> &places) const
 {
@@ -326,7 +327,7 @@ void LB_FolderSourceController::setSelectedFolder(const FolderRef &folder)
     if (m_selectedFolder == folder)
         return;
     m_selectedFolder = folder;
-    // Listing a tree anew makes new nodes for the same folders.
+    // Listing a tree again makes new nodes for the same folders.
     if (m_folderToRemove != nullptr &&
         (folder == nullptr || folder->itemID() != m_folderToRemove->itemID()))
         m_popover->closePopover();

@@ -19,9 +19,9 @@ class ButtonMatrix;
 class Popover;
 } // namespace lyrabox
 
-/// The folder tab: the root folders that the user added, their trees, and the folder selected,
-/// whose songs the track table shows. Main thread only. Outlets are set once, before setup(), and
-/// are not owned.
+/// The folder tab: the root folders that the user added, their trees, and the selected folder,
+/// whose songs the track table shows. Main thread only. Outlets are not owned; set them once,
+/// before setup().
 class LB_FolderSourceController : public QObject {
     Q_OBJECT
 
@@ -31,6 +31,7 @@ public:
     explicit LB_FolderSourceController(QObject *parent = nullptr);
     ~LB_FolderSourceController() override;
 
+    /// Not used, see docs/kept-on-purpose.md.
     LB_AppDelegate *appDelegate() const { return m_appDelegate; }
     void setAppDelegate(LB_AppDelegate *delegate) { m_appDelegate = delegate; }
     lyrabox::SourceTreeView *folderOutlineView() const { return m_folderOutlineView; }
@@ -42,43 +43,63 @@ public:
     LB_TrackController *tracks() const { return m_tracks; }
     void setTracks(LB_TrackController *tracks) { m_tracks = tracks; }
 
-    /// Registers the observers and loads the roots from the settings. Once, at start-up.
+    /// Registers observers and loads the roots from the settings. Call it once, at start-up.
     void setup();
 
-    /// Selects the folder remembered in the user defaults, or its deepest ancestor that is listed.
+    /// Selects the folder remembered in the user defaults, or its deepest listed ancestor.
     void restoreSelection();
 
-    /// The tag of the pressed cell decides: 1 adds, 0 removes.
+    /// Handles the + and - buttons. The tag of the pressed cell decides: 1 adds, 0 removes.
     void addRemoveButtonPressed(lyrabox::ButtonMatrix *sender);
+
+    /// Opens the directory browser at `anchor`.
     void addFolder(QWidget *anchor);
+
+    /// Adds the folder that is selected in the directory browser.
     void directorySelectedToAdd(LB_BrowserButton *sender);
 
-    /// Appends a root unless there is one of an equal URL.
+    /// Appends a root unless one with the same path exists.
     void addDirectoryToFolderList(const QUrl &url);
 
-    /// Adds folders from elsewhere (dropped, or opened with the program) and selects the last.
+    /// Adds folders that were dropped, or opened with the program, and selects the last one.
     void addFolders(const QList<QUrl> &folders);
+
+    /// Asks at `anchor` whether to remove the selected folder.
     void removeFolder(QWidget *anchor);
-    /// Removes the root that the popover asks about, or the selected one while it is closed. The
-    /// popover closes by itself when another folder is selected.
+
+    /// Removes the root that the popover asks about, or the selected one if the popover is closed.
+    /// The popover closes when another folder is selected.
     void removeOkButtonPressed();
+
+    /// Stores the paths of the roots in the settings.
     void storeFolders();
+
+    /// Clears the selection and forgets the remembered folder. The song list stays.
     void deselectFolder();
 
-    /// A volume came or went: every tree is listed anew. What was expanded and can still be found
-    /// stays expanded, and the selection stays without a new scan. Of a selected folder that is
-    /// gone nothing is left selected.
+    /// Lists all trees again after a volume was mounted or unmounted. Expanded folders that still
+    /// exist stay expanded, and the selection stays without a new scan. If the selected folder is
+    /// gone, nothing is selected.
     void volumeMountChanged();
+
+    /// Reads the songs of the newly selected folder and remembers it.
     void outlineViewSelectionDidChange();
 
-    /// None while nothing is selected.
+    /// Null if nothing is selected.
     FolderRef selectedFolder() const { return m_selectedFolder; }
+
+    /// Whether the selected folder is a root, which can be removed.
+    bool canRemoveSelectedFolder() const
+    {
+        return m_selectedFolder != nullptr && m_selectedFolder->isRemovable();
+    }
 
 Q_SIGNALS:
     void selectedFolderChanged();
 
 private:
-    /// Where a folder lies. The path alone would not do, since one root may lie inside another.
+    /// Identifies a folder across new listings. The path alone is not enough, because one root may
+    /// be inside another.
     struct Place {
         FolderRef root;
         QString path;
@@ -99,6 +120,6 @@ private:
     LB_TrackController *m_tracks = nullptr;
     lyrabox::SourceTreeModel *m_model;
     FolderRef m_selectedFolder;
-    FolderRef m_folderToRemove; ///< while the popover asks about it
+    FolderRef m_folderToRemove; ///< Set while the popover asks about it.
     bool m_relisting = false;
 };

@@ -5,10 +5,10 @@ LB_PlaylistItem::LB_PlaylistItem(const lyrabox::MusicPlaylist &playlist,
     : SourceItem(parent), m_playlist(playlist)
 {}
 
-void LB_PlaylistItem::discardChildren()
+void LB_PlaylistItem::resetChildren()
 {
     const std::vector<lyrabox::SourceItemRef> children = std::move(m_children);
     m_children.clear();
     for (const lyrabox::SourceItemRef &child : children)
-        child->discardChildren();
+        child->resetChildren();
 }

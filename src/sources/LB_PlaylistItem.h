@@ -3,13 +3,13 @@
 #include "platform/foundation/MusicLibrary.h"
 #include "sources/SourceItem.h"
 
-/// One playlist of the music library, or a folder of playlists.
+/// A playlist of the music library, or a folder of playlists.
 class LB_PlaylistItem : public lyrabox::SourceItem {
 public:
     LB_PlaylistItem(const lyrabox::MusicPlaylist &playlist,
                     const std::shared_ptr<LB_PlaylistItem> &parent);
 
-    /// The library's entry, a copy taken at creation.
+    /// A copy of the library's entry.
     const lyrabox::MusicPlaylist &playlistDictionary() const { return m_playlist; }
 
     /// The persistent ID.
@@ -20,7 +20,7 @@ public:
 
     const std::vector<lyrabox::SourceItemRef> &children() override { return m_children; }
     bool isListed() const override { return true; }
-    void discardChildren() override;
+    void resetChildren() override;
     QString text() const override { return itemName(); }
 
 private:

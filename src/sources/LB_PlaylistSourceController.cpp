@@ -10,8 +10,7 @@ namespace notification = lyrabox::notification;
 
 namespace {
 
-/// Of the playlists that the music application keeps for itself, the only kind that is shown: all
-/// music.
+/// Of the playlists that the music application manages itself, only this kind is shown: all music.
 constexpr qint64 shownDistinguishedKind = 4;
 
 bool isShown(const lyrabox::MusicPlaylist &playlist)
@@ -49,8 +48,8 @@ void LB_PlaylistSourceController::setup()
                 roots.push_back(std::make_shared<LB_PlaylistItem>(playlist, nullptr));
                 continue;
             }
-            // One pass: a folder that comes later in the library, or is hidden, hides what it
-            // holds.
+            // The tree is built in one pass. If a folder comes later in the library or is hidden,
+            // its playlists are not shown. See docs/kept-on-purpose.md.
             const PlaylistRef parent =
                 playlistItemMatchingPersistentIDInArray(playlist.parentPersistentID, roots);
             if (parent != nullptr)

@@ -11,9 +11,9 @@
 
 class LB_TrackController;
 
-/// The playlist tab: the music library's playlists as a tree, built once, and the playlist
-/// selected, whose songs the track table shows. Main thread only. Outlets are set once, before
-/// setup(), and are not owned.
+/// The playlist tab: the music library's playlists as a tree, which is built once, and the selected
+/// playlist, whose songs the track table shows. Main thread only. Outlets are not owned; set them
+/// once, before setup().
 class LB_PlaylistSourceController : public QObject {
     Q_OBJECT
 
@@ -27,21 +27,21 @@ public:
     LB_TrackController *tracks() const { return m_tracks; }
     void setTracks(LB_TrackController *tracks) { m_tracks = tracks; }
 
-    /// Builds the tree. Once, at start-up.
+    /// Builds the tree. Call it once, at start-up.
     void setup();
 
-    /// Selects the playlist remembered in the user defaults, or the first.
+    /// Selects the playlist remembered in the user defaults, or the first one.
     void restoreSelection();
 
-    /// The first item in depth-first order whose identifier is the given one; none when there is
-    /// none.
+    /// Returns the first item with this identifier in depth-first order, or null.
     static PlaylistRef
     playlistItemMatchingPersistentIDInArray(const std::optional<QString> &persistentID,
                                             const std::vector<lyrabox::SourceItemRef> &items);
 
-    /// Leaves nothing selected. The song list and the remembered playlist stay.
+    /// Clears the selection. The song list and the remembered playlist stay.
     void deselectPlaylist();
 
+    /// Shows the songs of the newly selected playlist and remembers it.
     void outlineViewSelectionDidChange();
 
     const lyrabox::SourceTreeModel *model() const { return m_model; }

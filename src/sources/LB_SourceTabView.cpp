@@ -16,8 +16,8 @@ namespace notification = lyrabox::notification;
 void LB_SourceTabView::awakeFromNib()
 {
     LB_TrackController *tracks = m_playlistController->tracks();
-    tracks->settings()->setup(); // the folders are read from it
-    tracks->setup();             // the playlists are asked of it
+    tracks->settings()->setup(); // First, because the folders are read from the settings.
+    tracks->setup();             // Second, because the playlists come from the track list.
     m_playlistController->setup();
     m_folderController->setup();
 

@@ -10,8 +10,8 @@ class ButtonMatrix;
 class SegmentedControl;
 } // namespace lyrabox
 
-/// Switches between the playlists (tab 0) and the folders (tab 1), and sets up the source side at
-/// start. Main thread only. Outlets are set once, before awakeFromNib(), and are not owned.
+/// Switches between playlists (tab 0) and folders (tab 1), and sets up the sources at start-up.
+/// Main thread only. Outlets are not owned; set them once, before awakeFromNib().
 class LB_SourceTabView : public QStackedWidget {
     Q_OBJECT
 
@@ -36,18 +36,19 @@ public:
     }
 
     /// Sets up the settings store, the track list, the playlists and the folders, in this order,
-    /// and restores the remembered tab with its selection.
+    /// and restores the remembered tab and its selection.
     void awakeFromNib();
 
+    /// Shows the tab of the selected segment.
     void segmentedControlPressed(lyrabox::SegmentedControl *sender);
 
-    /// Switches as a press on the segment would.
+    /// Switches to a tab, as a press on its segment does.
     void showTab(Tab tab);
 
-    /// Leaves nothing selected on either tab, for a list that comes from neither.
+    /// Clears the selection on both tabs. For a list that comes from neither.
     void selectNoSource();
 
-    /// Remembers the selected segment.
+    /// Stores the selected segment in the user defaults.
     void storeSelectedTab();
 
 private:

@@ -9,9 +9,9 @@
 
 namespace lyrabox {
 
-/// A node of one of the source trees: folders, playlists, directories. A child keeps its parent
-/// alive and a parent its listed children; whoever owns the roots calls discardChildren() on them
-/// before letting go.
+/// A node of a source tree: a folder, a playlist or a directory. A child keeps its parent alive,
+/// and a parent its listed children. The owner of the roots must therefore call resetChildren() on
+/// them before it releases them. Main thread.
 class SourceItem : public std::enable_shared_from_this<SourceItem> {
 public:
     explicit SourceItem(std::shared_ptr<SourceItem> parent) : m_parent(std::move(parent)) {}
@@ -19,36 +19,37 @@ public:
     SourceItem &operator=(const SourceItem &) = delete;
     virtual ~SourceItem() = default;
 
-    /// None for a root.
+    /// Null for a root.
     const std::shared_ptr<SourceItem> &parent() const { return m_parent; }
 
-    /// The children; a node that lists them lazily does it now.
+    /// The children. Lists them first if they are not listed yet.
     virtual const std::vector<std::shared_ptr<SourceItem>> &children() = 0;
 
     int numberOfChildren() { return static_cast<int>(children().size()); }
 
-    /// `index` is in the range of numberOfChildren().
+    /// `index` must be less than numberOfChildren().
     std::shared_ptr<SourceItem> childAtIndex(int index)
     {
         return children().at(static_cast<std::size_t>(index));
     }
 
-    /// Whether children() would have nothing to list.
+    /// Whether children() returns without listing anything.
     virtual bool isListed() const = 0;
 
-    /// Lets go of the listed children, theirs first.
-    virtual void discardChildren() = 0;
+    /// Releases the listed children, and their children before them. The next access to children()
+    /// lists them again.
+    virtual void resetChildren() = 0;
 
-    /// What the node is called. Asks nothing of the disk.
+    /// The displayed name. Does not access the disk.
     virtual QString text() const = 0;
 
-    /// The picture before the name; null for none. May ask the disk.
+    /// The icon before the name; null for none. May access the disk.
     virtual QIcon icon() const { return {}; }
 
-    /// How the name is drawn. May ask the disk.
+    /// The style of the name. Reading it may access the disk.
     struct TextStyle {
         QColor foreground = QColor(Qt::black);
-        double obliqueness = 0.0; ///< slant of the letters; anything but 0 is drawn italic
+        double obliqueness = 0.0; ///< Slant of the letters. Any value other than 0 is drawn italic.
     };
     virtual TextStyle textStyle() const { return {}; }
 

@@ -21,14 +21,14 @@ int rowIn(const std::vector<SourceItemRef> &items, const SourceItem *item)
 SourceTreeModel::~SourceTreeModel()
 {
     for (const SourceItemRef &root : m_roots)
-        root->discardChildren();
+        root->resetChildren();
 }
 
 void SourceTreeModel::setRoots(std::vector<SourceItemRef> roots)
 {
     beginResetModel();
     for (const SourceItemRef &root : m_roots)
-        root->discardChildren();
+        root->resetChildren();
     forgetLooks();
     m_roots = std::move(roots);
     endResetModel();
@@ -50,7 +50,7 @@ void SourceTreeModel::removeRoot(const SourceItemRef &root)
     beginRemoveRows({}, row, row);
     m_roots.erase(m_roots.begin() + row);
     endRemoveRows();
-    root->discardChildren();
+    root->resetChildren();
     forgetLooks();
 }
 
@@ -58,7 +58,7 @@ void SourceTreeModel::discardListings()
 {
     beginResetModel();
     for (const SourceItemRef &root : m_roots)
-        root->discardChildren();
+        root->resetChildren();
     forgetLooks();
     endResetModel();
 }

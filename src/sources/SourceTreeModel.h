@@ -9,10 +9,10 @@
 
 namespace lyrabox {
 
-/// The one item model of the three source trees. It holds the roots in order; the items beneath are
-/// theirs. A folder is not listed before its row is shown: until then it counts as having children.
-/// Icons and text styles, which may have to be looked up on the disk, are asked for once per row
-/// and remembered until forgetLooks(), or until the roots or listings change.
+/// The item model of the three source trees. Owns the roots. A folder is listed when its row is
+/// first shown; until then it counts as having children. Icons and text styles may need the disk,
+/// so they are read once per row and cached until forgetLooks() is called or the roots or listings
+/// change. Main thread.
 class SourceTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -24,24 +24,25 @@ public:
     void setRoots(std::vector<SourceItemRef> roots);
     void appendRoot(const SourceItemRef &root);
 
-    /// Lets go of the root and of what is listed beneath it; nothing when it is none.
+    /// Removes a root and releases everything listed below it. Does nothing if `root` is not a
+    /// root.
     void removeRoot(const SourceItemRef &root);
 
-    /// Forgets what is listed beneath every root.
+    /// Releases everything listed below the roots.
     void discardListings();
 
-    /// Forgets the icons and text styles of all rows, or of one row; the next drawing asks for
-    /// them.
+    /// Drops the cached icons and text styles of all rows, or of one. They are read again when the
+    /// rows are drawn.
     void forgetLooks();
     void forgetLooks(const QModelIndex &index);
 
-    /// None for an invalid index.
+    /// Null for an invalid index.
     SourceItemRef itemAt(const QModelIndex &index) const;
 
-    /// Invalid for none, and for an item that is not in the tree.
+    /// Invalid for null, and for an item that is not in the tree.
     QModelIndex indexOf(const SourceItemRef &item) const;
 
-    /// Whether the item has children; lists its folder if that was not done yet. The top level is
+    /// Whether the item has children. Lists its folder if it is not listed yet. The top level is
     /// always expandable.
     bool isExpandable(const QModelIndex &index) const;
 

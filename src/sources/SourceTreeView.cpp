@@ -1,5 +1,6 @@
 #include "sources/SourceTreeView.h"
 
+#include "platform/ui/RowSelection.h"
 #include "sources/SourceTreeModel.h"
 
 #include <QDragEnterEvent>
@@ -36,7 +37,7 @@ SourceTreeView::SourceTreeView(QWidget *parent) : QTreeView(parent)
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(true);
-    viewport()->setAutoFillBackground(false); // the pane's own ground shows
+    viewport()->setAutoFillBackground(false); // Shows the background of the pane.
 }
 
 void SourceTreeView::setPlaceholderText(const QString &text)
@@ -54,10 +55,7 @@ void SourceTreeView::setAcceptsFolders(bool accepts)
 
 void SourceTreeView::selectRow(const QModelIndex &index)
 {
-    if (!index.isValid())
-        return;
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                 QItemSelectionModel::Rows);
+    lyrabox::selectRow(*this, index);
     scrollTo(index);
 }
 
@@ -83,13 +81,13 @@ QModelIndex SourceTreeView::lastVisibleRow() const
 void SourceTreeView::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Asterisk) {
-        // The toolkit would expand everything below, and so list the whole disk.
+        // QTreeView would expand everything below, which would list the whole disk.
         if (currentIndex().isValid() && model()->hasChildren(currentIndex()))
             expand(currentIndex());
         return;
     }
     const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-    // The first row has the keyboard before it is selected; an arrow key begins there.
+    // Before a row is selected, the first row has the keyboard focus. An arrow key selects it.
     if (moves && !selectedRow().isValid() && currentIndex().isValid())
         selectRow(currentIndex());
     else
@@ -100,7 +98,7 @@ void SourceTreeView::mousePressEvent(QMouseEvent *event)
 {
     const bool isLeft = event->button() == Qt::LeftButton;
     if (!isLeft)
-        settleSelection(); // the menu of the right button means the row that is highlighted
+        settleSelection(); // The context menu applies to the highlighted row.
     const QScopedValueRollback<bool> selects(m_leftButtonSelects, isLeft);
     QTreeView::mousePressEvent(event);
 }
@@ -124,7 +122,7 @@ void SourceTreeView::mouseReleaseEvent(QMouseEvent *event)
 void SourceTreeView::focusOutEvent(QFocusEvent *event)
 {
     QTreeView::focusOutEvent(event);
-    settleSelection(); // the release may go elsewhere
+    settleSelection(); // The release may go to another widget.
 }
 
 void SourceTreeView::hideEvent(QHideEvent *event)

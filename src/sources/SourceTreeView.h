@@ -6,40 +6,41 @@
 
 namespace lyrabox {
 
-/// The outline of a source tree. It asks whether a row can be expanded when it draws it, so that a
-/// folder is listed on disk when its row is first shown and not before. Where the tree is empty, a
-/// gray text says what can be done.
+/// The view of a source tree. A folder is listed on disk when its row is first drawn, because the
+/// view then asks whether it can be expanded. An empty tree shows a gray placeholder text.
 ///
-/// Under the left button the highlight follows the pointer, and selectionDidChange() comes when the
-/// button is released. The looks of the rows are looked up anew when the window is activated, since
-/// the user may have changed permissions elsewhere, and those of a row when it is selected.
+/// While the left button is held, the highlight follows the pointer; selectionDidChange() is
+/// emitted on release. The looks of all rows are read again when the window is activated, because
+/// the user may have changed permissions elsewhere, and those of a row when it is selected. Main
+/// thread.
 class SourceTreeView : public QTreeView {
     Q_OBJECT
 
 public:
     explicit SourceTreeView(QWidget *parent = nullptr);
 
-    /// Shown while the tree has no rows.
+    /// Sets the text that is shown while the tree has no rows.
     void setPlaceholderText(const QString &text);
     QString placeholderText() const { return m_placeholderText; }
 
-    /// Whether folders can be dropped from the file manager.
+    /// Sets whether folders can be dropped from the file manager.
     void setAcceptsFolders(bool accepts);
 
-    /// Selects the row alone and makes it visible.
+    /// Selects only this row and makes it visible.
     void selectRow(const QModelIndex &index);
 
-    /// The selected row's index; invalid for none.
+    /// The index of the selected row, or an invalid index.
     QModelIndex selectedRow() const;
 
-    /// The row shown last, as far as everything is expanded; invalid in an empty tree.
+    /// The last row when scrolled to the end, given what is expanded. Invalid in an empty tree.
     QModelIndex lastVisibleRow() const;
 
 Q_SIGNALS:
-    /// Another row is selected, or none. What acts on a selection listens to this and not to the
-    /// selection model, which also tells of the rows that a drag passes.
+    /// The selected row has changed. Listen to this signal, not to the selection model, which also
+    /// reports rows that a drag passes.
     void selectionDidChange();
 
+    /// Folders were dropped on the view; see setAcceptsFolders().
     void foldersDropped(const QList<QUrl> &folders);
 
 protected:
@@ -67,12 +68,13 @@ private:
 
     QString m_placeholderText;
     bool m_acceptsFolders = false;
-    bool m_leftButtonSelects = false;   ///< while the toolkit handles an event of the left button
-    bool m_isUnsettled = false;         ///< the left button has changed the selection, and is held
-    QPersistentModelIndex m_settledRow; ///< what was selected before
+    bool m_leftButtonSelects = false;   ///< True while QTreeView handles an event of the left
+                                        ///< button.
+    bool m_isUnsettled = false;         ///< The left button is held and has changed the selection.
+    QPersistentModelIndex m_settledRow; ///< The row that was selected before.
 };
 
-/// Those of `urls` that are local folders.
+/// Returns the local folders among `urls`.
 QList<QUrl> localFolders(const QList<QUrl> &urls);
 
 } // namespace lyrabox

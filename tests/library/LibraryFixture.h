@@ -21,7 +21,7 @@
 
 namespace lyrabox::test {
 
-/// Reads the fake song from every path but those that are told to fail.
+/// Reads the fake song from every path except those that are set to fail.
 class PickyReader : public SongReader {
 public:
     PickyReader(std::unique_ptr<SongReader> song, const std::map<QString, Status> &failures)
@@ -55,7 +55,7 @@ private:
     const std::map<QString, Status> &m_failures;
 };
 
-/// A transport that plays nothing real, with a queue, a track list and its table.
+/// A transport with a fake audio output, a queue, a track list and its table.
 struct LibraryFixture {
     LibraryFixture()
     {
@@ -81,7 +81,7 @@ struct LibraryFixture {
                                       : QString();
     }
 
-    /// A record with an inode of its own.
+    /// Makes a record with an inode of its own.
     TrackRecordRef track(const QString &title)
     {
         return TransportFixture::track(title, QString::number(++lastInode));
@@ -100,7 +100,7 @@ struct LibraryFixture {
         loadFailures[record->fileURL.toLocalFile()] = status;
     }
 
-    /// Shows a playlist of songs with these titles, each an existing file.
+    /// Shows a playlist of songs with these titles. Each is an existing file.
     void showPlaylist(const QStringList &titles, const QString &id = QStringLiteral("P1"))
     {
         std::vector<QString> items;

@@ -12,7 +12,7 @@ TEST(EmptyListText, AsksForAPlaylistOrFolderAtFirst)
     EXPECT_EQ(emptyListText({}, 0, {}), u"Choose a playlist or folder"_s);
 }
 
-TEST(EmptyListText, TellsHowManyFoldersLieInAFolderWithoutSongs)
+TEST(EmptyListText, CountsTheFoldersInAFolderWithoutSongs)
 {
     EXPECT_EQ(emptyListText({.kind = Kind::Folder, .foldersInside = 12}, 0, {}),
               u"No songs here. Open the folder with its arrow: 12 folders inside."_s);
@@ -22,7 +22,7 @@ TEST(EmptyListText, TellsHowManyFoldersLieInAFolderWithoutSongs)
               u"No songs here."_s);
 }
 
-TEST(EmptyListText, TellsAnUnreadableFolderFromAnEmptyOne)
+TEST(EmptyListText, DistinguishesAnUnreadableFolderFromAnEmptyOne)
 {
     EXPECT_EQ(emptyListText({.kind = Kind::Folder, .isReadable = false}, 0, {}),
               u"This folder cannot be read."_s);
@@ -30,7 +30,7 @@ TEST(EmptyListText, TellsAnUnreadableFolderFromAnEmptyOne)
               u"This folder cannot be read."_s);
 }
 
-TEST(EmptyListText, TellsAnEmptyTreeAndAnEmptyPlaylist)
+TEST(EmptyListText, ExplainsAnEmptyTreeAndAnEmptyPlaylist)
 {
     EXPECT_EQ(emptyListText({.kind = Kind::Tree}, 0, {}),
               u"No songs here or in the folders inside."_s);
@@ -49,7 +49,7 @@ TEST(EmptyListText, PutsALongOrBrokenSearchTextOnOneLine)
     EXPECT_LT(emptyListText({}, 1, QString(10000, u'x')).size(), 100);
 }
 
-TEST(EmptyListText, TellsThatTheListWasStopped)
+TEST(EmptyListText, SaysThatTheListWasStopped)
 {
     EXPECT_EQ(emptyListText({.kind = Kind::Tree, .isIncomplete = true}, 0, {}),
               u"Stopped before a song was read."_s);

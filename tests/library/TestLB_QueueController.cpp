@@ -49,12 +49,13 @@ TEST(LB_QueueController, PutsTheCurrentSongFirstInAShuffledQueue)
     EXPECT_EQ(f.queue.orderedArray(), list);
 }
 
-TEST(LB_QueueController, DrawsThePlacesAfterTheFirstOneByOne)
+TEST(LB_QueueController, DrawsThePositionsAfterTheFirstOneByOne)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s});
     f.enqueue(list);
-    std::vector<std::uint32_t> draws{7, 5, 4294967295U, 0}; // mod 4, 3, 2, 1: 3, 2, 1, 0
+    std::vector<std::uint32_t> draws{7, 5, 4294967295U, 0}; // Modulo 4, 3, 2 and 1 this gives 3, 2,
+                                                            // 1 and 0.
     std::size_t next = 0;
     f.queue.setRandomSource([&] { return draws.at(next++); });
     EXPECT_EQ(LibraryFixture::titlesOf(f.queue.shuffledArray()),
@@ -62,7 +63,7 @@ TEST(LB_QueueController, DrawsThePlacesAfterTheFirstOneByOne)
     EXPECT_EQ(next, draws.size());
 }
 
-TEST(LB_QueueController, LeavesTheHeadFirstWhenTheCurrentSongIsNotInTheList)
+TEST(LB_QueueController, KeepsTheFirstSongFirstIfTheCurrentOneIsNotInTheList)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s, u"D"_s});
@@ -84,7 +85,7 @@ TEST(LB_QueueController, ShufflesEveryOrderOfTheRest)
     EXPECT_EQ(orders.size(), 6U);
 }
 
-TEST(LB_QueueController, ShufflesListsOfNoneAndOne)
+TEST(LB_QueueController, ShufflesAnEmptyListAndAListOfOneSong)
 {
     QueueFixture f;
     EXPECT_TRUE(f.queue.shuffledArray().empty());
@@ -93,7 +94,7 @@ TEST(LB_QueueController, ShufflesListsOfNoneAndOne)
     EXPECT_EQ(f.queue.shuffledArray(), one);
 }
 
-TEST(LB_QueueController, FindsTheCurrentSongInTheListQueued)
+TEST(LB_QueueController, FindsTheCurrentSongInTheQueuedList)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s});
@@ -103,7 +104,7 @@ TEST(LB_QueueController, FindsTheCurrentSongInTheListQueued)
     EXPECT_EQ(f.queue.queuedListID(), u"L"_s);
 }
 
-TEST(LB_QueueController, TellsTheSameSongInARebuiltListByItsInode)
+TEST(LB_QueueController, FindsTheCurrentSongInARebuiltListByItsInode)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s});
@@ -115,7 +116,7 @@ TEST(LB_QueueController, TellsTheSameSongInARebuiltListByItsInode)
     EXPECT_EQ(f.queue.currentIndex(), 2U);
 }
 
-TEST(LB_QueueController, PrefersTheVeryRecordWhenASongIsInTheListTwice)
+TEST(LB_QueueController, PrefersTheSameRecordIfASongIsInTheListTwice)
 {
     QueueFixture f;
     TrackRecordList list = f.trackList({u"A"_s, u"B"_s});
@@ -125,7 +126,7 @@ TEST(LB_QueueController, PrefersTheVeryRecordWhenASongIsInTheListTwice)
     EXPECT_EQ(f.queue.currentIndex(), 2U);
 }
 
-TEST(LB_QueueController, LeavesThePositionWhenTheCurrentSongIsNotInTheListQueued)
+TEST(LB_QueueController, KeepsThePositionIfTheCurrentSongIsNotInTheQueuedList)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"A"_s, u"B"_s, u"C"_s});
@@ -146,7 +147,7 @@ TEST(LB_QueueController, StartsTheSongThatItPlays)
     EXPECT_EQ(f.errorField.text(), QString());
 }
 
-TEST(LB_QueueController, EmptiesThePlayerWhenThePickedSongDoesNotLoad)
+TEST(LB_QueueController, EmptiesThePlayerIfTheChosenSongCannotBeLoaded)
 {
     QueueFixture f;
     const TrackRecordRef broken = f.track(u"Broken"_s);
@@ -157,7 +158,7 @@ TEST(LB_QueueController, EmptiesThePlayerWhenThePickedSongDoesNotLoad)
     EXPECT_FALSE(f.playButtonIsOn());
 }
 
-TEST(LB_QueueController, ReportsAndSkipsASongThatDoesNotLoadOnTheWayForward)
+TEST(LB_QueueController, ReportsAndSkipsASongThatCannotBeLoadedGoingForward)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s, u"Three"_s});
@@ -171,7 +172,7 @@ TEST(LB_QueueController, ReportsAndSkipsASongThatDoesNotLoadOnTheWayForward)
     EXPECT_TRUE(f.audio().isRunning());
 }
 
-TEST(LB_QueueController, ShowsATitleWithMarkupAndPlaceholdersAsItStands)
+TEST(LB_QueueController, ShowsMarkupAndPlaceholdersInATitleLiterally)
 {
     QueueFixture f;
     const TrackRecordRef broken = f.track(u"<b>100%2</b> %1"_s);
@@ -196,7 +197,7 @@ TEST(LB_QueueController, LoadsNothingAtTheLastSongAndEmptiesThePlayerAtTheNextSt
     EXPECT_EQ(f.queue.content(), list);
 }
 
-TEST(LB_QueueController, SkipsThousandsOfBrokenSongsWithoutGoingThroughTheTableForEach)
+TEST(LB_QueueController, UpdatesTheTableOnceWhenItSkipsThousandsOfBrokenSongs)
 {
     constexpr int broken = 5000;
     QueueFixture f;
@@ -227,7 +228,7 @@ TEST(LB_QueueController, SkipsThousandsOfBrokenSongsWithoutGoingThroughTheTableF
     EXPECT_LT(visits, 10);
 }
 
-TEST(LB_QueueController, TellsHowManySongsAreSkippedAndStopsWhenTheUserWants)
+TEST(LB_QueueController, ReportsHowManySongsAreSkippedAndStopsWhenTheUserWants)
 {
     QueueFixture f;
     TrackRecordList list = f.trackList({u"first"_s});
@@ -267,7 +268,7 @@ TEST(LB_QueueController, TellsHowManySongsAreSkippedAndStopsWhenTheUserWants)
     EXPECT_EQ(f.errorField.text(), u"Error loading 'broken 100' (-43)"_s);
 }
 
-TEST(LB_QueueController, StepsBackAndSkipsASongThatDoesNotLoad)
+TEST(LB_QueueController, GoesBackAndSkipsASongThatCannotBeLoaded)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s, u"Three"_s});
@@ -280,7 +281,7 @@ TEST(LB_QueueController, StepsBackAndSkipsASongThatDoesNotLoad)
     EXPECT_FALSE(f.queue.canPlayPreviousTrack());
 }
 
-TEST(LB_QueueController, EmptiesThePlayerWhenTheFirstSongDoesNotLoadOnTheWayBack)
+TEST(LB_QueueController, EmptiesThePlayerIfTheFirstSongCannotBeLoadedGoingBack)
 {
     QueueFixture f;
     const TrackRecordList list = f.trackList({u"One"_s, u"Two"_s});
@@ -297,7 +298,7 @@ TEST(LB_QueueController, CanPlayThePreviousTrackUnlessAtTheFirst)
     QueueFixture f;
     EXPECT_FALSE(f.queue.canPlayPreviousTrack());
     f.enqueue(f.trackList({u"A"_s, u"B"_s}));
-    f.pressShuffle(false); // nothing is loaded
+    f.pressShuffle(false); // Nothing is loaded.
     EXPECT_EQ(f.queue.currentIndex(), notFound);
     EXPECT_TRUE(f.queue.canPlayPreviousTrack());
 }
@@ -318,11 +319,11 @@ TEST(LB_QueueController, LoadsNothingFromAPositionOutsideTheContent)
     EXPECT_EQ(f.errorField.text(), QString());
 }
 
-TEST(LB_QueueController, StepsBackFromTheFirstSongWithoutHarm)
+TEST(LB_QueueController, GoesBackFromTheFirstSongWithoutHarm)
 {
     QueueFixture f;
     f.enqueue(f.trackList({u"A"_s}));
-    f.queue.playPreviousTrack(); // although it can't
+    f.queue.playPreviousTrack(); // The caller has not asked canPlayPreviousTrack().
     EXPECT_EQ(f.audio().currentTrack(), nullptr);
     EXPECT_EQ(f.errorField.text(), QString());
 }
@@ -347,7 +348,7 @@ TEST(LB_QueueController, DrawsANewOrderEachTimeShuffleIsSwitchedOn)
     EXPECT_EQ(f.queue.content().front(), list[5]);
 }
 
-TEST(LB_QueueController, RemembersShuffleAtThePressOfItsButtonOnly)
+TEST(LB_QueueController, RemembersShuffleOnlyWhenItsButtonIsPressed)
 {
     QueueFixture f;
     f.queue.setIsShuffling(true);
@@ -360,7 +361,7 @@ TEST(LB_QueueController, RemembersShuffleAtThePressOfItsButtonOnly)
     EXPECT_FALSE(userDefaults().value(defaultsKey::shuffle).toBool());
 }
 
-TEST(LB_QueueController, TakesUpTheRememberedShuffleAtStart)
+TEST(LB_QueueController, RestoresTheRememberedShuffleAtStart)
 {
     QueueFixture f;
     f.queue.awakeFromNib();

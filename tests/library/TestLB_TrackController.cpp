@@ -34,7 +34,7 @@ QString header(const LibraryFixture &f, int column)
 
 } // namespace
 
-TEST(LB_TrackController, StartsWithAnEmptyListOfNoName)
+TEST(LB_TrackController, StartsWithAnEmptyListWithoutIdentifier)
 {
     const LibraryFixture f;
     EXPECT_EQ(f.tracks.listID(), std::nullopt);
@@ -55,7 +55,7 @@ TEST(LB_TrackController, RemovesTheFilterForAnEmptyTextAndFiltersForABlank)
     EXPECT_EQ(f.tracks.trackCount(), 2U);
 }
 
-TEST(LB_TrackController, FindsSongsWhateverTheirCaseAndDiacritics)
+TEST(LB_TrackController, FindsSongsIgnoringCaseAndDiacritics)
 {
     LibraryFixture f;
     f.showPlaylist({u"Café Society"_s, u"By"_s, u"Other"_s});
@@ -64,7 +64,7 @@ TEST(LB_TrackController, FindsSongsWhateverTheirCaseAndDiacritics)
     EXPECT_EQ(f.shownTitles(), (QStringList{u"Café Society"_s, u"By"_s}));
 }
 
-TEST(LB_TrackController, CountsTheRowsOfANewListThatPassTheSearch)
+TEST(LB_TrackController, CountsOnlyTheRowsOfANewListThatPassTheSearch)
 {
     LibraryFixture f;
     QSignalSpy spy(&f.tracks, &LB_TrackController::trackCountChanged);
@@ -110,10 +110,10 @@ TEST(LB_TrackController, DoesNotScrollWhenTheSearchHidesThePlayingSong)
     f.table.show();
     f.showPlaylist(numbered(200));
     f.queue.playTrack(f.tracks.content()[150]);
-    f.search(u"Song 1"_s); // shows it
+    f.search(u"Song 1"_s); // Shows it.
     f.tracks.scrollToCurrentTrack();
     EXPECT_NE(f.table.rowAt(0), 0);
-    f.search(u"Song 2"_s); // hides it
+    f.search(u"Song 2"_s); // Hides it.
     f.tracks.scrollToCurrentTrack();
     EXPECT_EQ(f.table.rowAt(0), 0);
 }
@@ -169,7 +169,7 @@ TEST(LB_TrackController, PlaysARandomSongWhenShuffling)
     LibraryFixture f;
     f.showPlaylist({u"A"_s, u"B"_s, u"C"_s});
     f.queue.setIsShuffling(true);
-    f.tracks.setRandomSource([] { return 4294967294U; }); // mod 3: 2
+    f.tracks.setRandomSource([] { return 4294967294U; }); // Modulo 3 this gives 2.
     post(notification::playPressedOnEmpty);
     EXPECT_EQ(f.playingTitle(), u"C"_s);
 }
@@ -309,7 +309,7 @@ TEST(LB_TrackController, DoesNotQueueAnotherListThanTheQueuedOne)
     EXPECT_EQ(f.queue.queuedListID(), u"P1"_s);
 }
 
-TEST(LB_TrackController, GivesTheSongFreshFlagsWhenTheSearchLetsItThrough)
+TEST(LB_TrackController, UpdatesTheFlagsOfASongThatTheSearchShowsAgain)
 {
     LibraryFixture f;
     f.showPlaylist({u"a"_s, u"b"_s});
@@ -317,7 +317,7 @@ TEST(LB_TrackController, GivesTheSongFreshFlagsWhenTheSearchLetsItThrough)
     f.queue.playTrack(list[0]);
     f.search(u"b"_s);
     f.queue.playTrack(list[1]);
-    EXPECT_TRUE(list[0]->isPlaying); // hidden
+    EXPECT_TRUE(list[0]->isPlaying); // Its row is hidden.
     f.search({});
     EXPECT_FALSE(list[0]->isPlaying);
     EXPECT_TRUE(list[1]->isPlaying);
@@ -338,7 +338,7 @@ TEST(LB_TrackController, SelectsTheSelectedRowAgainAfterAChangeOfSettings)
     EXPECT_EQ(spy.count(), 0);
 }
 
-TEST(LB_TrackController, MarksTheSettingsOfTheLoadedSongInAListThatWasBuiltAnew)
+TEST(LB_TrackController, MarksTheSettingsOfTheLoadedSongInARebuiltList)
 {
     LibraryFixture f;
     f.showPlaylist({u"a"_s, u"b"_s}, u"P1"_s);
@@ -367,7 +367,7 @@ TEST(LB_TrackController, ScrollsToTheFirstRowAfterLaunch)
     EXPECT_EQ(f.table.rowAt(0), 0);
 }
 
-TEST(LB_TrackController, StaysScrolledWhereItIsWhenSettingsChangeWhicheverColumnWasClicked)
+TEST(LB_TrackController, KeepsTheScrollPositionWhenSettingsChangeWhicheverColumnWasClicked)
 {
     LibraryFixture f;
     QStringList titles;

@@ -43,7 +43,7 @@ TEST(LB_TrackController, KeepsTheListWhenNoDroppedFileIsAudio)
     EXPECT_TRUE(f.table.isEnabled());
 }
 
-TEST(LB_TrackController, TellsTheProgressOfALongImport)
+TEST(LB_TrackController, ReportsTheProgressOfALongImport)
 {
     LibraryFixture f;
     std::chrono::milliseconds now{};
@@ -58,7 +58,7 @@ TEST(LB_TrackController, TellsTheProgressOfALongImport)
     EXPECT_EQ(done, (std::vector<qsizetype>{3, 4, 5}));
 }
 
-TEST(LB_TrackController, GivesTheKeyboardBackToTheTableAfterAnImport)
+TEST(LB_TrackController, GivesTheFocusBackToTheTableAfterAnImport)
 {
     LibraryFixture f;
     f.table.show();

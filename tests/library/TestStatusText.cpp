@@ -19,8 +19,8 @@ TEST(StatusText, ShowsDecimalWhenAByteIsNotPrintable)
     EXPECT_EQ(statusText(0), u"0"_s);
     EXPECT_EQ(statusText(9999), u"9999"_s);
     EXPECT_EQ(statusText(-999), u"-999"_s);
-    EXPECT_EQ(statusText(0x2020207F), u"5389"_s); // 538976383
-    EXPECT_EQ(statusText(0x1F202020), u"5221"_s); // 522199072
+    EXPECT_EQ(statusText(0x2020207F), u"5389"_s); // Decimal 538976383.
+    EXPECT_EQ(statusText(0x1F202020), u"5221"_s); // Decimal 522199072.
 }
 
 TEST(StatusText, CutsLongerDecimalsToFourCharacters)

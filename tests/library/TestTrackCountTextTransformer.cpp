@@ -4,12 +4,12 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-TEST(TrackCountTextTransformer, SaysNothingOfAnEmptyList)
+TEST(TrackCountTextTransformer, IsEmptyForAnEmptyList)
 {
     EXPECT_EQ(TrackCountTextTransformer::transformedValue(0), u""_s);
 }
 
-TEST(TrackCountTextTransformer, KnowsTheSingular)
+TEST(TrackCountTextTransformer, UsesTheSingularForOneSong)
 {
     EXPECT_EQ(TrackCountTextTransformer::transformedValue(1), u"1 song"_s);
 }

@@ -43,7 +43,7 @@ ProgressPacer silent()
     return {{}, monotonicTime, 0};
 }
 
-TEST(TrackImport, ASongMayHaveAnyNameThatIsText)
+TEST(TrackImport, ReadsASongWhateverItsNameAsLongAsItIsValidText)
 {
     const QTemporaryDir folder;
     const QString sample = sampleFile({.extension = u"flac"_s, .seconds = 0.1});
@@ -69,7 +69,7 @@ TEST(TrackImport, ASongMayHaveAnyNameThatIsText)
     EXPECT_THAT(found, testing::UnorderedElementsAreArray(names));
 }
 
-TEST(TrackImport, ANameThatIsNoTextIsPassedOver)
+TEST(TrackImport, SkipsANameThatIsNotValidText)
 {
     const QTemporaryDir folder;
     const QByteArray native = QFile::encodeName(folder.path()) + "/\xff\xc3(.flac";
@@ -91,7 +91,7 @@ TEST(TrackFromLibrary, TurnsMillisecondsIntoSecondsAsFloat)
     EXPECT_EQ(seconds.toFloat(), 215.373F);
 }
 
-TEST(TrackFromLibrary, TakesTheDecodedFileNameForAMissingName)
+TEST(TrackFromLibrary, UsesTheDecodedFileNameForAMissingName)
 {
     MusicTrack track;
     track.location = u"file:///music/An%20Artist/Song%20One.m4a"_s;
@@ -100,7 +100,7 @@ TEST(TrackFromLibrary, TakesTheDecodedFileNameForAMissingName)
     EXPECT_EQ(recordFromLibrary(track).title, u"One"_s);
 }
 
-TEST(TrackFromLibrary, HasNeitherLocationNorTitleForATrackThatIsMissing)
+TEST(TrackFromLibrary, HasNeitherLocationNorTitleForAMissingTrack)
 {
     TrackRecord record;
     fillFromLibrary(record, nullptr);
@@ -141,7 +141,7 @@ TEST(TrackFromFile, FallsBackToTheFileNameAndToNothing)
     EXPECT_EQ(record.durationValue(), 0.0);
 }
 
-TEST(TrackFromFile, TakesTheTagsAsTheyStand)
+TEST(TrackFromFile, UsesTheTagsUnchanged)
 {
     const TrackRecord record = recordFromFile({{u"title"_s, u"T"_s},
                                                {u"artist"_s, u"A"_s},
@@ -167,7 +167,7 @@ TEST(OpenAudioFile, ReadsTagsAndInode)
     EXPECT_NE(file->inode, u"(null)"_s);
 }
 
-TEST(OpenAudioFile, RefusesWhatIsNoRegularFile)
+TEST(OpenAudioFile, RefusesEverythingExceptRegularFiles)
 {
     const QTemporaryDir folder;
     const QString pipe = folder.filePath(u"pipe.mp3"_s);
@@ -189,7 +189,7 @@ TEST(OpenAudioFiles, KeepsTheOrderOfThePathsWhicheverIsReadyFirst)
             const int number = path.toInt();
             if (number % 3 == 0)
                 return std::nullopt;
-            std::atomic<int> spin = (number * 7919) % 4096; // uneven work
+            std::atomic<int> spin = (number * 7919) % 4096; // Uneven work.
             while (spin > 0)
                 --spin;
             return OpenedAudioFile{{}, path};
@@ -221,7 +221,7 @@ TEST(OpenAudioFiles, LeavesOutAFileThatThrows)
     EXPECT_TRUE(results[2]);
 }
 
-TEST(OpenAudioFiles, LeavesAFileThatHangsBehindWhenTheUserStops)
+TEST(OpenAudioFiles, AbandonsAHangingFileWhenTheUserStops)
 {
     std::promise<void> answer;
     const auto isAnswered = answer.get_future().share();

@@ -15,7 +15,7 @@ TEST(ScrollTarget, IsTheFirstRowWhenHalfAScreenAboveTheSongIsBeforeIt)
     EXPECT_EQ(scrollTarget(10, 100, 40, 310), 0);
 }
 
-TEST(ScrollTarget, LiesHalfAScreenBeyondTheSong)
+TEST(ScrollTarget, IsHalfAScreenBeyondTheSong)
 {
     EXPECT_EQ(scrollTarget(200, 100, 41, 310), 220);
     EXPECT_EQ(scrollTarget(60, 100, 41, 310), 40);
@@ -39,7 +39,7 @@ TEST(ScrollTarget, IsNoneWithoutAPlayingSong)
     EXPECT_EQ(scrollTarget(-1, 0, 10, 10), std::nullopt);
 }
 
-TEST(SortedColumnTitle, CarriesTwoSpacesAndTheArrow)
+TEST(SortedColumnTitle, EndsWithTwoSpacesAndTheArrow)
 {
     EXPECT_EQ(sortedColumnTitle(u"Title"_s, true), u"Title  ▲"_s);
     EXPECT_EQ(sortedColumnTitle(u"Title"_s, false), u"Title  ▼"_s);

@@ -16,7 +16,7 @@ using namespace lyrabox;
 using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
 
-TEST(FolderScan, TakesTheVisibleAudioFilesOfTheFolderItself)
+TEST(FolderScan, ListsTheVisibleAudioFilesOfTheFolderItself)
 {
     LibraryFixture library;
     const QDir folder(library.folder.path());
@@ -62,7 +62,7 @@ TEST(FolderScan, CountsAcceptedFilesOnly)
         EXPECT_EQ(content[i]->order, static_cast<int>(i) + 1);
 }
 
-TEST(FolderScan, SurvivesANameThatIsNoText)
+TEST(FolderScan, SurvivesANameThatIsNotValidText)
 {
     LibraryFixture library;
     const QByteArray path = QFile::encodeName(library.folder.path()) + "/bad\xff\xfe.wav";
@@ -73,7 +73,7 @@ TEST(FolderScan, SurvivesANameThatIsNoText)
     library.tracks.scanForAudioFilesStartingAtURLFolderID(
         QUrl::fromLocalFile(library.folder.path()), u"F"_s);
     EXPECT_TRUE(library.shownTitles().contains(u"good.wav"_s));
-    EXPECT_EQ(unlink(path.constData()), 0); // the temporary folder can't
+    EXPECT_EQ(unlink(path.constData()), 0); // QTemporaryDir cannot remove a file with such a name.
 }
 
 TEST(FolderScan, ListsTheSongsByFileName)

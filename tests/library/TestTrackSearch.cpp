@@ -66,7 +66,7 @@ TEST(TrackSearch, FindsTextInTitleArtistOrAlbum)
     EXPECT_EQ(foundAfresh(u"CAFÉ"_s, records), (Indices{0, 1, 2}));
 }
 
-TEST(TrackSearch, TakesABlankAsText)
+TEST(TrackSearch, TreatsABlankAsText)
 {
     const TrackRecordList records{record(u"One Two"_s), record(u"One"_s),
                                   record(u"Three"_s, u"Four Five"_s)};
@@ -81,7 +81,7 @@ TEST(TrackSearch, DoesNotMatchAcrossFieldsOrRecords)
         EXPECT_TRUE(foundAfresh(text, records).empty());
 }
 
-TEST(TrackSearch, PassesOverAMissingTitle)
+TEST(TrackSearch, SkipsAMissingTitle)
 {
     const TrackRecordList records{record(std::nullopt), record(std::nullopt, u"abc"_s)};
     EXPECT_EQ(foundAfresh(u"b"_s, records), (Indices{1}));
@@ -105,9 +105,9 @@ TEST(TrackSearch, WorksOnAnEmptyList)
     EXPECT_TRUE(foundAfresh(u"a"_s, {}).empty());
 }
 
-TEST(TrackSearch, FindsTheSameLetterByLetterAsAfresh)
+TEST(TrackSearch, FindsTheSameWhetherTypedLetterByLetterOrAtOnce)
 {
-    std::mt19937 random(7); // NOLINT: the same texts at every run
+    std::mt19937 random(7); // NOLINT: every run uses the same texts.
     const QString alphabet = u"abcÄéØ 가xß"_s;
     const auto text = [&](std::size_t longest) {
         QString made;

@@ -84,7 +84,7 @@ TEST(TrackSorting, ComparesLengthsByValueHoweverTheyAreStored)
     EXPECT_EQ(sorted(records, u"durationSeconds"_s, true), (Order{2, 4, 3, 1, 0}));
 }
 
-TEST(TrackSorting, ComparesFlagsAndPlacesAsNumbers)
+TEST(TrackSorting, ComparesFlagsAndPositionsAsNumbers)
 {
     TrackRecordList records = titled({{}, {}, {}});
     records[0]->isPlaying = true;
@@ -97,14 +97,14 @@ TEST(TrackSorting, ComparesFlagsAndPlacesAsNumbers)
     EXPECT_EQ(sorted(records, u"order"_s, true), (Order{2, 0, 1}));
 }
 
-TEST(TrackSorting, LeavesTheOrderUnderAKeyThatNoRecordHas)
+TEST(TrackSorting, KeepsTheOrderForAKeyThatNoRecordHas)
 {
     EXPECT_EQ(sorted(titled({u"b"_s, u"a"_s}), u"nonsense"_s, true), (Order{0, 1}));
 }
 
 TEST(TrackSorting, AgreesWithAPlainStableSortOverTenThousandTitles)
 {
-    std::mt19937 random(11); // NOLINT: the same texts at every run
+    std::mt19937 random(11); // NOLINT: every run uses the same texts.
     const std::vector<QString> words{u"Blues"_s, u"blues"_s, u"Étude"_s, u"etude"_s,
                                      u"No. "_s,  u"Ünder"_s, u"水"_s,    u"-"_s};
     TrackRecordList records;
@@ -123,7 +123,7 @@ TEST(TrackSorting, AgreesWithAPlainStableSortOverTenThousandTitles)
     EXPECT_EQ(sorted(records, u"title"_s, true), expected);
 }
 
-TEST(TrackSorting, SortsAsWellWhereThereIsNoThreadToBeHad)
+TEST(TrackSorting, SortsEvenIfNoThreadCanBeStarted)
 {
     std::vector<std::optional<QString>> titles;
     for (int i = 0; i < 10000; ++i)

@@ -106,7 +106,7 @@ TEST(TrackTableModel, FiltersInTheContentsOrder)
     EXPECT_EQ(titles(model.arrangedObjects()), (QStringList{u"xa"_s, u"xb"_s, u"xc"_s}));
 }
 
-TEST(TrackTableModel, LetsTheFirstDescriptorCountMost)
+TEST(TrackTableModel, GivesTheFirstDescriptorTheHighestPriority)
 {
     TrackTableModel model;
     TrackRecordList list = records({u"b"_s, u"a"_s, u"b"_s, u"a"_s});
@@ -115,7 +115,7 @@ TEST(TrackTableModel, LetsTheFirstDescriptorCountMost)
     EXPECT_EQ(model.content(), (TrackRecordList{list[3], list[1], list[2], list[0]}));
 }
 
-TEST(TrackTableModel, SortsByFlagsAsTheyAreNow)
+TEST(TrackTableModel, SortsByTheCurrentFlags)
 {
     TrackTableModel model;
     const TrackRecordList list = records({u"a"_s, u"b"_s, u"c"_s});
@@ -156,7 +156,7 @@ TEST(TrackTableModel, MarksEveryRowOfThePlayingSong)
     EXPECT_EQ(model.firstPlayingRow(), -1);
 }
 
-TEST(TrackTableModel, LeavesTheFlagsOfHiddenRecordsAlone)
+TEST(TrackTableModel, DoesNotChangeTheFlagsOfHiddenRecords)
 {
     TrackTableModel model;
     const TrackRecordList list = records({u"a"_s, u"b"_s});

@@ -1,4 +1,4 @@
-// A folder's list with the songs of the folders inside it, and lists that the user stops.
+// Lists of a folder with its subfolders, and lists that the user stops.
 
 #include "library/LB_TrackController.h"
 #include "library/LibraryFixture.h"
@@ -52,8 +52,7 @@ protected:
         return files;
     }
 
-    /// The progress is told of at every step, and the work is stopped at the one that `isStop`
-    /// says.
+    /// Reports progress at every step and stops the work when `isStop` returns true.
     void stopWhen(std::function<bool(qint64 done, qint64 found)> isStop)
     {
         auto stops = std::make_shared<bool>(false);
@@ -70,7 +69,7 @@ protected:
     std::unique_ptr<LibraryFixture> f;
 };
 
-TEST_F(TrackTree, HoldsTheFoldersOwnSongsOnlyAtFirst)
+TEST_F(TrackTree, HoldsOnlyTheFoldersOwnSongsByDefault)
 {
     add({u"own"_s, u"below/inner"_s});
     scan();
@@ -90,7 +89,7 @@ TEST_F(TrackTree, ListsTheSongsOfTheWholeTreeFolderByFolder)
     EXPECT_EQ(f->tracks.trackCount(), 3U);
 }
 
-TEST_F(TrackTree, ReadsTheShownFolderAgainWhenTheChoiceChangesAndRemembersIt)
+TEST_F(TrackTree, ReadsTheShownFolderAgainWhenTheSettingChangesAndRemembersIt)
 {
     add({u"own"_s, u"below/inner"_s});
     scan();
@@ -112,7 +111,7 @@ TEST_F(TrackTree, ReadsTheShownFolderAgainWhenTheChoiceChangesAndRemembersIt)
     EXPECT_EQ(shownFiles(), (QStringList{u"own"_s}));
 }
 
-TEST_F(TrackTree, LeavesAPlaylistAndDroppedFilesAloneWhenTheChoiceChanges)
+TEST_F(TrackTree, KeepsAPlaylistAndDroppedFilesWhenTheSettingChanges)
 {
     add({u"own"_s, u"below/inner"_s});
     scan();
@@ -127,7 +126,7 @@ TEST_F(TrackTree, LeavesAPlaylistAndDroppedFilesAloneWhenTheChoiceChanges)
     EXPECT_EQ(f->tracks.listID(), LB_TrackController::droppedFilesListID);
 }
 
-TEST_F(TrackTree, IsAListOfItsOwnWithASortAndAQueueOfItsOwn)
+TEST_F(TrackTree, HasAnIdentifierSortAndQueueOfItsOwn)
 {
     add({u"b"_s, u"a"_s, u"below/c"_s});
     scan();
@@ -140,14 +139,14 @@ TEST_F(TrackTree, IsAListOfItsOwnWithASortAndAQueueOfItsOwn)
     EXPECT_EQ(f->tracks.listID(), LB_TrackController::treeListID(root.path()));
     EXPECT_NE(f->tracks.listID(), root.path());
     EXPECT_TRUE(f->tracks.isInOwnOrder());
-    EXPECT_EQ(f->queue.content().size(), 2U) << "the queue goes on with the list it was made of";
+    EXPECT_EQ(f->queue.content().size(), 2U) << "the queue keeps the list that it was made from";
 
     f->tracks.setIncludesSubfolders(false);
     EXPECT_FALSE(f->tracks.isInOwnOrder());
     EXPECT_EQ(f->shownTitles(), (QStringList{u"b"_s, u"a"_s}));
 }
 
-TEST_F(TrackTree, ReadsNoFileWhenItIsStoppedWhileFoldersAreSearched)
+TEST_F(TrackTree, ReadsNoFileIfStoppedWhileFoldersAreSearched)
 {
     add({u"own"_s, u"a/1"_s, u"b/2"_s});
     f->tracks.setIncludesSubfolders(true);
@@ -159,7 +158,7 @@ TEST_F(TrackTree, ReadsNoFileWhenItIsStoppedWhileFoldersAreSearched)
     EXPECT_TRUE(f->table.isEnabled());
 }
 
-TEST_F(TrackTree, HoldsTheFirstSongsWhenItIsStoppedWhileFilesAreRead)
+TEST_F(TrackTree, HoldsTheFirstSongsIfStoppedWhileFilesAreRead)
 {
     QStringList names;
     for (int i = 0; i < 200; ++i)
@@ -168,7 +167,7 @@ TEST_F(TrackTree, HoldsTheFirstSongsWhenItIsStoppedWhileFilesAreRead)
     scan();
     const QStringList all = shownFiles();
     opened = 0;
-    limitThreads(0); // so that the main thread steps through the files itself
+    limitThreads(0); // The main thread then opens the files itself, one by one.
     stopWhen([](qint64 done, qint64 found) { return found == 200 && done == 50; });
     scan();
     limitThreads({});
@@ -178,7 +177,7 @@ TEST_F(TrackTree, HoldsTheFirstSongsWhenItIsStoppedWhileFilesAreRead)
     EXPECT_EQ(f->tracks.trackCount(), 51U);
 }
 
-TEST_F(TrackTree, TakesNoSongFromTheQueueWhenItIsStopped)
+TEST_F(TrackTree, RemovesNoSongFromTheQueueWhenStopped)
 {
     add({u"1"_s, u"2"_s, u"3"_s});
     scan();
@@ -192,7 +191,7 @@ TEST_F(TrackTree, TakesNoSongFromTheQueueWhenItIsStopped)
     EXPECT_EQ(f->queue.content().size(), 3U);
 }
 
-TEST_F(TrackTree, KeepsTheListWhenOpenedFilesAreStopped)
+TEST_F(TrackTree, KeepsTheListIfTheImportOfOpenedFilesIsStopped)
 {
     f->showPlaylist({u"A"_s});
     QList<QUrl> files;
@@ -207,7 +206,7 @@ TEST_F(TrackTree, KeepsTheListWhenOpenedFilesAreStopped)
     EXPECT_EQ(f->shownTitles(), (QStringList{u"A"_s}));
 }
 
-TEST_F(TrackTree, StopsAPlaylistAsWell)
+TEST_F(TrackTree, StopsAPlaylist)
 {
     stopWhen([](qint64 done, qint64) { return done == 2; });
     f->showPlaylist({u"A"_s, u"B"_s, u"C"_s});
@@ -218,7 +217,7 @@ TEST_F(TrackTree, StopsAPlaylistAsWell)
     EXPECT_FALSE(f->tracks.isListIncomplete());
 }
 
-TEST_F(TrackTree, IsReadWithoutAnyThread)
+TEST_F(TrackTree, IsReadEvenIfNoThreadCanBeStarted)
 {
     add({u"own"_s, u"a/1"_s});
     f->tracks.setIncludesSubfolders(true);
@@ -250,7 +249,7 @@ TEST_F(TrackTree, SaysWhyThereAreNoSongsInAFolder)
     EXPECT_EQ(f->tracks.emptyText(), u"This playlist has no songs."_s);
 }
 
-TEST_F(TrackTree, TellsAFolderThatCannotBeReadFromAnEmptyOne)
+TEST_F(TrackTree, DistinguishesAnUnreadableFolderFromAnEmptyOne)
 {
     files::setReadabilityProbe([](const QString &) { return false; });
     scan();
@@ -260,7 +259,7 @@ TEST_F(TrackTree, TellsAFolderThatCannotBeReadFromAnEmptyOne)
     EXPECT_EQ(f->tracks.emptyText(), u"No songs here."_s);
 }
 
-TEST_F(TrackTree, ComesBackToItsOwnOrderFromAnySort)
+TEST_F(TrackTree, ReturnsToItsOwnOrderFromAnySort)
 {
     add({u"b"_s, u"c"_s, u"a"_s});
     scan();
@@ -278,7 +277,7 @@ TEST_F(TrackTree, ComesBackToItsOwnOrderFromAnySort)
     }
     EXPECT_EQ(sorted.size(), 3 * TrackTableModel::ColumnCount);
     scan();
-    EXPECT_TRUE(f->tracks.isInOwnOrder()) << "and it is remembered";
+    EXPECT_TRUE(f->tracks.isInOwnOrder()) << "its own order is remembered";
 }
 
 } // namespace

@@ -12,7 +12,7 @@
 
 namespace lyrabox::test {
 
-/// Periodic events that a test sends by hand.
+/// Periodic events that a test triggers.
 class ManualPeriodicEvents : public PeriodicEvents {
 public:
     struct Log {
@@ -59,7 +59,7 @@ struct NavigationFixture {
 
     LB_AudioController &audio() { return *transport.controller; }
 
-    /// Queues three songs of `seconds` and loads the one at `index`.
+    /// Queues three songs of `seconds` seconds and loads the one at `index`.
     void play(quint64 seconds, std::size_t index = 0)
     {
         transport.song->frames = seconds * rate;

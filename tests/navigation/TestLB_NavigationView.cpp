@@ -54,9 +54,9 @@ TEST(PlayFraction, IsDividedInSinglePrecision)
     EXPECT_TRUE(std::isnan(playFraction(0, 0)));
 }
 
-TEST(FrameAtPosition, TakesTheTotalThroughSinglePrecision)
+TEST(FrameAtPosition, RoundsTheTotalToSinglePrecision)
 {
-    constexpr Frame total = 16'777'217; // 2^24 + 1, which single precision rounds to 2^24
+    constexpr Frame total = 16'777'217; // 2^24 + 1, which single precision rounds to 2^24.
     EXPECT_EQ(frameAtPosition(400.0, 400.0, total), 16'777'216U);
     EXPECT_EQ(frameAtPosition(-5.0, 400.0, total), 0U);
     EXPECT_EQ(frameAtPosition(0.0, 0.0, total), 0U);
@@ -97,7 +97,7 @@ TEST_F(NavigationView, ClickWithoutATrackSeeksToFrameZeroAndHoverShowsNothing)
     EXPECT_EQ(f.audio().currentFrame(), 0U);
 }
 
-TEST_F(NavigationView, ASeekToTheFrameBehindTheLoopStartIsTheFirstThatIsNotHeldBack)
+TEST_F(NavigationView, SeekToTheFrameAfterTheLoopStartIsTheFirstThatIsNotClamped)
 {
     f.play(100);
     constexpr Frame loopStart = 50 * rate;
@@ -109,7 +109,7 @@ TEST_F(NavigationView, ASeekToTheFrameBehindTheLoopStartIsTheFirstThatIsNotHeldB
         f.view.seekToFrame(asked);
         EXPECT_EQ(f.audio().currentFrame(), reached) << asked;
     }
-    // A loop start that is not set holds nothing back.
+    // A loop start that is not set does not clamp.
     f.audio().setLoopStartIsSet(false);
     f.view.seekToFrame(loopStart - 1);
     EXPECT_EQ(f.audio().currentFrame(), loopStart - 1);
@@ -134,12 +134,12 @@ TEST_F(NavigationView, HoverTextIsEmptiedThreeSecondsAfterThePointerRests)
     EXPECT_EQ(f.view.hoverTimer()->interval(), 3000);
     EXPECT_TRUE(f.view.hoverTimer()->isSingleShot());
     ASSERT_TRUE(f.view.hoverTimer()->isActive());
-    // Each move begins the time anew.
+    // Each move restarts the time.
     f.view.hoverTimer()->stop();
     hover(204);
     ASSERT_TRUE(f.view.hoverTimer()->isActive());
     ASSERT_EQ(f.view.hoverText(), QStringLiteral("0:51"));
-    f.view.hoverTimer()->setInterval(0); // for a pointer that has rested
+    f.view.hoverTimer()->setInterval(0); // Stands for a pointer that has rested.
     EXPECT_TRUE(QTest::qWaitFor([this] { return f.view.hoverText().isEmpty(); }));
     EXPECT_FALSE(f.view.hoverTimer()->isActive());
 }
@@ -179,7 +179,7 @@ TEST_F(NavigationView, EndedTrackStartsTheNextOnTheNextTick)
     EXPECT_FALSE(f.audio().trackHasEnded());
 }
 
-/// With an output that still sounds when the song has ended.
+/// An output that still plays after the song has ended.
 struct NavigationViewAtASongsEnd : NavigationView {
     NavigationViewAtASongsEnd()
     {
@@ -194,21 +194,21 @@ struct NavigationViewAtASongsEnd : NavigationView {
     test::HoldingOutput::Log output;
 };
 
-TEST_F(NavigationViewAtASongsEnd, TheNextSongOfTheQueueDoesNotCutOffItsSound)
+TEST_F(NavigationViewAtASongsEnd, NextSongOfTheQueueDoesNotCutOffTheSound)
 {
     f.view.updateTimeDisplay();
     EXPECT_EQ(f.playingTitle(), QStringLiteral("B"));
     EXPECT_EQ(output.calls, std::vector<std::string>{"start"});
 }
 
-TEST_F(NavigationViewAtASongsEnd, ASongThatIsChosenCutsItOff)
+TEST_F(NavigationViewAtASongsEnd, ChosenSongCutsOffTheSound)
 {
     f.queue.playTrack(f.list.at(2));
     ASSERT_FALSE(output.calls.empty());
     EXPECT_EQ(output.calls.front(), "stop");
 }
 
-TEST_F(NavigationViewAtASongsEnd, TheOutputIsHaltedAfterTheLastSongHasBeenHeard)
+TEST_F(NavigationViewAtASongsEnd, OutputIsHaltedAfterTheLastSongHasBeenHeard)
 {
     f.play(10, 2);
     f.audio().setTrackHasEnded(true);
@@ -223,7 +223,7 @@ TEST_F(NavigationViewAtASongsEnd, TheOutputIsHaltedAfterTheLastSongHasBeenHeard)
     EXPECT_EQ(output.calls, std::vector<std::string>{"stop"});
 }
 
-TEST_F(NavigationView, PlayedPartIsBlueOnTheGrayGround)
+TEST_F(NavigationView, PlayedPartIsBlueOnTheGrayBackground)
 {
     f.play(100);
     f.audio().setCurrentFrame(50 * rate);
@@ -298,7 +298,7 @@ TEST_F(NavigationView, SeekIsShownAtOnce)
     EXPECT_NEAR(f.view.displayedProgress(), 0.5, 1e-6);
 }
 
-TEST_F(NavigationView, PaintsNothingWhileThePictureStays)
+TEST_F(NavigationView, PaintsNothingWhileNothingChanges)
 {
     f.play(100);
     f.view.show();
@@ -330,7 +330,7 @@ TEST_F(NavigationView, KeysSeekByFiveAndThirtySecondsAndToBothEnds)
     EXPECT_EQ(press(Qt::Key_Home), 0);
 }
 
-TEST_F(NavigationView, AKeyNeverSeeksPastTheLastSecond)
+TEST_F(NavigationView, KeysNeverSeekPastTheLastSecond)
 {
     f.play(20);
     QTest::keyClick(&f.view, Qt::Key_PageUp);
@@ -338,7 +338,7 @@ TEST_F(NavigationView, AKeyNeverSeeksPastTheLastSecond)
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
 }
 
-TEST_F(NavigationView, AKeyForwardNearTheEndNeverGoesBack)
+TEST_F(NavigationView, ForwardKeyNearTheEndNeverGoesBack)
 {
     f.play(20);
     for (const Frame frame : {20 * rate - 2000, 19 * rate + 1, 19 * rate}) {
@@ -348,13 +348,13 @@ TEST_F(NavigationView, AKeyForwardNearTheEndNeverGoesBack)
             EXPECT_EQ(f.audio().currentFrame(), frame);
         }
     }
-    // Back is as far as from anywhere else.
+    // Going back works as anywhere else.
     f.audio().setCurrentFrame(20 * rate - 2000);
     QTest::keyClick(&f.view, Qt::Key_Left);
     EXPECT_EQ(f.audio().currentFrame(), 15 * rate - 2000);
 }
 
-TEST_F(NavigationView, AKeyForwardWorksUpToTheLastSecondOfASongThatIsNoWholeSecondsLong)
+TEST_F(NavigationView, ForwardKeyWorksUpToTheLastSecondOfASongWithAFractionalLength)
 {
     f.play(20);
     f.transport.song->frames = 20 * rate + 40000;
@@ -364,7 +364,7 @@ TEST_F(NavigationView, AKeyForwardWorksUpToTheLastSecondOfASongThatIsNoWholeSeco
     EXPECT_GE(f.audio().currentFrame(), 19 * rate + 20000);
 }
 
-TEST_F(NavigationView, AKeyDoesNotSeekBeforeTheLoop)
+TEST_F(NavigationView, KeysDoNotSeekBeforeTheLoop)
 {
     f.play(100);
     f.view.seekToSecond(50.0);

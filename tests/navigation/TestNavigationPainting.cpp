@@ -15,7 +15,7 @@ struct NavigationPainting : testing::Test {
     NavigationFixture f;
 };
 
-/// Lets time pass before each painting, as it does where the display is slow.
+/// Delays each painting, as on a slow display.
 struct LatePainting : QObject {
     explicit LatePainting(qint64 &clock) : now(clock) {}
     bool eventFilter(QObject *, QEvent *event) override
@@ -29,7 +29,7 @@ struct LatePainting : QObject {
     qint64 &now;
 };
 
-TEST_F(NavigationPainting, ABarThatIsPaintedLateLeavesNothingOut)
+TEST_F(NavigationPainting, LatePaintingLeavesNothingOut)
 {
     f.play(10);
     f.view.setFocusPolicy(Qt::NoFocus);
@@ -39,12 +39,12 @@ TEST_F(NavigationPainting, ABarThatIsPaintedLateLeavesNothingOut)
     const auto onScreen = [this] { return f.view.screen()->grabWindow(f.view.winId()).toImage(); };
     LatePainting late(f.now);
     f.view.installEventFilter(&late);
-    f.audio().setCurrentFrame(19 * rate / 10); // 76 pixels to glide
+    f.audio().setCurrentFrame(19 * rate / 10); // 76 pixels to glide.
     f.view.updateTimeDisplay();
     const quint64 before = f.view.paintCount();
     ASSERT_TRUE(QTest::qWaitFor([this] { return f.view.displayedProgress() > 0.1899; }));
     ASSERT_TRUE(QTest::qWaitFor([&] { return onScreen().pixelColor(73, 37).red() < 60; }));
-    EXPECT_GT(f.view.paintCount(), before + 1) << "it glides";
+    EXPECT_GT(f.view.paintCount(), before + 1) << "the bar does not glide";
     f.view.removeEventFilter(&late);
     const QImage gradually = onScreen();
     f.view.repaint();

@@ -9,7 +9,7 @@ namespace {
 
 using test::NavigationFixture;
 constexpr quint64 rate = NavigationFixture::rate;
-constexpr quint64 mouseLimit = rate * 4; // the sample rate times the four bytes of a frame
+constexpr quint64 mouseLimit = rate * 4; // The sample rate times the four bytes of a frame.
 
 struct SeekButtons : testing::Test {
     NavigationFixture f;

@@ -19,7 +19,7 @@ using test::NavigationFixture;
 using test::ServerKey;
 constexpr quint64 rate = NavigationFixture::rate;
 
-TEST(TransportKeys, AreNeverTakenFromATextFieldInUse)
+TEST(TransportKeys, AreNeverTakenFromAnActiveTextField)
 {
     QLineEdit field;
     EXPECT_EQ(focusKind(&field), FocusKind::Text);
@@ -45,7 +45,7 @@ TEST(TransportKeys, BelongToTheTransportOtherwise)
     EXPECT_TRUE(transportTakesKey(Qt::Key_Left, FocusKind::Other));
 }
 
-/// A window with the transport area, on the screen, and a key of the display server's.
+/// A visible window with the transport area, and a key sent by the display server.
 struct HeldTransportKey : testing::TestWithParam<ServerKey::Way> {
     HeldTransportKey()
     {
@@ -77,10 +77,11 @@ TEST_P(HeldTransportKey, IsOnePressFromItsFirstToItsLastEvent)
     EXPECT_FALSE(f.forward.isPressing());
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
     key.hold(Qt::Key_Right);
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("B")) << "too short for a step";
+    EXPECT_EQ(f.playingTitle(), QStringLiteral("B"))
+        << "a press too short for a step must be a click";
 }
 
-TEST_P(HeldTransportKey, DoesNotGoOnIntoThePreviousSongsFromTheStartOfTheSong)
+TEST_P(HeldTransportKey, StopsAtTheStartOfTheSongWithoutGoingToPreviousOnes)
 {
     f.play(100, 2);
     f.audio().setCurrentFrame(rate + rate / 2);
@@ -88,7 +89,7 @@ TEST_P(HeldTransportKey, DoesNotGoOnIntoThePreviousSongsFromTheStartOfTheSong)
     key.repeat(3);
     f.backEvents.event();
     f.backEvents.event();
-    EXPECT_FALSE(f.back.isPressing()) << "the start of the song ends the press";
+    EXPECT_FALSE(f.back.isPressing()) << "the start of the song must end the press";
     for (int i = 0; i < 5; ++i) {
         key.repeat();
         EXPECT_FALSE(f.back.isPressing());
@@ -98,7 +99,7 @@ TEST_P(HeldTransportKey, DoesNotGoOnIntoThePreviousSongsFromTheStartOfTheSong)
     EXPECT_EQ(f.audio().currentFrame(), 0U);
     key.press(Qt::Key_Left);
     key.release();
-    EXPECT_EQ(f.playingTitle(), QStringLiteral("B")) << "a new press is one";
+    EXPECT_EQ(f.playingTitle(), QStringLiteral("B")) << "a new press must be a click";
 }
 
 TEST_P(HeldTransportKey, WorksInAnAddedWindowUntilThatIsLeft)
@@ -112,7 +113,7 @@ TEST_P(HeldTransportKey, WorksInAnAddedWindowUntilThatIsLeft)
     key.press(Qt::Key_Right);
     key.repeat(2);
     EXPECT_TRUE(f.forward.isPressing());
-    window.activateWindow(); // the release goes there, or to another program
+    window.activateWindow(); // The release goes there, or to another program.
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_FALSE(f.forward.isPressing());
     EXPECT_EQ(f.playingTitle(), QStringLiteral("A"));
@@ -122,7 +123,7 @@ TEST_P(HeldTransportKey, WorksInAnAddedWindowUntilThatIsLeft)
 INSTANTIATE_TEST_SUITE_P(Every, HeldTransportKey, testing::ValuesIn(test::everyWay),
                          [](const auto &way) { return test::nameOfWay(way.param); });
 
-/// Which song plays after a short press of the right arrow key while `focus` has the keyboard.
+/// Returns which song plays after a short press of the right arrow key while `focus` has the focus.
 struct TransportKeyFocus : testing::Test {
     NavigationFixture f;
 
@@ -139,7 +140,7 @@ struct TransportKeyFocus : testing::Test {
     }
 };
 
-TEST_F(TransportKeyFocus, ALeafOfATreeKeepsTheArrowsThatItHasNoUseFor)
+TEST_F(TransportKeyFocus, LeafOfATreeKeepsTheArrowsThatItDoesNotUse)
 {
     QWidget window;
     TransportView transport(&window);
@@ -153,7 +154,7 @@ TEST_F(TransportKeyFocus, ALeafOfATreeKeepsTheArrowsThatItHasNoUseFor)
     EXPECT_EQ(titleAfterPress(window, tree), QStringLiteral("A"));
 }
 
-TEST_F(TransportKeyFocus, APopoverKeepsTheArrows)
+TEST_F(TransportKeyFocus, PopoverKeepsTheArrows)
 {
     QWidget window;
     window.resize(400, 300);
@@ -170,7 +171,7 @@ TEST_F(TransportKeyFocus, APopoverKeepsTheArrows)
     EXPECT_EQ(titleAfterPress(window, *button), QStringLiteral("A"));
 }
 
-TEST_F(TransportKeyFocus, AnotherWindowKeepsTheArrowsUnlessItIsAdded)
+TEST_F(TransportKeyFocus, AnotherWindowKeepsTheArrowsUnlessAdded)
 {
     QWidget window;
     TransportView transport(&window);
@@ -185,7 +186,7 @@ TEST_F(TransportKeyFocus, AnotherWindowKeepsTheArrowsUnlessItIsAdded)
     EXPECT_EQ(titleAfterPress(other, field), QStringLiteral("A"));
 }
 
-TEST_F(TransportKeyFocus, TransportAreaHandsTheArrowKeysToTheButtons)
+TEST_F(TransportKeyFocus, TransportAreaPassesTheArrowKeysToTheButtons)
 {
     f.play(100);
     QWidget window;

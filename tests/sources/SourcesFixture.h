@@ -24,8 +24,8 @@
 
 namespace lyrabox::test {
 
-/// Both source controllers over a track list, with folders on disk beneath `disk` and a library in
-/// memory.
+/// Both source controllers and a track list, with folders in the temporary folder `disk` and a
+/// library in memory.
 struct SourcesFixture : testing::Test {
     SourcesFixture()
     {
@@ -65,7 +65,7 @@ struct SourcesFixture : testing::Test {
             [unreadable = path(name)](const QString &probed) { return probed != unreadable; });
     }
 
-    /// The rows of an outline, as far as they are expanded, each indented by two blanks a level.
+    /// The expanded rows of a tree, each indented by two blanks per level.
     static QStringList rowsOf(const SourceTreeView &view, const QModelIndex &parent = {},
                               int level = 0)
     {

@@ -1,4 +1,4 @@
-// What changes behind the popovers of the folder list while they are open.
+// Changes that happen while a popover of the folder list is open.
 
 #include "sources/SourcesFixture.h"
 
@@ -23,7 +23,7 @@ struct FolderPopover : test::SourcesFixture {
     }
 
     void select(int row) { folderView.selectRow(folderView.model()->index(row, 0)); }
-    /// Opens the question whether the root in that row goes; its OK button.
+    /// Opens the question whether to remove the root in that row. Returns its OK button.
     QPointer<QAbstractButton> askToRemove(int row)
     {
         select(row);
@@ -43,7 +43,7 @@ struct FolderPopover : test::SourcesFixture {
     QWidget button{&window};
 };
 
-TEST_F(FolderPopover, AFolderOpenedFromElsewhereClosesTheQuestionAndNoneIsRemoved)
+TEST_F(FolderPopover, OpeningAFolderFromElsewhereClosesTheQuestionAndRemovesNone)
 {
     const QPointer<QAbstractButton> ok = askToRemove(0);
     folders.addFolders({url(QStringLiteral("c"))});
@@ -53,7 +53,7 @@ TEST_F(FolderPopover, AFolderOpenedFromElsewhereClosesTheQuestionAndNoneIsRemove
     expectRoots({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
 }
 
-TEST_F(FolderPopover, AnotherFolderSelectedBehindTheQuestionClosesItAndNoneIsRemoved)
+TEST_F(FolderPopover, SelectingAnotherFolderClosesTheQuestionAndRemovesNone)
 {
     const QPointer<QAbstractButton> ok = askToRemove(0);
     select(1);
@@ -64,7 +64,7 @@ TEST_F(FolderPopover, AnotherFolderSelectedBehindTheQuestionClosesItAndNoneIsRem
     EXPECT_EQ(selectedText(folderView), QStringLiteral("b"));
 }
 
-TEST_F(FolderPopover, APlaylistSelectedBehindTheQuestionClosesIt)
+TEST_F(FolderPopover, SelectingAPlaylistClosesTheQuestion)
 {
     const QPointer<QAbstractButton> ok = askToRemove(1);
     NotificationCenter::defaultCenter().post(notification::playlistSelected);
@@ -74,7 +74,7 @@ TEST_F(FolderPopover, APlaylistSelectedBehindTheQuestionClosesIt)
     EXPECT_EQ(folderView.model()->rowCount(), 2);
 }
 
-TEST_F(FolderPopover, AMountedVolumeLeavesTheQuestionAboutTheSameFolder)
+TEST_F(FolderPopover, MountingAVolumeKeepsTheQuestionAboutTheSameFolder)
 {
     const QPointer<QAbstractButton> ok = askToRemove(0);
     NotificationCenter::defaultCenter().post(notification::volumeDidMount);
@@ -86,7 +86,7 @@ TEST_F(FolderPopover, AMountedVolumeLeavesTheQuestionAboutTheSameFolder)
     EXPECT_EQ(folders.selectedFolder(), nullptr);
 }
 
-TEST_F(FolderPopover, AFolderThatVanishesFromTheDiskBehindTheQuestionCanStillBeRemoved)
+TEST_F(FolderPopover, AFolderDeletedDuringTheQuestionCanStillBeRemoved)
 {
     const QPointer<QAbstractButton> ok = askToRemove(1);
     ASSERT_TRUE(QDir().rmdir(path(QStringLiteral("b"))));
@@ -96,7 +96,7 @@ TEST_F(FolderPopover, AFolderThatVanishesFromTheDiskBehindTheQuestionCanStillBeR
     expectRoots({QStringLiteral("a")});
 }
 
-TEST_F(FolderPopover, OkPressedAgainAfterTheRemovalRemovesNothingMore)
+TEST_F(FolderPopover, SecondPressOfOkRemovesNothingMore)
 {
     const QPointer<QAbstractButton> ok = askToRemove(0);
     ok->click();
@@ -107,7 +107,7 @@ TEST_F(FolderPopover, OkPressedAgainAfterTheRemovalRemovesNothingMore)
     EXPECT_EQ(selectedText(folderView), QStringLiteral("b"));
 }
 
-TEST_F(FolderPopover, TheBrowserStaysOpenBehindWhateverHappensInTheTreeAndAddsWhatWasChosen)
+TEST_F(FolderPopover, BrowserStaysOpenDuringChangesOfTheTreeAndAddsTheChosenFolder)
 {
     folders.addFolder(&button);
     ASSERT_TRUE(popover.isShown());
@@ -125,7 +125,7 @@ TEST_F(FolderPopover, TheBrowserStaysOpenBehindWhateverHappensInTheTreeAndAddsWh
     EXPECT_EQ(folderView.model()->rowCount(), 4);
 }
 
-TEST_F(FolderPopover, TheBrowserTakesThePlaceOfTheQuestionWhoseFolderStays)
+TEST_F(FolderPopover, BrowserReplacesTheQuestionAndKeepsItsFolder)
 {
     const QPointer<QAbstractButton> ok = askToRemove(0);
     folders.addFolder(&button);
@@ -133,7 +133,7 @@ TEST_F(FolderPopover, TheBrowserTakesThePlaceOfTheQuestionWhoseFolderStays)
     if (ok)
         ok->click();
     EXPECT_EQ(folderView.model()->rowCount(), 2);
-    select(1); // a question that is gone closes nothing
+    select(1); // The question is gone, so nothing must be closed.
     EXPECT_TRUE(popover.isShown());
 }
 

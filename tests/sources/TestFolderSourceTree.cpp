@@ -1,5 +1,5 @@
-// What the folder tree does under the pointer, while volumes come and go, and how often it asks the
-// disk.
+// How the folder tree reacts to the pointer and to volumes that come and go, and how often it
+// accesses the disk.
 
 #include "sources/SourcesFixture.h"
 
@@ -27,7 +27,7 @@ struct FolderTree : test::SourcesFixture {
                                                         [this] { ++scans; });
     }
 
-    /// Makes the folders and shows those of `roots` as roots.
+    /// Makes the folders and shows `roots` as roots.
     void showRoots(const QStringList &roots, const QStringList &made = {})
     {
         for (const QString &name : roots + made)
@@ -45,7 +45,7 @@ struct FolderTree : test::SourcesFixture {
     QString selected() const { return selectedText(folderView); }
     QString shown() const { return listShown().section(u'/', -1); }
 
-    /// The rows are looked up by number, since a drag may change what lies there.
+    /// Rows are given by number, because a drag may change which folder they show.
     void pointer(QEvent::Type type, int rootRow, Qt::MouseButton button, Qt::MouseButtons held)
     {
         const QPointF place = folderView.visualRect(row(rootRow)).center();
@@ -56,7 +56,7 @@ struct FolderTree : test::SourcesFixture {
     {
         pointer(QEvent::MouseButtonPress, rootRow, button, button);
     }
-    /// Three times, since the view takes the first moves after a press for those of a shaky hand.
+    /// Sends three moves, because the view ignores the first ones after a press.
     void dragTo(int rootRow)
     {
         for (int i = 0; i < 3; ++i)
@@ -87,13 +87,13 @@ struct FolderTree : test::SourcesFixture {
     bool readable = true;
 };
 
-TEST_F(FolderTree, ADragScansTheRowOfTheReleaseAndNoneThatItPasses)
+TEST_F(FolderTree, DragScansTheRowOfTheReleaseAndNoneThatItPasses)
 {
     showRoots({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
     press(0);
     for (const int passed : {1, 2, 3})
         dragTo(passed);
-    EXPECT_EQ(selected(), u"d"_s) << "the highlight follows the pointer";
+    EXPECT_EQ(selected(), u"d"_s) << "the highlight must follow the pointer";
     EXPECT_EQ(scans, 0);
     release(3);
     EXPECT_EQ(scans, 1);
@@ -101,7 +101,7 @@ TEST_F(FolderTree, ADragScansTheRowOfTheReleaseAndNoneThatItPasses)
     EXPECT_EQ(folders.selectedFolder()->itemID(), path(u"d"_s));
 }
 
-TEST_F(FolderTree, ADragThatComesBackToTheSelectedRowScansNothing)
+TEST_F(FolderTree, DragThatReturnsToTheSelectedRowScansNothing)
 {
     showRoots({u"a"_s, u"b"_s, u"c"_s});
     folderView.selectRow(row(0));
@@ -114,7 +114,7 @@ TEST_F(FolderTree, ADragThatComesBackToTheSelectedRowScansNothing)
     EXPECT_EQ(scans, 1);
 }
 
-TEST_F(FolderTree, ARightPressSelectsAtOnceSoThatItsMenuMeansThatRow)
+TEST_F(FolderTree, RightPressSelectsAtOnceSoThatItsMenuAppliesToThatRow)
 {
     showRoots({u"a"_s, u"b"_s});
     folderView.selectRow(row(0));
@@ -123,7 +123,7 @@ TEST_F(FolderTree, ARightPressSelectsAtOnceSoThatItsMenuMeansThatRow)
     EXPECT_EQ(folders.selectedFolder()->itemID(), path(u"b"_s));
 }
 
-TEST_F(FolderTree, APressWhoseReleaseIsLostCountsAllTheSame)
+TEST_F(FolderTree, PressWhoseReleaseIsLostStillSelects)
 {
     showRoots({u"a"_s, u"b"_s});
     press(0);
@@ -136,7 +136,7 @@ TEST_F(FolderTree, APressWhoseReleaseIsLostCountsAllTheSame)
     EXPECT_EQ(scans, 2);
 }
 
-TEST_F(FolderTree, AMountInTheMiddleOfADragLeavesTheListAndTheSelectionAlike)
+TEST_F(FolderTree, MountDuringADragKeepsListAndSelectionConsistent)
 {
     showRoots({u"a"_s, u"b"_s});
     folderView.selectRow(row(0));
@@ -148,10 +148,10 @@ TEST_F(FolderTree, AMountInTheMiddleOfADragLeavesTheListAndTheSelectionAlike)
     EXPECT_EQ(scans, 1);
 }
 
-TEST_F(FolderTree, TheAsteriskKeyExpandsTheRowAndListsNothingBelowIt)
+TEST_F(FolderTree, AsteriskKeyExpandsTheRowAndListsNothingBelowIt)
 {
     showRoots({u"r"_s}, {u"r/a/b/c"_s});
-    folderView.hide(); // what is drawn is listed
+    folderView.hide(); // Drawing would list the folders.
     folderView.selectRow(row(0));
     QTest::keyClick(&folderView, Qt::Key_Asterisk);
     EXPECT_THAT(rowsOf(folderView), ElementsAre(u"r"_s, u"  a"_s));
@@ -159,7 +159,7 @@ TEST_F(FolderTree, TheAsteriskKeyExpandsTheRowAndListsNothingBelowIt)
     EXPECT_FALSE(model->itemAt(row(0, row(0)))->isListed());
 }
 
-TEST_F(FolderTree, DrawingAsksTheDiskOnceWhetherARowIsReachable)
+TEST_F(FolderTree, DrawingChecksOnceWhetherARowIsReachable)
 {
     countQuestions(u"r"_s);
     showRoots({u"r"_s});
@@ -170,7 +170,7 @@ TEST_F(FolderTree, DrawingAsksTheDiskOnceWhetherARowIsReachable)
     EXPECT_EQ(questions, 1);
 }
 
-TEST_F(FolderTree, WhatARowIsCalledAsksNothingOfTheDisk)
+TEST_F(FolderTree, NameOfARowNeedsNoDiskAccess)
 {
     countQuestions(u"r"_s);
     makeFolder(u"r"_s);
@@ -180,7 +180,7 @@ TEST_F(FolderTree, WhatARowIsCalledAsksNothingOfTheDisk)
     EXPECT_EQ(questions, 0);
 }
 
-TEST_F(FolderTree, ARowIsAskedAnewWhenItIsSelectedAVolumeComesOrTheWindowIsActivated)
+TEST_F(FolderTree, RowIsCheckedAgainOnSelectionMountAndWindowActivation)
 {
     countQuestions(u"r"_s);
     showRoots({u"r"_s});
@@ -201,7 +201,7 @@ TEST_F(FolderTree, ARowIsAskedAnewWhenItIsSelectedAVolumeComesOrTheWindowIsActiv
     EXPECT_FALSE(isAskedByDrawing());
 }
 
-TEST_F(FolderTree, AFolderThatCanBeReadAgainLooksSoWhenTheUserComesBackToTheWindow)
+TEST_F(FolderTree, FolderThatBecameReadableIsShownSoWhenTheWindowIsActivated)
 {
     readable = false;
     countQuestions(u"r"_s);
@@ -215,7 +215,7 @@ TEST_F(FolderTree, AFolderThatCanBeReadAgainLooksSoWhenTheUserComesBackToTheWind
     EXPECT_EQ(row(0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
 }
 
-TEST_F(FolderTree, AMountKeepsSelectionAndExpansionInTheirRootWhereOneRootLiesInAnother)
+TEST_F(FolderTree, MountKeepsSelectionAndExpansionInTheirRootIfOneRootIsInsideAnother)
 {
     showRoots({u"music"_s, u"music/jazz"_s}, {u"music/jazz/trio"_s});
     folderView.expand(row(1));
@@ -228,12 +228,12 @@ TEST_F(FolderTree, AMountKeepsSelectionAndExpansionInTheirRootWhereOneRootLiesIn
               static_cast<const SourceTreeModel *>(folderView.model())->roots().at(1));
     EXPECT_EQ(scans, 1);
 
-    folderView.selectRow(row(1)); // a root that is a folder of the other
+    folderView.selectRow(row(1)); // This root is inside the other one.
     NotificationCenter::defaultCenter().post(notification::volumeDidUnmount);
     EXPECT_EQ(folderView.selectedRow(), row(1));
 }
 
-TEST_F(FolderTree, ASelectedSubfolderThatVanishesWithItsVolumeLeavesNothingSelected)
+TEST_F(FolderTree, NothingIsSelectedAfterTheSelectedSubfolderVanishesWithItsVolume)
 {
     showRoots({u"r"_s}, {u"r/stick"_s});
     folderView.expand(row(0));
@@ -247,7 +247,7 @@ TEST_F(FolderTree, ASelectedSubfolderThatVanishesWithItsVolumeLeavesNothingSelec
     EXPECT_EQ(scans, 1);
 }
 
-TEST_F(FolderTree, AMountLeavesTheTreeScrolledAsItWas)
+TEST_F(FolderTree, MountKeepsTheScrollPosition)
 {
     QStringList below;
     for (int i = 0; i < 60; ++i)

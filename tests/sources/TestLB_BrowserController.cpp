@@ -40,7 +40,7 @@ TEST_F(Browser, ShowsOnlyTheHomeFolderWithoutWritableVolumes)
                      ->isVolume());
 }
 
-TEST_F(Browser, LeavesReadOnlyVolumesOut)
+TEST_F(Browser, LeavesOutReadOnlyVolumes)
 {
     wake({{QStringLiteral("/media/disc"), QStringLiteral("Disc"), true},
           {QStringLiteral("/media/stick"), QStringLiteral("Stick"), false}});
@@ -65,7 +65,7 @@ TEST_F(Browser, WakingTwiceBuildsTheRootsOnce)
     EXPECT_EQ(controller.model()->roots().front(), home);
 }
 
-TEST_F(Browser, AnArrowKeyBeginsAtTheFirstRow)
+TEST_F(Browser, ArrowKeyStartsAtTheFirstRow)
 {
     wake({});
     view.setCurrentIndex({});
@@ -106,10 +106,10 @@ TEST(DirectoryItem, ListsItsFolderOnceInItsLifetime)
     EXPECT_EQ(item->numberOfChildren(), 1);
     ASSERT_TRUE(QDir(disk.path()).mkpath(QStringLiteral("b")));
     EXPECT_EQ(item->numberOfChildren(), 1);
-    item->discardChildren();
+    item->resetChildren();
 }
 
-TEST(SourceTreeModel, KeepsItsPromises)
+TEST(SourceTreeModel, KeepsTheRulesOfItemModels)
 {
     const QTemporaryDir disk;
     ASSERT_TRUE(QDir(disk.path()).mkpath(QStringLiteral("a/b")));
@@ -130,13 +130,13 @@ TEST(SourceTreeModel, KeepsItsPromises)
     EXPECT_EQ(model.rowCount(), 1);
 }
 
-TEST(SourceTreeModel, ARowIsAskedForItsIconAndStyleOnceAndOnlyWhenTheyAreDrawn)
+TEST(SourceTreeModel, IconAndStyleOfARowAreReadOnceAndOnlyWhenDrawn)
 {
     struct Asked : SourceItem {
         using SourceItem::SourceItem;
         const std::vector<SourceItemRef> &children() override { return none; }
         bool isListed() const override { return true; }
-        void discardChildren() override {}
+        void resetChildren() override {}
         QString text() const override { return QStringLiteral("name"); }
         QIcon icon() const override
         {
@@ -171,7 +171,7 @@ TEST(SourceTreeModel, ARowIsAskedForItsIconAndStyleOnceAndOnlyWhenTheyAreDrawn)
     EXPECT_EQ(asked->styles, 1);
 }
 
-TEST(SourceTreeModel, AFolderCountsAsExpandableUntilItIsListed)
+TEST(SourceTreeModel, FolderCountsAsExpandableUntilItIsListed)
 {
     const QTemporaryDir disk;
     SourceTreeModel model;
@@ -180,7 +180,7 @@ TEST(SourceTreeModel, AFolderCountsAsExpandableUntilItIsListed)
     EXPECT_TRUE(model.hasChildren(root));
     EXPECT_FALSE(model.isExpandable(root));
     EXPECT_FALSE(model.hasChildren(root));
-    EXPECT_TRUE(model.isExpandable({})) << "the top level always is";
+    EXPECT_TRUE(model.isExpandable({})) << "the top level must always be expandable";
     model.discardListings();
     EXPECT_FALSE(model.roots().front()->isListed());
 }

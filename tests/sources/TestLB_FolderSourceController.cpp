@@ -79,7 +79,7 @@ TEST_F(FolderSource, RestoringAnUnreadableFolderSelectsNothingAndForgetsIt)
     EXPECT_FALSE(userDefaults().contains(defaultsKey::folderPath));
 }
 
-TEST_F(FolderSource, RestoringAFolderUnderNoRootSelectsNothingAndKeepsTheKey)
+TEST_F(FolderSource, RestoringAFolderOutsideAllRootsSelectsNothingAndKeepsTheKey)
 {
     makeFolder(QStringLiteral("r"));
     makeFolder(QStringLiteral("elsewhere"));
@@ -111,11 +111,11 @@ TEST_F(FolderSource, SelectingAFolderStoresAnnouncesAndScans)
                                                     [&] { listAtAnnouncement = listShown(); });
     select(0);
     EXPECT_EQ(storedPath(), path(QStringLiteral("r")));
-    EXPECT_EQ(listAtAnnouncement, QString()) << "the scan comes after the announcement";
+    EXPECT_EQ(listAtAnnouncement, QString()) << "the scan must come after the announcement";
     EXPECT_EQ(listShown(), path(QStringLiteral("r")));
 }
 
-TEST_F(FolderSource, AddingAFolderThatIsARootAddsNothingAndSelectsTheLastVisibleRow)
+TEST_F(FolderSource, AddingAnExistingRootAddsNothingAndSelectsTheLastVisibleRow)
 {
     makeFolder(QStringLiteral("a"));
     makeFolder(QStringLiteral("b"));
@@ -157,7 +157,7 @@ TEST_F(FolderSource, AddsTheFolderChosenInTheBrowser)
     EXPECT_EQ(folders.selectedFolder()->itemID(), home);
 }
 
-TEST_F(FolderSource, RemovingARootTakesItOutAndStoresTheRest)
+TEST_F(FolderSource, RemovingARootStoresTheOthers)
 {
     makeFolder(QStringLiteral("a"));
     makeFolder(QStringLiteral("b"));
@@ -177,7 +177,7 @@ TEST_F(FolderSource, RemovingARootTakesItOutAndStoresTheRest)
     EXPECT_FALSE(popover.isShown());
 }
 
-TEST_F(FolderSource, RemovingWhileASubfolderIsSelectedRemovesNoRootYetClearsTheSelection)
+TEST_F(FolderSource, RemovingWhileASubfolderIsSelectedRemovesNoRootButClearsTheSelection)
 {
     makeFolder(QStringLiteral("r/sub"));
     setRoots({QStringLiteral("r")});
@@ -185,7 +185,7 @@ TEST_F(FolderSource, RemovingWhileASubfolderIsSelectedRemovesNoRootYetClearsTheS
     setUpAndRestore();
     ASSERT_EQ(selectedText(folderView), QStringLiteral("sub"));
     EXPECT_FALSE(folders.selectedFolder()->isRemovable());
-    transport.settings.setFolderDataArray({}); // so that it shows whether the list is stored
+    transport.settings.setFolderDataArray({}); // Empty, so that storing the list becomes visible.
     window.show();
     folders.removeFolder(&folderView);
     ASSERT_TRUE(popover.isShown());
@@ -216,10 +216,10 @@ TEST_F(FolderSource, FolderOfOnlyFilesHiddenFoldersOrPackagesIsNotExpandable)
     const auto real =
         std::make_shared<LB_FolderItem>(folderURL(path(QStringLiteral("real"))), nullptr);
     EXPECT_EQ(real->numberOfChildren(), 1);
-    real->discardChildren();
+    real->resetChildren();
 }
 
-TEST_F(FolderSource, MountingOrUnmountingListsEveryTreeAnewAndKeepsWhatWasExpandedAndSelected)
+TEST_F(FolderSource, MountingOrUnmountingListsAllTreesAgainAndKeepsExpansionAndSelection)
 {
     makeFolder(QStringLiteral("r/old"));
     makeFolder(QStringLiteral("s/gone"));
@@ -294,7 +294,7 @@ TEST_F(FolderSource, UnreachableFolderIsSlantedAndGray)
     EXPECT_EQ(item->itemName().text, QStringLiteral("r"));
 }
 
-TEST_F(FolderSource, AFolderIsListedOnlyWhenItsRowIsShown)
+TEST_F(FolderSource, FolderIsListedOnlyWhenItsRowIsShown)
 {
     for (int i = 0; i < 200; ++i)
         makeFolder(QStringLiteral("r/f%1/sub").arg(i));

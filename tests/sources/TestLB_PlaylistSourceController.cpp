@@ -115,7 +115,7 @@ TEST_F(PlaylistSource, RestoringWithoutARememberedPlaylistSelectsTheFirstRow)
     EXPECT_EQ(storedPlaylist(), QStringLiteral("a"));
 }
 
-TEST_F(PlaylistSource, RestoringAPlaylistThatIsGoneSelectsTheFirstRow)
+TEST_F(PlaylistSource, RestoringAMissingPlaylistSelectsTheFirstRow)
 {
     add(QStringLiteral("a"));
     userDefaults().setValue(defaultsKey::playlist, QStringLiteral("gone"));

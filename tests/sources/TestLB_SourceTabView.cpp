@@ -26,7 +26,8 @@ struct SourceTabs : test::SourcesFixture {
         makeFolder(QStringLiteral("r"));
     }
 
-    /// The settings store reads its files when the tabs wake it, so the folder comes by a file.
+    /// The settings store reads its files when the tabs wake it, so the folder must come from a
+    /// file.
     void storeRootFolder()
     {
         const auto support = transport.settings.applicationSupportDirectory();
@@ -90,7 +91,7 @@ TEST_F(SourceTabs, SelectingAFolderOnTheFolderTabRemembersTheTab)
     EXPECT_EQ(lastTab(), 1);
 }
 
-TEST_F(SourceTabs, AListOfNeitherTabLeavesNothingSelectedAndTheListAlone)
+TEST_F(SourceTabs, ListFromNeitherTabClearsTheSelectionAndStays)
 {
     storeRootFolder();
     tabs.awakeFromNib();

@@ -53,7 +53,7 @@ struct Outline : testing::Test {
     QList<QUrl> dropped;
 };
 
-TEST_F(Outline, TakesDroppedFoldersAndNothingElse)
+TEST_F(Outline, AcceptsDroppedFoldersAndNothingElse)
 {
     view.setAcceptsFolders(true);
     const QUrl folder = QUrl::fromLocalFile(disk.path());
@@ -66,13 +66,13 @@ TEST_F(Outline, TakesDroppedFoldersAndNothingElse)
     EXPECT_TRUE(dropped.isEmpty());
 }
 
-TEST_F(Outline, TakesNoFoldersWhereItIsNotToldTo)
+TEST_F(Outline, AcceptsNoFoldersByDefault)
 {
     drop({QUrl::fromLocalFile(disk.path())});
     EXPECT_TRUE(dropped.isEmpty());
 }
 
-TEST_F(Outline, AnEmptyTreeSaysInGrayWhatCanBeDone)
+TEST_F(Outline, EmptyTreeShowsItsPlaceholderTextInGray)
 {
     view.setPlaceholderText(u"No folders yet. Press + to add one."_s);
     EXPECT_TRUE(showsGrayText());
@@ -80,7 +80,7 @@ TEST_F(Outline, AnEmptyTreeSaysInGrayWhatCanBeDone)
     EXPECT_FALSE(showsGrayText());
 }
 
-TEST_F(Outline, LastVisibleRowIsTheDeepestOfWhatIsExpanded)
+TEST_F(Outline, LastVisibleRowIsTheDeepestExpandedOne)
 {
     EXPECT_FALSE(view.lastVisibleRow().isValid());
     ASSERT_TRUE(QDir(disk.path()).mkpath(u"a"_s));

@@ -350,9 +350,7 @@ void Composition::connectLists()
     connect(m_main.addRemoveButtons, &ButtonMatrix::pressed, &m_folders,
             &LB_FolderSourceController::addRemoveButtonPressed);
     const auto bindRemoveButton = [this] {
-        const auto folder = m_folders.selectedFolder();
-        m_main.addRemoveButtons->cellWithTag(0)->setEnabled(folder != nullptr &&
-                                                            folder->isRemovable());
+        m_main.addRemoveButtons->cellWithTag(0)->setEnabled(m_folders.canRemoveSelectedFolder());
     };
     connect(&m_folders, &LB_FolderSourceController::selectedFolderChanged, m_main.addRemoveButtons,
             bindRemoveButton);

@@ -95,8 +95,7 @@ void Composition::buildContextMenus()
     connect(removeFolder, &QAction::triggered, m_main.addRemoveButtons,
             [this] { m_main.addRemoveButtons->pressCellWithTag(0); });
     const auto showWhetherRemovable = [this, removeFolder] {
-        const auto folder = m_folders.selectedFolder();
-        removeFolder->setEnabled(folder != nullptr && folder->isRemovable());
+        removeFolder->setEnabled(m_folders.canRemoveSelectedFolder());
     };
     connect(&m_folders, &LB_FolderSourceController::selectedFolderChanged, removeFolder,
             showWhetherRemovable);
