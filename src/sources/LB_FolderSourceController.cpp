@@ -55,6 +55,10 @@ void LB_FolderSourceController::setFolderOutlineView(lyrabox::SourceTreeView *vi
             &LB_FolderSourceController::outlineViewSelectionDidChange);
     connect(view, &lyrabox::SourceTreeView::foldersDropped, this,
             &LB_FolderSourceController::addFolders);
+    connect(view, &lyrabox::SourceTreeView::selectedRowClicked, this, [this] {
+        if (m_tracks->isListIncomplete())
+            outlineViewSelectionDidChange();
+    });
 }
 
 void LB_FolderSourceController::setPopover(lyrabox::Popover *popover)

@@ -33,6 +33,10 @@ void LB_PlaylistSourceController::setPlaylistOutlineView(lyrabox::SourceTreeView
         "No playlists. Choose a music library in the File menu, or add folders on the other tab."));
     connect(view, &lyrabox::SourceTreeView::selectionDidChange, this,
             &LB_PlaylistSourceController::outlineViewSelectionDidChange);
+    connect(view, &lyrabox::SourceTreeView::selectedRowClicked, this, [this] {
+        if (m_tracks->isListIncomplete())
+            outlineViewSelectionDidChange();
+    });
 }
 
 void LB_PlaylistSourceController::setup()

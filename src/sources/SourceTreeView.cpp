@@ -38,6 +38,10 @@ SourceTreeView::SourceTreeView(QWidget *parent) : QTreeView(parent)
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(true);
     viewport()->setAutoFillBackground(false); // Shows the background of the pane.
+    connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex &index) {
+        if (!m_isUnsettled && index == selectedRow())
+            Q_EMIT selectedRowClicked();
+    });
 }
 
 void SourceTreeView::setPlaceholderText(const QString &text)

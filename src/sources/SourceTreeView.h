@@ -40,6 +40,9 @@ Q_SIGNALS:
     /// reports rows that a drag passes.
     void selectionDidChange();
 
+    /// The row that is already selected was clicked.
+    void selectedRowClicked();
+
     /// Folders were dropped on the view; see setAcceptsFolders().
     void foldersDropped(const QList<QUrl> &folders);
 
