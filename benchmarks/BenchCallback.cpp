@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::uint64_t songFrames = 60 * 44100;
 
-/// The whole chain without a device, playing a minute of noise.
+/// The whole chain without a device. It plays a minute of noise.
 class Chain {
 public:
     Chain()
@@ -58,11 +58,12 @@ public:
     HandPulledOutput *output = nullptr;
 };
 
-/// Seeks, changes of speed, pitch and sliders, loops and new starts, each as likely as the others.
+/// Acts like a user: seeks, changes of speed, pitch and sliders, loops and new starts, all equally
+/// likely.
 class Listener {
 public:
-    /// Acts, on average, `perSecond` times while `frames` frames are played.
-    void actNowAndThen(double perSecond, std::uint32_t frames)
+    /// Called for each callback of `frames` frames. Acts `perSecond` times a second on average.
+    void actAtRandom(double perSecond, std::uint32_t frames)
     {
         const double likelihood = perSecond * frames / 44100.0;
         if (std::uniform_real_distribution<double>(0.0, 1.0)(m_random) < likelihood)
@@ -98,7 +99,7 @@ private:
             engine::setOutputRunning(true);
             break;
         }
-        // Normal speed and pitch is left and come back to.
+        // Leaves normal speed and pitch, and returns to them.
         if (upTo(7) == 0) {
             engine::setPlaybackRate(1.0F);
             engine::setPitchCents(0.0F);
@@ -120,9 +121,9 @@ double processorSeconds()
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Ten minutes' callbacks of `frames` frames, `actions` actions a second. A callback's processor
-/// time as a share of the time that its buffer lasts, in percent: the middle one, the one that one
-/// in a thousand exceeds, and the longest.
+/// Ten minutes of callbacks of `frames` frames, with `actions` actions per second. Reports a
+/// callback's processor time as a percentage of its buffer's duration: the median, the 99.9th
+/// percentile and the maximum.
 void BM_CallbackShareOfItsBuffer(benchmark::State &state)
 {
     Chain chain;
@@ -135,7 +136,7 @@ void BM_CallbackShareOfItsBuffer(benchmark::State &state)
     for (auto _ : state) {
         double total = 0.0;
         for (double played = 0.0; played < 600.0; played += bufferSeconds) {
-            listener.actNowAndThen(actions, frames);
+            listener.actAtRandom(actions, frames);
             const double begin = processorSeconds();
             chain.output->pull(interleaved.data(), frames);
             const double seconds = processorSeconds() - begin;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t pullFrames = 128;
 
-// Pulls an equalizer by hand; the input is a second of noise over and over, or silence.
+// Pulls an equalizer. The input is a second of noise in a loop, or silence.
 struct Pull {
     explicit Pull(bool isSilent) : input(isSilent ? pullFrames : 44100 / pullFrames * pullFrames)
     {
@@ -81,7 +81,7 @@ void equalizerFlat(benchmark::State &state)
 }
 BENCHMARK(equalizerFlat);
 
-// The worst case: the coefficients move in every frame. The solving is not counted.
+// The worst case: the coefficients change in every frame. Computing their targets is not measured.
 void equalizerRamping(benchmark::State &state)
 {
     GraphicEqualizerCascade cascade;
@@ -102,7 +102,7 @@ void equalizerRamping(benchmark::State &state)
 }
 BENCHMARK(equalizerRamping);
 
-// The tail of a click dying away in silence, far below the smallest ordinary float.
+// The decay of a click in silence, far below the smallest normal float.
 void equalizerSilentTail(benchmark::State &state)
 {
     Pull pull(true);

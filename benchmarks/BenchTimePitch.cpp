@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t callbackFrames = 1024;
 
-/// A second of noise over and over.
+/// A second of noise in a loop.
 class NoiseSource final : public RenderingUnit {
 public:
     NoiseSource()
@@ -42,7 +42,7 @@ private:
     std::size_t m_position = 0;
 };
 
-/// A stage pulled by hand at a speed in percent and a pitch in cents.
+/// Pulls a stage at a speed in percent and a pitch in cents.
 struct Pull {
     Pull(std::int64_t percent, std::int64_t cents)
     {
@@ -65,7 +65,7 @@ struct Pull {
     AudioBufferList list;
 };
 
-/// One callback of 1,024 frames, which lasts 23.2 ms, while a song plays.
+/// One callback of 1,024 frames (23.2 ms) during a song.
 void BM_TimePitchPlaying(benchmark::State &state)
 {
     Pull pull(state.range(0), state.range(1));
@@ -86,7 +86,7 @@ BENCHMARK(BM_TimePitchPlaying)
     ->Args({100, -300})
     ->Unit(benchmark::kMillisecond);
 
-/// The first callback after a seek: reset, priming and the callback's own 1,024 frames.
+/// The first callback after a seek: reset, priming, and its own 1,024 frames.
 void BM_TimePitchFirstAfterSeek(benchmark::State &state)
 {
     Pull pull(state.range(0), state.range(1));

@@ -1,4 +1,4 @@
-"""load: a song into memory, beside the ffmpeg program decoding it on one thread."""
+"""load: a song into memory, compared with the ffmpeg program decoding it on one thread."""
 import os
 
 from . import music

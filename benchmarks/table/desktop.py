@@ -1,4 +1,4 @@
-"""A display and a sound server of one's own, and what the kernel tells of a process that runs there."""
+"""A private display and sound server, and the kernel's figures of a process that runs on them."""
 import contextlib
 import os
 import pathlib
@@ -13,7 +13,7 @@ from .measuring import BUILD
 
 
 def processor_seconds(pid):
-    """Processor time so far of a process: its main thread, and all its others."""
+    """A process's processor time so far: its main thread, and all others."""
     main, others = 0.0, 0.0
     for task in pathlib.Path(f"/proc/{pid}/task").iterdir():
         with contextlib.suppress(FileNotFoundError, ProcessLookupError):
@@ -26,7 +26,7 @@ def processor_seconds(pid):
 
 
 def processor_share(pid, span):
-    """Cores that a process keeps busy over `span` seconds: its main thread, and all its others."""
+    """Cores that a process keeps busy over `span` seconds: its main thread, and all others."""
     before, begin = processor_seconds(pid), time.monotonic()
     time.sleep(span)
     elapsed = time.monotonic() - begin
@@ -70,7 +70,7 @@ class Desktop:
         self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
                     "-L", f"module-native-protocol-unix socket={self.folder}/native auth-anonymous=1",
                     "-L", "module-null-sink sink_name=nothing"])
-        # Without a bus every program would start one, as none does on a desktop.
+        # Every program would start a bus if it found none. On a desktop there is one.
         self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog",
                     f"--address={self.env['DBUS_SESSION_BUS_ADDRESS']}"])
         self.wait_for("a display", self.start_display)
@@ -80,13 +80,13 @@ class Desktop:
         self.wait_for("the sound server", lambda: self.call("pactl", "info").returncode == 0)
 
     def start_display(self):
-        """Whether the display came up: another one may have taken its number meanwhile."""
+        """Whether the display was started. Another one may have taken its number."""
         reading, writing = os.pipe()
         display = self.start(["Xvfb", "-screen", "0", "1280x860x24", "-nolisten", "tcp", "-displayfd", str(writing)],
                              pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as pipe:
-            number = pipe.readline().strip()  # its line feed too, or the server ends for want of a reader
+            number = pipe.readline().strip()  # with its line feed; otherwise the server gets SIGPIPE
         self.env["DISPLAY"] = f":{number}"
         if not number:
             self.stop(display)
@@ -117,7 +117,7 @@ class Desktop:
         self.wait_for("sound", lambda: "Corked: no" in self.call("pactl", "list", "sink-inputs").stdout)
 
     def home(self, name, folder=None, defaults=()):
-        """The environment of a program with a home of its own, which remembers `folder` and its `defaults`."""
+        """The environment of a program with a home of its own that remembers `folder` and has these `defaults`."""
         home = self.folder / name
         shutil.rmtree(home, ignore_errors=True)
         env = dict(self.env, HOME=str(home), XDG_CONFIG_HOME=f"{home}/config", XDG_DATA_HOME=f"{home}/data",
@@ -133,7 +133,7 @@ class Desktop:
         return env
 
     def program(self, env):
-        """Starts the program and waits until its window has the keyboard."""
+        """Starts the program and waits until its window has the focus."""
         child = self.start([BUILD / "lyrabox"], env)
         self.call("xdotool", "search", "--sync", "--onlyvisible", "--name", "^Lyrabox$", "windowfocus")
         return child

@@ -1,11 +1,11 @@
-"""growth: how time grows with the work, as the exponent of the power that fits three sizes."""
+"""growth: how the time grows with the work: the exponent of the power law that fits three sizes."""
 import math
 
 from . import lists, music
 from .measuring import duration, interleaved, tell, work
 from .rows import Row
 
-HIGHEST = 1.1  # a straight line, and what measuring adds
+HIGHEST = 1.1  # linear growth and a margin for measuring
 
 
 def exponent(sizes, times):

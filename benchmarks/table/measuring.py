@@ -1,4 +1,4 @@
-"""Running both sides of a row, and what becomes of the figures."""
+"""Runs both sides of a row and combines the figures."""
 import json
 import os
 import pathlib
@@ -22,7 +22,7 @@ def first_core():
 
 
 def on_cores(cores):
-    """What a child does before it starts: keeps to `cores`, or to none in particular."""
+    """Prepares a child process: restricts it to `cores`, if any are given."""
     return (lambda: os.sched_setaffinity(0, cores)) if cores else None
 
 
@@ -44,7 +44,7 @@ def timed(command, cores=None):
 
 
 def interleaved(sides, runs=5, warm_ups=1):
-    """Calls every side by turns and returns the median of each of its figures: {side: {figure: median}}."""
+    """Calls all sides in turn and returns the median of each figure: {side: {figure: median}}."""
     figures = {name: [] for name in sides}
     names = list(sides)
     for run in range(warm_ups + runs):
@@ -52,7 +52,7 @@ def interleaved(sides, runs=5, warm_ups=1):
             result = sides[name]()
             if run >= warm_ups:
                 figures[name].append(result)
-        names.append(names.pop(0))  # whoever came first comes last
+        names.append(names.pop(0))  # the first side becomes the last
     return {name: {key: statistics.median(result[key] for result in results) for key in results[0]}
             for name, results in figures.items()}
 

@@ -1,4 +1,4 @@
-"""What the rows work on: songs, a folder of tagged files, a music library. Made once, kept in build/bench."""
+"""Makes the test data: songs, a folder of tagged files, a music library. Kept in build/bench."""
 import concurrent.futures
 import os
 import plistlib
@@ -25,7 +25,7 @@ def ffmpeg(*arguments):
 
 
 def made(path, make):
-    """`path`, by `make(path)` when it is not there. What was interrupted is made again."""
+    """Returns `path`. If it does not exist, calls `make(path)`. An interrupted attempt is repeated."""
     if not path.exists():
         tell(f"making {path.relative_to(ROOT)}")
         DATA.mkdir(parents=True, exist_ok=True)
@@ -38,7 +38,7 @@ def made(path, make):
 
 
 def master():
-    """Five minutes of the demo band, with hiss of its own on either side so that no codec finds silence or mono."""
+    """Five minutes of the demo band, with different hiss on each side, so that no codec finds silence or mono."""
     def make(path):
         demo = sorted(str(file) for file in (ROOT / "resources/demo").iterdir() if file.suffix != ".xml")
         band = DATA / "band.wav"
@@ -54,7 +54,7 @@ def master():
 
 
 def song(codec, rate, seconds=SONG_SECONDS):
-    """A song in one codec at one rate, and beside it NAME.short, to warm up with. Opus knows no other rate than 48,000 and keeps the source's in its header."""
+    """A song in one codec at one rate, and NAME.short to warm up with. Opus always uses 48,000 Hz and keeps the source's rate in its header."""
     suffix, options = CODECS[codec]
 
     def make(path):
@@ -77,12 +77,12 @@ def songs():
 
 
 def practice_song():
-    """Five minutes, for what is measured while it plays."""
+    """A song of five minutes, for measurements during playback."""
     return song("flac", 44100, MASTER_SECONDS)
 
 
 def folder(count):
-    """`count` tagged files with a cover: mp3, m4a and flac by turns. Beneath a folder that holds nothing else."""
+    """`count` tagged files with a cover: mp3, m4a and flac in turn, in a folder with nothing else in it."""
     def make(path):
         path.mkdir()
         cover = DATA / "cover.jpg"
@@ -106,7 +106,7 @@ def folder(count):
 
 
 def library(tracks, playlists=200, playlist_songs=500):
-    """A music library in XML, much as music applications write it."""
+    """A music library in XML, similar to those that music applications write."""
     def make(path):
         entries = {"Major Version": 1, "Minor Version": 1, "Tracks": {}, "Playlists": []}
         for number in range(1, tracks + 1):

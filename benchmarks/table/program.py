@@ -11,7 +11,7 @@ from .desktop import Desktop, processor_share, resident_megabytes
 from .measuring import BUILD, MEGABYTE, duration, interleaved, tell, work
 from .rows import Row, compared
 
-SPAN = 10.0  # seconds that processor time is read over
+SPAN = 10.0  # seconds over which processor time is measured
 SPEED = 0.75
 DECODED = music.MASTER_SECONDS * 44100 * 8 / MEGABYTE
 FREQUENCIES = (32, 64, 125, 250, 500, 1000, 2000, 4000, 8000, 16000)
@@ -39,7 +39,7 @@ def run_ours(desktop, folder):
 
 
 def run_peer(desktop, song):
-    """Plays with the same stretcher and as many bands; then again plainly, for its memory."""
+    """Plays with the same stretcher and number of bands, then without them to measure its memory."""
     bands = ",".join(f"equalizer=f={frequency}:t=o:w=1:g=3" for frequency in FREQUENCIES)
     plain = ["mpv", "--no-config", "--no-terminal", "--no-video", "--ao=pulse", "--loop=inf", str(song)]
     figures = {}
@@ -60,7 +60,7 @@ def run_peer(desktop, song):
 
 
 def playing(which):
-    """The rows `which` of play, idle and memory, from the same runs."""
+    """Measures those of the rows play, idle and memory that are in `which`, in the same runs."""
     song = music.practice_song()
     with tempfile.TemporaryDirectory() as folder, Desktop() as desktop:
         shutil.copy(song, folder)

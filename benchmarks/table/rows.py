@@ -10,13 +10,13 @@ class Row:
     name: str
     ours: str
     peer: str
-    ratio: typing.Optional[float]  # none where a limit is no ratio
+    ratio: typing.Optional[float]  # None if the goal is not a ratio
     goal: str
     met: bool
 
 
 def compared(name, ours, peer, limit, show, also=True):
-    """A row whose goal is a ratio of at most `limit`, and `also`."""
+    """A row whose goal is a ratio of at most `limit`, and the condition `also`."""
     ratio = ours / peer
     return Row(name, show(ours), show(peer), ratio, f"{limit:.2f}", ratio <= limit and also)
 

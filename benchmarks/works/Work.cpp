@@ -15,7 +15,7 @@ namespace lyrabox::work {
 
 namespace {
 
-/// A line of /proc/self/status, such as "VmRSS", in bytes.
+/// Reads a line of /proc/self/status, such as "VmRSS", in bytes.
 double memoryLine(const std::string &name)
 {
     std::ifstream file("/proc/self/status");
@@ -26,7 +26,7 @@ double memoryLine(const std::string &name)
     fail("/proc/self/status tells no " + name);
 }
 
-/// Makes VmHWM the highest size from here on.
+/// Resets the peak in VmHWM.
 void forgetPeak()
 {
     std::ofstream("/proc/self/clear_refs") << "5";
@@ -93,7 +93,7 @@ void startApplication()
         qputenv(variable, home.path().toLocal8Bit());
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    new QApplication(argc, argv); // lives until the process ends
+    new QApplication(argc, argv); // Lives until the process ends.
 }
 
 } // namespace lyrabox::work

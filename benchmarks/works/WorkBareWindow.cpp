@@ -1,5 +1,5 @@
-// The least that a program of this toolkit with a tree and a table can show. The peer of the
-// program's start.
+// The smallest program of this toolkit that shows a tree and a table. The peer of the program's
+// start.
 
 #include <QApplication>
 #include <QMainWindow>

@@ -1,5 +1,5 @@
-// Starts a program and tells how long it takes until something is drawn in its window: PROGRAM
-// ARGUMENT ... It needs an X server of its own, where nobody else opens windows.
+// Starts a program and measures the time until something is drawn in its window: PROGRAM ARGUMENT
+// ... It needs a private X server on which no other windows open.
 
 #include "Work.h"
 
@@ -19,8 +19,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// A window counts as the program's from this size on; what is smaller belongs to the session.
-constexpr int leastWidth = 300;
+/// Smaller windows belong to the session.
+constexpr int minWidth = 300;
 
 struct Free {
     void operator()(void *object) const noexcept { std::free(object); }
@@ -47,7 +47,7 @@ public:
     Screen(const Screen &) = delete;
     Screen &operator=(const Screen &) = delete;
 
-    /// Waits until a window of the session is drawn into.
+    /// Waits until something is drawn in a window of the session.
     void waitForPaint()
     {
         for (;;) {
@@ -63,7 +63,7 @@ public:
                 xcb_flush(m_connection);
             } else if (type == m_damageEvent) {
                 const auto &damage = reinterpret_cast<const xcb_damage_notify_event_t &>(*event);
-                if (damage.area.width >= leastWidth)
+                if (damage.area.width >= minWidth)
                     return;
             }
         }
@@ -86,7 +86,7 @@ int main(int argc, char **argv)
     if (argc < 2)
         lyrabox::work::fail("usage: PROGRAM ARGUMENT ...");
     Screen screen;
-    alarm(30); // nothing drawn by then: ends this process
+    alarm(30); // Ends this process if nothing is drawn by then.
     const auto begin = Clock::now();
     const pid_t child = fork();
     if (child == 0) {

@@ -1,5 +1,5 @@
-// The music library to the tree of playlists, and its first playlist to the table, beside libplist
-// reading the same file.
+// From the music library to the tree of playlists, and from its first playlist to the table. The
+// peer is libplist, reading the same file.
 
 #include "Work.h"
 #include "WorkLists.h"

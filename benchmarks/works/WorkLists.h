@@ -10,7 +10,7 @@
 
 namespace lyrabox::work {
 
-/// The track list with its table shown, on a transport that plays nothing.
+/// The track list and its visible table, with a transport that plays nothing.
 struct TrackTable {
     TrackTable()
     {
@@ -25,7 +25,7 @@ struct TrackTable {
         QApplication::processEvents();
     }
 
-    /// What is to be seen of the list is drawn.
+    /// Draws the visible part of the list.
     void paint()
     {
         table.doItemsLayout();

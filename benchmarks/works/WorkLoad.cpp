@@ -1,6 +1,6 @@
-// Loading a song into the engine. The peer is the ffmpeg program, which the caller runs itself. A
-// short song of the same kind is loaded before, as the program has loaded others before; its name
-// is the song's with ".short" added.
+// Loads a song into the engine. The peer is the ffmpeg program, which the caller runs itself. A
+// short song of the same kind is loaded first, because the program has usually loaded one before.
+// Its name is the song's with ".short" added.
 
 #include "Work.h"
 

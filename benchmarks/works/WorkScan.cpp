@@ -1,4 +1,4 @@
-// A folder of songs to a filled table, beside opening every file with FFmpeg and analysing its
+// From a folder of songs to a filled table. The peer opens every file with FFmpeg and analyses its
 // streams.
 
 #include "Work.h"

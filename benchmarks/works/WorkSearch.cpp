@@ -1,5 +1,5 @@
-// One more letter typed into the search field, to the table drawn: "n" becomes "ni". The peer is
-// the toolkit's own filter over the same three columns.
+// From another letter typed into the search field ("n" becomes "ni") to the drawn table. The peer
+// is the toolkit's own filter over the same three columns.
 
 #include "Work.h"
 #include "WorkSongs.h"

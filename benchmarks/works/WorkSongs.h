@@ -6,8 +6,8 @@
 
 namespace lyrabox::work {
 
-/// Records of songs that do not exist: titles of one to five words, one accented in twenty; ten to
-/// an album. The same ones at every call.
+/// Makes records of invented songs, ten per album. Titles have one to five words; one in twenty has
+/// an accent. Every call returns the same records.
 TrackRecordList inventedSongs(std::size_t count);
 
 } // namespace lyrabox::work

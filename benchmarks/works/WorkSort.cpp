@@ -1,5 +1,5 @@
-// A list just shown, by title and then by length, beside std::stable_sort with a collator's
-// comparisons.
+// Sorts a new list by title and then by length. The peer is std::stable_sort with the comparisons
+// of a collator.
 
 #include "Work.h"
 #include "WorkSongs.h"

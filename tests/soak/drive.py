@@ -1,15 +1,15 @@
 #!/usr/bin/env python3
-# Long because it runs as it is: every action with what has to be true after it.
-"""Drives the program as a restless musician would, ten actions a second, and looks after every one whether all is well.
+# Long because it is one program: every action and what must be true after it.
+"""Uses the program like a restless musician, ten actions a second, and checks it after each one.
 
 drive.py PROGRAM MINUTES [SEED [FIRST]]
 
 PROGRAM is lyrabox_soak of a build: the program with a probe on its standard streams (see Probe.h). It runs on a virtual
 display with a window manager, a private sound server with two sinks, and a home of its own. Mouse and keys come through
-the display server. Action number N depends on the seed and N alone: the same seed gives the same actions, and a run
-from action FIRST on repeats the end of a longer one. What a click then meets depends on time, as in life.
+the display server. Action number N depends only on the seed and N: the same seed gives the same actions, and a run
+from action FIRST on repeats the end of a longer one. What a click hits still depends on timing.
 
-Everything that is wrong ends the run with status 1, the seed and the last 50 actions.
+A fault ends the run with status 1. The seed and the last 50 actions are printed.
 """
 import collections
 import json
@@ -29,23 +29,25 @@ import tempfile
 import time
 
 PERIOD = 0.1
-PATIENCE = 30.0  # seconds without an answer; a sanitizer's build takes its time to decode
-DEVICE_SETTLE = 3.0  # seconds after a change of the devices in which a stream may starve
-# An underrun is the machine's where a processor was kept from its work for so long in the time around it, seconds: a
-# server that asks for twice as much as usual still plays 8.7 ms, of which a callback may take half.
+PATIENCE = 30.0  # seconds without an answer; decoding is slow in a sanitizer's build
+DEVICE_SETTLE = 3.0  # seconds after a change of devices during which a stream may starve
+# The machine is to blame for an underrun if a processor was kept from its work for so many seconds
+# around it. A server that asks for twice as much as usual still has 8.7 ms to play, and a callback
+# may take half of that.
 STANDSTILL, BEFORE, AFTER = 0.004, 0.15, 0.05
-SETTLE = 3.0  # seconds in which what glides or is coalesced has to arrive
+SETTLE = 3.0  # seconds until animations and coalesced updates must be complete
 CHECK_FILES_EVERY = 50
 RESTART_EVERY = 9000  # a quarter of an hour
 SAMPLE_EVERY = 20
-WARM_UP = 600  # actions before memory counts
-HEAP_GROWTH = 6.0  # MB that the heap may grow by after the warm-up, the decoded song left out
+WARM_UP = 600  # actions before memory is measured
+HEAP_GROWTH = 6.0  # MB that the heap may grow after the warm-up, without the decoded song
 RESIDENT_GROWTH = 64.0  # MB
 SINKS = ("a", "b")
 
-# What Qt or a library may say to the standard error; everything else of the severity "warning" and up is a failure.
+# Harmless messages of Qt or a library on the standard error. All others of severity "warning" and
+# above are failures.
 HARMLESS = (
-    "Unable to read settings file",  # says what it should
+    "Unable to read settings file",  # expected
     "libpng warning",
 )
 
@@ -63,7 +65,7 @@ CLICKED = (
        "stepControls", "stepControls", "boxes", "inputField", "albumArtImageView", "transportView", "titleField"])
 SLID = (["outputVolumeSlider", "playbackSpeedSlider", "playbackPitchSlider", "navigationView", "splitView"]
         + [f"slider{band}" for band in range(10)])
-# Held for as long as a hand rests on them: repeats come from the display server.
+# Held for a while. The display server sends the repeats.
 HELD_KEYS = ("Left", "Right", "Down", "Up", "Return", "space", "BackSpace", "Delete", "equal", "bracketleft", "l", "0",
              "ctrl+Right", "ctrl+Left", "ctrl+Up", "ctrl+r", "ctrl+s", "shift+Right", "shift+Left")
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
@@ -75,7 +77,7 @@ class Failure(Exception):
 
 
 class Soundserver:
-    """A private PulseAudio server whose log tells of the underruns that it met."""
+    """A private PulseAudio server whose log reports its underruns."""
 
     def __init__(self, folder, env):
         self.folder, self.env, self.process, self.log_read, self.begun = folder, env, None, 0, 0.0
@@ -99,12 +101,12 @@ class Soundserver:
             self.process = None
 
     def pactl(self, *arguments):
-        """Fails silently: the server may be away."""
+        """Fails silently, because the server may not be running."""
         return subprocess.run(["pactl", *arguments], env=self.env, capture_output=True, text=True, timeout=PATIENCE,
                               check=False).stdout.strip()
 
     def new_underruns(self):
-        """When those were that the log tells of since it was asked last, by the monotonic clock."""
+        """The times of the underruns logged since the last call, by the monotonic clock."""
         self.log.seek(self.log_read)
         text = self.log.read()
         self.log_read += len(text)
@@ -113,14 +115,14 @@ class Soundserver:
 
 
 class Machine:
-    """Knows when the machine itself stood still (see stalls.py); nothing, where it is not allowed to know."""
+    """Records when the machine stood still (see stalls.py). Records nothing if real-time priority is not allowed."""
 
     def __init__(self, folder):
         self.path, self.read, self.stalls = f"{folder}/stalls", 0, []
         self.watch = subprocess.Popen([sys.executable, str(pathlib.Path(__file__).with_name("stalls.py")), self.path])
         time.sleep(0.5)
         if self.watch.poll() is not None:
-            print("soak: no real-time priority here: underruns while the machine stands still count as any other")
+            print("soak: no real-time priority here: underruns while the machine stands still count like all others")
 
     def look(self):
         if not os.path.exists(self.path):
@@ -135,7 +137,7 @@ class Machine:
             self.stalls.append((processor, float(due), float(late)))
 
     def standstill(self, at):
-        """For how long a processor was kept from its work in the time around a moment, seconds."""
+        """How many seconds a processor was kept from its work around the time `at`."""
         kept = collections.Counter()
         for processor, due, late in self.stalls:
             if due <= at + AFTER and due + late >= at - BEFORE:
@@ -148,7 +150,7 @@ class Machine:
 
 
 class Music:
-    """The shown folders: songs of a pool appear in them, change and vanish."""
+    """The folders in the program. Songs from a pool appear in them, change and vanish."""
 
     def __init__(self, root):
         self.pool = pathlib.Path(root, "pool")
@@ -176,7 +178,7 @@ class Music:
         try:
             shutil.copyfile(song, folder / f"{name}{song.suffix}")
         except OSError:
-            pass  # the folder has just gone
+            pass  # the folder has just been removed
 
     def folders(self):
         return sorted(path for path in [self.shown, *self.shown.rglob("*")] if path.is_dir())
@@ -233,12 +235,12 @@ class Soak:
         self.slowest = 0.0
         self.built_in = set()  # the ids of the presets that ship with the program
         self.underruns, self.device_underruns, self.stalled_underruns, self.device_changed = 0, 0, 0, 0.0
-        self.seen = collections.Counter()  # in how many looks: a soak that never plays a song proves nothing
+        self.seen = collections.Counter()  # number of checks that saw each state: a soak that never plays a song proves nothing
         self.errors = open(f"{root}/stderr", "ab+")
         self.errors_read = 0
         for name in ("home", "data", "config", "cache", "run", "bin"):
             os.mkdir(f"{root}/{name}", 0o700)
-        # Whatever the program wants to open elsewhere stays here.
+        # Nothing that the program wants to open elsewhere is opened.
         opener = pathlib.Path(root, "bin", "xdg-open")
         opener.write_text("#!/bin/sh\n")
         opener.chmod(0o755)
@@ -274,7 +276,7 @@ class Soak:
     # The program.
 
     def start(self):
-        if self.server_returns is not None:  # without one the program would not come up
+        if self.server_returns is not None:  # without a server the program would not start
             self.sound.start()
             self.server_returns, self.device_changed = None, time.monotonic()
         for _ in range(200):
@@ -298,7 +300,7 @@ class Soak:
             raise Failure(f"presets that a start has lost: {lost}")
 
     def stored_presets(self):
-        """The names of the presets in the settings file, by their ids."""
+        """The names of the presets in the settings file, keyed by id."""
         try:
             content = pathlib.Path(self.root, "data/Lyrabox/EQPresets.plist").read_bytes()
         except FileNotFoundError:
@@ -330,7 +332,7 @@ class Soak:
         status = self.child.wait(PATIENCE)
         if status != 0:
             raise Failure(f"the program has ended with {status}\n{self.core()}")
-        raise StopIteration  # somebody has found the menu's Quit
+        raise StopIteration  # an action has chosen Quit
 
     def stack(self):
         done = subprocess.run(["gdb", "-batch", "-ex", "thread apply all bt 25", "-p", str(self.child.pid)],
@@ -356,14 +358,14 @@ class Soak:
         self.check_errors()
         self.start()
 
-    # The hands.
+    # Mouse and keyboard.
 
     def xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], env=self.env, stdout=subprocess.DEVNULL,
                        stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False)
 
     def point(self, dice, target):
-        """A point in a widget, or somewhere in a window when it is not on the screen."""
+        """A point in a widget, or anywhere in a window if the widget is not on the screen."""
         across, down = dice.random(), dice.random()
         frame = self.state.get("targets", {}).get(target) or self.state.get("modal") or [0, 0, 1280, 860]
         return int(frame[0] + across * frame[2]), int(frame[1] + down * frame[3])
@@ -373,7 +375,7 @@ class Soak:
         frame = self.state.get("targets", {}).get(target) or [20, 100, 300, 300]
         return int(frame[0] + across * frame[2]), int(frame[1] + min(row * ROW + 12, frame[3] - 2))
 
-    # The actions. Each draws all its numbers from the dice first, whatever the state is.
+    # The actions. Each draws all its random numbers first, whatever the state is.
 
     def click(self, dice):
         target = dice.choice(CLICKED)
@@ -388,7 +390,7 @@ class Soak:
         return f"click row {target} {x},{y} times {times}"
 
     def play(self, dice):
-        """Turns to the song table and plays one of its first songs."""
+        """Plays one of the first songs in the song table."""
         row = dice.randrange(6)
         self.xdotool("key", "Escape", "ctrl+1")
         frame = self.state.get("targets", {}).get("trackTableView") or [300, 100, 300, 300]
@@ -433,7 +435,7 @@ class Soak:
         return f"click header {across:.3f}"
 
     def hold(self, dice):
-        """Presses a seek button and leaves it held over some actions."""
+        """Presses a seek button and holds it during some actions."""
         target = dice.choice(("seekBackwardButton", "seekForwardButton", "navigationView", "outputVolumeSlider"))
         x, y = self.point(dice, target)
         self.xdotool("mouseup", 1, "mousemove", x, y, "mousedown", 1)
@@ -446,7 +448,7 @@ class Soak:
         return "let go"
 
     def press_long(self, dice):
-        """Holds a key over several of its repeats, and lets it go."""
+        """Holds a key for several repeats and releases it."""
         keys, rests = dice.choice(HELD_KEYS).split("+"), dice.uniform(0.4, 1.2)
         self.xdotool("keydown", *keys) if len(keys) == 1 else self.xdotool("keydown", keys[0], "keydown", keys[1])
         time.sleep(rests)
@@ -455,7 +457,7 @@ class Soak:
         return f"press {'+'.join(keys)} for {rests:.1f} s"
 
     def ask_behind(self, dice):
-        """Opens the question whether a preset or folder is to go, and lets something happen behind it."""
+        """Opens the question whether to remove a preset or folder, and then does something else."""
         kind, row = dice.choice(("preset", "preset", "folder")), dice.randrange(3)
         event = dice.choice(("wheel", "wheel", "second folder", "second song", "ctrl+Right", "ctrl+1", "ctrl+2",
                              "ctrl+w", "ctrl+o", "space", "nothing", "files"))
@@ -463,7 +465,7 @@ class Soak:
         answer = dice.choice(("Return", "Return", "Escape", "leave"))
         song = self.music.songs[dice.randrange(len(self.music.songs))]
         if kind == "preset":
-            # One of the user's own, which is then selected.
+            # A preset of the user's, which is then selected.
             self.xdotool("key", "Escape", "ctrl+2")
             self.click_in("presetTableView", 30, 12)
             self.xdotool("key", "Insert", "type", "--delay", 1, name)
@@ -482,7 +484,7 @@ class Soak:
         elif event == "files":
             self.music.act(random.Random(band))
         elif event == "ctrl+w" and kind == "folder":
-            pass  # would end the program
+            pass  # it would end the program
         elif event != "nothing":
             self.xdotool("key", event)
         self.check()
@@ -585,7 +587,7 @@ class Soak:
         return f"device {kind} {sink} {away:.1f}"
 
     def second(self, dice):
-        """A second start hands over to the first and ends."""
+        """A second start passes its files to the first and ends."""
         kind = dice.choice(("nothing", "song", "folder"))
         song = dice.choice(self.music.songs)
         self.hand_over(*{"nothing": (), "song": (str(song),), "folder": (str(self.music.shown),)}[kind])
@@ -617,10 +619,10 @@ class Soak:
             self.server_returns = None
         return getattr(self, name)(dice)
 
-    # The looks.
+    # The checks.
 
     def count_underruns(self):
-        """Those of a stream that is moved, and of a server that has just begun, are not the program's; nor a standstill's."""
+        """Leaves out those of a moved stream, of a server that has just started and of a standstill. The program does not cause them."""
         times = self.sound.new_underruns()
         self.machine.look()
         for at in times:
@@ -646,12 +648,12 @@ class Soak:
             ("the equalizer", "slider0" in state["targets"]), ("no sound server", self.server_returns is not None))
             if is_so)
         while state["broken"]:
-            # A held button or an open dialog may keep what glides from arriving; time alone may not.
+            # Animations may wait for a held button or an open dialog, but never longer than this.
             if time.monotonic() - begin > SETTLE:
                 raise Failure("; ".join(state["broken"]))
             time.sleep(0.1)
             state = self.ask("state")
-        # Nobody sits before a dialog for ever.
+        # A user leaves every dialog sooner or later.
         if not (state["modal"] or state["popup"]):
             self.modal_since = None
         elif self.modal_since is None:
@@ -672,7 +674,7 @@ class Soak:
                 "Sanitizer" in line or "runtime error" in line for line in bad) else bad[:10]))
 
     def check_files(self):
-        """The settings sets, as they stand in the files."""
+        """The settings sets from the files."""
         folder = pathlib.Path(self.root, "data/Lyrabox")
         stray = [path.name for path in folder.iterdir() if path.suffix not in (".plist", ".lock") and path.is_file()
                  and ".plist" in path.name]
@@ -708,7 +710,7 @@ class Soak:
                              len(os.listdir(f"/proc/{pid}/fd")), len(os.listdir(f"/proc/{pid}/task"))))
 
     def check_memory(self):
-        """Between the restarts: what the last third needs at the median, against the first after the warm-up."""
+        """Compares the medians of the last third and the first third since the restart, after the warm-up."""
         mine = [s for s in self.samples if s[0] == self.starts][WARM_UP // SAMPLE_EVERY:]
         if len(mine) < 30:
             return
@@ -778,7 +780,7 @@ def main():
     print(f"soak: {minutes:g} minutes, seed {seed}", flush=True)
     if "san" not in pathlib.Path(program).parent.name:  # a sanitizer reports by itself, and its core is huge
         resource.setrlimit(resource.RLIMIT_CORE, (resource.getrlimit(resource.RLIMIT_CORE)[1],) * 2)
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # so that nothing is left running
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))  # runs the cleanup
     status = 0
     with tempfile.TemporaryDirectory(prefix="soak", ignore_cleanup_errors=True) as root:
         os.chmod(root, 0o700)

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Tells when the machine itself stands still.
+"""Records when the machine itself stands still.
 
 stalls.py FILE
 
-On every processor a process of real-time priority asks to be woken every 2 ms, and appends "PROCESSOR DUE LATE" (seconds
-of the monotonic clock) to FILE when it is woken more than 1 ms late. No other program can keep it from the processor:
-a virtual machine's host can, or the hardware. Ends at once with status 3 where real-time priority is not allowed.
+On every processor, a process with real-time priority asks to be woken every 2 ms. It appends "PROCESSOR DUE LATE" (seconds
+of the monotonic clock) to FILE if it is woken more than 1 ms late. No other program can keep it from the processor;
+only the host of a virtual machine or the hardware can. Ends with status 3 if real-time priority is not allowed.
 """
 import ctypes
 import os
