@@ -106,8 +106,8 @@ void checkValues(Findings &findings, const LB_AudioController &audio)
     // Pitch is read in whole cents.
     checkPair(audio.playbackPitchSlider(), nullptr, audio.playbackPitch(), 1.0F);
     checkPair(audio.outputVolumeSlider(), nullptr, audio.outputVolume(), 0.001F);
-    findings.requireNear(finiteUserDefault(defaultsKey::outputVolume, -1.0F), audio.outputVolume(),
-                         0.001F, u"the volume and its default differ"_s);
+    findings.requireNear(userDefaults().value(defaultsKey::outputVolume, -1.0F).toFloat(),
+                         audio.outputVolume(), 0.001F, u"the volume and its default differ"_s);
 }
 
 void checkPresets(Findings &findings, const LB_AudioController &audio)

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <memory>
 
 namespace lyrabox {
@@ -36,23 +35,15 @@ QSettings &userDefaults()
 
 void reopenUserDefaults()
 {
-    defaultsInstance().reset(); // writes what is pending
+    defaultsInstance().reset(); // writes pending changes
     defaultsInstance() = openDefaults();
-}
-
-float finiteUserDefault(const QString &key, float fallback)
-{
-    const QVariant stored = userDefaults().value(key);
-    bool isNumber = false;
-    const float value = stored.toFloat(&isNumber);
-    return isNumber && std::isfinite(value) ? value : fallback;
 }
 
 void setUserDefault(const QString &key, float value)
 {
     std::array<char, 32> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    Q_ASSERT(error == std::errc()); // 32 characters hold every float
+    Q_ASSERT(error == std::errc()); // every float fits into 32 characters
     userDefaults().setValue(key, QString::fromLatin1(digits.data(), end - digits.data()));
 }
 

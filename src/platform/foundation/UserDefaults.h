@@ -13,10 +13,6 @@ QSettings &userDefaults();
 /// For tests: writes pending changes, then opens the file that the environment names now.
 void reopenUserDefaults();
 
-/// The number stored under `key`; `fallback` when there is none, or something that is no finite
-/// number.
-float finiteUserDefault(const QString &key, float fallback);
-
 /// Stores `value` in the fewest decimal digits that read back as the same float. Main thread only.
 void setUserDefault(const QString &key, float value);
 
