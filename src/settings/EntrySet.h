@@ -8,26 +8,29 @@
 
 namespace lyrabox {
 
-/// A set of dictionaries, each with an identifier under one key, as "UserSettings.plist" holds
-/// them. What is added here takes the place of every entry of its identifier; what a file holds is
-/// taken as it is, and stays so until it is replaced.
+/// Dictionaries keyed by one of their members, as they stand in the arrays of "UserSettings.plist".
+/// Entries that were loaded stay unchanged, even if several have the same identifier, until
+/// replace() or remove() is called for that identifier; docs/kept-on-purpose.md says why.
 class EntrySet {
 public:
-    /// `identifierKey` names the member by which entries are told apart.
+    /// `identifierKey` is the key of the member that identifies an entry.
     explicit EntrySet(QString identifierKey);
 
-    /// Replaces the set by the dictionaries of `array`. One without a text under the identifier key
-    /// answers no lookup; whatever is no dictionary is left out.
+    /// Replaces the content by the dictionaries in `array`; other elements are left out. A
+    /// dictionary without a text under the identifier key is kept, but find() never returns it.
     void load(const PropertyList &array);
 
-    /// The entry of that identifier, the last where a file holds several; none without one. Valid
-    /// until the set changes.
+    /// The entry with that identifier, or the last one if several were loaded; null if there is
+    /// none. Valid until the set changes.
     const PropertyList *find(const QString &identifier) const;
 
-    /// Adds `entry` in the place of those that had its identifier.
+    /// Removes all entries with `identifier` and adds `entry`, which has that identifier.
     void replace(const QString &identifier, PropertyList entry);
+
+    /// Removes all entries with `identifier`.
     void remove(const QString &identifier);
 
+    /// All entries sorted by identifier, then those without an identifier.
     PropertyList::Array elements() const;
 
 private:

@@ -10,8 +10,8 @@
 
 namespace lyrabox {
 
-/// One equalizer preset. A copy of the record shares its levels with the original: an edit of
-/// either is seen by both. Assign a new vector to part them.
+/// One equalizer preset. A copy shares the levels with the original, so a change of one changes
+/// both. To separate them, assign a new vector.
 struct EqPreset {
     static constexpr int bands = 10;
 
@@ -19,8 +19,8 @@ struct EqPreset {
     QString name;
     std::shared_ptr<std::vector<float>>
         levels;                        ///< dB, lowest band first; never null, `bands` entries
-    std::optional<QString> persistent; ///< present on presets that ship with the application
-    PropertyList::Dictionary others;   ///< what the file holds under keys not known here
+    std::optional<QString> persistent; ///< set for presets that ship with the program
+    PropertyList::Dictionary others;   ///< members of the file whose keys are unknown
 };
 
 using EqPresetRef = std::shared_ptr<EqPreset>;

@@ -14,7 +14,7 @@
 
 #include <cmath>
 
-/// Outside every namespace, as the macro requires.
+/// The macro requires a function outside every namespace.
 static void initShippedFiles()
 {
     Q_INIT_RESOURCE(settings);
@@ -37,8 +37,8 @@ PropertyList shipped(const QString &name)
     return readPropertyList(u":/settings/"_s + name).value_or(PropertyList());
 }
 
-/// The shipped folders are named relative to the folder of resources that were installed beside the
-/// program.
+/// The paths of the shipped folders. In the file they are relative to the folder of resources that
+/// is installed with the program.
 QStringList shippedFolders()
 {
     const QDir resources(files::sharedResourceDirectory());
@@ -55,7 +55,7 @@ struct LB_SettingsController::Private {
     SortDescriptor defaultSort{u"order"_s, true};
     EntrySet settingSet{u"inode"_s};
     EntrySet sortSet{u"id"_s};
-    PropertyList::Dictionary otherSettings; ///< at the root, under keys not known here
+    PropertyList::Dictionary otherSettings; ///< members of the root whose keys are unknown
     std::shared_ptr<EqPresetList> eqPresetArray = std::make_shared<EqPresetList>();
     QStringList folderDataArray;
 
@@ -80,7 +80,8 @@ std::optional<QUrl> LB_SettingsController::applicationSupportDirectory()
         qWarning("Unable to access Application Support Directory");
         return std::nullopt;
     }
-    d->appSupportURL = folder.url; // known from now on, whether it can be made or not
+    d->appSupportURL =
+        folder.url; // later calls return it even if it cannot be made; see docs/kept-on-purpose.md
     if (folder.error) {
         qWarning("Unable to access Application Support Directory (%s)",
                  folder.error.message().c_str());
@@ -185,7 +186,7 @@ void LB_SettingsController::setFolderDataArray(const QStringList &paths)
 void LB_SettingsController::appWillTerminate()
 {
     if (!d->isSetUp)
-        return; // nothing was read, so nothing here may replace what the files hold
+        return; // nothing was read, so the files must stay as they are
     PropertyList::Dictionary user{{sortsKey, d->sortSet.elements()},
                                   {songSettingsKey, d->settingSet.elements()}};
     user.insert(user.end(), d->otherSettings.begin(), d->otherSettings.end());

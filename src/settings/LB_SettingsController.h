@@ -11,10 +11,10 @@
 #include <memory>
 #include <optional>
 
-/// Keeps what the program remembers between runs: speed and pitch per song, the sort of each list,
-/// the equalizer presets and the folder list. Everything is read once by setup() and written once
-/// when the application-will-terminate notification arrives. Main thread only; failures are logged,
-/// never shown.
+/// Stores what the program remembers between runs: speed and pitch of each song, the sort of each
+/// list, the equalizer presets and the list of folders. setup() reads everything once. The
+/// notification applicationWillTerminate writes everything once. Errors are logged and never shown.
+/// Main thread only.
 class LB_SettingsController : public QObject {
     Q_OBJECT
 
@@ -22,36 +22,44 @@ public:
     explicit LB_SettingsController(QObject *parent = nullptr);
     ~LB_SettingsController() override;
 
-    /// Reads the three files, falling back to the shipped presets and folders. Once, at start-up.
+    /// Reads the three files. Shipped presets and folders replace those of files that cannot be
+    /// read. Called once, at the start.
     void setup();
 
-    /// The settings folder, made when it is missing; none when that fails.
+    /// The settings folder, which is created if it is missing. None if that fails the first time;
+    /// later calls return its path without another attempt.
     std::optional<QUrl> applicationSupportDirectory();
 
     bool hasSettingsForInode(const QString &inode) const;
 
-    /// The stored pair, or {100.0, 0.0}.
+    /// The stored values, or {100.0, 0.0} if there are none.
     lyrabox::SongValues valuesForInode(const QString &inode) const;
 
-    /// Stores the pair, or forgets the song when it is {100.0, 0.0}. Returns whether a pair is
-    /// stored now. Posts LBSongSettingsChanged in every case.
+    /// Stores the values, or removes those of the song if they are {100.0, 0.0}. A value that is
+    /// not finite counts as its default. Returns whether values are stored now. Always posts
+    /// songSettingsChanged.
     bool setValuesForInode(lyrabox::SongValues values, const QString &inode);
 
-    /// The stored sort, or "order" ascending.
+    /// The stored sort, or "order" ascending if there is none.
     lyrabox::SortDescriptor sortDescriptorForListID(const QString &listID) const;
 
-    /// Stores a list's sort; "order" ascending is forgotten instead. No list, no change.
+    /// Stores the sort of a list, or removes it if it is "order" ascending. Does nothing without a
+    /// list.
     void setSortDescriptorForListID(const lyrabox::SortDescriptor &descriptor,
                                     const std::optional<QString> &listID);
 
-    /// The one preset list: whoever holds it edits what is written at the end.
+    /// The list of presets, never null. It is shared: changes that its holders make are written at
+    /// the end.
     std::shared_ptr<lyrabox::EqPresetList> eqPresetArray() const;
+    /// Replaces the list; null makes it empty.
     void setEqPresetArray(std::shared_ptr<lyrabox::EqPresetList> presets);
 
+    /// The absolute paths of the folders in the source list, in its order.
     QStringList folderDataArray() const;
     void setFolderDataArray(const QStringList &paths);
 
-    /// Writes the three files, each whole or not at all.
+    /// Writes the three files, each as a whole or not at all. Does nothing before setup().
+    /// Nothing is written earlier; docs/kept-on-purpose.md says why.
     void appWillTerminate();
 
 private:

@@ -60,8 +60,8 @@ void SettingsFile::write(const std::optional<QUrl> &folder, const PropertyList &
         qWarning("Unable to write settings file %s", qUtf8Printable(path));
 }
 
-/// Gives the file a second name where the file system can, so that there is no moment without it;
-/// else a new one.
+/// Gives the file a second name, so that the first never disappears. If the file system cannot do
+/// that, the file is renamed.
 bool SettingsFile::keepUnreadable(const QString &path)
 {
     for (int number = 1; number < 10000; ++number) {

@@ -10,20 +10,20 @@
 
 namespace lyrabox {
 
-/// One of the files in the settings folder. Remembers that it was there and could not be read, so
-/// that what it held outlives the writing.
+/// One of the files in the settings folder. If the file exists but cannot be read, write() keeps it
+/// under another name, so that no settings are lost. Main thread only.
 class SettingsFile {
 public:
     explicit SettingsFile(QString name);
 
-    /// The file's content; none without a folder, when the file is missing, cannot be read or
-    /// parsed, or its root is not the `expected` one.
+    /// The content of the file. None if there is no folder, if the file is missing or cannot be
+    /// read or parsed, or if `expected` returns false for its content.
     std::optional<PropertyList> read(const std::optional<QUrl> &folder,
                                      const std::function<bool(const PropertyList &)> &expected);
 
-    /// Replaces the file, whole or not at all. One that could not be read is first kept as
-    /// "NAME.unreadable-N", with the first N from 1 that is free, and is left alone when that
-    /// fails. Failures are logged. Without a folder, nothing.
+    /// Replaces the file as a whole or not at all. A file that read() could not read is first kept
+    /// as "NAME.unreadable-N", with the first free N from 1; if that fails, nothing is written.
+    /// Errors are logged. Does nothing without a folder.
     void write(const std::optional<QUrl> &folder, const PropertyList &value);
 
 private:

@@ -7,37 +7,39 @@
 
 #include <QStringList>
 
-/// How the records of the settings files become values and values become records. No record is too
-/// odd to be read: what it lacks, or has of a wrong type, is filled in.
+/// Converts between the records of the settings files and values. Every record can be read: a
+/// default takes the place of a member that is missing or has a wrong type.
 namespace lyrabox {
 
-/// Furthest a band level may lie from 0, in dB; what a file holds beyond it is brought back.
+/// The limit of a band level in dB, up and down. Levels in a file beyond it are reduced to it.
 inline constexpr float eqLevelLimit = 12.0F;
 
-/// The members of a dictionary under other keys than the `known` ones, in its order; none for what
-/// is no dictionary.
+/// The members of a dictionary whose keys are not among the `known` ones, in its order. Empty if
+/// `dictionary` is not a dictionary.
 PropertyList::Dictionary otherMembers(const PropertyList &dictionary, const QStringList &known);
 
-/// The speed and pitch of a song-settings entry; the default for one that is no finite number.
+/// The speed and pitch of a song-settings entry, each its default if it is not a finite number.
 SongValues songValues(const PropertyList &entry);
 PropertyList songEntry(SongValues values, const QString &inode);
 
-/// The sort of a sort entry: `fallback` when it names no key, ascending when it names no direction.
+/// The sort of a sort entry: `fallback` if it has no key, ascending if it has no direction.
 SortDescriptor sortDescriptor(const PropertyList &entry, const SortDescriptor &fallback);
 PropertyList sortEntry(const SortDescriptor &descriptor, const QString &listID);
 
-/// The presets of an array of preset dictionaries, in its order. Elements that are no dictionaries
-/// are left out. A preset without a usable "id" (an integer from 0 to 2^31 - 1) gets the largest id
-/// present plus 1. Levels are ten finite numbers within the limit: missing and malformed ones are
-/// 0, surplus ones are dropped. What a preset holds under unknown keys stays with it.
+/// The presets in an array of preset dictionaries, in its order. Other elements are left out. A
+/// preset without a usable "id" (an integer from 0 to 2^31 - 1) gets the largest id in the array
+/// plus 1. A preset has ten levels, which are finite and within eqLevelLimit: missing and malformed
+/// levels become 0, surplus ones are dropped. Members with unknown keys are kept in
+/// EqPreset::others.
 EqPresetList eqPresets(const PropertyList &array);
 PropertyList eqPresetEntries(const EqPresetList &presets);
 
-/// Makes sure that `presets` has the manual preset (id 0) and that it cannot be removed, with what
-/// `shipped` has to give: a missing one is added at the front.
+/// Makes sure that `presets` has the manual preset (id 0) and that the user cannot remove it. A
+/// missing one is taken from `shipped` and added at the front; one that lacks EqPreset::persistent
+/// gets that of the shipped one. Does nothing if `shipped` has no manual preset.
 void ensureManualPreset(EqPresetList &presets, const EqPresetList &shipped);
 
-/// The texts of an array, empty ones and other types left out.
+/// The texts in an array, without empty ones and elements of other types.
 QStringList strings(const PropertyList &array);
 
 } // namespace lyrabox

@@ -2,7 +2,7 @@
 
 namespace lyrabox {
 
-/// Speed and pitch of one song.
+/// The speed and pitch stored for one song.
 struct SongValues {
     float speed = 100.0F; ///< percent of the recorded tempo
     float pitch = 0.0F;   ///< cents

@@ -4,7 +4,7 @@
 
 namespace lyrabox {
 
-/// How a list is sorted: by which key of the track record, in which direction.
+/// How a list is sorted: the key of the track record, and the direction.
 struct SortDescriptor {
     QString key;
     bool ascending = true;

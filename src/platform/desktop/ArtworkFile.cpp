@@ -39,7 +39,7 @@ ArtworkFile::ArtworkFile(QString folder) : m_folder(std::move(folder))
 ArtworkFile::~ArtworkFile()
 {
     remove();
-    QDir().rmdir(m_folder); // fails while another process has a picture in it
+    QDir().rmdir(m_folder); // fails if another process has a picture there
 }
 
 void ArtworkFile::setImage(const QImage &image)

@@ -6,24 +6,25 @@
 
 namespace lyrabox {
 
-/// The artwork of the song as a file that other programs can read: small, whole at any time, under
-/// a new name for every picture (clients remember pictures by name), and gone with the song.
-/// What a process that did not end well has left behind is removed by the next. Main thread.
+/// Writes the artwork of the song to a small file that other programs can read. The file is
+/// complete at any time. Every picture gets a new name, because clients cache pictures by name. The
+/// file is removed with the picture or this object. Files of a process that crashed are removed by
+/// the next one. Main thread only.
 class ArtworkFile {
 public:
-    /// `folder` is made when there is something to write.
+    /// `folder` is created when the first picture is written.
     explicit ArtworkFile(QString folder);
     ~ArtworkFile();
     ArtworkFile(const ArtworkFile &) = delete;
     ArtworkFile &operator=(const ArtworkFile &) = delete;
 
-    /// Replaces the picture; none for a null image or where the file can't be written.
+    /// Replaces the picture. With a null image, or if the file can't be written, there is none.
     void setImage(const QImage &image);
 
-    /// The present picture's file; empty without one.
+    /// The file of the current picture; empty without one.
     QUrl url() const { return m_path.isEmpty() ? QUrl() : QUrl::fromLocalFile(m_path); }
 
-    /// The longest side of the picture, in pixels.
+    /// Larger pictures are scaled so that their longest side has this many pixels.
     static constexpr int maximumSide = 512;
 
 private:
@@ -35,7 +36,7 @@ private:
     quint64 m_number = 0;
 };
 
-/// The user's runtime folder for pictures, or the cache where there is none.
+/// The folder for the file: in the user's runtime folder, or in the cache if there is none.
 QString artworkFolder();
 
 } // namespace lyrabox

@@ -6,11 +6,11 @@
 
 namespace lyrabox {
 
-/// What the desktop is told of the player, whole. Times are microseconds of the song, whatever the
-/// speed.
+/// The state of the player as the desktop sees it. Times are microseconds of the song, independent
+/// of the speed.
 struct MediaPlayerState {
     enum class Playback { Stopped, Paused, Playing };
-    /// Song: it does not go on to the next one.
+    /// Song: the player repeats within the song and does not go on to the next one.
     enum class Loop { None, Song };
 
     Playback playback = Playback::Stopped;
@@ -26,9 +26,9 @@ struct MediaPlayerState {
     bool canPause = false;
     bool canSeek = false;
 
-    // The song; `songNumber` 0: none.
-    quint64 songNumber = 0; ///< another one for every song loaded, the same song again included
-    qint64 length = 0;
+    // The song.
+    quint64 songNumber = 0; ///< new for every load, even of the same song; 0 without a song
+    qint64 length = 0;      ///< microseconds
     QString title;
     QStringList artists;
     QString album;
@@ -38,8 +38,8 @@ struct MediaPlayerState {
     bool operator==(const MediaPlayerState &) const = default;
 };
 
-/// What the desktop asks of the player. Main thread; every call comes out of the event loop. A
-/// command that makes no sense at the moment does nothing.
+/// The commands that the desktop gives to the player. They are called on the main thread by the
+/// event loop. A command that makes no sense in the current state does nothing.
 class MediaPlayerCommands {
 public:
     MediaPlayerCommands() = default;
@@ -55,18 +55,18 @@ public:
     virtual void stop() = 0;
     virtual void next() = 0;
     virtual void previous() = 0;
-    /// To a position of the song, 0 to its length; microseconds.
+    /// `position` is in microseconds, from 0 to the length of the song.
     virtual void seekTo(qint64 position) = 0;
-    /// Finite, within the state's limits.
+    /// `rate` is finite and within the limits of the state; 1.0 is normal speed.
     virtual void setRate(double rate) = 0;
-    /// 0 to 1.
+    /// `volume` is linear, from 0 to 1.
     virtual void setVolume(double volume) = 0;
     virtual void setShuffle(bool shuffle) = 0;
     virtual void clearLoop() = 0;
-    /// A local file or folder.
+    /// `file` is a local file or folder.
     virtual void open(const QUrl &file) = 0;
 
-    /// Where the song is now, microseconds; 0 without one.
+    /// The current position in the song in microseconds; 0 without a song.
     virtual qint64 position() const = 0;
 };
 

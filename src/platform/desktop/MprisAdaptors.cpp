@@ -61,11 +61,11 @@ QString MprisPlayerAdaptor::loopStatus() const
 
 void MprisPlayerAdaptor::setLoopStatus(const QString &status)
 {
-    // A loop has a start and an end, which only the user can set.
+    // Only the user can set the start and the end of a loop, so clients can only clear it.
     if (status == u"None"_s)
         m_service->commands().clearLoop();
     else
-        m_service->tellAgain(u"LoopStatus"_s);
+        m_service->resendProperty(u"LoopStatus"_s);
 }
 
 double MprisPlayerAdaptor::rate() const
@@ -77,7 +77,7 @@ void MprisPlayerAdaptor::setRate(double rate)
 {
     if (!std::isfinite(rate))
         return;
-    if (rate == 0.0) { // MPRIS: a rate of 0 pauses
+    if (rate == 0.0) { // MPRIS demands that a rate of 0 pauses
         m_service->commands().pause();
         return;
     }
@@ -194,7 +194,7 @@ void MprisPlayerAdaptor::Seek(qlonglong Offset)
 
 void MprisPlayerAdaptor::SetPosition(const QDBusObjectPath &TrackId, qlonglong Position)
 {
-    // Meant for a song that may be gone by now.
+    // The client may mean a song that is gone by now.
     if (canSeek() && TrackId == mprisTrackPath(m_service->state().songNumber) && Position >= 0 &&
         Position <= m_service->state().length)
         m_service->commands().seekTo(Position);

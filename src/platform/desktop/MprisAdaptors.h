@@ -9,8 +9,8 @@ namespace lyrabox {
 
 class MprisService;
 
-/// The interface of the program itself as the bus calls it. Names and types are those of MPRIS 2.2;
-/// what they answer comes from the service, which owns this. Main thread.
+/// The D-Bus interface of the program itself. Names and types are those of MPRIS 2.2, and the
+/// answers come from the service, which owns this object. Main thread only.
 class MprisRootAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2")
@@ -40,7 +40,8 @@ private:
     MprisService *m_service;
 };
 
-/// The interface of the transport, likewise. Times are microseconds of song time.
+/// The D-Bus interface of the transport, likewise owned by the service. Times are microseconds of
+/// the song. Main thread only.
 class MprisPlayerAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
@@ -95,7 +96,7 @@ public Q_SLOTS:
     void OpenUri(const QString &Uri);
 
 Q_SIGNALS:
-    /// Declared for introspection; the service sends it.
+    /// Declared for introspection only; the service sends the signal.
     void Seeked(qlonglong Position);
 
 private:

@@ -89,7 +89,7 @@ MprisService::MprisService(const QDBusConnection &bus, MediaPlayerCommands &comm
 {
     new MprisRootAdaptor(this);
     new MprisPlayerAdaptor(this);
-    // The object first: whoever sees the name finds it.
+    // The object comes before the name, so that clients that see the name find the object.
     if (m_bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors))
         requestName(serviceName);
 }
@@ -117,7 +117,7 @@ void MprisService::requestName(const QString &name)
             [this, name](QDBusPendingCallWatcher *call) {
                 call->deleteLater();
                 const QDBusPendingReply<uint> reply = *call;
-                // A player with another settings folder may have it.
+                // Another player with a settings folder of its own may have the name.
                 if (!reply.isError() && reply.value() == exists && name == serviceName)
                     requestName(serviceName +
                                 u".instance%1"_s.arg(QCoreApplication::applicationPid()));
@@ -131,7 +131,7 @@ void MprisService::setState(const MediaPlayerState &state)
     const MediaPlayerState old = std::exchange(m_state, state);
     const QVariantMap before = mprisProperties(old);
     const QVariantMap now = mprisProperties(m_state);
-    // Variants that hold D-Bus types do not compare, so the song is compared by its fields.
+    // Variants with D-Bus types cannot be compared, so the fields of the song are.
     QVariantMap changed;
     for (auto property = now.begin(); property != now.end(); ++property) {
         if (property.key() != u"Metadata"_s && before.value(property.key()) != property.value())
@@ -139,10 +139,10 @@ void MprisService::setState(const MediaPlayerState &state)
     }
     if (!tellSameSong(old, m_state))
         changed.insert(u"Metadata"_s, now.value(u"Metadata"_s));
-    tellChanged(changed);
+    sendChanges(changed);
 }
 
-void MprisService::tellChanged(const QVariantMap &changed)
+void MprisService::sendChanges(const QVariantMap &changed)
 {
     if (changed.isEmpty())
         return;
@@ -152,9 +152,9 @@ void MprisService::tellChanged(const QVariantMap &changed)
     m_bus.send(signal);
 }
 
-void MprisService::tellAgain(const QString &property)
+void MprisService::resendProperty(const QString &property)
 {
-    tellChanged({{property, mprisProperties(m_state).value(property)}});
+    sendChanges({{property, mprisProperties(m_state).value(property)}});
 }
 
 void MprisService::tellSeeked()

@@ -10,35 +10,37 @@
 
 namespace lyrabox {
 
-/// The player as media keys, desktop shells and `playerctl` see it: the interfaces
-/// org.mpris.MediaPlayer2 and org.mpris.MediaPlayer2.Player on the session bus, under
-/// "org.mpris.MediaPlayer2.lyrabox", or with ".instance<process id>" where that name is taken. No
-/// call waits for the bus; without one nothing happens. Main thread.
+/// Offers the player on the session bus to media keys, desktop shells and `playerctl`. It
+/// implements the interfaces org.mpris.MediaPlayer2 and org.mpris.MediaPlayer2.Player of the
+/// MPRIS 2.2 specification, under the name "org.mpris.MediaPlayer2.lyrabox"; if that is taken,
+/// ".instance<process id>" is appended. No call waits for the bus; without a bus nothing happens.
+/// Main thread only.
 class MprisService : public QObject {
     Q_OBJECT
 
 public:
-    /// `commands` outlives the service. `mimeTypes` are the kinds of files that can be opened.
+    /// `commands` must outlive the service. `mimeTypes` are the types of files that the player
+    /// opens.
     MprisService(const QDBusConnection &bus, MediaPlayerCommands &commands,
                  QStringList mimeTypes = {});
     ~MprisService() override;
 
-    /// Tells the clients what has changed, in one signal.
+    /// Stores the state and sends the changes to the clients in one signal.
     void setState(const MediaPlayerState &state);
     const MediaPlayerState &state() const { return m_state; }
 
-    /// Tells them that the position has jumped to where it is now.
+    /// Tells the clients that the position has jumped to its current value.
     void tellSeeked();
 
-    // For the adaptors.
-    /// For a client that has set a property to what it cannot become.
-    void tellAgain(const QString &property);
+    // The following serves the adaptors.
+    /// Sends the value of `property` again, after a client has set one that is not accepted.
+    void resendProperty(const QString &property);
     MediaPlayerCommands &commands() { return m_commands; }
     const QStringList &mimeTypes() const { return m_mimeTypes; }
 
 private:
     void requestName(const QString &name);
-    void tellChanged(const QVariantMap &changed);
+    void sendChanges(const QVariantMap &changed);
 
     QDBusConnection m_bus;
     MediaPlayerCommands &m_commands;
@@ -46,13 +48,13 @@ private:
     MediaPlayerState m_state;
 };
 
-/// The values of the state under the names that clients know; without the position.
+/// The state as MPRIS properties by name. The position is not among them.
 QVariantMap mprisProperties(const MediaPlayerState &state);
 
-/// The "Metadata" of the state.
+/// The MPRIS property "Metadata" of the state.
 QVariantMap mprisMetadata(const MediaPlayerState &state);
 
-/// How a song is called on the bus.
+/// The object path that identifies a song on the bus; see MediaPlayerState::songNumber.
 QDBusObjectPath mprisTrackPath(quint64 songNumber);
 
 } // namespace lyrabox

@@ -18,7 +18,7 @@ namespace lyrabox {
 namespace {
 const QString connectionName = u"lyrabox-desktop"_s;
 
-/// The socket that an address names; none where it is of another kind or unclear.
+/// The local socket in a bus address; none if the address has another kind or is malformed.
 std::optional<sockaddr_un> socketOf(const QByteArray &address)
 {
     const QByteArray prefix = "unix:path=";
@@ -41,7 +41,7 @@ bool busAnswers(const QByteArray &address, std::chrono::milliseconds patience)
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (socket < 0)
         return false;
-    // The name of the process's user, as every conversation with a bus begins.
+    // Every conversation with a bus begins with the id of the user.
     const QByteArray greeting =
         QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(::getuid()).toHex() + "\r\n";
     const auto *const target = reinterpret_cast<const sockaddr *>(&*place);

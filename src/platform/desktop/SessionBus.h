@@ -8,15 +8,17 @@
 
 namespace lyrabox {
 
-/// Whether the message bus at `address`, as DBUS_SESSION_BUS_ADDRESS has it, begins to talk within
-/// `patience`. The toolkit itself waits for the session bus when the program starts, for half a
-/// minute at worst; a bus that fails here is better not named to it. An address of another kind
-/// than a local socket counts as one that answers.
+/// Whether the message bus at `address` begins to answer within `patience`. `address` has the form
+/// of DBUS_SESSION_BUS_ADDRESS; if it is not a local socket, the bus counts as one that answers.
+/// Blocks for `patience` at most.
+///
+/// At its start the toolkit waits up to half a minute for the session bus. So a bus that does not
+/// answer should be hidden from the toolkit.
 bool busAnswers(const QByteArray &address, std::chrono::milliseconds patience);
 
-/// Connects to the desktop's session bus on a thread of its own, since a bus that does not answer
-/// holds up whoever asks, and calls `ready` on the thread of `context` once it is there. Never
-/// called without a bus, nor after `context` is gone.
+/// Connects to the desktop's session bus on a thread of its own, because a bus that does not answer
+/// blocks its caller. Then calls `ready` on the thread of `context`. If there is no bus, or if
+/// `context` has been destroyed, `ready` is not called. Does not block.
 void connectToSessionBus(QObject *context, std::function<void(const QDBusConnection &bus)> ready);
 
 } // namespace lyrabox

@@ -8,27 +8,27 @@ class QDBusPendingCall;
 
 namespace lyrabox {
 
-/// Keeps the desktop from sleeping and its screen from going dark while it is wanted: through the
-/// desktop portal, or where there is none or it refuses, through org.freedesktop.ScreenSaver. No
-/// call waits for an answer; what cannot be had is done without. When the service that keeps the
-/// promise goes away, it is asked for anew. Main thread.
+/// While wanted, keeps the desktop from sleeping and its screen from going dark. It asks the
+/// desktop portal; if there is none or it refuses, it asks org.freedesktop.ScreenSaver. If both
+/// fail, nothing is inhibited. If the service that inhibits goes away, the request is made again.
+/// No call waits for an answer. Main thread only.
 class SleepInhibitor : public QObject {
     Q_OBJECT
 
 public:
-    /// `application` is the program's name, `reason` what a user reads who asks why.
+    /// The desktop may show both texts: the program's name, and why it inhibits sleep.
     SleepInhibitor(const QDBusConnection &bus, QString application, QString reason);
-    /// Gives back what is held.
+    /// Ends the inhibition.
     ~SleepInhibitor() override;
 
     void setWanted(bool wanted);
-    bool isWanted() const { return m_wanted; }
 
-    /// Who keeps the desktop awake now.
+    /// Which service keeps the desktop awake now.
     enum class Holder { Nobody, Portal, ScreenSaver };
     Holder holder() const { return m_holder; }
 
-    /// How long the portal may take before the screen saver is asked; milliseconds.
+    /// How many milliseconds the portal has to answer before the screen saver is asked; 10,000 by
+    /// default.
     void setPatience(int milliseconds) { m_patience = milliseconds; }
 
 private Q_SLOTS:
@@ -51,8 +51,8 @@ private:
     bool m_wanted = false;
     Holder m_holder = Holder::Nobody;
     bool m_asking = false;
-    quint64 m_round = 0; ///< answers to earlier rounds are late
-    QString m_request;   ///< the portal's object for the present round
+    quint64 m_round = 0; ///< tells answers to earlier requests apart
+    QString m_request;   ///< the portal's object for the current request
     uint m_cookie = 0;
 };
 

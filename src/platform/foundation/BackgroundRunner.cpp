@@ -15,15 +15,15 @@ namespace {
 
 constexpr int lowNiceness = 10;
 
-/// Linux gives every thread a niceness of its own. A program that is nicer already stays so: asking
-/// for less fails, which harms nothing.
+/// On Linux every thread has a niceness of its own. If the program is nicer already, the call fails
+/// and the thread stays as nice as the program.
 void lowerPriorityOfThisThread()
 {
     setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), lowNiceness);
 }
 
-/// Takes the entry of `job` out of a queue, so that the caller can destroy it without the mutex:
-/// what it holds may do anything in its destructor.
+/// Removes the entry of `job` from a queue and returns it. The caller destroys it after unlocking
+/// the mutex, because the destructor of a job's functions may do anything.
 template <typename Queue>
 std::optional<typename Queue::value_type> taken(Queue &queue, BackgroundRunner::Job job)
 {
@@ -41,7 +41,7 @@ std::optional<typename Queue::value_type> taken(Queue &queue, BackgroundRunner::
 BackgroundRunner::BackgroundRunner(Priority priority, QObject *parent)
     : QObject(parent), m_priority(priority)
 {
-    // A signal carries nothing but itself between the threads; the results cross under the mutex.
+    // The signal carries no data. Results cross between the threads under the mutex.
     connect(this, &BackgroundRunner::resultReady, this, &BackgroundRunner::deliverNext,
             Qt::QueuedConnection);
 }
@@ -81,8 +81,8 @@ void BackgroundRunner::cancel(Job job)
     stop.request_stop();
 }
 
-/// From now on nothing of the current job is delivered. The caller requests the stop without the
-/// mutex: a stop calls what the job has registered for it.
+/// Makes sure that nothing of the current job is delivered. The caller unlocks the mutex before it
+/// requests the stop, because a stop calls the job's own stop callbacks.
 std::stop_source BackgroundRunner::stopCurrent()
 {
     m_currentIsWanted = false;
@@ -120,12 +120,12 @@ void BackgroundRunner::serve()
     while (auto next = beginNext()) {
         const auto &[task, stop] = *next;
         Delivery delivery = task(stop);
-        next.reset(); // nobody is told of the end of work that still holds something
+        next.reset(); // destroys the work before its end is reported
         end(std::move(delivery));
     }
 }
 
-/// Waits for a job and makes it the current one; none when the runner goes.
+/// Waits for a job and makes it the current one. None if the runner is being destroyed.
 std::optional<std::pair<BackgroundRunner::Task, std::stop_token>> BackgroundRunner::beginNext()
 {
     std::unique_lock lock(m_mutex);
@@ -140,7 +140,7 @@ std::optional<std::pair<BackgroundRunner::Task, std::stop_token>> BackgroundRunn
     return std::pair(std::move(task), m_currentStop.get_token());
 }
 
-/// The current job's work has ended.
+/// Ends the current job and queues its delivery, if it has one.
 void BackgroundRunner::end(Delivery delivery)
 {
     const std::lock_guard lock(m_mutex);

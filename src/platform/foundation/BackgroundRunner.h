@@ -30,8 +30,8 @@ class BackgroundRunner : public QObject {
 public:
     /// How the thread competes for processor time.
     enum class Priority {
-        Low,   ///< steps back for the rest of the program (nice 10); threads that it starts, too
-        Normal ///< like the thread that gave the first job
+        Low,   ///< nice 10, so that the rest of the program comes first; inherited by its threads
+        Normal ///< same as the thread that gave the first job
     };
 
     /// Names one job of one runner.
@@ -39,8 +39,8 @@ public:
 
     explicit BackgroundRunner(Priority priority = Priority::Low, QObject *parent = nullptr);
 
-    /// Cancels all jobs and waits until the one that runs has ended. So a long job should look at
-    /// its stop token often. Nothing is delivered any more.
+    /// Cancels all jobs and waits for the end of the one that runs, so a long job should check its
+    /// stop token often. Nothing is delivered any more.
     ~BackgroundRunner() override;
 
     /// Gives the runner a job. `work` is called as work(const std::stop_token &) on the background
@@ -82,16 +82,16 @@ public:
         });
     }
 
-    /// Ends interest in a job. If it has not begun, it never will. If it runs, its stop token says
-    /// so; this call does not wait for its end. After a call on the owner's thread nothing of the
-    /// job is delivered. A job that is over is left alone.
+    /// Cancels a job. A job that has not begun never does. A job that runs sees it in its stop
+    /// token; this call does not wait for its end. After a call on the owner's thread nothing of
+    /// the job is delivered. Does nothing if the job is over.
     void cancel(Job job);
 
-    /// Cancels every job that was given so far.
+    /// Cancels every job given so far.
     void cancelAll();
 
-    /// Waits until the work of a job has ended or was cancelled before it began. Its result may
-    /// still be on the way through the event loop. A job must not wait for itself.
+    /// Waits until the work of a job has ended, or until it was cancelled before it began. The
+    /// result may still be on its way through the event loop. A job must not wait for itself.
     void wait(Job job);
 
 Q_SIGNALS:

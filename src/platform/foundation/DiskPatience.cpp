@@ -28,7 +28,7 @@ constexpr auto lookInterval = 50ms;
 constexpr std::chrono::milliseconds usualPatience = 2s;
 constexpr const char *mountTablePath = "/proc/self/mountinfo";
 
-/// A call on a thread that nobody joins; owned by both sides.
+/// A call on a detached thread. Both threads own it.
 struct Call {
     std::mutex mutex;
     std::condition_variable ended;
@@ -36,9 +36,9 @@ struct Call {
     bool isAbandoned = false;
 };
 
-/// As runAbandonable(); `onAbandoned` is called when the work is left behind, before it can end,
-/// and `onLateEnd` on the other thread when it then has ended.
-bool run(const std::function<void()> &work, const std::function<bool()> &goOn,
+/// Does what runAbandonable() says. In addition it calls `onAbandoned` when the work is abandoned,
+/// before the work can end, and `onLateEnd` on the other thread when abandoned work has ended.
+bool run(const std::function<void()> &work, const std::function<bool()> &shouldContinue,
          const std::function<void()> &onAbandoned, const std::function<void()> &onLateEnd)
 {
     const auto call = std::make_shared<Call>();
@@ -58,11 +58,11 @@ bool run(const std::function<void()> &work, const std::function<bool()> &goOn,
     std::unique_lock lock(call->mutex);
     while (!call->ended.wait_for(lock, lookInterval, [&] { return call->isDone; })) {
         lock.unlock();
-        const bool waitsOn = goOn();
+        const bool continues = shouldContinue();
         lock.lock();
         if (call->isDone)
             return true;
-        if (!waitsOn) {
+        if (!continues) {
             call->isAbandoned = true;
             onAbandoned();
             return false;
@@ -81,7 +81,7 @@ bool mayHang(const QString &fileSystem)
            std::find(types.begin(), types.end(), fileSystem) != types.end();
 }
 
-/// The kernel's table of mounts, read again when the kernel says that it has changed. Asked for
+/// The kernel's mount table, which is read again when the kernel reports a change. It is asked for
 /// every file of a list, so it copies nothing.
 class MountTable {
 public:
@@ -92,7 +92,7 @@ public:
             take(m_replacement());
         else
             readWhenChanged();
-        if (!m_hasSome)
+        if (!m_anyMayHang)
             return std::nullopt;
         const Mount *nearest = nullptr;
         for (const Mount &mount : m_mounts) {
@@ -142,18 +142,18 @@ private:
     void take(std::vector<Mount> mounts)
     {
         m_mounts = std::move(mounts);
-        m_hasSome = std::any_of(m_mounts.begin(), m_mounts.end(),
-                                [](const Mount &mount) { return mayHang(mount.fileSystem); });
+        m_anyMayHang = std::any_of(m_mounts.begin(), m_mounts.end(),
+                                   [](const Mount &mount) { return mayHang(mount.fileSystem); });
     }
 
     std::mutex m_mutex;
-    int m_descriptor = -1; ///< for the life of the process
+    int m_descriptor = -1; ///< stays open as long as the process lives
     std::vector<Mount> m_mounts;
-    bool m_hasSome = false; ///< a mount that may hang
+    bool m_anyMayHang = false; ///< whether any mount may hang
     std::function<std::vector<Mount>()> m_replacement;
 };
 
-/// Never destroyed, like the disks.
+/// Never destroyed, for the same reason as disks().
 MountTable &mountTable()
 {
     static auto *const table = new MountTable;
@@ -161,8 +161,8 @@ MountTable &mountTable()
 }
 
 struct Disk {
-    int openQuestions = 0;                ///< those that nobody waits for any more
-    std::chrono::milliseconds patience{}; ///< where it is more than for every disk
+    int openQuestions = 0;                ///< abandoned questions without an answer yet
+    std::chrono::milliseconds patience{}; ///< used if longer than the general patience
 };
 
 struct Disks {
@@ -172,7 +172,7 @@ struct Disks {
     std::function<void()> onSilenceEnd;
 };
 
-/// Never destroyed: a thread that was left behind may come back at any time.
+/// Never destroyed, because an abandoned thread may use it at any time.
 Disks &disks()
 {
     static auto *const all = new Disks;
@@ -195,10 +195,10 @@ void endSilence(const QString &mount, std::chrono::milliseconds took)
 
 } // namespace
 
-bool runAbandonable(const std::function<void()> &work, const std::function<bool()> &goOn)
+bool runAbandonable(const std::function<void()> &work, const std::function<bool()> &shouldContinue)
 {
     return run(
-        work, goOn, [] {}, [] {});
+        work, shouldContinue, [] {}, [] {});
 }
 
 std::optional<QString> mountThatMayHang(const QString &path)

@@ -17,10 +17,10 @@
 namespace lyrabox::files {
 
 /// Calls `work` on a new thread and waits for its end; then returns true. Every 50 ms it calls
-/// `goOn` on the calling thread. If that returns false, the wait ends with false, and the thread is
-/// abandoned together with what `work` holds. So `work` must own everything it uses. If the system
-/// has no thread to give, `work` is called on the calling thread.
-bool runAbandonable(const std::function<void()> &work, const std::function<bool()> &goOn);
+/// `shouldContinue` on the calling thread. If that returns false, the wait ends with false, and the
+/// thread is abandoned together with what `work` holds. So `work` must own everything it uses. If
+/// the system has no thread to give, `work` is called on the calling thread.
+bool runAbandonable(const std::function<void()> &work, const std::function<bool()> &shouldContinue);
 
 /// The mount point of the file system that `path` lies on, if that file system may hang: a network
 /// file system, or one that a process serves. None for a local one. Asks only the kernel's mount

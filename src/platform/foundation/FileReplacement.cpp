@@ -31,8 +31,8 @@ bool writeAll(int file, const char *bytes, qint64 count)
     return true;
 }
 
-/// A file that is written once from start to end. Small writes are collected. Once a write has
-/// failed, all later ones fail, so that no gap can be overlooked.
+/// A file that is written once from start to end. Small writes are collected. After a write has
+/// failed, all later ones fail, so a writer cannot overlook a gap.
 class NewFile : public QIODevice {
 public:
     explicit NewFile(int file) : m_file(file)
@@ -42,7 +42,7 @@ public:
 
     bool isSequential() const override { return true; }
 
-    /// Writes what is collected; whether all that was given so far is written.
+    /// Writes the collected bytes. True if everything given so far has been written.
     bool finish()
     {
         m_hasFailed = m_hasFailed || !writeAll(m_file, m_collected.constData(), m_collected.size());
@@ -55,9 +55,9 @@ protected:
 
     qint64 writeData(const char *bytes, qint64 count) override
     {
-        if (m_collected.size() + count > mostCollected && !finish())
+        if (m_collected.size() + count > maxCollected && !finish())
             return -1;
-        if (count <= mostCollected)
+        if (count <= maxCollected)
             m_collected.append(bytes, count);
         else
             m_hasFailed = !writeAll(m_file, bytes, count);
@@ -65,7 +65,7 @@ protected:
     }
 
 private:
-    static constexpr qint64 mostCollected = 1 << 16;
+    static constexpr qint64 maxCollected = 1 << 16;
 
     int m_file;
     QByteArray m_collected;
@@ -86,7 +86,8 @@ bool writeNew(const QByteArray &path, const ContentWriter &write, const struct s
     return ::close(file) == 0 && isWhole;
 }
 
-/// So that the new name, too, survives a power failure. Not every file system can.
+/// Makes sure that the new name survives a power failure, too. Not every file system can do this,
+/// so errors are ignored.
 void flushFolder(const QString &path)
 {
     const int folder =

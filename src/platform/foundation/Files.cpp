@@ -29,7 +29,7 @@ std::function<bool(const QString &)> &readabilityProbe()
     return probe;
 }
 
-/// The system's form of a path; empty for a path that the system cannot have.
+/// A path as the system's functions take it; empty if it holds a null character.
 QByteArray nativePath(const QString &path)
 {
     return path.contains(QChar::Null) ? QByteArray() : QFile::encodeName(path);
@@ -44,8 +44,8 @@ bool isDirectoryEntry(int folder, const dirent &entry)
            S_ISDIR(attributes.st_mode);
 }
 
-/// An entry with what it is sorted by. Comparing the names themselves would take several times as
-/// long in a large folder.
+/// An entry with its sort key. In a large folder, comparing names without keys takes several times
+/// as long.
 struct ListedEntry {
     QCollatorSortKey key;
     QByteArray name;
@@ -58,10 +58,10 @@ bool comesBefore(const ListedEntry &a, const ListedEntry &b)
     return order != 0 ? order < 0 : a.name < b.name;
 }
 
-/// The folder that "bin" is in; the build tree for a program anywhere in it.
+/// The parent folder of "bin", or the build tree if the program lies anywhere in that.
 QString installationDirectory()
 {
-    // Not the toolkit's answer, which needs an application object.
+    // The toolkit's own function would need an application object.
     const QString program = QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path();
     const QString buildTree = QStringLiteral(LYRABOX_BUILD_TREE);
     if (program == buildTree || program.startsWith(buildTree + u'/'))
@@ -119,8 +119,8 @@ std::vector<Entry> shallowEntries(const QString &directory, EntryKinds kinds)
         const bool isDirectory = isDirectoryEntry(dirfd(folder.get()), *entry);
         if (kinds == EntryKinds::Directories && !isDirectory)
             continue;
-        // A name that is not valid UTF-8 does not survive this. The file is then not found under
-        // the decoded name, and stays out of lists.
+        // A name that is not valid UTF-8 changes here. The file is not found under the changed
+        // name, and so it stays out of lists.
         const QString name = QFile::decodeName(entry->d_name);
         listed.push_back({collator.sortKey(name), entry->d_name,
                           Entry{prefix + name, isDirectory, isDirectory && isPackageName(name)}});

@@ -17,7 +17,7 @@
 namespace lyrabox::files {
 namespace {
 
-/// What a folder is, whatever path leads to it.
+/// Identifies a folder, whatever path leads to it.
 struct Identity {
     dev_t device;
     ino_t inode;
@@ -32,7 +32,7 @@ std::optional<Identity> identityOf(const QString &path)
     return Identity{attributes.st_dev, attributes.st_ino};
 }
 
-/// Whether the folder holds the kernel's own data instead of somebody's files.
+/// Whether the folder belongs to a file system in which the kernel shows its own data.
 bool isKernels(const QString &path)
 {
     static constexpr std::array<unsigned long, 10> types = {
@@ -46,17 +46,18 @@ bool isKernels(const QString &path)
 
 } // namespace
 
-QStringList filesOfTree(const QString &directory, const std::function<bool(qint64 found)> &goOn)
+QStringList filesOfTree(const QString &directory,
+                        const std::function<bool(qint64 found)> &shouldContinue)
 {
     struct Waiting {
         QString path;
         std::size_t depth;
     };
     QStringList found;
-    std::vector<Identity> ancestors; // of the folder that is read, the outermost first
-    // A list instead of a recursion: a tree may be deeper than the stack.
+    std::vector<Identity> ancestors; // of the folder that is being read; the outermost first
+    // A recursion could overflow the stack in a very deep tree.
     std::vector<Waiting> waiting{{directory, 0}};
-    while (!waiting.empty() && goOn(found.size())) {
+    while (!waiting.empty() && shouldContinue(found.size())) {
         const Waiting folder = std::move(waiting.back());
         waiting.pop_back();
         ancestors.resize(folder.depth);

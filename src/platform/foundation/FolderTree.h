@@ -16,8 +16,9 @@ namespace lyrabox::files {
 /// file systems (/proc, /sys), because they have no end. A folder that cannot be read counts as
 /// empty.
 ///
-/// `goOn` is called before each folder with the number of files found so far. If it returns false,
-/// the walk ends and returns the files found until then. Any thread; blocks.
-QStringList filesOfTree(const QString &directory, const std::function<bool(qint64 found)> &goOn);
+/// `shouldContinue` is called before each folder with the number of files found so far. If it
+/// returns false, the walk ends and returns the files found until then. Any thread; blocks.
+QStringList filesOfTree(const QString &directory,
+                        const std::function<bool(qint64 found)> &shouldContinue);
 
 } // namespace lyrabox::files

@@ -13,14 +13,14 @@ namespace lyrabox {
 
 namespace {
 
-/// Whether the file ends before its table of sections, which is the last thing in it. The system's
-/// loader does not look, and would end the process when it touches what is not there.
+/// Whether the file ends before the end of its section table, which comes last in it. The system's
+/// loader does not check this, and the process would crash on the missing part.
 bool isCutOff(const QString &path)
 {
     QFile file(path);
     Elf64_Ehdr header{};
     if (!file.open(QIODevice::ReadOnly))
-        return false; // the loader tells why
+        return false; // the loader gives the reason
     if (file.read(reinterpret_cast<char *>(&header), sizeof header) != qint64(sizeof header))
         return true;
     if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != ELFCLASS64)

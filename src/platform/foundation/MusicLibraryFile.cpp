@@ -13,8 +13,8 @@ namespace {
 
 using Token = PropertyListReader::Token;
 
-// Each member of a record is taken by one function, whether the record comes from the stream or
-// from a tree; the first of two equal keys counts.
+// One function takes each member of a record, whether the record comes from the stream or from a
+// tree. If a key occurs twice, the first one counts.
 
 void take(std::optional<QString> &field, const PropertyList &value)
 {
@@ -28,7 +28,7 @@ void takeText(QString &field, const PropertyList &value)
         field = *text;
 }
 
-/// The field of `track` for a key, or null for a key that is not used.
+/// The field of `track` for a key; null if the key is not used.
 std::optional<QString> *textField(MusicTrack &track, std::string_view key)
 {
     if (key == "Name")
@@ -76,8 +76,8 @@ void takePlaylistMember(MusicPlaylist &playlist, std::string_view key, const Pro
         playlist.distinguishedKind = value.integer();
 }
 
-/// The text by which a playlist item names its track; null, which names none, for an identifier of
-/// another type.
+/// The identifier of a playlist item's track as text. A null string, which matches no track, if the
+/// identifier has an unexpected type.
 QString trackIdentifier(const PropertyList &value)
 {
     if (const QString *const text = value.string())
@@ -131,8 +131,9 @@ MusicLibraryRef libraryFrom(const PropertyList &root)
     return library;
 }
 
-/// Reads the library from a stream without keeping what it does not need. Each function reads what
-/// follows the beginning of its value up to its end and gives false for a malformed file.
+/// Reads the library from a stream and keeps only the parts it needs. Each function is called after
+/// the first token of its value, reads to the end of the value and returns false if the file is
+/// malformed.
 class LibraryStream {
 public:
     explicit LibraryStream(QIODevice &device) : m_reader(device) {}
@@ -160,7 +161,7 @@ public:
     }
 
 private:
-    /// Calls `readValue` with each key of a dictionary; it reads the value.
+    /// Calls `readValue` with each key of a dictionary; `readValue` then reads the value.
     template <typename ReadValue>
     bool forEachMember(ReadValue readValue)
     {
@@ -171,7 +172,7 @@ private:
         return true;
     }
 
-    /// Calls `readValue` with the first token of each dictionary in an array.
+    /// Calls `readDictionary` after the first token of each dictionary in an array.
     template <typename ReadDictionary>
     bool forEachDictionary(ReadDictionary readDictionary)
     {
@@ -182,8 +183,8 @@ private:
         return true;
     }
 
-    /// The next value where it is a scalar, null where it is none and was skipped; none when
-    /// malformed.
+    /// Reads the next value. The null value if it is not a scalar, which is then skipped. None if
+    /// it is malformed.
     std::optional<PropertyList> scalar()
     {
         const Token token = m_reader.next();
@@ -212,7 +213,7 @@ private:
         return forEachMember([&](std::string_view key) {
             if (!isTrackKey(key))
                 return m_reader.skipValue(m_reader.next());
-            m_key = key; // the text goes with the next token
+            m_key = key; // a copy, because the next token replaces the text
             const std::optional<PropertyList> value = scalar();
             if (value)
                 takeTrackMember(track, m_key, *value);

@@ -37,7 +37,7 @@ void NotificationCenter::post(const QString &name)
                                         [id](const Observer &o) { return o.id == id; });
         if (found == m_observers.end())
             continue;
-        const Handler handler = found->handler; // the observer may go while it runs
+        const Handler handler = found->handler; // a copy: the handler may remove its own observer
         handler();
     }
 }

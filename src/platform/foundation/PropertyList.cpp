@@ -1,3 +1,5 @@
+#include "platform/foundation/PropertyList.h"
+
 #include "platform/foundation/FileReplacement.h"
 #include "platform/foundation/PropertyListFormats.h"
 
@@ -9,7 +11,7 @@
 namespace lyrabox {
 namespace {
 
-/// The integer part of `value` where 64 bits hold it.
+/// The integer part of `value`; none if it does not fit into 64 bits.
 std::optional<qint64> integerPart(double value)
 {
     constexpr double limit = 9223372036854775808.0;

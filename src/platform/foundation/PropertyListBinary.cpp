@@ -12,9 +12,9 @@ namespace {
 constexpr quint64 headerSize = 8;
 constexpr quint64 trailerSize = 32;
 
-/// Reads one binary list. An object is a marker byte, a kind in its upper and a length in its lower
-/// half, and what belongs to it; containers name their elements by number, through a table of
-/// offsets that the trailer names.
+/// Reads one binary list. An object is a marker byte and its content. The upper half of the marker
+/// is the object's kind, the lower half its length. Containers refer to their elements by number; a
+/// table, whose place the trailer gives, holds the offset of each object.
 class BinaryReader {
 public:
     explicit BinaryReader(const QByteArray &data)
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    /// What follows a marker: where it lies and how many units of it there are.
+    /// The content of an object: where it begins and how many units long it is.
     struct Extent {
         quint64 begin = 0;
         quint64 count = 0;
@@ -55,12 +55,12 @@ private:
         return result;
     }
 
-    /// The units of `unitSize` bytes behind the marker at `at`; none when they reach beyond the
-    /// objects.
+    /// The content behind the marker at `at`, in units of `unitSize` bytes. None if it reaches
+    /// beyond the part of the file that holds objects.
     std::optional<Extent> extent(quint64 at, quint64 unitSize) const
     {
         Extent result{at + 1, m_bytes[at] & 0xFU};
-        if (result.count == 0xF) { // the length is an integer of its own
+        if (result.count == 0xF) { // the length follows as an integer object
             if (result.begin >= m_table || m_bytes[result.begin] >> 4U != 1)
                 return std::nullopt;
             const quint64 size = quint64{1} << (m_bytes[result.begin++] & 0xFU);
@@ -89,7 +89,7 @@ private:
             return dictionary(at, depth);
         std::optional<PropertyList> result = scalar(at);
         if (result)
-            m_shared[object] = *result; // a text that is named often is held once
+            m_shared[object] = *result; // a text with many references is held once
         return result;
     }
 
@@ -112,7 +112,7 @@ private:
     std::optional<PropertyList> dictionary(quint64 at, int depth)
     {
         const std::optional<Extent> members =
-            extent(at, m_referenceSize * 2); // all keys, then all values
+            extent(at, m_referenceSize * 2); // first all keys, then all values
         if (!members || depth >= propertyListLimit::depth)
             return std::nullopt;
         PropertyList::Dictionary result;
@@ -201,7 +201,7 @@ private:
                                         : std::bit_cast<float>(static_cast<std::uint32_t>(bits));
         if (!isDate)
             return PropertyList(number);
-        constexpr double furthest = 1e12; // seconds; what milliseconds surely hold
+        constexpr double furthest = 1e12; // seconds; fits into 64 bits as milliseconds
         if (!(std::abs(number) < furthest))
             return std::nullopt;
         const QDateTime epoch(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc());
@@ -214,7 +214,7 @@ private:
     quint64 m_offsetSize = 0;
     quint64 m_referenceSize = 0;
     quint64 m_table = 0;
-    std::vector<PropertyList> m_shared; // the scalars read so far, by number
+    std::vector<PropertyList> m_shared; // the scalars read so far, by object number
 };
 
 } // namespace

@@ -39,7 +39,7 @@ void appendUtf8(std::string &out, std::uint32_t c)
     }
 }
 
-/// Appends what the entity between '&' and ';' stands for; false for one that is not known.
+/// Appends the text of an entity, given by its name between '&' and ';'. False if it is unknown.
 bool appendEntity(std::string &out, std::string_view name)
 {
     static constexpr std::pair<std::string_view, char> named[] = {
@@ -64,7 +64,7 @@ bool appendEntity(std::string &out, std::string_view name)
     return true;
 }
 
-/// Appends character data with its entities decoded and its line ends made one '\n'.
+/// Appends character data. Entities are decoded, and every line end becomes '\n'.
 bool appendDecoded(std::string &out, std::string_view raw)
 {
     while (!raw.empty()) {
@@ -116,8 +116,8 @@ PropertyListReader::Token PropertyListReader::fail()
     return Token::Error;
 }
 
-/// Drops what was read and appends the next piece of the file; a token that fills the buffer makes
-/// it grow.
+/// Drops the part of the buffer that was read and appends the next piece of the file. If a single
+/// token fills the buffer, the buffer grows.
 bool PropertyListReader::fill()
 {
     if (m_deviceEnded)
@@ -145,7 +145,7 @@ bool PropertyListReader::ensure(std::size_t count)
     return true;
 }
 
-/// Where `what` begins, counted from the current position, at or after `from`.
+/// Finds `what` at or after `from`. Both offsets count from the current position.
 std::optional<std::size_t> PropertyListReader::find(std::string_view what, std::size_t from)
 {
     for (;;) {
@@ -184,7 +184,7 @@ bool PropertyListReader::skipDoctype()
     return false;
 }
 
-/// Skips what begins with "<?" or "<!" at the current position.
+/// Skips the markup that begins with "<?" or "<!" at the current position.
 bool PropertyListReader::skipMarkup()
 {
     if (rest()[1] == '?')
@@ -235,7 +235,7 @@ std::optional<PropertyListReader::Tag> PropertyListReader::nextTag()
 bool PropertyListReader::readText(std::string_view element)
 {
     std::size_t begin = 0;
-    bool isWhole = true; // the text lies in the buffer as it is
+    bool isWhole = true; // the text can be used as it stands in the buffer
     m_decoded.clear();
     for (;;) {
         const std::optional<std::size_t> mark = find("<", begin);
@@ -351,7 +351,7 @@ PropertyListReader::Token PropertyListReader::next()
     }
     if (!tag) {
         if (!m_inPlist && m_hasRoot && m_nesting.empty() && m_deviceEnded && rest().empty()) {
-            m_final = Token::End; // a bare value is a property list too
+            m_final = Token::End; // a value without a <plist> is accepted, too
             return Token::End;
         }
         return fail();

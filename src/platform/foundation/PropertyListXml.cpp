@@ -35,7 +35,7 @@ std::optional<double> parseReal(std::string_view text)
     if (end != text.data() + text.size() || text.empty())
         return std::nullopt;
     if (error == std::errc::result_out_of_range)
-        return std::numeric_limits<double>::quiet_NaN(); // a number, but none that can be used
+        return std::numeric_limits<double>::quiet_NaN(); // a number outside the range of doubles
     return error == std::errc() ? std::optional(value) : std::nullopt;
 }
 
@@ -64,7 +64,7 @@ std::optional<PropertyList> parseInteger(std::string_view text)
     return std::nullopt;
 }
 
-/// Puts `value` where the next value belongs; gives the place where it stands.
+/// Stores `value` where the next value belongs and returns a pointer to it.
 PropertyList *place(PropertyList *container, PropertyList &root, const QString &key,
                     PropertyList value)
 {
@@ -81,7 +81,8 @@ std::optional<PropertyList> parseXml(QIODevice &device)
 {
     PropertyListReader reader(device);
     PropertyList root;
-    std::vector<PropertyList *> open; // stable: a container's siblings are added after it is closed
+    std::vector<PropertyList *>
+        open; // pointers stay valid: siblings come only after the end of a container
     QString key;
     for (;;) {
         const Token token = reader.next();
@@ -147,7 +148,7 @@ QString propertyListText(const QString &text)
     const auto isPair = [&text](qsizetype at) {
         return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
     };
-    QString clean; // made at the first character that has to be replaced
+    QString clean; // filled from the first character on that is replaced
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (isPair(i)) {
             ++i;

@@ -19,10 +19,10 @@ namespace {
 
 constexpr qint64 allSongsKind = 4;
 
-/// What "rhythmdb.xml" tells of the songs.
+/// The songs of "rhythmdb.xml".
 struct Songs {
     std::unordered_map<QString, MusicTrack> tracks; ///< by location
-    QSet<QString> hidden;                           ///< locations of songs that are not shown
+    QSet<QString> hidden;                           ///< locations of hidden songs
 };
 
 bool openXml(QFile &file)
@@ -30,7 +30,7 @@ bool openXml(QFile &file)
     return QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly);
 }
 
-/// None for seconds that are no number to count with.
+/// Converts seconds as text to milliseconds; none if the text is not a finite number.
 std::optional<double> milliseconds(const QString &seconds)
 {
     const double value = seconds.toDouble() * 1000.0;
@@ -106,13 +106,13 @@ MusicPlaylist allSongs(const Songs &songs)
     items.reserve(songs.tracks.size());
     for (const auto &track : songs.tracks)
         items.push_back(track.first);
-    std::sort(items.begin(), items.end()); // the file has no order of its own
+    std::sort(items.begin(), items.end()); // the order in the file has no meaning
     playlist.items = std::move(items);
     return playlist;
 }
 
-/// Reads the locations of one static playlist. A song that the library does not know is added to it
-/// by its location alone.
+/// Reads the locations of one static playlist. A song that is not in `songs` is added with nothing
+/// but its location.
 std::vector<QString> readItems(QXmlStreamReader &xml, Songs &songs)
 {
     std::vector<QString> items;

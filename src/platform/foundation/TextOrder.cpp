@@ -6,8 +6,8 @@ namespace lyrabox {
 
 QCollator textCollator()
 {
-    QCollator collator; // the system may sort by another language than the one it speaks
-    // Without a language the toolkit compares bytes, and neither of the settings below works.
+    QCollator collator; // the locale for sorting, which may differ from the language of texts
+    // With the locale "C" the toolkit compares bytes and ignores the settings below.
     if (collator.locale().language() == QLocale::C)
         collator.setLocale(QLocale(QLocale::English));
     collator.setCaseSensitivity(Qt::CaseInsensitive);

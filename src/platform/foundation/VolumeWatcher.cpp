@@ -27,14 +27,13 @@ QByteArray kernelMountTable()
 VolumeWatcher::VolumeWatcher(QObject *parent, ReadTable readTable)
     : QObject(parent), m_readTable(readTable ? std::move(readTable) : ReadTable(kernelMountTable))
 {
-    // The kernel reports a changed table as an exceptional condition of an open description of it.
+    // The kernel reports a change as an exceptional condition of the open file.
     m_descriptor = open(mountTablePath, O_RDONLY | O_CLOEXEC);
     if (m_descriptor >= 0) {
         m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Exception);
         connect(m_notifier.get(), &QSocketNotifier::activated, this, &VolumeWatcher::check);
     }
-    m_mounts =
-        parseMounts(m_readTable()); // after the opening, so that no change falls between the two
+    m_mounts = parseMounts(m_readTable()); // after the file was opened, so that no change is missed
 }
 
 VolumeWatcher::~VolumeWatcher()

@@ -24,8 +24,8 @@ int octalDigit(char c)
     return c >= '0' && c <= '7' ? c - '0' : -1;
 }
 
-/// A field of the kernel's table: blanks and backslashes are written as a backslash and three octal
-/// digits.
+/// Decodes a field of the kernel's table, in which blanks and backslashes are written as a
+/// backslash and three octal digits.
 QString unescapedField(const QByteArray &field)
 {
     QByteArray bytes;
@@ -45,8 +45,8 @@ QString unescapedField(const QByteArray &field)
     return QFile::decodeName(bytes);
 }
 
-/// A file name below /dev/disk/by-label: odd characters are written as "\x" and two hexadecimal
-/// digits.
+/// Decodes a file name in /dev/disk/by-label, in which special characters are written as "\x" and
+/// two hexadecimal digits.
 QString unescapedLabel(const QString &name)
 {
     const QByteArray escaped = name.toUtf8();

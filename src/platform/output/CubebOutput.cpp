@@ -16,8 +16,8 @@
 namespace lyrabox {
 namespace {
 
-/// What the environment asks for, in frames; the preferred latency when it asks for none, for less
-/// or for more than CubebOutput::longestLatencyMilliseconds.
+/// The latency that the environment sets, in frames. The preferred latency if it sets none, a
+/// smaller one, or one above CubebOutput::longestLatencyMilliseconds.
 std::uint32_t wantedLatencyFrames()
 {
     const char *text = std::getenv(CubebOutput::latencyVariable);
@@ -121,7 +121,7 @@ Status CubebOutput::start()
     m_session->renderer().start();
     if (const Status lost = m_session->status())
         return lost;
-    // Stopped from inside the callback: the device never halted.
+    // After a stop from within the callback the device still runs.
     if (m_deviceStarted)
         return status::noError;
     const Status status = m_session->start();
@@ -173,7 +173,7 @@ bool CubebOutput::isReachable() const noexcept
     return m_session && !m_session->isCutOff();
 }
 
-/// The session has been cut off.
+/// Records that the session was cut off, and reports the loss.
 Status CubebOutput::giveUp() noexcept
 {
     m_deviceStarted = false;
@@ -182,9 +182,9 @@ Status CubebOutput::giveUp() noexcept
     return status::soundServerHangs;
 }
 
-/// Halting the device cuts off what it still holds, which would click. So it first plays the
-/// fade-out, and as much silence as it holds at most. Given up on a device that no longer asks for
-/// frames.
+/// Halting the device drops the frames that it holds, which could click. So this function waits
+/// until the device has played the fade-out and holds only silence. It stops waiting if the device
+/// pulls no more frames.
 void CubebOutput::waitForSilence() const noexcept
 {
     using namespace std::chrono;

@@ -13,24 +13,24 @@ namespace lyrabox {
 class CubebSession;
 class OutputRenderer;
 
-/// The default output device, through cubeb: 44,100 Hz, stereo, 32-bit float, which the sound
-/// server converts where the device differs.
+/// The default output device, through cubeb: 44,100 Hz, stereo, 32-bit float. If the device has
+/// another format, the sound server converts.
 ///
-/// Control side unless a member says otherwise. Start, stop and reset are faded over
-/// OutputRenderer::fadeFrames. The volume (parameter::outputVolume) is applied to the samples and
-/// not as the sound server's stream volume: it moves without steps, and the server's own mixer,
-/// which remembers stream volumes, is left to the user.
+/// All members belong to the control side (see AudioUnit.h) unless they say otherwise. Starts,
+/// stops and resets are faded over OutputRenderer::fadeFrames. The volume (parameter::outputVolume)
+/// is applied to the samples and not as the stream volume of the sound server. So it changes
+/// without steps, and the stream volumes, which the server stores, stay with the user.
 class CubebOutput : public OutputUnit {
 public:
-    /// What the device holds between a pull and the ear, unless it insists on more: 35 ms. Sound
-    /// servers ask for a quarter of it at a time, or twice that, so what is still held when they
-    /// ask lasts at least as long again as what they ask for. More would make the position shown
-    /// run too far ahead of what is heard: at double speed a frame held here is two frames of song.
+    /// The latency in frames (35 ms): how much the device holds between a pull and the ear, unless
+    /// the device needs more. Sound servers pull a quarter or half of it at a time, so the frames
+    /// still held at a pull last at least as long as the pull. With more latency the shown position
+    /// would be too far ahead of the sound: at double speed one frame here is two frames of song.
     static constexpr std::uint32_t preferredLatencyFrames = 1536;
 
-    /// The environment variable that asks for more, in whole milliseconds: for a machine that is
-    /// kept from its work for longer than that, and for the sound of a program under a sanitizer.
-    /// Read when the device is opened.
+    /// The environment variable that sets a longer latency, in whole milliseconds. It helps on
+    /// machines whose scheduling stalls for longer, and under a sanitizer. It is read when the
+    /// device is opened.
     static constexpr const char *latencyVariable = "LYRABOX_OUTPUT_LATENCY";
     static constexpr std::uint32_t longestLatencyMilliseconds = 2000;
 
@@ -38,12 +38,12 @@ public:
     ~CubebOutput() override;
 
     void setLossListener(std::function<void()> listener) override;
-    /// soundServerHangs also while a device that was started has asked for no frames for
-    /// serverPatience, as far as earlier calls here have seen.
+    /// Also soundServerHangs if a started device has pulled no frames for serverPatience. Only
+    /// calls of this function measure that time, so it should be called regularly.
     Status deviceStatus() const noexcept override;
 
-    /// Opens the device, halted. noAudioDevice when there is no sound server or no device. noError
-    /// also when the server hangs, see deviceStatus().
+    /// Opens the device without starting it. noAudioDevice if there is no sound server or no
+    /// device. noError even if the server hangs; see deviceStatus().
     Status initialize() override;
 
     float parameter(std::uint32_t id) const override;
@@ -51,16 +51,16 @@ public:
     void reset() override;
     Status connect(RenderingUnit *source) override;
 
-    /// noConnection without a source. With the device missing, lost or out of reach it returns
-    /// deviceStatus() and still counts as running, so that a chain rebuilt on the next device knows
-    /// to go on.
+    /// noConnection without a source. If the device is missing, lost or unreachable, returns
+    /// deviceStatus(), but isRunning() becomes true: a chain that is rebuilt on the next device
+    /// then knows that it should play.
     Status start() override;
 
-    /// Pulls nothing from the source any more, lets the device play what it has (up to a tenth of a
-    /// second or two) and halts it.
+    /// Stops pulling from the source, waits until the device has played what it holds (100 to
+    /// 200 ms at most with the preferred latency), and halts it.
     Status stop() noexcept override;
 
-    /// Any thread: started and not stopped since. Stays true when the device is lost.
+    /// Whether it was started and not stopped since; stays true if the device is lost. Any thread.
     bool isRunning() const noexcept override;
     bool isPlayingOut() const noexcept override;
     std::uint32_t heldFrames() const noexcept override;
@@ -75,12 +75,12 @@ private:
     RenderingUnit *m_source = nullptr;
     float m_volume = 1.0F;
     bool m_deviceStarted = false;
-    // What deviceStatus() saw, and when it was new.
+    // The last callback count that deviceStatus() saw, and when it first saw it.
     mutable std::uint64_t m_seenCallbacks = 0;
     mutable std::chrono::steady_clock::time_point m_seenAt;
-    /// What isRunning() is without a session, or with one that was cut off.
+    /// The value of isRunning() without a session, or with one that was cut off.
     std::atomic<bool> m_runsWithoutDevice{false};
-    std::shared_ptr<CubebSession> m_session; ///< null: no device
+    std::shared_ptr<CubebSession> m_session; ///< null without a device
 };
 
 } // namespace lyrabox

@@ -17,14 +17,15 @@
 namespace lyrabox {
 namespace {
 
-/// How long a server is waited for while it still owes an answer to another session. So several
-/// calls in a row don't add up to several times the usual patience.
+/// How long a call waits while the server still owes another session an answer. It is short, so
+/// that several calls in a row do not wait several times the usual patience.
 constexpr std::chrono::milliseconds shortPatience{250};
 
-/// Sessions that were cut off and whose thread still waits for the server.
+/// The number of sessions that were cut off and whose thread still waits for the server.
 std::atomic<int> waitingSessions{0};
 
-/// Threads inherit the priority, and processes must not: PulseAudio's library may start a server.
+/// Gives child processes the usual priority. PulseAudio's library may start a server, which must
+/// not inherit the real-time priority of the calling thread.
 void startProcessesAsUsual()
 {
     [[maybe_unused]] static const int registered = pthread_atfork(nullptr, nullptr, [] {
@@ -34,24 +35,24 @@ void startProcessesAsUsual()
     });
 }
 
-/// While it lives, a thread that the calling thread begins is one of real-time priority, as who
-/// begins it is for so long. Changes nothing for a user who is not allowed to (RLIMIT_RTPRIO).
-class BeginsRealtimeThreads {
+/// Raises the calling thread to real-time priority while it lives; threads that it starts meanwhile
+/// inherit the priority. Does nothing if the user may not set it (RLIMIT_RTPRIO).
+class RealtimePriority {
 public:
-    BeginsRealtimeThreads()
+    RealtimePriority()
     {
         startProcessesAsUsual();
-        constexpr sched_param modest{.sched_priority = 4}; // below a sound server's own
+        constexpr sched_param modest{.sched_priority = 4}; // lower than that of sound servers
         m_isRaised = pthread_getschedparam(pthread_self(), &m_policy, &m_before) == 0 &&
                      pthread_setschedparam(pthread_self(), SCHED_RR, &modest) == 0;
     }
-    ~BeginsRealtimeThreads()
+    ~RealtimePriority()
     {
         if (m_isRaised)
             pthread_setschedparam(pthread_self(), m_policy, &m_before);
     }
-    BeginsRealtimeThreads(const BeginsRealtimeThreads &) = delete;
-    BeginsRealtimeThreads &operator=(const BeginsRealtimeThreads &) = delete;
+    RealtimePriority(const RealtimePriority &) = delete;
+    RealtimePriority &operator=(const RealtimePriority &) = delete;
 
 private:
     int m_policy = SCHED_OTHER;
@@ -61,7 +62,7 @@ private:
 
 cubeb *makeContext()
 {
-    const BeginsRealtimeThreads callback; // cubeb begins its thread here
+    const RealtimePriority priority; // cubeb starts its thread here, which inherits it
     cubeb *context = nullptr;
     return cubeb_init(&context, "Lyrabox", nullptr) == CUBEB_OK ? context : nullptr;
 }
@@ -71,7 +72,7 @@ cubeb *makeContext()
 std::shared_ptr<CubebSession> CubebSession::make(std::function<void()> lossListener)
 {
     std::shared_ptr<CubebSession> session(new CubebSession(std::move(lossListener)));
-    // Signals to the process are for the main thread.
+    // The thread inherits the mask, so that signals go to the main thread.
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
@@ -138,11 +139,11 @@ Status CubebSession::ask(Command command) noexcept
     sem_post(&m_wake);
     if (m_done.wait_for(lock, patience, [this] { return m_command == Command::None; }))
         return m_result;
-    // Under the lock: the thread finds either the cut or nobody who waits.
+    // The mutex is still held, so the thread sees the cut as soon as the server answers.
     ++waitingSessions;
     m_isCutOff.store(true);
     lock.unlock();
-    // The stream may yet be started or go on; it then plays silence.
+    // The stream may still run or even be started late. It then plays silence.
     m_renderer.stop();
     m_renderer.waitUntilIdle();
     return status::soundServerHangs;
@@ -163,7 +164,7 @@ void CubebSession::run() noexcept
         while (sem_wait(&m_wake) != 0 && errno == EINTR) {
         }
         if (m_isLost.load() && !std::exchange(isLossTold, true))
-            tellLoss();
+            reportLoss();
         Command command = Command::None;
         {
             const std::lock_guard lock(m_mutex);
@@ -171,7 +172,7 @@ void CubebSession::run() noexcept
         }
         if (command == Command::None)
             continue;
-        const Status result = carryOut(command);
+        const Status result = execute(command);
         const std::lock_guard lock(m_mutex);
         m_command = Command::None;
         m_result = result;
@@ -183,9 +184,9 @@ void CubebSession::run() noexcept
         --waitingSessions;
 }
 
-Status CubebSession::carryOut(Command command)
+Status CubebSession::execute(Command command)
 {
-    if (m_isCutOff.load()) // before the thread came to it
+    if (m_isCutOff.load()) // cut off before the thread took the command
         return status::soundServerHangs;
     switch (command) {
     case Command::Open:
@@ -236,17 +237,17 @@ Status CubebSession::openStream()
         m_stream = nullptr;
         return status::noAudioDevice;
     }
-    // A sound server that rewinds its device to let a new stream in at once has already given the
-    // beginning of it away to whoever records the device: 10 to 25 ms, and the fade-in with them.
-    // So a fresh stream begins with as much silence as one that was stopped still holds.
+    // Some sound servers rewind the device so that a new stream is heard at once. Programs that
+    // record the device then miss its first 10 to 25 ms, and the fade-in with them. So a new stream
+    // begins with silence, as much as a stopped stream holds.
     m_renderer.leadWithSilence(m_latencyFrames);
     return status::noError;
 }
 
 Status CubebSession::startStream()
 {
-    // A lost stream must not be started: cubeb's PulseAudio backend asserts that the server
-    // answers. A server that died a moment ago is found out by asking it something.
+    // A lost stream must not be started, because cubeb's PulseAudio backend asserts that the server
+    // answers. The enumeration of devices shows whether the server has just died.
     cubeb_device_collection devices{};
     if (cubeb_enumerate_devices(m_context, CUBEB_DEVICE_TYPE_OUTPUT, &devices) == CUBEB_OK)
         cubeb_device_collection_destroy(m_context, &devices);
@@ -263,7 +264,7 @@ void CubebSession::closeStream()
         cubeb_destroy(std::exchange(m_context, nullptr));
 }
 
-void CubebSession::tellLoss()
+void CubebSession::reportLoss()
 {
     const std::lock_guard lock(m_mutex);
     if (m_lossListener)

@@ -19,19 +19,19 @@ struct cubeb_stream;
 
 namespace lyrabox {
 
-/// One stream to the sound server, with the renderer that fills it and the thread that makes every
-/// call that may wait for the server.
+/// One stream to the sound server. It owns the renderer that fills the stream and a thread that
+/// makes every call that may wait for the server.
 ///
-/// The caller waits for that thread, but no longer than OutputUnit::serverPatience. A session that
-/// did not answer in time is cut off: its renderer never pulls the source again, and no further
-/// call reaches the server on the caller's behalf. The thread keeps the session alive until the
-/// server answers, or the connection breaks, and then closes the stream.
+/// Callers wait for that thread, but no longer than OutputUnit::serverPatience. If the server does
+/// not answer in time, the session is cut off: its renderer never pulls the source again, and later
+/// calls fail at once. The thread keeps the session alive until the server answers or the
+/// connection breaks; then it closes the stream.
 ///
-/// Control side unless a member says otherwise.
+/// All members belong to the control side (see AudioUnit.h) unless they say otherwise.
 class CubebSession {
 public:
-    /// `lossListener` runs on the session's thread, when the server drops the stream. Null where no
-    /// thread can be started.
+    /// `lossListener` is called on the session's thread when the server drops the stream. Null if
+    /// no thread can be started.
     static std::shared_ptr<CubebSession> make(std::function<void()> lossListener);
 
     CubebSession(const CubebSession &) = delete;
@@ -41,24 +41,25 @@ public:
     OutputRenderer &renderer() noexcept { return m_renderer; }
     const OutputRenderer &renderer() const noexcept { return m_renderer; }
 
-    /// Each returns soundServerHangs when the session has been cut off, noAudioDevice when the
-    /// server refuses. open() once, before the others; `wantedLatency` in frames.
+    /// Each returns soundServerHangs if the session is cut off, and noAudioDevice if the server
+    /// refuses. open() is called once, before the others; `wantedLatency` is in frames.
     Status open(std::uint32_t wantedLatency);
     Status start() noexcept;
     Status halt() noexcept;
 
-    /// Closes the stream and ends the thread, or leaves that to the thread when the server hangs.
-    /// The listener is not called any more. Once, and last.
+    /// Closes the stream and ends the thread; if the server hangs, the thread does so later. The
+    /// listener is not called any more. Must be called once, as the last call.
     void close() noexcept;
 
-    /// Any thread. noError, noAudioDevice once the stream is lost, soundServerHangs once cut off.
+    /// noError, noAudioDevice after the stream was lost, or soundServerHangs after the session was
+    /// cut off. Any thread.
     Status status() const noexcept;
     bool isCutOff() const noexcept { return m_isCutOff.load(); }
 
-    /// Any thread. How often the device has asked for frames.
+    /// How many times the device has pulled frames. Any thread.
     std::uint64_t callbacks() const noexcept { return m_callbacks.load(std::memory_order_relaxed); }
 
-    /// What the device holds between a pull and the ear; known after open().
+    /// The frames that the device holds between a pull and the ear. Known after open().
     std::uint32_t latencyFrames() const noexcept { return m_latencyFrames; }
 
 private:
@@ -71,11 +72,11 @@ private:
     void forgetListener() noexcept;
 
     void run() noexcept;
-    Status carryOut(Command command);
+    Status execute(Command command);
     Status openStream();
     Status startStream();
     void closeStream();
-    void tellLoss();
+    void reportLoss();
 
     static long dataCallback(cubeb_stream *stream, void *user, const void *input, void *output,
                              long frames) noexcept;
@@ -84,15 +85,15 @@ private:
     std::atomic<bool> m_isLost{false}; ///< written by the device's own thread
     std::atomic<bool> m_isCutOff{false};
     std::atomic<std::uint64_t> m_callbacks{0};
-    sem_t m_wake{}; ///< a command, or a loss: what the device's own thread can tell without a lock
+    sem_t m_wake{}; ///< posted for a command and for a loss; the device's thread may not lock
 
-    std::mutex m_mutex; ///< of what follows
+    std::mutex m_mutex; ///< guards the next four members
     std::condition_variable m_done;
     Command m_command = Command::None;
     Status m_result = status::noError;
     std::function<void()> m_lossListener;
 
-    // Of the session's thread. The control side reads the latency after open().
+    // Used by the session's thread only, except that the control side reads the latency.
     cubeb *m_context = nullptr;
     cubeb_stream *m_stream = nullptr;
     std::uint32_t m_wantedLatency = 0;

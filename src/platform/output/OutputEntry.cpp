@@ -1,4 +1,4 @@
-// What the program finds by name in the module of the output device.
+// The functions that the program looks up by name in the output module.
 
 #include "platform/audio/OutputModule.h"
 #include "platform/output/CubebOutput.h"

@@ -29,17 +29,17 @@ using namespace std::chrono_literals;
 constexpr auto firstRetry = 100ms;
 constexpr auto longestRetry = 1000ms;
 
-/// A device that was removed and came back has its old name and a new index.
+/// Identifies a device. One that was removed and came back has its old name but a new index.
 struct Device {
     std::string name;
     std::uint32_t index = 0;
     bool operator==(const Device &) const = default;
 };
 
-/// One connection to the server, from connecting to its loss. Lives on the watching thread.
+/// One connection to the server, until it is lost. Used by the watching thread only.
 class Connection {
 public:
-    /// `found` is told the default device whenever the server has said which it is.
+    /// Calls `found` with the default device (or none) whenever the server has reported it.
     Connection(pa_mainloop *loop, std::function<void(std::optional<Device>)> found)
         : m_found(std::move(found))
     {
@@ -66,13 +66,13 @@ public:
 
     bool isAlive() const { return m_alive; }
 
-    /// Whether it is the server's silence that ended the connection.
+    /// Whether the connection ended because the server did not answer.
     bool hasTimedOut() const
     {
         return m_context != nullptr && pa_context_errno(m_context) == PA_ERR_TIMEOUT;
     }
 
-    /// Asks which the default device is; once connected that is done anyway.
+    /// Queries the default device if connected. A new connection queries it without being asked.
     void ask()
     {
         if (m_context != nullptr && pa_context_get_state(m_context) == PA_CONTEXT_READY)
@@ -101,7 +101,7 @@ private:
             (event & PA_SUBSCRIPTION_EVENT_FACILITY_MASK) == PA_SUBSCRIPTION_EVENT_SINK;
         const bool isChange =
             (event & PA_SUBSCRIPTION_EVENT_TYPE_MASK) == PA_SUBSCRIPTION_EVENT_CHANGE;
-        // A sink changes with every move of its volume; only its coming and going matters.
+        // A sink changes with every move of its volume. Only new and removed sinks matter.
         if (!(aboutSink && isChange))
             static_cast<Connection *>(user)->query();
     }
@@ -116,14 +116,14 @@ private:
         m_queryAgain = false;
         m_device.reset();
         pa_operation *const operation = pa_context_get_server_info(m_context, serverInfo, this);
-        m_querying = operation != nullptr; // otherwise the connection is at its end
+        m_querying = operation != nullptr; // without an operation the connection has ended
         forget(operation);
     }
 
     static void serverInfo(pa_context *context, const pa_server_info *info, void *user)
     {
         auto *const self = static_cast<Connection *>(user);
-        // The library itself gives an answer up after half a minute.
+        // The library stops waiting for an answer after half a minute. Then the query is repeated.
         if (info == nullptr && self->hasTimedOut()) {
             self->m_querying = false;
             self->query();
@@ -171,22 +171,23 @@ private:
 
 } // namespace
 
-/// What the watcher and its thread share; it outlives a watcher that its own listener destroys.
+/// The state shared by the watcher and its thread. It outlives a watcher that is destroyed by its
+/// own listener.
 struct PulseDefaultOutputWatcher::Watch {
     std::mutex mutex;
     std::condition_variable quitRequested;
     std::shared_ptr<const std::function<void()>> listener;
     std::atomic<bool> quit{false};
     std::atomic<bool> callRequested{false};
-    /// Readable once the watch is to end or a call is requested: ends a wait for the server.
-    /// (pa_mainloop_wakeup is lost on a loop that is about to wait.)
+    /// Becomes readable to end a wait for the server, when the watch shall end or a call is
+    /// requested. (pa_mainloop_wakeup() has no effect just before the loop waits.)
     const int wakeEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
 
-    // Of the watching thread alone.
+    // Used by the watching thread only.
     std::optional<Device> known;
-    bool firstLook = true; ///< what is there at first is not a change
+    bool firstLook = true; ///< the first device found is not a change
     bool changed = false;
-    bool owesCall = false; ///< one was requested
+    bool isCallDue = false; ///< a call was requested and not made yet
 
     Watch() = default;
     ~Watch()
@@ -223,7 +224,7 @@ void PulseDefaultOutputWatcher::Watch::run()
     }
 }
 
-/// Returns when the connection is lost or could not be made; whether a device was found over it.
+/// Returns when the connection is lost or could not be made. True if a device was found.
 bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
 {
     pa_mainloop *const connectionLoop = pa_mainloop_new();
@@ -232,7 +233,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     pa_mainloop_api *const api = pa_mainloop_get_api(connectionLoop);
     const auto woken = [](pa_mainloop_api *, pa_io_event *, int event, pa_io_event_flags_t,
                           void *) {
-        eventfd_t count = 0; // what matters is that the wait has ended
+        eventfd_t count = 0; // the value does not matter, only that the wait has ended
         eventfd_read(event, &count);
     };
     pa_io_event *const wakeWatch = api->io_new(api, wakeEvent, PA_IO_EVENT_INPUT, woken, nullptr);
@@ -246,7 +247,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
         while (!quit && connection.isAlive() &&
                pa_mainloop_iterate(connectionLoop, 1, nullptr) >= 0) {
             if (callRequested.exchange(false)) {
-                owesCall = true;
+                isCallDue = true;
                 connection.ask();
             }
             if (changed)
@@ -256,18 +257,19 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     }
     api->io_free(wakeWatch);
     pa_mainloop_free(connectionLoop);
-    // Where there is no server, the listener is to find that out.
-    owesCall = callRequested.exchange(false) || owesCall;
-    if (owesCall && !hasTimedOut && !quit)
+    // Without a server the listener is called all the same, and finds out itself.
+    isCallDue = callRequested.exchange(false) || isCallDue;
+    if (isCallDue && !hasTimedOut && !quit)
         callListener();
     return anyFound;
 }
 
-/// Outside the lock and outside the server's callbacks: it takes its time and may call listen().
+/// Must be called without the mutex and outside the callbacks of the library, because the listener
+/// may take long and may call listen().
 void PulseDefaultOutputWatcher::Watch::callListener()
 {
     changed = false;
-    owesCall = false;
+    isCallDue = false;
     std::shared_ptr<const std::function<void()>> called;
     {
         const std::lock_guard lock(mutex);
@@ -279,7 +281,7 @@ void PulseDefaultOutputWatcher::Watch::callListener()
 
 void PulseDefaultOutputWatcher::Watch::found(const std::optional<Device> &device)
 {
-    if (owesCall || (device && device != known && !firstLook))
+    if (isCallDue || (device && device != known && !firstLook))
         changed = true;
     known = device;
     firstLook = false;
@@ -315,14 +317,14 @@ PulseDefaultOutputWatcher::~PulseDefaultOutputWatcher()
 Status PulseDefaultOutputWatcher::listen(std::function<void()> listener)
 {
     auto shared = std::make_shared<const std::function<void()>>(std::move(listener));
-    // The thread begins by taking the lock, so that a listener finds the thread set.
+    // The thread first takes the mutex, so m_thread is set before any listener call.
     const std::lock_guard lock(m_watch->mutex);
     m_watch->listener.swap(shared);
     if (m_thread.joinable())
         return status::noError;
     if (m_watch->wakeEvent < 0)
         return status::noAudioDevice;
-    // Signals to the process are for the main thread.
+    // The thread inherits the mask, so that signals go to the main thread.
     sigset_t all;
     sigset_t before;
     sigfillset(&all);

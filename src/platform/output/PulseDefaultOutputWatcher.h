@@ -8,17 +8,18 @@
 
 namespace lyrabox {
 
-/// Watches the default output device of a PulseAudio server (PipeWire serves the same protocol) on
-/// a thread of its own, the device-notification thread, on which the listener is called too.
+/// Watches the default output device of a PulseAudio server; PipeWire speaks the same protocol. It
+/// uses a thread of its own, the device-notification thread, and calls the listener on it.
 ///
 /// The listener is called when another device has become the default, when the default device was
-/// removed and came back, and when a server is there again after it had gone or had not been there
-/// at first, and once for every request; never for volumes or for devices that are not the default.
-/// While no server answers it is looked for every 0.1 s, then less often, at least once a second.
-/// Watching never starts a server.
+/// removed and has come back, when a server has appeared or reappeared, and once for every
+/// requestCall(). It is not called for changes of volume or of other devices. Without a server the
+/// watcher looks for one every 0.1 s at first, then less often, but at least once a second. It
+/// never starts a server.
 ///
-/// The listener may call listen() and may even destroy the watcher. Elsewhere the destructor waits
-/// for a call that is under way, so it must not run with a lock held that the listener takes.
+/// The listener may call listen() and may even destroy the watcher. On any other thread the
+/// destructor waits for a listener call in progress, so its caller must not hold a lock that the
+/// listener takes.
 class PulseDefaultOutputWatcher : public DefaultOutputWatcher {
 public:
     PulseDefaultOutputWatcher();

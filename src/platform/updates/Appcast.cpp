@@ -109,7 +109,7 @@ std::weak_ordering compareNumbers(QString a, QString b)
     return a.compare(b) <=> 0;
 }
 
-/// `html` without the elements of that name and what they hold. One that is not closed stays.
+/// Removes the elements of that name with their content. An element without an end stays.
 QString withoutElement(const QString &html, const QString &name)
 {
     const QRegularExpression closing(u"</%1\\s*>"_s.arg(name),
@@ -118,7 +118,7 @@ QString withoutElement(const QString &html, const QString &name)
                                      QRegularExpression::CaseInsensitiveOption);
     QString text;
     qsizetype kept = 0;
-    for (;;) { // forward only, so that no feed takes long
+    for (;;) { // goes forward only, so that the time is linear
         const QRegularExpressionMatch begin = opening.match(html, kept);
         if (!begin.hasMatch())
             break;
@@ -166,8 +166,8 @@ std::weak_ordering compareVersions(const QString &a, const QString &b)
     const std::vector<VersionPart> left = partsOf(a);
     const std::vector<VersionPart> right = partsOf(b);
     for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
-        // What one of them lacks is a zero, so that 1.0 is 1; letters make a pre-release, so they
-        // come before it.
+        // A missing part counts as zero, so that 1.0 equals 1. Letters mark a pre-release, so they
+        // sort before a number.
         const VersionPart zero{true, u"0"_s};
         const VersionPart &l = i < left.size() ? left[i] : zero;
         const VersionPart &r = i < right.size() ? right[i] : zero;

@@ -10,28 +10,28 @@
 
 namespace lyrabox {
 
-/// One release of an appcast feed.
+/// One release in an appcast feed.
 struct AppcastItem {
-    QString version; ///< as the feed gives it, for people
+    QString version; ///< as written in the feed
     QString notes;   ///< plain text
-    QUrl page;       ///< https; empty when the feed has no usable one
+    QUrl page;       ///< https; empty if the feed has no https address for it
 };
 
-/// Reads an appcast (RSS with a version per item, as an element or on the enclosure). None when it
-/// is malformed or no feed at all; items without a version and those for another system are left
-/// out.
+/// Reads an appcast: an RSS feed in which each item has a version, as an element or as an attribute
+/// of its enclosure. None if `feed` is malformed or not an RSS feed. Items without a version and
+/// items for other systems are left out. Any thread.
 std::optional<std::vector<AppcastItem>> parseAppcast(const QByteArray &feed);
 
-/// Compares versions by their numbers: 1.10 is newer than 1.9, 1.0 equals 1.0.0, and a pre-release
-/// (1.0b2, 1.0-rc1) comes before its release.
+/// Compares versions by their numbers: 1.10 is newer than 1.9, and 1.0 equals 1.0.0. A pre-release
+/// (1.0b2, 1.0-rc1) is older than its release. Any thread.
 std::weak_ordering compareVersions(const QString &a, const QString &b);
 
-/// The newest item that is newer than `current`; none when there is none.
+/// The newest item, if it is newer than the version `current`. Any thread.
 std::optional<AppcastItem> newestUpdate(const std::vector<AppcastItem> &items,
                                         const QString &current);
 
-/// HTML as plain text: tags dropped, paragraphs and list items on lines of their own, entities
-/// resolved.
+/// Converts HTML to plain text. Tags are dropped, entities are decoded, and every paragraph and
+/// list item gets a line of its own. Any thread.
 QString plainTextFromHtml(const QString &html);
 
 } // namespace lyrabox

@@ -33,7 +33,7 @@ SUUpdater::SUUpdater(QObject *parent) : QObject(parent)
     m_timeout.setInterval(20s);
     connect(&m_timeout, &QTimer::timeout, this, [this] { fail(Failure::TimedOut); });
     m_dailyTimer.setInterval(24h);
-    connect(&m_dailyTimer, &QTimer::timeout, this, [this] { check(false); });
+    connect(&m_dailyTimer, &QTimer::timeout, this, [this] { check(Trigger::Timer); });
 }
 
 SUUpdater::~SUUpdater()
@@ -49,17 +49,17 @@ void SUUpdater::setAutomaticallyChecksForUpdates(bool automatically)
         return;
     }
     m_dailyTimer.start();
-    check(false);
+    check(Trigger::Timer);
 }
 
 void SUUpdater::checkForUpdates()
 {
-    check(true);
+    check(Trigger::User);
 }
 
-void SUUpdater::check(bool askedByUser)
+void SUUpdater::check(Trigger trigger)
 {
-    m_askedByUser = m_askedByUser || askedByUser;
+    m_askedByUser = m_askedByUser || trigger == Trigger::User;
     if (isChecking())
         return;
     if (m_feedURL.isEmpty()) {
@@ -100,7 +100,7 @@ void SUUpdater::finished()
 {
     received();
     if (m_reply == nullptr)
-        return; // it was too large
+        return; // the answer was too large, and the check has failed
     const QVariant target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute);
     if (target.isValid()) {
         const QUrl next = m_reply->url().resolved(target.toUrl());
@@ -128,8 +128,8 @@ void SUUpdater::finished()
         m_presenter.showUpdate(*update);
     } else {
         if (m_askedByUser)
-            say(tr("Lyrabox is up to date."),
-                tr("Version %1 is the newest there is.").arg(m_currentVersion));
+            report(tr("Lyrabox is up to date."),
+                   tr("Version %1 is the newest there is.").arg(m_currentVersion));
         end();
     }
     Q_EMIT checkFinished();
@@ -159,7 +159,7 @@ void SUUpdater::fail(Failure failure, const QString &detail)
         break;
     }
     if (m_askedByUser)
-        say(tr("Lyrabox could not check for updates."), reason);
+        report(tr("Lyrabox could not check for updates."), reason);
     end();
     Q_EMIT checkFinished();
 }
@@ -177,7 +177,7 @@ void SUUpdater::end()
     reply->deleteLater();
 }
 
-void SUUpdater::say(const QString &message, const QString &detail)
+void SUUpdater::report(const QString &message, const QString &detail)
 {
     if (m_presenter.showMessage)
         m_presenter.showMessage(message, detail);

@@ -13,17 +13,18 @@ class QNetworkReply;
 
 namespace lyrabox {
 
-/// Whether the feed may be asked for there: https, or http on this machine.
+/// Whether a feed may be loaded from `url`: by https, or by http from this machine.
 bool isAllowedFeedURL(const QUrl &url);
 
-/// Looks for a newer version in an appcast feed: at start and then daily, and when the user asks.
-/// It shows what there is and opens its page; it downloads and runs nothing. A check that nobody
-/// asked for fails in silence. Main thread.
+/// Checks an appcast feed for a newer version: at the start, then daily, and when the user asks. It
+/// only reports the update through its Presenter; it neither downloads nor runs anything. Errors
+/// are reported only if the user asked for the check. Main thread only.
 class SUUpdater : public QObject {
     Q_OBJECT
 
 public:
-    /// How results reach the user. All are called on the main thread; an empty one is not called.
+    /// Functions that show results to the user. They are called on the main thread; empty ones are
+    /// skipped.
     struct Presenter {
         std::function<void(const AppcastItem &update)> showUpdate;
         std::function<void(const QString &message, const QString &detail)> showMessage;
@@ -32,38 +33,41 @@ public:
     explicit SUUpdater(QObject *parent = nullptr);
     ~SUUpdater() override;
 
-    /// An empty URL means that there is no feed.
+    /// Where the feed is. An empty URL means that there is none.
     void setFeedURL(const QUrl &url) { m_feedURL = url; }
+    /// The version of the running program, with which the feed is compared.
     void setCurrentVersion(const QString &version) { m_currentVersion = version; }
     void setPresenter(Presenter presenter) { m_presenter = std::move(presenter); }
 
-    /// How long a check may take altogether; 20 s at first.
+    /// The most time that a whole check may take; 20 s by default.
     void setTimeout(int milliseconds) { m_timeout.setInterval(milliseconds); }
 
     bool automaticallyChecksForUpdates() const { return m_dailyTimer.isActive(); }
 
-    /// True checks now, in silence, and then once a day.
+    /// True checks now and then once a day, and reports only updates. False ends this.
     void setAutomaticallyChecksForUpdates(bool automatically);
 
-    /// The user's check: whatever comes of it is said. One that runs in silence is taken over.
+    /// Checks because the user asked, and reports any result. If an automatic check is running, its
+    /// result is reported instead.
     void checkForUpdates();
 
     bool isChecking() const { return m_reply != nullptr; }
 
 Q_SIGNALS:
-    /// A check has ended and everything about it has been said.
+    /// A check has ended and its result has been reported.
     void checkFinished();
 
 private:
+    enum class Trigger { Timer, User };
     enum class Failure { NoFeed, Refused, TooLarge, TimedOut, Malformed, Network };
 
-    void check(bool askedByUser);
+    void check(Trigger trigger);
     void request(const QUrl &url);
     void received();
     void finished();
     void fail(Failure failure, const QString &detail = {});
     void end();
-    void say(const QString &message, const QString &detail);
+    void report(const QString &message, const QString &detail);
 
     QUrl m_feedURL;
     QString m_currentVersion;
@@ -74,7 +78,7 @@ private:
     QTimer m_timeout;
     QTimer m_dailyTimer;
     int m_redirects = 0;
-    bool m_askedByUser = false;
+    bool m_askedByUser = false; ///< the running check
 };
 
 } // namespace lyrabox
