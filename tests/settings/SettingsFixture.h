@@ -14,21 +14,21 @@ namespace lyrabox::test {
 
 using namespace Qt::Literals::StringLiterals;
 
-/// The warnings logged since the running test began.
+/// The warnings logged since the current test began.
 inline QStringList &warnings()
 {
     static QStringList collected;
     return collected;
 }
 
-/// The message handler that collects them.
+/// The message handler that collects warnings.
 inline void collect(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
     if (type == QtWarningMsg)
         warnings().append(text);
 }
 
-/// A settings folder of its own for every test, and the warnings that were logged.
+/// Gives every test its own settings folder and collects logged warnings.
 class SettingsController : public testing::Test {
 protected:
     SettingsController()
@@ -76,7 +76,7 @@ protected:
     QtMessageHandler m_before = nullptr;
 };
 
-/// Entries as they stand in UserSettings.plist, and its root.
+/// Entries in the form of UserSettings.plist, and its root.
 inline PropertyList song(const QString &inode, const PropertyList &speed, const PropertyList &pitch)
 {
     return PropertyList::Dictionary{{u"inode"_s, inode}, {u"speed"_s, speed}, {u"pitch"_s, pitch}};
@@ -93,7 +93,7 @@ inline PropertyList userSettings(PropertyList::Array sorts, PropertyList::Array 
                                     {u"songSettings"_s, std::move(songs)}};
 }
 
-/// Null when there is none.
+/// Null if there is none.
 inline const EqPreset *presetWithId(const LB_SettingsController &settings, qint64 id)
 {
     const auto presets = settings.eqPresetArray();

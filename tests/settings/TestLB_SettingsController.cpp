@@ -65,7 +65,7 @@ TEST_F(SettingsController, TheShippedPresetsAreWellFormed)
     EXPECT_EQ(presetWithId(settings, 0)->name, u"Manual"_s);
 }
 
-TEST_F(SettingsController, StoresTheValuesOfASongAndTellsEverybody)
+TEST_F(SettingsController, StoresTheValuesOfASongAndPostsANotification)
 {
     LB_SettingsController settings;
     settings.setup();
@@ -81,7 +81,7 @@ TEST_F(SettingsController, StoresTheValuesOfASongAndTellsEverybody)
     EXPECT_FALSE(settings.hasSettingsForInode(u"01"_s));
 }
 
-TEST_F(SettingsController, DefaultValuesForgetASongAndStillTellEverybody)
+TEST_F(SettingsController, DefaultValuesRemoveASongAndPostANotification)
 {
     LB_SettingsController settings;
     settings.setup();
@@ -98,7 +98,7 @@ TEST_F(SettingsController, DefaultValuesForgetASongAndStillTellEverybody)
     EXPECT_EQ(posts, 2);
 }
 
-TEST_F(SettingsController, OneOfTheTwoValuesIsEnough)
+TEST_F(SettingsController, OneValueThatDiffersIsEnough)
 {
     LB_SettingsController settings;
     settings.setup();
@@ -107,7 +107,7 @@ TEST_F(SettingsController, OneOfTheTwoValuesIsEnough)
     EXPECT_EQ(settings.valuesForInode(u"1"_s), (SongValues{100.0F, 0.5F}));
 }
 
-TEST_F(SettingsController, ValuesThatAreNoNumbersCountAsDefaults)
+TEST_F(SettingsController, ValuesThatAreNotFiniteCountAsDefaults)
 {
     LB_SettingsController settings;
     settings.setup();
@@ -130,7 +130,7 @@ TEST_F(SettingsController, StoringTwiceLeavesOneEntryWithTheLaterValues)
     EXPECT_EQ(written.value(u"songSettings").array()->front(), song(u"1"_s, 75.0F, 10.0F));
 }
 
-TEST_F(SettingsController, OrderAscendingForgetsASortAndOrderDescendingStoresOne)
+TEST_F(SettingsController, OrderAscendingRemovesASortAndOrderDescendingStoresOne)
 {
     LB_SettingsController settings;
     settings.setup();
@@ -218,7 +218,7 @@ TEST_F(SettingsController, TheTerminationNotificationWritesWhatTheNextRunReads)
     ASSERT_NE(own, nullptr);
     EXPECT_EQ(own->name, u"Mine"_s);
     EXPECT_FALSE(own->persistent.has_value());
-    EXPECT_EQ(settings.eqPresetArray()->back().get(), own) << "the order of the list is kept";
+    EXPECT_EQ(settings.eqPresetArray()->back().get(), own) << "the order of the list must be kept";
 }
 
 TEST_F(SettingsController, TheRootKeysAreWrittenSortsFirst)
@@ -239,7 +239,8 @@ TEST_F(SettingsController, ReplacingThePresetListReplacesWhatIsWritten)
     settings.setup();
     auto replaced = std::make_shared<EqPresetList>();
     settings.setEqPresetArray(replaced);
-    EXPECT_EQ(settings.eqPresetArray(), replaced) << "the very list, no copy";
+    EXPECT_EQ(settings.eqPresetArray(), replaced)
+        << "the controller must keep this list, not a copy";
     settings.appWillTerminate();
     EXPECT_TRUE(list(u"EQPresets.plist"_s).array()->empty());
 }

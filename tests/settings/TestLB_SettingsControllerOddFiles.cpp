@@ -1,4 +1,4 @@
-// Files that are malformed, unreadable or in the way.
+// Settings files that are malformed or unreadable, and other things in their place.
 
 #include "settings/LB_SettingsController.h"
 
@@ -12,7 +12,7 @@ using namespace lyrabox;
 using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
 
-TEST_F(SettingsController, MalformedEntriesDoNotSpoilTheirNeighbours)
+TEST_F(SettingsController, MalformedEntriesDoNotAffectOthers)
 {
     PropertyList::Array songs{song(u"1"_s, 50, 0)};
     PropertyList::Array sorts{sort(u"a"_s, u"title"_s, 0)};
@@ -33,7 +33,8 @@ TEST_F(SettingsController, MalformedEntriesDoNotSpoilTheirNeighbours)
     settings.setup();
     EXPECT_EQ(settings.valuesForInode(u"1"_s), (SongValues{50.0F, 0.0F}));
     EXPECT_EQ(settings.valuesForInode(u"2"_s), (SongValues{60.5F, -100.0F}));
-    EXPECT_EQ(settings.valuesForInode(u"100"_s), SongValues()) << "neither value is a number";
+    EXPECT_EQ(settings.valuesForInode(u"100"_s), SongValues())
+        << "neither value is a finite number";
     EXPECT_EQ(settings.sortDescriptorForListID(u"a"_s), (SortDescriptor{u"title"_s, false}));
     EXPECT_EQ(settings.sortDescriptorForListID(u"b"_s), (SortDescriptor{u"artist"_s, true}));
     EXPECT_EQ(settings.sortDescriptorForListID(u"7"_s), byOrder);
@@ -60,9 +61,10 @@ TEST_F(SettingsController, StoredDefaultsAndDuplicatesAreTakenAsTheyAreUntilThey
     put(u"UserSettings.plist"_s, stored);
     LB_SettingsController settings;
     settings.setup();
-    EXPECT_TRUE(settings.hasSettingsForInode(u"1"_s)) << "there is an entry for it";
+    EXPECT_TRUE(settings.hasSettingsForInode(u"1"_s)) << "the file has an entry for it";
     EXPECT_EQ(settings.valuesForInode(u"1"_s), SongValues());
-    EXPECT_EQ(settings.valuesForInode(u"2"_s), (SongValues{70.0F, 0.0F})) << "the later one counts";
+    EXPECT_EQ(settings.valuesForInode(u"2"_s), (SongValues{70.0F, 0.0F}))
+        << "the later entry must count";
     EXPECT_EQ(settings.sortDescriptorForListID(u"a"_s), byOrder);
     EXPECT_EQ(settings.sortDescriptorForListID(u"b"_s), (SortDescriptor{u"album"_s, true}));
     settings.appWillTerminate();
@@ -75,7 +77,7 @@ TEST_F(SettingsController, StoredDefaultsAndDuplicatesAreTakenAsTheyAreUntilThey
     settings.setSortDescriptorForListID(byOrder, u"b"_s);
     settings.appWillTerminate();
     EXPECT_EQ(list(u"UserSettings.plist"_s), userSettings({}, {song(u"2"_s, 60.0, 0.0)}))
-        << "every entry of the song or list is replaced";
+        << "every entry of the song or list must be replaced";
 }
 
 TEST_F(SettingsController, EntriesOfUnknownShapeAreWrittenAgain)
@@ -131,7 +133,7 @@ TEST_F(SettingsController, UnknownKeysInAPresetAreWrittenAgainAlsoWhenItsLevelsH
                   {u"range"_s, range}}}));
 }
 
-TEST_F(SettingsController, OddPresetsAreRepaired)
+TEST_F(SettingsController, MalformedPresetsAreRepaired)
 {
     const auto levels = [](std::initializer_list<double> values) {
         return PropertyList::Array(values.begin(), values.end());
@@ -176,7 +178,7 @@ TEST_F(SettingsController, AManualPresetFromAFileCannotBeRemoved)
     EXPECT_TRUE(settings.eqPresetArray()->front()->persistent.has_value());
 }
 
-TEST_F(SettingsController, AnUnreadableFileIsKeptBesideTheNewOne)
+TEST_F(SettingsController, AnUnreadableFileIsKeptUnderAnotherName)
 {
     put(u"EQPresets.plist"_s, "<plist><array>"_ba);
     put(u"EQPresets.plist.unreadable-1"_s, "older"_ba);
@@ -194,10 +196,10 @@ TEST_F(SettingsController, AnUnreadableFileIsKeptBesideTheNewOne)
     EXPECT_TRUE(list(u"UserSettings.plist.unreadable-1"_s).array());
     EXPECT_TRUE(list(u"UserSettings.plist"_s).dictionary());
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 6)
-        << "kept once, although written twice";
+        << "the file must be kept once, although it is written twice";
 }
 
-TEST_F(SettingsController, AFolderInTheFilesPlaceIsKeptToo)
+TEST_F(SettingsController, AFolderInPlaceOfAFileIsKeptToo)
 {
     QDir().mkpath(file(u"Folders.plist"_s));
     LB_SettingsController settings;
@@ -207,7 +209,7 @@ TEST_F(SettingsController, AFolderInTheFilesPlaceIsKeptToo)
     EXPECT_TRUE(list(u"Folders.plist"_s).array());
 }
 
-TEST_F(SettingsController, WithoutAnApplicationSupportDirectoryTheDefaultsServe)
+TEST_F(SettingsController, WithoutAnApplicationSupportDirectoryTheDefaultsAreUsed)
 {
     const QByteArray home = qgetenv("HOME");
     qunsetenv("XDG_DATA_HOME");
@@ -222,7 +224,7 @@ TEST_F(SettingsController, WithoutAnApplicationSupportDirectoryTheDefaultsServe)
     EXPECT_THAT(warnings(), testing::Each(u"Unable to access Application Support Directory"_s));
 }
 
-TEST_F(SettingsController, AFolderThatCannotBeMadeIsReportedOnceAndRememberedAllTheSame)
+TEST_F(SettingsController, AFolderThatCannotBeMadeIsReportedOnceButItsPathIsRemembered)
 {
     QFile obstacle(folder());
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
@@ -237,7 +239,7 @@ TEST_F(SettingsController, AFolderThatCannotBeMadeIsReportedOnceAndRememberedAll
     EXPECT_TRUE(obstacle.exists());
 }
 
-TEST_F(SettingsController, FolderEntriesThatAreNoTextsAreLeftOut)
+TEST_F(SettingsController, FolderEntriesThatAreNotTextsAreLeftOut)
 {
     put(u"Folders.plist"_s, PropertyList::Array{u"/a"_s, 3, u""_s, PropertyList::Array(), u"/b"_s});
     LB_SettingsController settings;

@@ -1,5 +1,5 @@
-// The settings files meet a kill, a full disk and a folder that cannot be written. Each trial runs
-// in a process of its own.
+// Settings files and a kill, a full disk and a folder that is not writable. Each trial runs in a
+// process of its own.
 
 #include "settings/LB_SettingsController.h"
 
@@ -34,7 +34,7 @@ constexpr qint64 notThere = -1;
 constexpr qint64 mixed = -2;
 const QStringList fileNames{u"UserSettings.plist"_s, u"EQPresets.plist"_s, u"Folders.plist"_s};
 
-/// Puts one number into everything that the three files hold; the files' lengths depend on it.
+/// Writes one number into every value of the three files. It also decides their lengths.
 void setEverything(LB_SettingsController &settings, int number)
 {
     const QString text = QString::number(number) + QString(number % 50, u'x');
@@ -46,7 +46,7 @@ void setEverything(LB_SettingsController &settings, int number)
     settings.setFolderDataArray(QStringList(folders, u"/"_s + text));
 }
 
-/// The number that every one of the texts begins with.
+/// The number at the beginning of all the texts.
 qint64 commonNumber(const QStringList &texts)
 {
     qint64 number = notThere;
@@ -59,7 +59,7 @@ qint64 commonNumber(const QStringList &texts)
     return number;
 }
 
-/// The number that a whole file holds; `notThere`, or `mixed` for one that is not whole.
+/// The number in a file. `notThere` without a file, `mixed` if the file is damaged.
 qint64 numberIn(const QString &path)
 {
     if (!QFile::exists(path))
@@ -107,7 +107,7 @@ protected:
         settings.appWillTerminate();
     }
 
-    /// Runs `work` in a child process; its id.
+    /// Runs `work` in a child process and returns its id.
     static pid_t inChild(const std::function<void()> &work)
     {
         const pid_t child = fork();
@@ -129,16 +129,17 @@ protected:
     QByteArray m_oldData = qgetenv("XDG_DATA_HOME");
 };
 
-TEST_F(SettingsFaults, AKillAtAnyMomentLeavesEachFileWholeOldOrNew)
+TEST_F(SettingsFaults, AKillAtAnyMomentLeavesEachFileEitherOldOrNew)
 {
     const int rounds = qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS") > 0
                            ? qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS")
                            : 100;
     write(1);
     ASSERT_EQ(numbers(), (std::vector<qint64>{1, 1, 1}));
-    std::mt19937 dice(20'26); // when the kill falls; where in the writing that is decides the disk
+    std::mt19937 dice(
+        20'26); // chooses the time of the kill; the disk's speed decides which write it hits
 #ifdef __SANITIZE_THREAD__
-    const useconds_t latest = 250'000; // takes ten times as long until it writes
+    const useconds_t latest = 250'000; // a sanitizer needs ten times as long until the first write
 #else
     const useconds_t latest = 25'000;
 #endif
@@ -163,7 +164,7 @@ TEST_F(SettingsFaults, AKillAtAnyMomentLeavesEachFileWholeOldOrNew)
         for (std::size_t i = 0; i < found.size(); ++i) {
             ASSERT_GE(found[i], before) << fileNames[static_cast<qsizetype>(i)].toStdString()
                                         << " is damaged, older or lost in round " << round;
-            // They are written in this order, one after the other.
+            // The files are written in this order.
             ASSERT_LE(found[i], found[0]);
             ASSERT_GE(found[i], found[0] - 1);
         }
@@ -171,16 +172,16 @@ TEST_F(SettingsFaults, AKillAtAnyMomentLeavesEachFileWholeOldOrNew)
         before = found[2];
         const qsizetype files =
             QDir(folder()).entryList(QDir::Files | QDir::Hidden | QDir::System).size();
-        ASSERT_LE(files, 6) << "killed programs leave more and more files";
-        // The next start is as good as any.
+        ASSERT_LE(files, 6) << "the files of killed programs pile up";
+        // The next start must work as usual.
         write(static_cast<int>(found[0]));
         before = found[0];
     }
-    EXPECT_GT(before, 1) << "nothing was ever written";
+    EXPECT_GT(before, 1) << "no kill came after a write";
     RecordProperty("killedBetweenTheFiles", between);
 }
 
-TEST_F(SettingsFaults, ADiskThatFillsUpInAFileLeavesTheOldOnes)
+TEST_F(SettingsFaults, ADiskThatFillsUpDuringAFileLeavesTheOldFiles)
 {
     write(7);
     const int status = statusOf(inChild([] {
@@ -188,7 +189,7 @@ TEST_F(SettingsFaults, ADiskThatFillsUpInAFileLeavesTheOldOnes)
         settings.setup();
         setEverything(settings, 8);
         std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{600, 600}; // less than any of the three
+        const rlimit limit{600, 600}; // smaller than each of the three files
         setrlimit(RLIMIT_FSIZE, &limit);
         settings.appWillTerminate();
     }));
@@ -197,7 +198,7 @@ TEST_F(SettingsFaults, ADiskThatFillsUpInAFileLeavesTheOldOnes)
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 3);
 }
 
-/// A file system of its own in the settings folder's place, for which root rights are needed.
+/// A file system of its own in place of the settings folder. Mounting it needs root rights.
 class SettingsOnOwnDisk : public SettingsFaults {
 protected:
     bool mountDisk(const char *options)
@@ -219,10 +220,10 @@ protected:
     bool m_isMounted = false;
 };
 
-TEST_F(SettingsOnOwnDisk, AFullDiskLeavesTheOldFilesAndASpaceAgainTakesTheNewOnes)
+TEST_F(SettingsOnOwnDisk, AFullDiskLeavesTheOldFilesUntilThereIsSpaceAgain)
 {
     if (!mountDisk("size=96k"))
-        GTEST_SKIP() << "no disk can be mounted here (" << m_reason << "): root rights are needed";
+        GTEST_SKIP() << "cannot mount a disk (" << m_reason << "); root rights are needed";
     write(3);
     ASSERT_EQ(numbers(), (std::vector<qint64>{3, 3, 3}));
     QFile filler(QDir(folder()).filePath(u"filler"_s));
@@ -243,7 +244,7 @@ TEST_F(SettingsOnOwnDisk, AFullDiskLeavesTheOldFilesAndASpaceAgainTakesTheNewOne
 TEST_F(SettingsOnOwnDisk, AReadOnlyDiskLeavesTheOldFiles)
 {
     if (!mountDisk("size=1m"))
-        GTEST_SKIP() << "no disk can be mounted here (" << m_reason << "): root rights are needed";
+        GTEST_SKIP() << "cannot mount a disk (" << m_reason << "); root rights are needed";
     write(3);
     ASSERT_EQ(::mount("none", m_path.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
     EXPECT_EQ(statusOf(inChild([] { write(4); })), 0);
@@ -255,7 +256,7 @@ TEST_F(SettingsFaults, AReadOnlyFolderLeavesTheOldFiles)
     write(3);
     const QByteArray path = QFile::encodeName(folder());
     ASSERT_EQ(chmod(path.constData(), 0555), 0);
-    // Root may write everywhere, so root becomes somebody who may read all this and write none.
+    // Root may write everywhere, so the process becomes a user who may only read here.
     ASSERT_EQ(chmod(QFile::encodeName(m_data.path()).constData(), 0755), 0);
     const int status = statusOf(inChild([] {
         constexpr uid_t nobody = 65534;

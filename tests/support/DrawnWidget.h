@@ -8,7 +8,7 @@
 
 namespace lyrabox::test {
 
-/// White paper as large as `widget`, at `ratio` device pixels a point.
+/// A white image of the size of `widget`, with `ratio` device pixels per point.
 inline QImage paperFor(const QWidget &widget, qreal ratio)
 {
     QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
@@ -17,7 +17,7 @@ inline QImage paperFor(const QWidget &widget, qreal ratio)
     return image;
 }
 
-/// What `widget` draws on white.
+/// The picture that `widget` draws on white.
 inline QImage drawn(QWidget &widget, qreal ratio = 1.0)
 {
     QImage image = paperFor(widget, ratio);
@@ -25,7 +25,7 @@ inline QImage drawn(QWidget &widget, qreal ratio = 1.0)
     return image;
 }
 
-/// What the widget's picture is when it shows the image `name`, centred on whole points.
+/// The expected picture of a widget that shows the image `name`, centred on whole points.
 inline QImage expected(const QWidget &widget, const QString &name, qreal ratio = 1.0)
 {
     QImage image = paperFor(widget, ratio);

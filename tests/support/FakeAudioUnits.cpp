@@ -13,10 +13,10 @@ namespace lyrabox::test {
 
 namespace {
 
-/// A device pulls no more than this at once.
+/// The most frames that a device pulls at once.
 constexpr std::uint32_t largestPull = 65536;
 
-/// Parameters as the units keep them: any thread reads, control side writes.
+/// The parameters of a unit. Any thread reads them; the control side writes them.
 class Parameters {
 public:
     float value(std::uint32_t id) const
@@ -36,7 +36,7 @@ private:
     std::map<std::uint32_t, float> m_values;
 };
 
-/// The part of a fake output that is pulled, which may outlive the unit.
+/// The part of a fake output that is pulled. It may outlive the unit.
 struct Device {
     std::mutex mutex; ///< held while a callback runs
     RenderingUnit *source = nullptr;
@@ -71,11 +71,11 @@ AudioBuffer bufferOf(std::vector<float> &samples, std::size_t offset, std::uint3
 } // namespace
 
 struct FakeAudio::State {
-    mutable std::mutex mutex; ///< of everything that is not atomic
+    mutable std::mutex mutex; ///< guards everything that is not atomic
     std::map<FakeStep, Status> failures;
     std::map<FakeStep, Status> singleFailures;
     std::vector<std::string> calls;
-    // Of every unit made; those of the destroyed ones have expired.
+    // One for every unit made. Those of destroyed units have expired.
     std::vector<std::weak_ptr<Device>> devices;
     std::vector<std::weak_ptr<Parameters>> equalizers;
     std::vector<std::weak_ptr<Parameters>> timePitches;
@@ -111,7 +111,7 @@ namespace {
 
 using StateRef = std::shared_ptr<FakeAudio::State>;
 
-/// What all fake units have in common.
+/// The common part of all fake units.
 template <typename Interface>
 class FakeUnit : public Interface {
 public:

@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <vector>
 
-/// How tests judge what was recorded.
+/// Functions that analyse recorded sound.
 namespace lyrabox::test {
 
-/// The frequency of a recorded sine in hertz: the median over stretches of `periods` periods
-/// between rising zero crossings, so that a gap of a recording on a busy machine does not count. 0
-/// when there is not one such stretch.
+/// The frequency of a recorded sine in hertz: the median over segments of `periods` periods between
+/// rising zero crossings. So a gap in the recording, as on a busy machine, does not matter. 0 if
+/// the recording is shorter than a segment.
 inline double frequencyOf(const std::vector<float> &samples, double rate = 44100.0,
                           std::size_t periods = 25)
 {
@@ -40,7 +40,7 @@ inline float peakOf(const std::vector<float> &samples)
     return peak;
 }
 
-/// Root mean square; 0 of nothing.
+/// The root mean square; 0 for no samples.
 inline double levelOf(const std::vector<float> &samples)
 {
     double sum = 0.0;

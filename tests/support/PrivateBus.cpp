@@ -47,7 +47,8 @@ PrivateBus::PrivateBus()
     m_daemon.setStandardErrorFile(QProcess::nullDevice());
     m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + file, u"--nofork"_s, u"--nopidfile"_s,
                                       u"--print-address"_s});
-    EXPECT_TRUE(m_daemon.waitForReadyRead(patienceMilliseconds)) << "no message bus";
+    EXPECT_TRUE(m_daemon.waitForReadyRead(patienceMilliseconds))
+        << "the message bus does not start";
     m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
 }
 

@@ -10,8 +10,8 @@
 
 namespace lyrabox::test {
 
-/// A message bus of the test's own, on which nobody is and nothing is started by itself. What fails
-/// adds a test failure. Main thread only.
+/// A message bus that belongs to the test. No service is on it and none is started automatically.
+/// Errors add a test failure. Main thread only.
 class PrivateBus {
 public:
     PrivateBus();
@@ -19,16 +19,16 @@ public:
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
 
-    /// What DBUS_SESSION_BUS_ADDRESS has to be.
+    /// The value for DBUS_SESSION_BUS_ADDRESS.
     QString address() const { return m_address; }
 
-    /// A connection of one's own; closed with the bus.
+    /// A new connection, which is closed with the bus.
     QDBusConnection connect(const QString &name);
 
-    /// Ends the bus without any farewell.
+    /// Kills the bus.
     void kill();
 
-    /// Calls a method and waits for the answer, with the event loop running.
+    /// Calls a method and waits for the answer while the event loop runs.
     static QDBusMessage call(const QDBusConnection &connection, const QString &service,
                              const QString &path, const QString &interface, const QString &method,
                              const QVariantList &arguments = {});
@@ -40,7 +40,7 @@ private:
     QStringList m_connections;
 };
 
-/// A socket on which everyone is let in and nobody is answered. What fails adds a test failure.
+/// A socket that accepts connections and never answers. Errors add a test failure.
 class SilentSocket {
 public:
     explicit SilentSocket(QString path);
@@ -55,8 +55,8 @@ private:
     int m_socket;
 };
 
-/// A service that answers every call by a function: true when it has replied, or wants no reply to
-/// be sent.
+/// A service that handles every call by a function. The function returns true if it has replied or
+/// if no reply shall be sent.
 class FakeService : public QDBusVirtualObject {
 public:
     using Answer = std::function<bool(const QDBusMessage &, const QDBusConnection &)>;

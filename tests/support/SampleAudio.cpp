@@ -20,7 +20,7 @@ namespace lyrabox::test {
 
 namespace {
 
-/// A 32-bit mixer, so that noise needs no state and any frame can be asked for.
+/// A 32-bit mixing function. With it noise needs no state, so any frame can be computed alone.
 std::uint32_t hash(std::uint32_t value)
 {
     value ^= value >> 16;
@@ -43,7 +43,7 @@ QString keyOf(const SampleSpec &spec)
     return parts.join(QChar(0x1f));
 }
 
-/// The signal as raw 32-bit floats, interleaved.
+/// The signal as raw interleaved 32-bit floats.
 bool writeSignal(const QString &path, const SampleSpec &spec)
 {
     const auto frames = sampleFrames(spec);

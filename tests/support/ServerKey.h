@@ -11,16 +11,18 @@
 
 namespace lyrabox::test {
 
-/// A key as an X server sends it to the window that has the keyboard. While it is held, each repeat
-/// is a release and a press with one timestamp, which the toolkit may have marked or not. One at a
-/// time; the display knows whether it is down.
+/// A key press in the form in which an X server sends it to the window with the keyboard focus.
+/// While the key is held, each repeat is a release and a press with the same timestamp; the toolkit
+/// marks some of them as repeats. Only one object at a time. The display also knows whether the key
+/// is down.
 class ServerKey {
 public:
     struct Way {
-        bool marked;            ///< the toolkit has marked the repeats
+        bool marked;            ///< whether the toolkit has marked the repeats
         quint64 delay;          ///< milliseconds before the first repeat
-        quint64 interval;       ///< and between two
-        bool idlesBetweenPairs; ///< the event loop runs between a repeat's release and its press
+        quint64 interval;       ///< milliseconds between two repeats
+        bool idlesBetweenPairs; ///< whether the event loop runs between the release and the press
+                                ///< of a repeat
     };
 
     explicit ServerKey(Way way) : m_way(way)
@@ -57,7 +59,7 @@ public:
         }
     }
 
-    /// The key is still held; what it repeats comes without modifiers.
+    /// Releases the modifiers. The key stays down and repeats without them.
     void letModifiersGo() { m_modifiers = {}; }
 
     void release()
@@ -67,7 +69,7 @@ public:
         sendRelease(false);
     }
 
-    /// Lets the key go and presses it again before the program looks at either.
+    /// Releases the key and presses it again before the program handles either event.
     void releaseAndPressUnseen()
     {
         m_now += 5;

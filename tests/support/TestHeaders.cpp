@@ -1,1 +1,1 @@
-// Nothing but the precompiled headers that come with it; see CMakeLists.txt.
+// Only carries the precompiled headers; see CMakeLists.txt.

@@ -10,9 +10,9 @@
 
 extern "C" int __clone(int (*function)(void *), void *stack, int flags, void *argument, ...);
 
-/// QProcess starts its child on the memory of its parent (CLONE_VM). The sanitizer's own wrapper
-/// takes that for a fork and from then on ignores, in the parent, every lock and atomic of the
-/// calling thread. So it is passed by.
+/// QProcess starts its child in the memory of its parent (CLONE_VM). The sanitizer's own wrapper
+/// takes that for a fork. From then on it ignores every lock and atomic of the calling thread in
+/// the parent. So this function replaces the wrapper.
 extern "C" int clone(int (*function)(void *), void *stack, int flags, void *argument, ...)
 {
     va_list list;

@@ -25,7 +25,7 @@ struct Artwork : testing::Test {
     QString path = folder.filePath(u"deep/covers"_s);
 };
 
-TEST_F(Artwork, IsNoFileUntilThereIsAPicture)
+TEST_F(Artwork, HasNoFileWithoutAPicture)
 {
     const ArtworkFile artwork(path);
     EXPECT_TRUE(artwork.url().isEmpty());
@@ -41,14 +41,14 @@ TEST_F(Artwork, IsAPictureThatOthersCanRead)
     EXPECT_EQ(read.pixelColor(3, 3), QColor(Qt::red));
 }
 
-TEST_F(Artwork, IsMadeSmall)
+TEST_F(Artwork, IsScaledDown)
 {
     ArtworkFile artwork(path);
     artwork.setImage(picture(2000, 1000));
     EXPECT_EQ(QImage(artwork.url().toLocalFile()).size(), QSize(512, 256));
 }
 
-TEST_F(Artwork, GetsANewNameForANewPictureAndTheOldOneGoes)
+TEST_F(Artwork, GetsANewNameForEachPictureAndTheOldFileIsRemoved)
 {
     ArtworkFile artwork(path);
     artwork.setImage(picture(4, 4));
@@ -58,7 +58,7 @@ TEST_F(Artwork, GetsANewNameForANewPictureAndTheOldOneGoes)
     EXPECT_EQ(files(), QStringList{artwork.url().fileName()});
 }
 
-TEST_F(Artwork, GoesWithTheSong)
+TEST_F(Artwork, IsRemovedWithTheSong)
 {
     ArtworkFile artwork(path);
     artwork.setImage(picture(4, 4));
@@ -67,7 +67,7 @@ TEST_F(Artwork, GoesWithTheSong)
     EXPECT_TRUE(files().isEmpty());
 }
 
-TEST_F(Artwork, GoesWithTheProgram)
+TEST_F(Artwork, IsRemovedWithTheProgram)
 {
     {
         ArtworkFile artwork(path);
@@ -77,7 +77,7 @@ TEST_F(Artwork, GoesWithTheProgram)
     EXPECT_FALSE(QDir(path).exists());
 }
 
-TEST_F(Artwork, IsDoneWithoutWhereItCannotBeWritten)
+TEST_F(Artwork, HasNoFileIfItCannotBeWritten)
 {
     QFile file(folder.filePath(u"deep"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -86,7 +86,7 @@ TEST_F(Artwork, IsDoneWithoutWhereItCannotBeWritten)
     EXPECT_TRUE(artwork.url().isEmpty());
 }
 
-TEST_F(Artwork, RemovesWhatADeadProcessHasLeftAndNothingElse)
+TEST_F(Artwork, RemovesOnlyFilesOfDeadProcesses)
 {
     ASSERT_TRUE(QDir().mkpath(path));
     const QString alive = u"cover-%1-9.png"_s.arg(QCoreApplication::applicationPid());

@@ -49,7 +49,7 @@ public:
     qint64 now = 0;
 };
 
-/// A media key's side of the bus.
+/// A client on the bus, such as a media key handler.
 class Listener : public QObject {
     Q_OBJECT
 
@@ -140,7 +140,7 @@ protected:
     MprisService mpris{own, commands, {u"audio/flac"_s}};
 };
 
-TEST_F(Mpris, SaysWhoItIs)
+TEST_F(Mpris, IdentifiesTheProgram)
 {
     QGuiApplication::setDesktopFileName(u"org.lyrabox.Lyrabox"_s);
     EXPECT_EQ(get(root, u"DesktopEntry"_s).toString(), u"org.lyrabox.Lyrabox"_s);
@@ -163,7 +163,7 @@ TEST_F(Mpris, WithoutASongThereIsNoTrack)
               u"/org/mpris/MediaPlayer2/TrackList/NoTrack"_s);
 }
 
-TEST_F(Mpris, TellsTheSong)
+TEST_F(Mpris, ReportsTheSong)
 {
     mpris.setState(aSong());
     const QVariantMap song = metadata();
@@ -178,7 +178,7 @@ TEST_F(Mpris, TellsTheSong)
     EXPECT_EQ(song.value(u"mpris:artUrl"_s).toString(), u"file:///run/cover.png"_s);
 }
 
-TEST_F(Mpris, TellsOnlyWhatHasChanged)
+TEST_F(Mpris, ReportsOnlyChangedProperties)
 {
     mpris.setState(aSong());
     ASSERT_TRUE(comes([this] { return listener.changes.size() == 1; }));
@@ -191,14 +191,14 @@ TEST_F(Mpris, TellsOnlyWhatHasChanged)
     state.rate = 0.5;
     mpris.setState(state);
     mpris.setState(state);
-    mpris.tellSeeked(); // what comes after it has come as well
+    mpris.tellSeeked(); // once this signal is here, all earlier ones are
     ASSERT_TRUE(comes([this] { return !listener.seeks.empty(); }));
     ASSERT_EQ(listener.changes.size(), 2U);
     EXPECT_EQ(listener.changes.back(),
               (QVariantMap{{u"PlaybackStatus"_s, u"Paused"_s}, {u"Rate"_s, 0.5}}));
 }
 
-TEST_F(Mpris, TellsASongAnewWhenItsArtworkComes)
+TEST_F(Mpris, ReportsASongAgainWhenItsArtworkArrives)
 {
     mpris.setState(aSong());
     MediaPlayerState state = aSong();
@@ -208,7 +208,7 @@ TEST_F(Mpris, TellsASongAnewWhenItsArtworkComes)
     EXPECT_EQ(listener.changes.back().keys(), QStringList{u"Metadata"_s});
 }
 
-TEST_F(Mpris, TellsWhereTheSongIs)
+TEST_F(Mpris, ReportsThePosition)
 {
     commands.now = 12'345'678;
     EXPECT_EQ(get(player, u"Position"_s).toLongLong(), 12'345'678);
@@ -228,7 +228,7 @@ TEST_F(Mpris, PassesOnTheMediaKeys)
 
 TEST_F(Mpris, SeeksWithinTheSongAndPastItsEndToTheNext)
 {
-    call(player, u"Seek"_s, {qlonglong{1}}); // nothing is loaded
+    call(player, u"Seek"_s, {qlonglong{1}}); // no song is loaded
     mpris.setState(aSong());
     commands.now = 10'000'000;
     call(player, u"Seek"_s, {qlonglong{5'000'000}});
@@ -242,7 +242,7 @@ TEST_F(Mpris, SeeksWithinTheSongAndPastItsEndToTheNext)
                                             "seek 60000000", "next", "seek 0", "next"));
 }
 
-TEST_F(Mpris, GoesToAPositionOfThisSongOnly)
+TEST_F(Mpris, SetsThePositionOfTheCurrentSongOnly)
 {
     mpris.setState(aSong());
     const auto go = [this](const QString &song, qlonglong to) {
@@ -256,7 +256,7 @@ TEST_F(Mpris, GoesToAPositionOfThisSongOnly)
     EXPECT_THAT(commands.calls, ElementsAre("seek 60000000"));
 }
 
-TEST_F(Mpris, KeepsWhatIsSetWithinItsLimits)
+TEST_F(Mpris, LimitsTheValuesThatClientsSet)
 {
     mpris.setState(aSong());
     for (const double rate : {0.5, 9.0, 0.01, -1.0, std::numeric_limits<double>::quiet_NaN()})
@@ -267,13 +267,13 @@ TEST_F(Mpris, KeepsWhatIsSetWithinItsLimits)
                                             "volume 0.5", "volume 1", "volume 0"));
 }
 
-TEST_F(Mpris, TakesARateOfZeroForAPause)
+TEST_F(Mpris, PausesAtARateOfZero)
 {
     set(u"Rate"_s, 0.0);
     EXPECT_THAT(commands.calls, ElementsAre("pause"));
 }
 
-TEST_F(Mpris, ALoopCanBeClearedButNotMadeFromOutside)
+TEST_F(Mpris, ClientsCanClearALoopButNotMakeOne)
 {
     MediaPlayerState state = aSong();
     state.loop = MediaPlayerState::Loop::Song;
@@ -307,7 +307,7 @@ TEST_F(Mpris, ASecondPlayerGetsANameOfItsOwn)
     }));
 }
 
-TEST_F(Mpris, GoesOnWithoutTheBusWhenItVanishes)
+TEST_F(Mpris, SurvivesTheEndOfTheBus)
 {
     bus.kill();
     ASSERT_TRUE(comes([this] { return !own.isConnected(); }));

@@ -13,33 +13,33 @@ using namespace lyrabox::test;
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 
-TEST(SessionBus, AnswersWhenItIsThere)
+TEST(SessionBus, ARunningBusAnswers)
 {
     const PrivateBus bus;
     EXPECT_TRUE(busAnswers(bus.address().toUtf8(), 20s));
 }
 
-TEST(SessionBus, ThatIsSilentDoesNotAnswer)
+TEST(SessionBus, ASilentBusDoesNotAnswer)
 {
     const QTemporaryDir folder;
     const SilentSocket silent(folder.filePath(u"bus"_s));
     EXPECT_FALSE(busAnswers("unix:path=" + silent.path().toUtf8(), 20ms));
 }
 
-TEST(SessionBus, ThatIsNotThereDoesNotAnswer)
+TEST(SessionBus, AMissingBusDoesNotAnswer)
 {
     const QTemporaryDir folder;
     EXPECT_FALSE(busAnswers("unix:path=" + folder.filePath(u"bus"_s).toUtf8(), 20s));
 }
 
-TEST(SessionBus, OfAnotherKindIsLeftToTheToolkit)
+TEST(SessionBus, AnAddressOfAnotherKindCountsAsOneThatAnswers)
 {
     for (const char *address : {"", "disabled:", "tcp:host=localhost", "unix:abstract=/x",
                                 "unix:path=/a;unix:path=/b", "unix:path=/a%20b"})
         EXPECT_TRUE(busAnswers(address, 0ms)) << address;
 }
 
-TEST(SessionBus, IsConnectedToWithoutWaiting)
+TEST(SessionBus, ConnectsWithoutBlocking)
 {
     const PrivateBus bus;
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());

@@ -98,24 +98,24 @@ protected:
     SleepInhibitor inhibitor{own, u"Lyrabox"_s, u"A song is playing"_s};
 };
 
-TEST_F(KeepingAwake, AsksNobodyUntilItIsWanted)
+TEST_F(KeepingAwake, AsksNoServiceUntilItIsWanted)
 {
     startPortal(Portal::Grants);
     startScreenSaver();
     PrivateBus::call(own, u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
-                     u"GetId"_s); // what was asked before has come
+                     u"GetId"_s); // all earlier calls have arrived
     QCoreApplication::processEvents();
     EXPECT_TRUE(calls.empty());
     EXPECT_EQ(inhibitor.holder(), Holder::Nobody);
 }
 
-TEST_F(KeepingAwake, AsksThePortalFirstAndGivesBackByClosingTheRequest)
+TEST_F(KeepingAwake, AsksThePortalFirstAndReleasesByClosingTheRequest)
 {
     startPortal(Portal::Grants);
     startScreenSaver();
     inhibitor.setWanted(true);
     EXPECT_TRUE(comesTo(Holder::Portal));
-    EXPECT_EQ(flags, 12U); // suspending and going idle
+    EXPECT_EQ(flags, 12U); // inhibits suspend (4) and idle (8)
     inhibitor.setWanted(true);
     inhibitor.setWanted(false);
     EXPECT_EQ(inhibitor.holder(), Holder::Nobody);
@@ -134,7 +134,7 @@ TEST_F(KeepingAwake, AsksTheScreenSaverWithoutAPortal)
     EXPECT_THAT(calls, ElementsAre("saver Lyrabox", "release 7"));
 }
 
-TEST_F(KeepingAwake, AsksTheScreenSaverWhereThePortalFails)
+TEST_F(KeepingAwake, AsksTheScreenSaverIfThePortalFails)
 {
     startPortal(Portal::Fails);
     startScreenSaver();
@@ -142,7 +142,7 @@ TEST_F(KeepingAwake, AsksTheScreenSaverWhereThePortalFails)
     EXPECT_TRUE(comesTo(Holder::ScreenSaver));
 }
 
-TEST_F(KeepingAwake, AsksTheScreenSaverWhereThePortalRefuses)
+TEST_F(KeepingAwake, AsksTheScreenSaverIfThePortalRefuses)
 {
     startPortal(Portal::Refuses);
     startScreenSaver();
@@ -158,13 +158,13 @@ TEST_F(KeepingAwake, DoesNotWaitForAPortalThatDoesNotAnswer)
     startScreenSaver();
     inhibitor.setPatience(50);
     inhibitor.setWanted(true);
-    EXPECT_EQ(inhibitor.holder(), Holder::Nobody); // has not waited
+    EXPECT_EQ(inhibitor.holder(), Holder::Nobody); // the call did not wait
     EXPECT_TRUE(comesTo(Holder::ScreenSaver));
     ASSERT_TRUE(comesToCalls(3));
     EXPECT_THAT(calls, testing::UnorderedElementsAre("portal", "close", "saver Lyrabox"));
 }
 
-TEST_F(KeepingAwake, GivesBackWhatIsGrantedTooLate)
+TEST_F(KeepingAwake, ReleasesWhatIsGrantedTooLate)
 {
     startPortal(Portal::IsSilent);
     inhibitor.setWanted(true);
@@ -176,16 +176,16 @@ TEST_F(KeepingAwake, GivesBackWhatIsGrantedTooLate)
     EXPECT_EQ(inhibitor.holder(), Holder::Nobody);
 }
 
-TEST_F(KeepingAwake, DoesWithoutWhereNobodyCan)
+TEST_F(KeepingAwake, DoesNothingIfNoServiceCanHelp)
 {
     inhibitor.setWanted(true);
     PrivateBus::call(own, u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
-                     u"GetId"_s); // what was asked before is answered
+                     u"GetId"_s); // all earlier calls are answered
     EXPECT_EQ(inhibitor.holder(), Holder::Nobody);
     inhibitor.setWanted(false);
 }
 
-TEST_F(KeepingAwake, AsksAnewWhenTheOneThatHeldIsReplaced)
+TEST_F(KeepingAwake, AsksAgainWhenTheHoldingServiceIsReplaced)
 {
     startScreenSaver();
     inhibitor.setWanted(true);
@@ -198,7 +198,7 @@ TEST_F(KeepingAwake, AsksAnewWhenTheOneThatHeldIsReplaced)
     EXPECT_THAT(calls, ElementsAre("saver Lyrabox"));
 }
 
-TEST_F(KeepingAwake, GoesOnWithoutTheBusWhenItVanishes)
+TEST_F(KeepingAwake, SurvivesTheEndOfTheBus)
 {
     startScreenSaver();
     inhibitor.setWanted(true);

@@ -14,7 +14,7 @@ namespace lyrabox::test {
 
 using namespace Qt::Literals::StringLiterals;
 
-/// A list with every kind of value and names in an order of their own.
+/// A list with every kind of value. Its keys are not sorted.
 inline PropertyList sample()
 {
     return PropertyList::Dictionary{
@@ -28,19 +28,24 @@ inline PropertyList sample()
     };
 }
 
-/// The same list in binary form, as libplist writes it.
-inline QByteArray binaryOf(const PropertyList &list)
+/// The list of an XML text in binary form, written by libplist.
+inline QByteArray binaryOfXml(const QByteArray &xml)
 {
-    const QByteArray xml = propertyListXml(list);
     plist_t node = nullptr;
     plist_from_xml(xml.constData(), static_cast<std::uint32_t>(xml.size()), &node);
     char *bytes = nullptr;
     std::uint32_t length = 0;
     plist_to_bin(node, &bytes, &length);
     const QByteArray binary(bytes, length);
-    std::free(bytes); // newer versions have no function of their own for it
+    std::free(bytes); // not every version has a function for this
     plist_free(node);
     return binary;
+}
+
+/// The same for a list in memory.
+inline QByteArray binaryOf(const PropertyList &list)
+{
+    return binaryOfXml(propertyListXml(list));
 }
 
 } // namespace lyrabox::test

@@ -24,7 +24,7 @@ using Job = BackgroundRunner::Job;
 
 namespace {
 
-/// Work that tells when it has begun and runs until it is told to end.
+/// Work that reports its beginning and runs until it is released.
 struct HeldWork {
     std::promise<void> begun;
     std::promise<void> mayEnd;
@@ -72,7 +72,7 @@ TEST(BackgroundRunner, DeliversResultsOnTheOwnersThreadThroughItsEventLoop)
     std::vector<int> delivered;
     QEventLoop loop;
     const std::thread::id owner = std::this_thread::get_id();
-    const auto deliver = [&](std::unique_ptr<int> result) { // can be moved only
+    const auto deliver = [&](std::unique_ptr<int> result) { // cannot be copied
         EXPECT_EQ(std::this_thread::get_id(), owner);
         delivered.push_back(*result);
         if (delivered.size() == 2)
@@ -85,12 +85,12 @@ TEST(BackgroundRunner, DeliversResultsOnTheOwnersThreadThroughItsEventLoop)
         ASSERT_TRUE(last);
     }
     runner.wait(*last);
-    EXPECT_TRUE(delivered.empty()) << "before the event loop ran";
+    EXPECT_TRUE(delivered.empty()) << "delivered before the event loop ran";
     loop.exec();
     EXPECT_EQ(delivered, (std::vector<int>{7, 8}));
 }
 
-TEST(BackgroundRunner, TellsTheOwnersThreadTheEndOfWorkWithoutAResult)
+TEST(BackgroundRunner, DeliversTheEndOfWorkWithoutAResult)
 {
     BackgroundRunner runner;
     const std::thread::id owner = std::this_thread::get_id();
@@ -114,7 +114,7 @@ TEST(BackgroundRunner, NeverBeginsAJobThatWasCancelledWhileItWaited)
     ASSERT_TRUE(first && second);
     held.begun.get_future().wait();
     runner.cancel(*second);
-    runner.wait(*second); // at once, though the first job still runs
+    runner.wait(*second); // returns at once, although the first job still runs
     held.mayEnd.set_value();
     const auto third = runner.run(doNothing);
     ASSERT_TRUE(third);
@@ -122,7 +122,7 @@ TEST(BackgroundRunner, NeverBeginsAJobThatWasCancelledWhileItWaited)
     EXPECT_FALSE(hasBegun);
 }
 
-TEST(BackgroundRunner, TellsARunningJobThatItIsCancelledAndDropsItsResult)
+TEST(BackgroundRunner, ARunningJobSeesItsCancellationAndItsResultIsDropped)
 {
     BackgroundRunner runner;
     std::promise<void> begun;
@@ -146,7 +146,7 @@ TEST(BackgroundRunner, TellsARunningJobThatItIsCancelledAndDropsItsResult)
     EXPECT_FALSE(isDelivered);
 }
 
-TEST(BackgroundRunner, DeliversNothingOfAJobThatIsCancelledAfterItsEnd)
+TEST(BackgroundRunner, DeliversNothingOfAJobCancelledAfterItsEnd)
 {
     BackgroundRunner runner;
     int delivered = 0;
@@ -160,7 +160,7 @@ TEST(BackgroundRunner, DeliversNothingOfAJobThatIsCancelledAfterItsEnd)
     QCoreApplication::processEvents();
     EXPECT_EQ(delivered, 10);
     runner.cancelAll();
-    runner.cancel(12345); // nobody's
+    runner.cancel(12345); // no such job
 }
 
 TEST(BackgroundRunner, CancelsAndJoinsWhenItIsDestroyed)
@@ -191,7 +191,7 @@ TEST(BackgroundRunner, CancelsAndJoinsWhenItIsDestroyed)
     EXPECT_FALSE(isDelivered);
 }
 
-TEST(BackgroundRunner, TakesNothingWhereTheSystemHasNoThreadAndTriesAgainLater)
+TEST(BackgroundRunner, RefusesJobsIfTheSystemHasNoThreadAndTriesAgainLater)
 {
     BackgroundRunner runner;
     bool isCalled = false;
@@ -207,7 +207,7 @@ TEST(BackgroundRunner, TakesNothingWhereTheSystemHasNoThreadAndTriesAgainLater)
     EXPECT_TRUE(isCalled);
 }
 
-TEST(BackgroundRunner, StepsBackForOthersUnlessItIsAskedNotTo)
+TEST(BackgroundRunner, RunsAtLowPriorityUnlessAskedForNormal)
 {
     const int own = niceness();
     int low = -100;
@@ -229,7 +229,7 @@ TEST(BackgroundRunner, StepsBackForOthersUnlessItIsAskedNotTo)
     EXPECT_EQ(niceness(), own);
 }
 
-TEST(BackgroundRunner, AJobMayGiveAnotherAndADeliveryAsWell)
+TEST(BackgroundRunner, AJobAndADeliveryMayGiveTheRunnerAnotherJob)
 {
     BackgroundRunner runner;
     std::promise<void> inner;

@@ -20,7 +20,7 @@ Mount mounted(const QString &path, const QString &fileSystem)
     return mount;
 }
 
-/// A disk of another machine at /far; it answers when it is told to.
+/// A mount table with a network disk at /far, whose questions the test answers.
 class DiskPatience : public testing::Test {
 protected:
     DiskPatience()
@@ -57,12 +57,12 @@ TEST_F(DiskPatience, ALocalDiskIsAskedOnTheCallingThread)
     EXPECT_EQ(thread, std::this_thread::get_id());
 }
 
-TEST_F(DiskPatience, ADiskThatAnswersIsHeard)
+TEST_F(DiskPatience, TheAnswerOfADiskThatMayHangIsReturned)
 {
     EXPECT_EQ(files::askPatiently<int>(u"/far/a"_s, [] { return 7; }), 7);
 }
 
-TEST_F(DiskPatience, ASilentDiskIsLeftAloneUntilItAnswersAndIsThenToldOf)
+TEST_F(DiskPatience, ASilentDiskIsNotAskedUntilItAnswersAndItsAnswerIsReported)
 {
     std::promise<void> answer;
     std::promise<void> ended;
@@ -74,8 +74,9 @@ TEST_F(DiskPatience, ASilentDiskIsLeftAloneUntilItAnswersAndIsThenToldOf)
     const auto isAsked = std::make_shared<std::atomic<bool>>(false);
     const auto question = [isAsked] { return isAsked->exchange(true) ? 3 : 2; };
     EXPECT_EQ(files::askPatiently<int>(u"/far/b"_s, question), std::nullopt);
-    EXPECT_FALSE(*isAsked) << "nobody else waits for it";
-    EXPECT_EQ(files::askPatiently<int>(u"/run/gvfs/a"_s, question), 2) << "other disks are asked";
+    EXPECT_FALSE(*isAsked) << "the disk must not be asked again";
+    EXPECT_EQ(files::askPatiently<int>(u"/run/gvfs/a"_s, question), 2)
+        << "other disks must be asked";
 
     answer.set_value();
     ended.get_future().wait();
@@ -96,7 +97,7 @@ TEST_F(DiskPatience, WorkIsAbandonedWhenTheCallerDoesNotGoOn)
         [&asked] { return ++asked < 2; }));
     EXPECT_EQ(asked, 2);
     answer.set_value();
-    isDone->get_future().wait(); // it ends by itself
+    isDone->get_future().wait(); // the abandoned work ends by itself
     EXPECT_TRUE(files::runAbandonable([] {}, [] { return false; }));
 }
 

@@ -25,7 +25,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// What was asked of the system, in order, and whether the next flush fails.
+/// Records the calls to the system in order, and can let flushes fail.
 struct Calls {
     std::vector<std::string> order;
     bool records = false;
@@ -46,7 +46,7 @@ std::string nameOf(int file)
 
 } // namespace
 
-// In the place of the library's own: they note the call and ask the system themselves.
+// These replace the functions of the C library. They record the call and call the kernel.
 extern "C" int fsync(int file)
 {
     if (calls().records)
@@ -67,6 +67,30 @@ extern "C" int rename(const char *from, const char *to) noexcept
 }
 
 namespace {
+
+/// Makes writes beyond the first 1,000 bytes of a file fail half-way while it lives, like a full
+/// disk.
+class FullDisk {
+public:
+    FullDisk()
+    {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_before), 0);
+        rlimit small = m_before;
+        small.rlim_cur = 1000;
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit m_before = {};
+    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN); ///< the signal would end the process
+};
 
 class FileReplacement : public testing::Test {
 protected:
@@ -120,17 +144,8 @@ TEST_F(FileReplacement, AFlushThatFailsLeavesTheOldFile)
 
 TEST_F(FileReplacement, ADiskThatFillsUpLeavesTheOldFile)
 {
-    // A limit of the file's size fails a write half-way, as a full disk does.
-    rlimit before = {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = before;
-    small.rlim_cur = 1000;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool isReplaced = files::replaceFile(path(), QByteArray(5000, 'x'));
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_FALSE(isReplaced);
+    const FullDisk full;
+    EXPECT_FALSE(files::replaceFile(path(), QByteArray(5000, 'x')));
     EXPECT_EQ(content(), "old");
     EXPECT_EQ(names(), QStringList{u"list"_s});
 }
@@ -172,43 +187,30 @@ TEST_F(FileReplacement, AWriterThatThrowsLeavesTheOldFile)
 
 TEST_F(FileReplacement, ADiskThatWasFullForOneWriteOnlyLeavesTheOldFile)
 {
-    rlimit before = {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    const auto write = [&before](QIODevice &file) {
-        rlimit small = before;
-        small.rlim_cur = 1000;
-        setrlimit(RLIMIT_FSIZE, &small);
-        EXPECT_LT(file.write(QByteArray(100000, 'x')), 0);
-        setrlimit(RLIMIT_FSIZE, &before);
-        file.write("and the rest"); // there would be room for it
+    const auto write = [](QIODevice &file) {
+        {
+            const FullDisk full;
+            EXPECT_LT(file.write(QByteArray(100000, 'x')), 0);
+        }
+        file.write("and the rest"); // the disk has room for this again
         return true;
     };
     EXPECT_FALSE(files::replaceFile(path(), write));
-    std::signal(SIGXFSZ, oldHandler);
     EXPECT_EQ(content(), "old");
     EXPECT_EQ(names(), QStringList{u"list"_s});
 }
 
 TEST_F(FileReplacement, ADiskThatIsFullAtTheLastCollectedBytesLeavesTheOldFile)
 {
-    rlimit before = {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = before;
-    small.rlim_cur = 1000;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool isReplaced = files::replaceFile(path(), [](QIODevice &file) {
-        return file.write(QByteArray(2000, 'x')) == 2000; // collected only
-    });
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_FALSE(isReplaced);
+    const FullDisk full;
+    EXPECT_FALSE(files::replaceFile(path(), [](QIODevice &file) {
+        return file.write(QByteArray(2000, 'x')) == 2000; // collected and not written yet
+    }));
     EXPECT_EQ(content(), "old");
     EXPECT_EQ(names(), QStringList{u"list"_s});
 }
 
-TEST_F(FileReplacement, OverwritesWhatAKilledProgramLeft)
+TEST_F(FileReplacement, OverwritesTheFileThatAKilledProgramLeft)
 {
     QFile stale(path() + u".new"_s);
     ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
@@ -239,7 +241,7 @@ TEST_F(FileReplacement, KeepsALinkAndThePermissions)
     EXPECT_EQ(attributes.st_mode & 0777, 0640U);
 }
 
-TEST_F(FileReplacement, MakesAFileButNoFolder)
+TEST_F(FileReplacement, CreatesAFileButNoFolder)
 {
     EXPECT_TRUE(files::replaceFile(m_folder.filePath(u"settings/more"_s), "new"));
     EXPECT_EQ(names(), (QStringList{u"list"_s, u"more"_s}));

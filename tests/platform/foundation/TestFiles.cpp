@@ -33,7 +33,7 @@ protected:
                   0);
     }
 
-    /// In the order in which they are listed.
+    /// The names in the order of the listing.
     static QStringList namesIn(const QString &folder)
     {
         QStringList names;
@@ -45,7 +45,7 @@ protected:
     QTemporaryDir m_folder;
 };
 
-/// The language of the program while it lives.
+/// Sets the language of the program while it lives.
 class DefaultLocale {
 public:
     explicit DefaultLocale(QLocale::Language language) { QLocale::setDefault(QLocale(language)); }
@@ -101,7 +101,7 @@ TEST_F(Files, ALinkHasTheInodeOfItsFile)
     EXPECT_EQ(files::inodeText(path(u"b"_s)), files::inodeText(path(u"a"_s)));
 }
 
-TEST_F(Files, WithoutAttributesTheInodeIsATextOfItsOwn)
+TEST_F(Files, TheInodeOfAnUnreadableFileIsTheTextNull)
 {
     makeLink(path(u"nothing"_s), u"dangling"_s);
     for (const QString &missing :
@@ -131,7 +131,7 @@ TEST_F(Files, EntriesAreShallowVisibleAndOfTheirOwnKind)
                                                      u"/song.mp3"_s, u"/file.app"_s, u"/link"_s));
 }
 
-TEST_F(Files, EntriesComeByNameAsAFileManagerSortsThem)
+TEST_F(Files, EntriesAreSortedByNameAsInAFileManager)
 {
     const QStringList sorted{u"1 Intro.mp3"_s, u"2"_s,     u"9 Song.mp3"_s, u"10 End.mp3"_s,
                              u"Apple"_s,       u"apple"_s, u"banana"_s,     u"eta"_s,
@@ -142,7 +142,7 @@ TEST_F(Files, EntriesComeByNameAsAFileManagerSortsThem)
     EXPECT_EQ(namesIn(m_folder.path() + u'/'), sorted);
 }
 
-TEST_F(Files, NamesThatCompareEqualComeByTheirBytes)
+TEST_F(Files, NamesThatCompareEqualAreSortedByTheirBytes)
 {
     const QStringList sorted{u"SONG 1"_s, u"Song 01"_s,         u"Song 1"_s,
                              u"song 1"_s, u"caf\u0065\u0301"_s, u"caf\u00E9"_s};
@@ -160,7 +160,7 @@ TEST_F(Files, EntriesFollowTheAlphabetOfTheLanguage)
     EXPECT_EQ(namesIn(m_folder.path()), QStringList({u"ost"_s, u"zebra"_s, u"öl"_s}));
 }
 
-TEST_F(Files, NumbersCountByTheirValueAlsoWithoutALanguage)
+TEST_F(Files, NumbersAreSortedByValueEvenWithoutALanguage)
 {
     for (const QString &name : {u"b 10"_s, u"B 9"_s, u"a"_s})
         makeFile(name);
@@ -252,7 +252,7 @@ TEST(ApplicationSupport, FollowsTheEnvironment)
     }
 }
 
-TEST(SharedResources, LieInTheBuildTreeForAProgramStartedThere)
+TEST(SharedResources, AreInTheBuildTreeForAProgramStartedThere)
 {
     EXPECT_EQ(files::sharedResourceDirectory(),
               QStringLiteral(LYRABOX_BINARY_DIR "/share/lyrabox"));

@@ -26,7 +26,7 @@ protected:
         ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
     }
 
-    /// The paths found below the root.
+    /// The paths found below the root, relative to it.
     QStringList found()
     {
         QStringList names;
@@ -71,7 +71,7 @@ TEST_F(FolderTree, EntersNoHiddenFolderNoPackageAndNoLink)
     ASSERT_TRUE(QFile(elsewhere.filePath(u"song"_s)).open(QIODevice::WriteOnly));
     ASSERT_TRUE(QFile::link(elsewhere.path(), root.filePath(u"link"_s)));
     QStringList names = found();
-    names.removeOne(u"link"_s); // as a file, which it is for whoever opens it
+    names.removeOne(u"link"_s); // the link itself counts as a file
     EXPECT_EQ(names, (QStringList{u"song"_s}));
 }
 
@@ -89,7 +89,7 @@ TEST_F(FolderTree, ListsAFolderThatIsMountedWithinItselfOnce)
     add(u"a/song"_s);
     ASSERT_TRUE(QDir(root.path()).mkdir(u"a/again"_s));
     if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
-        GTEST_SKIP() << "may not mount";
+        GTEST_SKIP() << "this process may not mount";
     const QByteArray folder = QFile::encodeName(root.filePath(u"a"_s));
     const QByteArray within = folder + "/again";
     ASSERT_EQ(mount(folder.constData(), within.constData(), nullptr, MS_BIND, nullptr), 0);
@@ -97,21 +97,21 @@ TEST_F(FolderTree, ListsAFolderThatIsMountedWithinItselfOnce)
     EXPECT_EQ(umount(within.constData()), 0);
 }
 
-TEST_F(FolderTree, PassesOverTheKernelsOwnFileSystems)
+TEST_F(FolderTree, SkipsTheKernelsOwnFileSystems)
 {
     if (!QFile::exists(u"/proc/self"_s))
         GTEST_SKIP() << "there is no /proc";
     add(u"song"_s);
     ASSERT_TRUE(QDir(root.path()).mkdir(u"proc"_s));
     if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
-        GTEST_SKIP() << "may not mount";
+        GTEST_SKIP() << "this process may not mount";
     const QByteArray within = QFile::encodeName(root.filePath(u"proc"_s));
     ASSERT_EQ(mount("/proc", within.constData(), nullptr, MS_BIND, nullptr), 0);
     EXPECT_EQ(found(), (QStringList{u"song"_s}));
     EXPECT_EQ(umount(within.constData()), 0);
 }
 
-TEST_F(FolderTree, GoesAsDeepAsAPathMayBeLong)
+TEST_F(FolderTree, DescendsAsDeepAsTheLongestPath)
 {
     constexpr int levels = 300;
     QString folder;
@@ -121,13 +121,13 @@ TEST_F(FolderTree, GoesAsDeepAsAPathMayBeLong)
     EXPECT_EQ(found(), (QStringList{folder + u"song"_s}));
 }
 
-TEST_F(FolderTree, HasNoFilesWhereThereIsNoFolder)
+TEST_F(FolderTree, FindsNoFilesInAMissingFolder)
 {
     EXPECT_TRUE(
         files::filesOfTree(root.filePath(u"none"_s), [](qint64) { return true; }).isEmpty());
 }
 
-TEST_F(FolderTree, EndsWhenItIsToldTo)
+TEST_F(FolderTree, StopsWhenTheCallerSaysSo)
 {
     add(u"1"_s);
     add(u"2"_s);

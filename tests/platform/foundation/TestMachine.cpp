@@ -30,7 +30,7 @@ TEST(Machine, CountsTheProcessorsThatTheProcessIsBoundTo)
     sched_setaffinity(0, sizeof before, &before);
 }
 
-TEST(Machine, TellsHowMuchMemoryIsAvailable)
+TEST(Machine, ReportsTheAvailableMemory)
 {
     const std::optional<std::uint64_t> available = systemAvailableMemory();
     ASSERT_TRUE(available);
@@ -39,17 +39,17 @@ TEST(Machine, TellsHowMuchMemoryIsAvailable)
     EXPECT_LE(*available, pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)));
 }
 
-TEST(Machine, LeavesWhatIsInMemoryThatIsExpectedToBeFilled)
+TEST(Machine, ExpectingMemoryToBeFilledKeepsItsContent)
 {
     std::vector<unsigned char> memory(std::size_t{5} << 20, 7);
     expectToBeFilled(memory.data() + 1, memory.size() - 1);
     EXPECT_TRUE(
         std::all_of(memory.begin(), memory.end(), [](unsigned char byte) { return byte == 7; }));
-    expectToBeFilled(memory.data(), 10); // less than a page
+    expectToBeFilled(memory.data(), 10); // smaller than a page
     EXPECT_EQ(memory[9], 7);
 }
 
-TEST(Machine, CallsTheWorkOnAThreadOfItsOwn)
+TEST(Machine, CallsTheWorkOnANewThread)
 {
     std::thread::id where;
     startThread([&where] { where = std::this_thread::get_id(); }).join();
@@ -57,7 +57,7 @@ TEST(Machine, CallsTheWorkOnAThreadOfItsOwn)
     EXPECT_NE(where, std::this_thread::get_id());
 }
 
-TEST(Machine, TellsThatThereIsNoThreadAndLeavesTheWorkUndone)
+TEST(Machine, DoesNotCallTheWorkIfThereIsNoThread)
 {
     bool isDone = false;
     limitThreads(1);

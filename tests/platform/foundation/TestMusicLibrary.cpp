@@ -2,22 +2,21 @@
 
 #include "platform/foundation/Files.h"
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/PropertyListSamples.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
-#include <plist/plist.h>
-
-#include <cstdlib>
 
 using namespace lyrabox;
+using lyrabox::test::binaryOfXml;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A library as the music application writes it.
+/// A library in the form that the music application writes.
 constexpr auto libraryText = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple Computer//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0">
@@ -73,19 +72,6 @@ constexpr auto libraryText = R"(<?xml version="1.0" encoding="UTF-8"?>
 </plist>
 )";
 
-QByteArray binaryOf(const QByteArray &xml)
-{
-    plist_t node = nullptr;
-    plist_from_xml(xml.constData(), static_cast<std::uint32_t>(xml.size()), &node);
-    char *bytes = nullptr;
-    std::uint32_t length = 0;
-    plist_to_bin(node, &bytes, &length);
-    const QByteArray binary(bytes, length);
-    std::free(bytes); // newer versions have no function of their own for it
-    plist_free(node);
-    return binary;
-}
-
 class MusicLibraryTest : public testing::Test {
 protected:
     QString put(const QString &name, const QByteArray &content) const
@@ -131,7 +117,7 @@ void expectTheLibrary(const MusicLibraryRef &library)
     EXPECT_TRUE(library->playlists[2].items->empty());
 }
 
-/// The preference domain of the music application, in the folder of the tests.
+/// The music application's preferences, in a folder of the tests.
 QString preferences()
 {
     return QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).filePath(u"com.apple.iApps.plist"_s);
@@ -171,9 +157,9 @@ TEST_F(MusicLibraryTest, ReadsAnXmlLibrary)
     expectTheLibrary(readMusicLibrary(put(u"library.xml"_s, libraryText)));
 }
 
-TEST_F(MusicLibraryTest, ReadsABinaryLibraryAsItsXml)
+TEST_F(MusicLibraryTest, ReadsABinaryLibraryLikeItsXml)
 {
-    expectTheLibrary(readMusicLibrary(put(u"library.plist"_s, binaryOf(libraryText))));
+    expectTheLibrary(readMusicLibrary(put(u"library.plist"_s, binaryOfXml(libraryText))));
 }
 
 TEST_F(MusicLibraryTest, ReadsALibraryInUtf16)
@@ -184,14 +170,14 @@ TEST_F(MusicLibraryTest, ReadsALibraryInUtf16)
             QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2))));
 }
 
-TEST_F(MusicLibraryTest, AFileThatIsNoLibraryGivesNone)
+TEST_F(MusicLibraryTest, AFileThatIsNotALibraryIsRejected)
 {
     EXPECT_EQ(readMusicLibrary(m_folder.filePath(u"missing"_s)), nullptr);
     EXPECT_EQ(readMusicLibrary(m_folder.path()), nullptr);
     EXPECT_EQ(readMusicLibrary(put(u"empty"_s, "")), nullptr);
     EXPECT_EQ(readMusicLibrary(put(u"array"_s, "<plist><array/></plist>")), nullptr);
     EXPECT_EQ(readMusicLibrary(put(u"binary"_s, "bplist00garbage")), nullptr);
-    EXPECT_EQ(readMusicLibrary(put(u"binary array"_s, binaryOf("<plist><array/></plist>"))),
+    EXPECT_EQ(readMusicLibrary(put(u"binary array"_s, binaryOfXml("<plist><array/></plist>"))),
               nullptr);
     EXPECT_EQ(readMusicLibrary(put(u"truncated"_s, QByteArray(libraryText).chopped(200))), nullptr);
 }
@@ -220,7 +206,7 @@ TEST_F(MusicLibraryTest, TheFirstOfTwoEqualKeysCountsInBothForms)
     EXPECT_EQ(library->tracks.at(u"1"_s).name, u"a"_s);
 }
 
-TEST_F(MusicLibraryTest, NoPartOfALibraryIsALibrary)
+TEST_F(MusicLibraryTest, ATruncatedLibraryIsRejected)
 {
     const QByteArray whole = QByteArray(libraryText).trimmed();
     for (qsizetype length = 0; length < whole.size(); length += 7)
@@ -237,7 +223,7 @@ TEST(LocationURL, NamesAFileOfThisComputer)
     EXPECT_EQ(locationURL(u"file:///a/100% real.mp3"_s).toLocalFile(), u"/a/100% real.mp3"_s);
 }
 
-TEST(LocationURL, OtherTextsAreNoFiles)
+TEST(LocationURL, OtherTextsAreNotFileURLs)
 {
     EXPECT_FALSE(locationURL(QString()).isValid());
     EXPECT_FALSE(locationURL(u"song.mp3"_s).isValid());
@@ -256,7 +242,7 @@ TEST_F(LocatedLibrary, TheFirstRecentDatabaseIsRead)
     expectTheLibrary(locateMusicLibrary());
 }
 
-TEST_F(LocatedLibrary, ANamedLibraryThatCannotBeReadIsNone)
+TEST_F(LocatedLibrary, ANamedLibraryThatCannotBeReadIsRejected)
 {
     put(u"rhythmbox/rhythmdb.xml"_s, rhythmboxText);
     for (const PropertyList &first :
@@ -267,7 +253,7 @@ TEST_F(LocatedLibrary, ANamedLibraryThatCannotBeReadIsNone)
     }
 }
 
-TEST_F(LocatedLibrary, WithoutANamedLibraryTheDesktopsOwnIsTaken)
+TEST_F(LocatedLibrary, WithoutANamedLibraryTheDesktopsOwnIsUsed)
 {
     put(u"rhythmbox/rhythmdb.xml"_s, rhythmboxText);
     for (const PropertyList &value :
@@ -281,7 +267,7 @@ TEST_F(LocatedLibrary, WithoutANamedLibraryTheDesktopsOwnIsTaken)
     EXPECT_NE(locateMusicLibrary(), nullptr);
 }
 
-TEST_F(LocatedLibrary, AChosenLibraryIsNamedFromThenOn)
+TEST_F(LocatedLibrary, AChosenLibraryIsUsedFromThenOn)
 {
     const QString path = put(u"Über 100% #1.xml"_s, libraryText);
     ASSERT_TRUE(chooseMusicLibrary(path));
@@ -291,7 +277,7 @@ TEST_F(LocatedLibrary, AChosenLibraryIsNamedFromThenOn)
     ASSERT_TRUE(chooseMusicLibrary(path));
     expectTheLibrary(locateMusicLibrary());
     EXPECT_EQ(readPropertyList(preferences())->value(u"other"), PropertyList(1))
-        << "other preferences stay";
+        << "other preferences must stay";
 }
 
 TEST_F(LocatedLibrary, PreferencesThatCannotBeWrittenAreReported)
@@ -321,7 +307,7 @@ TEST_F(MusicLibraryTest, TheShippedDemoMusicIsOnePlaylistOfSongsThatExist)
     }
 }
 
-TEST_F(MusicLibraryTest, AFolderWithoutALibraryIsNoDemo)
+TEST_F(MusicLibraryTest, AFolderWithoutALibraryGivesNoDemoLibrary)
 {
     put(u"Demo/LICENSE.txt"_s, "");
     EXPECT_EQ(demoMusicLibrary(m_folder.filePath(u"Demo"_s)), nullptr);

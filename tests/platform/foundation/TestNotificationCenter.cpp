@@ -73,7 +73,7 @@ TEST(NotificationCenter, CoalescedPostsFromInsideMakeOneMoreRound)
     int rounds = 0;
     int depth = 0;
     center.addObserver(&context, u"a"_s, [&] {
-        EXPECT_EQ(depth, 0) << "one round after the other";
+        EXPECT_EQ(depth, 0) << "rounds must not nest";
         ++depth;
         if (++rounds == 1) {
             center.postCoalescingOnName(u"a"_s);

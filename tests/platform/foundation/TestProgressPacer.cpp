@@ -24,7 +24,7 @@ protected:
     Told told;
 };
 
-TEST_F(Pacing, KeepsQuietForAQuarterOfASecondAndThenTellsEvery50Milliseconds)
+TEST_F(Pacing, ShowsNothingFor250MillisecondsAndThenEvery50Milliseconds)
 {
     ProgressPacer progress = pacer(99);
     for (int step = 0; step < 40; ++step) {
@@ -34,7 +34,7 @@ TEST_F(Pacing, KeepsQuietForAQuarterOfASecondAndThenTellsEvery50Milliseconds)
     EXPECT_EQ(told, (Told{{25, 99}, {30, 99}, {35, 99}}));
 }
 
-TEST_F(Pacing, TellsOnlyTheLatestOfWhatCameMeanwhile)
+TEST_F(Pacing, ShowsOnlyTheLatestProgress)
 {
     ProgressPacer progress = pacer(1000);
     now += 251ms;
@@ -43,7 +43,7 @@ TEST_F(Pacing, TellsOnlyTheLatestOfWhatCameMeanwhile)
     EXPECT_EQ(told, (Told{{0, 1000}}));
 }
 
-TEST_F(Pacing, TakesATotalThatIsKnownLater)
+TEST_F(Pacing, AcceptsATotalThatBecomesKnownLater)
 {
     ProgressPacer progress = pacer();
     now += 250ms;
@@ -85,7 +85,7 @@ TEST_F(Pacing, AsksWhetherToStopOnlyOnceTheWorkIsShown)
 TEST(ProgressPacer, NeverAsksTheClockWithoutAHook)
 {
     ProgressPacer progress({}, []() -> std::chrono::milliseconds {
-        ADD_FAILURE() << "the clock was asked";
+        ADD_FAILURE() << "the clock was called";
         return {};
     });
     progress.advance(5);

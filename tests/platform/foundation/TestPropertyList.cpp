@@ -37,12 +37,12 @@ QByteArray nestedArrays(int depth)
 
 } // namespace
 
-TEST(PropertyList, WhatIsWrittenIsReadBackWithTheOrderOfItsKeys)
+TEST(PropertyList, AWrittenListIsReadBackWithItsKeysInOrder)
 {
     EXPECT_EQ(parsePropertyList(propertyListXml(sample())), sample());
 }
 
-TEST(PropertyList, ABinaryListIsReadAsItsXml)
+TEST(PropertyList, ABinaryListIsReadLikeItsXml)
 {
     const QByteArray bytes = binaryOf(sample());
     ASSERT_TRUE(isBinaryPropertyList(bytes));
@@ -86,7 +86,7 @@ TEST(PropertyList, AWholeRealStaysAReal)
     EXPECT_EQ(read, PropertyList(PropertyList::Array{100.0, 1e300, 100}));
 }
 
-TEST(PropertyList, NumbersThatAreNoneAreReadAsSuch)
+TEST(PropertyList, NotANumberAndInfinityAreReadAsReals)
 {
     const auto read =
         parsePropertyList(propertyListXml(PropertyList::Array{NAN, INFINITY, -INFINITY}));
@@ -127,7 +127,7 @@ TEST(PropertyList, CharactersThatXmlCannotHoldAreReplaced)
     EXPECT_EQ(*read->string(), u"a\uFFFD\uFFFDb\uFFFD😀\uFFFD"_s);
 }
 
-TEST(PropertyList, WhatIsReadIsComparedAsWhatWillBeWritten)
+TEST(PropertyList, TextsCompareTheSameBeforeAndAfterWriting)
 {
     const auto numbered = parsePropertyList("<plist><string>&#1;&#xFFFF;a</string></plist>");
     ASSERT_TRUE(numbered && numbered->string());
@@ -188,7 +188,7 @@ TEST(PropertyList, ReadsListsWithoutTheirEnvelopeOrInAnotherEncoding)
               PropertyList(u"Ä😀"_s));
 }
 
-TEST(PropertyList, TheFirstOfTwoEqualKeysAnswers)
+TEST(PropertyList, TheFirstOfTwoEqualKeysCounts)
 {
     const auto read =
         parsed("<dict><key>a</key><integer>1</integer><key>a</key><integer>2</integer></dict>");
@@ -198,7 +198,7 @@ TEST(PropertyList, TheFirstOfTwoEqualKeysAnswers)
     EXPECT_TRUE(PropertyList(5).value(u"a").isNull());
 }
 
-TEST(PropertyList, MalformedXmlIsNoList)
+TEST(PropertyList, MalformedXmlIsRejected)
 {
     for (const char *const content : {"",
                                       "<dict>",
@@ -231,14 +231,14 @@ TEST(PropertyList, MalformedXmlIsNoList)
     EXPECT_FALSE(parsePropertyList("bplist00"));
 }
 
-TEST(PropertyList, NoPartOfAListIsAList)
+TEST(PropertyList, ATruncatedListIsRejected)
 {
     const QByteArray xml = propertyListXml(sample()).trimmed();
     for (qsizetype length = 0; length < xml.size(); ++length)
         ASSERT_FALSE(parsePropertyList(xml.left(length))) << length;
 }
 
-TEST(PropertyList, NoDamageIsMoreThanARefusal)
+TEST(PropertyList, DamagedListsAreRejectedWithoutHarm)
 {
     const QByteArray whole = propertyListXml(sample());
     std::mt19937 random(11);
@@ -271,7 +271,7 @@ TEST(PropertyList, TokensLongerThanAPieceOfTheFileAreRead)
     EXPECT_EQ(read->array()->at(0), PropertyList(u"Tönung & "_s.repeated(100000)));
 }
 
-TEST(PropertyListXml, ADateThatCouldNotBeWrittenIsNoDate)
+TEST(PropertyListXml, ADateThatCannotBeWrittenIsRejected)
 {
     EXPECT_TRUE(parsePropertyList("<date>9999-12-31T23:59:59Z</date>"));
     EXPECT_FALSE(parsePropertyList("<date>9999-12-31T23:59:59-14:00</date>"));
@@ -279,7 +279,7 @@ TEST(PropertyListXml, ADateThatCouldNotBeWrittenIsNoDate)
     EXPECT_FALSE(parsePropertyList("<date>0001-01-01T00:00:00+01:00</date>"));
 }
 
-TEST(PropertyListFile, ReadingWhatIsNoFileGivesNone)
+TEST(PropertyListFile, ReadingSomethingOtherThanAFileGivesNone)
 {
     const QTemporaryDir folder;
     EXPECT_FALSE(readPropertyList(folder.path()));
@@ -288,7 +288,7 @@ TEST(PropertyListFile, ReadingWhatIsNoFileGivesNone)
     EXPECT_FALSE(readPropertyList(u"/dev/zero"_s));
 }
 
-TEST(PropertyListFile, WritingKeepsThePermissionsAndLeavesNothingBeside)
+TEST(PropertyListFile, WritingKeepsThePermissionsAndLeavesNoOtherFile)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"list.plist"_s);

@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A binary list of objects as they stand, with one-byte offsets and references.
+/// A binary list of the given encoded objects, with offsets and references of one byte.
 QByteArray binary(const QList<QByteArray> &objects, int root = 0)
 {
     QByteArray bytes = "bplist00";
@@ -33,7 +33,7 @@ QByteArray binary(const QList<QByteArray> &objects, int root = 0)
 
 } // namespace
 
-TEST(PropertyListBinary, ReadsContainersThatAreNamedTwice)
+TEST(PropertyListBinary, ReadsContainersThatAreReferencedTwice)
 {
     const auto read = parsePropertyList(binary({"\xA2\1\1", "\xA1\2", "\x10\7"}));
     EXPECT_EQ(read,
@@ -57,30 +57,31 @@ TEST(PropertyListBinary, ReadsEveryFormOfScalar)
     EXPECT_EQ(scalar("\x53"
                      "a\0b"_ba),
               PropertyList(u"a\uFFFDb"_s));
-    EXPECT_EQ(scalar("\x62\xD8\x00\x00\x61"_ba), PropertyList(u"\uFFFDa"_s)) << "half a pair";
-    EXPECT_EQ(scalar("\x62\xFE\xFF\x00\x61"_ba), PropertyList(u"\uFEFFa"_s)) << "a mark";
+    EXPECT_EQ(scalar("\x62\xD8\x00\x00\x61"_ba), PropertyList(u"\uFFFDa"_s))
+        << "half a surrogate pair";
+    EXPECT_EQ(scalar("\x62\xFE\xFF\x00\x61"_ba), PropertyList(u"\uFEFFa"_s)) << "a byte-order mark";
     EXPECT_EQ(scalar("\x09"_ba), PropertyList(true));
-    EXPECT_FALSE(scalar("\x33\x7F\xF0\0\0\0\0\0\0"_ba)) << "a date without end";
+    EXPECT_FALSE(scalar("\x33\x7F\xF0\0\0\0\0\0\0"_ba)) << "an infinite date";
     EXPECT_FALSE(scalar("\x1F\0"_ba));
     EXPECT_FALSE(scalar("\xE0"_ba));
 }
 
-TEST(PropertyListBinary, AKeyMayHoldAnything)
+TEST(PropertyListBinary, AKeyMayHoldAnyText)
 {
     const auto read = parsePropertyList(binary({"\xD1\1\2", "\x53k\0y"_ba, "\x09"}));
     ASSERT_TRUE(read && read->dictionary());
     EXPECT_EQ(read->dictionary()->front().first, u"k\uFFFDy"_s);
     EXPECT_FALSE(parsePropertyList(binary({"\xD1\2\2", "\x51k", "\x09"})))
-        << "a key that is no text";
+        << "a key that is not a text";
 }
 
-TEST(PropertyListBinary, AContainerInItselfIsNoList)
+TEST(PropertyListBinary, AContainerThatContainsItselfIsRejected)
 {
     EXPECT_FALSE(parsePropertyList(binary({"\xA1"_ba + '\0'})));
     EXPECT_FALSE(parsePropertyList(binary({"\xA1\1", "\xD1\2"_ba + '\0', "\x51k"})));
 }
 
-TEST(PropertyListBinary, AFewBytesThatNameMillionsOfValuesAreNoList)
+TEST(PropertyListBinary, AFewBytesThatReferToMillionsOfValuesAreRejected)
 {
     QList<QByteArray> objects;
     for (char i = 1; i <= 20; ++i)
@@ -114,7 +115,7 @@ TEST(PropertyListBinary, DepthIsLimited)
     EXPECT_FALSE(parsePropertyList(nested(250)));
 }
 
-TEST(PropertyListBinary, ReferencesOutsideAreNoList)
+TEST(PropertyListBinary, ReferencesOutOfRangeAreRejected)
 {
     EXPECT_FALSE(parsePropertyList(binary({"\xA1\x09"})));
     EXPECT_FALSE(parsePropertyList(binary({"\xAF\x13\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"})));
@@ -124,7 +125,7 @@ TEST(PropertyListBinary, ReferencesOutsideAreNoList)
     EXPECT_FALSE(parsePropertyList("bplist00" + QByteArray(32, '\0')));
 }
 
-TEST(PropertyListBinary, NoDamageIsMoreThanARefusal)
+TEST(PropertyListBinary, DamagedListsAreRejectedWithoutHarm)
 {
     const QByteArray whole = binaryOf(sample());
     std::mt19937 random(7);

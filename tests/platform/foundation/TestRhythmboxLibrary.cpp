@@ -11,8 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Files that Rhythmbox 3.4.6 wrote: five songs imported, of which one has gone since, two files
-/// that are no songs, two playlists and the play queue. Only the folder's name was changed.
+/// Files written by Rhythmbox 3.4.6. They hold five imported songs, one of which was removed later,
+/// two files that are not songs, two playlists and the play queue. Only the name of the folder was
+/// changed.
 QString realFolder()
 {
     return QStringLiteral(LYRABOX_SOURCE_DIR "/tests/data/rhythmbox");
@@ -58,11 +59,11 @@ const QString secondSong = u"file:///music/Ann%20&%20Co/First%20%3CAlbum%3E/02%2
 
 } // namespace
 
-TEST_F(RhythmboxLibrary, SongsOfTheRealApplicationAreTracks)
+TEST_F(RhythmboxLibrary, ReadsTheSongsOfTheRealApplication)
 {
     const MusicLibraryRef library = readRhythmboxLibrary(realFolder());
     ASSERT_NE(library, nullptr);
-    EXPECT_EQ(library->tracks.size(), 4U) << "neither the hidden song nor what is no song";
+    EXPECT_EQ(library->tracks.size(), 4U) << "without the hidden song and files that are not songs";
     const MusicTrack &track = library->tracks.at(secondSong);
     EXPECT_EQ(track.location, secondSong);
     EXPECT_EQ(track.name, u"Song 2 & <more>"_s);
@@ -73,11 +74,12 @@ TEST_F(RhythmboxLibrary, SongsOfTheRealApplicationAreTracks)
     EXPECT_EQ(locationURL(umlauts).toLocalFile(), u"/music/Ünicode/Über #1 50%.flac"_s);
 }
 
-TEST_F(RhythmboxLibrary, PlaylistsOfTheRealApplicationFollowTheSongsInOrder)
+TEST_F(RhythmboxLibrary, ReadsThePlaylistsOfTheRealApplicationInOrder)
 {
     const MusicLibraryRef library = readRhythmboxLibrary(realFolder());
     ASSERT_NE(library, nullptr);
-    ASSERT_EQ(library->playlists.size(), 3U) << "all songs and the static ones, not the queue";
+    ASSERT_EQ(library->playlists.size(), 3U)
+        << "all songs and the static playlists, but not the queue";
     EXPECT_EQ(library->playlists[0].name, u"Music"_s);
     EXPECT_EQ(library->playlists[0].distinguishedKind, 4);
     EXPECT_EQ(library->playlists[0].items->size(), 4U);
@@ -89,19 +91,19 @@ TEST_F(RhythmboxLibrary, PlaylistsOfTheRealApplicationFollowTheSongsInOrder)
     EXPECT_THAT(
         *library->playlists[2].items,
         testing::ElementsAre(u"file:///music/Ann%20&%20Co/First%20%3CAlbum%3E/01%20Song%201.ogg"_s))
-        << "the hidden song is not shown here either";
+        << "without the hidden song";
 }
 
-TEST_F(RhythmboxLibrary, IdentifiersAreTheSameAtEveryStart)
+TEST_F(RhythmboxLibrary, IdentifiersStayTheSameFromStartToStart)
 {
-    // The texts are stored as the last selected playlist, so a change of them loses it.
+    // The last selected playlist is stored by its identifier, which therefore must not change.
     const MusicLibraryRef library = readRhythmboxLibrary(realFolder());
     ASSERT_NE(library, nullptr);
     EXPECT_EQ(library->playlists[0].persistentID, u"7B96C6B05BF82AA4"_s);
     EXPECT_EQ(library->playlists[1].persistentID, u"7696C2574F0DF240"_s);
 }
 
-TEST_F(RhythmboxLibrary, PlaylistsOfOneNameHaveIdentifiersOfTheirOwn)
+TEST_F(RhythmboxLibrary, PlaylistsWithTheSameNameHaveDifferentIdentifiers)
 {
     const QByteArray twin = "<playlist name=\"a\" type=\"static\"/>";
     const MusicLibraryRef library = read(songs(song("file:///a")), playlists(twin + twin + twin));
@@ -124,7 +126,7 @@ TEST_F(RhythmboxLibrary, AutomaticPlaylistsAreLeftOut)
     EXPECT_EQ(library->playlists[1].name, u"b"_s);
 }
 
-TEST_F(RhythmboxLibrary, ASongThatOnlyAPlaylistKnowsIsATrackAllTheSame)
+TEST_F(RhythmboxLibrary, ASongThatIsOnlyInAPlaylistBecomesATrack)
 {
     const MusicLibraryRef library =
         read(songs(song("file:///a")),
@@ -136,7 +138,7 @@ TEST_F(RhythmboxLibrary, ASongThatOnlyAPlaylistKnowsIsATrackAllTheSame)
     EXPECT_THAT(*library->playlists[0].items, testing::ElementsAre(u"file:///a"_s));
 }
 
-TEST_F(RhythmboxLibrary, AllSongsStandInTheOrderOfTheirLocations)
+TEST_F(RhythmboxLibrary, AllSongsAreSortedByLocation)
 {
     const MusicLibraryRef library =
         read(songs(song("file:///c") + song("file:///a") + song("file:///b")));
@@ -145,7 +147,7 @@ TEST_F(RhythmboxLibrary, AllSongsStandInTheOrderOfTheirLocations)
                 testing::ElementsAre(u"file:///a"_s, u"file:///b"_s, u"file:///c"_s));
 }
 
-TEST_F(RhythmboxLibrary, OddEntriesDoNotSpoilTheirNeighbours)
+TEST_F(RhythmboxLibrary, MalformedEntriesDoNotAffectOthers)
 {
     const MusicLibraryRef library =
         read(songs("<entry/><entry type=\"song\"/><other><entry type=\"song\"/></other>text" +
@@ -157,7 +159,7 @@ TEST_F(RhythmboxLibrary, OddEntriesDoNotSpoilTheirNeighbours)
     EXPECT_EQ(library->tracks.at(u"file:///a"_s).totalTime, 0.0);
 }
 
-TEST_F(RhythmboxLibrary, ALengthThatIsNoNumberToCountWithIsNone)
+TEST_F(RhythmboxLibrary, ALengthThatIsNotAFiniteNumberIsIgnored)
 {
     const MusicLibraryRef library = read(songs(song("file:///a", "<duration>nan</duration>") +
                                                song("file:///b", "<duration>1e308</duration>") +
@@ -178,7 +180,7 @@ TEST_F(RhythmboxLibrary, WithoutSongsThereIsNoLibrary)
     EXPECT_EQ(read(QByteArray("<rhythmdb>").repeated(100000)), nullptr);
 }
 
-TEST_F(RhythmboxLibrary, UnreadablePlaylistsLeaveTheSongs)
+TEST_F(RhythmboxLibrary, SongsRemainIfThePlaylistsAreUnreadable)
 {
     const MusicLibraryRef library = read(
         songs(song("file:///a")), playlists("<playlist name=\"b\" type=\"static\"/>").chopped(5));

@@ -45,7 +45,7 @@ void processEventsUntil(const std::function<bool()> &isDone)
 
 } // namespace
 
-TEST(VolumeWatching, PostsWhatHasChangedSinceTheLastLook)
+TEST(VolumeWatching, PostsTheChangesSinceTheLastCheck)
 {
     QByteArray current = table;
     VolumeWatcher watcher(nullptr, [&current] { return current; });
@@ -63,15 +63,15 @@ TEST(VolumeWatching, PostsWhatHasChangedSinceTheLastLook)
     EXPECT_EQ(posts.unmounts, 1);
     current += "61 1 0:99 / /run/lock rw - tmpfs tmpfs rw\n";
     watcher.check();
-    EXPECT_EQ(posts.mounts, 1) << "a mount of the system's own";
+    EXPECT_EQ(posts.mounts, 1) << "mounts of the system do not count";
 }
 
 TEST(VolumeWatching, TheKernelSignalsARealMount)
 {
-    // In a mount table of its own, so that the system does not see it.
+    // A mount namespace of its own hides the mount from the system.
     if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
-        GTEST_SKIP() << "mounting needs more rights than this process has";
-    // Not in /tmp, which newer systems keep in memory: such a mount is one of the system's own.
+        GTEST_SKIP() << "this process may not mount";
+    // Not in /tmp, which may be in memory: a mount there would count as one of the system.
     const QTemporaryDir folder(QDir::current().filePath(u"volume-XXXXXX"_s));
     ASSERT_TRUE(folder.isValid());
     const QByteArray path = folder.path().toLocal8Bit();

@@ -36,10 +36,10 @@ MountNotes notes()
 
 } // namespace
 
-TEST(Mounts, TheTableIsReadWithItsEscapesAndFlags)
+TEST(Mounts, ReadsEscapesAndFlagsOfTheTable)
 {
     const std::vector<Mount> mounts = parseMounts(table);
-    ASSERT_EQ(mounts.size(), 10U) << "without the kernel's own file systems";
+    ASSERT_EQ(mounts.size(), 10U) << "the kernel's own file systems must be left out";
     EXPECT_EQ(mounts[0], (Mount{22, u"/"_s, u"ext4"_s, u"/dev/sda1"_s, false}));
     EXPECT_EQ(mounts[2],
               (Mount{40, u"/run/media/ann/USB STICK"_s, u"vfat"_s, u"/dev/sdb1"_s, false}));
@@ -58,7 +58,7 @@ TEST(Mounts, MalformedLinesAreLeftOut)
     EXPECT_EQ(parseMounts("1 1 8:1 / /a\\04 rw - ext4 \\777 rw").at(0).path, u"/a\\04"_s);
 }
 
-TEST(Mounts, OfSeveralOnOnePathTheLastCounts)
+TEST(Mounts, TheLastMountOnAPathCounts)
 {
     const std::vector<Mount> mounts = parseMounts("1 1 0:1 / /mnt/a rw - autofs systemd-1 rw\n"
                                                   "2 1 8:1 / /mnt/a rw - nfs server:/a rw\n"
@@ -78,7 +78,7 @@ TEST(Volumes, AreTheMountsThatAFileManagerShows)
                                      Volume{u"/srv/music"_s, u"Shared Music"_s, false}));
 }
 
-TEST(Volumes, WithoutNotesThePlacesAndThePathsDecide)
+TEST(Volumes, WithoutNotesThePathDecidesAndNamesTheVolume)
 {
     const std::vector<Volume> volumes = shownVolumes(parseMounts(table), {});
     ASSERT_EQ(volumes.size(), 4U);
@@ -95,7 +95,7 @@ TEST(Volumes, TheSystemsTableCanBeRead)
     }
 }
 
-TEST(MountChanges, TellMountingFromUnmounting)
+TEST(MountChanges, DistinguishMountsFromUnmounts)
 {
     const std::vector<Mount> before = parseMounts(table);
     std::vector<Mount> fewer = before;
@@ -107,5 +107,5 @@ TEST(MountChanges, TellMountingFromUnmounting)
     std::vector<Mount> another = before;
     another.back().id = 99;
     EXPECT_TRUE(mountChange(before, another).isMounted && mountChange(before, another).isUnmounted)
-        << "another disk on the same path";
+        << "another disk was mounted on the same path";
 }

@@ -67,7 +67,7 @@ TEST(ParseAppcast, LeavesOutItemsWithoutAVersionAndForOtherSystems)
     EXPECT_EQ(items->front().version, u"2"_s);
 }
 
-TEST(ParseAppcast, TakesNoPageThatIsNotHttps)
+TEST(ParseAppcast, IgnoresPagesThatAreNotHttps)
 {
     for (const char *link :
          {"http://a/", "file:///etc/passwd", "javascript:alert(1)", "not a url"}) {
@@ -78,7 +78,7 @@ TEST(ParseAppcast, TakesNoPageThatIsNotHttps)
     }
 }
 
-TEST(ParseAppcast, RefusesWhatIsNoFeed)
+TEST(ParseAppcast, RejectsWhatIsNotAFeed)
 {
     for (const char *text :
          {"", "nonsense", "<html><body/></html>", "<rss><channel><item>", "<rss><channel></rss>"})
@@ -95,7 +95,7 @@ TEST(ParseAppcast, SurvivesEntityBombs)
     EXPECT_FALSE(parseAppcast(bomb));
 }
 
-TEST(NewestUpdate, IsTheNewestWhateverTheOrder)
+TEST(NewestUpdate, IsTheNewestItemInAnyOrder)
 {
     const std::vector<AppcastItem> items{
         {u"1.1"_s, {}, {}}, {u"1.10"_s, {}, {}}, {u"1.9"_s, {}, {}}};

@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox {
 namespace {
 
-/// A server on this machine that answers every request with what a test says.
+/// A server on this machine. Each test sets its answers.
 class FeedServer : public QTcpServer {
 public:
     FeedServer()
@@ -78,7 +78,7 @@ struct Updater : testing::Test {
         updater.setAutomaticallyChecksForUpdates(true);
         EXPECT_TRUE(!finished.isEmpty() || finished.wait(10000));
     }
-    /// Both checks fail, the user's with these words, the other in silence.
+    /// Expects both checks to fail: the user's check with this message, the automatic one silently.
     void expectFailure(const QString &words)
     {
         ask();
@@ -106,7 +106,7 @@ TEST_F(Updater, ShowsANewerVersionWithItsNotesAsPlainText)
     EXPECT_EQ(updates.size(), 2);
 }
 
-TEST_F(Updater, SaysThatTheSameOrAnOlderVersionIsUpToDateOnlyWhenAsked)
+TEST_F(Updater, ReportsTheSameOrAnOlderVersionAsUpToDateOnlyWhenAsked)
 {
     for (const char *version : {"1.2", "1.1"}) {
         messages.clear();
@@ -120,7 +120,7 @@ TEST_F(Updater, SaysThatTheSameOrAnOlderVersionIsUpToDateOnlyWhenAsked)
     EXPECT_TRUE(updates.isEmpty());
 }
 
-TEST_F(Updater, MalformedFeedIsAMessageOnlyWhenAsked)
+TEST_F(Updater, MalformedFeedIsReportedOnlyWhenAsked)
 {
     server.answerWith("<html>no feed</html>");
     expectFailure(u"could not be understood"_s);
@@ -138,7 +138,7 @@ TEST_F(Updater, SlowServerTimesOut)
     expectFailure(u"in time"_s);
 }
 
-TEST_F(Updater, RefusedConnectionIsAMessageOnlyWhenAsked)
+TEST_F(Updater, RefusedConnectionIsReportedOnlyWhenAsked)
 {
     const QUrl gone = server.url();
     server.close();
@@ -146,7 +146,7 @@ TEST_F(Updater, RefusedConnectionIsAMessageOnlyWhenAsked)
     expectFailure(u""_s);
 }
 
-TEST_F(Updater, ErrorPageIsAMessageOnlyWhenAsked)
+TEST_F(Updater, ErrorPageIsReportedOnlyWhenAsked)
 {
     server.answerWith("gone", "404 Not Found");
     expectFailure(u""_s);
@@ -184,7 +184,7 @@ TEST_F(Updater, RedirectOnThisMachineIsFollowedButNotForEver)
     EXPECT_LE(server.requests, 14);
 }
 
-TEST_F(Updater, PlainHttpElsewhereIsNeverAsked)
+TEST_F(Updater, PlainHttpToOtherMachinesIsNeverUsed)
 {
     EXPECT_TRUE(isAllowedFeedURL(QUrl(u"https://lyrabox.example/f"_s)));
     EXPECT_TRUE(isAllowedFeedURL(QUrl(u"http://[::1]:8080/f"_s)));
@@ -194,7 +194,7 @@ TEST_F(Updater, PlainHttpElsewhereIsNeverAsked)
     expectFailure(u"not secure"_s);
 }
 
-TEST_F(Updater, WithoutAFeedOnlyTheUserIsTold)
+TEST_F(Updater, MissingFeedIsReportedOnlyWhenAsked)
 {
     updater.setFeedURL({});
     expectFailure(u"without an address"_s);
@@ -211,7 +211,7 @@ TEST_F(Updater, ChecksAtOnceAndThenDaily)
     EXPECT_FALSE(updater.automaticallyChecksForUpdates());
 }
 
-TEST_F(Updater, UsersCheckTakesOverASilentOne)
+TEST_F(Updater, UsersCheckTakesOverAnAutomaticOne)
 {
     server.answerWithVersion("1.0");
     QSignalSpy finished(&updater, &SUUpdater::checkFinished);
