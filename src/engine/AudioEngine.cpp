@@ -1,3 +1,5 @@
+#include "engine/AudioEngine.h"
+
 #include "engine/AudioEngineControl.h"
 #include "platform/audio/SoundRanges.h"
 

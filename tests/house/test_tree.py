@@ -1,4 +1,4 @@
-"""Holds the source tree against the house rules of docs/architecture.md and CONTRIBUTING.md."""
+"""Checks the source tree against the house rules in docs/architecture.md and CONTRIBUTING.md."""
 import pathlib
 import subprocess
 import unittest
@@ -57,9 +57,19 @@ class Layers(unittest.TestCase):
         self.assertEqual(tree.picture_against(tree.picture(DOCUMENT), TABLE), [])
 
 
+class Headers(unittest.TestCase):
+    def test_only_platform_includes_headers_of_the_system(self):
+        self.assertEqual(tree.system_headers(SOURCES), [])
+
+    def test_every_source_includes_its_own_header_first(self):
+        # So the build proves that the header needs no other before it. Headers without a source of their name are
+        # compiled alone, see CMakeLists.txt.
+        self.assertEqual(tree.own_header_not_first(SOURCES), [])
+
+
 class Lengths(unittest.TestCase):
     def test_no_file_is_over_400_lines_without_a_reason_at_its_top(self):
-        # Also before the first commit of a file; what git ignores is not the tree's.
+        # Files that were not committed yet count, too. Files that git ignores do not.
         names = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard"], cwd=ROOT, text=True,
                                capture_output=True, check=False).stdout.split("\n")
         files = [ROOT / n for n in names if n] or [p for f in ("src", "tests") for p in (ROOT / f).rglob("*")]

@@ -1,6 +1,6 @@
-"""What the house rules are about: the table and the picture of docs/architecture.md, includes, CMake targets, lengths.
+"""The house rules: the table and the picture of docs/architecture.md, includes, CMake targets, lengths of files.
 
-Pure functions of text, so that test_rules.py can try them on trees that break the rules.
+All are pure functions of text, so that test_rules.py can test them on trees that break the rules.
 """
 import re
 
@@ -32,14 +32,14 @@ def picture(document):
     block = re.search(r"^## Layers\n.*?^```\n(.*?)^```", document, re.MULTILINE | re.DOTALL).group(1)
     rows = []
     for line in block.splitlines():
-        # Folders come first; a remark follows after several spaces and holds a space or a bracket.
+        # A remark follows the folders after several spaces; it contains a space or a bracket.
         words = [w for w in re.split(r" {2,}", line.strip()) if w]
         rows.append([w for w in words if re.fullmatch(r"[\w/]+", w)])
     return rows
 
 
 def reachable(table, folder):
-    """What a folder may include: what its row names, and what may be included by that."""
+    """The folders that a folder may include: those in its row, and those that they may include."""
     seen, waiting = set(), list(table[folder])
     while waiting:
         name = waiting.pop()
@@ -50,7 +50,7 @@ def reachable(table, folder):
 
 
 def circle(edges):
-    """A circle in {folder: folders}, as a list that begins and ends alike; empty when there is none."""
+    """A circle in {folder: folders}, as a list whose first and last names are equal; empty if there is none."""
     done = set()
 
     def walk(node, path):
@@ -87,7 +87,7 @@ def dependencies(cmake):
 
 
 def includes_against(table, sources):
-    """What breaks the table in {path: text}, each as a sentence."""
+    """The includes in {path: text} that break the table, each as a sentence."""
     faults = []
     for path, text in sorted(sources.items()):
         folder = path.rsplit("/", 1)[0]
@@ -101,16 +101,33 @@ def includes_against(table, sources):
 
 
 def picture_against(rows, table):
-    """Where the picture and the table disagree, each as a sentence."""
+    """The differences between the picture and the table, each as a sentence."""
     places = {f: (-y, x) for y, row in enumerate(rows) for x, f in enumerate(row)}
     code = {f for f in table if f != "app/interfaces"}
     faults = [f"{f}: not in the picture" for f in sorted(code - set(places))]
     faults += [f"{f}: not in the table" for f in sorted(set(places) - code)]
     for folder in sorted(code & set(places)):
         for target in table[folder]:
-            # What is included stands in a lower row, or further left in the same one.
+            # An included folder stands in a lower row, or further left in the same row.
             if target in places and places[target] >= places[folder]:
                 faults.append(f"{folder} includes {target}, which does not stand below it")
+    return faults
+
+
+def system_headers(sources):
+    """The includes <...h> outside platform/: headers of the system and of C libraries, never of C++ or the toolkit."""
+    return [f"{path}: <{name}>" for path, text in sorted(sources.items()) if not path.startswith("platform/")
+            for name in re.findall(r"^\s*#\s*include\s+<([^>]+\.h)>", text, re.MULTILINE)]
+
+
+def own_header_not_first(sources):
+    """The sources that include something before the header of their own name."""
+    faults = []
+    for path, text in sorted(sources.items()):
+        own = path.removesuffix(".cpp") + ".h"
+        first = re.search(r'^\s*#\s*include\s+["<]([^">]+)[">]', text, re.MULTILINE)
+        if path.endswith(".cpp") and own in sources and (not first or first.group(1) != own):
+            faults.append(path)
     return faults
 
 
