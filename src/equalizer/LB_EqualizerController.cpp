@@ -85,6 +85,10 @@ void LB_EqualizerController::setSliders(QWidget *container)
     m_sliders = container;
     m_sliders->setFocusPolicy(Qt::ClickFocus);
     m_sliderOfBand = taggedControls<LB_Slider>(container);
+    for (LB_Slider *slider : m_sliderOfBand) {
+        slider->setMinValue(lyrabox::equalizerLevelRange.minimum);
+        slider->setMaxValue(lyrabox::equalizerLevelRange.maximum);
+    }
 }
 
 void LB_EqualizerController::setBoxes(QWidget *container)

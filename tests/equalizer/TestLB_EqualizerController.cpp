@@ -124,6 +124,15 @@ TEST_F(Equalizer, TheBoxClampsATypedValue)
     EXPECT_EQ(engineLevel(2), 12.0F);
 }
 
+TEST_F(Equalizer, EverySliderGoesFromMinus12To12Decibels)
+{
+    for (int band = 0; band < 10; ++band) {
+        EXPECT_EQ(slider(band)->minValue(), -12.0);
+        EXPECT_EQ(slider(band)->maxValue(), 12.0);
+        EXPECT_EQ(slider(band)->floatValue(), 0.0F);
+    }
+}
+
 TEST_F(Equalizer, StepsStayWithinTheRange)
 {
     launch();
