@@ -1,96 +1,15 @@
 #include "engine/AudioEngine.h"
 
 #include "engine/AudioEngineControl.h"
-#include "platform/audio/SoundRanges.h"
 
-#include <array>
 #include <utility>
+#include <vector>
 
 namespace lyrabox::engine {
 
 namespace {
 
 using Lock = std::lock_guard<std::mutex>;
-
-/// The values that survive a change of the output device.
-struct CarriedValues {
-    float volume;
-    float rate;
-    float pitch;
-    std::array<float, equalizerControls> levels;
-};
-
-CarriedValues readValues(const Chain &chain)
-{
-    CarriedValues values{};
-    values.volume = chain.output->parameter(parameter::outputVolume);
-    values.rate = chain.timePitch->parameter(parameter::rate);
-    values.pitch = chain.timePitch->parameter(parameter::pitch);
-    for (std::uint32_t i = 0; i < equalizerControls; ++i)
-        values.levels[i] = chain.equalizer->parameter(equalizerBandOfControl(i));
-    return values;
-}
-
-void writeValues(const Chain &chain, const CarriedValues &values)
-{
-    chain.output->setParameter(parameter::outputVolume, values.volume);
-    chain.timePitch->setParameter(parameter::rate, values.rate);
-    chain.timePitch->setParameter(parameter::pitch, values.pitch);
-    for (std::uint32_t i = 0; i < equalizerControls; ++i)
-        chain.equalizer->setParameter(equalizerBandOfControl(i), values.levels[i]);
-}
-
-template <typename Unit>
-Status openUnit(const std::function<std::unique_ptr<Unit>()> &make, std::unique_ptr<Unit> &unit)
-{
-    unit = make ? make() : nullptr;
-    return unit ? unit->initialize() : missingComponent;
-}
-
-/// An output that loses its device asks the watcher for a rebuild.
-Status openOutput(std::unique_ptr<OutputUnit> &output)
-{
-    auto &watcher = control().watcher;
-    if (!watcher && control().factory.defaultOutputWatcher)
-        watcher = control().factory.defaultOutputWatcher();
-    output = control().factory.output ? control().factory.output() : nullptr;
-    if (!output)
-        return missingComponent;
-    if (watcher) // It outlives every output.
-        output->setLossListener([asked = watcher.get()] { asked->requestCall(); });
-    return output->initialize();
-}
-
-Status listenToDefaultOutput()
-{
-    const auto &watcher = control().watcher;
-    return watcher ? watcher->listen([] { defaultOutputChanged(); }) : missingComponent;
-}
-
-Status buildChain(Chain &chain)
-{
-    auto &factory = control().factory;
-    if (!factory.equalizer && !factory.timePitch && !factory.output)
-        factory = platformAudioUnits();
-
-    if (const Status status = openUnit(factory.equalizer, chain.equalizer))
-        return status;
-    if (const Status status = openUnit(factory.timePitch, chain.timePitch))
-        return status;
-    if (const Status status = openOutput(chain.output))
-        return status;
-    if (const Status status = chain.output->connect(chain.timePitch.get()))
-        return status;
-    if (const Status status = chain.timePitch->connect(chain.equalizer.get()))
-        return status;
-    chain.format = chain.equalizer->streamFormat();
-    if (const Status status = chain.equalizer->setRenderCallback(renderCallback, nullptr))
-        return status;
-    if (const Status status = listenToDefaultOutput())
-        return status;
-    // The last step of every build, although it has no effect: docs/kept-on-purpose.md.
-    return chain.equalizer->setParameter(parameter::equalizerFixed, 0.0F);
-}
 
 /// Exchanges `chain` with the engine's chain. No callback may be running.
 void exchangeChain(Chain &chain)
@@ -148,12 +67,17 @@ void runOutput(bool running)
     setSoundStatus(status);
 }
 
-/// Replaces the chain by a new one with the same values, and starts it if `run` is true. The old
-/// chain ends up in `fresh`. The caller releases it after unlocking the mutex.
-void rebuild(Chain &fresh, bool run)
+enum class AfterRebuild { Stay, Run };
+
+/// Replaces the chain by a new one with the same values. The old chain ends up in `fresh`. The
+/// caller releases it after unlocking the mutex.
+void rebuild(Chain &fresh, AfterRebuild after)
 {
+    const bool run = after == AfterRebuild::Run;
     control().chain.output->stop();
-    const CarriedValues values = readValues(control().chain);
+    std::vector<float> values;
+    for (const CarriedParameter &carried : carriedParameters(control().chain))
+        values.push_back(carried.unit->parameter(carried.id));
     if (const Status status = buildChain(fresh)) {
         control().waitsForDevice = true;
         control().runOnNextDevice = run;
@@ -162,7 +86,9 @@ void rebuild(Chain &fresh, bool run)
     }
     exchangeChain(fresh);
     control().waitsForDevice = false;
-    writeValues(control().chain, values);
+    const std::vector<CarriedParameter> parameters = carriedParameters(control().chain);
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        parameters[i].unit->setParameter(parameters[i].id, values[i]);
     if (!run)
         setSoundStatus(control().chain.output->deviceStatus());
     runOutput(run);
@@ -234,7 +160,8 @@ Status defaultOutputChanged()
     if (!old)
         return status::noError;
 
-    rebuild(chain, control().waitsForDevice ? control().runOnNextDevice : old->isRunning());
+    const bool run = control().waitsForDevice ? control().runOnNextDevice : old->isRunning();
+    rebuild(chain, run ? AfterRebuild::Run : AfterRebuild::Stay);
     return status::noError;
 }
 
@@ -261,7 +188,7 @@ void tearDownAudioSystem()
     }
     watcher.reset();
 
-    releaseChannelBuffers(maximumChannels, ReleasedBuffers::None);
+    installSong(nullptr);
     state().albumArtData = {};
     state().totalFrames = 0;
     placeAtFrame(0);
@@ -279,7 +206,7 @@ void setOutputRunning(bool running)
     // Only the stream may be lost, while the device is still there. If the server hangs, the
     // watcher asks for a rebuild itself.
     if (running && control().waitsForDevice && control().soundStatus != status::soundServerHangs)
-        rebuild(replaced, true);
+        rebuild(replaced, AfterRebuild::Run);
 }
 
 bool outputIsRunning()
@@ -308,16 +235,7 @@ void seekToFrame(std::uint64_t frame)
 {
     const Lock lock(control().mutex);
     placeAtFrame(frame);
-    const Chain &chain = control().chain;
-    const bool keeps = keepsHeldSound();
-    if (chain.output && !keeps)
-        chain.output->reset();
-    if (chain.timePitch && keeps)
-        chain.timePitch->resetAfterPlayOut();
-    else if (chain.timePitch)
-        chain.timePitch->reset();
-    if (chain.equalizer)
-        chain.equalizer->reset();
+    resetChain(control().chain, keepsHeldSound() ? HeldSound::PlayOut : HeldSound::Drop);
 }
 
 void setHeldSoundIsKept(bool kept)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/DecodedSong.h"
 #include "platform/audio/AudioUnit.h"
 #include "platform/audio/SongReader.h"
 #include "platform/audio/StreamFormat.h"
@@ -14,6 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 /// The playback engine. It holds one decoded song in memory and plays it through a chain of stages:
 /// the render routine, the equalizer, time/pitch and the output. It has a frame-accurate position
@@ -34,7 +36,7 @@ namespace lyrabox::engine {
 struct AudioEngineState {
     QByteArray albumArtData; ///< null without artwork
     std::array<std::atomic<std::byte *>, maximumChannels>
-        channelBuffers{};                       ///< totalFrames frames each
+        channelBuffers{}; ///< totalFrames frames each; decodedSong() owns them
     AudioStreamBasicDescription streamFormat{}; ///< changes only while no callback runs
     std::atomic<std::uint32_t> channelIndex{0}; ///< the end of the last loop over the channels
     std::atomic<std::uint64_t> currentFrame{0}; ///< the next frame to render
@@ -129,6 +131,11 @@ void haltWhenPlayedOut();
 /// (notEnoughMemory), the engine keeps its song. A failure while reading keeps the part that was
 /// decoded. If memory runs out while reading, the engine is empty afterwards (notEnoughMemory).
 Status loadAudioFile(const QUrl &url);
+
+/// The song that loadAudioFile() has decoded last, or null if the engine holds no frames. The
+/// caller may keep it while the engine loads another one. Its memory is freed when nobody holds it
+/// any more. Any thread may read it.
+std::shared_ptr<const DecodedSong> decodedSong();
 
 /// Drops the song and its artwork. The output must be stopped.
 void emptyAudioBuffers();

@@ -1,20 +1,14 @@
 #pragma once
 
 #include "engine/AudioEngine.h"
+#include "engine/Chain.h"
+#include "engine/DecodedSong.h"
 #include "engine/ReadingPoint.h"
 
 #include <mutex>
 
 /// Shared by the engine's own source files. Other folders don't include it.
 namespace lyrabox::engine {
-
-/// The stages of one build. The output is the last member, so it is destroyed first.
-struct Chain {
-    std::unique_ptr<EqualizerUnit> equalizer;
-    std::unique_ptr<TimePitchUnit> timePitch;
-    std::unique_ptr<OutputUnit> output;
-    AudioStreamBasicDescription format{};
-};
 
 /// The engine's state that the callback thread does not use.
 struct Control {
@@ -31,6 +25,9 @@ struct Control {
     bool isPrepared = false; ///< later chains are prepared, too
     bool heldSoundIsKept = false;
     bool haltIsDue = false; ///< a stop was put off until the held frames are heard
+
+    // Main thread.
+    std::shared_ptr<DecodedSong> song; ///< the memory behind AudioEngineState::channelBuffers
 
     // Main thread. Set before use.
     AudioUnitFactory factory;
@@ -51,13 +48,7 @@ void placeAtFrame(std::uint64_t frame);
 /// Never destroyed, because threads of the sound system may outlive static objects.
 Control &control();
 
-/// The state of the channel buffers after their release.
-enum class ReleasedBuffers {
-    None,
-    OneByte, ///< the buffers of an empty song
-};
-
-/// Frees the samples of the first `channels` channels.
-void releaseChannelBuffers(std::uint32_t channels, ReleasedBuffers left);
+/// Replaces the engine's song. Null leaves no channel buffers at all. The output must be stopped.
+void installSong(std::shared_ptr<DecodedSong> song);
 
 } // namespace lyrabox::engine

@@ -3,6 +3,7 @@
 #include "app/controls/LB_PopUpButtonCell.h"
 #include "app/controls/LB_ScrollingTextView.h"
 #include "app/controls/LB_Slider.h"
+#include "engine/DecodedSong.h"
 #include "engine/LoopRange.h"
 #include "engine/TrackRecord.h"
 #include "platform/audio/SoundRanges.h"
@@ -21,6 +22,7 @@
 
 #include <functional>
 #include <future>
+#include <memory>
 #include <optional>
 
 class LB_SettingsController;
@@ -177,6 +179,9 @@ public:
     /// Halts the output if the held frames of an ended song have been heard and nothing else plays.
     /// Call it repeatedly, for example with the display's timer.
     void haltWhenPlayedOut();
+    /// The samples of the loaded song, or null if there are none. The caller may keep them while
+    /// the next song loads.
+    std::shared_ptr<const lyrabox::DecodedSong> decodedSong() const;
     /// The song's own artwork, as decodedArtwork() gives it. Null if it has none.
     QImage embeddedArtwork() const;
     /// The song's artwork, or the image named "LBAlbumArt".

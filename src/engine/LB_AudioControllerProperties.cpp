@@ -46,6 +46,11 @@ quint64 LB_AudioController::heardFrame() const
     return engine::heardFrame();
 }
 
+std::shared_ptr<const lyrabox::DecodedSong> LB_AudioController::decodedSong() const
+{
+    return engine::decodedSong();
+}
+
 std::optional<lyrabox::LoopRange> LB_AudioController::loop() const
 {
     if (!isLooping())

@@ -3,7 +3,6 @@
 #include "platform/foundation/Machine.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <limits>
 #include <utility>
 
@@ -19,17 +18,16 @@ std::uint64_t availableMemory()
     return probe ? probe() : systemAvailableMemory().value_or(unlimited);
 }
 
-/// The engine's channel buffers while a song is decoded into them.
-class GrowingBuffers {
+/// A song while it is decoded. Its memory grows with it.
+class GrowingSong {
 public:
     /// `frames` is the expected length, or 0 if it is unknown.
-    GrowingBuffers(const AudioStreamBasicDescription &format, std::uint64_t frames)
-        : m_bytesPerFrame(format.mBytesPerFrame),
-          m_channels(std::min(format.mChannelsPerFrame, maximumChannels)),
+    GrowingSong(const AudioStreamBasicDescription &format, std::uint64_t frames)
+        : m_song(std::make_shared<DecodedSong>(format)),
+          m_bytesPerFrame(format.mBytesPerFrame),
+          m_channels(m_song->channels()),
           m_expected(frames * m_bytesPerFrame)
-    {
-        releaseChannelBuffers(m_channels, ReleasedBuffers::OneByte);
-    }
+    {}
 
     std::uint64_t decodedFrames() const { return m_decoded / std::max(m_bytesPerFrame, 1U); }
     /// Whether prepareRead() has failed.
@@ -56,8 +54,7 @@ public:
         for (std::uint32_t i = 0; i < m_channels; ++i) {
             list.mBuffers[i].mNumberChannels = 1;
             list.mBuffers[i].mDataByteSize = m_bytesPerFrame * frames;
-            list.mBuffers[i].mData =
-                state().channelBuffers[i].load(std::memory_order_relaxed) + m_decoded;
+            list.mBuffers[i].mData = m_song->data(i) + m_decoded;
         }
         state().channelIndex.store(m_channels, std::memory_order_relaxed);
         return true;
@@ -65,14 +62,17 @@ public:
 
     void addDecoded(std::uint32_t frames) { m_decoded += std::uint64_t{m_bytesPerFrame} * frames; }
 
-    /// Gives back the unused memory except for one byte.
-    void trim() { resize(m_decoded + 1); }
+    /// The song, without unused memory except for one byte per channel.
+    std::shared_ptr<DecodedSong> finished()
+    {
+        resize(m_decoded + 1);
+        m_song->setFrames(decodedFrames());
+        return m_song;
+    }
 
 private:
     static constexpr std::uint64_t smallestStep = 1U << 20;
     static constexpr std::uint64_t largestStep = 16U << 20;
-    static constexpr std::uint64_t smallestLarge = 4U
-                                                   << 20; ///< such blocks have pages of their own
 
     /// Only the part that is not decoded yet needs new memory.
     bool fits(std::uint64_t capacity) const
@@ -82,19 +82,13 @@ private:
 
     bool resize(std::uint64_t capacity)
     {
-        for (std::uint32_t i = 0; i < m_channels; ++i) {
-            auto &slot = state().channelBuffers[i];
-            void *grown = std::realloc(slot.load(std::memory_order_relaxed), capacity);
-            if (!grown)
-                return false;
-            slot.store(static_cast<std::byte *>(grown), std::memory_order_release);
-            if (capacity >= smallestLarge)
-                expectToBeFilled(grown, capacity);
-        }
+        if (!m_song->resize(capacity))
+            return false;
         m_capacity = capacity;
         return true;
     }
 
+    std::shared_ptr<DecodedSong> m_song;
     std::uint32_t m_bytesPerFrame;
     std::uint32_t m_channels;
     std::uint64_t m_expected;
@@ -103,8 +97,9 @@ private:
     bool m_isOutOfMemory = false;
 };
 
-/// Whether the song fits into memory, given that the old song is released. If the container does
-/// not state the length, or the stated one would not fit, the packets are counted.
+/// Whether the song fits into memory, given that the old song is released unless a reader holds it.
+/// If the container does not state the length, or the stated one would not fit, the packets are
+/// counted.
 bool songFits(const SongReader &reader, const AudioStreamBasicDescription &format)
 {
     // The highest bit rate of an MP3 is forty times the lowest.
@@ -112,7 +107,8 @@ bool songFits(const SongReader &reader, const AudioStreamBasicDescription &forma
     const std::uint64_t bytesPerFrame =
         std::max<std::uint64_t>(std::uint64_t{format.mBytesPerFrame} * format.mChannelsPerFrame, 1);
     const std::uint64_t available = availableMemory();
-    const std::uint64_t returned = totalFrames() * bytesPerFrame;
+    const bool isReleased = control().song.use_count() == 1;
+    const std::uint64_t returned = isReleased ? totalFrames() * bytesPerFrame : 0;
     const std::uint64_t room =
         (available > unlimited - returned ? unlimited : available + returned) / bytesPerFrame;
     const std::optional<std::uint64_t> estimate = reader.estimatedFrames();
@@ -144,20 +140,20 @@ Status openSong(SongReader &reader, const QUrl &url, const AudioStreamBasicDescr
 
 /// Reads until the end of the song or the first failure. Calls `advanced` with the number of
 /// decoded frames after every read.
-Status decodeInto(GrowingBuffers &buffers, SongReader &reader,
+Status decodeInto(GrowingSong &song, SongReader &reader,
                   const std::function<void(std::uint64_t)> &advanced)
 {
     AudioBufferList list;
     std::uint32_t frames = framesPerRead;
     do {
-        if (!buffers.prepareRead(frames, list))
+        if (!song.prepareRead(frames, list))
             return status::notEnoughMemory;
         const std::uint32_t asked = frames;
         if (const Status status = reader.read(frames, list))
             return status;
         frames = std::min(frames, asked);
-        buffers.addDecoded(frames);
-        advanced(buffers.decodedFrames());
+        song.addDecoded(frames);
+        advanced(song.decodedFrames());
     } while (frames > 0);
     return status::noError;
 }
@@ -180,17 +176,23 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock)
     control().loadProgressClock = std::move(clock);
 }
 
-void releaseChannelBuffers(std::uint32_t channels, ReleasedBuffers left)
+void installSong(std::shared_ptr<DecodedSong> song)
 {
     // A callback that runs by mistake must find no song.
     state().totalFrames.store(0, std::memory_order_release);
-    for (std::uint32_t i = 0; i < std::min(channels, maximumChannels); ++i) {
-        auto &slot = state().channelBuffers[i];
-        std::free(slot.exchange(nullptr, std::memory_order_acq_rel));
-        if (left == ReleasedBuffers::OneByte)
-            slot.store(static_cast<std::byte *>(std::calloc(1, 1)), std::memory_order_release);
-        state().channelIndex.store(i + 1, std::memory_order_relaxed);
+    for (std::uint32_t i = 0; i < maximumChannels; ++i) {
+        std::byte *data = song && i < song->channels() ? song->data(i) : nullptr;
+        state().channelBuffers[i].store(data, std::memory_order_release);
     }
+    state().channelIndex.store(song ? song->channels() : 0, std::memory_order_relaxed);
+    state().totalFrames.store(song ? song->frames() : 0, std::memory_order_release);
+    control().song = std::move(song);
+}
+
+std::shared_ptr<const DecodedSong> decodedSong()
+{
+    const auto &song = control().song;
+    return song && song->frames() > 0 ? song : nullptr;
 }
 
 Status loadAudioFile(const QUrl &url)
@@ -208,17 +210,14 @@ Status loadAudioFile(const QUrl &url)
     };
     const std::uint64_t estimate = reader->estimatedFrames().value_or(0);
     progress.setTotal(secondsOf(estimate));
-    GrowingBuffers buffers(format, estimate);
-    const Status result = decodeInto(buffers, *reader, [&](std::uint64_t frames) {
+    installSong(std::make_shared<DecodedSong>(format)); // The old song makes room.
+    GrowingSong song(format, estimate);
+    const Status result = decodeInto(song, *reader, [&](std::uint64_t frames) {
         secondsDecoded = secondsOf(frames);
         progress.advance(secondsDecoded);
     });
-    if (buffers.isOutOfMemory()) {
-        releaseChannelBuffers(format.mChannelsPerFrame, ReleasedBuffers::OneByte);
-    } else {
-        buffers.trim();
-        state().totalFrames.store(buffers.decodedFrames(), std::memory_order_release);
-    }
+    if (!song.isOutOfMemory())
+        installSong(song.finished());
     const QByteArray artwork = reader->albumArtwork();
     state().albumArtData = artwork.isEmpty() ? QByteArray() : artwork;
     seekToFrame(0);
@@ -229,7 +228,7 @@ void emptyAudioBuffers()
 {
     placeAtFrame(0);
     state().channelIndex.store(0, std::memory_order_relaxed);
-    releaseChannelBuffers(streamFormat().mChannelsPerFrame, ReleasedBuffers::OneByte);
+    installSong(std::make_shared<DecodedSong>(streamFormat()));
     state().albumArtData = {};
 }
 

@@ -2,6 +2,8 @@
 
 #include "EngineFixture.h"
 
+#include <algorithm>
+
 namespace lyrabox::test {
 namespace {
 
@@ -26,32 +28,23 @@ TEST_F(AudioEngineOnDevices, ADeviceChangeKeepsTheWatcher)
     EXPECT_EQ(audio.pull(16).channels[0].front(), static_cast<float>(frame));
 }
 
-TEST_F(AudioEngineOnDevices, DeviceChangeCarriesOutItsStepsInOrder)
+TEST_F(AudioEngineOnDevices, DeviceChangeStopsTheOldChainFirstAndReleasesItLast)
 {
     buildAndPlay(100000);
     audio.clearCalls();
     EXPECT_TRUE(audio.fireDefaultOutputChangedOnThread());
-
-    const auto bands = [](const std::string &unit, const std::string &call) {
-        std::vector<std::string> calls;
-        for (const char *band : {"2", "5", "8", "11", "14", "17", "20", "23", "26", "29"})
-            calls.push_back(unit + "." + call + "(" + band + (call == "parameter" ? ")" : ", 0)"));
-        return calls;
+    const std::vector<std::string> calls = audio.calls();
+    const auto placeOf = [&calls](const std::string &call) {
+        const auto found = std::find(calls.begin(), calls.end(), call);
+        EXPECT_NE(found, calls.end()) << call;
+        return found;
     };
-    std::vector<std::string> expected{"output1.stop", "output1.parameter(14)",
-                                      "timePitch1.parameter(0)", "timePitch1.parameter(1)"};
-    const auto append = [&expected](const std::vector<std::string> &calls) {
-        expected.insert(expected.end(), calls.begin(), calls.end());
-    };
-    append(bands("equalizer1", "parameter"));
-    append({"equalizer2.initialize", "timePitch2.initialize", "output2.initialize",
-            "output2.connect(timePitch2)", "timePitch2.connect(equalizer2)",
-            "equalizer2.streamFormat", "equalizer2.setRenderCallback", "watcher1.listen",
-            "equalizer2.setParameter(31, 0)", "output2.setParameter(14, 1)",
-            "timePitch2.setParameter(0, 1)", "timePitch2.setParameter(1, 0)"});
-    append(bands("equalizer2", "setParameter"));
-    append({"output2.start", "output1.destroyed", "timePitch1.destroyed", "equalizer1.destroyed"});
-    EXPECT_EQ(audio.calls(), expected);
+    EXPECT_LT(placeOf("output1.stop"), placeOf("equalizer2.initialize"));
+    EXPECT_LT(placeOf("output2.initialize"), placeOf("output2.start"));
+    EXPECT_LT(placeOf("output2.start"), placeOf("output1.destroyed"));
+    // The output goes first, because it pulls the others.
+    EXPECT_LT(placeOf("output1.destroyed"), placeOf("timePitch1.destroyed"));
+    EXPECT_LT(placeOf("timePitch1.destroyed"), placeOf("equalizer1.destroyed"));
 }
 
 TEST_F(AudioEngineOnDevices, DeviceChangeWhilePlayingKeepsPositionAndValues)

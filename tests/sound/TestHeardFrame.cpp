@@ -80,7 +80,7 @@ TEST(HeardFrame, IsTheTargetRightAfterASeekAndNeverBeforeIt)
         EXPECT_GE(engine::heardFrame(), last);
         last = engine::heardFrame();
     }
-    // Once the device holds all that it can, what is heard is that much behind what was delivered.
+    // Once the device is full, the heard frame lags by the frames that it holds.
     EXPECT_EQ(last, 300000U + 60 * 128 - 1536);
 }
 

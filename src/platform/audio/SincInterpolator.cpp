@@ -37,7 +37,7 @@ void SincInterpolator::allocate(int crossings, int steps, Window window)
 {
     m_crossings = crossings;
     m_steps = steps;
-    // Interpolation reads one entry behind the last.
+    // Interpolation reads one entry after the last.
     m_kernel.resize(static_cast<std::size_t>(crossings * steps) + 2);
     for (std::size_t i = 0; i < m_kernel.size(); ++i) {
         const double x = static_cast<double>(i) / steps;

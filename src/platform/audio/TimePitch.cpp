@@ -43,7 +43,7 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
         frames -= done;
     }
     const double heard = position();
-    // Frames that were invented behind the song's end are no part of the song.
+    // Frames that were invented after the song's end are no part of the song.
     const std::int64_t pulled =
         m_isPlayingOut ? std::min(m_history.end(), m_songEnd) : m_history.end();
     if (m_isPlayingOut && heard >= static_cast<double>(m_songEnd))
