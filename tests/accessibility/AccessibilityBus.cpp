@@ -156,7 +156,7 @@ Accessible Accessible::find(const QString &role, const QString &name) const
 AccessibilityBus::AccessibilityBus(const VirtualDisplay &display)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"DISPLAY"_s, display.name());
+    display.addTo(environment);
     environment.insert(u"HOME"_s, m_folder.path());
     environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
     environment.remove(u"AT_SPI_BUS_ADDRESS"_s);

@@ -51,8 +51,11 @@ double toneOf(const std::vector<float> &samples)
 
 } // namespace
 
-RunningProgram::RunningProgram(PrivateSoundServer::Kind server)
-    : sound(server), m_home(u"/tmp/lbXXXXXX"_s)
+RunningProgram::RunningProgram(PrivateSoundServer::Kind server, VirtualDisplay::Kind kind)
+    : m_display(VirtualDisplay::make(kind)),
+      display(*m_display),
+      sound(server),
+      m_home(u"/tmp/lbXXXXXX"_s)
 {
     for (const QString &folder : {u"h"_s, u"d/Lyrabox"_s, u"c/Lyrabox"_s, u"r"_s})
         EXPECT_TRUE(QDir(m_home.path()).mkpath(folder));
@@ -204,8 +207,7 @@ QProcessEnvironment RunningProgram::environment() const
 {
     QProcessEnvironment environment =
         QProcessEnvironment::systemEnvironment(); // leads to the sound server
-    environment.insert(u"DISPLAY"_s, display.name());
-    environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    display.addTo(environment);
     environment.insert(u"HOME"_s, homeFolder());
     environment.insert(u"XDG_DATA_HOME"_s, m_home.filePath(u"d"_s));
     environment.insert(u"XDG_CONFIG_HOME"_s, m_home.filePath(u"c"_s));
@@ -220,7 +222,6 @@ QProcessEnvironment RunningProgram::environment() const
                            environment.value(u"ASAN_OPTIONS"_s) + u":verify_asan_link_order=0"_s);
     }
     environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
-    environment.remove(u"WAYLAND_DISPLAY"_s);
     for (auto variable = m_variables.cbegin(); variable != m_variables.cend(); ++variable)
         environment.insert(variable.key(), variable.value());
     return environment;

@@ -22,7 +22,8 @@ namespace lyrabox::test {
 /// that fails leaves a picture of the screen in the build folder's "screenshots".
 class RunningProgram : public testing::Test {
 protected:
-    explicit RunningProgram(PrivateSoundServer::Kind server = PrivateSoundServer::chosenKind());
+    explicit RunningProgram(PrivateSoundServer::Kind server = PrivateSoundServer::chosenKind(),
+                            VirtualDisplay::Kind kind = VirtualDisplay::usualKind());
     ~RunningProgram() override;
 
     /// Before the first start: a folder of songs in the folder list, selected and sorted by title.
@@ -115,7 +116,11 @@ protected:
     /// The program's file; set before the start.
     QString program = QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox");
 
-    VirtualDisplay display;
+private:
+    std::unique_ptr<VirtualDisplay> m_display;
+
+protected:
+    VirtualDisplay &display;
     PrivateSoundServer sound;
     std::unique_ptr<Recorder> recorder;
 

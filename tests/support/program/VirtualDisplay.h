@@ -8,63 +8,82 @@
 #include <QSize>
 #include <QString>
 #include <QStringList>
-#include <QTemporaryDir>
+
+#include <memory>
 
 namespace lyrabox::test {
 
-/// A screen of 1280 by 860 pixels of the test's own, with a window manager that draws no frames,
-/// and a person's hands on it. What fails adds a test failure. Main thread only.
+/// A screen of 1280 by 860 pixels of the test's own, on which windows have no frames, and a
+/// person's hands on it. What fails adds a test failure. Main thread only.
 class VirtualDisplay {
 public:
-    VirtualDisplay();
-    ~VirtualDisplay();
+    static constexpr QSize size{1280, 860};
+
+    enum class Kind {
+        X,
+        Wayland,
+    };
+    /// What LYRABOX_TEST_DISPLAY says: "wayland", or "x", which is also meant where it says
+    /// nothing.
+    static Kind usualKind();
+    static std::unique_ptr<VirtualDisplay> make(Kind kind);
+
+    VirtualDisplay() = default;
+    virtual ~VirtualDisplay() = default;
     VirtualDisplay(const VirtualDisplay &) = delete;
     VirtualDisplay &operator=(const VirtualDisplay &) = delete;
 
-    /// What DISPLAY has to be.
-    QString name() const { return m_name; }
+    virtual Kind kind() const = 0;
+    bool isWayland() const { return kind() == Kind::Wayland; }
+
+    /// Tells a program by its environment that this is its display, and no other.
+    virtual void addTo(QProcessEnvironment &environment) const = 0;
 
     /// Ends the display server without any farewell.
-    void kill();
+    virtual void kill() = 0;
 
     /// What the screen shows now.
-    QImage screen() const;
+    virtual QImage screen() const = 0;
     /// A part of it; `area` in screen coordinates.
     QImage screen(const QRect &area) const { return screen().copy(area); }
 
     /// The visible window whose title matches the pattern, waited for; empty, with a test failure,
-    /// when it does not come.
+    /// when it does not come. The first of several.
     QString waitForWindow(const QString &titlePattern);
     /// Whether there is such a window now.
-    bool hasWindow(const QString &titlePattern) const;
+    bool hasWindow(const QString &titlePattern) const
+    {
+        return !findWindow(titlePattern).isEmpty();
+    }
     /// Puts a window there and waits until it is.
     void place(const QString &window, const QRect &frame);
-    QRect frameOf(const QString &window) const;
+    virtual QRect frameOf(const QString &window) const = 0;
     /// The window that has the keyboard.
-    QString activeWindow() const;
-    void minimize(const QString &window);
+    virtual QString activeWindow() const = 0;
+    /// Only where windows can be minimized: on X.
+    virtual void minimize(const QString &window) = 0;
 
-    void moveTo(QPoint point);
-    void press();
-    void release();
-    void click(QPoint point, int times = 1);
+    virtual void moveTo(QPoint point) = 0;
+    virtual void press() = 0;
+    virtual void release() = 0;
+    virtual void click(QPoint point, int times = 1) = 0;
     /// Turns the wheel over a point: notches up, or down where they are negative.
-    void wheel(QPoint point, int notches);
+    virtual void wheel(QPoint point, int notches) = 0;
     /// From one point to another with the button held.
     void drag(QPoint from, QPoint to);
-    /// xdotool's names: "space", "ctrl+s", "bracketright".
-    void key(const QString &name, int times = 1);
-    void keyDown(const QString &name);
-    void keyUp(const QString &name);
-    void type(const QString &text);
+    /// A key by the name of its symbol, with modifiers: "space", "ctrl+s", "bracketright".
+    virtual void key(const QString &name, int times = 1) = 0;
+    virtual void keyDown(const QString &name) = 0;
+    virtual void keyUp(const QString &name) = 0;
+    virtual void type(const QString &text) = 0;
 
-private:
-    QString xdotool(const QStringList &arguments, bool mayFail = false) const;
+protected:
+    static constexpr int patienceMilliseconds = 20'000;
 
-    QTemporaryDir m_folder;
-    QProcess m_server;
-    QProcess m_windowManager;
-    QString m_name;
+    /// The visible window whose title matches; empty where there is none.
+    virtual QString findWindow(const QString &titlePattern) const = 0;
+    /// Asks for the window to be there.
+    virtual void moveWindow(const QString &window, const QRect &frame) = 0;
 };
 
 } // namespace lyrabox::test

@@ -1,0 +1,280 @@
+#include "support/program/WaylandDisplay.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <pwd.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox::test {
+namespace {
+
+// A person's pace: what comes faster is lost in programs that expect a person.
+constexpr int betweenKeys = 15;
+constexpr int betweenClicks = 40;
+
+QByteArray settings(QSize size)
+{
+    return "xwayland disable\n"
+           "output * resolution " +
+           QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height()) +
+           "\n"
+           "default_border none\n"
+           "default_floating_border none\n"
+           "for_window [title=\".*\"] floating enable, border none\n"
+           "focus_follows_mouse no\n"
+           "focus_on_window_activation focus\n";
+}
+
+/// The windows of a part of the compositor's tree.
+void collectWindows(const QJsonObject &node, QList<QJsonObject> *windows)
+{
+    if (node.contains("pid"_L1))
+        windows->append(node);
+    for (const auto &name : {"nodes"_L1, "floating_nodes"_L1}) {
+        for (const QJsonValue &child : node.value(name).toArray())
+            collectWindows(child.toObject(), windows);
+    }
+}
+
+QList<QJsonObject> windowsOf(const QJsonDocument &tree)
+{
+    QList<QJsonObject> windows;
+    collectWindows(tree.object(), &windows);
+    return windows;
+}
+
+QString identifierOf(const QJsonObject &window)
+{
+    return QString::number(window.value("id"_L1).toInt());
+}
+
+QRect rectangle(const QJsonObject &object)
+{
+    return {object.value("x"_L1).toInt(), object.value("y"_L1).toInt(),
+            object.value("width"_L1).toInt(), object.value("height"_L1).toInt()};
+}
+
+} // namespace
+
+WaylandDisplay::WaylandDisplay()
+{
+    QFile file(m_folder.filePath(u"settings"_s));
+    if (!file.open(QIODevice::WriteOnly) || file.write(settings(size)) < 0)
+        ADD_FAILURE() << "no settings for the compositor";
+    file.close();
+    file.setPermissions(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+
+    const passwd *nobody = geteuid() == 0 ? getpwnam("nobody") : nullptr;
+    const bool isRoot = nobody != nullptr;
+    const uid_t user = isRoot ? nobody->pw_uid : getuid();
+    const gid_t group = isRoot ? nobody->pw_gid : getgid();
+    if (isRoot && ::chown(QFile::encodeName(m_folder.path()).constData(), user, group) != 0)
+        ADD_FAILURE() << "the compositor gets no folder";
+    m_compositor.setChildProcessModifier([=] {
+        // The system calls themselves: the library's functions would also ask the threads of the
+        // parent, whose memory this is.
+        if (isRoot) {
+            syscall(SYS_setgroups, 0, nullptr);
+            syscall(SYS_setresgid, group, group, group);
+            syscall(SYS_setresuid, user, user, user);
+        }
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+    });
+
+    const QString socket = m_folder.filePath(u"sway"_s);
+    QProcessEnvironment environment;
+    environment.insert(u"PATH"_s, qEnvironmentVariable("PATH"));
+    environment.insert(u"HOME"_s, m_folder.path());
+    environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
+    environment.insert(u"SWAYSOCK"_s, socket);
+    environment.insert(u"WLR_BACKENDS"_s, u"headless"_s);
+    environment.insert(u"WLR_RENDERER"_s, u"pixman"_s);
+    environment.insert(u"WLR_LIBINPUT_NO_DEVICES"_s, u"1"_s);
+    m_compositor.setProcessEnvironment(environment);
+    m_compositor.setStandardOutputFile(QProcess::nullDevice());
+    m_compositor.setStandardErrorFile(m_folder.filePath(u"log"_s));
+    m_compositor.start(u"sway"_s, {u"--config"_s, file.fileName()});
+    const bool runs = waitUntil([&] {
+        return m_compositor.state() == QProcess::NotRunning ||
+               (QFile::exists(socket) && m_sway.connectTo(socket) &&
+                !m_sway.tree().object().value("nodes"_L1).toArray().isEmpty());
+    });
+    if (!runs || m_compositor.state() == QProcess::NotRunning) {
+        QFile log(m_folder.filePath(u"log"_s));
+        const QByteArray told = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
+        ADD_FAILURE() << "the compositor does not start: "
+                      << m_compositor.errorString().toStdString() << "\n"
+                      << told.toStdString();
+    }
+    m_client = std::make_unique<WaylandClient>(m_folder.filePath(u"wayland-1"_s), size);
+}
+
+WaylandDisplay::~WaylandDisplay()
+{
+    m_client.reset();
+    m_compositor.terminate();
+    if (m_compositor.state() != QProcess::NotRunning &&
+        !m_compositor.waitForFinished(patienceMilliseconds))
+        m_compositor.kill();
+}
+
+void WaylandDisplay::addTo(QProcessEnvironment &environment) const
+{
+    environment.insert(u"WAYLAND_DISPLAY"_s, m_folder.filePath(u"wayland-1"_s));
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+    environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+    environment.remove(u"DISPLAY"_s);
+}
+
+void WaylandDisplay::kill()
+{
+    m_compositor.kill();
+    m_compositor.waitForFinished(patienceMilliseconds);
+}
+
+QImage WaylandDisplay::screen() const
+{
+    return m_client->picture();
+}
+
+QString WaylandDisplay::findWindow(const QString &titlePattern) const
+{
+    const QRegularExpression pattern(titlePattern);
+    for (const QJsonObject &window : windowsOf(m_sway.tree())) {
+        if (window.value("visible"_L1).toBool() &&
+            pattern.match(window.value("name"_L1).toString()).hasMatch())
+            return identifierOf(window);
+    }
+    return {};
+}
+
+QJsonObject WaylandDisplay::window(const QString &identifier) const
+{
+    for (const QJsonObject &window : windowsOf(m_sway.tree())) {
+        if (identifierOf(window) == identifier)
+            return window;
+    }
+    return {};
+}
+
+void WaylandDisplay::moveWindow(const QString &window, const QRect &frame)
+{
+    run(u"[con_id=%1] resize set width %2 px height %3 px, move absolute position %4 px %5 px"_s
+            .arg(window)
+            .arg(frame.width())
+            .arg(frame.height())
+            .arg(frame.x())
+            .arg(frame.y()));
+}
+
+QRect WaylandDisplay::frameOf(const QString &window) const
+{
+    // The place is the compositor's, the size what the window has drawn.
+    const QJsonObject object = this->window(window);
+    return {rectangle(object.value("rect"_L1).toObject()).topLeft(),
+            rectangle(object.value("geometry"_L1).toObject()).size()};
+}
+
+QString WaylandDisplay::activeWindow() const
+{
+    for (const QJsonObject &window : windowsOf(m_sway.tree())) {
+        if (window.value("focused"_L1).toBool())
+            return identifierOf(window);
+    }
+    return {};
+}
+
+void WaylandDisplay::minimize(const QString &)
+{
+    ADD_FAILURE() << "this compositor minimizes nothing";
+}
+
+void WaylandDisplay::moveTo(QPoint point)
+{
+    m_client->moveTo(point);
+}
+
+void WaylandDisplay::press()
+{
+    m_client->setButton(true);
+}
+
+void WaylandDisplay::release()
+{
+    m_client->setButton(false);
+}
+
+void WaylandDisplay::click(QPoint point, int times)
+{
+    m_client->moveTo(point);
+    for (int i = 0; i < times; ++i) {
+        press();
+        QThread::msleep(betweenKeys);
+        release();
+        QThread::msleep(betweenClicks);
+    }
+}
+
+void WaylandDisplay::wheel(QPoint point, int notches)
+{
+    m_client->moveTo(point);
+    for (int i = 0; i < std::abs(notches); ++i) {
+        m_client->turnWheel(notches > 0);
+        QThread::msleep(betweenClicks);
+    }
+}
+
+void WaylandDisplay::key(const QString &name, int times)
+{
+    const QStringList keys = name.split(u'+');
+    for (int i = 0; i < times; ++i) {
+        for (const QString &key : keys)
+            keyDown(key);
+        for (auto key = keys.crbegin(); key != keys.crend(); ++key)
+            keyUp(*key);
+    }
+}
+
+void WaylandDisplay::keyDown(const QString &name)
+{
+    m_client->setKey(name, true);
+    QThread::msleep(betweenKeys);
+}
+
+void WaylandDisplay::keyUp(const QString &name)
+{
+    m_client->setKey(name, false);
+    QThread::msleep(betweenKeys);
+}
+
+void WaylandDisplay::type(const QString &text)
+{
+    for (const QChar character : text) {
+        m_client->typeCharacter(character);
+        QThread::msleep(betweenKeys);
+    }
+}
+
+QString WaylandDisplay::applicationOf(const QString &window) const
+{
+    return this->window(window).value("app_id"_L1).toString();
+}
+
+void WaylandDisplay::run(const QString &commands)
+{
+    EXPECT_TRUE(m_sway.run(commands)) << "the compositor cannot " << commands.toStdString();
+}
+
+} // namespace lyrabox::test
