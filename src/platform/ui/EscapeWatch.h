@@ -4,18 +4,20 @@
 
 namespace lyrabox {
 
+class EscapeListener;
+
 /// Tells whether the user has pressed Escape while the main thread works and handles no events.
 ///
-/// The key is heard over a second connection to the X server, for as long as the object lives and
-/// as long as one of the program's windows has the keyboard. The toolkit still gets its own copy of
-/// the key press, which it delivers when it handles events again. Without an X server nothing is
-/// ever heard. Main thread.
+/// The key is heard for as long as the object lives and as long as one of the program's windows has
+/// the keyboard: on X over a second connection to the server, on Wayland by a second keyboard
+/// object with a queue of its own. The toolkit still gets its own copy of the key press, which it
+/// delivers when it handles events again. Elsewhere nothing is ever heard. Main thread.
 class EscapeWatch {
 public:
-    /// Whether there is an X server to listen to.
+    /// Whether Escape can be heard here. Nobody is to be told of the key where it cannot.
     static bool isSupported();
 
-    /// Begins to listen.
+    /// Begins to listen. Asks the display server and waits for its answers, below a millisecond.
     EscapeWatch();
     ~EscapeWatch();
     EscapeWatch(const EscapeWatch &) = delete;
@@ -25,8 +27,7 @@ public:
     bool wasPressed();
 
 private:
-    class Connection;
-    std::unique_ptr<Connection> m_connection; ///< none where there is nothing to listen to
+    std::unique_ptr<EscapeListener> m_listener; ///< none where there is nothing to listen to
     bool m_wasPressed = false;
 };
 
