@@ -55,6 +55,8 @@ TEST_F(EndingProgram, ASecondStartBringsTheFirstToTheFrontAndEnds)
     EXPECT_EQ(startSecond(), 0);
     EXPECT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
 
+    if (display.isWayland())
+        GTEST_SKIP() << "the rest is not tried: this compositor minimizes nothing";
     display.minimize(mainWindow());
     ASSERT_TRUE(waitUntil([this] { return !display.hasWindow(u"^Lyrabox$"_s); }));
     EXPECT_EQ(startSecond(), 0);

@@ -275,8 +275,10 @@ TEST_F(MediaKeys, OpenRaiseAndQuit)
     startWithTones();
     playerctl({u"open"_s, u"file://"_s + folder + u"/gamma.flac"_s});
     EXPECT_TRUE(hears(500.0));
-    display.minimize(mainWindow());
-    ASSERT_TRUE(waitUntil([this] { return !display.hasWindow(u"^Lyrabox$"_s); }));
+    if (!display.isWayland()) { // where the compositor minimizes nothing
+        display.minimize(mainWindow());
+        ASSERT_TRUE(waitUntil([this] { return !display.hasWindow(u"^Lyrabox$"_s); }));
+    }
     const auto ask = [this](const QString &what) {
         PrivateBus::call(client, service, path, u"org.mpris.MediaPlayer2"_s, what);
     };

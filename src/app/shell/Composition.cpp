@@ -18,6 +18,7 @@
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/DesktopWindows.h"
 #include "platform/ui/EmptyViewText.h"
 #include "platform/ui/NamedImage.h"
 #include "platform/ui/TabOrder.h"
@@ -157,6 +158,11 @@ void Composition::showEqualizer()
         m_eqWindow.move(main.center().x() - m_eqWindow.width() / 2, main.top());
     }
     m_appDelegate.toggleEqWindow();
+}
+
+void Composition::bringToFront(const QString &activationToken)
+{
+    lyrabox::bringToFront(&m_mainWindow, activationToken);
 }
 
 void Composition::terminate()

@@ -54,7 +54,7 @@ public:
     void terminate();
 
     /// Brings the main window to the front.
-    void bringToFront() { m_appDelegate.toggleMainWindow(); }
+    void bringToFront(const QString &activationToken = {});
 
     /// Makes audio files the list of songs and plays the first; adds folders to the folder list.
     /// What is neither is named in the message line, and the list stays when there is no audio.

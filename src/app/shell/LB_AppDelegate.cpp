@@ -3,6 +3,7 @@
 #include "app/shell/BuildSettings.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
+#include "platform/ui/DesktopWindows.h"
 #include "platform/ui/SearchField.h"
 
 #include <QAction>
@@ -32,17 +33,6 @@ void setWindowBackground(QWidget *window)
                                       overWhite(color.blueF())));
     window->setPalette(palette);
     window->setAutoFillBackground(true);
-}
-
-void bringToFront(QWidget *window)
-{
-    if (window == nullptr)
-        return;
-    if (window->isMinimized())
-        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
-    window->raise();
-    window->activateWindow();
 }
 
 void setChecked(QAction *item, bool checked)

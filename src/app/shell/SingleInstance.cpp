@@ -25,6 +25,7 @@ constexpr int answerTime = 3000;
 constexpr int retryTime = 50;
 constexpr qsizetype largestMessage = 8 * 1024 * 1024; // more than a command line holds
 const QByteArray acknowledgement = "ok";
+const QByteArray tokenMark = "activation-token ";
 
 /// A socket of this user's for this folder. Sockets have short names, so the folder is in it as a
 /// hash.
@@ -38,16 +39,32 @@ QString socketName(const QString &folder)
     return QDir(directory).filePath(u"lyrabox-"_s + QString::fromLatin1(hash));
 }
 
-QByteArray message(const QList<QUrl> &urls)
+/// A line for the token, one for each address, an empty one.
+QByteArray message(const SingleInstance::Request &request)
 {
     QByteArray bytes;
-    for (const QUrl &url : urls)
+    if (!request.activationToken.isEmpty())
+        bytes += tokenMark + request.activationToken.toUtf8().toPercentEncoding() + '\n';
+    for (const QUrl &url : request.urls)
         bytes += url.toEncoded() + '\n';
     return bytes + '\n';
 }
 
+SingleInstance::Request requestOf(const QByteArray &message)
+{
+    SingleInstance::Request request;
+    for (const QByteArray &line : message.split('\n')) {
+        if (line.startsWith(tokenMark))
+            request.activationToken =
+                QString::fromUtf8(QByteArray::fromPercentEncoding(line.mid(tokenMark.size())));
+        else if (!line.isEmpty())
+            request.urls.append(QUrl::fromEncoded(line));
+    }
+    return request;
+}
+
 /// What the listener hands its requests to; on the listener's thread.
-using Taker = std::function<void(const QList<QUrl> &urls)>;
+using Taker = std::function<void(const SingleInstance::Request &request)>;
 
 void receive(QLocalSocket *socket, const Taker &take)
 {
@@ -59,12 +76,7 @@ void receive(QLocalSocket *socket, const Taker &take)
     if (bytes != "\n" && !bytes.endsWith("\n\n"))
         return; // more is to come
     socket->readAll();
-    QList<QUrl> urls;
-    for (const QByteArray &line : bytes.split('\n')) {
-        if (!line.isEmpty())
-            urls.append(QUrl::fromEncoded(line));
-    }
-    take(urls);
+    take(requestOf(bytes));
     socket->write(acknowledgement);
     socket->disconnectFromServer();
 }
@@ -102,7 +114,7 @@ SingleInstance::~SingleInstance()
         m_listener->deleteLater();
 }
 
-SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
+SingleInstance::Role SingleInstance::claim(const Request &request)
 {
     QElapsedTimer clock;
     clock.start();
@@ -112,14 +124,14 @@ SingleInstance::Role SingleInstance::claim(const QList<QUrl> &urls)
             listen();
             return Role::First;
         }
-        if (ask(urls))
+        if (ask(request))
             return Role::Second;
         QThread::msleep(retryTime);
     } while (!clock.hasExpired(answerTime));
     return Role::Unanswered;
 }
 
-void SingleInstance::setHandler(std::function<void(const QList<QUrl> &urls)> handler)
+void SingleInstance::setHandler(std::function<void(const Request &request)> handler)
 {
     m_handler = std::move(handler);
     handleRequests();
@@ -127,10 +139,10 @@ void SingleInstance::setHandler(std::function<void(const QList<QUrl> &urls)> han
 
 void SingleInstance::listen()
 {
-    const Taker take = [this](const QList<QUrl> &urls) {
+    const Taker take = [this](const Request &request) {
         {
             const std::lock_guard lock(m_mutex);
-            m_requests.push_back(urls);
+            m_requests.push_back(request);
         }
         Q_EMIT requestArrived();
     };
@@ -157,22 +169,22 @@ void SingleInstance::handleRequests()
 {
     if (!m_handler)
         return;
-    std::vector<QList<QUrl>> requests;
+    std::vector<Request> requests;
     {
         const std::lock_guard lock(m_mutex);
         requests = std::exchange(m_requests, {});
     }
-    for (const QList<QUrl> &urls : requests)
-        m_handler(urls);
+    for (const Request &request : requests)
+        m_handler(request);
 }
 
-bool SingleInstance::ask(const QList<QUrl> &urls) const
+bool SingleInstance::ask(const Request &request) const
 {
     QLocalSocket socket;
     socket.connectToServer(m_socketName);
     if (!socket.waitForConnected(retryTime))
         return false;
-    socket.write(message(urls));
+    socket.write(message(request));
     return socket.waitForReadyRead(answerTime) && socket.readAll() == acknowledgement;
 }
 

@@ -32,12 +32,19 @@ public:
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
     ~SingleInstance() override;
 
+    /// What a start asks the first process for.
+    struct Request {
+        QList<QUrl> urls;        ///< to open
+        QString activationToken; ///< lets the first come to the front; empty where there is none
+        bool operator==(const Request &) const = default;
+    };
+
     /// Becomes the first, or asks the first. Blocks for 3 s at most.
-    Role claim(const QList<QUrl> &urls = {});
+    Role claim(const Request &request = {});
 
     /// What the first process does when another one asks; called on this object's thread. Requests
     /// until then are kept for it.
-    void setHandler(std::function<void(const QList<QUrl> &urls)> handler);
+    void setHandler(std::function<void(const Request &request)> handler);
 
 Q_SIGNALS:
     /// A request has come; sent by the listener's thread.
@@ -46,15 +53,15 @@ Q_SIGNALS:
 private:
     void listen();
     void handleRequests();
-    bool ask(const QList<QUrl> &urls) const;
+    bool ask(const Request &request) const;
 
     QString m_socketName;
     QLockFile m_lock;
-    std::function<void(const QList<QUrl> &urls)> m_handler;
+    std::function<void(const Request &request)> m_handler;
     std::mutex m_mutex;
-    std::vector<QList<QUrl>> m_requests; ///< under the mutex: not handled yet
-    QObject *m_listener = nullptr;       ///< under the mutex: deleting it later ends its thread
-    std::jthread m_thread;               ///< the listener's; joined before the rest goes
+    std::vector<Request> m_requests; ///< under the mutex: not handled yet
+    QObject *m_listener = nullptr;   ///< under the mutex: deleting it later ends its thread
+    std::jthread m_thread;           ///< the listener's; joined before the rest goes
 };
 
 } // namespace lyrabox

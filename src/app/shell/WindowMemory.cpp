@@ -4,6 +4,7 @@
 #include "platform/ui/SplitView.h"
 
 #include <QHeaderView>
+#include <QScreen>
 #include <QWidget>
 
 using namespace Qt::Literals::StringLiterals;
@@ -20,6 +21,16 @@ QString geometryKey(const QString &name)
     return name + u"Geometry"_s;
 }
 
+QString sizeKey(const QString &name)
+{
+    return name + u"Size"_s;
+}
+
+QString maximizedKey(const QString &name)
+{
+    return name + u"Maximized"_s;
+}
+
 QString columnsKey(const QString &name)
 {
     return name + u"Columns"_s;
@@ -29,12 +40,32 @@ QString columnsKey(const QString &name)
 
 bool restoreWindow(QWidget *window, const QString &name)
 {
-    return window->restoreGeometry(userDefaults().value(geometryKey(name)).toByteArray());
+    QSettings &defaults = userDefaults();
+    const bool isPlaced = window->restoreGeometry(defaults.value(geometryKey(name)).toByteArray());
+    const QSize size = defaults.value(sizeKey(name)).toSize();
+    if (size.isValid()) {
+        window->resize(size.boundedTo(window->screen()->availableSize()));
+        const bool isMaximized = defaults.value(maximizedKey(name)).toBool();
+        window->setWindowState(isMaximized ? window->windowState() | Qt::WindowMaximized
+                                           : window->windowState() & ~Qt::WindowMaximized);
+    }
+    return isPlaced;
 }
 
-void saveWindow(const QWidget *window, const QString &name)
+void saveWindow(const QWidget *window, const QString &name, bool knowsPlace)
 {
-    userDefaults().setValue(geometryKey(name), window->saveGeometry());
+    QSettings &defaults = userDefaults();
+    if (knowsPlace) {
+        defaults.setValue(geometryKey(name), window->saveGeometry());
+        defaults.remove(sizeKey(name));
+        defaults.remove(maximizedKey(name));
+    } else {
+        const bool isMaximized = window->isMaximized();
+        const QSize restored = window->normalGeometry().size();
+        defaults.setValue(sizeKey(name),
+                          isMaximized && restored.isValid() ? restored : window->size());
+        defaults.setValue(maximizedKey(name), isMaximized);
+    }
 }
 
 void restoreDivider(SplitView *view)

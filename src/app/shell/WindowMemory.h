@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ui/DesktopWindows.h"
+
 #include <QString>
 
 class QHeaderView;
@@ -13,10 +15,14 @@ class SplitView;
 /// of their own.
 namespace windowMemory {
 
-/// Puts the window where it was; where it was never shown, or its screen is gone, it stays as it
-/// is. Returns whether it was moved.
+/// Gives the window the place and the size that it had; where it was never shown, or its screen is
+/// gone, it stays as it is. Returns whether it was moved.
 bool restoreWindow(QWidget *window, const QString &name);
-void saveWindow(const QWidget *window, const QString &name);
+
+/// Remembers place and size. A program that does not know its place (see programPlacesWindows())
+/// remembers the size alone, and a place that was remembered before stays.
+void saveWindow(const QWidget *window, const QString &name,
+                bool knowsPlace = programPlacesWindows());
 
 void restoreDivider(SplitView *view);
 void saveDivider(const SplitView *view);

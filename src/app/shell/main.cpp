@@ -11,6 +11,7 @@
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/Application.h"
+#include "platform/ui/DesktopWindows.h"
 #include "platform/ui/FontConfiguration.h"
 #include "platform/ui/Theme.h"
 #include "settings/SettingsFolder.h"
@@ -75,6 +76,7 @@ int main(int argc, char **argv)
     // The toolkit would wait for a bus that hangs.
     if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busPatience))
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    const QString activationToken = lyrabox::takeActivationToken();
     lyrabox::Application application(argc, argv); // takes the toolkit's own options out
     const CommandLine line = lyrabox::readCommandLine(argc, argv);
     if (line.task == CommandLine::Task::Complain) {
@@ -103,7 +105,7 @@ int main(int argc, char **argv)
     // The settings themselves tell when the folder cannot be made.
     const lyrabox::SettingsFolder folder = lyrabox::makeSettingsFolder();
     lyrabox::SingleInstance instance(folder.isThere() ? folder.url->toLocalFile() : QString());
-    switch (instance.claim(line.urls)) {
+    switch (instance.claim({.urls = line.urls, .activationToken = activationToken})) {
     case lyrabox::SingleInstance::Role::First:
         break;
     case lyrabox::SingleInstance::Role::Second:
@@ -141,16 +143,19 @@ int main(int argc, char **argv)
     runningComposition = &composition;
     const auto isOver = qScopeGuard([] { runningComposition = nullptr; });
     std::atexit(terminateComposition);
+    lyrabox::exitWhenDisplayIsLost();
     if (lyrabox::TerminationSignals::haveCome()) { // while no event loop ran that could be left
         composition.terminate();
         return EXIT_SUCCESS;
     }
     // Files may take long to open, and the window is to be seen meanwhile.
-    lyrabox::afterFirstPaint(composition.mainWindow(), [&composition, &instance, &line] {
+    lyrabox::afterFirstPaint(composition.mainWindow(), [&] {
+        if (!activationToken.isEmpty())
+            composition.bringToFront(activationToken);
         composition.open(line.urls);
-        instance.setHandler([&composition](const QList<QUrl> &urls) {
-            composition.bringToFront();
-            composition.open(urls);
+        instance.setHandler([&composition](const lyrabox::SingleInstance::Request &request) {
+            composition.bringToFront(request.activationToken);
+            composition.open(request.urls);
         });
     });
     return QApplication::exec();

@@ -15,12 +15,13 @@ namespace lyrabox {
 namespace {
 
 using Role = SingleInstance::Role;
+using Request = SingleInstance::Request;
 
 /// Asks from another thread, as another process would, while this thread serves.
-Role claimElsewhere(const QString &folder, const QList<QUrl> &urls = {})
+Role claimElsewhere(const QString &folder, const Request &request = {})
 {
     auto second =
-        std::async(std::launch::async, [&] { return SingleInstance(folder).claim(urls); });
+        std::async(std::launch::async, [&] { return SingleInstance(folder).claim(request); });
     while (second.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
         QCoreApplication::processEvents();
     return second.get();
@@ -32,11 +33,11 @@ TEST(SingleInstance, SecondAsksTheFirstAndHandsOverWhatItWasToOpen)
     SingleInstance first(folder.path());
     ASSERT_EQ(first.claim(), Role::First);
     QList<QList<QUrl>> asked;
-    first.setHandler([&](const QList<QUrl> &urls) { asked.append(urls); });
+    first.setHandler([&](const Request &request) { asked.append(request.urls); });
     EXPECT_EQ(claimElsewhere(folder.path()), Role::Second);
     const QList<QUrl> songs{QUrl::fromLocalFile(u"/music/a b.mp3"_s),
                             QUrl::fromLocalFile(u"/music/ü.mp3"_s)};
-    EXPECT_EQ(claimElsewhere(folder.path(), songs), Role::Second);
+    EXPECT_EQ(claimElsewhere(folder.path(), {songs, {}}), Role::Second);
     EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 2; }));
     EXPECT_EQ(asked, QList<QList<QUrl>>({{}, songs}));
 }
@@ -49,7 +50,7 @@ TEST(SingleInstance, RequestsBeforeTheLaunchAreKept)
     EXPECT_EQ(claimElsewhere(folder.path()), Role::Second);
     QCoreApplication::processEvents();
     int asked = 0;
-    first.setHandler([&](const QList<QUrl> &) { ++asked; });
+    first.setHandler([&](const Request &) { ++asked; });
     EXPECT_EQ(asked, 1);
 }
 
@@ -59,13 +60,28 @@ TEST(SingleInstance, NamesArriveAsTheyWereSent)
     SingleInstance first(folder.path());
     ASSERT_EQ(first.claim(), Role::First);
     QList<QUrl> asked;
-    first.setHandler([&](const QList<QUrl> &urls) { asked = urls; });
+    first.setHandler([&](const Request &request) { asked = request.urls; });
     const QList<QUrl> sent{QUrl::fromLocalFile(u"/m/100% a b\nc\n\n.mp3"_s),
                            QUrl::fromEncoded("file:///m/caf%E9.mp3"),
                            QUrl(u"https://lyrabox.example/a.mp3"_s)};
-    EXPECT_EQ(claimElsewhere(folder.path(), sent), Role::Second);
+    EXPECT_EQ(claimElsewhere(folder.path(), {sent, {}}), Role::Second);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !asked.isEmpty(); }));
     EXPECT_EQ(asked, sent);
+}
+
+TEST(SingleInstance, TheTokenOfTheUsersStartArrivesAsItWasSent)
+{
+    const QTemporaryDir folder;
+    SingleInstance first(folder.path());
+    ASSERT_EQ(first.claim(), Role::First);
+    std::vector<Request> asked;
+    first.setHandler([&](const Request &request) { asked.push_back(request); });
+    const Request alone{{}, u"a1b2-Ü 100%\nfile:///m/x.mp3"_s};
+    const Request withSong{{QUrl::fromLocalFile(u"/m/a.mp3"_s)}, u"1234"_s};
+    EXPECT_EQ(claimElsewhere(folder.path(), alone), Role::Second);
+    EXPECT_EQ(claimElsewhere(folder.path(), withSong), Role::Second);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 2; }));
+    EXPECT_EQ(asked, std::vector({alone, withSong}));
 }
 
 TEST(SingleInstance, ThousandsOfFilesAreHandedOver)
@@ -74,12 +90,12 @@ TEST(SingleInstance, ThousandsOfFilesAreHandedOver)
     SingleInstance first(folder.path());
     ASSERT_EQ(first.claim(), Role::First);
     qsizetype asked = 0;
-    first.setHandler([&](const QList<QUrl> &urls) { asked = urls.size(); });
+    first.setHandler([&](const Request &request) { asked = request.urls.size(); });
     const QString directory = u"/music/"_s + QString(200, u'ü') + u'/';
     QList<QUrl> sent;
     for (int i = 0; i < 2000; ++i)
         sent.append(QUrl::fromLocalFile(directory + QString::number(i)));
-    EXPECT_EQ(claimElsewhere(folder.path(), sent), Role::Second);
+    EXPECT_EQ(claimElsewhere(folder.path(), {sent, {}}), Role::Second);
     EXPECT_TRUE(QTest::qWaitFor([&] { return asked > 0; }));
     EXPECT_EQ(asked, sent.size());
 }
@@ -99,7 +115,7 @@ TEST(SingleInstance, TheFirstAnswersBeforeItOpensWhatItWasGiven)
     ASSERT_EQ(first.claim(), Role::First);
     std::future<Role> second;
     std::optional<Role> answered;
-    first.setHandler([&](const QList<QUrl> &) { answered = second.get(); }); // opening takes long
+    first.setHandler([&](const Request &) { answered = second.get(); }); // opening takes long
     second = std::async(std::launch::async, [&] { return SingleInstance(folder.path()).claim(); });
     while (!answered)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -112,10 +128,11 @@ TEST(SingleInstance, TheFirstAnswersWhileItsMainThreadIsBusyAndOpensAfterwards)
     SingleInstance first(folder.path());
     ASSERT_EQ(first.claim(), Role::First);
     QList<QUrl> asked;
-    first.setHandler([&](const QList<QUrl> &urls) { asked = urls; });
+    first.setHandler([&](const Request &request) { asked = request.urls; });
     const QList<QUrl> song{QUrl::fromLocalFile(u"/music/a.mp3"_s)};
-    auto second =
-        std::async(std::launch::async, [&] { return SingleInstance(folder.path()).claim(song); });
+    auto second = std::async(std::launch::async, [&] {
+        return SingleInstance(folder.path()).claim({song, {}});
+    });
     EXPECT_EQ(second.get(), Role::Second); // no event is handled here meanwhile
     EXPECT_TRUE(asked.isEmpty());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !asked.isEmpty(); }));

@@ -116,9 +116,8 @@ void RunningProgram::showFolder(const QString &path)
     const List settings(List::Dictionary{{u"sorts"_s, List(List::Array{sort})},
                                          {u"songSettings"_s, List(List::Array{})}});
     EXPECT_TRUE(writePropertyList(settings, settingsFile(u"UserSettings.plist"_s)));
-    QSettings defaults(m_home.filePath(u"c/Lyrabox/Lyrabox.conf"_s), QSettings::IniFormat);
-    defaults.setValue(u"lastTab"_s, 1);
-    defaults.setValue(u"folderPath"_s, path);
+    setUserDefault(u"lastTab"_s, 1);
+    setUserDefault(u"folderPath"_s, path);
 }
 
 void RunningProgram::startWithoutWindow(const QStringList &arguments)
@@ -148,7 +147,21 @@ void RunningProgram::start(Size size, const QStringList &arguments)
         << "the window is not active";
     EXPECT_TRUE(waitUntil([this] { return !navigationBar().isEmpty(); }))
         << "the window is not drawn";
+    if (display.isWayland() && size == Size::Usual && slowFile.isEmpty())
+        waitForEventLoop();
     EXPECT_TRUE(isRunning());
+}
+
+void RunningProgram::waitForEventLoop()
+{
+    for (const int wider : {10, 0}) {
+        m_frame = place::mainWindow.adjusted(0, 0, wider, 0);
+        display.place(m_window, m_frame);
+        EXPECT_TRUE(waitUntil([this] {
+            constexpr int light = 200; // other than what lies behind the window
+            return qGray(window().pixel(m_frame.width() - 2, m_frame.height() / 2)) > light;
+        })) << "the window does not follow its size";
+    }
 }
 
 int RunningProgram::quit()
@@ -240,6 +253,12 @@ std::optional<PropertyList> RunningProgram::settingsList(const QString &name) co
 QVariant RunningProgram::userDefault(const QString &key) const
 {
     return QSettings(m_home.filePath(u"c/Lyrabox/Lyrabox.conf"_s), QSettings::IniFormat).value(key);
+}
+
+void RunningProgram::setUserDefault(const QString &key, const QVariant &value)
+{
+    QSettings(m_home.filePath(u"c/Lyrabox/Lyrabox.conf"_s), QSettings::IniFormat)
+        .setValue(key, value);
 }
 
 void RunningProgram::click(QPoint point, int times)

@@ -69,6 +69,8 @@ protected:
     std::optional<PropertyList> settingsList(const QString &name) const;
     /// What Lyrabox.conf holds under a key, of what is on disk.
     QVariant userDefault(const QString &key) const;
+    /// Before a start.
+    void setUserDefault(const QString &key, const QVariant &value);
 
     /// Of the main window, in its own coordinates.
     void click(QPoint point, int times = 1);
@@ -126,6 +128,10 @@ protected:
 
 private:
     QProcessEnvironment environment() const;
+    /// A compositor names the window that is to have the keyboard; the program takes notice of that
+    /// in its event loop, and until then its shortcuts do nothing. That it draws a new size shows
+    /// that it has.
+    void waitForEventLoop();
     int waitForEnd(QProcess &process) const;
     int runBeside(const QString &file, const QStringList &arguments, const QString &folder) const;
     std::vector<float> lastSamples() const;

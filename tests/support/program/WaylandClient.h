@@ -32,7 +32,7 @@ public:
     /// Presses the key that gives this character, with Shift where that needs it, and lets it go.
     void typeCharacter(QChar character);
 
-    /// What the screen shows, without the pointer.
+    /// What the screen shows, the pointer included where the compositor draws it itself.
     QImage picture();
 
     /// A token that lets a program bring one of its windows to the front.

@@ -10,6 +10,7 @@
 
 #include <pwd.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -80,7 +81,9 @@ WaylandDisplay::WaylandDisplay()
     const bool isRoot = nobody != nullptr;
     const uid_t user = isRoot ? nobody->pw_uid : getuid();
     const gid_t group = isRoot ? nobody->pw_gid : getgid();
-    if (isRoot && ::chown(QFile::encodeName(m_folder.path()).constData(), user, group) != 0)
+    const QByteArray folder = QFile::encodeName(m_folder.path());
+    if (isRoot &&
+        (::chown(folder.constData(), user, group) != 0 || ::chmod(folder.constData(), 0711) != 0))
         ADD_FAILURE() << "the compositor gets no folder";
     m_compositor.setChildProcessModifier([=] {
         // The system calls themselves: the library's functions would also ask the threads of the
@@ -89,6 +92,7 @@ WaylandDisplay::WaylandDisplay()
             syscall(SYS_setgroups, 0, nullptr);
             syscall(SYS_setresgid, group, group, group);
             syscall(SYS_setresuid, user, user, user);
+            umask(0); // the program may be another user's, and even without root's rights
         }
         prctl(PR_SET_PDEATHSIG, SIGKILL);
     });
@@ -119,6 +123,7 @@ WaylandDisplay::WaylandDisplay()
                       << told.toStdString();
     }
     m_client = std::make_unique<WaylandClient>(m_folder.filePath(u"wayland-1"_s), size);
+    m_client->moveTo({size.width() - 1, size.height() - 1}); // the pictures show the pointer
 }
 
 WaylandDisplay::~WaylandDisplay()
@@ -181,10 +186,7 @@ void WaylandDisplay::moveWindow(const QString &window, const QRect &frame)
 
 QRect WaylandDisplay::frameOf(const QString &window) const
 {
-    // The place is the compositor's, the size what the window has drawn.
-    const QJsonObject object = this->window(window);
-    return {rectangle(object.value("rect"_L1).toObject()).topLeft(),
-            rectangle(object.value("geometry"_L1).toObject()).size()};
+    return rectangle(this->window(window).value("rect"_L1).toObject());
 }
 
 QString WaylandDisplay::activeWindow() const

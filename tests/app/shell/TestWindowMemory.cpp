@@ -1,0 +1,89 @@
+#include "app/shell/WindowMemory.h"
+
+#include "platform/foundation/UserDefaults.h"
+
+#include <QMainWindow>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+namespace {
+
+class WindowMemory : public testing::Test {
+protected:
+    WindowMemory() { userDefaults().clear(); }
+    ~WindowMemory() override { userDefaults().clear(); }
+
+    const QString name = u"window"_s;
+};
+
+TEST_F(WindowMemory, BringsPlaceAndSizeBack)
+{
+    constexpr QRect frame(60, 50, 400, 300);
+    {
+        QMainWindow window;
+        window.setGeometry(frame);
+        windowMemory::saveWindow(&window, name, true);
+    }
+    QMainWindow again;
+    EXPECT_TRUE(windowMemory::restoreWindow(&again, name));
+    EXPECT_EQ(again.geometry(), frame);
+}
+
+TEST_F(WindowMemory, WithoutAPlaceRemembersTheSizeAndKeepsThePlaceFromBefore)
+{
+    constexpr QRect frame(60, 50, 400, 300);
+    constexpr QSize later(420, 310);
+    QMainWindow window;
+    window.setGeometry(frame);
+    windowMemory::saveWindow(&window, name, true);
+    window.setGeometry(QRect(QPoint(0, 0), later));
+    windowMemory::saveWindow(&window, name, false);
+
+    QMainWindow again;
+    EXPECT_TRUE(windowMemory::restoreWindow(&again, name));
+    EXPECT_EQ(again.geometry(), QRect(frame.topLeft(), later));
+}
+
+TEST_F(WindowMemory, ASizeWithoutAPlaceMovesNoWindow)
+{
+    constexpr QSize size(410, 320);
+    {
+        QMainWindow window;
+        window.resize(size);
+        windowMemory::saveWindow(&window, name, false);
+    }
+    QMainWindow again;
+    EXPECT_FALSE(windowMemory::restoreWindow(&again, name));
+    EXPECT_EQ(again.size(), size);
+}
+
+TEST_F(WindowMemory, WithoutAPlaceRemembersThatAWindowIsMaximized)
+{
+    QMainWindow window;
+    window.resize(400, 300);
+    window.setWindowState(Qt::WindowMaximized);
+    windowMemory::saveWindow(&window, name, false);
+    QMainWindow again;
+    windowMemory::restoreWindow(&again, name);
+    EXPECT_TRUE(again.isMaximized());
+    EXPECT_EQ(window.windowState(), Qt::WindowMaximized);
+}
+
+TEST_F(WindowMemory, APlaceThatIsKnownAgainReplacesWhatWasRemembered)
+{
+    constexpr QRect frame(70, 40, 380, 290);
+    QMainWindow window;
+    window.resize(600, 500);
+    windowMemory::saveWindow(&window, name, false);
+    window.setGeometry(frame);
+    windowMemory::saveWindow(&window, name, true);
+    QMainWindow again;
+    EXPECT_TRUE(windowMemory::restoreWindow(&again, name));
+    EXPECT_EQ(again.geometry(), frame);
+}
+
+} // namespace
+} // namespace lyrabox
