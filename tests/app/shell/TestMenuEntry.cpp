@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox {
@@ -52,6 +54,12 @@ TEST_P(MenuEntry, ClaimsWhatTheReaderOpens)
     const QMimeType found = QMimeDatabase().mimeTypeForFile(file);
     EXPECT_TRUE(found.name() == type || found.aliases().contains(type) || found.inherits(type))
         << qPrintable(found.name());
+    // Which of a type's names is its own differs from system to system, and desktops look for that.
+    const QStringList claimed = claimedTypes();
+    const QStringList names = QStringList{found.name()} + found.allAncestors();
+    EXPECT_TRUE(std::any_of(names.begin(), names.end(),
+                            [&](const QString &name) { return claimed.contains(name); }))
+        << qPrintable(found.name()) << " is not claimed by its own name";
 }
 
 INSTANTIATE_TEST_SUITE_P(
