@@ -84,11 +84,11 @@ TEST_F(AudioEngineOnDevices, DeviceChangeWhileStoppedStaysStopped)
 {
     ASSERT_EQ(engine::buildAudioSystem(), 0);
     loadSong(10000);
-    audio.clearCalls();
     audio.fireDefaultOutputChangedOnThread();
     EXPECT_FALSE(engine::outputIsRunning());
-    EXPECT_THAT(audio.calls(), Contains("output2.stop"));
-    EXPECT_THAT(audio.calls(), Not(Contains("output2.start")));
+    EXPECT_FALSE(audio.outputIsRunning());
+    EXPECT_TRUE(audio.pull(256).isSilent());
+    EXPECT_EQ(engine::currentFrame(), 0U);
 }
 
 TEST_F(AudioEngineOnDevices, DeviceChangesKeepOnlyOneChain)
@@ -167,13 +167,11 @@ TEST_F(AudioEngineOnDevices, AStartOnALostDeviceRebuildsOnceAndPlays)
     engine::setOutputVolume(0.25F);
     engine::setOutputRunning(false);
     audio.failOnceAt(FakeStep::OutputStart, status::noAudioDevice);
-    audio.clearCalls();
     engine::setOutputRunning(true);
     EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_TRUE(audio.outputIsRunning());
     EXPECT_EQ(engine::soundStatus(), status::noError);
     EXPECT_EQ(audio.outputParameter(parameter::outputVolume), 0.25F);
-    EXPECT_THAT(audio.calls(), Contains("output1.start"));
-    EXPECT_THAT(audio.calls(), Contains("output2.start"));
     EXPECT_FALSE(audio.pull(256).isSilent());
 }
 
