@@ -13,13 +13,14 @@
 #include <memory>
 #include <thread>
 
-/// What the tests of faulty devices and servers share.
+/// Fixtures for the tests of devices and of faulty servers.
 namespace lyrabox::test {
 
 using namespace Qt::Literals::StringLiterals;
 
 inline constexpr double rate = Recorder::sampleRate;
-inline constexpr std::uint32_t firstBand = 2; // of the engine's equalizer parameters, every third
+inline constexpr std::uint32_t firstBand =
+    2; // the lowest of the engine's equalizer parameters; every third is used
 inline constexpr int bands = 10;
 
 inline std::size_t frames(double seconds)
@@ -50,15 +51,15 @@ protected:
     void SetUp() override { ASSERT_EQ(engine::buildAudioSystem(), status::noError); }
     ~SoundFaults() override { engine::tearDownAudioSystem(); }
 
-    /// The tone of the samples has to be what a sink plays, before ten seconds of it are over: a
-    /// machine that is busy tears holes into it.
+    /// Expects that a sink plays the tone of the samples in at least one window of 200 ms within
+    /// the first ten seconds. On a busy machine other windows may have underruns.
     void expectTone(const QString &sink)
     {
         recorder = server.record(sink);
         const auto begin = recorder->waitForSound(0, 0.05, 15.0);
         ASSERT_GE(begin, 0) << "no sound on " << sink.toStdString();
 #ifdef __SANITIZE_THREAD__
-        return; // too slow to be in time; there it is the threads that are judged
+        return; // too slow to play in time; this build only tests the threads
 #endif
         double heard = 0.0;
         for (int part = 0; part < 50; ++part) {
@@ -77,12 +78,12 @@ protected:
     std::unique_ptr<Recorder> recorder;
 };
 
-/// Waits until the engine says `wanted` about the sound. It is asked again and again, as by the
-/// program: what the device finds out by itself calls no hook.
+/// Waits until the engine reports the status `wanted` for the sound. It polls like the program,
+/// because some faults of a device are not signalled.
 inline bool waitForSoundStatus(Status wanted)
 {
     using namespace std::chrono;
-    const auto end = steady_clock::now() + seconds(40); // the patience of a test that fails otherwise
+    const auto end = steady_clock::now() + seconds(40); // a test that waits longer fails
     while (engine::soundStatus() != wanted) {
         if (steady_clock::now() > end)
             return false;

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <numbers>
 
-/// What the device tests play.
+/// The sources that the device tests play.
 namespace lyrabox::test {
 
 /// A source that plays one sine in both channels, from phase 0.
@@ -33,7 +33,7 @@ public:
         rendered = first + frames;
     }
 
-    std::atomic<std::uint64_t> rendered{0}; ///< frames; written by the callback thread
+    std::atomic<std::uint64_t> rendered{0}; ///< in frames; written by the callback thread
 
 private:
     double m_step;

@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t second = Recorder::sampleRate;
 
-/// Stops its output from inside the callback after some frames.
+/// A source that stops its output from within the callback after a number of frames.
 class EndingSource : public SineSource {
 public:
     EndingSource(OutputUnit &output, std::uint64_t frames)
@@ -44,7 +44,7 @@ private:
     OutputUnit &m_output;
 };
 
-/// Notes how the thread that pulls it is scheduled.
+/// A source that records the scheduling policy of the thread that pulls it.
 class WatchedSource : public SineSource {
 public:
     WatchedSource() : SineSource(440.0) {}
@@ -76,9 +76,9 @@ TEST_F(CubebOutputOnServer, OnlyTheCallbacksThreadHasRealtimePriorityWhereTheUse
     constexpr sched_param tried{.sched_priority = 1};
     constexpr sched_param usual{};
     if (sched_setscheduler(0, SCHED_RR, &tried) != 0)
-        GTEST_SKIP() << "no right to real-time priority";
+        GTEST_SKIP() << "this user may not use real-time priority";
     sched_setscheduler(0, SCHED_OTHER, &usual);
-    std::thread([] {}).join(); // the thread sanitizer begins one of its own with the first
+    std::thread([] {}).join(); // with the first thread the thread sanitizer starts one, too
 
     WatchedSource source;
     open(source);
@@ -89,7 +89,7 @@ TEST_F(CubebOutputOnServer, OnlyTheCallbacksThreadHasRealtimePriorityWhereTheUse
     EXPECT_EQ(ofRealtime, 1);
     EXPECT_EQ(sched_getscheduler(0), SCHED_OTHER);
 
-    // A process that such a thread begins is as any other.
+    // A process that such a thread starts has the usual priority.
     sched_setscheduler(0, SCHED_RR, &tried);
     const pid_t child = fork();
     if (child == 0)
@@ -116,8 +116,8 @@ TEST_F(CubebOutputOnServer, NothingIsHeardBeforeTheStart)
     EXPECT_FALSE(output.isRunning());
 }
 
-/// How long what it is asked for has to wait until it is heard, in frames, the recorder's delay
-/// included: what was pulled and not heard yet after half a second.
+/// Measures the latency in frames, including the delay of the recorder: the number of frames that
+/// were pulled but not yet heard after half a second.
 class WaitedFor : public CubebOutputOnServer, public testing::WithParamInterface<const char *> {
 protected:
     double frames()
@@ -144,7 +144,7 @@ protected:
 using TheDeviceHoldsWhatTheEnvironmentAsksFor = WaitedFor;
 TEST_P(TheDeviceHoldsWhatTheEnvironmentAsksFor, BeforeItIsHeard)
 {
-    EXPECT_GT(frames(), 0.35 * second); // half of it is asked for at a time
+    EXPECT_GT(frames(), 0.35 * second); // the device pulls half of it at a time
 }
 INSTANTIATE_TEST_SUITE_P(Milliseconds, TheDeviceHoldsWhatTheEnvironmentAsksFor,
                          testing::Values("1000"));
@@ -194,11 +194,11 @@ TEST_P(CubebOutputFades, StartAndStopPlayAllThatWasPulledWithoutAClick)
     output.stop();
     const auto silence = recorder->waitForSilence(static_cast<std::size_t>(begin));
     ASSERT_GE(silence, 0);
-    // Everything that was pulled was also played, in its last frames fading.
+    // Every pulled frame was played, and the last ones fade out.
     EXPECT_NEAR(static_cast<double>(silence - begin), static_cast<double>(source.rendered.load()),
                 200.0);
 
-    // No sample leaves the tone by more than its own steepest step.
+    // No step between two samples is larger than the steepest one of the tone.
     const std::vector<float> heard = recorder->samples();
     float step = 0.0F;
     for (std::size_t i = 1; i < heard.size(); ++i)
@@ -270,7 +270,7 @@ TEST_F(CubebOutputOnServer, PlaysAtTheRightPitchOnADeviceOfAnotherRateAndChannel
     const auto from = static_cast<std::size_t>(begin) + second / 10;
     recorder->waitForSize(from + second / 2);
     EXPECT_NEAR(frequencyOf(recorder->samples(from, from + second / 2)), 440.0, 0.5);
-    output.stop(); // before what it pulls from goes
+    output.stop(); // before its source is destroyed
 }
 
 TEST_F(CubebOutputOnServer, AServerThatGoesAwayLeavesTheOutputRunningAndStoppable)
@@ -291,7 +291,7 @@ TEST_F(CubebOutputOnServer, AServerThatGoesAwayLeavesTheOutputRunningAndStoppabl
     recorder = server.record(QStringLiteral("a"));
     EXPECT_EQ(output.start(), status::noError);
     EXPECT_GE(recorder->waitForSound(0), 0);
-    output.stop(); // before what it pulls from goes
+    output.stop(); // before its source is destroyed
 }
 
 TEST_F(CubebOutputOnServer, DestroyingARunningOutputLeavesNoStreamBehind)

@@ -1,4 +1,4 @@
-// A sound server that is there and answers nothing.
+// A sound server that runs but does not answer.
 
 #include "device/Fixtures.h"
 #include "device/Heard.h"
@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// What the library itself would wait for a server that hangs is half a minute.
+/// The library itself would wait half a minute for a server that hangs.
 constexpr qint64 soonMilliseconds = 10'000;
 
 TEST_F(CubebOutputOnServer, AStopDoesNotWaitForAServerThatHangsAndNoCallbackPullsTheSourceAfterIt)
@@ -38,7 +38,7 @@ TEST_F(CubebOutputOnServer, AStopDoesNotWaitForAServerThatHangsAndNoCallbackPull
     EXPECT_EQ(losses, 1);
     const std::uint64_t rendered = source.rendered;
 
-    // Nothing asks the server any more, and a start is for whoever comes after.
+    // Nothing asks the server any more; a start takes effect on the next output.
     EXPECT_EQ(output.start(), status::soundServerHangs);
     EXPECT_TRUE(output.isRunning());
     EXPECT_EQ(output.stop(), status::noError);
@@ -88,7 +88,7 @@ TEST_F(CubebOutputOnServer, OpeningDoesNotWaitForAServerThatHangs)
     EXPECT_EQ(output.start(), status::soundServerHangs);
     EXPECT_TRUE(output.isRunning());
 
-    // The one that was given up plays nothing, and what comes after it does.
+    // The abandoned output plays nothing, but the next one does.
     server.resume();
     ASSERT_EQ(output.initialize(), status::noError);
     EXPECT_EQ(output.start(), status::noError);
@@ -133,7 +133,7 @@ TEST_F(SoundFaults, AServerThatHangsDoesNotHoldPauseAndPlayUpAndTheSongGoesOnWhe
     ASSERT_EQ(engine::loadAudioFile(other), status::noError);
     engine::seekToFrame(position);
     engine::setOutputRunning(true);
-    EXPECT_LT(timer.elapsed(), 20'000); // the libraries wait for half a minute at a time
+    EXPECT_LT(timer.elapsed(), 20'000); // the libraries would wait half a minute each time
     EXPECT_EQ(engine::soundStatus(), status::soundServerHangs);
     EXPECT_EQ(engine::currentFrame(), position);
 

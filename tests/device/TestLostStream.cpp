@@ -1,4 +1,4 @@
-// A stream that the server drops.
+// Streams that the server drops.
 
 #include "device/Fixtures.h"
 #include "device/Heard.h"
@@ -18,7 +18,8 @@ namespace {
 TEST_F(CubebOutputOnServer, ALostStreamIsToldOnceOnAThreadOfItsOwnAndIsNoDevice)
 {
     std::promise<std::thread::id> lost;
-    output.setLossListener([&] { lost.set_value(std::this_thread::get_id()); }); // throws twice
+    output.setLossListener(
+        [&] { lost.set_value(std::this_thread::get_id()); }); // a second call throws
     SineSource source(440.0);
     open(source);
     output.start();

@@ -22,7 +22,7 @@ std::size_t frames(double seconds)
     return static_cast<std::size_t>(seconds * rate);
 }
 
-/// The whole program's sound path, from a file to what a sink of a private server plays.
+/// The whole path of the sound, from a file to the sink of a private server.
 class Playback : public testing::Test {
 protected:
     void SetUp() override
@@ -38,7 +38,7 @@ protected:
         ASSERT_EQ(engine::loadAudioFile(QUrl::fromLocalFile(sampleFile(spec))), status::noError);
     }
 
-    /// Starts, and returns where the sound begins.
+    /// Starts the output and returns the sample at which the sound begins.
     std::size_t play()
     {
         const std::size_t from = recorder->size();
@@ -75,8 +75,8 @@ INSTANTIATE_TEST_SUITE_P(Formats, PlaybackOfFormat,
 
 TEST_F(Playback, AtHalfTheSpeedASongLastsTwiceAsLongAtItsPitch)
 {
-    // The end of the song stops the output at once, and with it the tenth of a second that the
-    // stretcher holds.
+    // At the end of the song the output stops at once, so the tenth of a second that the stretcher
+    // holds is lost.
     constexpr double seconds = 10.0;
     load({.seconds = seconds});
     engine::setPlaybackRate(0.5F);
@@ -100,7 +100,7 @@ TEST_F(Playback, AnOctaveUpDoublesTheFrequency)
 
 TEST_F(Playback, ALoopOfOneSecondRepeatsEverySecond)
 {
-    // The ramp's every sample tells its frame, so the jumps can be read off the recording.
+    // Every sample of the ramp shows its frame, so the recording shows the jumps.
     load({.signal = SampleSpec::Signal::Ramp, .seconds = 4.0});
     engine::setLoopStartFrame(frames(0.25));
     engine::setLoopEndFrame(frames(1.25));
@@ -109,7 +109,7 @@ TEST_F(Playback, ALoopOfOneSecondRepeatsEverySecond)
     const std::vector<float> heard = hear(begin, 4.5);
 
     std::vector<std::size_t> jumps;
-    constexpr float wrap = 1.9F; // from frame 32,767 to 32,768 the ramp falls by its whole range
+    constexpr float wrap = 1.9F; // at frame 32,768 the ramp falls by its whole range
     for (std::size_t i = 1; i < heard.size(); ++i) {
         const float step = heard[i] - heard[i - 1];
         if (std::abs(step) > 0.1F && std::abs(step) < wrap)
@@ -117,7 +117,7 @@ TEST_F(Playback, ALoopOfOneSecondRepeatsEverySecond)
     }
     ASSERT_GE(jumps.size(), 3U);
     for (std::size_t i = 1; i < jumps.size(); ++i) {
-        // The end is tested once per slice, so it is overshot by less than one.
+        // The end is tested once per slice, so it is overshot by less than a slice.
         EXPECT_GE(jumps[i] - jumps[i - 1], frames(1.0));
         EXPECT_LT(jumps[i] - jumps[i - 1], frames(1.0) + 128);
     }
@@ -128,7 +128,7 @@ TEST_F(Playback, ASeekIsHeardWithoutAClick)
     load({.seconds = 6.0});
     const std::size_t begin = play();
     hear(begin, 0.3);
-    engine::seekToFrame(frames(3.0) + 25); // a quarter of a period off
+    engine::seekToFrame(frames(3.0) + 25); // off by a quarter of a period
     const std::vector<float> heard = hear(begin, 0.9);
     float step = 0.0F;
     for (std::size_t i = 1; i < heard.size(); ++i)
@@ -149,7 +149,7 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
     hear(begin, 1.0);
     const std::uint64_t before = engine::currentFrame();
 
-    // Both sinks run by the same clock: what was recorded at one moment belongs together.
+    // Both sinks use the same clock, so equal positions in the recordings are the same moment.
     const auto offset =
         static_cast<std::ptrdiff_t>(other->size()) - static_cast<std::ptrdiff_t>(recorder->size());
     const std::size_t change = recorder->size();
@@ -160,8 +160,8 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
     ASSERT_GE(sounding, 0);
     EXPECT_LT(static_cast<double>(sounding - offset) - static_cast<double>(change), rate);
 
-    // The server moves the stream, the engine then stops it, and its successor starts: the gap is
-    // what is silent on both.
+    // The server moves the stream, then the engine stops it and starts its successor. The gap is
+    // the time in which both sinks are silent.
     other->waitForSize(static_cast<std::size_t>(sounding) + frames(1.5));
     const std::vector<float> first = recorder->samples();
     const std::vector<float> second = other->samples();
@@ -177,13 +177,14 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
     RecordProperty("gapMilliseconds",
                    static_cast<int>(1000.0 * static_cast<double>(longest) / rate));
 #ifdef LYRABOX_IS_SLOW
-    constexpr double longestSeconds = 1.0; // a chain built slowly, a device that holds more
+    constexpr double longestSeconds =
+        1.0; // includes a slow build of the chain and a device that holds more
 #else
     constexpr double longestSeconds = 0.5;
 #endif
     EXPECT_LT(static_cast<double>(longest), longestSeconds * rate);
 
-    // The same song, from the same place, in the same way.
+    // The song goes on from the same position with the same values.
     const std::vector<float> moved(second.end() - static_cast<std::ptrdiff_t>(frames(0.5)),
                                    second.end());
     EXPECT_NEAR(frequencyOf(moved), 880.0, 2.0);
@@ -249,7 +250,7 @@ TEST_F(Playback, ASongMayBeLoadedWhileTheDeviceChanges)
         engine::seekToFrame(1000U * static_cast<unsigned>(round));
         engine::setOutputRunning(true);
     }
-    // Whichever device is the default in the end: it plays there.
+    // It plays on the device that is the default in the end.
     engine::setOutputRunning(false);
     load({.seconds = 10.0});
     engine::setOutputRunning(true);

@@ -15,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Counts the calls of a listener and lets the test wait for them.
+/// A listener that counts its calls and lets the test wait for them.
 class Calls {
 public:
     std::function<void()> listener()
@@ -39,7 +39,7 @@ public:
         const std::lock_guard lock(m_mutex);
         return m_thread;
     }
-    /// The patience of a test that fails otherwise.
+    /// A test that waits longer fails.
     bool waitFor(int count, std::chrono::milliseconds patience = std::chrono::seconds(20))
     {
         std::unique_lock lock(m_mutex);
@@ -53,9 +53,9 @@ private:
     std::thread::id m_thread;
 };
 
-/// Until the watcher has connected, nobody knows which change it will notice first: changes the
-/// default between "a" and `other` until one is, then waits for the calls that are still on their
-/// way. The default is then "a".
+/// Returns when the watcher has connected. To find that out, changes the default between "a" and
+/// `other` until the watcher notices a change, and then waits for the remaining calls. Afterwards
+/// the default is "a".
 void settle(PrivateSoundServer &server, Calls &calls, const QString &other = u"b"_s)
 {
     for (int i = 0; i < 100 && calls.count() == 0; ++i) {
@@ -68,7 +68,7 @@ void settle(PrivateSoundServer &server, Calls &calls, const QString &other = u"b
     }
 }
 
-/// How many more calls came by the time a change of the default that is made now has been noticed.
+/// Changes the default and returns how many calls came until the watcher noticed the change.
 int callsUpToAChange(PrivateSoundServer &server, Calls &calls, const QString &newDefault)
 {
     const int before = calls.count();
@@ -103,7 +103,7 @@ TEST(PulseDefaultOutputWatcher, KeepsQuietAboutVolumesAndOtherDevices)
     server.setSinkVolume(u"b"_s, 40);
     const int module = server.loadModule(u"module-null-sink"_s, {u"sink_name=c"_s});
     server.unloadModule(module);
-    // Events arrive in order: whatever the above caused would have been counted by now.
+    // Events arrive in order, so calls caused by the lines above would have been counted.
     EXPECT_EQ(callsUpToAChange(server, calls, u"b"_s), 1);
 }
 
@@ -158,7 +158,7 @@ TEST(PulseDefaultOutputWatcher, CallsOnceMoreOnRequest)
     PrivateSoundServer server;
     Calls calls;
     PulseDefaultOutputWatcher watcher;
-    watcher.requestCall(); // before anyone listens
+    watcher.requestCall(); // before there is a listener
     watcher.listen(calls.listener());
     EXPECT_TRUE(calls.waitFor(1));
     settle(server, calls);
@@ -281,7 +281,7 @@ TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhetherItListensOrNotAndWithout
 
 TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhateverTheServerIsSayingMeanwhile)
 {
-    // A wish to end that meets the watch between two answers must not be lost: it would hang.
+    // The end may be requested between two answers. If the request were lost, the test would hang.
     const PrivateSoundServer server;
     for (int i = 0; i < 300; ++i) {
         PulseDefaultOutputWatcher watcher;

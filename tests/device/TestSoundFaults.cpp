@@ -1,4 +1,4 @@
-// What a long evening does to the sound: servers that die, devices that come, go and differ.
+// Faults during a long session: servers that die, and devices that come, go and differ.
 
 #include "engine/AudioEngine.h"
 
@@ -52,7 +52,7 @@ TEST_F(SoundFaults, TheDefaultDeviceMayChangeAHundredTimesWhileSongsAreUsedInEve
     const auto isDone = [&] { return changes >= enoughChanges && loads >= enoughLoads; };
     std::thread user([&] {
         for (; !isDone() || changes % 2 != 0; ++changes) {
-            // In the shell, not through the server's helper, which is the main thread's.
+            // By the shell, because the fixture of the server is for the main thread only.
             if (std::system(changes % 2 == 0 ? "pactl set-default-sink b"
                                              : "pactl set-default-sink a") != 0)
                 ADD_FAILURE() << "the default device cannot be changed";
@@ -101,7 +101,7 @@ TEST_F(SoundFaults, TheDefaultDeviceMayChangeAHundredTimesWhileSongsAreUsedInEve
     RecordProperty("songsLoaded", loads);
     RecordProperty("changes", changes);
 
-    // The last change was to "a". After all that it plays there, as it should.
+    // The last change was to "a", so it must play there.
     engine::setOutputRunning(false);
     engine::setIsLooping(false);
     engine::setTrackHasEnded(false);

@@ -1,4 +1,4 @@
-// Whether the sound comes in time.
+// Underruns: gaps in the sound because frames came too late.
 
 #include "device/Fixtures.h"
 #include "device/Heard.h"
@@ -16,8 +16,8 @@ namespace {
 
 constexpr double frequency = 440.0;
 
-/// Where a sine is torn: each of its samples follows from the two before. Tears within a twentieth
-/// of a second are one.
+/// The positions at which a sine is interrupted. In a sine, every sample follows from the two
+/// before it. Interruptions within 50 ms count as one.
 std::vector<std::size_t> tears(const std::vector<float> &samples)
 {
     const double twoCosines = 2.0 * std::cos(2.0 * std::numbers::pi * frequency / rate);
@@ -31,7 +31,7 @@ std::vector<std::size_t> tears(const std::vector<float> &samples)
     return found;
 }
 
-TEST(Tears, AreFoundAndNothingElseIs)
+TEST(Tears, AreFoundWithoutFalseAlarms)
 {
     std::vector<float> samples(frames(1.0));
     for (std::size_t i = 0; i < samples.size(); ++i)
@@ -43,13 +43,12 @@ TEST(Tears, AreFoundAndNothingElseIs)
     EXPECT_EQ(tears(samples).size(), 2U);
 }
 
-/// A machine that is busy with other things may tear holes into a song. They are counted, and two
-/// seconds without one have to come before two minutes are over. A device that holds too little
-/// tears the sound every few milliseconds.
+/// A busy machine may cause underruns. The test counts them and needs two seconds without one
+/// within two minutes. With too short a latency there would be an underrun every few milliseconds.
 TEST_F(CubebOutputOnServer, PlaysForTwoSecondsWithoutAnUnderrun)
 {
 #ifdef LYRABOX_IS_SLOW
-    GTEST_SKIP() << "slower than the sound here";
+    GTEST_SKIP() << "this build is slower than the sound";
 #endif
     SineSource source(frequency);
     open(source);

@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::test {
 namespace {
 
-// How long a helper process may take before the test fails. Never reached when all is well.
+// How long a helper process may take. A successful test takes much less.
 constexpr int patienceMilliseconds = 20'000;
 
 } // namespace
@@ -81,7 +81,7 @@ void PrivateSoundServer::resume()
 
 void PrivateSoundServer::signalPrograms(int signal)
 {
-    // The one that clients talk to comes first: it must not tell of the end of the others.
+    // The program that clients talk to comes first, so that it cannot report the end of the others.
     for (auto program = m_programs.rbegin(); program != m_programs.rend(); ++program) {
         if ((*program)->state() == QProcess::Running) {
             EXPECT_EQ(::kill(static_cast<pid_t>((*program)->processId()), signal), 0);
@@ -98,7 +98,7 @@ bool PrivateSoundServer::restart()
                    : pulseAudioPrograms(socket(), m_sinks == Sinks::Rewinding);
     for (const SoundServerProgram &program : programs) {
         if (!program.socket.isEmpty())
-            QFile::remove(program.socket); // an earlier one's
+            QFile::remove(program.socket); // left by an earlier program
         QProcess &process = *m_programs.emplace_back(std::make_unique<QProcess>());
         dieWithTheTest(process);
         process.setStandardOutputFile(QProcess::nullDevice());
@@ -137,7 +137,7 @@ bool PrivateSoundServer::waitUntilItServes()
         return sinks.contains("\ta\t") && sinks.contains("\tb\t");
     });
     EXPECT_TRUE(answers) << "the private sound server does not answer";
-    // PipeWire leaves the choice to its session manager, which may not be ready yet.
+    // In PipeWire the session manager chooses the default, and it may not be ready yet.
     const bool serves = answers && waitUntil([&] {
                             ask({u"set-default-sink"_s, u"a"_s});
                             return ask({u"get-default-sink"_s}).trimmed() == "a";

@@ -17,30 +17,29 @@
 
 namespace lyrabox::test {
 
-/// A sound server of the test's own, with two null sinks named "a" (the default) and "b", on a
-/// socket in a temporary folder. While it lives, the environment of the process leads every client
-/// library to it. Null sinks play in real time, and what they play can be recorded from their
-/// monitors. Main thread only.
+/// A sound server that belongs to the test, on a socket in a temporary folder. It has two null
+/// sinks, "a" (the default) and "b". While it lives, the environment of the process makes every
+/// client library use it. Null sinks play in real time, and their monitors can be recorded. Main
+/// thread only.
 ///
-/// The server is PulseAudio, or PipeWire with its PulseAudio server and its session manager. To a
-/// test both are one server.
+/// The server is either PulseAudio, or PipeWire with its PulseAudio server and its session manager,
+/// which a test uses like one server.
 ///
-/// What fails adds a test failure.
+/// Errors add a test failure.
 class PrivateSoundServer {
 public:
     enum class Kind { PulseAudio, PipeWire };
-    /// The environment variable that chooses: "pulseaudio", which is also the default, or
-    /// "pipewire".
+    /// The environment variable that chooses the server: "pulseaudio" (the default) or "pipewire".
     static constexpr const char *kindVariable = "LYRABOX_TEST_SOUND_SERVER";
     static Kind chosenKind();
 
     enum class At { Once, Later };
-    /// Rewinding sinks let a new stream in at once, as sound cards do, and play it into the time
-    /// that a recorder has already got; their recordings take 2 s to begin. Plain ones work in
-    /// steps of 50 ms. PipeWire has sinks of one sort, which are neither.
+    /// Rewinding sinks play a new stream at once, like sound cards, even within the time that a
+    /// recorder has already received; their recordings begin after 2 s. Plain sinks work in steps
+    /// of 50 ms. PipeWire has only one kind of sink, which is neither.
     enum class Sinks { Plain, Rewinding };
 
-    /// Starts the server, unless it is to be started later with restart().
+    /// Starts the server, or leaves that to restart().
     explicit PrivateSoundServer(At start = At::Once, Sinks sinks = Sinks::Plain,
                                 Kind kind = chosenKind());
     explicit PrivateSoundServer(Kind kind) : PrivateSoundServer(At::Once, Sinks::Plain, kind) {}
@@ -50,50 +49,50 @@ public:
 
     Kind kind() const { return m_kind; }
 
-    /// Whether it runs.
+    /// Whether the server runs.
     bool isServing() const;
 
-    /// Ends the server without any farewell; returns when it is gone.
+    /// Kills the server and waits for its end.
     void kill();
 
-    /// The server answers nobody and plays nothing until resume().
+    /// Stops the processes of the server until resume(): it neither answers nor plays.
     void hang();
     void resume();
 
-    /// Starts the server again at the same place, with two fresh sinks; returns when it answers.
+    /// Starts the server again on the same socket, with two new sinks. Returns when it answers.
     bool restart();
 
     bool setDefaultSink(const QString &name);
 
-    /// From here on a change of the default sink leaves the recorders at their sinks. Otherwise
-    /// PulseAudio moves those of the old default sink along.
+    /// From now on a change of the default sink does not move recorders. Otherwise PulseAudio moves
+    /// the recorders of the old default sink.
     bool keepRecordersInPlace();
 
-    /// pactl's `load-module`: the module's index, or -1.
+    /// Loads a module like `pactl load-module`. Returns the index of the module, or -1.
     int loadModule(const QString &name, const QStringList &arguments = {});
     bool unloadModule(int index);
-    /// Takes every sink away that is a null sink, the first two as well.
+    /// Removes all null sinks, including "a" and "b".
     bool removeSinks();
-    /// A suspended sink plays nothing, and nothing can be recorded from it.
+    /// Suspends a sink. It then plays nothing and cannot be recorded.
     bool suspendSink(const QString &sink, bool suspended);
     bool setSinkVolume(const QString &sink, int percent);
 
-    /// How many streams play to the server at present, halted ones included.
+    /// How many playback streams the server has, including halted ones.
     int streamCount() const;
 
-    /// Takes the streams away from those who play them; the sinks stay. Returns when they are gone.
+    /// Kills all playback streams, but no sinks. Returns when they are gone.
     void killStreams();
 
-    /// Records what a sink plays from now on.
+    /// Starts to record what a sink plays.
     std::unique_ptr<Recorder> record(const QString &sink);
 
 private:
-    /// Their numbers at the server.
+    /// The numbers of the playback streams at the server.
     QList<std::uint32_t> streams() const;
     void signalPrograms(int signal);
     bool pactl(const QStringList &arguments, QByteArray *output = nullptr) const;
 
-    /// Waits until the server has its sinks and the first one is the default.
+    /// Waits until the server has its sinks and the first sink is the default.
     bool waitUntilItServes();
     QString socket() const { return m_folder.filePath(QStringLiteral("native")); }
 

@@ -4,14 +4,14 @@
 
 #include <functional>
 
-/// What every test needs that starts other programs.
+/// Helpers for tests that start other programs.
 namespace lyrabox::test {
 
-/// Asks until the answer is yes; false when it stays no for `seconds`, which a test never reaches
-/// when all is well.
+/// Calls the condition until it is true. False if it stays false for `seconds`, which is much
+/// longer than any successful test takes.
 bool waitUntil(const std::function<bool()> &condition, double seconds = 20.0);
 
-/// Lets the process die with the test that starts it, even when the test crashes.
+/// Makes the process die with the test that starts it, even if the test crashes.
 void dieWithTheTest(QProcess &process);
 
 } // namespace lyrabox::test

@@ -19,7 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::test {
 namespace {
 
-// How long a helper process may take before the test fails. Never reached when all is well.
+// How long a helper process may take. A successful test takes much less.
 constexpr int patienceMilliseconds = 20'000;
 
 } // namespace
@@ -42,7 +42,7 @@ Recorder::Recorder(const QString &sink)
     m_process.start(u"parec"_s,
                     {u"--raw"_s, u"--format=float32le"_s, u"--rate=%1"_s.arg(sampleRate),
                      u"--channels=2"_s, u"--latency-msec=10"_s, u"--device=%1.monitor"_s.arg(sink),
-                     // PipeWire would move it along with the default sink.
+                     // Otherwise PipeWire would move it to a new default sink.
                      u"--property=node.dont-reconnect=true"_s});
     const bool started = m_process.waitForStarted(patienceMilliseconds);
     ::close(writeEnd);
@@ -95,7 +95,7 @@ std::vector<float> Recorder::samples(std::size_t begin, std::size_t end) const
 
 bool Recorder::waitForSize(std::size_t count) const
 {
-    // Patience with every new sample: only a server that has stopped delivering ends the wait.
+    // Every new sample restarts the wait, so only a server that has stopped delivering ends it.
     while (size() < count) {
         const std::size_t before = size();
         if (!waitUntil([&] { return size() > before; })) {

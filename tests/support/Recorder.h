@@ -11,9 +11,9 @@
 
 namespace lyrabox::test {
 
-/// What a sink plays, as float samples at 44,100 Hz, the left channel, in memory. Positions are
-/// sample numbers from the start of the recording; silence is recorded as well, so they are the
-/// time. Main thread, unless a member says otherwise.
+/// Records what a sink plays: the left channel as float samples at 44,100 Hz, in memory. Positions
+/// are sample numbers from the start of the recording. Silence is recorded, too, so positions also
+/// measure time. Main thread only, unless a member says otherwise.
 class Recorder {
 public:
     static constexpr int sampleRate = 44100;
@@ -23,25 +23,24 @@ public:
     Recorder(const Recorder &) = delete;
     Recorder &operator=(const Recorder &) = delete;
 
-    /// Samples recorded so far.
+    /// The number of samples recorded so far.
     std::size_t size() const;
 
-    /// A copy of the samples from `begin` on, up to `end`.
+    /// A copy of the samples from `begin` up to `end`.
     std::vector<float> samples(std::size_t begin = 0, std::size_t end = SIZE_MAX) const;
 
-    /// Returns when at least `count` samples are there; false, with a test failure, when the server
+    /// Waits until at least `count` samples are recorded. False, with a test failure, if the server
     /// stops delivering.
     bool waitForSize(std::size_t count) const;
 
-    /// Waits for `seconds` more of recording.
+    /// Waits until `seconds` more are recorded.
     bool waitFor(double seconds) const;
 
-    /// Waits until a window of 10 ms that begins at or after `begin` is louder than `level` (peak),
-    /// and returns where it begins; -1, with a test failure, when none is within `seconds` of
-    /// recording.
+    /// Waits for a window of 10 ms at or after `begin` whose peak is above `level`, and returns the
+    /// position of the window. -1, with a test failure, if the next `seconds` have none.
     std::ptrdiff_t waitForSound(std::size_t begin, double level = 0.01, double seconds = 5.0) const;
 
-    /// The same for silence: 100 ms without a sample louder than `level`.
+    /// The same for silence: a window of 100 ms without a sample above `level`.
     std::ptrdiff_t waitForSilence(std::size_t begin, double level = 0.001,
                                   double seconds = 5.0) const;
 

@@ -10,9 +10,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::test {
 namespace {
 
-// PipeWire's programs get whole settings of their own, and not additions to those of the system:
-// the versions differ in what they load by default, and a system may have additions of its own.
-// The graph runs at the rate of the songs, so that the server changes no sample.
+// PipeWire's programs get complete settings instead of additions to those of the system, because
+// versions load different modules by default and a system may have additions of its own. The graph
+// runs at the sample rate of the songs, so that the server changes no sample.
 
 const QByteArray pipeWireSettings = R"(
 context.properties = {
@@ -57,7 +57,7 @@ context.objects = [
 ]
 )";
 
-// No sink is there when all others are gone: what happens without a device is tested, too.
+// There is no fallback sink, because tests also need a server without any sink.
 const QByteArray pulseSettings = R"(
 context.spa-libs = {
     audio.convert.* = audioconvert/libspa-audioconvert
@@ -78,8 +78,8 @@ pulse.cmd = [
 ]
 )";
 
-// The session manager works by its own rules, without this machine's devices and without a message
-// bus. Version 0.4 reads scripts, 0.5 and later versions read a profile; each ignores the other's.
+// The session manager uses its own rules, but no devices of this machine and no message bus.
+// Version 0.4 reads scripts, later versions read a profile. Each ignores the settings of the other.
 
 const QByteArray sessionScript = R"(
 alsa_monitor.enabled = false
@@ -136,11 +136,11 @@ std::vector<SoundServerProgram> pipeWirePrograms(const QString &folder, const QS
     write(session.filePath(u"main.lua.d/80-private.lua"_s), sessionScript);
     write(session.filePath(u"bluetooth.lua.d/80-private.lua"_s), bluetoothScript);
     write(session.filePath(u"wireplumber.conf.d/80-private.conf"_s), sessionProfile);
-    // What the session manager remembers of an earlier run.
+    // Removes what the session manager stored in an earlier run.
     QDir(QDir(folder).filePath(u"state"_s)).removeRecursively();
 
-    // The PulseAudio server is PipeWire with other settings. The package that installs it under a
-    // name of its own would also make it the sound server of this machine's desktop.
+    // The PulseAudio server is PipeWire with other settings. A package offers it under a name of
+    // its own, but would also make it the sound server of this machine's desktop.
     return {
         {.name = u"pipewire"_s, .arguments = {}, .socket = QDir(folder).filePath(u"pipewire-0"_s)},
         {.name = u"wireplumber"_s, .arguments = {}, .socket = {}},

@@ -13,10 +13,10 @@
 namespace lyrabox::test {
 namespace {
 
-// How long the server may take before the test fails. Never reached when all is well.
+// How long the server may take. A successful test takes much less.
 constexpr int patienceMilliseconds = 20'000;
 
-/// A connection to the server, and a loop that runs until something is so.
+/// A connection to the server, with a loop that runs until a condition is true.
 class Connection {
 public:
     Connection()
@@ -44,7 +44,7 @@ public:
         return true;
     }
 
-    /// Waits for the answer to what was asked.
+    /// Waits for the answer to an operation.
     bool finish(pa_operation *operation)
     {
         if (operation == nullptr)
@@ -83,7 +83,7 @@ bool killStreams(const QList<std::uint32_t> &streams)
         if (!server.finish(pa_context_kill_sink_input(server.get(), stream, nullptr, nullptr)))
             return false;
     }
-    // PipeWire answers before it has done it, and forgets it when its client leaves.
+    // PipeWire answers before it has killed the stream, and gives up if the client leaves.
     return server.runUntil([&] { return left.isEmpty(); });
 }
 

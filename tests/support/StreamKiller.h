@@ -6,9 +6,8 @@
 
 namespace lyrabox::test {
 
-/// Takes streams away from those who play them; `pactl` has no command for that. `streams` are
-/// their numbers at the server that PULSE_SERVER names. Returns when they are gone; false when the
-/// server does not do it.
+/// Kills streams of other clients, for which `pactl` has no command. `streams` are their numbers at
+/// the server in PULSE_SERVER. Returns when they are gone; false if the server does not kill them.
 bool killStreams(const QList<std::uint32_t> &streams);
 
 } // namespace lyrabox::test
