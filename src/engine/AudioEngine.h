@@ -154,10 +154,10 @@ void tearDownAudioSystem();
 // Fields.
 /// The next frame to render. It is ahead of what is heard, see heardFrame().
 std::uint64_t currentFrame();
-/// The frame of the song that is heard now: currentFrame() minus what time/pitch and the output
-/// hold. A loop's jump is followed back. Main thread. Exact to what the device asks for at a time,
-/// about 10 ms, and to 30 ms in the first moments after a change of speed. Never beyond
-/// totalFrames().
+/// The frame of the song that is heard now: currentFrame() minus the frames that time/pitch and the
+/// output hold. It goes back over a loop's jump, and never exceeds totalFrames(). Main thread. It
+/// is accurate to one request of the device, about 10 ms. Right after a change of speed or pitch it
+/// may be off by up to 70 ms.
 std::uint64_t heardFrame();
 std::uint64_t totalFrames();
 std::uint64_t loopStartFrame();

@@ -39,7 +39,7 @@ struct Control {
 
 AudioEngineState &state();
 
-/// How playback came to where it is; for heardFrame().
+/// The place where the callback reads. heardFrame() needs it.
 ReadingPointExchange &reading();
 
 /// Sets the position and counts that as a seek, without touching the stages.

@@ -7,15 +7,15 @@
 
 namespace lyrabox::engine {
 
-/// How the render routine came to where it reads, so that a place it has read a moment ago can be
-/// found again. All fields count frames of the song.
+/// The place where the render routine reads, and the loop's last jump. They show which place was
+/// read a moment ago. Places and distances are in frames of the song.
 struct ReadingPoint {
     std::uint64_t frame = 0;           ///< the next frame to render
     std::uint64_t seekCount = 0;       ///< the number of seeks before `frame` was read
     std::uint64_t jumps = 0;           ///< how often the same loop has jumped since the last seek
-    std::uint64_t jumpedFrom = 0;      ///< where the last jump left; only if `jumps` is not 0
-    std::uint64_t jumpedTo = 0;        ///< where it led to
-    std::uint64_t framesSinceJump = 0; ///< read after the last jump
+    std::uint64_t jumpedFrom = 0;      ///< the frame before the last jump; valid if `jumps` > 0
+    std::uint64_t jumpedTo = 0;        ///< the frame after the last jump
+    std::uint64_t framesSinceJump = 0; ///< frames that were read after the last jump
 
     /// The render routine went from `from` to `to` because of a loop.
     void jump(std::uint64_t from, std::uint64_t to) noexcept
@@ -34,9 +34,9 @@ struct ReadingPoint {
 struct ReadingPointExchange {
     ReadingPoint current; ///< callback thread
     TripleBuffer<ReadingPoint> published;
-    ReadingPoint lastSeen; ///< the reader's, under the engine's mutex
-    /// How often the position was set from outside. It rises after the position was set, so a
-    /// callback that sees the new count also sees the new position.
+    ReadingPoint lastSeen; ///< main thread, under the engine's mutex
+    /// How often a seek has set the position. It rises after the position was set, so a callback
+    /// that sees the new count also sees the new position.
     std::atomic<std::uint64_t> seekCount{0};
 };
 
