@@ -9,7 +9,6 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <map>
 #include <memory>
 
 #include <sys/wait.h>

@@ -10,7 +10,6 @@
 
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 
 using namespace lyrabox;
 

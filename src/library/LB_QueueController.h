@@ -97,7 +97,7 @@ public:
     /// this direction. It must not process events.
     void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
 
-    /// Sets what tells whether the user wants to stop skipping.
+    /// Sets the probe that says whether the user wants to stop skipping.
     void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
 
     /// Replaces the clock of the progress. For tests.

@@ -101,7 +101,7 @@ public:
     /// found and 0 while folders are still searched. It must not process events.
     void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
 
-    /// Sets what tells whether the user wants to stop building. The list then holds what was read.
+    /// Sets the probe that says whether the user wants to stop. The list then holds what was read.
     void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
 
     /// The whole list in sort order.

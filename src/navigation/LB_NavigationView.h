@@ -3,7 +3,6 @@
 #include "navigation/NavigationLayers.h"
 
 #include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 

@@ -3,8 +3,6 @@
 #include "engine/LB_AudioController.h"
 #include "navigation/LB_NavigationView.h"
 
-#include <algorithm>
-
 namespace lyrabox {
 
 namespace {

@@ -16,7 +16,6 @@
 #include "ui_RemovePopover.h"
 
 #include <QAbstractButton>
-#include <QLabel>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 

@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QtEndian>
 
-#include <algorithm>
 #include <limits>
 
 using namespace Qt::Literals::StringLiterals;

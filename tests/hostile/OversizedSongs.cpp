@@ -1,7 +1,6 @@
 #include "hostile/HostileBytes.h"
 #include "hostile/HostileSongs.h"
 
-#include <algorithm>
 #include <array>
 #include <functional>
 

@@ -4,7 +4,6 @@
 
 #include <QAbstractItemModel>
 
-#include <numeric>
 #include <set>
 
 using namespace lyrabox;

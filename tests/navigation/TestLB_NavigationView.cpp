@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <cmath>
