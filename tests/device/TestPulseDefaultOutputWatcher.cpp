@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -166,6 +167,30 @@ TEST(PulseDefaultOutputWatcher, CallsOnceMoreOnRequest)
     watcher.requestCall();
     EXPECT_TRUE(calls.waitFor(before + 1));
     EXPECT_EQ(callsUpToAChange(server, calls, u"b"_s), 1);
+}
+
+TEST(PulseDefaultOutputWatcher, AListenerThatRequestsACallIsCalledAgainOnlyWhileThereIsADevice)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    std::atomic<bool> isFailing{false};
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen([&] {
+        if (isFailing)
+            watcher.requestCall();
+        calls.add();
+    });
+    settle(server, calls);
+    isFailing = true;
+    const int before = calls.count();
+    server.setDefaultSink(u"b"_s);
+    EXPECT_TRUE(calls.waitFor(before + 3));
+
+    ASSERT_TRUE(server.removeSinks());
+    int more = 0;
+    while (more < 20 && calls.waitFor(calls.count() + 1, std::chrono::seconds(5)))
+        ++more;
+    EXPECT_LT(more, 20) << "it is called without a device";
 }
 
 TEST(PulseDefaultOutputWatcher, ARequestWaitsForAServerThatHangs)

@@ -204,6 +204,19 @@ TEST_F(AudioEngineOnDevices, AStartOnAServerThatHangsRebuildsNothing)
     EXPECT_FALSE(audio.pull(256).isSilent());
 }
 
+TEST_F(AudioEngineOnDevices, ADeviceThatCannotBeUsedYetIsTriedAgain)
+{
+    buildAndPlay(100000);
+    audio.failOnceAt(FakeStep::OutputInitialize, status::noAudioDevice);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(engine::soundStatus(), status::noAudioDevice);
+    EXPECT_EQ(audio.callsRequested(), 1);
+    audio.fireDefaultOutputChangedOnThread();
+    EXPECT_EQ(engine::soundStatus(), status::noError);
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_EQ(audio.callsRequested(), 1);
+}
+
 TEST_F(AudioEngineOnDevices, TheLossOfTheDeviceAsksForOneRebuild)
 {
     buildAndPlay(100000);

@@ -5,6 +5,7 @@
 #include <pulse/introspect.h>
 #include <pulse/mainloop.h>
 #include <pulse/subscribe.h>
+#include <pulse/timeval.h>
 
 #include <pthread.h>
 #include <sys/eventfd.h>
@@ -20,6 +21,8 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <thread>
+#include <utility>
 
 namespace lyrabox {
 namespace {
@@ -28,6 +31,10 @@ using namespace std::chrono_literals;
 
 constexpr auto firstRetry = 100ms;
 constexpr auto longestRetry = 1000ms;
+
+// How long a listener that could not use the device waits for its next try, which it asks for.
+constexpr std::chrono::microseconds firstPause = 250ms;
+constexpr std::chrono::microseconds longestPause = 4000ms;
 
 /// Identifies a device. One that was removed and came back has its old name but a new index.
 struct Device {
@@ -188,6 +195,13 @@ struct PulseDefaultOutputWatcher::Watch {
     bool firstLook = true; ///< the first device found is not a change
     bool changed = false;
     bool isCallDue = false; ///< a call was requested and not made yet
+    bool isCalling = false;
+    bool retryIsWanted = false; ///< by the listener that is or was being called
+    bool retryIsDue = false;    ///< the pause is over
+    bool owesRetry = false;     ///< the server is being asked whether there is a device
+    std::chrono::microseconds pause = firstPause;
+
+    std::atomic<std::thread::id> thread; ///< the watching one
 
     Watch() = default;
     ~Watch()
@@ -209,6 +223,7 @@ struct PulseDefaultOutputWatcher::Watch {
 void PulseDefaultOutputWatcher::Watch::run()
 {
     pthread_setname_np(pthread_self(), "device-watch");
+    thread = std::this_thread::get_id();
     {
         const std::lock_guard started(mutex);
     }
@@ -237,6 +252,10 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
         eventfd_read(event, &count);
     };
     pa_io_event *const wakeWatch = api->io_new(api, wakeEvent, PA_IO_EVENT_INPUT, woken, nullptr);
+    const auto pauseIsOver = [](pa_mainloop_api *, pa_time_event *, const timeval *, void *user) {
+        static_cast<Watch *>(user)->retryIsDue = true;
+    };
+    pa_time_event *pauseEnd = nullptr;
     bool anyFound = false;
     bool hasTimedOut = false;
     {
@@ -250,17 +269,37 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
                 isCallDue = true;
                 connection.ask();
             }
+            if (std::exchange(retryIsDue, false)) {
+                owesRetry = true;
+                connection.ask();
+            }
             if (changed)
                 callListener();
+            if (std::exchange(retryIsWanted, false)) {
+                timeval end{};
+                pa_gettimeofday(&end);
+                pa_timeval_add(&end, static_cast<pa_usec_t>(pause.count()));
+                pause = std::min(2 * pause, longestPause);
+                if (pauseEnd == nullptr)
+                    pauseEnd = api->time_new(api, &end, pauseIsOver, this);
+                else
+                    api->time_restart(pauseEnd, &end);
+            }
         }
         hasTimedOut = connection.hasTimedOut();
     }
+    if (pauseEnd != nullptr)
+        api->time_free(pauseEnd);
     api->io_free(wakeWatch);
     pa_mainloop_free(connectionLoop);
     // Without a server the listener is called all the same, and finds out itself.
     isCallDue = callRequested.exchange(false) || isCallDue;
     if (isCallDue && !hasTimedOut && !quit)
         callListener();
+    // The server's return is a call of its own.
+    retryIsWanted = false;
+    retryIsDue = false;
+    owesRetry = false;
     return anyFound;
 }
 
@@ -275,14 +314,20 @@ void PulseDefaultOutputWatcher::Watch::callListener()
         const std::lock_guard lock(mutex);
         called = listener;
     }
+    isCalling = true;
     if (called && *called)
         (*called)();
+    isCalling = false;
 }
 
 void PulseDefaultOutputWatcher::Watch::found(const std::optional<Device> &device)
 {
-    if (isCallDue || (device && device != known && !firstLook))
+    const bool isOther = device && device != known && !firstLook;
+    if (isOther)
+        pause = firstPause;
+    if (isCallDue || isOther || (device && owesRetry))
         changed = true;
+    owesRetry = false;
     known = device;
     firstLook = false;
 }
@@ -297,6 +342,11 @@ void PulseDefaultOutputWatcher::Watch::requestQuit()
 
 void PulseDefaultOutputWatcher::Watch::requestCall() noexcept
 {
+    // At once it would come to nothing again: the server may still be on its way up.
+    if (thread.load() == std::this_thread::get_id() && isCalling) {
+        retryIsWanted = true;
+        return;
+    }
     callRequested = true;
     eventfd_write(wakeEvent, 1);
 }
