@@ -1,7 +1,7 @@
 #include "platform/output/CubebOutput.h"
 
 #include "device/Fixtures.h"
-#include "device/Heard.h"
+#include "device/SineSource.h"
 #include "support/PrivateSoundServer.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // A sound server that runs but does not answer.
 
 #include "device/Fixtures.h"
-#include "device/Heard.h"
+#include "device/SineSource.h"
 
 #include <QElapsedTimer>
 

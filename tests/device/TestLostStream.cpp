@@ -1,7 +1,7 @@
 // Streams that the server drops.
 
 #include "device/Fixtures.h"
-#include "device/Heard.h"
+#include "device/SineSource.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "engine/AudioEngine.h"
 
-#include "device/Heard.h"
+#include "device/SineSource.h"
 #include "support/PrivateSoundServer.h"
 #include "support/SampleAudio.h"
 

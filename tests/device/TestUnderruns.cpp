@@ -1,7 +1,7 @@
 // Underruns: gaps in the sound because frames came too late.
 
 #include "device/Fixtures.h"
-#include "device/Heard.h"
+#include "device/SineSource.h"
 
 #include <gtest/gtest.h>
 

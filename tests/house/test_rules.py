@@ -1,4 +1,5 @@
 """Tests the checks of tree.py and functions.py on made-up trees and sources that break the rules."""
+import pathlib
 import unittest
 
 import functions
@@ -72,6 +73,10 @@ class Rules(unittest.TestCase):
         self.assertTrue(tree.is_too_long("x\n" * 401))
         self.assertFalse(tree.is_too_long("// Long because so it is.\n" + "x\n" * 401))
         self.assertTrue(tree.is_too_long("x\n" * 50 + "// Long because so it is.\n" + "x\n" * 401))
+
+    def test_one_name_in_two_folders_is_doubled(self):
+        paths = [pathlib.Path(p) for p in ("a/Probe.cpp", "b/Probe.cpp", "b/Probe.h", "c/Other.h")]
+        self.assertEqual(tree.doubled_names(paths), ["Probe.cpp"])
 
     def test_a_system_header_is_a_fault_outside_platform(self):
         sources = {"platform/lower/A.cpp": "#include <unistd.h>\n", "upper/B.h": "#include <QString>\n#include <vector>\n",

@@ -78,5 +78,12 @@ class Lengths(unittest.TestCase):
         self.assertEqual([str(f.relative_to(ROOT)) for f in looked_at if tree.is_too_long(f.read_text())], [])
 
 
+class Names(unittest.TestCase):
+    def test_no_two_files_of_the_tests_have_one_name(self):
+        paths = [p for p in (ROOT / "tests").rglob("*") if p.suffix in (".h", ".cpp", ".py")]
+        self.assertGreater(len(paths), 100)
+        self.assertEqual(tree.doubled_names(paths), [])
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -135,3 +135,9 @@ def is_too_long(text):
     """Over 400 lines without a reason at the top: a comment with the words "Long because"."""
     lines = text.splitlines()
     return len(lines) > LONGEST and not any("Long because" in line for line in lines[:REASON_WITHIN])
+
+
+def doubled_names(paths):
+    """The names that more than one of the paths has, sorted."""
+    names = [path.name for path in paths]
+    return sorted({name for name in names if names.count(name) > 1})

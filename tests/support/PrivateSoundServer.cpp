@@ -5,6 +5,7 @@
 #include "support/StreamKiller.h"
 
 #include <QFile>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <csignal>
@@ -24,6 +25,9 @@ PrivateSoundServer::Kind PrivateSoundServer::chosenKind()
     const QByteArray name = qgetenv(kindVariable);
     EXPECT_TRUE(name.isEmpty() || name == "pulseaudio" || name == "pipewire")
         << kindVariable << " is \"" << name.constData() << "\"";
+    if (name.isEmpty())
+        return QStandardPaths::findExecutable(u"pulseaudio"_s).isEmpty() ? Kind::PipeWire
+                                                                         : Kind::PulseAudio;
     return name == "pipewire" ? Kind::PipeWire : Kind::PulseAudio;
 }
 

@@ -29,7 +29,9 @@ namespace lyrabox::test {
 class PrivateSoundServer {
 public:
     enum class Kind { PulseAudio, PipeWire };
-    /// The environment variable that chooses the server: "pulseaudio" (the default) or "pipewire".
+    /// The environment variable that chooses the server: "pulseaudio" or "pipewire". Without it the
+    /// server is PulseAudio where it is installed, and PipeWire elsewhere: PulseAudio's package
+    /// cannot be installed on a desktop that plays ALSA's programs through PipeWire.
     static constexpr const char *kindVariable = "LYRABOX_TEST_SOUND_SERVER";
     static Kind chosenKind();
 
