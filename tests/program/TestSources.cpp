@@ -119,7 +119,10 @@ TEST_F(SourcesProgram, TabSelectionSortAndSizeAreBackAfterARestart)
     EXPECT_EQ(userDefault(u"lastTab"_s).toInt(), 1);
 
     start(Size::ItsOwn);
-    EXPECT_EQ(display.frameOf(mainWindow()), smaller);
+    EXPECT_EQ(display.frameOf(mainWindow()).size(), smaller.size());
+    if (!display.isWayland()) { // where only the compositor knows places
+        EXPECT_EQ(display.frameOf(mainWindow()).topLeft(), smaller.topLeft());
+    }
     EXPECT_TRUE(waitForSelectedSource(2));
     EXPECT_TRUE(waitForSongs(2));
     EXPECT_TRUE(hearsSilence());

@@ -1,5 +1,6 @@
 #include "support/program/WaylandDisplay.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -59,6 +60,25 @@ QList<QJsonObject> windowsOf(const QJsonDocument &tree)
 QString identifierOf(const QJsonObject &window)
 {
     return QString::number(window.value("id"_L1).toInt());
+}
+
+/// Whether no thread of the process has anything to do now. A program takes notice in its event
+/// loop that the compositor has given it the keyboard, and until then its shortcuts do nothing.
+bool isQuiet(int process)
+{
+    const QDir threads(u"/proc/%1/task"_s.arg(process));
+    for (int look = 0; look < 2; ++look) {
+        for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            QFile file(threads.filePath(thread + u"/stat"_s));
+            if (!file.open(QIODevice::ReadOnly))
+                continue; // it has ended
+            const QByteArray line = file.readAll();
+            const QByteArray running = ") R";
+            if (line.contains(running))
+                return false;
+        }
+    }
+    return true;
 }
 
 QRect rectangle(const QJsonObject &object)
@@ -193,7 +213,7 @@ QString WaylandDisplay::activeWindow() const
 {
     for (const QJsonObject &window : windowsOf(m_sway.tree())) {
         if (window.value("focused"_L1).toBool())
-            return identifierOf(window);
+            return isQuiet(window.value("pid"_L1).toInt()) ? identifierOf(window) : QString();
     }
     return {};
 }
