@@ -118,7 +118,8 @@ TEST_F(CubebOutputOnServer, NothingIsHeardBeforeTheStart)
 
 /// Measures the latency in frames, including the delay of the recorder: the number of frames that
 /// were pulled but not yet heard after half a second.
-class WaitedFor : public CubebOutputOnServer, public testing::WithParamInterface<const char *> {
+class MeasuredLatency : public CubebOutputOnServer,
+                        public testing::WithParamInterface<const char *> {
 protected:
     double frames()
     {
@@ -141,20 +142,19 @@ protected:
     }
 };
 
-using TheDeviceHoldsWhatTheEnvironmentAsksFor = WaitedFor;
-TEST_P(TheDeviceHoldsWhatTheEnvironmentAsksFor, BeforeItIsHeard)
+using LongerLatency = MeasuredLatency;
+TEST_P(LongerLatency, IsUsedIfTheEnvironmentSetsIt)
 {
     EXPECT_GT(frames(), 0.35 * second); // the device pulls half of it at a time
 }
-INSTANTIATE_TEST_SUITE_P(Milliseconds, TheDeviceHoldsWhatTheEnvironmentAsksFor,
-                         testing::Values("1000"));
+INSTANTIATE_TEST_SUITE_P(Milliseconds, LongerLatency, testing::Values("1000"));
 
-using TheDeviceHoldsItsUsualTime = WaitedFor;
-TEST_P(TheDeviceHoldsItsUsualTime, WhenTheEnvironmentAsksForLessOrForNonsense)
+using UsualLatency = MeasuredLatency;
+TEST_P(UsualLatency, IsUsedIfTheEnvironmentSetsLessOrNonsense)
 {
     EXPECT_LT(frames(), 0.25 * second);
 }
-INSTANTIATE_TEST_SUITE_P(Texts, TheDeviceHoldsItsUsualTime,
+INSTANTIATE_TEST_SUITE_P(Texts, UsualLatency,
                          testing::Values("", "10", "-450", "450 ms", "2001", "99999999999999"));
 
 TEST_F(CubebOutputOnServer, AfterAStopNoCallbackPullsTheSource)

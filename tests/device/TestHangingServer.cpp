@@ -113,7 +113,7 @@ TEST_F(CubebOutputOnServer, AStartDoesNotWaitForAServerThatHangs)
     EXPECT_EQ(source.rendered, 0U);
 }
 
-TEST_F(SoundFaults, AServerThatHangsDoesNotHoldPauseAndPlayUpAndTheSongGoesOnWhenItAnswers)
+TEST_F(SoundFaults, PauseAndPlayDoNotWaitForAServerThatHangsAndTheSongGoesOnWhenItAnswers)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
@@ -145,7 +145,7 @@ TEST_F(SoundFaults, AServerThatHangsDoesNotHoldPauseAndPlayUpAndTheSongGoesOnWhe
     EXPECT_GE(engine::currentFrame(), position);
 }
 
-TEST_F(SoundFaults, PausedWhileTheServerHangsItStaysPausedWhenItAnswers)
+TEST_F(SoundFaults, APauseWhileTheServerHangsLastsWhenItAnswers)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);

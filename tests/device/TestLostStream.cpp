@@ -15,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-TEST_F(CubebOutputOnServer, ALostStreamIsToldOnceOnAThreadOfItsOwnAndIsNoDevice)
+TEST_F(CubebOutputOnServer, ALostStreamIsReportedOnceOnAThreadOfItsOwnAndCountsAsNoDevice)
 {
     std::promise<std::thread::id> lost;
     output.setLossListener(
@@ -51,7 +51,7 @@ TEST_F(SoundFaults, AStreamThatIsLostWhileItsDeviceStaysIsReplacedAtOnce)
     EXPECT_EQ(engine::soundStatus(), status::noError);
 }
 
-TEST_F(SoundFaults, AStreamThatIsLostInAPauseIsThereAgainForPlay)
+TEST_F(SoundFaults, AStreamThatIsLostInAPauseIsReplacedForPlay)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     server.killStreams();
@@ -60,7 +60,7 @@ TEST_F(SoundFaults, AStreamThatIsLostInAPauseIsThereAgainForPlay)
     expectTone(u"a"_s);
 }
 
-TEST_F(SoundFaults, WithoutADeviceTheEngineSaysSoUntilThereIsOneAgain)
+TEST_F(SoundFaults, TheEngineReportsAMissingDeviceUntilThereIsOneAgain)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);

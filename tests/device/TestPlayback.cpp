@@ -196,7 +196,7 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
     EXPECT_TRUE(engine::outputIsRunning());
 }
 
-TEST_F(Playback, AServerThatIsKilledAndStartedAgainInMidSongPlaysOn)
+TEST_F(Playback, PlaysOnAfterTheServerIsKilledAndRestarted)
 {
     load({.seconds = 30.0});
     engine::setPitchCents(1200.0F);

@@ -93,7 +93,7 @@ TEST(PulseDefaultOutputWatcher, NoticesANewDefaultDeviceWithinASecondOnAThreadOf
     EXPECT_NE(calls.thread(), std::this_thread::get_id());
 }
 
-TEST(PulseDefaultOutputWatcher, KeepsQuietAboutVolumesAndOtherDevices)
+TEST(PulseDefaultOutputWatcher, IgnoresVolumesAndOtherDevices)
 {
     PrivateSoundServer server;
     Calls calls;
@@ -304,7 +304,7 @@ TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhetherItListensOrNotAndWithout
     }
 }
 
-TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceWhateverTheServerIsSayingMeanwhile)
+TEST(PulseDefaultOutputWatcher, IsDestroyedAtOnceDuringAnyAnswerOfTheServer)
 {
     // The end may be requested between two answers. If the request were lost, the test would hang.
     const PrivateSoundServer server;

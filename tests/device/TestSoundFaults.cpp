@@ -174,7 +174,7 @@ TEST_F(SoundFaults, ASongMayBePausedAndGoOnWhileItsDeviceIsSuspended)
     EXPECT_GE(engine::currentFrame(), frames(100.0));
 }
 
-TEST_F(SoundFaults, TheLastDeviceMayGoInASongAndAnotherOneComes)
+TEST_F(SoundFaults, TheLastDeviceMayGoDuringASongAndAnotherOneTakesOver)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
