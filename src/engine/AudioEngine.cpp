@@ -82,7 +82,7 @@ void rebuild(Chain &fresh, AfterRebuild after)
         control().waitsForDevice = true;
         control().runOnNextDevice = run;
         setSoundStatus(status);
-        // A server that starts may have the device before it can play to it.
+        // A server that is starting may report its device before it can play to it.
         if (status == status::noAudioDevice && control().watcher)
             control().watcher->requestCall();
         return;

@@ -190,7 +190,7 @@ TEST(PulseDefaultOutputWatcher, AListenerThatRequestsACallIsCalledAgainOnlyWhile
     int more = 0;
     while (more < 20 && calls.waitFor(calls.count() + 1, std::chrono::seconds(5)))
         ++more;
-    EXPECT_LT(more, 20) << "it is called without a device";
+    EXPECT_LT(more, 20) << "the listener was called without a device";
 }
 
 TEST(PulseDefaultOutputWatcher, ARequestWaitsForAServerThatHangs)

@@ -32,7 +32,7 @@ using namespace std::chrono_literals;
 constexpr auto firstRetry = 100ms;
 constexpr auto longestRetry = 1000ms;
 
-// How long a listener that could not use the device waits for its next try, which it asks for.
+// The pauses before a listener that requested a call is called again.
 constexpr std::chrono::microseconds firstPause = 250ms;
 constexpr std::chrono::microseconds longestPause = 4000ms;
 
@@ -196,12 +196,12 @@ struct PulseDefaultOutputWatcher::Watch {
     bool changed = false;
     bool isCallDue = false; ///< a call was requested and not made yet
     bool isCalling = false;
-    bool retryIsWanted = false; ///< by the listener that is or was being called
+    bool retryIsWanted = false; ///< requested by the listener during its call
     bool retryIsDue = false;    ///< the pause is over
-    bool owesRetry = false;     ///< the server is being asked whether there is a device
+    bool awaitsDevice = false;  ///< a retry waits for the server to report a device
     std::chrono::microseconds pause = firstPause;
 
-    std::atomic<std::thread::id> thread; ///< the watching one
+    std::atomic<std::thread::id> thread; ///< the watching thread
 
     Watch() = default;
     ~Watch()
@@ -270,7 +270,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
                 connection.ask();
             }
             if (std::exchange(retryIsDue, false)) {
-                owesRetry = true;
+                awaitsDevice = true;
                 connection.ask();
             }
             if (changed)
@@ -296,10 +296,10 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     isCallDue = callRequested.exchange(false) || isCallDue;
     if (isCallDue && !hasTimedOut && !quit)
         callListener();
-    // The server's return is a call of its own.
+    // When the server returns, the listener is called anyway.
     retryIsWanted = false;
     retryIsDue = false;
-    owesRetry = false;
+    awaitsDevice = false;
     return anyFound;
 }
 
@@ -325,9 +325,9 @@ void PulseDefaultOutputWatcher::Watch::found(const std::optional<Device> &device
     const bool isOther = device && device != known && !firstLook;
     if (isOther)
         pause = firstPause;
-    if (isCallDue || isOther || (device && owesRetry))
+    if (isCallDue || isOther || (device && awaitsDevice))
         changed = true;
-    owesRetry = false;
+    awaitsDevice = false;
     known = device;
     firstLook = false;
 }
@@ -342,7 +342,7 @@ void PulseDefaultOutputWatcher::Watch::requestQuit()
 
 void PulseDefaultOutputWatcher::Watch::requestCall() noexcept
 {
-    // At once it would come to nothing again: the server may still be on its way up.
+    // An immediate call would fail again, because the server may still be starting.
     if (thread.load() == std::this_thread::get_id() && isCalling) {
         retryIsWanted = true;
         return;

@@ -17,8 +17,9 @@ namespace lyrabox {
 /// watcher looks for one every 0.1 s at first, then less often, but at least once a second. It
 /// never starts a server.
 ///
-/// A listener that could not use the device requests a call itself. It is called again after a
-/// quarter of a second, then after pauses of up to 4 s, as long as the server has a default device.
+/// A listener that cannot use the device yet calls requestCall() itself. It is then called again
+/// after 250 ms, and after pauses of up to 4 s later on, as long as the server has a default
+/// device.
 ///
 /// The listener may call listen() and may even destroy the watcher. On any other thread the
 /// destructor waits for a listener call in progress, so its caller must not hold a lock that the
