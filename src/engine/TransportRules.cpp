@@ -1,5 +1,7 @@
 #include "engine/TransportRules.h"
 
+#include "platform/ui/StepTags.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -22,11 +24,11 @@ float withoutRoundingError(double value)
 float stepped(int tag, float current, float step, float normal)
 {
     switch (tag) {
-    case 0:
+    case StepDown:
         return withoutRoundingError(static_cast<double>(current) - static_cast<double>(step));
-    case 1:
+    case StepReset:
         return normal;
-    case 2:
+    case StepUp:
         return withoutRoundingError(static_cast<double>(current) + static_cast<double>(step));
     default:
         return current;

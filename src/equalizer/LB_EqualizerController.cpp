@@ -68,13 +68,8 @@ void LB_EqualizerController::setPresetTableView(QTableView *view)
     m_presetTableView = view;
     // Before the model is set, because a visible header would measure its columns at once.
     view->horizontalHeader()->hide();
-    view->verticalHeader()->hide();
     LB_TableRowView::install(view);
     view->setModel(m_model);
-    view->setSelectionMode(QAbstractItemView::SingleSelection);
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view->setShowGrid(false);
-    view->setTabKeyNavigation(false);
     view->horizontalHeader()->setStretchLastSection(true);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { tableViewSelectionDidChange(); });
@@ -288,7 +283,6 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
     LB_PopoverViewController *content = adds ? LB_PopoverViewController::load<Ui::AddPopover>()
                                              : LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
-    m_popover->setContentView(content->view());
     if (adds) {
         content->messageField()->setText(tr("Enter a name for the new preset"));
         QLineEdit *input = content->inputField();
@@ -306,8 +300,7 @@ void LB_EqualizerController::addRemoveButtonPressed(QWidget *sender)
                         removeOkButtonPressed();
                 });
     }
-    m_popover->setContentSize(content->view()->size());
-    m_popover->showRelativeTo(sender, lyrabox::Popover::Edge::MaxX);
+    m_popover->showContent(content->view(), sender, lyrabox::Popover::Edge::MaxX);
 }
 
 void LB_EqualizerController::addPresetNameEntered(QLineEdit *sender)

@@ -1,6 +1,7 @@
 // The parts that need no window: steps, ids and the order of the presets.
 
 #include "equalizer/LB_EqualizerController.h"
+#include "platform/ui/StepTags.h"
 
 #include <QCollator>
 
@@ -18,13 +19,13 @@ constexpr float levelStep = 1.0F; // dB
 float levelAfterStep(float level, int cellTag)
 {
     switch (cellTag) {
-    case 0:
+    case StepDown:
         level -= levelStep;
         break;
-    case 1:
+    case StepReset:
         level = 0.0F;
         break;
-    case 2:
+    case StepUp:
         level += levelStep;
         break;
     default:

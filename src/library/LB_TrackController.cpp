@@ -1,5 +1,6 @@
 #include "library/LB_TrackController.h"
 
+#include "app/controls/LB_TableRowView.h"
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "library/TrackListDecisions.h"
@@ -69,15 +70,7 @@ void LB_TrackController::setTrackTableView(QTableView *view)
 
     m_trackTableView = view;
     view->setModel(m_model);
-    view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    view->setSelectionMode(QAbstractItemView::SingleSelection);
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view->setTabKeyNavigation(false);
-    view->setWordWrap(false);
-    view->setShowGrid(false);
-    view->setCornerButtonEnabled(false);
-    view->verticalHeader()->hide();
-    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    LB_TableRowView::install(view, LB_TableRowView::Separators::Hairline);
     view->installEventFilter(this);
     connect(view, &QTableView::doubleClicked, this, [this] { trackSelectedForPlayback(); });
 

@@ -1,5 +1,6 @@
 #include "navigation/LB_NavigationView.h"
 
+#include "app/controls/SecondsToMinutesTransformer.h"
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "navigation/NavigationAccessible.h"
@@ -50,12 +51,6 @@ bool sameFraction(double a, double b)
 } // namespace
 
 namespace lyrabox {
-
-QString timeText(qint64 seconds)
-{
-    return QString::asprintf("%lld:%.2lld", static_cast<long long>(seconds / 60),
-                             static_cast<long long>(seconds % 60));
-}
 
 double playFraction(quint64 frame, quint64 totalFrames)
 {
@@ -169,8 +164,8 @@ void LB_NavigationView::focusOutEvent(QFocusEvent *event)
 
 void LB_NavigationView::updateTimeDisplay()
 {
-    const QString elapsed = lyrabox::timeText(m_audio->currentSeconds());
-    const QString total = lyrabox::timeText(m_audio->totalSeconds());
+    const QString elapsed = lyrabox::timeText(static_cast<quint64>(m_audio->currentSeconds()));
+    const QString total = lyrabox::timeText(static_cast<quint64>(m_audio->totalSeconds()));
     const quint64 totalFrames = m_audio->totalFrames();
     const double loopStart = lyrabox::playFraction(m_audio->loopStartFrame(), totalFrames);
     const bool loopStartIsSet = m_audio->loopStartIsSet();
@@ -332,7 +327,8 @@ void LB_NavigationView::showHoverTime(double x)
         return;
     const double inside = std::clamp(x, 0.0, static_cast<double>(width()));
     const auto seconds = static_cast<quint32>(static_cast<double>(total) * (inside / width()));
-    setHover(lyrabox::timeText(seconds), lyrabox::hoverTextPosition(inside, width()));
+    setHover(lyrabox::timeText(static_cast<quint64>(seconds)),
+             lyrabox::hoverTextPosition(inside, width()));
 }
 
 void LB_NavigationView::setHover(const QString &text, double x)

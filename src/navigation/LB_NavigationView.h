@@ -13,9 +13,6 @@ class LB_QueueController;
 
 namespace lyrabox {
 
-/// Formats seconds as "m:ss". Minutes may exceed 59.
-QString timeText(qint64 seconds);
-
 /// `frame` / `totalFrames` in single precision. NaN if there are no frames. See
 /// docs/kept-on-purpose.md.
 double playFraction(quint64 frame, quint64 totalFrames);

@@ -26,8 +26,6 @@ namespace notification = lyrabox::notification;
 
 namespace {
 
-enum ButtonTag { removeTag = 0, addTag = 1 };
-
 /// Returns the path unchanged if its disk does not answer.
 QString resolvingSymbolicLinks(const QString &path)
 {
@@ -122,10 +120,10 @@ void LB_FolderSourceController::restoreSelection()
 void LB_FolderSourceController::addRemoveButtonPressed(lyrabox::ButtonMatrix *sender)
 {
     switch (sender->selectedTag()) {
-    case addTag:
+    case AddTag:
         addFolder(sender);
         break;
-    case removeTag:
+    case RemoveTag:
         removeFolder(sender);
         break;
     default:
@@ -137,9 +135,7 @@ void LB_FolderSourceController::addFolder(QWidget *anchor)
 {
     m_folderToRemove = nullptr;
     const auto browser = lyrabox::makeBrowserPopover();
-    m_popover->setContentView(browser.view);
-    m_popover->setContentSize(browser.view->size());
-    m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);
+    m_popover->showContent(browser.view, anchor, lyrabox::Popover::Edge::MaxX);
     connect(browser.okButton, &QAbstractButton::clicked, this,
             [this, button = browser.okButton] { directorySelectedToAdd(button); });
 }
@@ -179,9 +175,7 @@ void LB_FolderSourceController::removeFolder(QWidget *anchor)
     auto *content = LB_PopoverViewController::load<Ui::RemovePopover>();
     content->setParent(content->view());
     content->askAbout(tr("Remove folder '%1'?"), m_selectedFolder->itemName().text);
-    m_popover->setContentView(content->view());
-    m_popover->setContentSize(content->view()->size());
-    m_popover->showRelativeTo(anchor, lyrabox::Popover::Edge::MaxX);
+    m_popover->showContent(content->view(), anchor, lyrabox::Popover::Edge::MaxX);
     connect(content->okButton(), &QAbstractButton::clicked, this, [this, asked = m_folderToRemove] {
         if (m_folderToRemove == asked)
             removeOkButtonPressed();

@@ -28,6 +28,9 @@ class LB_FolderSourceController : public QObject {
 public:
     using FolderRef = std::shared_ptr<LB_FolderItem>;
 
+    /// The tags of the cells of the add and remove buttons.
+    enum ButtonTag { RemoveTag = 0, AddTag = 1 };
+
     explicit LB_FolderSourceController(QObject *parent = nullptr);
     ~LB_FolderSourceController() override;
 
@@ -49,7 +52,7 @@ public:
     /// Selects the folder remembered in the user defaults, or its deepest listed ancestor.
     void restoreSelection();
 
-    /// Handles the + and - buttons. The tag of the pressed cell decides: 1 adds, 0 removes.
+    /// Handles the + and - buttons. The tag of the pressed cell decides, see ButtonTag.
     void addRemoveButtonPressed(lyrabox::ButtonMatrix *sender);
 
     /// Opens the directory browser at `anchor`.

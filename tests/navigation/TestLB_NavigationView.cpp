@@ -39,13 +39,6 @@ bool isNear(const QColor &a, const QColor &b, int tolerance = 2)
            std::abs(a.blue() - b.blue()) <= tolerance;
 }
 
-TEST(TimeText, DoesNotWrapMinutesIntoHours)
-{
-    EXPECT_EQ(timeText(3903), QStringLiteral("65:03"));
-    EXPECT_EQ(timeText(0), QStringLiteral("0:00"));
-    EXPECT_EQ(timeText(9), QStringLiteral("0:09"));
-}
-
 TEST(PlayFraction, IsDividedInSinglePrecision)
 {
     EXPECT_EQ(playFraction(1, 3), static_cast<double>(1.0F / 3.0F));

@@ -2,9 +2,9 @@
 
 #include "platform/ui/StateButton.h"
 
-/// A button that shows its alternate image while it is on and its image while it is off, each
-/// replaced by the image of the same name followed by "Alt" while highlighted. Any other state
-/// draws no image.
+/// A button that shows its alternate image while it is on and its image while it is off. While it
+/// is highlighted it shows the image of the same name followed by "Alt" instead. In any other state
+/// it draws no image. Main thread.
 class LB_PlayButtonCell : public lyrabox::StateButton {
     Q_OBJECT
 

@@ -17,7 +17,7 @@ void LB_PopUpButtonCell::drawImage(QPainter &painter, const QRect &rect)
 
 void LB_PopUpButtonCell::mousePressEvent(QMouseEvent *event)
 {
-    // The menu opens with the press, so that an item can be chosen by dragging to it.
+    // The menu opens on the press, so that the user can drag to an item.
     if (event->button() == Qt::LeftButton && isEnabled())
         openMenu();
 }
@@ -46,6 +46,6 @@ void LB_PopUpButtonCell::openMenu()
 {
     setHighlighted(true);
     const QSize size = m_menu->sizeHint();
-    // Aligned with the button's right edge: the button stands at the right end of its row.
+    // Aligned with the button's right edge, because the button is at the right end of its row.
     m_menu->popup(mapToGlobal(QPoint(width() - size.width(), -size.height() - 2)));
 }

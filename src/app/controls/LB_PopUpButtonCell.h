@@ -4,16 +4,16 @@
 
 class QMenu;
 
-/// A button that opens a menu. Its picture is the image of the menu's first item, centred; while
-/// highlighted the alternate image, where there is one.
+/// A button that opens a menu. It shows the image of the menu's first item, centred. While it is
+/// highlighted it shows its alternate image, if it has one. Main thread.
 class LB_PopUpButtonCell : public lyrabox::StateButton {
     Q_OBJECT
 
 public:
     explicit LB_PopUpButtonCell(QWidget *parent = nullptr);
 
-    /// The menu is owned by the button. Its first item is the button's own picture and is not shown
-    /// in the list.
+    /// The menu, owned by the button. The first item's image belongs to the button and is not
+    /// listed in the menu.
     QMenu *menu() const { return m_menu; }
 
     /// The image of the first item.

@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 LB_PopoverViewController::LB_PopoverViewController(QWidget *view, QObject *parent)
     : QObject(parent), m_view(view)
 {
-    // A folder or preset may be called anything, markup too.
+    // The name of a folder or preset may look like markup.
     if (QLabel *message = messageField())
         message->setTextFormat(Qt::PlainText);
 }
@@ -36,13 +36,13 @@ QLabel *LB_PopoverViewController::messageField() const
 
 void LB_PopoverViewController::askAbout(const QString &question, const QString &name)
 {
-    constexpr double partOfTheLine = 0.85; // the rest is for quotation and question marks
+    constexpr double nameShare = 0.85; // of a line; the rest is for quotation and question marks
     QLabel *message = messageField();
     message->ensurePolished();
     const QMargins margins = m_view->layout()->contentsMargins();
     const int line = m_view->width() - margins.left() - margins.right();
     const QString shown = message->fontMetrics().elidedText(lyrabox::oneLine(name), Qt::ElideMiddle,
-                                                            static_cast<int>(line * partOfTheLine));
+                                                            static_cast<int>(line * nameShare));
     const QString whole = question.arg(name);
     message->setText(question.arg(shown));
     message->setAccessibleName(whole);

@@ -8,15 +8,15 @@ class QLabel;
 class QLineEdit;
 class QWidget;
 
-/// The content of a popover, made from an interface definition:
-/// `LB_PopoverViewController::load<Ui::AddPopover>()`. Its outlets are the widgets of these names
-/// in the definition, null where it has none.
+/// The content of a popover, built from an interface definition:
+/// `LB_PopoverViewController::load<Ui::AddPopover>()`. The outlets are the widgets of these names
+/// in the definition; null if it has no such widget. Main thread.
 class LB_PopoverViewController : public QObject {
     Q_OBJECT
 
 public:
-    /// Builds a fresh view; the caller owns the controller, and whoever shows the view owns the
-    /// view.
+    /// Builds a new view. The caller owns the controller, or gives it a parent. Whoever shows the
+    /// view owns the view; until then nobody does.
     template <typename Interface>
     static LB_PopoverViewController *load(QObject *parent = nullptr)
     {
@@ -32,9 +32,9 @@ public:
     QLabel *messageField() const;
     QAbstractButton *okButton() const;
 
-    /// Puts `question`, in which `name` takes the place of %1, into the message field. A name that
-    /// is too wide for a line of the view is shortened in the middle; then the tool tip holds the
-    /// whole, as assistive programs do. The view grows to the height that the text needs.
+    /// Shows `question` in the message field, with `name` in the place of %1. A name that is too
+    /// wide for one line is shortened in the middle. The tool tip and assistive programs then have
+    /// the whole name. The view grows if the text needs more height.
     void askAbout(const QString &question, const QString &name);
 
 private:

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double startX = 5.0;
 constexpr double gap = 25.0;
-constexpr double firstFontSize = 12.0;
+constexpr double initialFontSize = 12.0;
 constexpr int scrollMilliseconds = 50;
 constexpr int settleMilliseconds = 250;
 
@@ -48,7 +48,7 @@ lyrabox::MarqueePositions lyrabox::marqueePositions(double x, double stringWidth
 }
 
 LB_ScrollingTextView::LB_ScrollingTextView(QWidget *parent)
-    : QWidget(parent), m_font(lyrabox::uiFont(firstFontSize))
+    : QWidget(parent), m_font(lyrabox::uiFont(initialFontSize))
 {
     installAccessible();
     setFocusPolicy(Qt::NoFocus);
@@ -67,7 +67,7 @@ void LB_ScrollingTextView::setString(const QString &text)
     m_scrollTimer.stop();
     m_string = text;
     m_drawingPoint = QPointF(startX, 0.0);
-    // A font is read from its file when it is first measured; a field that is empty need not wait.
+    // An empty text is not measured, because measuring loads the font from its file.
     m_stringWidth =
         text.isEmpty() ? 0.0 : QFontMetricsF(m_font).horizontalAdvance(lyrabox::oneLine(text));
     setAccessibleName(text);

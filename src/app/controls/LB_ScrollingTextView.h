@@ -7,10 +7,10 @@
 
 #include <optional>
 
-/// A line of text that is centred when it fits and scrolls as a marquee, 20 points a second, when
-/// it does not. The timer runs only while there is something to scroll and the window shows it.
-/// Resizing counts as live from the first change of size until a quarter second without one; the
-/// text stands still meanwhile.
+/// A line of text. It is centred if it fits; otherwise it scrolls as a marquee at 20 points a
+/// second. The timer runs only while there is text to scroll and the window shows it. A live resize
+/// lasts from the first change of size until a quarter of a second without one; meanwhile the text
+/// does not move. Main thread.
 class LB_ScrollingTextView : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString string READ string WRITE setString)
@@ -20,24 +20,27 @@ public:
 
     QString string() const { return m_string; }
 
-    /// Shows `text`, plain, from the start.
+    /// Shows `text` as plain text, starting at its beginning.
     void setString(const QString &text);
 
-    /// The property keeps its value whatever setFontSize() does.
+    /// setFontSize() does not change this value; see docs/kept-on-purpose.md.
     double fontSize() const { return m_fontSize; }
 
-    /// The size counts for measuring from the next setString() on.
+    /// Sets the size in points for drawing. The width of the text is measured with it only from the
+    /// next setString() on; see docs/kept-on-purpose.md.
     void setFontSize(double points);
 
     QFont font() const { return m_font; }
+    /// Where the text begins, in widget coordinates.
     QPointF drawingPoint() const { return m_drawingPoint; }
+    /// The width of the text in points, as measured by setString().
     double stringWidth() const { return m_stringWidth; }
     bool isScrolling() const { return m_scrollTimer.isActive(); }
 
-    /// One step of the marquee: 1 point to the left.
+    /// Moves the text 1 point to the left, one step of the marquee.
     void scrollText();
 
-    /// The size begins or ceases to change. Called by the view itself.
+    /// The view calls these itself when a live resize begins and ends.
     void viewWillStartLiveResize();
     void viewDidEndLiveResize();
     bool inLiveResize() const { return m_settleTimer.isActive(); }
@@ -69,12 +72,12 @@ private:
 
 namespace lyrabox {
 
-/// Where the marquee's text is drawn when its first copy stands at `x`.
+/// Where the marquee's text is drawn when the first copy is at `x`. In points from the left edge.
 struct MarqueePositions {
-    /// The second copy, a gap of 25 points behind the first.
+    /// The second copy, 25 points after the end of the first; none if it is not drawn.
     std::optional<double> second;
-    /// Where the first copy stands from the next drawing on: `x`, or the second copy's place once
-    /// the first copy has left the view entirely.
+    /// The position of the first copy for the next drawing: `x`, or the position of the second copy
+    /// once the first has left the view.
     double next;
 };
 MarqueePositions marqueePositions(double x, double stringWidth);

@@ -21,12 +21,12 @@ namespace {
 
 constexpr int thickness = 18;
 constexpr int naturalLength = 110;
-constexpr int smallestLength = 40;
+constexpr int minimumLength = 40;
 constexpr double trackInsetAlong = 8.0;
 constexpr double trackInsetAcross = 6.0;
 constexpr double trackRadius = 3.0;
-/// The knob's box, which the drawn knob is inset from. It is larger than the slider is thick by
-/// what the insets leave free, so that the knob fills the thickness.
+/// The size of the knob's box. The drawn knob is inset from it and fills the thickness of the
+/// slider.
 constexpr double knobBox = 20.0;
 constexpr double knobInset = 2.0;
 constexpr double knobShift = 0.5;
@@ -63,7 +63,7 @@ LB_Slider::LB_Slider(Qt::Orientation orientation, QWidget *parent)
     : QWidget(parent), m_clock(monotonicMilliseconds)
 {
     SliderAccessible::install();
-    // A click leaves the keyboard where it is; Tab reaches the slider.
+    // A click does not take the keyboard; Tab does.
     setFocusPolicy(Qt::TabFocus);
     setOrientation(orientation);
 }
@@ -82,14 +82,14 @@ void LB_Slider::setMinValue(double value)
 {
     m_minValue = value;
     m_maxValue = std::max(m_maxValue, value);
-    take(m_value);
+    changeValue(m_value);
 }
 
 void LB_Slider::setMaxValue(double value)
 {
     m_maxValue = value;
     m_minValue = std::min(m_minValue, value);
-    take(m_value);
+    changeValue(m_value);
 }
 
 void LB_Slider::setStep(double step)
@@ -107,14 +107,14 @@ double LB_Slider::bounded(double value) const
     return std::isnan(value) ? m_minValue : std::clamp(value, m_minValue, m_maxValue);
 }
 
-void LB_Slider::take(double value)
+void LB_Slider::changeValue(double value)
 {
-    const auto taken = static_cast<float>(bounded(value));
+    const auto bound = static_cast<float>(bounded(value));
     update();
-    if (taken == m_value)
+    if (bound == m_value)
         return;
-    m_value = taken;
-    Q_EMIT valueChanged(static_cast<double>(taken));
+    m_value = bound;
+    Q_EMIT valueChanged(static_cast<double>(bound));
     SliderAccessible::announce(this);
 }
 
@@ -126,7 +126,7 @@ void LB_Slider::stopGlide()
 void LB_Slider::setFloatValue(double value)
 {
     stopGlide();
-    take(value);
+    changeValue(value);
 }
 
 void LB_Slider::animateToFloatValue(double value)
@@ -139,7 +139,7 @@ void LB_Slider::animateToFloatValue(double value)
     m_glideFrom = from;
     m_glideStart = m_clock();
     m_glideTimer.start(frameMilliseconds, Qt::PreciseTimer, this);
-    take(value);
+    changeValue(value);
 }
 
 double LB_Slider::displayedValue() const
@@ -165,7 +165,7 @@ void LB_Slider::timerEvent(QTimerEvent *event)
 void LB_Slider::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    stopGlide(); // nobody saw where it came from
+    stopGlide(); // nobody saw the old position
 }
 
 QSize LB_Slider::sizeHint() const
@@ -176,8 +176,8 @@ QSize LB_Slider::sizeHint() const
 
 QSize LB_Slider::minimumSizeHint() const
 {
-    return m_orientation == Qt::Horizontal ? QSize(smallestLength, thickness)
-                                           : QSize(thickness, smallestLength);
+    return m_orientation == Qt::Horizontal ? QSize(minimumLength, thickness)
+                                           : QSize(thickness, minimumLength);
 }
 
 QRectF LB_Slider::trackRect() const
@@ -190,7 +190,7 @@ QRectF LB_Slider::trackRect() const
 
 double LB_Slider::travel() const
 {
-    // The knob's middle stays clear of both ends by what makes the drawn knob just touch them.
+    // At either end of its travel, the drawn knob just touches the end of the slider.
     const double length = m_orientation == Qt::Horizontal ? width() : height();
     return std::max(0.0, length - (knobBox - 2.0 * knobInset) - 2.0 * knobShift);
 }
@@ -198,12 +198,12 @@ double LB_Slider::travel() const
 QRectF LB_Slider::knobRect() const
 {
     const double range = m_maxValue - m_minValue;
-    const double part = range > 0.0 ? (displayedValue() - m_minValue) / range : 0.0;
+    const double fraction = range > 0.0 ? (displayedValue() - m_minValue) / range : 0.0;
     const double reach = (knobBox - 2.0 * knobInset) / 2.0;
     const QPointF middle =
         m_orientation == Qt::Horizontal
-            ? QPointF(reach + part * travel(), height() / 2.0)
-            : QPointF(width() / 2.0, height() - reach - knobShift - part * travel());
+            ? QPointF(reach + fraction * travel(), height() / 2.0)
+            : QPointF(width() / 2.0, height() - reach - knobShift - fraction * travel());
     const QRectF box(middle.x() - knobBox / 2.0, middle.y() - knobBox / 2.0, knobBox, knobBox);
     const QRectF knob = box.adjusted(knobInset, knobInset, -knobInset, -knobInset);
     return knob.translated(knobShift, 0.0);
@@ -212,10 +212,11 @@ QRectF LB_Slider::knobRect() const
 double LB_Slider::valueAt(const QPointF &point) const
 {
     const double reach = (knobBox - 2.0 * knobInset) / 2.0;
-    const double way = m_orientation == Qt::Horizontal ? point.x() - reach - knobShift
-                                                       : height() - reach - knobShift - point.y();
-    const double part = travel() > 0.0 ? way / travel() : 0.0;
-    return m_minValue + std::clamp(part, 0.0, 1.0) * (m_maxValue - m_minValue);
+    const double distance = m_orientation == Qt::Horizontal
+                                ? point.x() - reach - knobShift
+                                : height() - reach - knobShift - point.y();
+    const double fraction = travel() > 0.0 ? distance / travel() : 0.0;
+    return m_minValue + std::clamp(fraction, 0.0, 1.0) * (m_maxValue - m_minValue);
 }
 
 void LB_Slider::paintEvent(QPaintEvent *)
@@ -235,7 +236,7 @@ void LB_Slider::moveByUser(double value)
 {
     stopGlide();
     const float before = m_value;
-    take(sliderValueOnGrid(value, m_step, m_minValue, m_maxValue));
+    changeValue(sliderValueOnGrid(value, m_step, m_minValue, m_maxValue));
     if (m_value != before)
         Q_EMIT moved(this);
 }
@@ -279,22 +280,22 @@ void LB_Slider::mouseDoubleClickEvent(QMouseEvent *event)
 void LB_Slider::wheelEvent(QWheelEvent *event)
 {
     const QPoint delta = event->angleDelta();
-    m_wheelRest += delta.y() != 0 ? delta.y() : -delta.x();
-    const int notches = m_wheelRest / wheelNotch;
-    m_wheelRest -= notches * wheelNotch;
+    m_wheelRemainder += delta.y() != 0 ? delta.y() : -delta.x();
+    const int notches = m_wheelRemainder / wheelNotch;
+    m_wheelRemainder -= notches * wheelNotch;
     if (notches != 0)
-        moveByUser(static_cast<double>(m_value) + notches * grain());
+        moveByUser(static_cast<double>(m_value) + notches * stepOrHundredth());
     event->accept();
 }
 
-double LB_Slider::grain() const
+double LB_Slider::stepOrHundredth() const
 {
     return m_step > 0.0 ? m_step : (m_maxValue - m_minValue) / 100.0;
 }
 
 double LB_Slider::keyStep() const
 {
-    return m_keyStep > 0.0 ? m_keyStep : grain();
+    return m_keyStep > 0.0 ? m_keyStep : stepOrHundredth();
 }
 
 double LB_Slider::pageStep() const

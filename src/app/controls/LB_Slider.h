@@ -6,9 +6,10 @@
 #include <functional>
 #include <optional>
 
-/// A flat slider over a float range, horizontal or vertical. Its value is what was set last; the
-/// knob may still be gliding there. A drag, a click, the wheel or a key moves it in whole `step`s
-/// and sends moved(); values set in code keep their fractions and send nothing.
+/// A flat slider over a float range, horizontal or vertical. Its value is the one that was set
+/// last, even while the knob still glides to it. A drag, a click, the wheel or a key moves it in
+/// whole `step`s and sends moved(). A value set by code keeps its fraction and does not send
+/// moved(). Main thread.
 class LB_Slider : public QWidget {
     Q_OBJECT
     Q_PROPERTY(double minValue READ minValue WRITE setMinValue)
@@ -29,39 +30,42 @@ public:
     double maxValue() const { return m_maxValue; }
     void setMaxValue(double value);
 
-    /// The grain of the user's moves, counted from 0; 0 moves freely.
+    /// The user moves the slider to multiples of this, counted from 0. With 0 the slider moves
+    /// freely.
     double step() const { return m_step; }
     void setStep(double step);
 
-    /// What an arrow key moves by, and PageUp and PageDown; at first the grain, or a hundredth of
-    /// the range where there is none, and ten times that.
+    /// How far an arrow key moves the slider, and how far PageUp and PageDown do. At first `step`,
+    /// or a hundredth of the range if that is 0; and ten times as far.
     double keyStep() const;
     void setKeySteps(double arrow, double page);
 
-    /// The value a double-click goes to; none at first.
+    /// The value that a double-click sets. Without one, which is the default, a double-click is a
+    /// click.
     void setDefaultValue(double value);
 
-    /// Brought into the range.
+    /// The value. A value outside the range is set to the nearest limit.
     float floatValue() const { return m_value; }
     void setFloatValue(double value);
 
-    /// The same through the animator: floatValue() is the new value at once, the knob glides there
-    /// with an ease-out curve in half a second (speed 0.5 of the default animation of a quarter
-    /// second). A slider that is just being shown is at its value.
+    /// The same with an animation: floatValue() is the new value at once, and the knob glides there
+    /// in half a second with an ease-out curve (speed 0.5 of the default animation of a quarter of
+    /// a second). If the slider is shown during the animation, the animation ends.
     void animateToFloatValue(double value);
 
-    /// Where the knob is drawn now.
+    /// The value at which the knob is drawn now.
     double displayedValue() const;
     bool isGliding() const { return m_glideTimer.isActive(); }
 
-    /// The clock that glides run by, in milliseconds; the steady clock at first.
+    /// For tests: replaces the clock of the animation. It returns milliseconds; at first a steady
+    /// clock.
     using Clock = std::function<qint64()>;
     void setGlideClock(Clock clock) { m_clock = std::move(clock); }
 
-    /// Moves as the user would: in whole steps, sending moved().
+    /// Moves the slider as the user would: to a whole step, and sends moved() if the value changes.
     void moveByUser(double value);
 
-    /// The knob's rectangle and the track's, in widget coordinates.
+    /// The rectangles of the knob and the track, in widget coordinates.
     QRectF knobRect() const;
     QRectF trackRect() const;
 
@@ -71,7 +75,7 @@ public:
 Q_SIGNALS:
     /// The user moved the slider.
     void moved(LB_Slider *sender);
-    /// The value changed, by whomever.
+    /// The value changed, by the user or by code.
     void valueChanged(double value);
 
 protected:
@@ -86,10 +90,10 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void take(double value);
+    void changeValue(double value);
     void stopGlide();
     double bounded(double value) const;
-    double grain() const;
+    double stepOrHundredth() const;
     double pageStep() const;
     double valueAt(const QPointF &point) const;
     double travel() const;
@@ -107,17 +111,17 @@ private:
     qint64 m_glideStart = 0;
     QBasicTimer m_glideTimer;
     QPointF m_grabOffset;
-    int m_wheelRest = 0;
+    int m_wheelRemainder = 0;
     bool m_dragging = false;
 };
 
 namespace lyrabox {
 
-/// The part of the way that a glide has covered after `seconds`: the ease-out curve of control
-/// points (0, 0) and (0.58, 1) over half a second. 0 before it begins, 1 once it is over.
+/// How much of the way a glide has covered after `seconds`, from 0 to 1: a cubic Bézier ease-out
+/// curve with control points (0, 0) and (0.58, 1) over half a second.
 double sliderGlideProgress(double seconds);
 
-/// `value` brought to the nearest multiple of `step` (any value where `step` is 0) inside the
+/// The multiple of `step` nearest to `value`, within the range. If `step` is 0, `value` within the
 /// range.
 double sliderValueOnGrid(double value, double step, double minimum, double maximum);
 

@@ -22,12 +22,12 @@ constexpr double arrowGap = 6.0;
 constexpr double arrowWidth = 8.0;
 constexpr double arrowHeight = 6.0;
 
-bool isHeaderDecoration(QChar character)
+bool isSpaceOrArrow(QChar character)
 {
     return character == QChar::Space || character == arrowUp || character == arrowDown;
 }
 
-void drawGround(QPainter &painter, const QRectF &frame, const QColor &fill)
+void drawBackground(QPainter &painter, const QRectF &frame, const QColor &fill)
 {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Theme::lineGray, lineWidth));
@@ -37,7 +37,7 @@ void drawGround(QPainter &painter, const QRectF &frame, const QColor &fill)
     painter.fillRect(frame, translucent);
 }
 
-/// Draws the text and answers where it ends.
+/// Draws the text and returns the x coordinate of its end. `room` points at the right stay free.
 double drawText(QPainter &painter, const QRectF &frame, const QString &text,
                 Qt::Alignment alignment, double room)
 {
@@ -58,17 +58,17 @@ QString lyrabox::trimmedHeaderText(const QString &text)
 {
     qsizetype first = 0;
     qsizetype last = text.size();
-    while (first < last && isHeaderDecoration(text.at(first)))
+    while (first < last && isSpaceOrArrow(text.at(first)))
         ++first;
-    while (last > first && isHeaderDecoration(text.at(last - 1)))
+    while (last > first && isSpaceOrArrow(text.at(last - 1)))
         --last;
     return text.mid(first, last - first);
 }
 
 QChar lyrabox::headerArrow(const QString &text)
 {
-    for (auto character = text.crbegin();
-         character != text.crend() && isHeaderDecoration(*character); ++character) {
+    for (auto character = text.crbegin(); character != text.crend() && isSpaceOrArrow(*character);
+         ++character) {
         if (*character != QChar::Space)
             return *character;
     }
@@ -93,13 +93,13 @@ void LB_TableHeaderCell::setHighlightedSection(int section)
 
 QSize LB_TableHeaderCell::sizeHint() const
 {
-    return {length(), headerHeight}; // not measured: the texts are elided in whatever is there
+    return {length(), headerHeight}; // no text is measured: the texts are elided to fit
 }
 
 void LB_TableHeaderCell::drawInterior(QPainter &painter, const QRectF &frame, const QString &text,
                                       Qt::Alignment alignment)
 {
-    drawGround(painter, frame, Theme::lineGray);
+    drawBackground(painter, frame, Theme::lineGray);
     painter.setPen(Qt::black);
     drawText(painter, frame, lyrabox::trimmedHeaderText(text), alignment, 0.0);
 }
@@ -107,7 +107,7 @@ void LB_TableHeaderCell::drawInterior(QPainter &painter, const QRectF &frame, co
 void LB_TableHeaderCell::highlight(QPainter &painter, const QRectF &frame, const QString &text,
                                    Qt::Alignment alignment, QChar arrow)
 {
-    drawGround(painter, frame, Theme::accent);
+    drawBackground(painter, frame, Theme::accent);
     painter.setPen(Qt::white);
     const double room = arrow.isNull() ? 0.0 : arrowGap + arrowWidth;
     const double end = drawText(painter, frame, text, alignment, room);
@@ -141,7 +141,7 @@ void LB_TableHeaderCell::paintSection(QPainter *painter, const QRect &rect, int 
                   lyrabox::headerArrow(text));
     else
         drawInterior(*painter, rect, text, alignment);
-    // The outline alone is too fine to part two sections of the same colour.
+    // The outline is too thin to separate two sections of the same colour.
     painter->fillRect(QRectF(rect.right(), rect.top(), 1.0, rect.height()), Theme::lineGray);
     painter->restore();
 }
@@ -152,9 +152,9 @@ void LB_TableHeaderCell::paintEvent(QPaintEvent *event)
     const int end = length() - offset();
     if (orientation() != Qt::Horizontal || end >= viewport()->width())
         return;
-    // What no section covers has the same ground.
+    // The area without sections gets the same background.
     QPainter painter(viewport());
     const QRect rest(end, 0, viewport()->width() - end, viewport()->height());
     painter.fillRect(rest, Theme::surface);
-    drawGround(painter, rest, Theme::lineGray);
+    drawBackground(painter, rest, Theme::lineGray);
 }

@@ -2,9 +2,9 @@
 
 #include <QHeaderView>
 
-/// The header of a table: flat sections, the highlighted one in the accent colour with the arrow of
-/// its sort order. The arrow is the one at the end of the section's title; no other section shows
-/// its arrow.
+/// The header of a table. Its sections are flat; the highlighted section has the accent colour and
+/// shows the arrow of its sort order. The arrow is the last character of the section's title; other
+/// sections hide it. Main thread.
 class LB_TableHeaderCell : public QHeaderView {
     Q_OBJECT
 
@@ -12,13 +12,13 @@ public:
     explicit LB_TableHeaderCell(Qt::Orientation orientation = Qt::Horizontal,
                                 QWidget *parent = nullptr);
 
-    /// -1 for none.
+    /// The section that is highlighted; -1 for none.
     int highlightedSection() const { return m_highlighted; }
     void setHighlightedSection(int section);
 
     QSize sizeHint() const override;
 
-    /// `painter` draws one section; `arrow` is U+25B2, U+25BC or null for none.
+    /// Draw one section in `frame`. `arrow` is U+25B2, U+25BC, or null for none.
     static void drawInterior(QPainter &painter, const QRectF &frame, const QString &text,
                              Qt::Alignment alignment);
     static void highlight(QPainter &painter, const QRectF &frame, const QString &text,
@@ -34,10 +34,10 @@ private:
 
 namespace lyrabox {
 
-/// `text` without the spaces and sort arrows (U+25B2, U+25BC) at both ends.
+/// `text` without spaces and sort arrows (U+25B2, U+25BC) at both ends.
 QString trimmedHeaderText(const QString &text);
 
-/// The sort arrow that `text` ends with; null for none.
+/// The sort arrow at the end of `text`; null if there is none.
 QChar headerArrow(const QString &text);
 
 } // namespace lyrabox

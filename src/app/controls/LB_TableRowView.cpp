@@ -15,11 +15,11 @@ namespace Theme = lyrabox::Theme;
 
 namespace {
 
-/// As far from a column's edge as the header's text.
+/// The same distance from the column's edge as in the header.
 constexpr int columnPadding = 3;
-/// In a list without columns.
+/// Used in a list without columns.
 constexpr int listPadding = 14;
-/// After a tree's indentation.
+/// Used in a tree, after the indentation.
 constexpr int treePadding = 9;
 constexpr int iconSize = 16;
 constexpr int iconGap = 6;
@@ -30,6 +30,8 @@ void setUpTable(QTableView *table, int rowHeight)
     table->setShowGrid(false);
     table->setWordWrap(false);
     table->setCornerButtonEnabled(false);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setTabKeyNavigation(false);
     QHeaderView *rows = table->verticalHeader();
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);

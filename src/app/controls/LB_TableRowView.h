@@ -4,8 +4,8 @@
 
 class QAbstractItemView;
 
-/// Draws the rows of every list and tree: a flat selection over the whole row, white text on the
-/// emphasized one, always plain text on one line.
+/// Draws the rows of every list and tree: a flat selection over the whole row, white text in an
+/// emphasized row. Texts are always plain and on one line. Main thread.
 class LB_TableRowView : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -15,23 +15,24 @@ public:
         SelectionHighlightStyleRegular = 0
     };
 
-    /// Whether a hairline follows each row. Rows with one are the track table's, a little higher
-    /// than others.
+    /// Whether a hairline follows each row. Rows with hairlines belong to the track table and are a
+    /// little higher than others.
     enum class Separators { None, Hairline };
 
     explicit LB_TableRowView(QAbstractItemView *view, Separators separators = Separators::None);
 
-    /// Makes a new LB_TableRowView, owned by `view`, draw all of the view, and gives the view the
-    /// row height, selection by whole rows and the flat look that go with it.
+    /// Makes a new LB_TableRowView draw all rows of `view`, which owns it. Also sets the row
+    /// height, the selection by whole rows and the flat look. A table gets all its settings here,
+    /// except for its columns and header.
     static LB_TableRowView *install(QAbstractItemView *view,
                                     Separators separators = Separators::None);
 
-    /// Fills `rect` in accent blue when `emphasized`, else in line gray; nothing for the style
-    /// none.
+    /// Fills `rect` in accent blue if `emphasized`, otherwise in line gray. Draws nothing for
+    /// SelectionHighlightStyleNone.
     static void drawSelectionInRect(QPainter &painter, const QRect &rect, bool emphasized,
                                     SelectionHighlightStyle style = SelectionHighlightStyleRegular);
 
-    /// Whether the rows of `view` are emphasized: it has the keyboard.
+    /// Whether the rows of `view` are emphasized, which is so while it has the keyboard.
     static bool isEmphasized(const QWidget *view);
 
     SelectionHighlightStyle selectionHighlightStyle() const { return m_style; }
@@ -42,7 +43,7 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:
-    /// Draws the cell over its ground: its text, after its icon where it has one.
+    /// Draws the content of a cell over its background: the icon, if there is one, and the text.
     virtual void drawInterior(QPainter &painter, const QStyleOptionViewItem &option,
                               const QModelIndex &index, bool emphasized) const;
 

@@ -10,13 +10,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A triangle about the middle of `rect`, pointing down for an open branch and to its children's
-/// side else.
+/// Draws a triangle in the middle of `rect`. It points down if the branch is open, otherwise
+/// towards its text.
 void drawBranchTriangle(QPainter &painter, const QRectF &rect, bool open, bool mirrored,
                         const QColor &colour)
 {
     constexpr double half = 3.5;
-    // Away from the edge of the view, towards the text.
+    // Moved away from the edge of the view, towards the text.
     constexpr double shift = 5.0;
     const QPointF middle = rect.center() + QPointF(mirrored ? -shift : shift, 0.0);
     QPolygonF triangle;

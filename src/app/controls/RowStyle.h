@@ -4,8 +4,8 @@
 
 class LB_TableRowView;
 
-/// Lets the selection of a tree reach over the indentation, and draws the triangles that open its
-/// branches.
+/// The style of a list or tree. It extends the selection of a tree over the indentation, and draws
+/// the triangles that open the branches. Main thread.
 class RowStyle : public QProxyStyle {
 public:
     explicit RowStyle(const LB_TableRowView *rows);
@@ -16,6 +16,6 @@ public:
                        const QWidget *widget) const override;
 
 private:
-    /// Owned by the same view as the style.
+    /// Not owned; the same view owns both.
     const LB_TableRowView *m_rows;
 };

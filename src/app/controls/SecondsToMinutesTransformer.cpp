@@ -2,13 +2,18 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+QString lyrabox::timeText(quint64 seconds)
+{
+    return u"%1:%2"_s.arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
+}
+
 QString SecondsToMinutesTransformer::transformedValue(const QVariant &seconds)
 {
     if (!seconds.isValid())
         return {};
     const auto single = seconds.toFloat();
-    // The largest float below 2^64: a conversion of more would be undefined.
-    constexpr float most = 18446742974197923840.0F;
-    const quint64 whole = single > 0.0F ? static_cast<quint64>(qMin(single, most)) : 0;
-    return u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, QChar(u'0'));
+    // The largest float below 2^64. Converting a larger one to an integer would be undefined.
+    constexpr float maximum = 18446742974197923840.0F;
+    const quint64 whole = single > 0.0F ? static_cast<quint64>(qMin(single, maximum)) : 0;
+    return lyrabox::timeText(whole);
 }

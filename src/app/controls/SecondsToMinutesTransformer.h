@@ -3,11 +3,17 @@
 #include <QString>
 #include <QVariant>
 
-/// Turns a duration in seconds into the text of a time column.
+namespace lyrabox {
+
+/// Minutes without a limit, a colon and two-digit seconds: "0:59", "61:01".
+QString timeText(quint64 seconds);
+
+} // namespace lyrabox
+
+/// Turns a duration in seconds into the text of a time column. Any thread.
 class SecondsToMinutesTransformer {
 public:
-    /// Minutes without bound, a colon and two-digit seconds, the fraction cut off: "0:59", "61:01".
-    /// The number may come as text; "" for none (an invalid value). A negative number and text that
-    /// is no number count as 0.
+    /// The timeText() of whole seconds, the fraction cut off. The number may be a text. An invalid
+    /// value gives "". A negative number, or a text that is no number, counts as 0.
     static QString transformedValue(const QVariant &seconds);
 };

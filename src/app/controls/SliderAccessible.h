@@ -4,15 +4,17 @@
 
 class LB_Slider;
 
-/// A slider's value, range and grain for assistive programs, which move it as its user does.
+/// The accessible interface of an LB_Slider. Assistive programs read its value, range and step, and
+/// can move it as the user can. Main thread.
 class SliderAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit SliderAccessible(LB_Slider *slider);
 
-    /// Makes it the accessible face of every LB_Slider.
+    /// Registers this class with the toolkit for every LB_Slider. Only the first call does
+    /// anything.
     static void install();
 
-    /// Tells assistive programs that the value has changed.
+    /// Notifies assistive programs that the slider's value has changed.
     static void announce(LB_Slider *slider);
 
     void *interface_cast(QAccessible::InterfaceType type) override;

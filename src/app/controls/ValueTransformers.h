@@ -3,19 +3,20 @@
 #include "app/controls/SecondsToMinutesTransformer.h"
 #include "platform/ui/NamedImage.h"
 
-/// The mark of the playing song's row: "IsPlaying", a null image for false.
+/// The image in the row of the playing song: "IsPlaying" for true, a null image for false.
 class PlayImageTransformer {
 public:
     static lyrabox::NamedImage transformedValue(bool value);
 };
 
-/// The mark of a song with stored settings: "HasSettings", a null image for false.
+/// The image in the row of a song with stored settings: "HasSettings" for true, a null image for
+/// false.
 class SettingsImageTransformer {
 public:
     static lyrabox::NamedImage transformedValue(bool value);
 };
 
-/// The add/remove button's image: "PlusButton" for true, "MinusButton" for false.
+/// The image of the add/remove button: "PlusButton" for true, "MinusButton" for false.
 class PlusMinusImageTransformer {
 public:
     static lyrabox::NamedImage transformedValue(bool value);

@@ -356,7 +356,8 @@ void Composition::connectLists()
     connect(m_main.addRemoveButtons, &ButtonMatrix::pressed, &m_folders,
             &LB_FolderSourceController::addRemoveButtonPressed);
     const auto bindRemoveButton = [this] {
-        m_main.addRemoveButtons->cellWithTag(0)->setEnabled(m_folders.canRemoveSelectedFolder());
+        m_main.addRemoveButtons->cellWithTag(LB_FolderSourceController::RemoveTag)
+            ->setEnabled(m_folders.canRemoveSelectedFolder());
     };
     connect(&m_folders, &LB_FolderSourceController::selectedFolderChanged, m_main.addRemoveButtons,
             bindRemoveButton);

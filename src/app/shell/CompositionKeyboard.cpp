@@ -92,8 +92,9 @@ void Composition::buildContextMenus()
     QWidget *folders = m_main.folderOutlineView;
     folders->addAction(m_menu->addFolder);
     QAction *removeFolder = addContextAction(folders, tr("Remove Folder…"), Qt::Key_Delete);
-    connect(removeFolder, &QAction::triggered, m_main.addRemoveButtons,
-            [this] { m_main.addRemoveButtons->pressCellWithTag(0); });
+    connect(removeFolder, &QAction::triggered, m_main.addRemoveButtons, [this] {
+        m_main.addRemoveButtons->pressCellWithTag(LB_FolderSourceController::RemoveTag);
+    });
     const auto showWhetherRemovable = [this, removeFolder] {
         removeFolder->setEnabled(m_folders.canRemoveSelectedFolder());
     };

@@ -6,6 +6,7 @@
 #include "app/shell/Composition.h"
 #include "library/TrackTableModel.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/StepTags.h"
 #include "platform/ui/Theme.h"
 
 #include <QLabel>
@@ -21,9 +22,9 @@ constexpr double labelSize = 11.0;
 void addSteps(ButtonMatrix *matrix, const QString &downText, const QString &downName,
               const QString &resetName, const QString &upText, const QString &upName)
 {
-    matrix->addCell(0, downText, downName);
-    matrix->addCell(1, {}, resetName, NamedImage(u"ResetButton"_s));
-    matrix->addCell(2, upText, upName);
+    matrix->addCell(StepDown, downText, downName);
+    matrix->addCell(StepReset, {}, resetName, NamedImage(u"ResetButton"_s));
+    matrix->addCell(StepUp, upText, upName);
 }
 
 void setImages(StateButton *button, const QString &image, const QString &alternate = {})
@@ -57,8 +58,10 @@ void Composition::buildCells()
              u"+"_s, tr("Faster by 5 percent"));
     addSteps(m_main.playbackPitchMatrix, u"♭"_s, tr("A semitone down"), tr("Original pitch"),
              u"♯"_s, tr("A semitone up"));
-    m_main.addRemoveButtons->addCell(1, {}, tr("Add a folder"), NamedImage(u"PlusButton"_s));
-    m_main.addRemoveButtons->addCell(0, {}, tr("Remove the folder"), NamedImage(u"MinusButton"_s));
+    m_main.addRemoveButtons->addCell(LB_FolderSourceController::AddTag, {}, tr("Add a folder"),
+                                     NamedImage(u"PlusButton"_s));
+    m_main.addRemoveButtons->addCell(LB_FolderSourceController::RemoveTag, {},
+                                     tr("Remove the folder"), NamedImage(u"MinusButton"_s));
     for (ButtonMatrix *steps :
          m_eq.stepControls->findChildren<ButtonMatrix *>(Qt::FindDirectChildrenOnly))
         addSteps(steps, u"−"_s, tr("Down 1 decibel"), tr("0 decibels"), u"+"_s, tr("Up 1 decibel"));
@@ -67,22 +70,22 @@ void Composition::buildCells()
 
 void Composition::applyLooks()
 {
-    using Ground = StateButton::Ground;
+    using Background = StateButton::Background;
     setImages(m_main.playPauseButton, u"PlayButton"_s, u"PauseButton"_s);
-    m_main.playPauseButton->setGround(Ground::RoundAccent);
+    m_main.playPauseButton->setBackground(Background::RoundAccent);
     setImages(m_main.seekBackwardButton, u"SeekBackward"_s, u"SeekBackwardAlt"_s);
     setImages(m_main.seekForwardButton, u"SeekForward"_s, u"SeekForwardAlt"_s);
     for (StateButton *button :
          {static_cast<StateButton *>(m_main.seekBackwardButton),
           static_cast<StateButton *>(m_main.seekForwardButton), m_main.loopButton})
-        button->setGround(Ground::Round);
+        button->setBackground(Background::Round);
     m_main.loopButton->setAllowsMixedState(true);
     m_main.playPauseButton->setStateTexts(tr("Play"), {}, tr("Pause"));
     m_main.loopButton->setStateTexts(tr("Mark the start of a loop"), tr("Mark the end of the loop"),
                                      tr("Clear the loop"));
     m_main.shuffleButton->setStateTexts(tr("Shuffle"), {}, tr("Play in order"));
-    m_main.settingsPopup->setGround(Ground::Box);
-    m_eq.addRemoveButton->setGround(Ground::Box);
+    m_main.settingsPopup->setBackground(Background::Box);
+    m_eq.addRemoveButton->setBackground(Background::Box);
     const auto showShuffling = [button = m_main.shuffleButton](int state) {
         if (state == 1)
             setImages(button, u"ShuffleOn"_s, u"ShuffleOnAlt"_s);
@@ -119,7 +122,6 @@ void Composition::applyLooks()
     m_tracks.setTrackTableView(m_main.trackTableView);
     connect(&m_tracks, &LB_TrackController::highlightedColumnChanged, header,
             &LB_TableHeaderCell::setHighlightedSection);
-    LB_TableRowView::install(m_main.trackTableView, LB_TableRowView::Separators::Hairline);
     auto *images = new LB_InvertibleImageCellView(m_main.trackTableView,
                                                   LB_TableRowView::Separators::Hairline);
     m_main.trackTableView->setItemDelegateForColumn(TrackTableModel::IsPlaying, images);

@@ -7,6 +7,7 @@
 #include "platform/foundation/MusicLibrary.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
+#include "platform/ui/StepTags.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -18,9 +19,6 @@ namespace lyrabox {
 namespace {
 
 constexpr float volumeStep = 0.05F;
-
-/// The tags of the step buttons' cells.
-enum StepTag { Down = 0, Reset = 1, Up = 2 };
 
 } // namespace
 
@@ -37,12 +35,12 @@ void Composition::connectMenu()
     click(m_menu->playPause, m_main.playPauseButton);
     click(m_menu->loop, m_main.loopButton);
     click(m_menu->shuffle, m_main.shuffleButton);
-    press(m_menu->slower, m_main.playbackSpeedMatrix, Down);
-    press(m_menu->normalSpeed, m_main.playbackSpeedMatrix, Reset);
-    press(m_menu->faster, m_main.playbackSpeedMatrix, Up);
-    press(m_menu->pitchDown, m_main.playbackPitchMatrix, Down);
-    press(m_menu->originalPitch, m_main.playbackPitchMatrix, Reset);
-    press(m_menu->pitchUp, m_main.playbackPitchMatrix, Up);
+    press(m_menu->slower, m_main.playbackSpeedMatrix, StepDown);
+    press(m_menu->normalSpeed, m_main.playbackSpeedMatrix, StepReset);
+    press(m_menu->faster, m_main.playbackSpeedMatrix, StepUp);
+    press(m_menu->pitchDown, m_main.playbackPitchMatrix, StepDown);
+    press(m_menu->originalPitch, m_main.playbackPitchMatrix, StepReset);
+    press(m_menu->pitchUp, m_main.playbackPitchMatrix, StepUp);
     connect(m_menu->next, &QAction::triggered, &m_queue, &LB_QueueController::playNextTrack);
     connect(m_menu->previous, &QAction::triggered, &m_queue, [this] {
         if (m_queue.canPlayPreviousTrack())

@@ -39,18 +39,18 @@ void Composition::connectProgress()
     m_inputAfterWait =
         std::make_unique<InputAfterWait>(m_main.playPauseButton, m_main.trackTableView);
     m_audio->setProgressHook([this](qint64 seconds, qint64 total) {
-        m_inputAfterWait->waiting(Work::Load);
+        m_inputAfterWait->noteWork(Work::Load);
         m_progress->showProgress(loadProgressText(seconds, total), seconds, total);
     });
     const bool canStop = EscapeWatch::isSupported();
     m_tracks.setProgressHook([this, canStop](qint64 done, qint64 found) {
         paintWhileLaunching();
-        m_inputAfterWait->waiting(Work::List);
+        m_inputAfterWait->noteWork(Work::List);
         const QString text = found > 0 ? listProgressText(done, found) : searchProgressText(done);
         m_progress->showProgress(canStop ? withStopHint(text) : text, done, found);
     });
     m_queue.setProgressHook([this, canStop](qint64 done, qint64 total) {
-        m_inputAfterWait->waiting(Work::Load);
+        m_inputAfterWait->noteWork(Work::Load);
         const QString text = skipProgressText(done, total);
         m_progress->showProgress(canStop ? withStopHint(text) : text, done, total);
     });

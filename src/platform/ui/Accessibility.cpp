@@ -205,12 +205,12 @@ void DividerAccessible::setCurrentValue(const QVariant &value)
 
 QVariant DividerAccessible::maximumValue() const
 {
-    return splitView(widget())->greatestDividerPosition();
+    return splitView(widget())->maximumDividerPosition();
 }
 
 QVariant DividerAccessible::minimumValue() const
 {
-    return splitView(widget())->leastDividerPosition();
+    return splitView(widget())->minimumDividerPosition();
 }
 
 void installAccessibleControls()

@@ -7,8 +7,8 @@
 
 namespace lyrabox {
 
-/// The accessible face of a drawn push button: pressed by assistive programs as by a click, with
-/// the state of a StateButton.
+/// The accessible interface of a drawn push button. Assistive programs can press it, which counts
+/// as a click, and read the state of a StateButton.
 class ButtonAccessible : public QAccessibleWidget {
 public:
     explicit ButtonAccessible(QWidget *button);
@@ -18,7 +18,7 @@ public:
     void doAction(const QString &actionName) override;
 };
 
-/// The accessible face of a SegmentedControl: a list of tabs.
+/// The accessible interface of a SegmentedControl: a list of tabs.
 class SegmentedAccessible : public QAccessibleWidget {
 public:
     explicit SegmentedAccessible(QWidget *control);
@@ -30,11 +30,12 @@ public:
     QString text(QAccessible::Text kind) const override;
 
 private:
-    /// Registered when first asked for.
+    /// One interface per segment, registered when somebody first asks for it. Owned: the destructor
+    /// deletes them.
     mutable std::vector<QAccessible::Id> m_segments;
 };
 
-/// One segment, which is no widget of its own.
+/// The accessible interface of one segment. A segment is no widget, so it has no object of its own.
 class SegmentAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     SegmentAccessible(QWidget *control, int index);
@@ -62,7 +63,8 @@ private:
     int m_index;
 };
 
-/// The accessible face of a SplitView's divider: its value is the width of the first pane.
+/// The accessible interface of a SplitView's divider. Its value is the width of the first pane, in
+/// device-independent pixels.
 class DividerAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit DividerAccessible(QWidget *divider);
@@ -75,7 +77,8 @@ public:
     QVariant minimumStepSize() const override { return 1; }
 };
 
-/// Registers the accessible faces of this folder's controls; called by their constructors.
+/// Registers the accessible interfaces of this folder's controls with the toolkit. The controls'
+/// constructors call it; only the first call does anything. Main thread.
 void installAccessibleControls();
 
 } // namespace lyrabox

@@ -18,10 +18,11 @@ bool shortcutRepeats(const QObject *owner)
         return action->autoRepeat();
     if (const auto *shortcut = qobject_cast<const QShortcut *>(owner))
         return shortcut->autoRepeat();
-    return false; // the letter of a menu or a button
+    return false; // the mnemonic of a menu or a button
 }
 
-/// Who gets a key that `receiver`, a window or a widget, is told of.
+/// The widget that receives a key event which the toolkit delivers to `receiver`, a window or a
+/// widget. Null if no widget has the keyboard.
 const QWidget *keyboardOwner(const QObject *receiver)
 {
     if (receiver->isWidgetType())

@@ -6,26 +6,26 @@
 
 namespace lyrabox {
 
-/// The application object. It is the one place that decides whether a key is pressed or held, for
-/// every key, shortcut and button:
+/// The application object. It alone decides whether a key event is a fresh press or a repeat of a
+/// held key. All other code only asks QKeyEvent::isAutoRepeat():
 ///
-/// - Whatever a held key repeats reaches its receivers marked, so that they need only ask
-///   QKeyEvent::isAutoRepeat(). Until the key is let go, no unmarked release or press comes.
-/// - What a held key must not do again (keyActsWhileHeld()) never reaches anybody.
-/// - A shortcut is repeated if its QAction or QShortcut says so, whether or not the display server
-///   marked the repeats.
+/// - Repeats reach their receivers marked as repeats. Until the user releases the key, no unmarked
+///   press or release arrives.
+/// - If a held key must not act again (see keyActsWhileHeld()), its repeats reach nobody.
+/// - A shortcut repeats if the autoRepeat() of its QAction or QShortcut is set, even if the display
+///   server did not mark the repeats.
 class Application : public QApplication {
     Q_OBJECT
 
 public:
-    /// As QApplication's.
+    /// Takes the arguments of main(), like QApplication.
     Application(int &argc, char **argv);
     ~Application() override;
 
     bool notify(QObject *receiver, QEvent *event) override;
 
-    /// Replaces the question to the display server whether a key is down, and forgets what was
-    /// pressed before; for tests.
+    /// For tests: replaces the function that asks the display server whether a key is down, and
+    /// forgets all earlier key events.
     void setKeyQuery(KeyRepeat::KeyQuery isDown);
 
 private:
@@ -33,8 +33,8 @@ private:
     bool pass(QObject *receiver, QKeyEvent *event);
 
     std::unique_ptr<KeyRepeat> m_keyRepeat;
-    const QEvent *m_passing = nullptr; ///< decided on already, on its way through the widgets
-    bool m_shortcutRepeats = false;    ///< of the key that shortcuts are looked up for
+    const QEvent *m_passing = nullptr; ///< the event that is being delivered, already classified
+    bool m_shortcutRepeats = false; ///< whether the key behind the next Shortcut event is a repeat
 };
 
 } // namespace lyrabox

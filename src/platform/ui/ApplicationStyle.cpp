@@ -9,46 +9,57 @@
 #include <QScrollBar>
 #include <QStyleOption>
 
+#include <utility>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox {
 
 namespace {
 
-constexpr QColor menuBarGround{0xF8, 0xF9, 0xFA};
-constexpr QColor disabledGround = Theme::sidebar;
-constexpr QColor handleUnderPointer{0x95, 0xA5, 0xA6};
+constexpr QColor menuBarBackground{0xF8, 0xF9, 0xFA};
+constexpr QColor disabledBackground = Theme::sidebar;
+constexpr QColor darkerLine{0x95, 0xA5, 0xA6};
 
-/// What a field has around its text: the border and the distance to it.
+/// The space around a field's text: its border and padding.
 constexpr QMargins fieldMargins{6, 3, 6, 3};
 constexpr QSize menuBarItemPadding{18, 10};
-constexpr int menuBarGap = 6; // between items and before the first
+constexpr int menuBarGap = 6; // between items, and before the first one
 constexpr int scrollBarWidth = 11;
-constexpr int shortestHandle = 28;
+constexpr int minimumHandleLength = 28;
 constexpr int handleMargin = 2;
 constexpr double handleRadius = 3.0;
 constexpr int arrowSize = 12;
 
-/// For windows beside the main ones. The colours are the theme's.
+/// The style sheet of dialogs, menus, popovers and tool tips.
 QString styleSheet()
 {
-    return u"QPushButton { background: #FFFFFF; border: 1px solid #BDC3C7; border-radius: 5px;"
-           u" padding: 3px 14px; min-height: 18px; color: #2C3E50; }"
-           u"QPushButton:hover { border-color: #95A5A6; }"
-           u"QPushButton:pressed { background: #E2E7EA; }"
-           u"QPushButton:focus { border: 2px solid #1B6CA8; padding: 2px 13px; }"
-           u"QPushButton:default { background: #2471A3; border-color: #2471A3; color: #FFFFFF; }"
-           u"QPushButton:default:pressed { background: #1B5A84; }"
-           u"QPushButton:default:focus { border: 2px solid #153F5C; }"
-           u"QPushButton:disabled { color: #95A0A8; background: #F4F6F8; border-color: #D5DADD; }"
-           u"QMenu { background: #FFFFFF; border: 1px solid #BDC3C7; padding: 4px 0; color: "
-           u"#2C3E50; }"
-           u"QMenu::item { padding: 5px 26px 5px 26px; }"
-           u"QMenu::item:selected { background: #2471A3; color: #FFFFFF; }"
-           u"QMenu::item:disabled { color: #95A0A8; background: transparent; }"
-           u"QMenu::separator { height: 1px; background: #E4E8EA; margin: 4px 0; }"
-           u"QToolTip { background: #FFFFFF; color: #2C3E50; border: 1px solid #BDC3C7; padding: "
-           u"3px; }"_s;
+    QString sheet =
+        u"QPushButton { background: @surface; border: 1px solid @line; border-radius: 5px;"
+        u" padding: 3px 14px; min-height: 18px; color: @text; }"
+        u"QPushButton:hover { border-color: @hover; }"
+        u"QPushButton:pressed { background: @pressed; }"
+        u"QPushButton:focus { border: 2px solid @focus; padding: 2px 13px; }"
+        u"QPushButton:default { background: @accent; border-color: @accent; color: @surface; }"
+        u"QPushButton:default:pressed { background: #1B5A84; }"
+        u"QPushButton:default:focus { border: 2px solid #153F5C; }"
+        u"QPushButton:disabled { color: @dimmed; background: @sidebar; border-color: #D5DADD; }"
+        u"QMenu { background: @surface; border: 1px solid @line; padding: 4px 0; color: @text; }"
+        u"QMenu::item { padding: 5px 26px 5px 26px; }"
+        u"QMenu::item:selected { background: @accent; color: @surface; }"
+        u"QMenu::item:disabled { color: @dimmed; background: transparent; }"
+        u"QMenu::separator { height: 1px; background: @hairline; margin: 4px 0; }"
+        u"QToolTip { background: @surface; color: @text; border: 1px solid @line; padding: 3px; }"_s;
+    const std::pair<QString, QColor> colors[] = {
+        {u"@surface"_s, Theme::surface},     {u"@line"_s, Theme::lineGray},
+        {u"@text"_s, Theme::text},           {u"@hover"_s, darkerLine},
+        {u"@pressed"_s, Theme::pressed},     {u"@focus"_s, Theme::focusRing},
+        {u"@accent"_s, Theme::strongAccent}, {u"@dimmed"_s, Theme::disabledText},
+        {u"@sidebar"_s, Theme::sidebar},     {u"@hairline"_s, Theme::hairline},
+    };
+    for (const auto &[name, color] : colors)
+        sheet.replace(name, color.name());
+    return sheet;
 }
 
 void drawField(QPainter &painter, const QStyleOption &field)
@@ -57,7 +68,8 @@ void drawField(QPainter &painter, const QStyleOption &field)
     const double width = focused ? 2.0 : 1.0;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(field.state.testFlag(QStyle::State_Enabled) ? Theme::surface : disabledGround);
+    painter.setBrush(field.state.testFlag(QStyle::State_Enabled) ? Theme::surface
+                                                                 : disabledBackground);
     painter.setPen(QPen(focused ? Theme::focusRing : Theme::lineGray, width));
     const double inset = width / 2;
     painter.drawRoundedRect(QRectF(field.rect).adjusted(inset, inset, -inset, -inset),
@@ -68,7 +80,7 @@ void drawField(QPainter &painter, const QStyleOption &field)
 void drawMenuBarItem(QPainter &painter, const QStyleOptionMenuItem &item, const QStyle &style)
 {
     const bool selected = item.state.testFlag(QStyle::State_Selected);
-    painter.fillRect(item.rect, selected ? Theme::strongAccent : menuBarGround);
+    painter.fillRect(item.rect, selected ? Theme::strongAccent : menuBarBackground);
     const QColor enabledText = selected ? Theme::surface : Theme::text;
     painter.setPen(item.state.testFlag(QStyle::State_Enabled) ? enabledText : Theme::disabledText);
     const bool underlined = style.styleHint(QStyle::SH_UnderlineShortcut, &item) != 0;
@@ -83,14 +95,15 @@ void drawScrollBarHandle(QPainter &painter, const QRect &handle, bool underPoint
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(underPointer ? handleUnderPointer : Theme::lineGray);
+    painter.setBrush(underPointer ? darkerLine : Theme::lineGray);
     painter.drawRoundedRect(
         handle.marginsRemoved({handleMargin, handleMargin, handleMargin, handleMargin}),
         handleRadius, handleRadius);
     painter.restore();
 }
 
-/// The bar has no buttons, so the handle runs over the whole of it.
+/// The rectangle of one part of a scroll bar. The bar has no buttons, so the handle can use its
+/// whole length.
 QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part)
 {
     const bool isHorizontal = bar.orientation == Qt::Horizontal;
@@ -98,7 +111,7 @@ QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part)
     const int length = isHorizontal ? whole.width() : whole.height();
     const qint64 range = qint64(bar.maximum) - bar.minimum;
     const int handle =
-        range > 0 ? qMin(length, qMax(shortestHandle,
+        range > 0 ? qMin(length, qMax(minimumHandleLength,
                                       int(qint64(bar.pageStep) * length / (range + bar.pageStep))))
                   : length;
     const int begin = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
@@ -121,7 +134,7 @@ QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part)
     }
 }
 
-/// Points to what does not fit into the menu bar.
+/// The arrow at the end of a menu bar whose items do not all fit.
 QIcon extensionIcon()
 {
     QPixmap image(arrowSize, arrowSize);
@@ -141,12 +154,13 @@ void ApplicationStyle::polish(QWidget *widget)
 {
     QProxyStyle::polish(widget);
     if (qobject_cast<QScrollBar *>(widget)) {
-        widget->setAttribute(Qt::WA_OpaquePaintEvent, false); // the ground shows through
+        widget->setAttribute(Qt::WA_OpaquePaintEvent, false); // the view's background shows through
         widget->setAttribute(Qt::WA_Hover);
     }
-    const bool comesLater = (widget->isWindow() && !qobject_cast<QMainWindow *>(widget)) ||
-                            qobject_cast<Popover *>(widget); // lies within a main window
-    if (comesLater && widget->styleSheet().isEmpty())
+    const bool needsStyleSheet =
+        (widget->isWindow() && !qobject_cast<QMainWindow *>(widget)) ||
+        qobject_cast<Popover *>(widget); // a popover is a child of a main window
+    if (needsStyleSheet && widget->styleSheet().isEmpty())
         widget->setStyleSheet(styleSheet());
 }
 
@@ -160,7 +174,7 @@ void ApplicationStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
         return;
     }
     if (element == PE_PanelButtonTool && option->state.testFlag(State_AutoRaise))
-        return; // its picture stands for itself
+        return; // flat: only the icon is drawn
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -174,7 +188,7 @@ void ApplicationStyle::drawControl(ControlElement element, const QStyleOption *o
     }
     if (element == CE_MenuBarEmptyArea) {
         const QRect all = option->rect;
-        painter->fillRect(all, menuBarGround);
+        painter->fillRect(all, menuBarBackground);
         painter->fillRect(QRect(all.left(), all.bottom(), all.width(), 1), Theme::hairline);
         return;
     }
@@ -226,7 +240,7 @@ QSize ApplicationStyle::sizeFromContents(ContentsType type, const QStyleOption *
     case CT_MenuBarItem:
         return contents + menuBarItemPadding;
     case CT_MenuBar:
-        return contents + QSize(0, 1); // the line below
+        return contents + QSize(0, 1); // for the line below the bar
     default:
         break;
     }
@@ -240,7 +254,7 @@ int ApplicationStyle::pixelMetric(PixelMetric metric, const QStyleOption *option
     case PM_ScrollBarExtent:
         return scrollBarWidth;
     case PM_ScrollBarSliderMin:
-        return shortestHandle;
+        return minimumHandleLength;
     case PM_MenuBarItemSpacing:
     case PM_MenuBarHMargin:
         return menuBarGap;
@@ -263,7 +277,8 @@ int ApplicationStyle::styleHint(StyleHint hint, const QStyleOption *option, cons
 QIcon ApplicationStyle::standardIcon(StandardPixmap image, const QStyleOption *option,
                                      const QWidget *widget) const
 {
-    // Asked for by every menu bar, used by one that is too narrow. Fusion would read a file.
+    // Every menu bar asks for this icon, but only one that is too narrow shows it. Fusion would
+    // read it from a file.
     if (image == SP_ToolBarHorizontalExtensionButton)
         return extensionIcon();
     return QProxyStyle::standardIcon(image, option, widget);

@@ -4,10 +4,10 @@
 
 namespace lyrabox {
 
-/// The look of the toolkit's own widgets, over Fusion. It draws what both main windows hold:
-/// fields, scroll bars and the menu bar. The windows that come later (menus, alerts, dialogs,
-/// popovers, tool tips) get a style sheet when they are first shown: one for the whole application
-/// would be matched against every widget before there is a picture.
+/// The look of the toolkit's own widgets, based on Fusion. It draws the fields, scroll bars and
+/// menu bars of the main windows. Other windows (menus, alerts, dialogs, popovers, tool tips) get a
+/// style sheet when they are first shown. There is no style sheet for the whole application,
+/// because the toolkit would match it against every widget before the first picture.
 class ApplicationStyle : public QProxyStyle {
     Q_OBJECT
 

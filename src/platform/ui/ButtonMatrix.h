@@ -10,30 +10,31 @@ class QAbstractButton;
 
 namespace lyrabox {
 
-/// A row of joined push buttons, each with a tag. A press selects its cell and sends pressed().
+/// A row of joined push buttons. Each has a tag, a number that identifies it. A press selects the
+/// cell and sends pressed(). Main thread.
 class ButtonMatrix : public QWidget {
     Q_OBJECT
 
 public:
     explicit ButtonMatrix(QWidget *parent = nullptr);
 
-    /// Appends a cell that shows `text`, or `image` where it is given. `accessibleName` is also its
-    /// tool tip.
+    /// Appends a cell that shows `image`, or `text` if the image is null. `accessibleName` is also
+    /// the cell's tool tip. The matrix owns the returned button.
     QAbstractButton *addCell(int tag, const QString &text, const QString &accessibleName,
                              const NamedImage &image = {});
 
-    /// The tag of the cell pressed last; -1 before the first press.
+    /// The tag of the cell that was pressed last; -1 before the first press.
     int selectedTag() const { return m_selectedTag; }
 
-    /// Null when there is no such cell.
+    /// The first cell with the tag; null if there is none.
     QAbstractButton *cellWithTag(int tag) const;
 
-    /// Presses the cell with the tag, as a click would; nothing when there is none or it is
+    /// Presses the cell with the tag, as a click would. Does nothing if there is none or it is
     /// disabled.
     void pressCellWithTag(int tag);
 
 Q_SIGNALS:
-    /// The selected cell has changed to the one pressed.
+    /// The user or pressCellWithTag() pressed a cell. selectedTag() is already its tag.
     void pressed(lyrabox::ButtonMatrix *sender);
 
 private:

@@ -4,9 +4,9 @@
 
 namespace lyrabox {
 
-/// Asks the display server whether the key with this native code is down now. False where it
-/// cannot be asked: other systems than X mark a held key's repeats themselves. Main thread; takes a
-/// round trip to the server.
+/// Asks the X server whether the key with this native scan code is down now. Returns false if there
+/// is no X server to ask; other display servers mark the repeats of a held key themselves. Main
+/// thread. Takes one round trip to the server.
 bool isKeyDownOnDisplay(quint32 nativeScanCode);
 
 } // namespace lyrabox

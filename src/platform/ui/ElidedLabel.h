@@ -4,8 +4,8 @@
 
 namespace lyrabox {
 
-/// A one-line plain-text label that shortens its text in the middle where it does not fit; the
-/// whole text is its tool tip then. text() is always whole.
+/// A one-line plain-text label. If the text does not fit, the label shortens it in the middle and
+/// shows the whole text as its tool tip. text() always returns the whole text.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

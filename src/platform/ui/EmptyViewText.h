@@ -6,16 +6,17 @@ class QAbstractScrollArea;
 
 namespace lyrabox {
 
-/// A gray text in the middle of a view that has nothing to show. The view keeps its mouse, keyboard
-/// and drops; assistive programs read the text as a label. Main thread.
+/// A gray text in the middle of a view that has nothing to show. The view still gets all mouse,
+/// keyboard and drop events. Assistive programs read the text as a label. Main thread.
 class EmptyViewText : public QLabel {
     Q_OBJECT
 
 public:
-    /// Lies over the viewport of `view`, which owns it. Hidden while its text is empty.
+    /// Covers the viewport of `view`, which owns the new object. Hidden until showText() gets a
+    /// text.
     explicit EmptyViewText(QAbstractScrollArea *view);
 
-    /// Plain text; an empty one hides it.
+    /// Shows `text` as plain text. An empty text hides the object.
     void showText(const QString &text);
 
 protected:

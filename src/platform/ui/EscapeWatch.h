@@ -14,7 +14,7 @@ class EscapeListener;
 /// delivers when it handles events again. Elsewhere nothing is ever heard. Main thread.
 class EscapeWatch {
 public:
-    /// Whether Escape can be heard here. Nobody is to be told of the key where it cannot.
+    /// Whether Escape can be heard here. If not, no text may mention the key.
     static bool isSupported();
 
     /// Begins to listen. Asks the display server and waits for its answers, below a millisecond.
@@ -27,7 +27,7 @@ public:
     bool wasPressed();
 
 private:
-    std::unique_ptr<EscapeListener> m_listener; ///< none where there is nothing to listen to
+    std::unique_ptr<EscapeListener> m_listener; ///< Null if Escape cannot be heard.
     bool m_wasPressed = false;
 };
 

@@ -2,9 +2,10 @@
 
 namespace lyrabox {
 
-/// Reads the system's rules and lists of fonts, which the toolkit would do when it first needs a
-/// font: a fifth of the time until there is a window. Any thread, also before there is an
-/// application; the toolkit waits for one that has begun.
+/// Reads the system's font rules and font list. Otherwise the toolkit reads them when it first
+/// needs a font, which takes a fifth of the time until the first window. Any thread, even before
+/// the application object exists. If the toolkit needs the fonts meanwhile, it waits until this
+/// call has finished.
 void readFontConfiguration();
 
 } // namespace lyrabox

@@ -47,7 +47,7 @@ void ImageView::paintEvent(QPaintEvent *)
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    // Filled with the image as a brush, since a clip path would leave the corners jagged.
+    // The image is painted as a brush, because a clip path would leave jagged corners.
     QBrush brush(m_scaled);
     brush.setTransform(QTransform::fromTranslate(target.x(), target.y()));
     painter.setBrush(brush);

@@ -5,13 +5,14 @@
 
 namespace lyrabox {
 
-/// Shows one image scaled to fit, with its proportions kept, in rounded corners.
+/// Shows one image with rounded corners. The image is scaled to fit and keeps its proportions.
 class ImageView : public QWidget {
     Q_OBJECT
 
 public:
     explicit ImageView(QWidget *parent = nullptr);
 
+    /// A null image shows nothing.
     const QImage &image() const { return m_image; }
     void setImage(const QImage &image);
 
@@ -22,7 +23,7 @@ protected:
 
 private:
     QImage m_image;
-    QPixmap m_scaled;
+    QPixmap m_scaled; ///< m_image at the size it was last painted
 };
 
 } // namespace lyrabox

@@ -17,7 +17,7 @@ std::unique_ptr<QKeyEvent> copyOf(const QKeyEvent &event)
     return std::unique_ptr<QKeyEvent>(event.clone());
 }
 
-/// What tells keys apart: the native code, or the meaning where there is no code.
+/// A number that identifies the key: its native scan code, or its Qt key if it has no scan code.
 quint64 identityOf(const QKeyEvent &event)
 {
     constexpr quint64 noCode = quint64{1} << 32;

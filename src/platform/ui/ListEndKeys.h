@@ -6,9 +6,9 @@ class QAbstractItemView;
 
 namespace lyrabox {
 
-/// Makes Home and End go to the first and the last row of a list of whole rows. The toolkit's tables
-/// take them to the ends of the row, which shows nothing. With Ctrl, Shift or Alt they stay the
-/// toolkit's. Owned by its view.
+/// Makes Home and End go to the first and the last row of a list. By default the toolkit's tables
+/// go to the ends of the current row instead, which is useless where whole rows are selected. With
+/// Ctrl, Shift or Alt the keys keep the toolkit's meaning. The view owns the object.
 class ListEndKeys : public QObject {
     Q_OBJECT
 

@@ -9,9 +9,9 @@ namespace lyrabox {
 
 namespace {
 constexpr int naturalWidth = 25;
-constexpr int smallestWidth = 14;
+constexpr int minCellWidth = 14;
 constexpr int naturalHeight = 24;
-constexpr int smallestHeight = 20;
+constexpr int minCellHeight = 20;
 constexpr double dimmedOpacity = 0.4;
 } // namespace
 
@@ -44,15 +44,14 @@ QSize MatrixCell::sizeHint() const
 
 QSize MatrixCell::minimumSizeHint() const
 {
-    return {smallestWidth, smallestHeight};
+    return {minCellWidth, minCellHeight};
 }
 
 void MatrixCell::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setClipRect(rect());
-    // The box reaches past the cell where it is joined to a neighbour, so that only the row's ends
-    // are round.
+    // At a joined side the box extends beyond the cell, so only the ends of the row are rounded.
     QRectF box = rect();
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const bool isLeftEnd = mirrored ? m_last : m_first;

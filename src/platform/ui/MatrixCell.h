@@ -6,14 +6,16 @@
 
 namespace lyrabox {
 
-/// One push button of a ButtonMatrix. Only the outer corners of the row are round, and neighbours
+/// One push button of a ButtonMatrix. Only the outer corners of the row are rounded, and neighbours
 /// share a line.
 class MatrixCell : public QAbstractButton {
     Q_OBJECT
 
 public:
+    /// Shows `image`, or its text() if the image is null.
     explicit MatrixCell(const NamedImage &image, QWidget *parent);
 
+    /// Whether the cell is at the beginning or end of its row; both true at first.
     void setIsFirst(bool first);
     void setIsLast(bool last);
 

@@ -11,7 +11,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-/// The drawings lie in a static library, from which nothing else would link them in.
+/// The drawings are in a static library. Without this reference the linker would drop them.
 static void linkImages()
 {
     Q_INIT_RESOURCE(images);
@@ -35,7 +35,7 @@ QSize naturalSize(const QString &name)
     QFile drawing(pathForName(name));
     if (name.isEmpty() || !drawing.open(QIODevice::ReadOnly))
         return {};
-    // Only the first element is read: most drawings are not seen for long, or never.
+    // Only the first element is read, because most drawings are rarely or never shown.
     QXmlStreamReader xml(&drawing);
     xml.readNextStartElement();
     const QXmlStreamAttributes attributes = xml.attributes();
@@ -86,7 +86,7 @@ QPixmap NamedImage::pixmap(const QSize &size, qreal devicePixelRatio) const
 
 void NamedImage::draw(QPainter &painter, const QPoint &position) const
 {
-    // Not the device's ratio: a widget that is rendered into an image has its own.
+    // Not the device's pixel ratio: a widget rendered into an image has a ratio of its own.
     const QTransform transform = painter.deviceTransform();
     const qreal scale = std::hypot(transform.m11(), transform.m12());
     painter.drawPixmap(position, pixmap(scale));

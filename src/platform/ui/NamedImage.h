@@ -9,10 +9,10 @@ class QPainter;
 
 namespace lyrabox {
 
-/// An image of the program's own, found by its name among the compiled-in drawings
-/// (`:/images/NAME.svg`). It keeps its name, so that a variant ("Light", "Alt") can be found from
-/// it. Drawings are rendered at device resolution. A name that no drawing has gives a null image
-/// that still knows its name.
+/// One of the program's own images, found by name among the compiled-in drawings
+/// (`:/images/NAME.svg`). It keeps its name so that callers can find a variant ("Light", "Alt").
+/// Drawings are rendered at device resolution. If there is no drawing of that name, the image is
+/// null but keeps the name. Main thread.
 class NamedImage {
 public:
     NamedImage() = default;
@@ -21,16 +21,18 @@ public:
     const QString &name() const { return m_name; }
     bool isNull() const { return m_size.isEmpty(); }
 
-    /// The natural size in device-independent pixels; empty for a null image.
+    /// The natural size in device-independent pixels; empty if the image is null.
     QSize size() const { return m_size; }
 
     QIcon icon() const;
 
-    /// The image at its natural size, sharp at `devicePixelRatio`.
+    /// The image at its natural size, or at `size` device-independent pixels, rendered for
+    /// `devicePixelRatio`. Null if the image is null or the size is empty.
     QPixmap pixmap(qreal devicePixelRatio) const;
     QPixmap pixmap(const QSize &size, qreal devicePixelRatio) const;
 
-    /// Draws the image at its natural size, sharp on whatever `painter` draws to.
+    /// Draws the image at its natural size, at the resolution of the painter's device. `position`
+    /// is the top left corner.
     void draw(QPainter &painter, const QPoint &position) const;
 
 private:

@@ -15,7 +15,8 @@ namespace lyrabox {
 
 namespace {
 
-/// The number that `text` begins with, with a point or a comma as decimal mark.
+/// The number at the start of `text`, with a point or a comma as decimal mark; none if there is no
+/// number.
 std::optional<float> numberIn(const QString &text)
 {
     static const QRegularExpression pattern(
@@ -38,13 +39,13 @@ NumberField::NumberField(QWidget *parent) : QLineEdit(parent)
     setAlignment(Qt::AlignRight);
     setMaxLength(32);
     setText(textForValue(0.0F));
-    setAcceptDrops(false); // what is dropped is for the window, and an edit needs the focus
+    setAcceptDrops(false); // a drop would edit the text without the focus; the window takes it
     connect(this, &QLineEdit::textEdited, this, [this] { m_edited = true; });
 }
 
 NumberField::~NumberField()
 {
-    disconnect(m_focusMoves); // the focus moves once more in the destructor of the widget below
+    disconnect(m_focusConnection); // the base class destructor moves the focus once more
 }
 
 float NumberField::floatValue() const
@@ -82,7 +83,7 @@ void NumberField::setLimits(float minimum, float maximum)
 
 QString NumberField::textForValue(float value) const
 {
-    // Rounded first, so that a value just below zero is not shown as "-0".
+    // Round first, so that a value just below zero is not shown as "-0".
     const double rounded = std::round(static_cast<double>(value) * 100.0) / 100.0;
     QString number = QString::number(rounded == 0.0 ? 0.0 : rounded, 'f', 2);
     const qsizetype point = number.indexOf(u'.');
@@ -130,14 +131,14 @@ void NumberField::keyPressEvent(QKeyEvent *event)
 void NumberField::showEvent(QShowEvent *event)
 {
     QLineEdit::showEvent(event);
-    // In a window that does not have the keyboard the focus moves without focus events.
-    disconnect(m_focusMoves);
+    // In an inactive window the focus moves without focus events.
+    disconnect(m_focusConnection);
     if (const QWindow *handle = window()->windowHandle())
-        m_focusMoves = connect(handle, &QWindow::focusObjectChanged, this,
-                               &NumberField::finishEditLeftBehind);
+        m_focusConnection = connect(handle, &QWindow::focusObjectChanged, this,
+                                    &NumberField::finishEditAfterFocusLoss);
 }
 
-void NumberField::finishEditLeftBehind()
+void NumberField::finishEditAfterFocusLoss()
 {
     if (window()->focusWidget() != this)
         finishEdit();
@@ -146,7 +147,7 @@ void NumberField::finishEditLeftBehind()
 void NumberField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
-    // Another window or a context menu only borrows the keyboard.
+    // If another window or a context menu takes the keyboard, the edit goes on afterwards.
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
         finishEdit();
 }

@@ -4,10 +4,11 @@
 
 namespace lyrabox {
 
-/// A text field for one number. A value set in code is shown with up to two decimals and the
-/// suffix; what the user types is read leniently (either decimal mark, the suffix or not).
-/// entered() is sent once when an edit ends with Return or by losing focus; floatValue() then reads
-/// what was typed, 0 for text that is no number. Escape puts the last shown value back.
+/// A text field for one number. A value set by code is shown with up to two decimals and the
+/// suffix. The user may type either decimal mark, with or without the suffix. When an edit ends, by
+/// Return or because the field loses the focus, entered() is sent once; floatValue() then returns
+/// the typed number, or 0 if the text is no number. Escape restores the last shown value. Main
+/// thread.
 class NumberField : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(QString suffix READ suffix WRITE setSuffix)
@@ -17,25 +18,29 @@ public:
     explicit NumberField(QWidget *parent = nullptr);
     ~NumberField() override;
 
-    /// The number in the text; exactly 0 when there is none.
+    /// The number in the text; exactly 0 if there is none.
     float floatValue() const;
 
-    /// Shows `value` and forgets an edit that is going on.
+    /// Shows `value` and discards an edit in progress.
     void setFloatValue(float value);
 
+    /// Text shown after the number; empty at first.
     QString suffix() const { return m_suffix; }
     void setSuffix(const QString &suffix);
+    /// How many decimals are always shown, 0 to 2; 0 at first.
     int minimumDecimals() const { return m_minimumDecimals; }
     void setMinimumDecimals(int decimals);
 
-    /// Where it is set, a typed number outside is brought to the limit before entered() is sent,
-    /// and text that is no number is put back without entered().
+    /// Sets limits for typed numbers; at first there are none. A typed number outside the limits is
+    /// moved to the nearest limit before entered() is sent. If the text is no number, the last
+    /// shown value returns and entered() is not sent.
     void setLimits(float minimum, float maximum);
 
-    /// Ends an edit that is going on as Return does; the keyboard stays where it is.
+    /// Ends an edit in progress, as Return does. The keyboard focus does not move.
     void finishEdit();
 
 Q_SIGNALS:
+    /// An edit has ended.
     void entered(lyrabox::NumberField *sender);
 
 protected:
@@ -44,10 +49,10 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void finishEditLeftBehind();
+    void finishEditAfterFocusLoss();
     QString textForValue(float value) const;
 
-    QMetaObject::Connection m_focusMoves;
+    QMetaObject::Connection m_focusConnection;
     QString m_suffix;
     float m_shownValue = 0.0F;
     int m_minimumDecimals = 0;

@@ -4,8 +4,8 @@
 
 namespace lyrabox {
 
-/// `text` for a place that has one line: line breaks, tabulators and other control characters are
-/// blanks. Names and tags may hold any of them, and would be cut at them or drawn with boxes.
+/// `text` for a place that shows one line: line breaks, tabs and other control characters become
+/// spaces. Names and tags may contain such characters, which would cut the text or show as boxes.
 QString oneLine(QString text);
 
 } // namespace lyrabox

@@ -21,7 +21,7 @@ constexpr int arrowHalfWidth = 9;
 constexpr int shadow = 4;
 constexpr int border = 1;
 constexpr int cornerRadius = 7;
-/// What the panel adds around the content on each side; the arrow lies in this margin.
+/// The space that the panel adds on each side of the content. It holds the arrow.
 constexpr int margin = arrowLength + border;
 constexpr int windowGap = 2;
 
@@ -45,7 +45,7 @@ Popover::Edge opposite(Popover::Edge edge)
     return Popover::Edge::MinY;
 }
 
-QPoint beside(const QSize &size, const QRect &anchor, Popover::Edge edge)
+QPoint positionAt(const QSize &size, const QRect &anchor, Popover::Edge edge)
 {
     const QPoint centre = anchor.center();
     switch (edge) {
@@ -85,9 +85,9 @@ PopoverPlacement placePopover(const QSize &size, const QRect &anchor, const QRec
                               Popover::Edge preferred)
 {
     Popover::Edge edge = preferred;
-    QRect frame(beside(size, anchor, edge), size);
+    QRect frame(positionAt(size, anchor, edge), size);
     if (!fits(frame, window, edge)) {
-        const QRect other(beside(size, anchor, opposite(edge)), size);
+        const QRect other(positionAt(size, anchor, opposite(edge)), size);
         if (fits(other, window, opposite(edge))) {
             edge = opposite(edge);
             frame = other;
@@ -171,13 +171,13 @@ void Popover::showRelativeTo(QWidget *anchor, Edge preferredEdge)
     if (!anchor)
         return;
     if (!m_shown) {
-        m_focusBefore = anchor->window()->focusWidget(); // another window may be active
+        m_previousFocus = anchor->window()->focusWidget(); // even if another window is active
         qApp->installEventFilter(this);
     }
     m_anchor = anchor;
     m_preferredEdge = preferredEdge;
     setParent(anchor->window());
-    // What the panel asks is what it is called.
+    // Assistive programs call the panel by the question that it asks.
     const auto *question = m_contentView ? m_contentView->findChild<QLabel *>() : nullptr;
     if (question == nullptr)
         setAccessibleName({});
@@ -193,6 +193,13 @@ void Popover::showRelativeTo(QWidget *anchor, Edge preferredEdge)
         controls.first()->setFocus(Qt::TabFocusReason);
 }
 
+void Popover::showContent(QWidget *content, QWidget *anchor, Edge preferredEdge)
+{
+    setContentView(content);
+    setContentSize(content->size());
+    showRelativeTo(anchor, preferredEdge);
+}
+
 void Popover::closePopover()
 {
     if (!m_shown)
@@ -202,8 +209,8 @@ void Popover::closePopover()
     const QWidget *focus = window()->focusWidget();
     const bool hadFocus = focus && isAncestorOf(focus);
     hide();
-    if (hadFocus && m_focusBefore && m_focusBefore->isVisible())
-        m_focusBefore->setFocus(Qt::OtherFocusReason);
+    if (hadFocus && m_previousFocus && m_previousFocus->isVisible())
+        m_previousFocus->setFocus(Qt::OtherFocusReason);
     Q_EMIT closed();
 }
 
@@ -216,7 +223,7 @@ bool Popover::eventFilter(QObject *object, QEvent *event)
         const bool inside = widget && (widget == this || isAncestorOf(widget));
         const bool onAnchor =
             widget && m_anchor && (widget == m_anchor || m_anchor->isAncestorOf(widget));
-        // Menus and completion lists of the content are windows of their own.
+        // Menus and completion lists of the content are separate windows.
         if (widget && !inside && !onAnchor && widget->window() == window())
             closePopover();
         break;
@@ -238,7 +245,7 @@ bool Popover::eventFilter(QObject *object, QEvent *event)
 
 void Popover::mousePressEvent(QMouseEvent *event)
 {
-    // Nothing behind the panel is clicked through it.
+    // A click on the panel must not reach the controls behind it.
     event->accept();
 }
 
@@ -250,14 +257,14 @@ void Popover::keyPressEvent(QKeyEvent *event)
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        // The content has had its turn, and may have closed the panel with it.
+        // The content got the key first, and may have closed the panel.
         if (m_shown)
             pressDefaultButton();
         break;
     default:
         break;
     }
-    // Keys that the content leaves are not the window's either.
+    // Keys that the content does not use must not reach the window.
     event->accept();
 }
 

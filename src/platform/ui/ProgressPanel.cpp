@@ -20,13 +20,14 @@ namespace {
 constexpr int panelWidth = 300;
 constexpr int barHeight = 8;
 constexpr int fullBar = 1000;
-/// A panel that comes is seen for at least about this long; the program works on meanwhile.
-constexpr auto lingering = 150ms;
+/// How long the panel stays at least, so that it does not flash. The work goes on meanwhile.
+constexpr auto hideDelay = 150ms;
 
 QString barStyle()
 {
-    return u"QProgressBar { background: #E4E8EA; border: none; border-radius: 4px; }"
-           u"QProgressBar::chunk { background: #3498DB; border-radius: 4px; }"_s;
+    return u"QProgressBar { background: %1; border: none; border-radius: 4px; }"
+           u"QProgressBar::chunk { background: %2; border-radius: 4px; }"_s.arg(
+               Theme::hairline.name(), Theme::accent.name());
 }
 
 } // namespace
@@ -55,7 +56,7 @@ ProgressPanel::ProgressPanel(QWidget *view)
     hide();
 
     m_hideTimer.setSingleShot(true);
-    m_hideTimer.setInterval(lingering);
+    m_hideTimer.setInterval(hideDelay);
     connect(&m_hideTimer, &QTimer::timeout, this, &QWidget::hide);
 }
 
@@ -65,22 +66,22 @@ void ProgressPanel::showProgress(const QString &text, qint64 done, qint64 total)
     setAccessibleName(text);
     m_bar->setAccessibleName(text);
     if (total > 0) {
-        const double part =
+        const double fraction =
             static_cast<double>(std::clamp<qint64>(done, 0, total)) / static_cast<double>(total);
         m_bar->setRange(0, fullBar);
-        m_bar->setValue(static_cast<int>(part * fullBar));
+        m_bar->setValue(static_cast<int>(fraction * fullBar));
     } else {
         m_bar->setRange(0, 0);
     }
     const QSize size(std::min(std::max(panelWidth, sizeHint().width()), m_view->width()),
                      sizeHint().height());
-    QRect place(QPoint(), size);
-    place.moveCenter(m_view->geometry().center());
-    setGeometry(place);
+    QRect frame(QPoint(), size);
+    frame.moveCenter(m_view->geometry().center());
+    setGeometry(frame);
     raise();
     show();
     repaint();
-    m_hideTimer.start(); // fires when the event loop runs again
+    m_hideTimer.start(); // fires once the event loop runs again
 }
 
 QString ProgressPanel::text() const

@@ -8,27 +8,27 @@ class QProgressBar;
 
 namespace lyrabox {
 
-/// A small panel over the middle of a view that tells how far long work has come while the main
-/// thread does it. Every call paints it at once, without the event loop, so that no input is
-/// handled meanwhile; it is gone as soon as the event loop runs again, or a moment later, that it
-/// does not flash. Clicks go through it.
+/// A small panel over the middle of a view that shows the progress of work on the main thread.
+/// Every call of showProgress() paints the panel at once, without the event loop, so no input is
+/// handled during the work. The panel disappears when the event loop runs again; a short delay
+/// keeps it from flashing. Clicks pass through it. Main thread.
 class ProgressPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// Lies over `view`, within the view's parent, which owns it. Hidden at first.
+    /// Covers the middle of `view`. The view's parent owns the panel. Hidden at first.
     explicit ProgressPanel(QWidget *view);
 
-    /// Shows `done` of `total`, and `text`, which says the same in words. A total of 0 is not
-    /// known; one that is exceeded counts as reached.
+    /// Shows `text`, and a bar filled to `done` of `total`. A total of 0 means that the total is
+    /// not known. If `done` exceeds the total, the bar is full.
     void showProgress(const QString &text, qint64 done, qint64 total);
 
     QString text() const;
 
-    /// For tests: thousandths of the bar that are filled; -1 while the total is not known.
+    /// For tests: how much of the bar is filled, in thousandths; -1 while the total is not known.
     int shownPermille() const;
 
-    /// Takes the panel away when the work is over.
+    /// For tests: the timer that hides the panel when the work is over.
     QTimer *hideTimer() { return &m_hideTimer; }
 
 protected:

@@ -23,7 +23,7 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_cancelButton(ne
     setFixedHeight(fieldHeight);
     setPlaceholderText(tr("Search"));
     setAccessibleName(tr("Search"));
-    setFrame(false); // the ground is drawn here
+    setFrame(false); // paintEvent() draws it
     setTextMargins(iconMargin + iconSize + 4, 0, iconMargin + iconSize + 2, 0);
 
     m_cancelButton->setIcon(NamedImage(u"Cancel"_s).icon());
@@ -36,10 +36,8 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_cancelButton(ne
     m_cancelButton->setAccessibleName(tr("Cancel search"));
     m_cancelButton->hide();
     connect(m_cancelButton, &QToolButton::clicked, this, &SearchField::cancel);
-    connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_cancelButton->setVisible(!text.isEmpty());
-        Q_EMIT searchChanged(text);
-    });
+    connect(this, &QLineEdit::textChanged, this,
+            [this](const QString &text) { m_cancelButton->setVisible(!text.isEmpty()); });
 }
 
 void SearchField::cancel()

@@ -6,23 +6,23 @@ class QToolButton;
 
 namespace lyrabox {
 
-/// A round text field with a magnifier and, while it holds text, a cancel button. The field does
-/// not clear itself: what cancelling means is the receiver's to say.
+/// A round text field with a magnifier and, while it contains text, a cancel button. The field does
+/// not clear itself: the receiver of canceled() decides what happens. Main thread.
 class SearchField : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit SearchField(QWidget *parent = nullptr);
 
-    /// As a press of the cancel button or Escape in a field that holds text.
+    /// Sends canceled(), as the cancel button and Escape in a non-empty field do.
     void cancel();
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
+    /// The user cancelled the search. The text has not changed.
     void canceled(lyrabox::SearchField *sender);
-    /// The text has changed, by whomever.
-    void searchChanged(const QString &text);
+    ///
 
 protected:
     void paintEvent(QPaintEvent *event) override;

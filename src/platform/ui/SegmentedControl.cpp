@@ -69,9 +69,9 @@ QSize SegmentedControl::minimumSizeHint() const
 QRect SegmentedControl::segmentRect(int index) const
 {
     const int count = std::max(1, static_cast<int>(m_segments.size()));
-    const int place = layoutDirection() == Qt::RightToLeft ? count - 1 - index : index;
-    const int left = width() * place / count;
-    return {left, 0, width() * (place + 1) / count - left, height()};
+    const int position = layoutDirection() == Qt::RightToLeft ? count - 1 - index : index;
+    const int left = width() * position / count;
+    return {left, 0, width() * (position + 1) / count - left, height()};
 }
 
 void SegmentedControl::paintEvent(QPaintEvent *)
@@ -123,7 +123,7 @@ void SegmentedControl::keyPressEvent(QKeyEvent *event)
 {
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const int backKey = mirrored ? Qt::Key_Right : Qt::Key_Left;
-    const int forthKey = mirrored ? Qt::Key_Left : Qt::Key_Right;
+    const int forwardKey = mirrored ? Qt::Key_Left : Qt::Key_Right;
     const int key = event->key();
     int target = m_selected;
     if (key == Qt::Key_Home)
@@ -132,7 +132,7 @@ void SegmentedControl::keyPressEvent(QKeyEvent *event)
         target = static_cast<int>(m_segments.size()) - 1;
     else if (key == backKey || key == Qt::Key_Up || key == Qt::Key_PageUp)
         target = m_selected - 1;
-    else if (key == forthKey || key == Qt::Key_Down || key == Qt::Key_PageDown)
+    else if (key == forwardKey || key == Qt::Key_Down || key == Qt::Key_PageDown)
         target = m_selected + 1;
     else {
         QWidget::keyPressEvent(event);

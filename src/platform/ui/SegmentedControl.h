@@ -5,8 +5,8 @@
 
 namespace lyrabox {
 
-/// A row of segments of which one is selected; a segment's index is also its tag. Arrow keys move
-/// the selection.
+/// A row of segments, one of which is selected. Segments are numbered from 0. Arrow keys move the
+/// selection. Main thread.
 class SegmentedControl : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QStringList segments READ segments WRITE setSegments)
@@ -15,22 +15,25 @@ public:
     explicit SegmentedControl(QWidget *parent = nullptr);
 
     QStringList segments() const { return m_segments; }
+    /// Sets the titles; there is one segment per title.
     void setSegments(const QStringList &titles);
 
     int selectedSegment() const { return m_selected; }
 
-    /// Selects without sending pressed(). An index outside is ignored.
+    /// Selects a segment without sending pressed(). An index outside the range is ignored.
     void setSelectedSegment(int index);
 
-    /// Selects and sends pressed(), as a click would.
+    /// Selects a segment and sends pressed(), as a click does. An index outside the range is
+    /// ignored.
     void pressSegment(int index);
 
+    /// The segment's rectangle in widget coordinates.
     QRect segmentRect(int index) const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// The user chose a segment, which is selected already.
+    /// The user chose a segment. It is already selected.
     void pressed(lyrabox::SegmentedControl *sender);
 
 protected:

@@ -14,7 +14,7 @@
 namespace lyrabox {
 
 namespace {
-constexpr int handleWidth = 7; // the divider is a hairline; what takes the mouse is wider
+constexpr int handleWidth = 7; // takes the mouse; the visible divider is a hairline
 constexpr int keyStep = 8;
 constexpr int pageStep = 40;
 } // namespace
@@ -48,19 +48,19 @@ void SplitView::setDelegate(SplitViewDelegate *delegate)
     m_delegate = delegate;
 }
 
-double SplitView::leastDividerPosition() const
+double SplitView::minimumDividerPosition() const
 {
     return m_delegate != nullptr ? m_delegate->splitViewConstrainMinCoordinateOfSubviewAt(0.0, 0)
                                  : 0.0;
 }
 
-double SplitView::greatestDividerPosition() const
+double SplitView::maximumDividerPosition() const
 {
     const double proposed = width() - dividerThickness;
-    const double greatest =
-        m_delegate != nullptr ? m_delegate->splitViewConstrainMaxCoordinateOfSubviewAt(proposed, 0)
-                              : proposed;
-    return std::max(leastDividerPosition(), greatest);
+    const double maximum = m_delegate != nullptr
+                               ? m_delegate->splitViewConstrainMaxCoordinateOfSubviewAt(proposed, 0)
+                               : proposed;
+    return std::max(minimumDividerPosition(), maximum);
 }
 
 void SplitView::setDividerPosition(double position)
@@ -68,7 +68,7 @@ void SplitView::setDividerPosition(double position)
     if (m_left == nullptr || m_right == nullptr)
         return;
     const int left =
-        static_cast<int>(std::clamp(position, leastDividerPosition(), greatestDividerPosition()));
+        static_cast<int>(std::clamp(position, minimumDividerPosition(), maximumDividerPosition()));
     m_left->setGeometry(0, 0, left, height());
     m_right->setGeometry(left + dividerThickness, 0, std::max(0, width() - dividerThickness - left),
                          height());
@@ -148,13 +148,13 @@ bool SplitView::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     case QEvent::KeyPress: {
-        const int forth = layoutDirection() == Qt::RightToLeft ? -keyStep : keyStep;
+        const int step = layoutDirection() == Qt::RightToLeft ? -keyStep : keyStep;
         switch (static_cast<QKeyEvent *>(event)->key()) {
         case Qt::Key_Left:
-            setDividerPosition(dividerPosition() - forth);
+            setDividerPosition(dividerPosition() - step);
             return true;
         case Qt::Key_Right:
-            setDividerPosition(dividerPosition() + forth);
+            setDividerPosition(dividerPosition() + step);
             return true;
         case Qt::Key_PageDown:
             setDividerPosition(dividerPosition() - pageStep);
@@ -163,10 +163,10 @@ bool SplitView::eventFilter(QObject *watched, QEvent *event)
             setDividerPosition(dividerPosition() + pageStep);
             return true;
         case Qt::Key_Home:
-            setDividerPosition(leastDividerPosition());
+            setDividerPosition(minimumDividerPosition());
             return true;
         case Qt::Key_End:
-            setDividerPosition(greatestDividerPosition());
+            setDividerPosition(maximumDividerPosition());
             return true;
         default:
             break;

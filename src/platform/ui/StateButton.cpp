@@ -17,7 +17,7 @@ constexpr int discMargin = 10;
 StateButton::StateButton(QWidget *parent) : QAbstractButton(parent)
 {
     installAccessibleControls();
-    // A click leaves the keyboard where it is; Tab reaches the button.
+    // A click does not take the keyboard; Tab does.
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::pressed, this, qOverload<>(&QWidget::update));
@@ -64,9 +64,9 @@ void StateButton::setImageDimsWhenDisabled(bool dims)
     update();
 }
 
-void StateButton::setGround(Ground ground)
+void StateButton::setBackground(Background background)
 {
-    m_ground = ground;
+    m_background = background;
     updateGeometry();
     update();
 }
@@ -95,13 +95,13 @@ void StateButton::setHighlighted(bool highlighted)
 QSize StateButton::sizeHint() const
 {
     const QSize image = m_image.size().isEmpty() ? QSize(16, 16) : m_image.size();
-    switch (m_ground) {
-    case Ground::None:
+    switch (m_background) {
+    case Background::None:
         return image;
-    case Ground::Box:
+    case Background::Box:
         return {image.width() + 2 * boxMargin, Theme::controlHeight};
-    case Ground::Round:
-    case Ground::RoundAccent:
+    case Background::Round:
+    case Background::RoundAccent:
         break;
     }
     const int diameter = qMax(image.width(), image.height()) + 2 * discMargin;
@@ -123,28 +123,28 @@ bool StateButton::hitButton(const QPoint &position) const
     return rect().contains(position);
 }
 
-QRectF StateButton::groundRect() const
+QRectF StateButton::backgroundRect() const
 {
-    if (m_ground == Ground::None || m_ground == Ground::Box)
+    if (m_background == Background::None || m_background == Background::Box)
         return rect();
     const int diameter = qMin(width(), height());
     return QRectF((width() - diameter) / 2, (height() - diameter) / 2, diameter, diameter);
 }
 
-void StateButton::drawGround(QPainter &painter) const
+void StateButton::drawBackground(QPainter &painter) const
 {
     const bool pushedIn = isHighlighted() && m_highlightMode == Highlight::PushIn;
-    const QRectF area = groundRect();
-    switch (m_ground) {
-    case Ground::None:
+    const QRectF area = backgroundRect();
+    switch (m_background) {
+    case Background::None:
         break;
-    case Ground::Box:
+    case Background::Box:
         drawControlBox(painter, area, Theme::radius, pushedIn);
         break;
-    case Ground::Round:
+    case Background::Round:
         drawControlBox(painter, area, area.width() / 2.0 - 0.5, pushedIn);
         break;
-    case Ground::RoundAccent:
+    case Background::RoundAccent:
         painter.setPen(Qt::NoPen);
         painter.setBrush(pushedIn ? Theme::accentPressed : Theme::accent);
         painter.drawEllipse(area);
@@ -156,15 +156,16 @@ void StateButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawGround(painter);
+    drawBackground(painter);
     if (!isEnabled() && m_imageDimsWhenDisabled)
         painter.setOpacity(dimmedOpacity);
     drawImage(painter, rect());
     painter.setOpacity(1.0);
     if (hasFocus()) {
-        const bool round = m_ground == Ground::Round || m_ground == Ground::RoundAccent;
-        drawFocusRing(painter, groundRect(),
-                      round ? groundRect().width() / 2.0 - 1.0 : Theme::radius);
+        const bool round =
+            m_background == Background::Round || m_background == Background::RoundAccent;
+        drawFocusRing(painter, backgroundRect(),
+                      round ? backgroundRect().width() / 2.0 - 1.0 : Theme::radius);
     }
 }
 

@@ -6,27 +6,29 @@
 
 namespace lyrabox {
 
-/// A push button with two or three states, drawn as an image on a round or plain ground.
-/// A click advances the state off (0), mixed (-1), on (1), off; without mixed states off, on, off.
-/// The state has changed before clicked() is sent. A button whose states have no texts is
-/// momentary: a click changes nothing about it.
+/// A push button with two or three states, drawn as an image on an optional background. A click
+/// advances the state: off (0), mixed (-1), on (1), off; or off, on, off without a mixed state. The
+/// state changes before clicked() is sent. A button whose states have no texts is momentary: a
+/// click does not change its state. Main thread.
 class StateButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
 
 public:
-    /// What a press shows: nothing, the pressed look with the alternate image, or a pushed-in look.
+    /// What the button shows while it is pressed: no change, or a pushed-in look with the alternate
+    /// image if there is one.
     enum class Highlight { None = 0, PushIn = 1 };
     Q_ENUM(Highlight)
 
-    /// What the image stands on: nothing, a white disc with a hairline, a disc of the accent
+    /// What is drawn behind the image: nothing, a white disc with a hairline, a disc in the accent
     /// colour, or a box.
-    enum class Ground { None, Round, RoundAccent, Box };
-    Q_ENUM(Ground)
+    enum class Background { None, Round, RoundAccent, Box };
+    Q_ENUM(Background)
 
     explicit StateButton(QWidget *parent = nullptr);
 
     int state() const { return m_state; }
+    /// Sets the state, 0, 1 or -1, without sending clicked().
     void setState(int state);
 
     bool allowsMixedState() const { return m_allowsMixedState; }
@@ -44,15 +46,16 @@ public:
     bool imageDimsWhenDisabled() const { return m_imageDimsWhenDisabled; }
     void setImageDimsWhenDisabled(bool dims);
 
-    Ground ground() const { return m_ground; }
-    void setGround(Ground ground);
+    Background background() const { return m_background; }
+    void setBackground(Background background);
 
-    /// What the button is called in each state, as its tool tip and for assistive programs. A
-    /// momentary button is named with setAccessibleName().
+    /// The tool tip and accessible name for each state. Name a momentary button with
+    /// setAccessibleName() instead.
     void setStateTexts(const QString &off, const QString &mixed, const QString &on);
     bool isMomentary() const { return m_stateTexts.isEmpty(); }
 
-    /// Shows the button pressed, whatever the mouse does.
+    /// Whether the button is drawn pressed: because setHighlighted() asks for it, or because the
+    /// mouse holds it down.
     bool isHighlighted() const { return m_highlighted || isDown(); }
     void setHighlighted(bool highlighted);
 
@@ -60,6 +63,7 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
+    /// The state changed, by a click or by setState().
     void stateChanged(int state);
 
 protected:
@@ -67,16 +71,16 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     bool hitButton(const QPoint &position) const override;
 
-    /// Draws the image of the present state into `rect`. Subclasses choose the image.
+    /// Draws the image of the current state into `rect`. Subclasses choose the image.
     virtual void drawImage(QPainter &painter, const QRect &rect);
 
-    /// Draws `image` at its natural size, centred in `rect` on whole pixels.
+    /// Draws `image` at its natural size in the middle of `rect`, on whole pixels.
     void drawCentered(QPainter &painter, const NamedImage &image, const QRect &rect) const;
 
 private:
     void showStateText();
-    QRectF groundRect() const;
-    void drawGround(QPainter &painter) const;
+    QRectF backgroundRect() const;
+    void drawBackground(QPainter &painter) const;
 
     NamedImage m_image;
     NamedImage m_alternateImage;
@@ -86,7 +90,7 @@ private:
     bool m_imageDimsWhenDisabled = true;
     bool m_highlighted = false;
     Highlight m_highlightMode = Highlight::PushIn;
-    Ground m_ground = Ground::None;
+    Background m_background = Background::None;
 };
 
 } // namespace lyrabox

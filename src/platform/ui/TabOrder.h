@@ -4,8 +4,9 @@ class QWidget;
 
 namespace lyrabox {
 
-/// Lets Tab go through a window in the order in which its widgets are nested: as the interface
-/// definition lists them, however late a control was made. A divider stands between its panes.
+/// Makes Tab visit the widgets of `window` in the order in which they are nested, as the interface
+/// definition lists them, no matter when they were created. A divider comes between its panes. Main
+/// thread.
 void orderTabStops(QWidget *window);
 
 } // namespace lyrabox

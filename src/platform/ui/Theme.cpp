@@ -80,7 +80,8 @@ void applyApplicationTheme()
     QApplication::setFont(uiFont(Theme::textSize));
     QToolTip::setPalette(lightPalette());
 
-    QPalette fields = lightPalette(); // white text is read on what is selected in them
+    // Selected text in fields is white, which needs a darker background.
+    QPalette fields = lightPalette();
     fields.setColor(QPalette::Highlight, Theme::strongAccent);
     QApplication::setPalette(fields, "QLineEdit");
 }

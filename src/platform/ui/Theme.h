@@ -8,12 +8,12 @@ class QPainter;
 
 namespace lyrabox {
 
-/// The one palette and grid of the program. Texts on `window` and on `surface` keep a contrast
-/// of 4.5 : 1.
+/// The colours and measures of the whole program. Texts on `window` and on `surface` have a
+/// contrast of at least 4.5 : 1.
 namespace Theme {
 
 inline constexpr QColor accent{0x34, 0x98, 0xDB};
-/// The accent where white text stands on it.
+/// The accent colour behind white text.
 inline constexpr QColor strongAccent{0x24, 0x71, 0xA3};
 inline constexpr QColor accentPressed{0x2A, 0x7F, 0xB8};
 inline constexpr QColor lineGray{0xBD, 0xC3, 0xC7};
@@ -29,7 +29,7 @@ inline constexpr QColor focusRing{0x1B, 0x6C, 0xA8};
 
 /// Distances between and around controls are multiples of this, in device-independent pixels.
 inline constexpr int grid = 8;
-/// The height of a row of the track table, and of a row in the trees and the preset list.
+/// The height of a row in the track table, and in the trees and the preset list.
 inline constexpr int rowHeight = 26;
 inline constexpr int sourceRowHeight = 24;
 /// The height of push buttons, fields and segments.
@@ -41,22 +41,23 @@ inline constexpr double textSize = 13.0;
 
 } // namespace Theme
 
-/// The interface's typeface: Helvetica where it is installed, else the closest relative that is,
-/// else the desktop's own sans-serif. A point is one device-independent pixel, as in every measure
-/// of the interface.
+/// The typeface of the interface: Helvetica if it is installed, otherwise its closest installed
+/// relative, otherwise the desktop's own sans-serif. One point is one device-independent pixel, as
+/// everywhere in the interface.
 QFont uiFont(double points);
 
-/// The height of a line of uiFont(points), by the proportions of ordinary text: the font itself is
-/// not loaded for it.
+/// The line height of uiFont(points), scaled from that of ordinary text. The font itself is not
+/// loaded.
 double uiLineHeight(double points);
 
-/// Gives the one application the light look of the program, whatever theme the desktop has.
+/// Gives the application the program's light look, whatever theme the desktop has.
 void applyApplicationTheme();
 
-/// A ring of 2 pixels just inside `rect`, for the control that has the keyboard.
+/// Draws a ring, 2 pixels wide, just inside `rect`. It marks the control that has the keyboard.
 void drawFocusRing(QPainter &painter, const QRectF &rect, double radius);
 
-/// A white box with a hairline border, the ground of joined buttons and fields.
+/// Draws a box with a thin border, the background of joined buttons and fields. It is white, or
+/// gray if `pressed`.
 void drawControlBox(QPainter &painter, const QRectF &rect, double radius, bool pressed = false);
 
 } // namespace lyrabox

@@ -6,7 +6,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-TEST(LB_InvertibleImageCellView, DarkBackgroundTakesTheNameFollowedByLight)
+TEST(LB_InvertibleImageCellView, DarkBackgroundUsesTheNameFollowedByLight)
 {
     EXPECT_EQ(LB_InvertibleImageCellView::imageNameForBackgroundStyle(u"IsPlaying"_s, true),
               u"IsPlayingLight"_s);

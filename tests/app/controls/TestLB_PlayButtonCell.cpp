@@ -36,7 +36,7 @@ TEST_F(PlayButtonTest, OffShowsTheImageAndOnTheAlternateOne)
     EXPECT_NE(expected(button, u"SeekForward"_s), expected(button, u"SeekBackward"_s));
 }
 
-TEST_F(PlayButtonTest, HighlightedShowsTheImageOfTheSameNameFollowedByAlt)
+TEST_F(PlayButtonTest, HighlightedShowsTheImageWhoseNameEndsInAlt)
 {
     button.setHighlighted(true);
     EXPECT_EQ(drawn(button), expected(button, u"SeekForwardAlt"_s));

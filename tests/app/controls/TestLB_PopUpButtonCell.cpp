@@ -35,7 +35,7 @@ TEST_F(PopUpButtonTest, ShowsTheFirstItemsImageCentredOnWholePoints)
     EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOn"_s));
 }
 
-TEST_F(PopUpButtonTest, HighlightedShowsTheAlternateImageWhereThereIsOne)
+TEST_F(PopUpButtonTest, HighlightedShowsTheAlternateImageIfThereIsOne)
 {
     button.setHighlighted(true);
     EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOff"_s));
@@ -45,7 +45,7 @@ TEST_F(PopUpButtonTest, HighlightedShowsTheAlternateImageWhereThereIsOne)
     EXPECT_EQ(drawn(button), expected(button, u"SettingsButtonOff"_s));
 }
 
-TEST_F(PopUpButtonTest, PressOpensTheMenuWhoseItemsAct)
+TEST_F(PopUpButtonTest, PressOpensTheMenuAndItsItemsWork)
 {
     const QAction *save = button.menu()->addAction(u"Save"_s);
     const QSignalSpy triggered(save, &QAction::triggered);
@@ -61,7 +61,7 @@ TEST_F(PopUpButtonTest, PressOpensTheMenuWhoseItemsAct)
     EXPECT_FALSE(button.isHighlighted());
 }
 
-TEST_F(PopUpButtonTest, SpaceOpensTheMenuAndADisabledButtonStaysShut)
+TEST_F(PopUpButtonTest, SpaceOpensTheMenuUnlessTheButtonIsDisabled)
 {
     button.menu()->addAction(u"Save"_s);
     button.show();

@@ -15,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// As the interface compiler makes them.
+/// Like the classes that the interface compiler generates.
 struct FullInterface {
     void setupUi(QWidget *view) const
     {
@@ -70,7 +70,7 @@ TEST(LB_PopoverViewController, MessageIsPlainText)
     EXPECT_EQ(controller->messageField()->textFormat(), Qt::PlainText);
 }
 
-TEST(LB_PopoverViewController, ALongNameIsShownShortenedAndWholeWithinTheView)
+TEST(LB_PopoverViewController, ALongNameIsShortenedAndTheToolTipHasTheWholeName)
 {
     const QString question = u"Remove preset '%1'?"_s;
     for (const QString &name : {QString(180, u'W'), u"Long words "_s.repeated(16), u"Jazz"_s}) {

@@ -20,7 +20,7 @@ class ScrollingTextViewTest : public testing::Test {
 protected:
     ScrollingTextViewTest() { view.resize(150, 24); }
 
-    /// On the screen, with the resizing that showing brings over.
+    /// Shows the view and waits until the resize that comes with it is over.
     void show()
     {
         view.show();
@@ -57,8 +57,8 @@ TEST_F(ScrollingTextViewTest, WideTitleStartsAtFiveAndScrolls)
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), 4.0);
 }
 
-/// Writes down where the text stands after each event of a view's timer, and lets no other event
-/// move it.
+/// Records the position of the text after each event of a view's timer, and blocks all other events
+/// that could move it.
 struct TimerWatch : QObject {
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -90,7 +90,7 @@ TEST_F(ScrollingTextViewTest, TimerMovesTheTextByOnePointEachTime)
 TEST_F(ScrollingTextViewTest, TitleExactlyAsWideAsTheViewScrolls)
 {
     show();
-    // Advances are counted in 64ths, so 64 equal letters are a whole number wide.
+    // Advances are multiples of 1/64, so 64 equal letters have a whole width.
     const QString title(64, u'm');
     view.setString(title);
     const auto width = static_cast<int>(view.stringWidth());
@@ -100,7 +100,7 @@ TEST_F(ScrollingTextViewTest, TitleExactlyAsWideAsTheViewScrolls)
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), 5.0);
 }
 
-TEST(MarqueePositions, SecondCopyFollowsAGapBehindOnceTheFirstIsPastTwentyFive)
+TEST(MarqueePositions, SecondCopyFollowsAfterAGapOnceTheFirstIsPastTwentyFive)
 {
     EXPECT_FALSE(marqueePositions(-25.0, 100.0).second.has_value());
     EXPECT_EQ(marqueePositions(-26.0, 100.0).second, std::optional<double>(99.0));
@@ -129,9 +129,9 @@ TEST_F(ScrollingTextViewTest, DrawingMakesTheLoopSeamless)
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), left + width + 25.0);
 }
 
-TEST_F(ScrollingTextViewTest, ASecondCopyIsDrawnTwentyFivePointsBehindTheFirst)
+TEST_F(ScrollingTextViewTest, SecondCopyIsDrawnTwentyFivePointsAfterTheFirst)
 {
-    // Advances are counted in 64ths, so that 64 times the same is a whole number wide.
+    // Advances are multiples of 1/64, so 64 equal letters have a whole width.
     const QString title = u"A song and its end "_s.repeated(64);
     view.setString(title);
     const auto width = static_cast<int>(view.stringWidth());
@@ -157,7 +157,7 @@ TEST_F(ScrollingTextViewTest, ASecondCopyIsDrawnTwentyFivePointsBehindTheFirst)
     EXPECT_EQ(part(firstEnd + 25.0, length), beginning);
 }
 
-TEST_F(ScrollingTextViewTest, FontSizeCountsFromTheNextStringOnAndLeavesTheProperty)
+TEST_F(ScrollingTextViewTest, FontSizeAppliesFromTheNextStringAndKeepsTheProperty)
 {
     EXPECT_EQ(view.font().pixelSize(), 12);
     view.setString(longTitle);
@@ -193,7 +193,7 @@ TEST_F(ScrollingTextViewTest, MinimisedWindowHasNoTimer)
     ASSERT_TRUE(QTest::qWaitFor([this] { return view.isScrolling(); }));
 }
 
-TEST_F(ScrollingTextViewTest, TextStandsStillWhileTheViewIsResized)
+TEST_F(ScrollingTextViewTest, TextDoesNotMoveWhileTheViewIsResized)
 {
     show();
     view.setString(longTitle);
@@ -204,7 +204,7 @@ TEST_F(ScrollingTextViewTest, TextStandsStillWhileTheViewIsResized)
     EXPECT_TRUE(view.isScrolling());
 }
 
-TEST_F(ScrollingTextViewTest, ResizeWiderThanTheTextCentresIt)
+TEST_F(ScrollingTextViewTest, AResizeBeyondTheTextsWidthCentresIt)
 {
     show();
     view.setString(longTitle);
@@ -212,13 +212,13 @@ TEST_F(ScrollingTextViewTest, ResizeWiderThanTheTextCentresIt)
     view.resize(900, 24);
     draw();
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), (900.0 - view.stringWidth()) * 0.5)
-        << "already while resizing";
+        << "even during the resize";
     view.viewDidEndLiveResize();
     EXPECT_DOUBLE_EQ(view.drawingPoint().x(), (900.0 - view.stringWidth()) * 0.5);
     EXPECT_FALSE(view.isScrolling());
 }
 
-TEST_F(ScrollingTextViewTest, ResizeThatLeavesTheTextTooWideGoesOnFromWhereItStood)
+TEST_F(ScrollingTextViewTest, ScrollingContinuesAfterAResizeThatLeavesTheTextTooWide)
 {
     show();
     view.setString(longTitle);

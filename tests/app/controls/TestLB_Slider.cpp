@@ -54,12 +54,12 @@ protected:
     LB_Slider slider;
 };
 
-TEST_F(SliderTest, TrackIsTheBoundsInsetByEightAndSix)
+TEST_F(SliderTest, TrackIsInsetByEightAndSix)
 {
     EXPECT_EQ(slider.trackRect(), QRectF(8.0, 6.0, 102.0, 6.0));
 }
 
-TEST_F(SliderTest, VerticalTrackIsInsetTheOtherWayRound)
+TEST_F(SliderTest, VerticalTrackIsInsetBySixAndEight)
 {
     LB_Slider vertical(Qt::Vertical);
     vertical.resize(18, 196);
@@ -73,12 +73,12 @@ TEST_F(SliderTest, DrawsTrackInLineGrayAndKnobInAccentBlueAtEveryResolution)
     for (const qreal ratio : {1.0, 2.0}) {
         const QImage image = drawn(slider, ratio);
         EXPECT_EQ(at(image, 80.0, 9.0), lineGray);
-        EXPECT_EQ(at(image, 80.0, 6.5), lineGray) << "the track's first line";
-        EXPECT_EQ(at(image, 80.0, 11.4), lineGray) << "the track's last line";
+        EXPECT_EQ(at(image, 80.0, 6.5), lineGray) << "first line of the track";
+        EXPECT_EQ(at(image, 80.0, 11.4), lineGray) << "last line of the track";
         EXPECT_EQ(at(image, 80.0, 5.4), QColor(Qt::white)) << "above the track";
         EXPECT_EQ(at(image, 80.0, 12.6), QColor(Qt::white)) << "below the track";
-        EXPECT_EQ(at(image, 7.4, 9.0), QColor(Qt::white)) << "before the track";
-        EXPECT_EQ(at(image, 110.6, 9.0), QColor(Qt::white)) << "after the track";
+        EXPECT_EQ(at(image, 7.4, 9.0), QColor(Qt::white)) << "left of the track";
+        EXPECT_EQ(at(image, 110.6, 9.0), QColor(Qt::white)) << "right of the track";
         EXPECT_NE(at(image, 109.6, 6.2), lineGray) << "the track's corners are round";
         EXPECT_EQ(at(image, knob.x(), knob.y()), accentBlue);
         EXPECT_EQ(at(image, knob.x(), knob.y() - 7.0), accentBlue);
@@ -88,7 +88,7 @@ TEST_F(SliderTest, DrawsTrackInLineGrayAndKnobInAccentBlueAtEveryResolution)
     }
 }
 
-TEST_F(SliderTest, KnobIsMovedHalfAPointToTheRightOfItsBox)
+TEST_F(SliderTest, KnobIsHalfAPointRightOfItsBox)
 {
     EXPECT_DOUBLE_EQ(slider.knobRect().left(), 0.5);
     EXPECT_DOUBLE_EQ(slider.knobRect().width(), slider.knobRect().height());
@@ -108,7 +108,7 @@ TEST_F(SliderTest, KnobStaysInsideAtBothEnds)
     }
 }
 
-TEST_F(SliderTest, VerticalSliderHasItsMinimumBelow)
+TEST_F(SliderTest, VerticalSliderHasItsMinimumAtTheBottom)
 {
     LB_Slider vertical(Qt::Vertical);
     vertical.resize(18, 196);
@@ -117,7 +117,7 @@ TEST_F(SliderTest, VerticalSliderHasItsMinimumBelow)
     EXPECT_LT(vertical.knobRect().center().y(), low);
 }
 
-TEST_F(SliderTest, ValueIsBroughtIntoTheRangeAndNotANumberIsTheMinimum)
+TEST_F(SliderTest, ValueIsClampedAndNotANumberBecomesTheMinimum)
 {
     slider.setFloatValue(1000.0);
     EXPECT_FLOAT_EQ(slider.floatValue(), 100.0F);
@@ -128,7 +128,7 @@ TEST_F(SliderTest, ValueIsBroughtIntoTheRangeAndNotANumberIsTheMinimum)
     EXPECT_FLOAT_EQ(slider.floatValue(), 0.0F);
 }
 
-TEST_F(SliderTest, ValueSetInCodeKeepsItsFractionAndSendsNothing)
+TEST_F(SliderTest, ValueSetByCodeKeepsItsFractionAndSendsNothing)
 {
     slider.setStep(5.0);
     const QSignalSpy moved(&slider, &LB_Slider::moved);
@@ -137,14 +137,14 @@ TEST_F(SliderTest, ValueSetInCodeKeepsItsFractionAndSendsNothing)
     EXPECT_EQ(moved.count(), 0);
 }
 
-TEST_F(SliderTest, AnimatedValueCountsAtOnceWhileTheKnobGlidesForHalfASecond)
+TEST_F(SliderTest, AnimatedValueIsSetAtOnceWhileTheKnobGlides)
 {
     slider.animateToFloatValue(100.0);
     EXPECT_FLOAT_EQ(slider.floatValue(), 100.0F);
     EXPECT_DOUBLE_EQ(slider.displayedValue(), 0.0);
     now = 250;
     const double middle = slider.displayedValue();
-    EXPECT_GT(middle, 55.0) << "easing out, more than half of the way is done at half time";
+    EXPECT_GT(middle, 55.0) << "an ease-out curve is past the middle at half time";
     EXPECT_LT(middle, 90.0);
     now = 499;
     EXPECT_LT(slider.displayedValue(), 100.0);
@@ -160,14 +160,14 @@ TEST_F(SliderTest, GlideTimerEndsWithTheGlide)
     ASSERT_TRUE(QTest::qWaitFor([this] { return !slider.isGliding(); }));
 }
 
-TEST_F(SliderTest, AnimatingToThePresentValueDoesNotGlide)
+TEST_F(SliderTest, AnimatingToTheCurrentValueDoesNotGlide)
 {
     slider.setFloatValue(40.0);
     slider.animateToFloatValue(40.0);
     EXPECT_FALSE(slider.isGliding());
 }
 
-TEST_F(SliderTest, SecondGlideBeginsWhereTheKnobIsShown)
+TEST_F(SliderTest, SecondGlideBeginsAtTheKnobsPosition)
 {
     slider.animateToFloatValue(100.0);
     now = 250;
@@ -176,7 +176,7 @@ TEST_F(SliderTest, SecondGlideBeginsWhereTheKnobIsShown)
     EXPECT_NEAR(slider.displayedValue(), shown, 1e-9);
 }
 
-TEST_F(SliderTest, AGlideThatBeganBeforeTheSliderIsShownIsOver)
+TEST_F(SliderTest, ShowingTheSliderEndsAGlide)
 {
     slider.animateToFloatValue(slider.maxValue());
     ASSERT_TRUE(slider.isGliding());
@@ -193,7 +193,7 @@ TEST_F(SliderTest, GlideCurveStartsFastAndEndsSlow)
     EXPECT_LT(1.0 - lyrabox::sliderGlideProgress(0.45), 0.05);
 }
 
-TEST_F(SliderTest, UserGrainIsCountedFromZeroAndStaysInTheRange)
+TEST_F(SliderTest, StepsAreCountedFromZeroAndStayInTheRange)
 {
     EXPECT_DOUBLE_EQ(lyrabox::sliderValueOnGrid(12.4, 5.0, 1.0, 100.0), 10.0);
     EXPECT_DOUBLE_EQ(lyrabox::sliderValueOnGrid(0.2, 5.0, 1.0, 100.0), 1.0);
@@ -209,12 +209,12 @@ TEST_F(SliderTest, ClickInTheTrackMovesTheKnobThereInWholeSteps)
     EXPECT_EQ(moved.count(), 1);
 }
 
-TEST_F(SliderTest, DragFollowsThePointerFromWhereTheKnobWasTaken)
+TEST_F(SliderTest, DragKeepsTheOffsetBetweenPointerAndKnob)
 {
     slider.setFloatValue(20.0);
     const QPoint start = slider.knobRect().center().toPoint() + QPoint(3, 0);
     QTest::mousePress(&slider, Qt::LeftButton, {}, start);
-    EXPECT_FLOAT_EQ(slider.floatValue(), 20.0F) << "taking the knob does not move it";
+    EXPECT_FLOAT_EQ(slider.floatValue(), 20.0F) << "a press on the knob does not move it";
     QTest::mouseMove(&slider, start + QPoint(50, 4));
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, start + QPoint(50, 4));
     EXPECT_NEAR(slider.floatValue(), 20.0F + 50.0F * 100.0F / 101.0F, 0.6F);
@@ -256,7 +256,7 @@ TEST_F(SliderTest, KeysMoveAHundredthOfTheRangeWithoutAStep)
     EXPECT_FLOAT_EQ(slider.floatValue(), 49.0F);
 }
 
-TEST_F(SliderTest, WheelMovesByStepsAndKeepsPartsOfANotch)
+TEST_F(SliderTest, WheelMovesByStepsAndAddsUpPartialNotches)
 {
     slider.setFloatValue(50.0);
     const auto turn = [this](int delta) {

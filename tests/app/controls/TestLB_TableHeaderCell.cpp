@@ -68,7 +68,7 @@ TEST(LB_TableHeaderCell, HighlightedSectionIsAccentBlueAtFourFifthsWithWhiteText
     }
 }
 
-TEST(LB_TableHeaderCell, WordFollowedByASpaceAndAnArrowIsDrawnAsTheWordAlone)
+TEST(LB_TableHeaderCell, TrailingSpaceAndArrowAreNotDrawn)
 {
     const auto header = [](const QString &text) {
         return drawn(1.0, [&](QPainter &painter) {
@@ -104,7 +104,7 @@ TEST(LB_TableHeaderCell, SpacesAndArrowsAreTrimmedFromBothEndsOnly)
     EXPECT_EQ(lyrabox::trimmedHeaderText({}), QString());
 }
 
-TEST(LB_TableHeaderCell, ArrowIsTheLastOneBehindTheText)
+TEST(LB_TableHeaderCell, ArrowIsTheLastOneAfterTheText)
 {
     EXPECT_EQ(lyrabox::headerArrow(u"Title  \u25B2"_s), QChar(0x25B2));
     EXPECT_EQ(lyrabox::headerArrow(u"Title  \u25BC"_s), QChar(0x25BC));
@@ -127,7 +127,7 @@ TEST(LB_TableHeaderCell, OnlyTheHighlightedSectionOfATableIsBlue)
     const QImage image = header->grab().toImage();
     EXPECT_TRUE(near(image.pixelColor(90, 13), headerBlue));
     EXPECT_TRUE(near(image.pixelColor(190, 13), headerGray));
-    EXPECT_TRUE(near(image.pixelColor(300, 13), headerGray)) << "behind the last section";
+    EXPECT_TRUE(near(image.pixelColor(300, 13), headerGray)) << "right of the last section";
     header->setHighlightedSection(-1);
     EXPECT_TRUE(near(header->grab().toImage().pixelColor(90, 13), headerGray));
     EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), u"Title  \u25B2"_s)

@@ -46,7 +46,7 @@ TEST(LB_TableRowView, NothingIsDrawnForTheHighlightStyleNone)
     EXPECT_EQ(filled(false, LB_TableRowView::SelectionHighlightStyleNone, 1.0), QColor(Qt::white));
 }
 
-/// A window with a table, a tree and a field that can take the keyboard from them.
+/// A window with a table, a tree and a field that can take the keyboard focus.
 class RowsInAWindow : public testing::Test {
 protected:
     RowsInAWindow()
@@ -114,7 +114,7 @@ TEST_F(RowsInAWindow, SelectedRowIsEmphasizedWhileItsTableHasTheKeyboard)
     EXPECT_EQ(colourIn(table, selectedCorner()), lineGray);
 }
 
-TEST_F(RowsInAWindow, TreeSelectionReachesOverTheIndentation)
+TEST_F(RowsInAWindow, TreeSelectionCoversTheIndentation)
 {
     ASSERT_TRUE(giveKeyboardTo(tree));
     const QRect row = tree.visualRect(tree.currentIndex());
@@ -135,7 +135,7 @@ TEST_F(RowsInAWindow, TreeWithHighlightStyleNoneShowsNoSelection)
     EXPECT_EQ(colourIn(tree, QPoint(row.right() - 2, row.top() + 1)), plain);
 }
 
-/// Whether a pixel of the colour is in the part of the view's picture.
+/// Whether the given part of the view has a pixel of this colour.
 bool shows(QAbstractItemView &view, const QRect &rect, const QColor &colour)
 {
     const QImage image = view.viewport()->grab(rect).toImage();
@@ -166,7 +166,7 @@ TEST_F(RowsInAWindow, EmphasizedRowHasWhiteTextAndOthersDarkText)
     EXPECT_FALSE(shows(table, cell, Qt::white));
 }
 
-TEST_F(RowsInAWindow, RowsAreCalmAndEndWithAHairline)
+TEST_F(RowsInAWindow, RowsHaveOneColourAndEndWithAHairline)
 {
     EXPECT_EQ(table.rowHeight(0), 26);
     EXPECT_EQ(tree.visualRect(tree.currentIndex()).height(), 24);
@@ -176,7 +176,7 @@ TEST_F(RowsInAWindow, RowsAreCalmAndEndWithAHairline)
               table.palette().color(QPalette::Base));
 }
 
-/// What a row of a list shows of `text`.
+/// A picture of a list row that shows `text`.
 QImage rowOf(const QString &text)
 {
     QStandardItemModel model(1, 1);
@@ -191,15 +191,15 @@ QImage rowOf(const QString &text)
     return image;
 }
 
-TEST(LB_TableRowView, AnyTextIsOnePlainLine)
+TEST(LB_TableRowView, EveryTextIsOnePlainLine)
 {
     EXPECT_EQ(rowOf(u"one\ntwo"_s), rowOf(u"one two"_s));
     EXPECT_EQ(rowOf(u"one\u2028two\tthree"_s), rowOf(u"one two three"_s));
-    EXPECT_NE(rowOf(u"one two"_s), rowOf(u"one"_s)) << "what follows a break is shown";
-    EXPECT_NE(rowOf(u"<b>one</b>"_s), rowOf(u"one"_s)) << "markup is text";
+    EXPECT_NE(rowOf(u"one two"_s), rowOf(u"one"_s)) << "the text after a line break is shown";
+    EXPECT_NE(rowOf(u"<b>one</b>"_s), rowOf(u"one"_s)) << "markup is shown as text";
     EXPECT_NE(rowOf(u"<b>one</b>"_s), rowOf(QString()));
     EXPECT_NE(rowOf(u"this & that"_s), rowOf(u"this that"_s));
-    EXPECT_NE(rowOf(u"this &that"_s), rowOf(u"this that"_s)) << "an ampersand is no shortcut";
+    EXPECT_NE(rowOf(u"this &that"_s), rowOf(u"this that"_s)) << "an ampersand is shown";
 }
 
 TEST(LB_TableRowView, TextsInAnyScriptAndOfAnyLengthAreShown)

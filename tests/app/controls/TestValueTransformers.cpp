@@ -8,6 +8,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+TEST(TimeText, DoesNotWrapMinutesIntoHours)
+{
+    EXPECT_EQ(lyrabox::timeText(3903), u"65:03"_s);
+    EXPECT_EQ(lyrabox::timeText(0), u"0:00"_s);
+    EXPECT_EQ(lyrabox::timeText(9), u"0:09"_s);
+}
+
 TEST(SecondsToMinutesTransformer, ShowsMinutesAndTwoDigitSeconds)
 {
     EXPECT_EQ(SecondsToMinutesTransformer::transformedValue(0), u"0:00"_s);
@@ -16,18 +23,18 @@ TEST(SecondsToMinutesTransformer, ShowsMinutesAndTwoDigitSeconds)
     EXPECT_EQ(SecondsToMinutesTransformer::transformedValue(59.9), u"0:59"_s);
 }
 
-TEST(SecondsToMinutesTransformer, NoneGivesNoText)
+TEST(SecondsToMinutesTransformer, AnInvalidValueGivesNoText)
 {
     EXPECT_EQ(SecondsToMinutesTransformer::transformedValue({}), QString());
 }
 
 TEST(SecondsToMinutesTransformer, ReadsTheNumberInSinglePrecision)
 {
-    // The nearest float to 16777219 is 16777220.
+    // The float nearest to 16777219 is 16777220.
     EXPECT_EQ(SecondsToMinutesTransformer::transformedValue(16777219.0), u"279620:20"_s);
 }
 
-TEST(SecondsToMinutesTransformer, OddNumbersNeverBreakIt)
+TEST(SecondsToMinutesTransformer, ExtremeAndInvalidNumbersAreHandled)
 {
     EXPECT_EQ(SecondsToMinutesTransformer::transformedValue(-5.0), u"0:00"_s);
     EXPECT_EQ(
@@ -40,21 +47,21 @@ TEST(SecondsToMinutesTransformer, OddNumbersNeverBreakIt)
     EXPECT_EQ(SecondsToMinutesTransformer::transformedValue(u"long"_s), u"0:00"_s);
 }
 
-TEST(PlayImageTransformer, TrueIsTheSpeakerAndFalseNothing)
+TEST(PlayImageTransformer, TrueGivesTheSpeakerAndFalseNothing)
 {
     EXPECT_EQ(PlayImageTransformer::transformedValue(true).name(), u"IsPlaying"_s);
     EXPECT_FALSE(PlayImageTransformer::transformedValue(true).isNull());
     EXPECT_TRUE(PlayImageTransformer::transformedValue(false).isNull());
 }
 
-TEST(SettingsImageTransformer, TrueIsTheStarAndFalseNothing)
+TEST(SettingsImageTransformer, TrueGivesTheStarAndFalseNothing)
 {
     EXPECT_EQ(SettingsImageTransformer::transformedValue(true).name(), u"HasSettings"_s);
     EXPECT_FALSE(SettingsImageTransformer::transformedValue(true).isNull());
     EXPECT_TRUE(SettingsImageTransformer::transformedValue(false).isNull());
 }
 
-TEST(PlusMinusImageTransformer, TrueIsPlusAndFalseMinus)
+TEST(PlusMinusImageTransformer, TrueGivesPlusAndFalseMinus)
 {
     EXPECT_EQ(PlusMinusImageTransformer::transformedValue(true).name(), u"PlusButton"_s);
     EXPECT_EQ(PlusMinusImageTransformer::transformedValue(false).name(), u"MinusButton"_s);

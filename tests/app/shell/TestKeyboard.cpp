@@ -24,7 +24,7 @@ using test::WholeProgram;
 
 namespace {
 
-/// What names a control in a failure's text.
+/// The name of a control for failure messages.
 std::string nameOf(const QWidget *widget)
 {
     const QString name =
@@ -75,7 +75,7 @@ protected:
         return window->findChild<Popover *>()->isShown();
     }
 
-    /// The menu bar's command with that text.
+    /// The command of the menu bar with this text.
     QAction *command(const QString &text) const
     {
         for (QAction *action : main->findChildren<QAction *>()) {
@@ -91,7 +91,7 @@ protected:
     QMainWindow *equalizer;
 };
 
-/// Every control that Tab should reach, as if a song were loaded.
+/// Every control that Tab should reach while a song is loaded.
 QList<QWidget *> tabStops(QMainWindow *window)
 {
     QList<QWidget *> stops;
@@ -109,7 +109,7 @@ QRect onWindow(const QWidget *widget)
     return {widget->mapTo(widget->window(), QPoint()), widget->size()};
 }
 
-/// The areas that are read one after the other; inside, rows from top to bottom.
+/// The areas of the window in reading order. Inside an area, rows are read from top to bottom.
 int areaOf(const QWidget *widget)
 {
     const QStringList areas{u"sourcePane"_s, u"divider"_s, u"trackPane"_s, u"transportView"_s,
@@ -195,7 +195,7 @@ TEST_F(Keyboard, EndGoesToTheLastPreset)
     EXPECT_EQ(presets->currentIndex().row(), presets->model()->rowCount() - 1);
 }
 
-TEST_F(Keyboard, EscapeInAPopoverGivesTheKeyboardBack)
+TEST_F(Keyboard, EscapeInAPopoverReturnsTheFocus)
 {
     auto *songs = find<QTableView>(main, u"trackTableView"_s);
     songs->setFocus();
@@ -216,9 +216,9 @@ TEST_F(Keyboard, AddsAndRemovesAFolder)
     auto *folders = find<SourceTreeView>(main, u"folderOutlineView"_s);
     const int before = folders->model()->rowCount();
     QTest::keyClick(main, Qt::Key_O, Qt::ControlModifier);
-    press(Qt::Key_Down);  // the home folder
-    press(Qt::Key_Right); // opens it
-    press(Qt::Key_Down);  // Music, which has a folder inside
+    press(Qt::Key_Down);  // selects the home folder
+    press(Qt::Key_Right); // expands it
+    press(Qt::Key_Down);  // selects Music, which contains a folder
     press(Qt::Key_Return);
     EXPECT_FALSE(popoverIsShown(main));
     ASSERT_EQ(folders->model()->rowCount(), before + 1);
@@ -250,17 +250,17 @@ TEST_F(Keyboard, AddsAndRemovesAPreset)
     EXPECT_EQ(presets->currentIndex().data().toString(), u"Quiet L = 5"_s);
     EXPECT_EQ(QApplication::focusWidget(), presets);
 
-    press(Qt::Key_Insert); // it can be removed, so there is nothing to add it from
+    press(Qt::Key_Insert); // disabled: the selected preset can only be removed
     EXPECT_FALSE(popoverIsShown(equalizer));
     press(Qt::Key_Delete);
     ASSERT_TRUE(popoverIsShown(equalizer));
     press(Qt::Key_Return);
     EXPECT_EQ(presets->model()->rowCount(), before);
-    press(Qt::Key_Delete); // what came with the program stays
+    press(Qt::Key_Delete); // disabled: a built-in preset cannot be removed
     EXPECT_FALSE(popoverIsShown(equalizer));
 }
 
-TEST_F(Keyboard, MovesAnEqualizerBandByAStepAPageAndToItsEnds)
+TEST_F(Keyboard, MovesAnEqualizerBandByStepsPagesAndToItsEnds)
 {
     activate(equalizer);
     auto *slider = find<LB_Slider>(equalizer, u"slider3"_s);
@@ -318,12 +318,12 @@ TEST_F(Keyboard, MovesTheDivider)
     press(Qt::Key_Left);
     EXPECT_EQ(split->dividerPosition(), 192);
     press(Qt::Key_Home);
-    EXPECT_EQ(split->dividerPosition(), split->leastDividerPosition());
+    EXPECT_EQ(split->dividerPosition(), split->minimumDividerPosition());
     press(Qt::Key_End);
-    EXPECT_EQ(split->dividerPosition(), split->greatestDividerPosition());
+    EXPECT_EQ(split->dividerPosition(), split->maximumDividerPosition());
 }
 
-TEST_F(Keyboard, OpensContextMenusByTheMenuKey)
+TEST_F(Keyboard, TheMenuKeyOpensContextMenus)
 {
     activate(equalizer);
     for (QWidget *view :
@@ -359,7 +359,7 @@ TEST_F(Keyboard, EveryCommandOfTheMenuBarHasItsOwnMnemonicAndKey)
     QStringList keys;
     for (QMenu *menu : main->menuBar()->findChildren<QMenu *>()) {
         if (menu->title().isEmpty())
-            continue; // where the bar keeps what does not fit
+            continue; // the bar's own menu of items that do not fit
         EXPECT_FALSE(menu->accessibleName().isEmpty()) << menu->title().toStdString();
         QStringList letters;
         for (const QAction *action : menu->actions()) {
@@ -377,11 +377,12 @@ TEST_F(Keyboard, EveryCommandOfTheMenuBarHasItsOwnMnemonicAndKey)
     EXPECT_EQ(keys.removeDuplicates(), 0);
 }
 
-TEST_F(Keyboard, ReturnInTheSearchFieldGivesTheKeyboardToTheTransport)
+TEST_F(Keyboard, ReturnInTheSearchFieldFocusesTheTransport)
 {
     QTest::keyClick(main, Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"searchField"_s);
-    QTest::keyClicks(QApplication::focusWidget(), u"l 0-="_s); // transport keys are letters here
+    QTest::keyClicks(QApplication::focusWidget(),
+                     u"l 0-="_s); // transport keys are typed as text here
     EXPECT_EQ(qobject_cast<QLineEdit *>(QApplication::focusWidget())->text(), u"l 0-="_s);
     press(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"transportView"_s);

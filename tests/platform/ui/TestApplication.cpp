@@ -20,10 +20,10 @@ using test::ServerKey;
 
 namespace {
 
-/// Takes the keyboard and writes down what comes.
-class Keyboardist : public QWidget {
+/// Takes the keyboard and records all presses and releases.
+class KeyRecorder : public QWidget {
 public:
-    explicit Keyboardist(QWidget *parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+    explicit KeyRecorder(QWidget *parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
 
     struct Seen {
         int key;
@@ -55,42 +55,45 @@ protected:
         widget.setFocus();
     }
 
-    QAction *addCommand(const QKeySequence &shortcut, bool repeats)
+    enum class Repeat { No, Yes };
+
+    QAction *addCommand(const QKeySequence &shortcut, Repeat repeat)
     {
         auto *action = new QAction(&window);
         action->setShortcut(shortcut);
-        action->setAutoRepeat(repeats);
+        action->setAutoRepeat(repeat == Repeat::Yes);
         window.addAction(action);
         return action;
     }
 
     QWidget window;
-    Keyboardist widget{&window};
+    KeyRecorder widget{&window};
     ServerKey key{GetParam()};
 };
 
-using Seen = std::vector<Keyboardist::Seen>;
+using Seen = std::vector<KeyRecorder::Seen>;
 
 TEST_P(HeldKey, ACommandThatDoesNotRepeatActsOnce)
 {
-    const QSignalSpy triggered(addCommand(Qt::CTRL | Qt::Key_Right, false), &QAction::triggered);
+    const QSignalSpy triggered(addCommand(Qt::CTRL | Qt::Key_Right, Repeat::No),
+                               &QAction::triggered);
     key.hold(Qt::Key_Right, Qt::ControlModifier);
     EXPECT_EQ(triggered.count(), 1);
     EXPECT_TRUE(widget.presses.empty());
     key.hold(Qt::Key_Right, Qt::ControlModifier);
-    EXPECT_EQ(triggered.count(), 2) << "another press is one";
+    EXPECT_EQ(triggered.count(), 2) << "a second press acts again";
 }
 
 TEST_P(HeldKey, ACommandThatRepeatsActsAgainAndAgain)
 {
-    const QSignalSpy triggered(addCommand(Qt::Key_Minus, true), &QAction::triggered);
+    const QSignalSpy triggered(addCommand(Qt::Key_Minus, Repeat::Yes), &QAction::triggered);
     key.hold(Qt::Key_Minus, {}, u"-"_s, 5);
     EXPECT_EQ(triggered.count(), 6);
 }
 
-TEST_P(HeldKey, TheKeyIsStillHeldWhenAModifierIsLetGo)
+TEST_P(HeldKey, ACommandRepeatsOnceAModifierIsReleased)
 {
-    const QSignalSpy triggered(addCommand(Qt::Key_Right, false), &QAction::triggered);
+    const QSignalSpy triggered(addCommand(Qt::Key_Right, Repeat::No), &QAction::triggered);
     key.press(Qt::Key_Right, Qt::ControlModifier);
     key.letModifiersGo();
     key.repeat(3);
@@ -98,7 +101,7 @@ TEST_P(HeldKey, TheKeyIsStillHeldWhenAModifierIsLetGo)
     key.release();
 }
 
-TEST_P(HeldKey, AButtonIsDownUntilTheKeyIsLetGo)
+TEST_P(HeldKey, AButtonIsDownUntilTheKeyIsReleased)
 {
     StateButton button(&window);
     button.show();
@@ -115,7 +118,7 @@ TEST_P(HeldKey, AButtonIsDownUntilTheKeyIsLetGo)
     EXPECT_EQ(clicked.count(), 1);
 }
 
-TEST_P(HeldKey, ReturnAndEscapeAreOnePress)
+TEST_P(HeldKey, HeldReturnAndEscapeActOnce)
 {
     for (const int once : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
         key.hold(once);
@@ -124,7 +127,7 @@ TEST_P(HeldKey, ReturnAndEscapeAreOnePress)
     }
 }
 
-TEST_P(HeldKey, AnArrowGoesOnMarkedAndIsReleasedOnce)
+TEST_P(HeldKey, AHeldArrowRepeatsMarkedAndIsReleasedOnce)
 {
     key.hold(Qt::Key_Down, {}, {}, 2);
     EXPECT_EQ(widget.presses,
@@ -133,7 +136,7 @@ TEST_P(HeldKey, AnArrowGoesOnMarkedAndIsReleasedOnce)
               (Seen{{Qt::Key_Down, true}, {Qt::Key_Down, true}, {Qt::Key_Down, false}}));
 }
 
-TEST_P(HeldKey, ATextFieldTakesALetterAgainAndAgainButReturnOnce)
+TEST_P(HeldKey, ATextFieldRepeatsALetterButNotReturn)
 {
     QLineEdit field(&window);
     field.show();
@@ -145,9 +148,9 @@ TEST_P(HeldKey, ATextFieldTakesALetterAgainAndAgainButReturnOnce)
     EXPECT_EQ(entered.count(), 1);
 }
 
-TEST_P(HeldKey, WhatClosesAWindowDoesNothingInTheNextOne)
+TEST_P(HeldKey, AHeldKeyThatClosesAWindowDoesNothingInTheNextOne)
 {
-    const QSignalSpy behind(addCommand(Qt::CTRL | Qt::Key_W, false), &QAction::triggered);
+    const QSignalSpy behind(addCommand(Qt::CTRL | Qt::Key_W, Repeat::No), &QAction::triggered);
     QWidget front;
     auto *close = new QAction(&front);
     close->setShortcut(Qt::CTRL | Qt::Key_W);
@@ -166,12 +169,12 @@ TEST_P(HeldKey, WhatClosesAWindowDoesNothingInTheNextOne)
     key.release();
 }
 
-TEST_P(HeldKey, TheLetterThatOpensAMenuChoosesNothingInIt)
+TEST_P(HeldKey, AHeldMnemonicOpensAMenuAndChoosesNothingInIt)
 {
     QMenu menu(&window);
     QAction *play = menu.addAction(u"&Play"_s);
     const QSignalSpy chosen(play, &QAction::triggered);
-    QAction *open = addCommand(Qt::ALT | Qt::Key_P, false);
+    QAction *open = addCommand(Qt::ALT | Qt::Key_P, Repeat::No);
     QObject::connect(open, &QAction::triggered, &menu, [&] { menu.popup({0, 0}); });
     key.hold(Qt::Key_P, Qt::AltModifier, u"p"_s);
     EXPECT_TRUE(menu.isVisible());
@@ -179,7 +182,7 @@ TEST_P(HeldKey, TheLetterThatOpensAMenuChoosesNothingInIt)
     menu.close();
 }
 
-TEST_P(HeldKey, APressAfterAReleaseThatWasSeenTooLateIsAPress)
+TEST_P(HeldKey, APressAfterAReleaseHandledTooLateIsNoRepeat)
 {
     StateButton button(&window);
     button.show();
@@ -196,7 +199,7 @@ TEST_P(HeldKey, APressAfterAReleaseThatWasSeenTooLateIsAPress)
 INSTANTIATE_TEST_SUITE_P(Every, HeldKey, testing::ValuesIn(test::everyWay),
                          [](const auto &way) { return test::nameOfWay(way.param); });
 
-TEST(KeyActsWhileHeld, OnlyWhatMovesAndWhatIsTyped)
+TEST(KeyActsWhileHeld, OnlyNavigationKeysAndTypedTextRepeat)
 {
     QLineEdit field;
     QLineEdit readOnly;

@@ -81,14 +81,14 @@ TEST(ApplicationStyle, ADisabledFieldIsGray)
     EXPECT_EQ(drawnField(fieldOption(QStyle::State_None)).pixelColor(40, 13), Theme::sidebar);
 }
 
-TEST(ApplicationStyle, AFieldWithoutAFrameIsLeftToItsOwner)
+TEST(ApplicationStyle, AFieldWithoutAFrameIsNotDrawn)
 {
     const QImage image = drawnField(fieldOption(QStyle::State_Enabled, 0));
     EXPECT_EQ(image.pixel(0, 13), untouched);
     EXPECT_EQ(image.pixel(40, 13), untouched);
 }
 
-TEST(ApplicationStyle, AFieldIsAsMuchLargerThanItsTextAsTheTextIsInset)
+TEST(ApplicationStyle, AFieldReservesTheMarginsOfItsText)
 {
     const ApplicationStyle style;
     QStyleOptionFrame option = fieldOption(QStyle::State_Enabled);
@@ -98,7 +98,7 @@ TEST(ApplicationStyle, AFieldIsAsMuchLargerThanItsTextAsTheTextIsInset)
     EXPECT_EQ(option.rect.size(), QSize(52, 21));
 }
 
-TEST(ApplicationStyle, TheHandleOfAScrollBarRunsOverTheWholeOfIt)
+TEST(ApplicationStyle, TheHandleMovesAlongTheWholeScrollBar)
 {
     EXPECT_EQ(scrollPart(scrollOption(300, 100, 0), QStyle::SC_ScrollBarSlider),
               QRect(0, 0, 11, 100));
@@ -111,7 +111,7 @@ TEST(ApplicationStyle, TheHandleOfAScrollBarRunsOverTheWholeOfIt)
     EXPECT_TRUE(scrollPart(scrollOption(300, 100, 0), QStyle::SC_ScrollBarAddLine).isEmpty());
 }
 
-TEST(ApplicationStyle, TheHandleStaysLargeEnoughToBeCaught)
+TEST(ApplicationStyle, TheHandleHasAMinimumLength)
 {
     EXPECT_EQ(scrollPart(scrollOption(2000000000, 400, 0), QStyle::SC_ScrollBarSlider).height(),
               28);
@@ -128,7 +128,7 @@ TEST(ApplicationStyle, AScrollBarWithNothingToScrollShowsNothing)
         style.drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, nullptr);
         painter.end();
         EXPECT_EQ(image.pixelColor(5, 50) == Theme::lineGray, maximum > 0);
-        EXPECT_EQ(image.pixel(5, 200), untouched) << "the ground shows through";
+        EXPECT_EQ(image.pixel(5, 200), untouched) << "the background shows through";
     }
 }
 
@@ -156,7 +156,7 @@ TEST(ApplicationStyle, AMenuBarThatIsTooNarrowShowsAnArrow)
     EXPECT_EQ(image.pixelColor(6, 1).alpha(), 0);
 }
 
-TEST(ApplicationStyle, WindowsThatComeLaterGetTheirSheetWhenTheyAreShown)
+TEST(ApplicationStyle, SecondaryWindowsGetTheStyleSheetWhenTheyAreShown)
 {
     ApplicationStyle style;
     QMainWindow window;
@@ -178,11 +178,11 @@ TEST(ApplicationStyle, WindowsThatComeLaterGetTheirSheetWhenTheyAreShown)
     popover.setStyle(&style);
     popover.ensurePolished();
     EXPECT_TRUE(popover.styleSheet().contains("QPushButton:default"_L1))
-        << "lies within a main window, but comes later, too";
+        << "a popover is a child of a main window";
 
     QWidget own;
     own.setStyle(&style);
     own.setStyleSheet(u"color: red"_s);
     own.ensurePolished();
-    EXPECT_EQ(own.styleSheet(), u"color: red"_s) << "a sheet of its own is kept";
+    EXPECT_EQ(own.styleSheet(), u"color: red"_s) << "a widget's own style sheet is kept";
 }

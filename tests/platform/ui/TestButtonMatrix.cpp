@@ -60,10 +60,10 @@ TEST_F(ButtonMatrixTest, DisabledOrMissingCellDoesNothing)
 
 TEST_F(ButtonMatrixTest, CellsHaveAccessibleNamesAndToolTips)
 {
-    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(matrix.cellWithTag(0));
-    ASSERT_NE(face, nullptr);
-    EXPECT_EQ(face->role(), QAccessible::Button);
-    EXPECT_EQ(face->text(QAccessible::Name), u"Slower"_s);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(matrix.cellWithTag(0));
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Button);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Slower"_s);
     EXPECT_EQ(matrix.cellWithTag(0)->toolTip(), u"Slower"_s);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&matrix)->role(), QAccessible::Grouping);
 }

@@ -26,7 +26,7 @@ TEST(ImageView, KeepsTheProportionsAndRoundsTheCorners)
     EXPECT_EQ(image.pixelColor(0, 50), QColor(Qt::red));
 }
 
-TEST(ImageView, DrawsNothingWithoutAnImageAndSurvivesOddOnes)
+TEST(ImageView, DrawsNothingWithoutAnImageAndCopesWithExtremeSizes)
 {
     ImageView view;
     view.resize(100, 100);

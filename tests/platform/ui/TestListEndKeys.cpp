@@ -55,7 +55,7 @@ TEST(ListEndKeys, AnEmptyListStaysAsItIs)
     EXPECT_EQ(list.selectedRow(), -1);
 }
 
-TEST(ListEndKeys, KeysWithModifiersStayTheToolkits)
+TEST(ListEndKeys, KeysWithModifiersAreLeftToTheToolkit)
 {
     ListOfRows list;
     list.view.setCurrentIndex(list.model.index(2, 1));

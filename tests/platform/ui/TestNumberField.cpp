@@ -31,7 +31,7 @@ protected:
     QSignalSpy entered{&field, &NumberField::entered};
 };
 
-TEST_F(NumberFieldTest, AnEditThatIsEndedFromOutsideIsEnteredOnceAndLeavesTheKeyboard)
+TEST_F(NumberFieldTest, FinishEditSendsOnceAndKeepsTheFocus)
 {
     field.setLimits(-12.0F, 12.0F);
     field.show();
@@ -58,7 +58,7 @@ TEST_F(NumberFieldTest, ShowsUpToTwoDecimalsAndTheSuffix)
     EXPECT_FLOAT_EQ(field.floatValue(), 0.5F);
 }
 
-TEST_F(NumberFieldTest, KeepsTheLeastNumberOfDecimals)
+TEST_F(NumberFieldTest, ShowsTheMinimumNumberOfDecimals)
 {
     field.setMinimumDecimals(1);
     field.setFloatValue(-12.0F);
@@ -107,7 +107,7 @@ TEST_F(NumberFieldTest, ReturnSendsOnceForAnEdit)
     EXPECT_EQ(entered.count(), 1);
     EXPECT_FLOAT_EQ(field.floatValue(), 80.0F);
     QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_EQ(entered.count(), 1) << "nothing was edited since";
+    EXPECT_EQ(entered.count(), 1) << "there was no edit since";
 }
 
 TEST_F(NumberFieldTest, LosingTheKeyboardEndsAnEdit)
@@ -129,7 +129,7 @@ TEST_F(NumberFieldTest, LosingTheKeyboardEndsAnEdit)
     EXPECT_EQ(sent.count(), 1);
     inWindow->setFocus();
     other->setFocus();
-    EXPECT_EQ(sent.count(), 1) << "nothing was edited since";
+    EXPECT_EQ(sent.count(), 1) << "there was no edit since";
 }
 
 class NumberFieldInInactiveWindow : public testing::Test {
@@ -142,7 +142,7 @@ protected:
         elsewhere.show();
     }
 
-    /// Types into the field and gives the keyboard to the other window.
+    /// Types into the field, then activates the other window.
     void typeAndLeave()
     {
         window.activateWindow();
@@ -152,7 +152,7 @@ protected:
         QTest::keyClicks(field, u"80"_s);
         elsewhere.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
-        ASSERT_EQ(entered.count(), 0) << "the other window only borrows the keyboard";
+        ASSERT_EQ(entered.count(), 0) << "activating another window does not end the edit";
     }
 
     QWidget window;
@@ -163,7 +163,7 @@ protected:
     QSignalSpy entered{field, &NumberField::entered};
 };
 
-TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenTheFocusMovesOnThere)
+TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenTheFocusMoves)
 {
     ASSERT_NO_FATAL_FAILURE(typeAndLeave());
     other->setFocus();
@@ -171,21 +171,21 @@ TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenTheFocusMovesOnThere)
     EXPECT_FLOAT_EQ(field->floatValue(), 80.0F);
 }
 
-TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenItLosesTheFocusThere)
+TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenTheFocusIsCleared)
 {
     ASSERT_NO_FATAL_FAILURE(typeAndLeave());
     field->clearFocus();
     EXPECT_EQ(entered.count(), 1);
 }
 
-TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenItIsDisabledThere)
+TEST_F(NumberFieldInInactiveWindow, IsEnteredWhenTheFieldIsDisabled)
 {
     ASSERT_NO_FATAL_FAILURE(typeAndLeave());
     field->setEnabled(false);
     EXPECT_EQ(entered.count(), 1);
 }
 
-TEST_F(NumberFieldInInactiveWindow, KeepsTheEditUntilTheWindowIsBack)
+TEST_F(NumberFieldInInactiveWindow, KeepsTheEditUntilTheWindowIsActiveAgain)
 {
     ASSERT_NO_FATAL_FAILURE(typeAndLeave());
     window.activateWindow();
@@ -201,7 +201,7 @@ TEST_F(NumberFieldTest, LeavesDropsToItsWindow)
     EXPECT_FALSE(field.acceptDrops());
 }
 
-TEST_F(NumberFieldTest, EscapePutsTheShownValueBack)
+TEST_F(NumberFieldTest, EscapeRestoresTheShownValue)
 {
     field.setFloatValue(75.0F);
     type(u"80"_s);
@@ -211,7 +211,7 @@ TEST_F(NumberFieldTest, EscapePutsTheShownValueBack)
     EXPECT_EQ(entered.count(), 0);
 }
 
-TEST_F(NumberFieldTest, ValueSetInCodeForgetsTheEdit)
+TEST_F(NumberFieldTest, SettingAValueDiscardsTheEdit)
 {
     type(u"80"_s);
     field.setFloatValue(20.0F);
@@ -220,7 +220,7 @@ TEST_F(NumberFieldTest, ValueSetInCodeForgetsTheEdit)
     EXPECT_FLOAT_EQ(field.floatValue(), 20.0F);
 }
 
-TEST_F(NumberFieldTest, TypedNumberOutsideTheLimitsIsBroughtToTheLimit)
+TEST_F(NumberFieldTest, TypedNumberOutsideTheLimitsIsMovedToTheLimit)
 {
     field.setMinimumDecimals(1);
     field.setLimits(-12.0F, 12.0F);
@@ -240,7 +240,7 @@ TEST_F(NumberFieldTest, LimitedFieldRefusesTextThatIsNoNumber)
     EXPECT_EQ(entered.count(), 0);
 }
 
-TEST_F(NumberFieldTest, FieldWithoutLimitsSendsWhateverWasTyped)
+TEST_F(NumberFieldTest, FieldWithoutLimitsSendsAnyNumber)
 {
     enter(u"fast"_s);
     EXPECT_EQ(entered.count(), 1);

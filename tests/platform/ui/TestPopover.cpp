@@ -67,10 +67,10 @@ TEST_F(PopoverTest, FirstControlOfTheContentTakesTheKeyboardAndText)
     QTest::keyClicks(QApplication::focusWidget(), u"Bass"_s);
     EXPECT_EQ(input->text(), u"Bass"_s);
     popover->closePopover();
-    EXPECT_EQ(QApplication::focusWidget(), elsewhere) << "the keyboard goes back";
+    EXPECT_EQ(QApplication::focusWidget(), elsewhere) << "the focus returns";
 }
 
-TEST_F(PopoverTest, InAWindowBehindTheKeyboardGoesBackToWhereItWasInThatWindow)
+TEST_F(PopoverTest, InAnInactiveWindowTheFocusReturnsToItsWidget)
 {
     elsewhere->setFocus();
     QWidget active;
@@ -118,7 +118,7 @@ TEST_F(PopoverTest, ClickOutsideClosesItAndClickInsideDoesNot)
     EXPECT_FALSE(popover->isShown());
 }
 
-TEST_F(PopoverTest, ClickOnTheAnchorIsLeftToTheAnchor)
+TEST_F(PopoverTest, ClickOnTheAnchorDoesNotCloseIt)
 {
     QObject::connect(anchor, &QPushButton::clicked, popover, [this] {
         if (popover->isShown())
@@ -168,7 +168,7 @@ TEST_F(PopoverTest, StaysInsideAWindowThatShrinks)
     EXPECT_TRUE(window.rect().contains(popover->geometry()));
 }
 
-TEST(PopoverPlacement, TakesTheOppositeSideWhereThePreferredOneHasNoRoom)
+TEST(PopoverPlacement, UsesTheOppositeSideIfThePreferredOneHasNoRoom)
 {
     const QRect window(0, 0, 600, 400);
     const QSize size(200, 100);
@@ -181,7 +181,7 @@ TEST(PopoverPlacement, TakesTheOppositeSideWhereThePreferredOneHasNoRoom)
     EXPECT_EQ(placePopover(size, top, window, Popover::Edge::MinY).edge, Popover::Edge::MaxY);
 }
 
-TEST(PopoverPlacement, ArrowPointsAtTheAnchorAlsoWhenThePanelIsMovedIntoTheWindow)
+TEST(PopoverPlacement, ArrowPointsAtTheAnchorEvenIfThePanelIsMoved)
 {
     const QRect window(0, 0, 600, 400);
     const QRect anchor(10, 360, 30, 26);

@@ -23,7 +23,7 @@ struct Window : QWidget {
     ProgressPanel *panel = new ProgressPanel(&view);
 };
 
-/// Counts what reaches the application while it lives.
+/// Counts the events that the application delivers while the counter exists.
 class EventCounter : public QObject {
 public:
     explicit EventCounter(QEvent::Type type) : m_type(type) { qApp->installEventFilter(this); }
@@ -40,7 +40,7 @@ private:
     QEvent::Type m_type;
 };
 
-TEST(ProgressPanel, IsHiddenUntilThereIsSomethingToTell)
+TEST(ProgressPanel, IsHiddenUntilThereIsProgress)
 {
     const Window window;
     EXPECT_FALSE(window.panel->isVisible());
@@ -56,7 +56,7 @@ TEST(ProgressPanel, LiesInTheMiddleOfItsView)
         (window.panel->geometry().center() - window.view.geometry().center()).manhattanLength(), 1);
 }
 
-TEST(ProgressPanel, FillsTheBarByThePartThatIsDone)
+TEST(ProgressPanel, FillsTheBarByTheFractionDone)
 {
     Window window;
     window.panel->showProgress(u"a"_s, 1, 4);
@@ -68,7 +68,7 @@ TEST(ProgressPanel, FillsTheBarByThePartThatIsDone)
     EXPECT_EQ(window.panel->text(), u"c"_s);
 }
 
-TEST(ProgressPanel, PaintsAtOnceAndHandlesNoEventMeanwhile)
+TEST(ProgressPanel, PaintsAtOnceAndHandlesNoEvents)
 {
     Window window;
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
@@ -82,14 +82,14 @@ TEST(ProgressPanel, PaintsAtOnceAndHandlesNoEventMeanwhile)
     EXPECT_EQ(events.count, 1);
 }
 
-TEST(ProgressPanel, GoesAwayWhenTheEventLoopRunsAgain)
+TEST(ProgressPanel, DisappearsWhenTheEventLoopRunsAgain)
 {
     Window window;
     window.panel->showProgress(u"Reading"_s, 1, 2);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window.panel->isVisible(); }));
 }
 
-TEST(ProgressPanel, TellsTheScreenReaderWhatIsDoneAndHowMuch)
+TEST(ProgressPanel, ShowsTextAndProgressToAssistivePrograms)
 {
     Window window;
     window.panel->showProgress(u"Reading songs: 3 of 4"_s, 3, 4);

@@ -35,7 +35,7 @@ TEST_F(SegmentedControlTest, ClickSelectsTheSegmentAndSends)
     EXPECT_EQ(control.selectedSegment(), 1);
 }
 
-TEST_F(SegmentedControlTest, SelectingInCodeSendsNothingAndIgnoresWhatIsOutside)
+TEST_F(SegmentedControlTest, SelectingByCodeSendsNothingAndIgnoresBadIndices)
 {
     control.setSelectedSegment(1);
     EXPECT_EQ(control.selectedSegment(), 1);
@@ -65,7 +65,7 @@ TEST_F(SegmentedControlTest, HomeEndAndThePageKeysMoveTheSelectionToo)
         QTest::keyClick(&control, key);
         EXPECT_EQ(control.selectedSegment(), segment);
     }
-    EXPECT_EQ(pressed.count(), 4) << "at an end there is nothing to press";
+    EXPECT_EQ(pressed.count(), 4) << "at an end nothing changes";
 }
 
 TEST_F(SegmentedControlTest, SelectedSegmentIsAccentBlueAndTheOtherWhite)
@@ -80,24 +80,24 @@ TEST_F(SegmentedControlTest, SelectedSegmentIsAccentBlueAndTheOtherWhite)
 TEST_F(SegmentedControlTest, AssistiveProgramsSeeTabsAndPressThem)
 {
     control.setSelectedSegment(1);
-    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&control);
-    ASSERT_NE(face, nullptr);
-    EXPECT_EQ(face->role(), QAccessible::PageTabList);
-    EXPECT_EQ(face->text(QAccessible::Value), u"Folders"_s);
-    ASSERT_EQ(face->childCount(), 2);
-    QAccessibleInterface *playlists = face->child(0);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&control);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::PageTabList);
+    EXPECT_EQ(accessible->text(QAccessible::Value), u"Folders"_s);
+    ASSERT_EQ(accessible->childCount(), 2);
+    QAccessibleInterface *playlists = accessible->child(0);
     ASSERT_NE(playlists, nullptr);
     EXPECT_EQ(playlists->text(QAccessible::Name), u"Playlists"_s);
     EXPECT_FALSE(playlists->state().selected);
-    EXPECT_EQ(face->indexOfChild(face->child(1)), 1);
+    EXPECT_EQ(accessible->indexOfChild(accessible->child(1)), 1);
     playlists->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(control.selectedSegment(), 0);
     EXPECT_TRUE(playlists->state().selected);
     EXPECT_EQ(pressed.count(), 1);
-    EXPECT_EQ(face->child(2), nullptr);
+    EXPECT_EQ(accessible->child(2), nullptr);
 }
 
-TEST_F(SegmentedControlTest, IsMirroredFromRightToLeft)
+TEST_F(SegmentedControlTest, IsMirroredInRightToLeftLayouts)
 {
     control.setLayoutDirection(Qt::RightToLeft);
     EXPECT_EQ(control.segmentRect(0), QRect(100, 0, 100, 26));

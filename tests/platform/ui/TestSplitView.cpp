@@ -23,13 +23,13 @@ struct SplitViewTest : testing::Test {
     QWidget *right = new QWidget;
 };
 
-TEST_F(SplitViewTest, GivesTheFirstPaneTheWidthUpToTheDivider)
+TEST_F(SplitViewTest, TheFirstPaneEndsAtTheDivider)
 {
     EXPECT_EQ(left->geometry(), QRect(0, 0, 100, 100));
     EXPECT_EQ(right->geometry(), QRect(101, 0, 300, 100));
 }
 
-TEST_F(SplitViewTest, FromRightToLeftTheFirstPaneStandsOnTheRight)
+TEST_F(SplitViewTest, InRightToLeftLayoutsTheFirstPaneIsOnTheRight)
 {
     view.setLayoutDirection(Qt::RightToLeft);
     EXPECT_EQ(left->geometry(), QRect(301, 0, 100, 100));
@@ -51,7 +51,7 @@ TEST_F(SplitViewTest, ThePageKeysMakeTheFirstPaneWiderAndNarrower)
     EXPECT_EQ(view.dividerPosition(), 100);
 }
 
-TEST_F(SplitViewTest, DraggingTheDividerMovesItInBothDirectionsOfReading)
+TEST_F(SplitViewTest, DraggingMovesTheDividerInBothLayoutDirections)
 {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         view.setLayoutDirection(direction);

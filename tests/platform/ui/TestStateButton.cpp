@@ -69,7 +69,7 @@ TEST(StateButton, KeyboardPressesTheButton)
     EXPECT_EQ(button.state(), 1);
 }
 
-TEST(StateButton, ImageDimsWhenDisabledUnlessToldNotTo)
+TEST(StateButton, ImageDimsWhenDisabledUnlessSwitchedOff)
 {
     StateButton button;
     button.setImage(NamedImage(u"SeekForward"_s));
@@ -81,11 +81,11 @@ TEST(StateButton, ImageDimsWhenDisabledUnlessToldNotTo)
     EXPECT_EQ(drawn(button), enabled);
 }
 
-TEST(StateButton, PushInShowsThePressAndNoneDoesNot)
+TEST(StateButton, OnlyPushInShowsAPress)
 {
     StateButton button;
     button.setImage(NamedImage(u"LoopButton1"_s));
-    button.setGround(StateButton::Ground::Round);
+    button.setBackground(StateButton::Background::Round);
     button.resize(40, 40);
     const QImage plain = drawn(button);
     button.setHighlighted(true);
@@ -94,17 +94,17 @@ TEST(StateButton, PushInShowsThePressAndNoneDoesNot)
     EXPECT_EQ(drawn(button), plain);
 }
 
-TEST(StateButton, GroundsAreDrawnInTheirColours)
+TEST(StateButton, BackgroundsAreDrawnInTheirColours)
 {
     StateButton button;
     button.resize(40, 40);
     for (const qreal ratio : {1.0, 2.0}) {
-        button.setGround(StateButton::Ground::RoundAccent);
+        button.setBackground(StateButton::Background::RoundAccent);
         const QImage accent = drawn(button, ratio);
         EXPECT_EQ(accent.pixelColor(accent.width() / 2, accent.height() / 2),
                   lyrabox::Theme::accent);
-        EXPECT_EQ(accent.pixelColor(1, 1), QColor(Qt::white)) << "the corner lies outside the disc";
-        button.setGround(StateButton::Ground::None);
+        EXPECT_EQ(accent.pixelColor(1, 1), QColor(Qt::white)) << "the corner is outside the disc";
+        button.setBackground(StateButton::Background::None);
         EXPECT_EQ(drawn(button, ratio).pixelColor(20, 20), QColor(Qt::white));
     }
 }
@@ -114,25 +114,25 @@ TEST(StateButton, StateIsAnnouncedToAssistivePrograms)
     StateButton button;
     button.setAllowsMixedState(true);
     button.setStateTexts(u"Loop off"_s, u"Loop start marked"_s, u"Looping"_s);
-    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
-    ASSERT_NE(face, nullptr);
-    EXPECT_EQ(face->role(), QAccessible::Button);
-    EXPECT_EQ(face->text(QAccessible::Name), u"Loop off"_s);
-    EXPECT_TRUE(face->state().checkable);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Button);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Loop off"_s);
+    EXPECT_TRUE(accessible->state().checkable);
     button.click();
-    EXPECT_EQ(face->text(QAccessible::Name), u"Loop start marked"_s);
-    EXPECT_TRUE(face->state().checkStateMixed);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Loop start marked"_s);
+    EXPECT_TRUE(accessible->state().checkStateMixed);
     button.click();
-    EXPECT_EQ(face->text(QAccessible::Name), u"Looping"_s);
-    EXPECT_TRUE(face->state().checked);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Looping"_s);
+    EXPECT_TRUE(accessible->state().checked);
     EXPECT_EQ(button.toolTip(), u"Looping"_s);
 }
 
-TEST(StateButton, AMomentaryPressIsSentAndChangesNoState)
+TEST(StateButton, AMomentaryPressIsSentWithoutAStateChange)
 {
     StateButton button;
     const QSignalSpy clicked(&button, &StateButton::clicked);
-    const QSignalSpy changed(&button, &StateButton::stateChanged); // what is announced
+    const QSignalSpy changed(&button, &StateButton::stateChanged);
     button.click();
     EXPECT_EQ(clicked.count(), 1);
     EXPECT_EQ(changed.count(), 0);
@@ -143,12 +143,12 @@ TEST(StateButton, AssistiveProgramsPressTheButton)
 {
     StateButton button;
     const QSignalSpy clicked(&button, &StateButton::clicked);
-    QAccessibleInterface *face = QAccessible::queryAccessibleInterface(&button);
-    ASSERT_NE(face, nullptr);
-    ASSERT_NE(face->actionInterface(), nullptr);
-    ASSERT_TRUE(
-        face->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
-    face->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(accessible, nullptr);
+    ASSERT_NE(accessible->actionInterface(), nullptr);
+    ASSERT_TRUE(accessible->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::pressAction()));
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(clicked.count(), 1);
 }
 

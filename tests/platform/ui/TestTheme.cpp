@@ -42,7 +42,7 @@ TEST(Theme, SharedColours)
     EXPECT_NEAR(Theme::lineGray.blueF(), 0.7804F, 1e-4F);
 }
 
-TEST(Theme, TextIsReadableOnEveryGround)
+TEST(Theme, TextIsReadableOnEveryBackground)
 {
     for (const QColor &ground : {Theme::window, Theme::surface, Theme::sidebar}) {
         EXPECT_GE(contrast(Theme::text, ground), 4.5);
@@ -59,13 +59,13 @@ TEST(Theme, TextSizesAreInPointsOfTheInterface)
     EXPECT_EQ(uiFont(12.0).pixelSize(), 12);
 }
 
-TEST(Theme, TheHeightOfALineIsCloseToThatOfItsFont)
+TEST(Theme, TheLineHeightIsCloseToThatOfTheFont)
 {
     for (const double points : {11.0, 13.0, 16.0, 22.0})
         EXPECT_NEAR(uiLineHeight(points), QFontMetricsF(uiFont(points)).height(), 2.0) << points;
 }
 
-TEST(Theme, TypefaceIsHelveticaWhereItIsInstalledElseAnInstalledOne)
+TEST(Theme, TypefaceIsHelveticaOrAnInstalledRelative)
 {
     const QString family = uiFont(12.0).family();
     if (QFontDatabase::hasFamily(u"Helvetica"_s))
