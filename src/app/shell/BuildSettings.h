@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Addresses that whoever builds the program sets (CMake: LYRABOX_SUPPORT_ADDRESS, LYRABOX_WEBSITE,
-/// LYRABOX_UPDATE_FEED).
+/// Addresses that are set when the program is built (CMake: LYRABOX_SUPPORT_ADDRESS,
+/// LYRABOX_WEBSITE, LYRABOX_UPDATE_FEED). Any thread.
 namespace lyrabox {
 
 QString supportAddress();

@@ -25,7 +25,7 @@ bool isUrl(const QByteArray &argument)
 QUrl urlOfPath(const QByteArray &path, const QByteArray &workingFolder)
 {
     const QByteArray absolute = path.startsWith('/') ? path : workingFolder + '/' + path;
-    // Latin 1 keeps every byte as it is.
+    // Latin-1 maps every byte to one character and back.
     const QByteArray clean = QDir::cleanPath(QString::fromLatin1(absolute)).toLatin1();
     const QString text = QFile::decodeName(clean);
     return QFile::encodeName(text) == clean
@@ -58,7 +58,7 @@ CommandLine readCommandLine(const QList<QByteArray> &arguments, const QByteArray
             else if (argument == "--version" || argument == "-v")
                 return {.task = CommandLine::Task::ShowVersion, .urls = {}, .unknownOption = {}};
             else if (line.task == CommandLine::Task::Run) {
-                line.task = CommandLine::Task::Complain;
+                line.task = CommandLine::Task::ReportUnknownOption;
                 line.unknownOption = QString::fromLocal8Bit(argument);
             }
         } else if (!argument.isEmpty()) {

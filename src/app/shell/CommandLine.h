@@ -7,29 +7,29 @@
 
 namespace lyrabox {
 
-/// What the program was started with.
+/// The parsed command line.
 struct CommandLine {
     enum class Task {
         Run,
         ShowHelp,
         ShowVersion,
-        Complain, ///< about `unknownOption`
+        ReportUnknownOption, ///< `unknownOption` holds it
     };
     Task task = Task::Run;
-    /// Files and folders to open, absolute; also URLs that are not on this machine.
+    /// The files and folders to open, as absolute URLs. URLs on other machines are kept.
     QList<QUrl> urls;
-    QString unknownOption;
+    QString unknownOption; ///< the first one; empty if there is none
 };
 
-/// Reads `arguments`, the program's name not among them. A relative path counts from
-/// `workingFolder`, and without one from the root. Paths are bytes; those that are no UTF-8 stay as
-/// they are in the URL.
+/// Parses `arguments`, which do not contain the program's name. Relative paths are resolved against
+/// `workingFolder`, or against the root if it is empty. Paths are bytes; bytes that are not UTF-8
+/// are kept in the URL. Any thread.
 CommandLine readCommandLine(const QList<QByteArray> &arguments, const QByteArray &workingFolder);
 
-/// The same of main()'s arguments and the process's own folder.
+/// Parses the arguments of main(). Uses the current folder of the process.
 CommandLine readCommandLine(int argc, const char *const *argv);
 
-/// `--help`'s text, and `--version`'s. Both end with a line break.
+/// The texts of `--help` and `--version`. Both end with a line break.
 QString commandLineHelp();
 QString versionText();
 

@@ -9,11 +9,13 @@ class QAbstractScrollArea;
 
 namespace lyrabox {
 
-/// Lets a view take local files dropped from the file manager. It lives as long as the view.
+/// Lets a view accept local files dropped from the file manager. Main thread.
 class FileDrop : public QObject {
     Q_OBJECT
 
 public:
+    /// `view` owns the object. `dropped` is called with the local files of each drop; other URLs
+    /// are left out, and a drop without local files is refused.
     FileDrop(QAbstractScrollArea *view, std::function<void(const QList<QUrl> &urls)> dropped);
 
 protected:

@@ -10,10 +10,10 @@ namespace lyrabox {
 
 namespace {
 
-/// A child of the window that it waits for. Gone once the work is done.
+/// Waits for the first paint event of its parent window, runs the work and deletes itself.
 class FirstPaint : public QObject {
 public:
-    FirstPaint(QWidget *window, std::function<void()> work, std::chrono::milliseconds patience)
+    FirstPaint(QWidget *window, std::function<void()> work, std::chrono::milliseconds timeout)
         : QObject(window), m_work(std::move(work))
     {
         window->installEventFilter(this);
@@ -22,12 +22,12 @@ public:
             deleteLater();
             m_work();
         });
-        m_timer.start(patience);
+        m_timer.start(timeout);
     }
 
     bool eventFilter(QObject *window, QEvent *event) override
     {
-        // The window is painted first and its children within the same event of the event loop.
+        // The children are painted within the same event, so the work waits for the next one.
         if (event->type() == QEvent::Paint) {
             window->removeEventFilter(this);
             m_timer.start(0);
@@ -42,10 +42,9 @@ private:
 
 } // namespace
 
-void afterFirstPaint(QWidget *window, std::function<void()> work,
-                     std::chrono::milliseconds patience)
+void afterFirstPaint(QWidget *window, std::function<void()> work, std::chrono::milliseconds timeout)
 {
-    new FirstPaint(window, std::move(work), patience);
+    new FirstPaint(window, std::move(work), timeout);
 }
 
 } // namespace lyrabox

@@ -7,10 +7,11 @@ class QWidget;
 
 namespace lyrabox {
 
-/// Calls `work` once, from the event loop: as soon as `window` has been painted, or after
-/// `patience` where it is not, as when it starts minimised. For what the first picture does not
-/// need and should not wait for. Never called when `window` is gone.
+/// Calls `work` once, from the event loop, as soon as `window` has been painted. Use it for work
+/// that the first picture does not need. A window may never be painted, for example if it starts
+/// minimised; then `work` is called after `timeout`. It is never called if `window` is destroyed
+/// first. Main thread.
 void afterFirstPaint(QWidget *window, std::function<void()> work,
-                     std::chrono::milliseconds patience = std::chrono::seconds(2));
+                     std::chrono::milliseconds timeout = std::chrono::seconds(2));
 
 } // namespace lyrabox

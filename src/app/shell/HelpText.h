@@ -4,10 +4,10 @@
 
 namespace lyrabox {
 
-/// The list of keys, plain text.
+/// The list of keys, as plain text in the user's language.
 QString keysHelpText();
 
-/// Name, version and licence, plain text.
+/// Version and licence, as plain text in the user's language.
 QString aboutText();
 
 } // namespace lyrabox

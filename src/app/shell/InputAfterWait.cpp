@@ -21,7 +21,7 @@ constexpr auto reactionTime = 100ms;
 InputAfterWait::InputAfterWait(StateButton *playButton, QWidget *songs, ProgressClock clock)
     : m_songs(songs), m_clock(std::move(clock)), m_stateBefore(playButton->state())
 {
-    // Queued: the press that begins the wait does not count as seen.
+    // Queued, so that the press that begins the wait does not count as seen.
     connect(
         playButton, &StateButton::stateChanged, this, [this](int state) { m_stateBefore = state; },
         Qt::QueuedConnection);
@@ -31,8 +31,8 @@ InputAfterWait::InputAfterWait(StateButton *playButton, QWidget *songs, Progress
             settle();
             return;
         }
-        // The event loop runs again. Whatever the user did meanwhile comes in its first round, be
-        // it before or behind this timer.
+        // The event loop runs again. All input from the wait arrives in its first round, before or
+        // after this timer.
         m_busy = !std::exchange(m_hasRun, true);
         if (m_busy) {
             m_settleTimer.start(0ms);
@@ -45,10 +45,10 @@ InputAfterWait::InputAfterWait(StateButton *playButton, QWidget *songs, Progress
 
 InputAfterWait::~InputAfterWait() = default;
 
-void InputAfterWait::waiting(Work work)
+void InputAfterWait::noteWork(Work work)
 {
     if (!m_songs->isVisible())
-        return; // starting up: nobody can have done anything
+        return; // starting up: there cannot be any input yet
     if (!isFromWait()) {
         m_showedPlay = m_stateBefore == 0;
         m_listChanged = false;
@@ -110,16 +110,16 @@ bool InputAfterWait::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress: {
         const auto *key = static_cast<QKeyEvent *>(event);
-        const bool isSpent = m_dropsEscape && key->key() == Qt::Key_Escape;
-        if (!(isSpent || key->isAutoRepeat()) || !isFromWait())
+        const bool hasStoppedWork = m_dropsEscape && key->key() == Qt::Key_Escape;
+        if (!(hasStoppedWork || key->isAutoRepeat()) || !isFromWait())
             return false;
-        event->accept(); // no shortcut either
+        event->accept(); // so that no shortcut gets it either
         return true;
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
-        // No longer than it takes to handle what has come: the new list may be on the screen.
+        // Clicks are dropped only in the first round. After it, the new list may be on the screen.
         return m_listChanged && m_busy && isOnSongs(watched);
     default:
         return false;

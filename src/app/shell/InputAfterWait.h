@@ -14,48 +14,53 @@ namespace lyrabox {
 
 class StateButton;
 
-/// What the user does while the main thread loads a song or builds a list is handled when it is
-/// done, all at once, and was meant for what the screen showed before. This object knows which
-/// input that is, and what it means:
+/// Decides what to do with input that the user made while the main thread was busy.
 ///
-/// - A song picked is played once: of several the last, and not one that was being loaded anyway.
-/// - Play, pressed again because nothing was heard yet, stays Play. Where the button showed Pause
-///   when the wait began, every press counts as always.
-/// - What a held key repeated is dropped, Escape once it has stopped the work, and so is a click at
-/// a row of a list that was just being
-///   replaced; everything else is handled as it comes, in its order.
+/// While the main thread loads a song or builds a list it handles no events. Input made during this
+/// wait arrives in one burst afterwards, but refers to the old screen. This object knows which
+/// input that is, and treats it specially:
 ///
-/// Work that is too short to show its progress makes no such wait. Main thread.
+/// - If the user picked several songs, only the last one is played, and only once. A song that was
+///   just loaded is not loaded again.
+/// - If the user pressed Play again because there was no sound yet, the press still means Play. If
+///   the button showed Pause when the wait began, presses work as usual.
+/// - Repeats of a held key are dropped, and so is the Escape that stopped the work.
+/// - Clicks on a list that was being replaced are dropped.
+///
+/// All other input is handled as usual, in order. Work that is too short to show its progress does
+/// not count as a wait. Main thread.
 class InputAfterWait : public QObject {
     Q_OBJECT
 
 public:
-    /// `playButton` shows what a press of it would do; `songs` is the view of the list. Neither is
-    /// owned.
+    /// `playButton` is the button that plays and pauses; `songs` is the view of the song list.
+    /// Neither is owned; both must outlive the object. `clock` is replaced in tests.
     InputAfterWait(StateButton *playButton, QWidget *songs, ProgressClock clock = &monotonicTime);
     ~InputAfterWait() override;
 
-    /// What the main thread is busy with; told while it is.
+    /// What the main thread works on.
     enum class Work { Load, List };
-    void waiting(Work work);
 
-    /// Escape, pressed in this wait, has stopped the work: it is not delivered as well.
+    /// Call this repeatedly while the main thread is busy with `work`.
+    void noteWork(Work work);
+
+    /// Call this when Escape has stopped the work. The key press is then not delivered.
     void dropEscape() { m_dropsEscape = true; }
 
-    /// Whether what is handled now was done during the last wait. Until a tenth of a second after
-    /// it: nobody answers to its end sooner.
+    /// Whether input that is handled now was made during the last wait. True until a tenth of a
+    /// second after the wait, because nobody reacts to its end any faster.
     bool isFromWait() const;
 
-    /// Before a press of the play button is acted on: carries out what was picked before it, and
-    /// tells whether the press asks for playing whatever the button's state has become.
+    /// Call this before acting on a press of the play button. Plays the song that was picked before
+    /// the press, if any. Returns whether the press means Play, whatever the button's state is.
     bool pressMeansPlay();
 
-    /// The user picked `track`; `loaded` is the song that the player has now. `play` is called at
-    /// once, at the end of the wait's input, or never.
+    /// The user picked `track`. `loaded` is the song that the player has now; both may be null.
+    /// `play` is called at once, when the input of the wait has been handled, or never.
     void pick(const TrackRecordRef &track, const TrackRecordRef &loaded,
               std::function<void()> play);
 
-    /// Ends the wait's input; public for tests.
+    /// Ends the special treatment of input. Public for tests.
     void settle();
 
 protected:
@@ -67,16 +72,16 @@ private:
     QWidget *m_songs;
     ProgressClock m_clock;
     QTimer m_settleTimer;
-    bool m_busy = false;   ///< since the wait was told of, the event loop has not run a whole round
-    bool m_hasRun = false; ///< but it runs
+    bool m_busy = false;   ///< the event loop has not completed a round since noteWork()
+    bool m_hasRun = false; ///< the event loop has begun its first round
     bool m_listChanged = false;
     bool m_loaded = false;
-    bool m_showedPlay = false;
+    bool m_showedPlay = false; ///< the button showed Play when the wait began
     bool m_dropsEscape = false;
-    int m_stateBefore = 0; ///< of the button, before the event that is handled now
-    std::chrono::milliseconds m_end{};
-    bool m_settling = false;
-    std::function<void()> m_picked;
+    int m_stateBefore = 0;             ///< the play button's state before the current event
+    std::chrono::milliseconds m_end{}; ///< when input is new again
+    bool m_settling = false;           ///< input may still be from the wait
+    std::function<void()> m_picked;    ///< plays the song picked last
 };
 
 } // namespace lyrabox

@@ -18,11 +18,12 @@ namespace lyrabox {
 namespace {
 constexpr double minimumDividerPosition = 162.0;
 constexpr double maximumDividerPosition = 300.0;
-constexpr double leftPaneShareLimit = 0.25;
+constexpr double maximumLeftPaneShare = 0.25;
 
 void setWindowBackground(QWidget *window)
 {
-    // Laid over white: a see-through window needs a compositor, which not every desktop runs.
+    // The colour is blended with white. A translucent window would need a compositor, which not
+    // every desktop runs.
     const QColor color = windowBackgroundColor();
     const auto overWhite = [&color](float component) {
         return component * color.alphaF() + 1.0F - color.alphaF();
@@ -49,7 +50,7 @@ QColor windowBackgroundColor()
 
 int leftPaneWidthAfterResize(int currentWidth, int splitViewWidth)
 {
-    const double limit = splitViewWidth * leftPaneShareLimit;
+    const double limit = splitViewWidth * maximumLeftPaneShare;
     return currentWidth > limit ? static_cast<int>(limit) : currentWidth;
 }
 
@@ -80,8 +81,7 @@ void LB_AppDelegate::applicationDidFinishLaunching()
     lyrabox::setWindowBackground(m_mainWindow);
     lyrabox::setWindowBackground(m_eqWindow);
     m_transportView->setFocus();
-    // Neither window is in a list that the menu would make by itself: the two items are the only
-    // ones.
+    //
     connect(m_searchField, &lyrabox::SearchField::canceled, this,
             &LB_AppDelegate::searchFieldCanceled);
     connect(m_searchField, &QLineEdit::editingFinished, this,
@@ -126,8 +126,8 @@ void LB_AppDelegate::searchFieldCanceled(lyrabox::SearchField *sender)
 
 void LB_AppDelegate::controlTextDidEndEditing()
 {
-    // Focus that has gone to another control by itself stays there; only Return leaves it in the
-    // field.
+    // If the focus has moved to another control, it stays there. Only after Return is it still in
+    // the field.
     if (m_searchField->hasFocus())
         m_transportView->setFocus();
 }

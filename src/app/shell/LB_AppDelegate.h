@@ -14,19 +14,19 @@ class QMainWindow;
 namespace lyrabox {
 
 class SearchField;
-class SUUpdater;
 
-/// The background of both windows: 0xECF0F1, nearly opaque.
+/// The background of both windows: 0xECF0F1, at 95 % opacity.
 QColor windowBackgroundColor();
 
-/// The width of the left pane after a resize: kept, but never more than a quarter of the view.
+/// The width of the left pane after a resize: `currentWidth`, but at most a quarter of
+/// `splitViewWidth`. In device-independent pixels.
 int leftPaneWidthAfterResize(int currentWidth, int splitViewWidth);
 
 } // namespace lyrabox
 
-/// The hub of the two windows: their appearance at launch, the check marks of their menu items, the
-/// split view's limits, the keyboard after a search, and the links. Outlets are set once, before
-/// the launch notification, and are not owned.
+/// Handles what concerns both windows: their background at launch, the check marks of their menu
+/// items, the limits of the split view, the focus after a search, and the support links. Outlets
+/// are set once, before the launch notification, and are not owned. Main thread.
 class LB_AppDelegate : public QObject, public lyrabox::SplitViewDelegate {
     Q_OBJECT
 
@@ -48,10 +48,11 @@ public:
     QWidget *transportView() const { return m_transportView; }
     void setTransportView(QWidget *view) { m_transportView = view; }
 
-    /// Runs on the application-did-finish-launching notification.
+    /// Called by the application-did-finish-launching notification.
     void applicationDidFinishLaunching();
 
-    /// Both bring the window to the front and make it key; neither ever hides it.
+    /// Each brings its window to the front and makes it key. Neither ever hides it; see
+    /// docs/kept-on-purpose.md.
     void toggleMainWindow();
     void toggleEqWindow();
 
@@ -68,11 +69,12 @@ public:
     void emailSupport();
     void openWebsite();
 
-    /// Replaces what opens a URL; at first the desktop's own service.
+    /// For tests: replaces the function that opens a URL. At first the desktop's own service opens
+    /// it.
     void setURLOpener(std::function<bool(const QUrl &)> opener) { m_openURL = std::move(opener); }
 
 Q_SIGNALS:
-    /// The user closed the main window; the program ends with it.
+    /// The user closed the main window. The program ends with it.
     void mainWindowClosed();
 
 protected:

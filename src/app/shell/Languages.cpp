@@ -18,7 +18,7 @@ void install(QCoreApplication &application, const QString &file, const QString &
     if (translator->load(file, where))
         QCoreApplication::installTranslator(translator);
     else
-        delete translator; // the toolkit's own translations are a package of their own
+        delete translator; // the toolkit's own translations may not be installed
 }
 } // namespace
 
@@ -35,8 +35,8 @@ QStringList shippedLanguages()
 void installLanguage(QCoreApplication &application, const QLocale &locale)
 {
     const QStringList shipped = shippedLanguages();
-    for (const QString &wish : locale.uiLanguages()) {
-        const QString language = wish.section(u'-', 0, 0);
+    for (const QString &wanted : locale.uiLanguages()) {
+        const QString language = wanted.section(u'-', 0, 0);
         if (language == u"en"_s || language == u"C"_s)
             return;
         if (shipped.contains(language)) {

@@ -84,7 +84,7 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
 QMenu *MainMenu::addMenu(const QString &title)
 {
     QMenu *menu = m_window->menuBar()->addMenu(title);
-    // Assistive programs know the menu itself by a name of its own.
+    // Assistive programs use the name of the menu, not its title.
     menu->setAccessibleName(QString(title).remove(u'&'));
     return menu;
 }

@@ -22,7 +22,7 @@ namespace lyrabox {
 namespace {
 
 constexpr double microseconds = 1e6;
-constexpr double jump = 0.5e6; ///< microseconds
+constexpr double jumpThreshold = 0.5e6; ///< microseconds
 
 QStringList mimeTypes()
 {
@@ -37,10 +37,11 @@ qint64 timeOf(quint64 frames, const LB_AudioController &audio)
 
 } // namespace
 
-bool positionHasJumped(qint64 told, qint64 now, double rate, std::chrono::microseconds elapsed)
+bool positionHasJumped(qint64 reported, qint64 now, double rate, std::chrono::microseconds elapsed)
 {
-    const double expected = static_cast<double>(told) + static_cast<double>(elapsed.count()) * rate;
-    return std::abs(static_cast<double>(now) - expected) >= jump;
+    const double expected =
+        static_cast<double>(reported) + static_cast<double>(elapsed.count()) * rate;
+    return std::abs(static_cast<double>(now) - expected) >= jumpThreshold;
 }
 
 MediaPlayerBridge::MediaPlayerBridge(Player player, const QDBusConnection &bus)
@@ -122,8 +123,8 @@ void MediaPlayerBridge::update()
     using Playback = MediaPlayerState::Playback;
     m_inhibitor.setWanted(now.playback == Playback::Playing);
 
-    // A loop may have jumped since the position was looked at last; whoever is told of a new speed
-    // or a pause counts on from where the song is.
+    // A loop may have jumped back since the last look at the position. Clients continue from the
+    // position that they get with a new speed or a pause.
     const bool jumped =
         now.songNumber == before.songNumber && before.playback == Playback::Playing && hasJumped();
     m_service.setState(now);
@@ -144,19 +145,19 @@ void MediaPlayerBridge::songChanged()
 void MediaPlayerBridge::positionWasSet()
 {
     if (std::exchange(m_stopped, false) || m_updateTimer.isActive())
-        update(); // in the order in which it happened
+        update(); // publish the earlier changes first
     m_service.tellSeeked();
     rememberPosition();
 }
 
 void MediaPlayerBridge::watchPosition()
 {
-    const bool told = m_service.state().playback == MediaPlayerState::Playback::Playing;
-    if (m_player.audio->isRunning() != told) {
-        update(); // the output has stopped by itself
+    const bool reportedPlaying = m_service.state().playback == MediaPlayerState::Playback::Playing;
+    if (m_player.audio->isRunning() != reportedPlaying) {
+        update(); // the song has ended
         return;
     }
-    if (told && hasJumped()) {
+    if (reportedPlaying && hasJumped()) {
         m_service.tellSeeked();
         rememberPosition();
     }
@@ -165,14 +166,14 @@ void MediaPlayerBridge::watchPosition()
 bool MediaPlayerBridge::hasJumped() const
 {
     const auto elapsed = std::chrono::duration_cast<std::chrono::microseconds>(
-        std::chrono::steady_clock::now() - m_toldAt);
-    return positionHasJumped(m_toldPosition, position(), m_service.state().rate, elapsed);
+        std::chrono::steady_clock::now() - m_reportedAt);
+    return positionHasJumped(m_reportedPosition, position(), m_service.state().rate, elapsed);
 }
 
 void MediaPlayerBridge::rememberPosition()
 {
-    m_toldPosition = position();
-    m_toldAt = std::chrono::steady_clock::now();
+    m_reportedPosition = position();
+    m_reportedAt = std::chrono::steady_clock::now();
 }
 
 void MediaPlayerBridge::setPlaying(bool playing)

@@ -21,18 +21,20 @@ namespace lyrabox {
 
 class StateButton;
 
-/// Whether clients that let the position run on from `told`, at `rate`, for `elapsed`, are wrong
-/// about `now`, by half a second of song or more. Times in microseconds.
-bool positionHasJumped(qint64 told, qint64 now, double rate, std::chrono::microseconds elapsed);
+/// Whether MPRIS clients need a Seeked signal. Clients extrapolate the position from `reported`, at
+/// `rate` (1 is normal speed), over `elapsed`. Returns whether that differs from `now` by half a
+/// second of song or more. Positions are in microseconds.
+bool positionHasJumped(qint64 reported, qint64 now, double rate, std::chrono::microseconds elapsed);
 
-/// Between the player and the desktop: tells the desktop what plays, carries out what its media
-/// keys ask for, and keeps it awake while a song plays. A command that a control has as well works
-/// through the control. Main thread.
+/// Connects the player with the desktop: publishes what is playing over MPRIS, carries out commands
+/// of media keys, and keeps the desktop awake while a song plays. Commands that also have a control
+/// go through that control. Main thread.
 class MediaPlayerBridge : public QObject, public MediaPlayerCommands {
     Q_OBJECT
 
 public:
-    /// Who does what; none is owned, all outlive the bridge.
+    /// The objects and functions that carry out commands. None is owned; all must outlive the
+    /// bridge.
     struct Player {
         LB_AudioController *audio;
         LB_QueueController *queue;
@@ -66,10 +68,10 @@ public:
     void open(const QUrl &file) override;
     qint64 position() const override;
 
-    /// What the desktop is told.
+    /// What the bridge publishes on the session bus.
     MediaPlayerState currentState() const;
 
-    /// Tells the desktop now rather than when the event loop runs next.
+    /// Publishes changes now instead of in the next round of the event loop.
     void update();
 
 private:
@@ -84,12 +86,12 @@ private:
     ArtworkFile m_artwork;
     SleepInhibitor m_inhibitor;
     MprisService m_service;
-    QTimer m_updateTimer; ///< one song brings a dozen changes, which are told in one
+    QTimer m_updateTimer; ///< collects the dozen changes of a new song into one update
     quint64 m_songNumber = 0;
     bool m_artworkIsOld = false;
-    bool m_stopped = false; ///< by stop(): at the start and not to go on
-    qint64 m_toldPosition = 0;
-    std::chrono::steady_clock::time_point m_toldAt;
+    bool m_stopped = false; ///< stop() was called; the song is paused at its start
+    qint64 m_reportedPosition = 0;
+    std::chrono::steady_clock::time_point m_reportedAt;
 };
 
 } // namespace lyrabox

@@ -14,7 +14,7 @@ struct OpenText {
     Q_DECLARE_TR_FUNCTIONS(OpenText)
 };
 
-/// What a person calls it: the file's name, the whole URL when it has none.
+/// The name for messages: the file's name, or the whole URL if there is none.
 QString nameOf(const QUrl &url)
 {
     const QString name = url.isLocalFile() ? url.fileName() : QString();
@@ -46,7 +46,7 @@ OpenRequest classify(const QList<QUrl> &urls)
             continue;
         }
         const QString path = url.toLocalFile();
-        // A disk that does not answer must not hold up what is on others.
+        // A disk that does not answer must not delay the files on other disks.
         const Kind kind =
             files::askPatiently<Kind>(path, [path] { return kindOf(path); }).value_or(Kind::Closed);
         switch (kind) {

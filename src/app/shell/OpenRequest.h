@@ -7,29 +7,30 @@
 
 namespace lyrabox {
 
-/// What was given from outside to be opened, sorted out.
+/// Files and folders to open, from the command line, another process, a drop or the desktop.
 struct OpenRequest {
     enum class Refusal {
-        NotHere,    ///< not a file of this machine
-        Missing,    ///< there is none, or its name is no valid text
-        Unreadable, ///< it may not be read, or its disk does not answer
-        NotAudio,   ///< nothing here decodes it
+        NotHere,    ///< not a file on this machine
+        Missing,    ///< does not exist, or its name is not valid UTF-8
+        Unreadable, ///< no permission, or its disk does not answer
+        NotAudio,   ///< no decoder can read it
     };
-    /// One thing that is not opened, by the name that a person knows it by.
+    /// One item that is not opened, with its name for messages.
     struct Refused {
         QString name;
         Refusal reason;
     };
 
-    QList<QUrl> files;   ///< may be audio; in the order given
-    QList<QUrl> folders; ///< in the order given
+    QList<QUrl> files;   ///< possibly audio, in the given order
+    QList<QUrl> folders; ///< in the given order
     QList<Refused> refused;
 };
 
-/// Sorts out `urls`. Asks the file system what each is, and opens nothing.
+/// Groups `urls` by what they are. Looks at the file system, but opens nothing. A disk that does
+/// not answer delays the call by a few seconds at most. Main thread.
 OpenRequest classify(const QList<QUrl> &urls);
 
-/// Says what was refused, in one line; empty when nothing was.
+/// A message about refused items, in one line; empty if there are none.
 QString refusalText(const QList<OpenRequest::Refused> &refused);
 
 } // namespace lyrabox

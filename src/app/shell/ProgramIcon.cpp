@@ -6,7 +6,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-/// The drawings lie in a static library, from which nothing else would link them in.
+/// The drawings are in a static library. Without this reference the linker would drop them.
 static void linkIcons()
 {
     Q_INIT_RESOURCE(icons);
@@ -18,7 +18,7 @@ QIcon programIcon()
 {
     linkIcons();
     QSvgRenderer full(u":/icons/lyrabox.svg"_s);
-    QSvgRenderer small(u":/icons/lyrabox-small.svg"_s); // fewer parts, on whole pixels
+    QSvgRenderer small(u":/icons/lyrabox-small.svg"_s); // less detail, aligned to whole pixels
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
         QPixmap picture(size, size);

@@ -4,8 +4,8 @@
 
 namespace lyrabox {
 
-/// The program's own icon in the sizes that window managers ask for, drawn from the compiled-in
-/// drawings; nothing has to be installed. Needs the application object.
+/// The program's icon in the sizes that window managers use, rendered from compiled-in drawings. No
+/// installed file is needed. Requires the application object. Main thread.
 QIcon programIcon();
 
 } // namespace lyrabox

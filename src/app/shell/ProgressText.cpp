@@ -10,11 +10,12 @@ namespace lyrabox {
 
 namespace {
 
-/// Looks up texts with a plural form by a number.
+/// The translation context of these texts.
 struct Text {
     Q_DECLARE_TR_FUNCTIONS(ProgressText)
 };
 
+/// `number` as Qt takes it to choose a plural form.
 int plural(qint64 number)
 {
     return static_cast<int>(std::min<qint64>(number, std::numeric_limits<int>::max()));

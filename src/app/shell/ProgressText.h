@@ -4,7 +4,7 @@
 
 namespace lyrabox {
 
-/// "Reading songs: 120 of 5,000".
+/// "Reading songs: 120 of 5,000". All numbers here are formatted for the user's locale.
 QString listProgressText(qint64 done, qint64 found);
 
 /// "Searching folders: 1,200 files".
@@ -13,10 +13,10 @@ QString searchProgressText(qint64 found);
 /// "Skipping songs that cannot be loaded: 120 of 5,000".
 QString skipProgressText(qint64 done, qint64 total);
 
-/// `text`, and below it the key that stops what it tells of.
+/// `text` with a second line that names the key which stops the work.
 QString withStopHint(const QString &text);
 
-/// "Loading: 35 of 240 seconds"; without the total where it is 0, which stands for not known.
+/// "Loading: 35 of 240 seconds". A total of 0 is unknown and left out.
 QString loadProgressText(qint64 seconds, qint64 total);
 
 } // namespace lyrabox

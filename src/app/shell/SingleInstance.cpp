@@ -21,14 +21,14 @@ namespace lyrabox {
 
 namespace {
 
-constexpr int answerTime = 3000;
-constexpr int retryTime = 50;
-constexpr qsizetype largestMessage = 8 * 1024 * 1024; // more than a command line holds
+constexpr int answerTimeout = 3000;                       // milliseconds
+constexpr int retryInterval = 50;                         // milliseconds
+constexpr qsizetype maximumMessageSize = 8 * 1024 * 1024; // more than a command line holds
 const QByteArray acknowledgement = "ok";
 const QByteArray tokenMark = "activation-token ";
 
-/// A socket of this user's for this folder. Sockets have short names, so the folder is in it as a
-/// hash.
+/// The name of the socket of this user and this folder. Socket names must be short, so it contains
+/// a hash of the folder's path.
 QString socketName(const QString &folder)
 {
     const QByteArray hash =
@@ -63,34 +63,34 @@ SingleInstance::Request requestOf(const QByteArray &message)
     return request;
 }
 
-/// What the listener hands its requests to; on the listener's thread.
-using Taker = std::function<void(const SingleInstance::Request &request)>;
+/// Receives each request, on the listener's thread.
+using RequestHandler = std::function<void(const SingleInstance::Request &request)>;
 
-void receive(QLocalSocket *socket, const Taker &take)
+void receive(QLocalSocket *socket, const RequestHandler &handle)
 {
-    if (socket->bytesAvailable() > largestMessage) {
+    if (socket->bytesAvailable() > maximumMessageSize) {
         socket->abort();
         return;
     }
-    const QByteArray bytes = socket->peek(largestMessage);
+    const QByteArray bytes = socket->peek(maximumMessageSize);
     if (bytes != "\n" && !bytes.endsWith("\n\n"))
-        return; // more is to come
+        return; // the message is not complete yet
     socket->readAll();
-    take(requestOf(bytes));
+    handle(requestOf(bytes));
     socket->write(acknowledgement);
     socket->disconnectFromServer();
 }
 
-void serve(QLocalServer *server, const QString &name, const Taker &take)
+void serve(QLocalServer *server, const QString &name, const RequestHandler &handle)
 {
     server->setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(server, &QLocalServer::newConnection, server, [server, take] {
+    QObject::connect(server, &QLocalServer::newConnection, server, [server, handle] {
         QLocalSocket *socket = server->nextPendingConnection();
         QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         QObject::connect(socket, &QLocalSocket::readyRead, server,
-                         [socket, take] { receive(socket, take); });
+                         [socket, handle] { receive(socket, handle); });
     });
-    QLocalServer::removeServer(name); // what a killed process left
+    QLocalServer::removeServer(name); // a killed process may have left its socket
     if (!server->listen(name))
         qWarning("Other instances cannot reach this one: %s", qPrintable(server->errorString()));
 }
@@ -102,7 +102,7 @@ SingleInstance::SingleInstance(const QString &folder, QObject *parent)
       m_socketName(socketName(folder)),
       m_lock(QDir(folder).filePath(u".running"_s))
 {
-    m_lock.setStaleLockTime(0); // a lock is stale only when its process is gone
+    m_lock.setStaleLockTime(0); // a lock is stale only if its process is gone
     connect(this, &SingleInstance::requestArrived, this, &SingleInstance::handleRequests,
             Qt::QueuedConnection);
 }
@@ -118,7 +118,8 @@ SingleInstance::Role SingleInstance::claim(const Request &request)
 {
     QElapsedTimer clock;
     clock.start();
-    // The first may be on its way in or out: the lock is tried as often as the socket.
+    // The first process may be starting or ending, so both the lock and the socket are tried
+    // repeatedly.
     do {
         if (m_lock.tryLock(0) || m_lock.error() == QLockFile::PermissionError) {
             listen();
@@ -126,8 +127,8 @@ SingleInstance::Role SingleInstance::claim(const Request &request)
         }
         if (ask(request))
             return Role::Second;
-        QThread::msleep(retryTime);
-    } while (!clock.hasExpired(answerTime));
+        QThread::msleep(retryInterval);
+    } while (!clock.hasExpired(answerTimeout));
     return Role::Unanswered;
 }
 
@@ -139,7 +140,7 @@ void SingleInstance::setHandler(std::function<void(const Request &request)> hand
 
 void SingleInstance::listen()
 {
-    const Taker take = [this](const Request &request) {
+    const RequestHandler handle = [this](const Request &request) {
         {
             const std::lock_guard lock(m_mutex);
             m_requests.push_back(request);
@@ -147,11 +148,11 @@ void SingleInstance::listen()
         Q_EMIT requestArrived();
     };
     const auto listening = std::make_shared<std::promise<void>>();
-    m_thread = startThread([this, take, listening] {
+    m_thread = startThread([this, handle, listening] {
         QEventLoop loop;
         auto *server = new QLocalServer;
         QObject::connect(server, &QObject::destroyed, &loop, &QEventLoop::quit);
-        serve(server, m_socketName, take);
+        serve(server, m_socketName, handle);
         {
             const std::lock_guard lock(m_mutex);
             m_listener = server;
@@ -162,7 +163,7 @@ void SingleInstance::listen()
     if (m_thread.joinable())
         listening->get_future().wait();
     else
-        serve(new QLocalServer(this), m_socketName, take); // no thread to be had
+        serve(new QLocalServer(this), m_socketName, handle); // the system gives no thread
 }
 
 void SingleInstance::handleRequests()
@@ -182,10 +183,10 @@ bool SingleInstance::ask(const Request &request) const
 {
     QLocalSocket socket;
     socket.connectToServer(m_socketName);
-    if (!socket.waitForConnected(retryTime))
+    if (!socket.waitForConnected(retryInterval))
         return false;
     socket.write(message(request));
-    return socket.waitForReadyRead(answerTime) && socket.readAll() == acknowledgement;
+    return socket.waitForReadyRead(answerTimeout) && socket.readAll() == acknowledgement;
 }
 
 } // namespace lyrabox

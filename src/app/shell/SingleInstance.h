@@ -12,42 +12,45 @@
 
 namespace lyrabox {
 
-/// Sees to it that one process per settings folder runs: the first holds a lock in the folder and
-/// listens; a later one asks it to come to the front, hands over what it was to open, and ends.
+/// Makes sure that only one process per settings folder runs. The first process holds a lock in the
+/// folder and listens on a local socket. A later process asks the first one to come to the front,
+/// sends it the files to open, and ends.
 ///
-/// The first listens on a thread of its own. It answers as soon as it has the whole request, also
-/// while its main thread loads a song or builds a list; the main thread opens the files afterwards.
+/// The first process listens on its own thread. It answers as soon as it has received a request,
+/// even while its main thread is busy; the main thread opens the files later. All functions: main
+/// thread.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
     enum class Role {
-        First,      ///< go on; this process holds the lock
-        Second,     ///< end; the first one has been asked
-        Unanswered, ///< end; the first one does not answer, and what was to be opened is not
+        First,      ///< continue: this process holds the lock
+        Second,     ///< end: the first process has accepted the request
+        Unanswered, ///< end: the first process does not answer, and nothing was opened
     };
 
-    /// `folder` is the settings folder, which exists. Where it cannot be written to, every process
-    /// counts as the first: nothing can be written there twice either.
+    /// `folder` is the path of the settings folder, which must exist. If it is not writable, every
+    /// process counts as the first, since none can write settings there.
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
     ~SingleInstance() override;
 
-    /// What a start asks the first process for.
+    /// What a start asks of the first process.
     struct Request {
-        QList<QUrl> urls;        ///< to open
-        QString activationToken; ///< lets the first come to the front; empty where there is none
+        QList<QUrl> urls;        ///< To open.
+        QString activationToken; ///< Lets the first process raise its window. May be empty.
         bool operator==(const Request &) const = default;
     };
 
-    /// Becomes the first, or asks the first. Blocks for 3 s at most.
+    /// Becomes the first process, or sends `request` to the first process. Blocks for about 3 s at
+    /// most.
     Role claim(const Request &request = {});
 
-    /// What the first process does when another one asks; called on this object's thread. Requests
-    /// until then are kept for it.
+    /// Sets the function that handles requests of other processes. It is called on the main thread.
+    /// Requests that arrived earlier are handled at once.
     void setHandler(std::function<void(const Request &request)> handler);
 
 Q_SIGNALS:
-    /// A request has come; sent by the listener's thread.
+    /// A request has arrived. Sent by the listener's thread.
     void requestArrived();
 
 private:
@@ -59,9 +62,9 @@ private:
     QLockFile m_lock;
     std::function<void(const Request &request)> m_handler;
     std::mutex m_mutex;
-    std::vector<Request> m_requests; ///< under the mutex: not handled yet
-    QObject *m_listener = nullptr;   ///< under the mutex: deleting it later ends its thread
-    std::jthread m_thread;           ///< the listener's; joined before the rest goes
+    std::vector<Request> m_requests; ///< Guarded by the mutex; not handled yet.
+    QObject *m_listener = nullptr;   ///< Guarded by the mutex; deleteLater() ends its thread.
+    std::jthread m_thread;           ///< The listener's; last, so that it is joined first.
 };
 
 } // namespace lyrabox

@@ -17,8 +17,7 @@ struct UpdateDialog {
     Q_DECLARE_TR_FUNCTIONS(UpdateDialog)
 };
 
-/// None of the dialogs blocks: a check that runs by itself must not stop the music or the other
-/// windows.
+/// Shows `dialog` without blocking. An automatic check must not stop the other windows.
 void open(QDialog *dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -35,7 +34,7 @@ SUUpdater::Presenter updateDialogs(QWidget *parent, std::function<bool(const QUr
         auto *box = new QMessageBox(QMessageBox::Information, UpdateDialog::tr("Updates"), message,
                                     QMessageBox::Ok, parent);
         box->setInformativeText(detail);
-        // The detail too: it may hold what a server said.
+        // The detail may contain text from a server, so all labels show plain text.
         for (QLabel *label : box->findChildren<QLabel *>())
             label->setTextFormat(Qt::PlainText);
         open(box);

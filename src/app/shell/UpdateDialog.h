@@ -6,8 +6,9 @@ class QWidget;
 
 namespace lyrabox {
 
-/// Shows what the updater finds in dialogs over `parent`. The release's page is opened by `openURL`
-/// when the user says so.
+/// A presenter that shows the updater's results in non-blocking dialogs over `parent`. `openURL`
+/// opens the release's web page when the user asks for it. `parent` must outlive the presenter.
+/// Main thread.
 SUUpdater::Presenter updateDialogs(QWidget *parent, std::function<bool(const QUrl &)> openURL);
 
 } // namespace lyrabox

@@ -14,7 +14,7 @@ namespace lyrabox::windowMemory {
 namespace {
 
 const QString dividerKey = u"dividerPosition"_s;
-constexpr int firstDividerPosition = 228;
+constexpr int defaultDividerPosition = 228;
 
 QString geometryKey(const QString &name)
 {
@@ -70,7 +70,7 @@ void saveWindow(const QWidget *window, const QString &name, bool knowsPlace)
 
 void restoreDivider(SplitView *view)
 {
-    view->setDividerPosition(userDefaults().value(dividerKey, firstDividerPosition).toInt());
+    view->setDividerPosition(userDefaults().value(dividerKey, defaultDividerPosition).toInt());
 }
 
 void saveDivider(const SplitView *view)

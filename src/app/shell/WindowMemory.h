@@ -11,24 +11,24 @@ namespace lyrabox {
 
 class SplitView;
 
-/// Remembers sizes, positions, the divider and the column layout from run to run, in user defaults
-/// of their own.
+/// Saves the geometry of windows, the divider and the columns to the user defaults, and restores
+/// it. `name` is the prefix of the keys. Main thread.
 namespace windowMemory {
 
-/// Gives the window the place and the size that it had; where it was never shown, or its screen is
-/// gone, it stays as it is. Returns whether it was moved.
+/// Restores the geometry of the window and returns true. Returns false and changes nothing if none
+/// was saved or its screen is gone.
 bool restoreWindow(QWidget *window, const QString &name);
 
-/// Remembers place and size. A program that does not know its place (see programPlacesWindows())
-/// remembers the size alone, and a place that was remembered before stays.
+/// Saves position and size. A program that does not know its position (see programPlacesWindows())
+/// saves the size alone, and a position that was saved earlier stays.
 void saveWindow(const QWidget *window, const QString &name,
                 bool knowsPlace = programPlacesWindows());
 
 void restoreDivider(SplitView *view);
 void saveDivider(const SplitView *view);
 
-/// The widths of the columns that the user can resize. A layout of another number of columns is
-/// ignored.
+/// The widths of the columns that the user can resize. Saved widths for another number of columns
+/// are ignored.
 void restoreColumns(QHeaderView *header, const QString &name);
 void saveColumns(const QHeaderView *header, const QString &name);
 

@@ -35,8 +35,8 @@ namespace {
 constexpr int exitWrongUse = 2;
 constexpr std::chrono::seconds busPatience(2);
 
-/// Says to the user of a file manager as well as to that of a terminal that a process which is
-/// there does not answer.
+/// Reports that another process runs but does not answer, both on the terminal and in an alert,
+/// because the program may have been started from either.
 int reportUnresponsiveInstance()
 {
     const QString text =
@@ -47,8 +47,8 @@ int reportUnresponsiveInstance()
     return EXIT_FAILURE;
 }
 
-/// What is to be ended in order when the toolkit ends the process by exit(), as it does when the
-/// display server has died.
+/// Terminated in order if the toolkit ends the process with exit(), for example after the display
+/// server has died.
 lyrabox::Composition *runningComposition = nullptr;
 
 void terminateComposition()
@@ -59,10 +59,10 @@ void terminateComposition()
 
 } // namespace
 
-/// Starts the program, or hands its command line over to the process that runs already.
+/// Starts the program, or hands its command line over to the running process.
 int main(int argc, char **argv)
 {
-    // Help and version need no display, and everything else is for later.
+    // Help and version need no display.
     const CommandLine::Task task = lyrabox::readCommandLine(argc, argv).task;
     if (task == CommandLine::Task::ShowHelp || task == CommandLine::Task::ShowVersion) {
         QCoreApplication application(argc, argv);
@@ -73,13 +73,13 @@ int main(int argc, char **argv)
     }
 
     const std::jthread fonts(&lyrabox::readFontConfiguration);
-    // The toolkit would wait for a bus that hangs.
+    // The toolkit would wait for a bus that does not answer.
     if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busPatience))
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     const QString activationToken = lyrabox::takeActivationToken();
-    lyrabox::Application application(argc, argv); // takes the toolkit's own options out
+    lyrabox::Application application(argc, argv); // removes the toolkit's own options
     const CommandLine line = lyrabox::readCommandLine(argc, argv);
-    if (line.task == CommandLine::Task::Complain) {
+    if (line.task == CommandLine::Task::ReportUnknownOption) {
         std::fprintf(stderr, "lyrabox: unknown option %s\n%s", qPrintable(line.unknownOption),
                      qPrintable(lyrabox::commandLineHelp()));
         return exitWrongUse;
@@ -89,8 +89,8 @@ int main(int argc, char **argv)
     QApplication::setDesktopFileName(QStringLiteral("org.lyrabox.Lyrabox"));
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
 
-    // Modules are loaded one at a time: first that of the output, for which the windows wait, and
-    // then, where songs are opened before there is a picture, that of the decoders.
+    // Modules are loaded one after the other. The windows wait for the output module, so it comes
+    // first. The decoders follow here only if songs will be opened before the first picture.
     const bool opensSongs =
         !line.urls.isEmpty() ||
         !lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath).toString().isEmpty();
@@ -102,7 +102,7 @@ int main(int argc, char **argv)
     lyrabox::installLanguage(application);
     lyrabox::applyApplicationTheme();
 
-    // The settings themselves tell when the folder cannot be made.
+    // If the folder cannot be created, the settings controller reports it.
     const lyrabox::SettingsFolder folder = lyrabox::makeSettingsFolder();
     lyrabox::SingleInstance instance(folder.isThere() ? folder.url->toLocalFile() : QString());
     switch (instance.claim({.urls = line.urls, .activationToken = activationToken})) {
@@ -114,7 +114,8 @@ int main(int argc, char **argv)
         return reportUnresponsiveInstance();
     }
 
-    // The connection to the sound server takes as long as the windows, which are built meanwhile.
+    // Connecting to the sound server takes as long as building the windows, so both happen in
+    // parallel.
     std::future<lyrabox::Status> engine =
         std::async(std::launch::async, &lyrabox::engine::buildAudioSystem);
     bool hasSound = true;
@@ -124,8 +125,8 @@ int main(int argc, char **argv)
         QApplication::setWindowIcon(lyrabox::programIcon());
         show(text, suggestion);
     };
-    // Not quit(), which does nothing while only the alert runs an event loop, and asks every
-    // window.
+    // exit() rather than quit(). quit() asks every window first, and does nothing if only the alert
+    // runs an event loop.
     const lyrabox::TerminationSignals signals_([] { QApplication::exit(); });
     lyrabox::Composition composition;
     auto audio = std::make_unique<LB_AudioController>(fatal, std::move(engine));
@@ -141,14 +142,14 @@ int main(int argc, char **argv)
                      });
     composition.launch();
     runningComposition = &composition;
-    const auto isOver = qScopeGuard([] { runningComposition = nullptr; });
+    const auto resetRunning = qScopeGuard([] { runningComposition = nullptr; });
     std::atexit(terminateComposition);
     lyrabox::exitWhenDisplayIsLost();
-    if (lyrabox::TerminationSignals::haveCome()) { // while no event loop ran that could be left
+    if (lyrabox::TerminationSignals::haveCome()) { // before there was an event loop to leave
         composition.terminate();
         return EXIT_SUCCESS;
     }
-    // Files may take long to open, and the window is to be seen meanwhile.
+    // Opening files may take long, so the window is shown first.
     lyrabox::afterFirstPaint(composition.mainWindow(), [&] {
         if (!activationToken.isEmpty())
             composition.bringToFront(activationToken);

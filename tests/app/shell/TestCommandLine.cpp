@@ -16,14 +16,14 @@ QByteArray urlOf(const QByteArray &argument, const QByteArray &folder = "/home/m
     return line.urls.size() == 1 ? line.urls.front().toEncoded() : QByteArray("none");
 }
 
-TEST(CommandLine, NothingGivenIsNothingToOpen)
+TEST(CommandLine, WithoutArgumentsNothingIsOpened)
 {
     const CommandLine line = readCommandLine(QList<QByteArray>{}, "/");
     EXPECT_EQ(line.task, Task::Run);
     EXPECT_TRUE(line.urls.isEmpty());
 }
 
-TEST(CommandLine, AbsolutePathsStayAndRelativeOnesCountFromTheWorkingFolder)
+TEST(CommandLine, RelativePathsAreResolvedAgainstTheWorkingFolder)
 {
     EXPECT_EQ(urlOf("/music/a.mp3"), "file:///music/a.mp3");
     EXPECT_EQ(urlOf("a.mp3"), "file:///home/me/a.mp3");
@@ -34,47 +34,47 @@ TEST(CommandLine, AbsolutePathsStayAndRelativeOnesCountFromTheWorkingFolder)
     EXPECT_EQ(urlOf("a.mp3", ""), "file:///a.mp3");
 }
 
-TEST(CommandLine, SpacesPercentSignsAndLineBreaksInANameSurvive)
+TEST(CommandLine, SpacesPercentSignsAndLineBreaksAreKept)
 {
     const QByteArray name = "/m/a b%20c#d?\ne;f\xc3\xbc.mp3";
     const CommandLine line = readCommandLine(QList<QByteArray>{name}, "/");
     ASSERT_EQ(line.urls.size(), 1);
     EXPECT_EQ(line.urls.front().toLocalFile(), QString::fromUtf8(name));
-    // Also on their way through text of one line.
+    // They also survive the conversion to text and back.
     const QByteArray encoded = line.urls.front().toEncoded();
     EXPECT_FALSE(encoded.contains('\n'));
     EXPECT_EQ(QUrl::fromEncoded(encoded).toLocalFile(), QString::fromUtf8(name));
 }
 
-TEST(CommandLine, BytesThatAreNoTextStayInTheUrl)
+TEST(CommandLine, BytesThatAreNotUtf8AreKeptInTheUrl)
 {
     EXPECT_EQ(urlOf("caf\xe9.mp3"), "file:///home/me/caf%E9.mp3");
 }
 
-TEST(CommandLine, UrlsAreTakenAsTheyAre)
+TEST(CommandLine, UrlsAreKeptUnchanged)
 {
     EXPECT_EQ(urlOf("file:///music/a%20b.mp3"), "file:///music/a%20b.mp3");
     EXPECT_EQ(urlOf("FILE:/music/a.mp3"), "file:///music/a.mp3");
     EXPECT_EQ(urlOf("https://lyrabox.example/a.mp3"), "https://lyrabox.example/a.mp3");
 }
 
-TEST(CommandLine, AUrlMayNameThisMachine)
+TEST(CommandLine, LocalhostIsThisMachine)
 {
     EXPECT_EQ(urlOf("file://localhost/music/a.mp3"), "file:///music/a.mp3");
 }
 
-TEST(CommandLine, APathWithAColonIsNoUrl)
+TEST(CommandLine, APathWithAColonIsNotAUrl)
 {
     EXPECT_EQ(QUrl::fromEncoded(urlOf("Suite: Prelude.mp3")),
               QUrl::fromLocalFile(u"/home/me/Suite: Prelude.mp3"_s));
 }
 
-TEST(CommandLine, EmptyArgumentsAreNothing)
+TEST(CommandLine, EmptyArgumentsAreIgnored)
 {
     EXPECT_TRUE(readCommandLine(QList<QByteArray>{""}, "/").urls.isEmpty());
 }
 
-TEST(CommandLine, HelpAndVersionAreAskedForAnywhere)
+TEST(CommandLine, HelpAndVersionWorkAtAnyPosition)
 {
     for (const char *option : {"-h", "--help"})
         EXPECT_EQ(readCommandLine(QList<QByteArray>{"a.mp3", option}, "/").task, Task::ShowHelp);
@@ -82,14 +82,14 @@ TEST(CommandLine, HelpAndVersionAreAskedForAnywhere)
         EXPECT_EQ(readCommandLine(QList<QByteArray>{"-x", option}, "/").task, Task::ShowVersion);
 }
 
-TEST(CommandLine, AnOptionThatDoesNotExistIsNamed)
+TEST(CommandLine, AnUnknownOptionIsReported)
 {
     const CommandLine line = readCommandLine(QList<QByteArray>{"--loud", "--quiet"}, "/");
-    EXPECT_EQ(line.task, Task::Complain);
+    EXPECT_EQ(line.task, Task::ReportUnknownOption);
     EXPECT_EQ(line.unknownOption, u"--loud"_s);
 }
 
-TEST(CommandLine, AfterTwoDashesEverythingIsAName)
+TEST(CommandLine, AfterTwoDashesEverythingIsAFileName)
 {
     const CommandLine line = readCommandLine(QList<QByteArray>{"--", "--help", "--", "-"}, "/m");
     EXPECT_EQ(line.task, Task::Run);

@@ -30,14 +30,14 @@ struct Dropping : testing::Test {
     FileDrop *target = new FileDrop(&view, [this](const QList<QUrl> &urls) { dropped = urls; });
 };
 
-TEST_F(Dropping, TakesLocalFilesInTheirOrder)
+TEST_F(Dropping, AcceptsLocalFilesInOrder)
 {
     const QList<QUrl> files{QUrl::fromLocalFile(u"/b.mp3"_s), QUrl::fromLocalFile(u"/a.mp3"_s)};
     EXPECT_TRUE(drop(files));
     EXPECT_EQ(dropped, files);
 }
 
-TEST_F(Dropping, LeavesOutWhatIsNotOnThisMachine)
+TEST_F(Dropping, LeavesOutUrlsOfOtherMachines)
 {
     const QUrl file = QUrl::fromLocalFile(u"/a.mp3"_s);
     EXPECT_TRUE(drop({QUrl(u"https://lyrabox.example/b.mp3"_s), file}));

@@ -14,7 +14,7 @@ using lyrabox::afterFirstPaint;
 
 namespace {
 
-/// Runs the event loop until `condition` holds, with a bound that only a failure reaches.
+/// Runs the event loop until `condition` holds. The time limit is reached only by a failure.
 template <typename Condition>
 bool waitFor(const Condition &condition)
 {
@@ -34,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST(FirstPaint, TheWorkIsDoneOnceAndAfterTheWindowWasPainted)
+TEST(FirstPaint, RunsTheWorkOnceAfterTheWindowWasPainted)
 {
     PaintedWindow window;
     int calls = 0;
@@ -56,7 +56,7 @@ TEST(FirstPaint, TheWorkIsDoneOnceAndAfterTheWindowWasPainted)
     EXPECT_EQ(calls, 1);
 }
 
-TEST(FirstPaint, TheWorkIsDoneForAWindowThatIsNeverPainted)
+TEST(FirstPaint, RunsTheWorkEvenIfTheWindowIsNeverPainted)
 {
     PaintedWindow window;
     int calls = 0;
@@ -67,7 +67,7 @@ TEST(FirstPaint, TheWorkIsDoneForAWindowThatIsNeverPainted)
     EXPECT_EQ(window.paints, 0);
 }
 
-TEST(FirstPaint, NothingIsDoneForAWindowThatIsGone)
+TEST(FirstPaint, DoesNothingIfTheWindowIsDestroyed)
 {
     int calls = 0;
     {

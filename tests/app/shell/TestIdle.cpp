@@ -10,7 +10,7 @@ using test::WholeProgram;
 
 namespace {
 
-/// Writes down which widgets are painted.
+/// Records which widgets are painted.
 struct PaintWatch : QObject {
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -32,7 +32,7 @@ TEST(IdleProgram, PaintsNothingAfterItsFirstPicture)
     QCoreApplication::processEvents();
     PaintWatch watch;
     qApp->installEventFilter(&watch);
-    // The bar looks at the player four times a second.
+    // The navigation bar polls the player four times a second.
     QSignalSpy ticks(window->findChild<LB_NavigationView *>()->refreshTimer(), &QTimer::timeout);
     while (ticks.count() < 4)
         ASSERT_TRUE(ticks.wait());

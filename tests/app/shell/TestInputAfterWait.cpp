@@ -31,7 +31,7 @@ protected:
         table.show();
     }
 
-    /// The event loop as it runs when the user does nothing.
+    /// Runs the event loop as it does when the user does nothing.
     static void settleEvents()
     {
         runOneRound();
@@ -65,7 +65,7 @@ protected:
     std::vector<int> played;
 };
 
-TEST_F(AfterWait, WithoutAWaitEverythingIsActedOnAtOnce)
+TEST_F(AfterWait, WithoutAWaitInputActsAtOnce)
 {
     EXPECT_FALSE(input.isFromWait());
     EXPECT_FALSE(input.pressMeansPlay());
@@ -74,9 +74,9 @@ TEST_F(AfterWait, WithoutAWaitEverythingIsActedOnAtOnce)
     EXPECT_EQ(played, (std::vector<int>{0, 0}));
 }
 
-TEST_F(AfterWait, OfSeveralSongsPickedTheLastIsPlayedOnce)
+TEST_F(AfterWait, OnlyTheLastOfSeveralPickedSongsIsPlayed)
 {
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     pick(0);
     pick(1);
     pick(2);
@@ -87,80 +87,80 @@ TEST_F(AfterWait, OfSeveralSongsPickedTheLastIsPlayedOnce)
     EXPECT_EQ(played.size(), 1U);
 }
 
-TEST_F(AfterWait, TheSongThatWasBeingLoadedIsNotLoadedAgain)
+TEST_F(AfterWait, TheSongThatWasJustLoadedIsNotLoadedAgain)
 {
     loaded = songs[1];
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     pick(1);
     input.settle();
     EXPECT_TRUE(played.empty());
 }
 
-TEST_F(AfterWait, GoingBackToTheSongThatWasBeingLoadedTakesBackTheOther)
+TEST_F(AfterWait, PickingTheLoadedSongAgainCancelsTheOtherPick)
 {
     loaded = songs[1];
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     pick(2);
     pick(1);
     input.settle();
     EXPECT_TRUE(played.empty());
 }
 
-TEST_F(AfterWait, ASongPickedWhileAListIsBuiltIsPlayedEvenIfItIsLoaded)
+TEST_F(AfterWait, ASongPickedDuringAListBuildIsPlayedEvenIfItIsLoaded)
 {
     loaded = songs[1];
-    input.waiting(Work::List);
+    input.noteWork(Work::List);
     pick(1);
     input.settle();
     EXPECT_EQ(played, (std::vector<int>{1}));
 }
 
-TEST_F(AfterWait, AWaitBeforeThereIsAWindowIsNone)
+TEST_F(AfterWait, WorkBeforeTheWindowIsShownIsNoWait)
 {
     table.hide();
-    input.waiting(Work::List);
+    input.noteWork(Work::List);
     EXPECT_FALSE(input.isFromWait());
 }
 
-TEST_F(AfterWait, PlayPressedAgainStaysPlay)
+TEST_F(AfterWait, PressingPlayAgainStillMeansPlay)
 {
-    input.waiting(Work::Load);
-    button.setState(1); // by the load
+    input.noteWork(Work::Load);
+    button.setState(1); // as the load does
     EXPECT_TRUE(input.pressMeansPlay());
     EXPECT_TRUE(input.pressMeansPlay());
     input.settle();
     EXPECT_FALSE(input.pressMeansPlay());
 }
 
-TEST_F(AfterWait, ThePressThatBeginsTheWaitHasShownPlay)
+TEST_F(AfterWait, ThePressThatBeginsTheWaitCountsAsPlay)
 {
-    button.setState(1); // by the press, which then loads
-    input.waiting(Work::Load);
+    button.setState(1); // as the press does, before it loads
+    input.noteWork(Work::Load);
     EXPECT_TRUE(input.pressMeansPlay());
 }
 
-TEST_F(AfterWait, WhereTheButtonShowedPauseAPressCountsAsAlways)
+TEST_F(AfterWait, IfTheButtonShowedPauseAPressWorksAsUsual)
 {
     button.setState(1);
     settleEvents();
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     EXPECT_FALSE(input.pressMeansPlay());
 }
 
-TEST_F(AfterWait, APressComesAfterTheSongPickedBeforeIt)
+TEST_F(AfterWait, ASongPickedBeforeAPressIsPlayedFirst)
 {
     button.setState(1);
     settleEvents();
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     pick(2);
     EXPECT_FALSE(input.pressMeansPlay());
     EXPECT_EQ(played, (std::vector<int>{2}));
 }
 
-TEST_F(AfterWait, ATenthOfASecondAfterTheWaitInputIsNewAgain)
+TEST_F(AfterWait, InputIsNewAgainATenthOfASecondAfterTheWait)
 {
-    input.waiting(Work::Load);
-    now += 5000ms; // however long it takes
+    input.noteWork(Work::Load);
+    now += 5000ms; // the length of the work does not matter
     EXPECT_TRUE(input.isFromWait());
     settleEvents(); // the wait is over
     now += 99ms;
@@ -169,35 +169,35 @@ TEST_F(AfterWait, ATenthOfASecondAfterTheWaitInputIsNewAgain)
     EXPECT_FALSE(input.isFromWait());
 }
 
-TEST_F(AfterWait, ASongPickedIsPlayedWithoutFurtherInput)
+TEST_F(AfterWait, APickedSongIsPlayedWithoutFurtherInput)
 {
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     pick(2);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !played.empty(); }));
 }
 
-TEST_F(AfterWait, RepeatsOfAHeldKeyAreDroppedAndFreshPressesAreNot)
+TEST_F(AfterWait, OnlyRepeatsOfAHeldKeyAreDropped)
 {
     QLineEdit field;
     EXPECT_TRUE(keyReaches(field, true));
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     EXPECT_FALSE(keyReaches(field, true));
     EXPECT_TRUE(keyReaches(field, false));
     input.settle();
     EXPECT_TRUE(keyReaches(field, true));
 }
 
-TEST_F(AfterWait, ARepeatedKeyIsNoShortcutEither)
+TEST_F(AfterWait, ARepeatedKeyTriggersNoShortcut)
 {
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     QLineEdit field;
     QKeyEvent key(QEvent::ShortcutOverride, Qt::Key_Minus, Qt::NoModifier, u"-"_s, true);
     key.ignore();
     QCoreApplication::sendEvent(&field, &key);
-    EXPECT_TRUE(key.isAccepted()); // taken as a key press, which is dropped
+    EXPECT_TRUE(key.isAccepted()); // so that it becomes a key press, which is dropped
 }
 
-TEST_F(AfterWait, AClickAtAListThatWasReplacedDoesNotReachTheNewOne)
+TEST_F(AfterWait, AClickOnAReplacedListDoesNotReachTheNewOne)
 {
     struct Watch : QObject {
         bool eventFilter(QObject *, QEvent *event) override
@@ -213,14 +213,14 @@ TEST_F(AfterWait, AClickAtAListThatWasReplacedDoesNotReachTheNewOne)
                           Qt::NoModifier);
         QCoreApplication::sendEvent(table.viewport(), &press);
     };
-    input.waiting(Work::Load);
+    input.noteWork(Work::Load);
     click();
     EXPECT_EQ(watch.presses, 1);
     input.settle();
-    input.waiting(Work::List);
+    input.noteWork(Work::List);
     click();
     EXPECT_EQ(watch.presses, 1);
-    runOneRound(); // what the user did may come behind the timers
+    runOneRound(); // input may arrive after the timers
     click();
     EXPECT_EQ(watch.presses, 1);
     runOneRound(); // the wait is over
@@ -228,7 +228,7 @@ TEST_F(AfterWait, AClickAtAListThatWasReplacedDoesNotReachTheNewOne)
     EXPECT_EQ(watch.presses, 2);
 }
 
-TEST_F(AfterWait, TheEscapeThatStoppedTheWorkIsNotDeliveredAsWell)
+TEST_F(AfterWait, TheEscapeThatStoppedTheWorkIsNotDelivered)
 {
     QWidget receiver;
     int presses = 0;
@@ -237,9 +237,9 @@ TEST_F(AfterWait, TheEscapeThatStoppedTheWorkIsNotDeliveredAsWell)
     receiver.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&receiver));
 
-    input.waiting(Work::List);
+    input.noteWork(Work::List);
     QTest::keyClick(&receiver, Qt::Key_Escape);
-    EXPECT_EQ(presses, 1) << "an Escape that stopped nothing is one as always";
+    EXPECT_EQ(presses, 1) << "an Escape that stopped nothing is delivered";
 
     input.dropEscape();
     QTest::keyClick(&receiver, Qt::Key_Escape);
@@ -248,9 +248,9 @@ TEST_F(AfterWait, TheEscapeThatStoppedTheWorkIsNotDeliveredAsWell)
     input.settle();
     QTest::keyClick(&receiver, Qt::Key_Escape);
     EXPECT_EQ(presses, 2);
-    input.waiting(Work::List);
+    input.noteWork(Work::List);
     QTest::keyClick(&receiver, Qt::Key_Escape);
-    EXPECT_EQ(presses, 3) << "the next wait begins anew";
+    EXPECT_EQ(presses, 3) << "the next wait starts afresh";
 }
 
 } // namespace

@@ -69,7 +69,7 @@ struct AppDelegate : testing::Test {
     QUrl opened;
 };
 
-TEST_F(AppDelegate, LaunchColoursBothWindowsAndGivesTheKeyboardToTheTransport)
+TEST_F(AppDelegate, LaunchColoursBothWindowsAndFocusesTheTransport)
 {
     launch();
     main.show();
@@ -83,7 +83,7 @@ TEST_F(AppDelegate, LaunchColoursBothWindowsAndGivesTheKeyboardToTheTransport)
     EXPECT_EQ(main.focusWidget(), transport);
 }
 
-TEST_F(AppDelegate, AtMostTheKeyWindowsItemIsChecked)
+TEST_F(AppDelegate, OnlyTheKeyWindowsItemIsChecked)
 {
     delegate.windowDidBecomeKey(&main);
     EXPECT_TRUE(mainItem.isChecked());
@@ -95,7 +95,7 @@ TEST_F(AppDelegate, AtMostTheKeyWindowsItemIsChecked)
     EXPECT_FALSE(eqItem.isChecked());
 }
 
-TEST_F(AppDelegate, SwitchingToAnotherApplicationUnchecksBothAndComingBackChecksTheKeyWindows)
+TEST_F(AppDelegate, CheckMarksFollowSwitchesBetweenApplications)
 {
     QEvent activate(QEvent::WindowActivate);
     QEvent deactivate(QEvent::WindowDeactivate);
@@ -109,12 +109,12 @@ TEST_F(AppDelegate, SwitchingToAnotherApplicationUnchecksBothAndComingBackChecks
     EXPECT_FALSE(eqItem.isChecked());
 }
 
-TEST_F(AppDelegate, TogglesOnlyBringAWindowForward)
+TEST_F(AppDelegate, TogglesOnlyBringAWindowToTheFront)
 {
     delegate.toggleEqWindow();
     EXPECT_TRUE(eq.isVisible());
     delegate.toggleEqWindow();
-    EXPECT_TRUE(eq.isVisible()) << "choosing the window that is in front never hides it";
+    EXPECT_TRUE(eq.isVisible()) << "toggling never hides the front window";
     delegate.toggleMainWindow();
     EXPECT_TRUE(main.isVisible());
     EXPECT_TRUE(eq.isVisible());
@@ -132,7 +132,7 @@ TEST_F(AppDelegate, OnlyClosingTheMainWindowIsAnnounced)
     EXPECT_EQ(closed, 1);
 }
 
-TEST_F(AppDelegate, DividerIsHeldBetweenItsLimits)
+TEST_F(AppDelegate, DividerStaysBetweenItsLimits)
 {
     split->setDividerPosition(50);
     EXPECT_EQ(split->dividerPosition(), 162);
@@ -142,7 +142,7 @@ TEST_F(AppDelegate, DividerIsHeldBetweenItsLimits)
     EXPECT_EQ(split->dividerPosition(), 200);
 }
 
-TEST_F(AppDelegate, ShrinkingTheSplitViewLimitsTheLeftPaneToAQuarterAndGrowingKeepsIt)
+TEST_F(AppDelegate, AResizeLimitsTheLeftPaneToAQuarter)
 {
     split->setDividerPosition(200);
     split->resize(600, 400);

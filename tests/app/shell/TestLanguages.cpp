@@ -32,7 +32,7 @@ void speakEnglish()
     }
 }
 
-/// A test in one language, named by its code; English again afterwards.
+/// Runs a test in one language, then switches back to English.
 class EveryLanguage : public testing::TestWithParam<const char *> {
 protected:
     EveryLanguage() { installLanguage(*qApp, QLocale(QLatin1String(GetParam()))); }
@@ -114,7 +114,7 @@ TEST(Languages, GermanSpanishFrenchAndJapaneseShip)
     EXPECT_EQ(shippedLanguages(), (QStringList{u"de"_s, u"es"_s, u"fr"_s, u"ja"_s}));
 }
 
-TEST(Languages, TheFilesHoldEveryTextOfTheSources)
+TEST(Languages, TheFilesContainEveryTextOfTheSources)
 {
     QProcess check;
     check.start(QLatin1String(LYRABOX_SOURCE_DIR) + u"/scripts/translations"_s, {u"--check"_s});
@@ -124,21 +124,21 @@ TEST(Languages, TheFilesHoldEveryTextOfTheSources)
                                    << check.readAllStandardError().toStdString();
 }
 
-TEST(Languages, ALanguageThatDoesNotShipLeavesEnglish)
+TEST(Languages, ALanguageWithoutATranslationStaysEnglish)
 {
     installLanguage(*qApp, QLocale(QLocale::Finnish));
     EXPECT_EQ(TrackCountTextTransformer::transformedValue(12), u"12 songs"_s);
     EXPECT_TRUE(qApp->findChildren<QTranslator *>().isEmpty());
 }
 
-TEST(Languages, ARegionalVariantSpeaksItsLanguage)
+TEST(Languages, ARegionalVariantUsesItsLanguage)
 {
     installLanguage(*qApp, QLocale(QLocale::German, QLocale::Austria));
     EXPECT_EQ(TrackCountTextTransformer::transformedValue(12), u"12 Titel"_s);
     speakEnglish();
 }
 
-TEST(Languages, FrenchCountsSongsInItsOwnPlurals)
+TEST(Languages, FrenchUsesItsOwnPluralForms)
 {
     installLanguage(*qApp, QLocale(QLocale::French));
     EXPECT_EQ(TrackCountTextTransformer::transformedValue(1), u"1 morceau"_s);
@@ -160,13 +160,13 @@ TEST_P(EveryTranslation, HasATextForEveryText)
     }
 }
 
-TEST_P(EveryLanguage, EveryMenuItemHasALetterOfItsOwn)
+TEST_P(EveryLanguage, EveryMenuItemHasItsOwnMnemonic)
 {
     const test::WholeProgram program;
     expectOwnMnemonics(test::WholeProgram::window(u"MainWindow"_s)->menuBar(), u"menu bar"_s);
 }
 
-TEST_P(EveryLanguage, TheWindowsAtTheirSmallestCutNothingOff)
+TEST_P(EveryLanguage, NoTextIsCutAtTheMinimumWindowSize)
 {
     const test::WholeProgram program;
     program.composition->launch();

@@ -1,4 +1,4 @@
-// The types that the menu entry claims, against files of those types and the reader.
+// The MIME types of the desktop entry, compared with files of these types and with the reader.
 
 #include "platform/decoding/AudioFileReader.h"
 #include "support/SampleAudio.h"
@@ -38,7 +38,7 @@ struct Kind {
 
 class MenuEntry : public testing::TestWithParam<Kind> {};
 
-TEST_P(MenuEntry, ClaimsWhatTheReaderOpens)
+TEST_P(MenuEntry, ListsTheTypesThatTheReaderOpens)
 {
     const Kind &kind = GetParam();
     const QString file = test::sampleFile({.extension = QLatin1String(kind.extension),

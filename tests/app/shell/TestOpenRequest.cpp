@@ -16,7 +16,7 @@ namespace {
 
 using Refusal = OpenRequest::Refusal;
 
-struct SortingOut : testing::Test {
+struct Classify : testing::Test {
     QUrl file(const QString &name)
     {
         QFile made(folder.filePath(name));
@@ -27,7 +27,7 @@ struct SortingOut : testing::Test {
     QTemporaryDir folder;
 };
 
-TEST_F(SortingOut, FilesAndFoldersKeepTheirOrder)
+TEST_F(Classify, FilesAndFoldersKeepTheirOrder)
 {
     const QUrl b = file(u"b.mp3"_s);
     const QUrl a = file(u"a.mp3"_s);
@@ -38,13 +38,13 @@ TEST_F(SortingOut, FilesAndFoldersKeepTheirOrder)
     EXPECT_TRUE(request.refused.isEmpty());
 }
 
-TEST_F(SortingOut, NamesWithPercentSignAndLineBreakAreFound)
+TEST_F(Classify, NamesWithPercentSignAndLineBreakAreFound)
 {
     const QUrl odd = file(u"100% a\nb.mp3"_s);
     EXPECT_EQ(classify({odd}).files, QList<QUrl>({odd}));
 }
 
-TEST_F(SortingOut, WhatDoesNotExistIsRefusedByItsName)
+TEST_F(Classify, AMissingFileIsRefusedByName)
 {
     const OpenRequest request = classify({QUrl::fromLocalFile(folder.filePath(u"gone.mp3"_s))});
     ASSERT_EQ(request.refused.size(), 1);
@@ -52,7 +52,7 @@ TEST_F(SortingOut, WhatDoesNotExistIsRefusedByItsName)
     EXPECT_EQ(refusalText(request.refused), u"There is no 'gone.mp3'"_s);
 }
 
-TEST_F(SortingOut, ANameThatIsNoTextIsRefused)
+TEST_F(Classify, ANameThatIsNotUtf8IsRefused)
 {
     const QByteArray name = folder.path().toLocal8Bit() + "/caf\xe9.mp3";
     FILE *made = std::fopen(name.constData(), "w");
@@ -66,7 +66,7 @@ TEST_F(SortingOut, ANameThatIsNoTextIsRefused)
     ::unlink(name.constData());
 }
 
-TEST_F(SortingOut, WhatMayNotBeReadIsRefused)
+TEST_F(Classify, AnUnreadableFileIsRefused)
 {
     const QUrl secret = file(u"secret.mp3"_s);
     files::setReadabilityProbe([](const QString &) { return false; });
@@ -76,7 +76,7 @@ TEST_F(SortingOut, WhatMayNotBeReadIsRefused)
     EXPECT_EQ(refusalText(request.refused), u"'secret.mp3' may not be read"_s);
 }
 
-TEST_F(SortingOut, WhatIsOnAnotherMachineIsRefused)
+TEST_F(Classify, AUrlOfAnotherMachineIsRefused)
 {
     const OpenRequest request = classify(
         {QUrl(u"https://lyrabox.example/a.mp3"_s), QUrl(u"file://elsewhere/music/b.mp3"_s)});
@@ -87,7 +87,7 @@ TEST_F(SortingOut, WhatIsOnAnotherMachineIsRefused)
               u"'https://lyrabox.example/a.mp3' is not a file on this computer"_s);
 }
 
-TEST(RefusalText, SaysWhatIsNoAudio)
+TEST(RefusalText, NamesAFileThatIsNotAudio)
 {
     EXPECT_EQ(refusalText({{u"note.txt"_s, Refusal::NotAudio}}),
               u"'note.txt' is not an audio file"_s);
@@ -105,7 +105,7 @@ TEST(RefusalText, IsOneLine)
     EXPECT_EQ(refusalText({{u"a\nb.mp3"_s, Refusal::Missing}}), u"There is no 'a b.mp3'"_s);
 }
 
-TEST(RefusalText, OfNothingIsEmpty)
+TEST(RefusalText, IsEmptyIfNothingWasRefused)
 {
     EXPECT_TRUE(refusalText({}).isEmpty());
 }

@@ -1,5 +1,5 @@
-// What the windows show when files come from elsewhere, and when a folder is to be added from the
-// other window.
+// What the windows show after files were opened from outside, and when a folder is added while the
+// other window is active.
 
 #include "WholeProgram.h"
 #include "platform/foundation/UserDefaults.h"
@@ -45,7 +45,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     }
 
-    /// A song on disk; the folders on its way are made.
+    /// Creates a song on disk, and the folders above it.
     QUrl song(const QString &name) const
     {
         const QString path = disk.filePath(name);
@@ -62,7 +62,7 @@ protected:
     SourceTreeView *folders;
 };
 
-TEST_F(WithTwoWindows, OpenedFilesLeaveNoFolderSelectedSoThatAClickBringsItsListBack)
+TEST_F(WithTwoWindows, OpenedFilesDeselectTheFolderSoThatAClickRestoresItsList)
 {
     activate(main);
     song(u"album/a.flac"_s);
@@ -82,7 +82,7 @@ TEST_F(WithTwoWindows, OpenedFilesLeaveNoFolderSelectedSoThatAClickBringsItsList
     EXPECT_EQ(songs->model()->rowCount(), 2);
 }
 
-TEST_F(WithTwoWindows, WhatCannotBeOpenedLeavesTheSelectionAlone)
+TEST_F(WithTwoWindows, FilesThatCannotBeOpenedKeepTheSelection)
 {
     activate(main);
     song(u"album/a.flac"_s);
@@ -94,7 +94,7 @@ TEST_F(WithTwoWindows, WhatCannotBeOpenedLeavesTheSelectionAlone)
     EXPECT_EQ(songs->model()->rowCount(), 1);
 }
 
-TEST_F(WithTwoWindows, AddFolderFromTheEqualizerOpensInTheMainWindowWithTheKeyboard)
+TEST_F(WithTwoWindows, AddFolderFromTheEqualizerOpensInTheMainWindow)
 {
     activate(main);
     songs->setFocus();
@@ -108,7 +108,7 @@ TEST_F(WithTwoWindows, AddFolderFromTheEqualizerOpensInTheMainWindowWithTheKeybo
 
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(popover->isShown());
-    EXPECT_EQ(QApplication::focusWidget(), songs) << "which had the keyboard in this window";
+    EXPECT_EQ(QApplication::focusWidget(), songs) << "it had the focus in this window before";
 }
 
 } // namespace

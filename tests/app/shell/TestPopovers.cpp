@@ -1,5 +1,5 @@
-// Every popover meets everything that can change behind it. What it asks about stays what it asked
-// about, or it closes.
+// Combines every popover with every event that can change the data behind it. The popover must keep
+// acting on what it asked about, or close.
 
 #include "WholeProgram.h"
 #include "app/controls/LB_PopUpButtonCell.h"
@@ -30,7 +30,7 @@ using test::WholeProgram;
 
 namespace {
 
-/// A second of silence.
+/// A sound file with one second of silence.
 void makeSong(const QString &path)
 {
     constexpr qint32 bytes = 44100 * 2;
@@ -47,7 +47,7 @@ void makeSong(const QString &path)
 
 class OpenPopover;
 
-/// How a popover is opened, and what happens behind it.
+/// A way to open a popover.
 struct Opening {
     const char *name;
     void (OpenPopover::*open)();
@@ -57,10 +57,10 @@ struct Event {
     void (OpenPopover::*happen)();
 };
 
-/// The whole program with two folders, two songs and two presets of the user's.
+/// The whole program with two folders, two songs and two user presets.
 class OpenPopover : public testing::TestWithParam<std::tuple<Opening, Event>> {
 public:
-    // Openings.
+    // The ways to open a popover.
     void addFolder() { command(u"Add Folder…"_s)->trigger(); }
     void removeFolder()
     {
@@ -79,7 +79,7 @@ public:
     }
     void songSettings() { settingsPopup()->click(); }
 
-    // Events.
+    // The events behind the popover.
     void nothing() {}
     void anotherFolderIsSelected() { selectFolder(u"Second"_s); }
     void aPlaylistIsSelected()
@@ -174,7 +174,7 @@ protected:
         const auto *table = equalizer->findChild<QTableView *>(u"presetTableView"_s);
         return table->selectionModel()->selectedRows().value(0).data().toString();
     }
-    /// Of the user's presets.
+    /// Only user presets are counted.
     QStringList presetNames() const
     {
         QStringList names;
@@ -220,8 +220,8 @@ protected:
     qsizetype builtInBefore;
 };
 
-/// Of all the pairs, what a popover may do at most: what it was opened for.
-TEST_P(OpenPopover, ActsOnWhatItAskedAboutOrNotAtAll)
+/// For every combination: the popover may only do what it was opened for.
+TEST_P(OpenPopover, ActsOnlyOnWhatItAskedAbout)
 {
     const auto &[opening, event] = GetParam();
     const auto *audio = main->findChild<LB_NavigationView *>()->audio();
@@ -239,7 +239,7 @@ TEST_P(OpenPopover, ActsOnWhatItAskedAboutOrNotAtAll)
     const QStringList foldersThen = settings->folderDataArray();
     if (asksInMenu) {
         EXPECT_TRUE(!menu->isVisible() || audio->currentTrack() == song)
-            << "the menu is about a song that is gone";
+            << "the menu belongs to a song that is gone";
     } else if (popoverIn(main)->isShown() && questionIn(main).startsWith(u"Remove"_s)) {
         const auto *tree = main->findChild<SourceTreeView *>(u"folderOutlineView"_s);
         EXPECT_EQ(questionIn(main),
@@ -259,7 +259,7 @@ TEST_P(OpenPopover, ActsOnWhatItAskedAboutOrNotAtAll)
         EXPECT_EQ(presetNames(), presetsBefore + QStringList{u"New Preset"_s});
         EXPECT_EQ(selectedPreset(), u"New Preset"_s);
     } else {
-        // An answer that comes too late is none.
+        // An answer that comes too late has no effect.
         for (QMainWindow *window : {main, equalizer}) {
             QPushButton *ok = okIn(window);
             if (ok != nullptr && popoverIn(window)->accessibleName().startsWith(u"Remove"_s))

@@ -17,7 +17,8 @@ namespace {
 using Role = SingleInstance::Role;
 using Request = SingleInstance::Request;
 
-/// Asks from another thread, as another process would, while this thread serves.
+/// Sends a request from another thread, as another process would, while this thread handles
+/// requests.
 Role claimElsewhere(const QString &folder, const Request &request = {})
 {
     auto second =
@@ -27,7 +28,7 @@ Role claimElsewhere(const QString &folder, const Request &request = {})
     return second.get();
 }
 
-TEST(SingleInstance, SecondAsksTheFirstAndHandsOverWhatItWasToOpen)
+TEST(SingleInstance, TheSecondHandsItsFilesToTheFirst)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
@@ -42,7 +43,7 @@ TEST(SingleInstance, SecondAsksTheFirstAndHandsOverWhatItWasToOpen)
     EXPECT_EQ(asked, QList<QList<QUrl>>({{}, songs}));
 }
 
-TEST(SingleInstance, RequestsBeforeTheLaunchAreKept)
+TEST(SingleInstance, EarlyRequestsAreKeptForTheHandler)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
@@ -54,7 +55,7 @@ TEST(SingleInstance, RequestsBeforeTheLaunchAreKept)
     EXPECT_EQ(asked, 1);
 }
 
-TEST(SingleInstance, NamesArriveAsTheyWereSent)
+TEST(SingleInstance, UrlsArriveUnchanged)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
@@ -84,7 +85,7 @@ TEST(SingleInstance, TheTokenOfTheUsersStartArrivesAsItWasSent)
     EXPECT_EQ(asked, std::vector({alone, withSong}));
 }
 
-TEST(SingleInstance, ThousandsOfFilesAreHandedOver)
+TEST(SingleInstance, ThousandsOfFilesCanBeHandedOver)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
@@ -100,15 +101,15 @@ TEST(SingleInstance, ThousandsOfFilesAreHandedOver)
     EXPECT_EQ(asked, sent.size());
 }
 
-TEST(SingleInstance, ANewcomerIsToldWhenTheFirstDoesNotAnswer)
+TEST(SingleInstance, ReportsAFirstProcessThatDoesNotAnswer)
 {
     const QTemporaryDir folder;
-    QLockFile first(folder.filePath(u".running"_s)); // and it listens to nobody
+    QLockFile first(folder.filePath(u".running"_s)); // holds the lock but does not listen
     ASSERT_TRUE(first.tryLock(0));
     EXPECT_EQ(SingleInstance(folder.path()).claim(), Role::Unanswered);
 }
 
-TEST(SingleInstance, TheFirstAnswersBeforeItOpensWhatItWasGiven)
+TEST(SingleInstance, TheFirstAnswersBeforeItOpensTheFiles)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
@@ -133,13 +134,13 @@ TEST(SingleInstance, TheFirstAnswersWhileItsMainThreadIsBusyAndOpensAfterwards)
     auto second = std::async(std::launch::async, [&] {
         return SingleInstance(folder.path()).claim({song, {}});
     });
-    EXPECT_EQ(second.get(), Role::Second); // no event is handled here meanwhile
+    EXPECT_EQ(second.get(), Role::Second); // this thread handles no events meanwhile
     EXPECT_TRUE(asked.isEmpty());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !asked.isEmpty(); }));
     EXPECT_EQ(asked, song);
 }
 
-TEST(SingleInstance, OtherSettingsFoldersDoNotMeet)
+TEST(SingleInstance, SettingsFoldersAreIndependent)
 {
     const QTemporaryDir one;
     const QTemporaryDir other;
@@ -149,7 +150,7 @@ TEST(SingleInstance, OtherSettingsFoldersDoNotMeet)
     EXPECT_EQ(second.claim(), Role::First);
 }
 
-TEST(SingleInstance, TheNextStartIsTheFirstAgain)
+TEST(SingleInstance, AfterTheFirstEndsTheNextBecomesTheFirst)
 {
     const QTemporaryDir folder;
     {

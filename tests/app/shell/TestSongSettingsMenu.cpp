@@ -1,4 +1,4 @@
-// The song-settings pop-up, used as a user does: it is opened, and an item is clicked.
+// Tests of the song-settings pop-up that open it and click its items, as a user does.
 
 #include "WholeProgram.h"
 #include "app/controls/LB_PopUpButtonCell.h"
@@ -38,15 +38,15 @@ protected:
         matrix->pressCellWithTag(tag);
     }
 
-    /// Through the window, as from a mouse: a menu takes no click at the place where the pointer
-    /// was when it opened.
+    /// Clicks through the window, as a mouse does. A menu ignores a click at the place where the
+    /// pointer was when it opened.
     static void click(QWidget *widget, const QPoint &place)
     {
         QTest::mouseClick(widget->window()->windowHandle(), Qt::LeftButton, {},
                           widget->mapTo(widget->window(), place));
     }
 
-    /// The item of that text, in the open menu; null when there is none.
+    /// The item with this text in the open menu; null if there is none.
     QAction *itemInOpenMenu(const QString &text)
     {
         if (!popup->menu()->isVisible())
@@ -67,7 +67,7 @@ protected:
         return enabled;
     }
 
-    /// A click on a disabled item does nothing, and leaves the menu open.
+    /// Clicks an item. A click on a disabled item leaves the menu open.
     void choose(const QString &text)
     {
         const QPoint place = popup->menu()->actionGeometry(itemInOpenMenu(text)).center();
@@ -84,13 +84,13 @@ protected:
     LB_PopUpButtonCell *popup;
 };
 
-TEST_F(SongSettingsMenu, OffersNothingWithoutASong)
+TEST_F(SongSettingsMenu, EverythingIsDisabledWithoutASong)
 {
     EXPECT_FALSE(isEnabled(keep));
     EXPECT_FALSE(isEnabled(forget));
 }
 
-TEST_F(SongSettingsMenu, ForgettingCanBeChosenAsSoonAsSettingsAreKeptAndNotAfterwards)
+TEST_F(SongSettingsMenu, ForgetIsEnabledOnlyWhileSettingsAreKept)
 {
     openSong();
     EXPECT_TRUE(isEnabled(keep));
@@ -108,18 +108,18 @@ TEST_F(SongSettingsMenu, ForgettingCanBeChosenAsSoonAsSettingsAreKeptAndNotAfter
     EXPECT_FALSE(isEnabled(forget));
 }
 
-TEST_F(SongSettingsMenu, KeepingNormalSpeedAndPitchForgets)
+TEST_F(SongSettingsMenu, KeepingNormalSpeedAndPitchForgetsTheSettings)
 {
     openSong();
     setSpeed(2);
     choose(keep);
-    setSpeed(0); // back to normal
+    setSpeed(0); // normal speed
     choose(keep);
     EXPECT_EQ(image(), u"SettingsButtonOff"_s);
     EXPECT_FALSE(isEnabled(forget));
 }
 
-TEST_F(SongSettingsMenu, AChoiceThatIsGrayChangesNothing)
+TEST_F(SongSettingsMenu, ADisabledItemDoesNothing)
 {
     openSong();
     setSpeed(2);

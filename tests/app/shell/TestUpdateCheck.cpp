@@ -12,8 +12,8 @@ using lyrabox::test::WholeProgram;
 
 namespace {
 
-/// Notes every address that the program wants to reach, and lets it reach none.
-class NoWayOut : public QNetworkProxyFactory {
+/// Records every address that the program wants to reach, and blocks all of them.
+class BlockedNetwork : public QNetworkProxyFactory {
 public:
     static bool wasAskedFor(const QUrl &url)
     {
@@ -47,20 +47,20 @@ class UpdateCheck : public testing::Test {
 protected:
     UpdateCheck()
     {
-        NoWayOut::forget();
-        QNetworkProxyFactory::setApplicationProxyFactory(new NoWayOut); // takes it over
+        BlockedNetwork::forget();
+        QNetworkProxyFactory::setApplicationProxyFactory(new BlockedNetwork); // takes ownership
     }
     ~UpdateCheck() override { QNetworkProxyFactory::setApplicationProxyFactory(nullptr); }
 };
 
-TEST_F(UpdateCheck, TheFeedIsAskedAfterTheFirstPictureWithoutAnybodysAsking)
+TEST_F(UpdateCheck, TheFeedIsRequestedAfterTheFirstPicture)
 {
     const WholeProgram program;
-    EXPECT_EQ(NoWayOut::count(), 0);
+    EXPECT_EQ(BlockedNetwork::count(), 0);
     program.composition->launch();
-    EXPECT_EQ(NoWayOut::count(), 0) << "the windows come first";
+    EXPECT_EQ(BlockedNetwork::count(), 0) << "no request before the windows are shown";
     EXPECT_TRUE(QTest::qWaitFor(
-        [] { return NoWayOut::wasAskedFor(QUrl(lyrabox::updateFeedAddress())); }, 20'000));
+        [] { return BlockedNetwork::wasAskedFor(QUrl(lyrabox::updateFeedAddress())); }, 20'000));
 }
 
 } // namespace

@@ -20,7 +20,7 @@ Widget *shownDialog(QWidget &parent)
     return parent.findChild<Widget *>();
 }
 
-TEST(UpdateDialog, WhatAServerSaidIsPlainText)
+TEST(UpdateDialog, ServerMessagesArePlainText)
 {
     QWidget parent;
     updateDialogs(&parent, {}).showMessage(u"<i>no</i>"_s, markup);
@@ -37,7 +37,7 @@ TEST(UpdateDialog, WhatAServerSaidIsPlainText)
     EXPECT_EQ(texts, 2);
 }
 
-TEST(UpdateDialog, WhatAFeedSaysIsPlainText)
+TEST(UpdateDialog, FeedTextsArePlainText)
 {
     QWidget parent;
     AppcastItem item;

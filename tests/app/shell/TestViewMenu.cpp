@@ -1,4 +1,4 @@
-// The commands of the menu "View" that change the list of songs, as a user triggers and sees them.
+// Tests of the "View" menu's commands that change the list of songs.
 
 #include "app/shell/WholeProgram.h"
 #include "library/LB_TrackController.h"
@@ -40,7 +40,7 @@ protected:
         userDefaults().remove(defaultsKey::folderPath);
     }
 
-    /// Songs in a folder of the test's, which is then added and selected.
+    /// Creates songs in a folder, adds the folder and selects it.
     void showFolderWith(const QStringList &songs)
     {
         for (const QString &song : songs) {
@@ -51,7 +51,7 @@ protected:
         program.composition->open({QUrl::fromLocalFile(root.path())});
     }
 
-    /// The command that a user finds under these titles.
+    /// The command with the last title, in the menus with the titles before it.
     QAction *command(const QStringList &path) const
     {
         QList<QAction *> level = window->menuBar()->actions();
@@ -87,7 +87,7 @@ protected:
     EmptyViewText *emptyText;
 };
 
-TEST_F(ViewMenu, IncludeSubfoldersShowsTheTreesSongsAndIsCheckedWhileItDoes)
+TEST_F(ViewMenu, IncludeSubfoldersShowsTheSongsOfSubfolders)
 {
     showFolderWith({u"own.wav"_s, u"below/deeper/inner.wav"_s});
     QAction *include = command({u"View"_s, u"Include Subfolders"_s});
@@ -101,7 +101,7 @@ TEST_F(ViewMenu, IncludeSubfoldersShowsTheTreesSongsAndIsCheckedWhileItDoes)
     EXPECT_EQ(shownTitles(), (QStringList{u"own.wav"_s}));
 }
 
-TEST_F(ViewMenu, OwnOrderBringsASortedListBack)
+TEST_F(ViewMenu, OwnOrderUndoesTheSort)
 {
     showFolderWith({u"b.wav"_s, u"a.wav"_s, u"c.wav"_s});
     const QStringList own = shownTitles();
@@ -123,7 +123,7 @@ TEST_F(ViewMenu, OwnOrderBringsASortedListBack)
     EXPECT_TRUE(ownOrder->isChecked()) << "choosing it again does not uncheck it";
 }
 
-TEST_F(ViewMenu, TheEmptyTableSaysWhatCanBeDone)
+TEST_F(ViewMenu, TheEmptyTableShowsAHint)
 {
     ASSERT_NE(emptyText, nullptr);
     showFolderWith({u"one/1.wav"_s, u"two/2.wav"_s});

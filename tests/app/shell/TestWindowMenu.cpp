@@ -9,12 +9,12 @@ using lyrabox::test::WholeProgram;
 
 namespace {
 
-/// The Window menu of the whole program.
+/// Tests of the whole program's Window menu.
 class WindowMenu : public testing::Test {
 protected:
     WindowMenu()
     {
-        lyrabox::userDefaults().remove(u"eqWindowGeometry"_s); // other tests' programs share them
+        lyrabox::userDefaults().remove(u"eqWindowGeometry"_s); // left by other tests
         program.composition->launch();
         main = WholeProgram::window(u"MainWindow"_s);
         equalizer = WholeProgram::window(u"EqualizerWindow"_s);
@@ -32,10 +32,11 @@ protected:
         return nullptr;
     }
 
-    void expectMarks(bool atMain, bool atEqualizer) const
+    /// Expects that `item` is the only checked one; null for none.
+    void expectChecked(const QAction *item) const
     {
-        EXPECT_EQ(mainItem->isChecked(), atMain);
-        EXPECT_EQ(equalizerItem->isChecked(), atEqualizer);
+        EXPECT_EQ(mainItem->isChecked(), item == mainItem);
+        EXPECT_EQ(equalizerItem->isChecked(), item == equalizerItem);
     }
 
     WholeProgram program;
@@ -45,38 +46,38 @@ protected:
     QAction *equalizerItem;
 };
 
-TEST_F(WindowMenu, TheEqualizersItemIsMarkedWhileItsWindowIsKeyAndStaysSoWhenChosenAgain)
+TEST_F(WindowMenu, TheEqualizersItemIsCheckedWhileItsWindowIsKey)
 {
     equalizerItem->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(equalizer));
-    expectMarks(false, true);
-    equalizerItem->trigger(); // the action itself would turn its mark off
+    expectChecked(equalizerItem);
+    equalizerItem->trigger(); // by itself the action would uncheck its item
     EXPECT_TRUE(equalizer->isActiveWindow());
-    expectMarks(false, true);
+    expectChecked(equalizerItem);
     equalizerItem->trigger();
-    expectMarks(false, true);
+    expectChecked(equalizerItem);
 
     mainItem->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(main));
-    expectMarks(true, false);
+    expectChecked(mainItem);
     mainItem->trigger();
-    expectMarks(true, false);
+    expectChecked(mainItem);
 }
 
-TEST_F(WindowMenu, AnEqualizerThatWasNeverOpenedHasNoPlaceToRemember)
+TEST_F(WindowMenu, TheGeometryOfAnUnopenedEqualizerIsNotSaved)
 {
     program.composition->terminate();
     EXPECT_FALSE(lyrabox::userDefaults().contains(u"eqWindowGeometry"_s));
 }
 
-TEST_F(WindowMenu, AnEqualizerThatWasOpenedIsRememberedWhereItStands)
+TEST_F(WindowMenu, TheGeometryOfAnOpenedEqualizerIsSaved)
 {
     equalizerItem->trigger();
     program.composition->terminate();
     EXPECT_TRUE(lyrabox::userDefaults().contains(u"eqWindowGeometry"_s));
 }
 
-TEST_F(WindowMenu, NoItemIsMarkedWhileAnotherWindowIsKey)
+TEST_F(WindowMenu, NoItemIsCheckedWhileAnotherWindowIsKey)
 {
     equalizerItem->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(equalizer));
@@ -84,10 +85,10 @@ TEST_F(WindowMenu, NoItemIsMarkedWhileAnotherWindowIsKey)
     other.show();
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    expectMarks(false, false);
+    expectChecked(nullptr);
 }
 
-TEST_F(WindowMenu, ClosingTheEqualizerTakesItsMarkAway)
+TEST_F(WindowMenu, ClosingTheEqualizerUnchecksItsItem)
 {
     equalizerItem->trigger();
     ASSERT_TRUE(QTest::qWaitForWindowActive(equalizer));

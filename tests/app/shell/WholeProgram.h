@@ -14,8 +14,8 @@
 
 namespace lyrabox::test {
 
-/// Both windows with every controller, on a fake chain and songs that any path "decodes" to; not
-/// launched. One at a time.
+/// Both windows and all controllers, with a fake chain of audio units. Every path "decodes" to a
+/// song. Not launched yet. Only one object at a time.
 class WholeProgram {
 public:
     WholeProgram()
