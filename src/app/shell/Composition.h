@@ -1,115 +1,69 @@
 #pragma once
 
-#include "app/shell/InputAfterWait.h"
-#include "app/shell/LB_AppDelegate.h"
-#include "engine/LB_AudioController.h"
-#include "equalizer/LB_EqualizerController.h"
-#include "library/LB_QueueController.h"
-#include "library/LB_TrackController.h"
+#include "app/shell/ProgramParts.h"
 #include "platform/foundation/VolumeWatcher.h"
-#include "platform/ui/Popover.h"
-#include "platform/updates/SUUpdater.h"
-#include "settings/LB_SettingsController.h"
-#include "sources/LB_FolderSourceController.h"
-#include "sources/LB_PlaylistSourceController.h"
 
-#include "ui_EqualizerWindow.h"
-#include "ui_MainWindow.h"
-
-#include <QMainWindow>
-#include <QTimer>
+#include <QObject>
 
 #include <memory>
 #include <thread>
 
 namespace lyrabox {
 
-class MainMenu;
 class MediaPlayerBridge;
 class ProgressPanel;
 
-/// The composition root: it builds both windows and every controller, sets every outlet, connects
-/// every action, and wakes them in the fixed start-up order. Nothing else in the program knows
-/// everybody. Main thread; one object.
+/// The composition root. It owns the parts of the program, lets each room wire its own (Room.h),
+/// and wakes the controllers in the fixed start-up order. Nothing else in the program knows
+/// everything. Main thread; one object.
 class Composition : public QObject {
     Q_OBJECT
 
 public:
-    /// Builds the windows. Nothing here needs the engine, which may be built meanwhile.
+    /// Builds the windows. This does not need the engine, which may be built at the same time.
     Composition();
     ~Composition() override;
 
-    /// Connects everything to `audio`, whose engine is built, and takes it over. Once, before
-    /// launch().
+    /// Takes over `audio`, whose engine must be built, and connects everything to it. Call it once,
+    /// before launch().
     void setAudio(std::unique_ptr<LB_AudioController> audio);
 
-    /// Wakes the controllers, shows the main window and announces that the program has launched.
-    /// Where the first list takes longer than a quarter of a second, the window shows before it.
+    /// Wakes the controllers, shows the main window and announces that the program has launched. If
+    /// the first list takes longer than a quarter of a second, the window is shown before it.
     void launch();
 
-    /// The window that afterFirstPaint() is to wait for.
-    QWidget *mainWindow() { return &m_mainWindow; }
+    /// The window to pass to afterFirstPaint().
+    QWidget *mainWindow() { return &m_parts.mainWindow; }
 
-    /// Remembers the windows and announces that the program ends. Once.
+    /// Saves the geometry of the windows and announces that the program ends. Only the first call
+    /// does anything.
     void terminate();
 
-    /// Brings the main window to the front.
+    /// Brings the main window to the front. `activationToken`: the right to do so on Wayland, which a
+    /// second start hands over; may be empty.
     void bringToFront(const QString &activationToken = {});
 
-    /// Makes audio files the list of songs and plays the first; adds folders to the folder list.
-    /// What is neither is named in the message line, and the list stays when there is no audio.
+    /// Makes audio files the list of songs and plays the first one. Adds folders to the list of
+    /// folders. Anything else is named in the message line. Without any audio file the list stays.
     void open(const QList<QUrl> &urls);
 
 private:
-    void buildCells();
-    void setOutlets();
-    void connectTransport();
-    void closeSongMenus();
-    void connectLists();
-    void connectEqualizer();
-    void connectMenu();
-    void connectViewMenu();
-    void buildContextMenus();
+    void awakeControllers();
+    void prepareUpdater();
     void connectProgress();
-    void connectDesktop();
-    void applyLooks();
-    void updateMenu();
-    void showSoundProblem();
-    void dressSleepingTransport();
+    void connectStopping();
     void showMainWindow();
     void paintWhileLaunching();
-    void showEqualizer();
+    void connectDesktop();
     void loadDecoders();
-    void chooseLibrary();
-    void showHelp(const QString &title, const QString &text);
 
-    QMainWindow m_mainWindow;
-    QMainWindow m_eqWindow;
-    Ui::MainWindow m_main;
-    Ui::EqualizerWindow m_eq;
-    MainMenu *m_menu;
-
-    LB_AppDelegate m_appDelegate;
-    LB_SettingsController m_settings;
-    std::unique_ptr<LB_AudioController> m_audio;
-    LB_QueueController m_queue;
-    LB_TrackController m_tracks;
-    LB_EqualizerController m_equalizer;
-    LB_PlaylistSourceController m_playlists;
-    LB_FolderSourceController m_folders;
-    SUUpdater m_updater;
+    ProgramParts m_parts;
     std::unique_ptr<VolumeWatcher> m_volumes;
-    Popover *m_sourcePopover;
-    Popover *m_presetPopover;
-    ProgressPanel *m_progress = nullptr;
-    std::unique_ptr<InputAfterWait> m_inputAfterWait;
-    std::unique_ptr<MediaPlayerBridge> m_desktop; ///< none without a session bus
-    QTimer m_soundCheck;                          ///< while a song plays
-    QString m_shownSoundProblem;                  ///< as the message line shows it
-    bool m_placesEqWindow = false;
+    ProgressPanel *m_progress = nullptr;          ///< owned by the main window
+    std::unique_ptr<MediaPlayerBridge> m_desktop; ///< null without a session bus
     bool m_isLaunching = false;
     bool m_terminated = false;
-    std::jthread m_decoderLoading; ///< uses what stands above
+    std::jthread m_decoderLoading; ///< last, so that it is joined before the parts are destroyed
 };
 
 } // namespace lyrabox

@@ -1,7 +1,8 @@
-// What the windows show, and what stops it, while the main thread works for long.
+// What the windows show while the main thread works for long, and how the user can stop the work.
 
 #include "app/shell/Composition.h"
 #include "app/shell/ProgressText.h"
+#include "app/shell/Room.h"
 #include "app/shell/WindowMemory.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/ui/EscapeWatch.h"
@@ -13,21 +14,21 @@ namespace lyrabox {
 
 void Composition::showMainWindow()
 {
-    if (m_mainWindow.isVisible())
+    if (m_parts.mainWindow.isVisible())
         return;
-    m_mainWindow.show();
-    windowMemory::restoreDivider(m_main.splitView); // its limits need the view's real width
+    m_parts.mainWindow.show();
+    windowMemory::restoreDivider(m_parts.mainUi.splitView); // its limits need the real width
 }
 
-/// The list of the remembered folder may take long. Then the window comes before it, and is kept
-/// painted; what the user does to it waits for the event loop. A start that is quick draws the
-/// window once, when all is there.
+/// Building the list of the remembered folder may take long. Then the window is shown before it and
+/// kept painted, and input waits for the event loop. A quick start paints the window once, when
+/// everything is ready.
 void Composition::paintWhileLaunching()
 {
     if (!m_isLaunching)
         return;
-    if (!m_mainWindow.isVisible())
-        dressSleepingTransport();
+    if (!m_parts.mainWindow.isVisible())
+        showIdleTransport(m_parts);
     showMainWindow();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
@@ -35,47 +36,56 @@ void Composition::paintWhileLaunching()
 void Composition::connectProgress()
 {
     using Work = InputAfterWait::Work;
-    m_progress = new ProgressPanel(m_main.trackTableView);
-    m_inputAfterWait =
-        std::make_unique<InputAfterWait>(m_main.playPauseButton, m_main.trackTableView);
-    m_audio->setProgressHook([this](qint64 seconds, qint64 total) {
-        m_inputAfterWait->noteWork(Work::Load);
+    Ui::MainWindow &ui = m_parts.mainUi;
+    m_progress = new ProgressPanel(ui.trackTableView);
+    m_parts.inputAfterWait =
+        std::make_unique<InputAfterWait>(ui.playPauseButton, ui.trackTableView);
+    InputAfterWait *input = m_parts.inputAfterWait.get();
+    const auto textWithHint = [canStop = EscapeWatch::isSupported()](const QString &text) {
+        return canStop ? withStopHint(text) : text;
+    };
+    m_parts.audio->setProgressHook([this, input](qint64 seconds, qint64 total) {
+        input->noteWork(Work::Load);
         m_progress->showProgress(loadProgressText(seconds, total), seconds, total);
     });
-    const bool canStop = EscapeWatch::isSupported();
-    m_tracks.setProgressHook([this, canStop](qint64 done, qint64 found) {
+    m_parts.tracks.setProgressHook([this, input, textWithHint](qint64 done, qint64 found) {
         paintWhileLaunching();
-        m_inputAfterWait->noteWork(Work::List);
+        input->noteWork(Work::List);
         const QString text = found > 0 ? listProgressText(done, found) : searchProgressText(done);
-        m_progress->showProgress(canStop ? withStopHint(text) : text, done, found);
+        m_progress->showProgress(textWithHint(text), done, found);
     });
-    m_queue.setProgressHook([this, canStop](qint64 done, qint64 total) {
-        m_inputAfterWait->noteWork(Work::Load);
-        const QString text = skipProgressText(done, total);
-        m_progress->showProgress(canStop ? withStopHint(text) : text, done, total);
+    m_parts.queue.setProgressHook([this, input, textWithHint](qint64 done, qint64 total) {
+        input->noteWork(Work::Load);
+        m_progress->showProgress(textWithHint(skipProgressText(done, total)), done, total);
     });
+    m_parts.tracks.setPlayGate(
+        [this, input](const TrackRecordRef &track, std::function<void()> play) {
+            input->pick(track, m_parts.audio->currentTrack(), std::move(play));
+        });
+}
+
+void Composition::connectStopping()
+{
     const StopProbeMaker watchForEscape = [this]() -> StopProbe {
-        paintWhileLaunching(); // the watch listens to the windows that are shown
+        paintWhileLaunching(); // the watch needs windows that are shown
         return [this, watch = std::make_shared<EscapeWatch>()] {
             if (TerminationSignals::haveCome())
                 return true;
             const bool isPressed = watch->wasPressed();
             if (isPressed)
-                m_inputAfterWait->dropEscape();
+                m_parts.inputAfterWait->dropEscape();
             return isPressed;
         };
     };
-    m_tracks.setStopProbe(watchForEscape);
-    m_queue.setStopProbe(watchForEscape);
-    connect(&m_tracks, &LB_TrackController::listShown, m_main.errorField, [this] {
+    m_parts.tracks.setStopProbe(watchForEscape);
+    m_parts.queue.setStopProbe(watchForEscape);
+    QLabel *line = m_parts.mainUi.errorField;
+    connect(&m_parts.tracks, &LB_TrackController::listShown, line, [this, line] {
         const QString text = tr("Stopped: not all songs are in the list");
-        if (m_tracks.isListIncomplete())
-            m_main.errorField->setText(text);
-        else if (m_main.errorField->text() == text)
-            m_main.errorField->clear();
-    });
-    m_tracks.setPlayGate([this](const TrackRecordRef &track, std::function<void()> play) {
-        m_inputAfterWait->pick(track, m_audio->currentTrack(), std::move(play));
+        if (m_parts.tracks.isListIncomplete())
+            line->setText(text);
+        else if (line->text() == text)
+            line->clear();
     });
 }
 

@@ -1,6 +1,7 @@
 #include "app/shell/HelpText.h"
 
 #include <QCoreApplication>
+#include <QMessageBox>
 
 namespace lyrabox {
 
@@ -34,6 +35,16 @@ QString aboutText()
     return HelpText::tr("Version %1\nA music-practice player.\n"
                         "Free software under the GNU General Public License, version 3 or later.")
         .arg(QStringLiteral(LYRABOX_VERSION));
+}
+
+void showHelp(QWidget *window, const QString &title, const QString &text)
+{
+    QMessageBox box(window);
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(title);
+    box.setInformativeText(text);
+    box.exec();
 }
 
 } // namespace lyrabox

@@ -81,7 +81,6 @@ void LB_AppDelegate::applicationDidFinishLaunching()
     lyrabox::setWindowBackground(m_mainWindow);
     lyrabox::setWindowBackground(m_eqWindow);
     m_transportView->setFocus();
-    //
     connect(m_searchField, &lyrabox::SearchField::canceled, this,
             &LB_AppDelegate::searchFieldCanceled);
     connect(m_searchField, &QLineEdit::editingFinished, this,

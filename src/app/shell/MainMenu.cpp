@@ -11,6 +11,17 @@ namespace lyrabox {
 
 MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
 {
+    addFileMenu();
+    addEditMenu();
+    addViewMenu();
+    addPlaybackMenu();
+    addSongMenu();
+    addWindowMenu();
+    addHelpMenu();
+}
+
+void MainMenu::addFileMenu()
+{
     QMenu *file = addMenu(tr("&File"));
     addFolder = add(file, tr("&Add Folder…"), {Qt::CTRL | Qt::Key_O});
     chooseMusicLibrary =
@@ -18,10 +29,16 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     file->addSeparator();
     quit = add(file, tr("&Quit"), {Qt::CTRL | Qt::Key_Q});
     quit->setMenuRole(QAction::QuitRole);
+}
 
+void MainMenu::addEditMenu()
+{
     QMenu *edit = addMenu(tr("&Edit"));
     find = add(edit, tr("&Search Songs"), {Qt::CTRL | Qt::Key_F});
+}
 
+void MainMenu::addViewMenu()
+{
     QMenu *view = addMenu(tr("&View"));
     songList = add(view, tr("Song &List"), {Qt::CTRL | Qt::Key_L});
     sourceList = add(view, tr("Playlists and &Folders"), {Qt::CTRL | Qt::Key_B});
@@ -29,7 +46,10 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     addSortColumns(view);
     includeSubfolders = add(view, tr("&Include Subfolders"));
     includeSubfolders->setCheckable(true);
+}
 
+void MainMenu::addPlaybackMenu()
+{
     QMenu *playback = addMenu(tr("&Playback"));
     playPause = add(playback, tr("&Play or Pause"), {Qt::Key_Space});
     next = add(playback, tr("&Next Song"), {Qt::CTRL | Qt::Key_Right});
@@ -55,13 +75,19 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     for (QAction *step :
          {faster, slower, pitchUp, pitchDown, volumeUp, volumeDown, skipBack, skipForward})
         step->setAutoRepeat(true);
+}
 
+void MainMenu::addSongMenu()
+{
     QMenu *song = addMenu(tr("&Song"));
     saveSettings = add(song, tr("&Keep Speed and Pitch"), {Qt::CTRL | Qt::Key_S});
     removeSettings = add(song, tr("&Forget Speed and Pitch"), {Qt::CTRL | Qt::SHIFT | Qt::Key_S});
     song->addSeparator();
     showCurrentSong = add(song, tr("&Show Playing Song"), {Qt::CTRL | Qt::Key_J});
+}
 
+void MainMenu::addWindowMenu()
+{
     QMenu *windows = addMenu(tr("&Window"));
     mainWindow = add(windows, tr("&Lyrabox"), {Qt::CTRL | Qt::Key_1});
     mainWindow->setCheckable(true);
@@ -69,7 +95,10 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     eqWindow->setCheckable(true);
     windows->addSeparator();
     closeWindow = add(windows, tr("&Close Window"), {Qt::CTRL | Qt::Key_W});
+}
 
+void MainMenu::addHelpMenu()
+{
     QMenu *help = addMenu(tr("&Help"));
     keys = add(help, tr("&Keys"), {QKeySequence::HelpContents});
     help->addSeparator();

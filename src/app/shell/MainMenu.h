@@ -9,14 +9,14 @@ class QMenu;
 
 namespace lyrabox {
 
-/// The menu bar of the main window. It holds the commands and shows their shortcuts; what they do
-/// is connected by the composition root. Shortcuts work in both windows; single keys are left to a
-/// text field that has the keyboard.
+/// The menu bar of the main window. It creates the commands and their shortcuts, one function per
+/// menu; the rooms (Room.h) connect them. Shortcuts work in both windows. Single keys go to a text
+/// field instead if one has the keyboard. Main thread.
 class MainMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Fills the menu bar of `window`, which owns all of it.
+    /// Fills the menu bar of `window`, which owns this object and all actions.
     explicit MainMenu(QMainWindow *window);
 
     QAction *addFolder;
@@ -27,10 +27,10 @@ public:
 
     QAction *songList;
     QAction *sourceList;
-    /// Checked while the list is in the order in which it was built.
+    /// Checked while the list is not sorted.
     QAction *sortOwnOrder;
-    /// In the order of the song table's columns, each with its column as data; the one that the
-    /// list is sorted by is checked.
+    /// One action per column, in the order of the song table. The action's data is the column. The
+    /// column that the list is sorted by is checked.
     QList<QAction *> sortColumns;
     QAction *reverseOrder;
     QAction *includeSubfolders;
@@ -66,6 +66,13 @@ public:
     QAction *about;
 
 private:
+    void addFileMenu();
+    void addEditMenu();
+    void addViewMenu();
+    void addPlaybackMenu();
+    void addSongMenu();
+    void addWindowMenu();
+    void addHelpMenu();
     QMenu *addMenu(const QString &title);
     void addSortColumns(QMenu *view);
     QAction *add(QMenu *menu, const QString &text, const QList<QKeySequence> &shortcuts = {});

@@ -22,7 +22,6 @@ public:
 Q_SIGNALS:
     /// The user cancelled the search. The text has not changed.
     void canceled(lyrabox::SearchField *sender);
-    ///
 
 protected:
     void paintEvent(QPaintEvent *event) override;

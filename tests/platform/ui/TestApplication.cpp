@@ -91,7 +91,7 @@ TEST_P(HeldKey, ACommandThatRepeatsActsAgainAndAgain)
     EXPECT_EQ(triggered.count(), 6);
 }
 
-TEST_P(HeldKey, ACommandRepeatsOnceAModifierIsReleased)
+TEST_P(HeldKey, ReleasingTheModifierDoesNotEndTheRepeats)
 {
     const QSignalSpy triggered(addCommand(Qt::Key_Right, Repeat::No), &QAction::triggered);
     key.press(Qt::Key_Right, Qt::ControlModifier);

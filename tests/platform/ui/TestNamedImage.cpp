@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-TEST(NamedImage, EveryImageOfTheInterfaceIsThere)
+TEST(NamedImage, EveryImageOfTheInterfaceExists)
 {
     const QStringList names = {u"LoopButton1"_s,
                                u"LoopButton2"_s,

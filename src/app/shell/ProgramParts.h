@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/shell/InputAfterWait.h"
+#include "app/shell/LB_AppDelegate.h"
+#include "app/shell/MainMenu.h"
+#include "engine/LB_AudioController.h"
+#include "equalizer/LB_EqualizerController.h"
+#include "library/LB_QueueController.h"
+#include "library/LB_TrackController.h"
+#include "platform/ui/Popover.h"
+#include "platform/updates/SUUpdater.h"
+#include "settings/LB_SettingsController.h"
+#include "sources/LB_FolderSourceController.h"
+#include "sources/LB_PlaylistSourceController.h"
+
+#include "ui_EqualizerWindow.h"
+#include "ui_MainWindow.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+namespace lyrabox {
+
+/// The windows, the menu and the controllers of the program. The composition root owns them and
+/// hands them to every room (Room.h). Members are destroyed from the last to the first, so the
+/// windows outlive the controllers. Main thread.
+struct ProgramParts {
+    ProgramParts()
+    {
+        mainUi.setupUi(&mainWindow);
+        eqUi.setupUi(&eqWindow);
+        menu = new MainMenu(&mainWindow);
+        sourcePopover = new Popover(&mainWindow);
+        presetPopover = new Popover(&eqWindow);
+    }
+
+    QMainWindow mainWindow;
+    QMainWindow eqWindow;
+    Ui::MainWindow mainUi;    ///< the widgets of the main window, owned by it
+    Ui::EqualizerWindow eqUi; ///< the widgets of the equalizer window, owned by it
+    MainMenu *menu;           ///< owned by the main window
+    Popover *sourcePopover;   ///< owned by the main window
+    Popover *presetPopover;   ///< owned by the equalizer window
+
+    LB_AppDelegate appDelegate;
+    LB_SettingsController settings;
+    std::unique_ptr<LB_AudioController> audio; ///< null until the engine is built
+    LB_QueueController queue;
+    LB_TrackController tracks;
+    LB_EqualizerController equalizer;
+    LB_PlaylistSourceController playlists;
+    LB_FolderSourceController folders;
+    SUUpdater updater;
+
+    /// Made together with `audio`.
+    std::unique_ptr<InputAfterWait> inputAfterWait;
+
+    /// Opens files and adds folders, as Composition::open() does. Set before the rooms connect.
+    std::function<void(const QList<QUrl> &urls)> open;
+
+    /// True until the equalizer window is first opened, unless its position was remembered.
+    bool eqWindowNeedsPosition = false;
+};
+
+} // namespace lyrabox
