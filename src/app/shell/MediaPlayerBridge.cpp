@@ -1,6 +1,5 @@
 #include "app/shell/MediaPlayerBridge.h"
 
-#include "app/controls/LB_Slider.h"
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "library/LB_TrackController.h"
@@ -11,7 +10,6 @@
 
 #include <QGuiApplication>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -22,6 +20,7 @@ namespace lyrabox {
 namespace {
 
 constexpr double microseconds = 1e6;
+constexpr std::chrono::milliseconds playbackCheckInterval{250};
 constexpr double jumpThreshold = 0.5e6; ///< microseconds
 
 QStringList mimeTypes()
@@ -63,8 +62,8 @@ MediaPlayerBridge::MediaPlayerBridge(Player player, const QDBusConnection &bus)
     connect(m_player.queue, &LB_QueueController::queueChanged, this, updateSoon);
     connect(m_player.queue, &LB_QueueController::isShufflingChanged, this, updateSoon);
     connect(m_player.tracks, &LB_TrackController::trackCountChanged, this, updateSoon);
-    connect(m_player.navigation->refreshTimer(), &QTimer::timeout, this,
-            &MediaPlayerBridge::watchPosition);
+    m_playbackTimer.setInterval(playbackCheckInterval);
+    connect(&m_playbackTimer, &QTimer::timeout, this, &MediaPlayerBridge::checkPlayback);
     NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
                                                     [this] { songChanged(); });
     songChanged();
@@ -90,8 +89,9 @@ MediaPlayerState MediaPlayerBridge::currentState() const
     state.loop = audio.isLooping() ? MediaPlayerState::Loop::Song : MediaPlayerState::Loop::None;
     state.shuffle = queue.isShuffling();
     state.rate = audio.playbackSpeedPct() / 100.0;
-    state.minimumRate = m_player.speedSlider->minValue() / 100.0;
-    state.maximumRate = m_player.speedSlider->maxValue() / 100.0;
+    const ValueRange speed = audio.playbackSpeedRange();
+    state.minimumRate = static_cast<double>(speed.minimum) / 100.0;
+    state.maximumRate = static_cast<double>(speed.maximum) / 100.0;
     state.volume = audio.outputVolume();
     state.canGoNext = queue.hasNextTrack();
     state.canGoPrevious = queue.hasPreviousTrack();
@@ -121,7 +121,12 @@ void MediaPlayerBridge::update()
     const MediaPlayerState before = m_service.state();
     const MediaPlayerState now = currentState();
     using Playback = MediaPlayerState::Playback;
-    m_inhibitor.setWanted(now.playback == Playback::Playing);
+    const bool plays = now.playback == Playback::Playing;
+    m_inhibitor.setWanted(plays);
+    if (!plays)
+        m_playbackTimer.stop();
+    else if (!m_playbackTimer.isActive())
+        m_playbackTimer.start();
 
     // A loop may have jumped back since the last look at the position. Clients continue from the
     // position that they get with a new speed or a pause.
@@ -150,14 +155,15 @@ void MediaPlayerBridge::positionWasSet()
     rememberPosition();
 }
 
-void MediaPlayerBridge::watchPosition()
+void MediaPlayerBridge::checkPlayback()
 {
-    const bool reportedPlaying = m_service.state().playback == MediaPlayerState::Playback::Playing;
-    if (m_player.audio->isRunning() != reportedPlaying) {
-        update(); // the song has ended
+    if (!m_player.audio->isRunning()) {
+        // When a song has ended the queue takes the next one. There is no pause between them.
+        if (!m_player.audio->trackHasEnded())
+            update();
         return;
     }
-    if (reportedPlaying && hasJumped()) {
+    if (hasJumped()) {
         m_service.tellSeeked();
         rememberPosition();
     }
@@ -243,8 +249,9 @@ void MediaPlayerBridge::seekTo(qint64 position)
 
 void MediaPlayerBridge::setRate(double rate)
 {
-    // As by the slider, so the speed goes in whole percent.
-    m_player.speedSlider->moveByUser(rate * 100.0);
+    // In whole percent, as with the slider.
+    const float percent = std::round(static_cast<float>(rate * 100.0));
+    m_player.audio->setPlaybackSpeedPct(m_player.audio->playbackSpeedRange().clamped(percent));
 }
 
 void MediaPlayerBridge::setVolume(double volume)
@@ -258,11 +265,11 @@ void MediaPlayerBridge::setShuffle(bool shuffle)
         m_player.shuffleButton->click();
 }
 
-// A loop needs a start and an end, so from outside it can only be cleared.
+// A loop needs a start and an end, so clients can only clear it.
 void MediaPlayerBridge::clearLoop()
 {
     if (m_player.audio->isLooping())
-        m_player.loopButton->click();
+        m_player.audio->clearLoop();
 }
 
 void MediaPlayerBridge::open(const QUrl &file)
@@ -274,8 +281,7 @@ qint64 MediaPlayerBridge::position() const
 {
     if (!m_player.audio->currentTrack())
         return 0;
-    return timeOf(std::min(m_player.audio->currentFrame(), m_player.audio->totalFrames()),
-                  *m_player.audio);
+    return timeOf(m_player.audio->heardFrame(), *m_player.audio);
 }
 
 } // namespace lyrabox

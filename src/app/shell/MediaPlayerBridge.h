@@ -14,7 +14,6 @@
 class LB_AudioController;
 class LB_NavigationView;
 class LB_QueueController;
-class LB_Slider;
 class LB_TrackController;
 
 namespace lyrabox {
@@ -41,9 +40,7 @@ public:
         LB_TrackController *tracks;
         LB_NavigationView *navigation;
         StateButton *playPauseButton;
-        StateButton *loopButton;
         StateButton *shuffleButton;
-        LB_Slider *speedSlider;
         std::function<void()> raise;
         std::function<void()> quit;
         std::function<void(const QList<QUrl> &)> open;
@@ -77,7 +74,7 @@ public:
 private:
     void songChanged();
     void positionWasSet();
-    void watchPosition();
+    void checkPlayback();
     void rememberPosition();
     bool hasJumped() const;
     void setPlaying(bool playing);
@@ -86,7 +83,8 @@ private:
     ArtworkFile m_artwork;
     SleepInhibitor m_inhibitor;
     MprisService m_service;
-    QTimer m_updateTimer; ///< collects the dozen changes of a new song into one update
+    QTimer m_playbackTimer; ///< runs while the clients believe that a song plays
+    QTimer m_updateTimer;   ///< collects the dozen changes of a new song into one update
     quint64 m_songNumber = 0;
     bool m_artworkIsOld = false;
     bool m_stopped = false; ///< stop() was called; the song is paused at its start
