@@ -1,13 +1,14 @@
 #include "app/shell/CommandLine.h"
 #include "app/shell/Composition.h"
+#include "app/shell/EngineStart.h"
 #include "app/shell/FirstPaint.h"
 #include "app/shell/Languages.h"
 #include "app/shell/ProgramIcon.h"
 #include "app/shell/SingleInstance.h"
-#include "engine/AudioEngine.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/audio/OutputModule.h"
 #include "platform/desktop/SessionBus.h"
+#include "platform/foundation/Machine.h"
 #include "platform/foundation/TerminationSignals.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/Application.h"
@@ -33,7 +34,7 @@ using lyrabox::CommandLine;
 namespace {
 
 constexpr int exitWrongUse = 2;
-constexpr std::chrono::seconds busPatience(2);
+constexpr std::chrono::seconds busTimeout(2);
 
 /// Reports that another process runs but does not answer, both on the terminal and in an alert,
 /// because the program may have been started from either.
@@ -57,80 +58,67 @@ void terminateComposition()
         runningComposition->terminate();
 }
 
-} // namespace
-
-/// Starts the program, or hands its command line over to the running process.
-int main(int argc, char **argv)
+/// Prints the text that `task` asks for. It needs no display.
+int printText(CommandLine::Task task, int &argc, char **argv)
 {
-    // Help and version need no display.
-    const CommandLine::Task task = lyrabox::readCommandLine(argc, argv).task;
-    if (task == CommandLine::Task::ShowHelp || task == CommandLine::Task::ShowVersion) {
-        QCoreApplication application(argc, argv);
-        lyrabox::installLanguage(application);
-        const QString text = task == CommandLine::Task::ShowHelp ? lyrabox::commandLineHelp()
-                                                                 : lyrabox::versionText();
-        return std::fputs(qPrintable(text), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
-    }
+    QCoreApplication application(argc, argv);
+    lyrabox::installLanguage(application);
+    const QString text =
+        task == CommandLine::Task::ShowHelp ? lyrabox::commandLineHelp() : lyrabox::versionText();
+    return std::fputs(qPrintable(text), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+}
 
-    const std::jthread fonts(&lyrabox::readFontConfiguration);
-    // The toolkit would wait for a bus that does not answer.
-    if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busPatience))
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-    const QString activationToken = lyrabox::takeActivationToken();
-    lyrabox::Application application(argc, argv); // removes the toolkit's own options
-    const CommandLine line = lyrabox::readCommandLine(argc, argv);
-    if (line.task == CommandLine::Task::ReportUnknownOption) {
-        std::fprintf(stderr, "lyrabox: unknown option %s\n%s", qPrintable(line.unknownOption),
-                     qPrintable(lyrabox::commandLineHelp()));
-        return exitWrongUse;
-    }
+void nameApplication()
+{
     QApplication::setApplicationName(QStringLiteral("Lyrabox"));
     QApplication::setApplicationDisplayName(QStringLiteral("Lyrabox"));
     QApplication::setDesktopFileName(QStringLiteral("org.lyrabox.Lyrabox"));
     QApplication::setApplicationVersion(QStringLiteral(LYRABOX_VERSION));
+}
 
-    // Modules are loaded one after the other. The windows wait for the output module, so it comes
-    // first. The decoders follow here only if songs will be opened before the first picture.
+/// Loads the modules in the background, one after the other. The windows wait for the output
+/// module, so it comes first. The decoders follow here only if songs will be opened before the
+/// first picture. If there is no thread, whoever needs a module first loads it.
+std::jthread loadModules(const CommandLine &line)
+{
     const bool opensSongs =
         !line.urls.isEmpty() ||
         !lyrabox::userDefaults().value(lyrabox::defaultsKey::folderPath).toString().isEmpty();
-    const std::jthread modules([opensSongs] {
+    return lyrabox::startThread([opensSongs] {
         lyrabox::outputModule();
         if (opensSongs)
             lyrabox::decodingModule();
     });
-    lyrabox::installLanguage(application);
-    lyrabox::applyApplicationTheme();
+}
 
-    // If the folder cannot be created, the settings controller reports it.
-    const lyrabox::SettingsFolder folder = lyrabox::makeSettingsFolder();
-    lyrabox::SingleInstance instance(folder.isThere() ? folder.url->toLocalFile() : QString());
-    switch (instance.claim({.urls = line.urls, .activationToken = activationToken})) {
-    case lyrabox::SingleInstance::Role::First:
-        break;
-    case lyrabox::SingleInstance::Role::Second:
-        return EXIT_SUCCESS;
-    case lyrabox::SingleInstance::Role::Unanswered:
-        return reportUnresponsiveInstance();
-    }
-
-    // Connecting to the sound server takes as long as building the windows, so both happen in
-    // parallel.
-    std::future<lyrabox::Status> engine =
-        std::async(std::launch::async, &lyrabox::engine::buildAudioSystem);
-    bool hasSound = true;
+/// The engine's controller; null if the engine could not be built, which the user has then seen.
+std::unique_ptr<LB_AudioController> makeAudio(std::future<lyrabox::Status> engine)
+{
+    const auto hasSound = std::make_shared<bool>(true); // the controller keeps the functions
     LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
-    fatal.terminate = [&hasSound] { hasSound = false; };
+    fatal.terminate = [hasSound] { *hasSound = false; };
     fatal.present = [show = fatal.present](const QString &text, const QString &suggestion) {
         QApplication::setWindowIcon(lyrabox::programIcon());
         show(text, suggestion);
     };
+    auto audio = std::make_unique<LB_AudioController>(fatal, std::move(engine));
+    return *hasSound ? std::move(audio) : nullptr;
+}
+
+/// Runs the program and carries out what its own start asks for. Other instances ask through
+/// `instance`. Returns the exit code.
+int run(QApplication &application, lyrabox::SingleInstance &instance,
+        const lyrabox::SingleInstance::Request &start)
+{
+    // Connecting to the sound server takes as long as building the windows, so both happen in
+    // parallel.
+    lyrabox::EngineStart engine = lyrabox::startEngine();
     // exit() rather than quit(). quit() asks every window first, and does nothing if only the alert
     // runs an event loop.
     const lyrabox::TerminationSignals signals_([] { QApplication::exit(); });
     lyrabox::Composition composition;
-    auto audio = std::make_unique<LB_AudioController>(fatal, std::move(engine));
-    if (!hasSound)
+    std::unique_ptr<LB_AudioController> audio = makeAudio(std::move(engine.status));
+    if (!audio)
         return EXIT_FAILURE;
 
     composition.setAudio(std::move(audio));
@@ -151,13 +139,55 @@ int main(int argc, char **argv)
     }
     // Opening files may take long, so the window is shown first.
     lyrabox::afterFirstPaint(composition.mainWindow(), [&] {
-        if (!activationToken.isEmpty())
-            composition.bringToFront(activationToken);
-        composition.open(line.urls);
+        if (!start.activationToken.isEmpty())
+            composition.bringToFront(start.activationToken);
+        composition.open(start.urls);
         instance.setHandler([&composition](const lyrabox::SingleInstance::Request &request) {
             composition.bringToFront(request.activationToken);
             composition.open(request.urls);
         });
     });
     return QApplication::exec();
+}
+
+} // namespace
+
+/// Starts the program, or hands its command line over to the running process.
+int main(int argc, char **argv)
+{
+    const CommandLine::Task task = lyrabox::readCommandLine(argc, argv).task;
+    if (task == CommandLine::Task::ShowHelp || task == CommandLine::Task::ShowVersion)
+        return printText(task, argc, argv);
+
+    // Without a thread, the toolkit reads the fonts when it needs them.
+    const std::jthread fonts = lyrabox::startThread(&lyrabox::readFontConfiguration);
+    // The toolkit would wait for a bus that does not answer.
+    if (!lyrabox::busAnswers(qgetenv("DBUS_SESSION_BUS_ADDRESS"), busTimeout))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    const QString activationToken = lyrabox::takeActivationToken();
+    lyrabox::Application application(argc, argv); // removes the toolkit's own options
+    const CommandLine line = lyrabox::readCommandLine(argc, argv);
+    if (line.task == CommandLine::Task::ReportUnknownOption) {
+        std::fprintf(stderr, "lyrabox: unknown option %s\n%s", qPrintable(line.unknownOption),
+                     qPrintable(lyrabox::commandLineHelp()));
+        return exitWrongUse;
+    }
+    nameApplication();
+    const std::jthread modules = loadModules(line);
+    lyrabox::installLanguage(application);
+    lyrabox::applyApplicationTheme();
+
+    // If the folder cannot be created, the settings controller reports it.
+    const lyrabox::SettingsFolder folder = lyrabox::makeSettingsFolder();
+    lyrabox::SingleInstance instance(folder.isThere() ? folder.url->toLocalFile() : QString());
+    const lyrabox::SingleInstance::Request start{line.urls, activationToken};
+    switch (instance.claim(start)) {
+    case lyrabox::SingleInstance::Role::First:
+        break;
+    case lyrabox::SingleInstance::Role::Second:
+        return EXIT_SUCCESS;
+    case lyrabox::SingleInstance::Role::Unanswered:
+        return reportUnresponsiveInstance();
+    }
+    return run(application, instance, start);
 }
