@@ -15,7 +15,7 @@
 
 namespace lyrabox::test {
 
-/// The state numbers of AT-SPI that the tests ask for.
+/// The AT-SPI state numbers that the tests use.
 enum class AccessibleState {
     Checked = 4,
     Editable = 7,
@@ -27,8 +27,8 @@ enum class AccessibleState {
     Indeterminate = 32,
 };
 
-/// One object of a program's accessible tree, as another process sees it. Every question goes over
-/// the bus; an object that is gone has empty answers.
+/// One object in the accessible tree of a program, as another process sees it. Every call is a
+/// request over the bus. An object that no longer exists gives empty answers.
 class Accessible {
 public:
     Accessible() = default;
@@ -43,19 +43,19 @@ public:
     bool has(AccessibleState state) const;
     QList<Accessible> children() const;
 
-    /// Of a slider or splitter; none without a value.
+    /// The value of a slider or splitter; none for other objects.
     std::optional<double> value() const;
     std::optional<double> minimum() const;
     std::optional<double> maximum() const;
     void setValue(double value) const;
-    /// Of a text field.
+    /// The text of a text field.
     QString text() const;
-    /// Does what its action of that name does; false without such an action.
+    /// Performs the action with that name. Returns false if there is none.
     bool act(const QString &action) const;
 
-    /// All objects below, itself first.
+    /// This object and all objects below it.
     QList<Accessible> tree() const;
-    /// The first of them with that role and name; invalid without one.
+    /// The first object in all() with that role and name; invalid if there is none.
     Accessible find(const QString &role, const QString &name) const;
 
 private:
@@ -68,7 +68,7 @@ private:
     QString m_path;
 };
 
-/// What a program tells of a change.
+/// A change that a program announced.
 struct AccessibleEvent {
     QString path;
     QString kind;   ///< "StateChanged" or "PropertyChange"
@@ -76,25 +76,25 @@ struct AccessibleEvent {
     int isOn = 0;
 };
 
-/// A session bus of the test's own with the accessibility bus that the desktop's launcher starts on
-/// it, and a client there.
+/// A private session bus, the accessibility bus that the desktop's launcher starts on it, and a
+/// client.
 class AccessibilityBus : public QObject {
     Q_OBJECT
 
 public:
-    /// Started for programs on that display.
+    /// Starts the buses for programs on that display.
     explicit AccessibilityBus(const VirtualDisplay &display);
     ~AccessibilityBus() override;
 
-    /// What DBUS_SESSION_BUS_ADDRESS has to be.
+    /// The value for DBUS_SESSION_BUS_ADDRESS.
     QString sessionAddress() const { return m_address; }
 
-    /// The program that has registered itself under that name; waited for.
+    /// Waits until a program has registered under that name, and returns it.
     Accessible application(const QString &name);
 
-    /// Collects events from now on.
+    /// Starts to collect events.
     void listen();
-    /// Whether such an event has come or comes.
+    /// Waits for such an event. Returns false if none arrives in time.
     bool waitForEvent(const std::function<bool(const AccessibleEvent &)> &matches,
                       double seconds = 10.0);
 

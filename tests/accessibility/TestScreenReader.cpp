@@ -12,7 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The program with a folder of two songs, as a screen reader meets it.
+/// Runs the program with a folder of two songs and reads it as a screen reader does.
 class ScreenReader : public RunningProgram {
 protected:
     ScreenReader()
@@ -48,7 +48,7 @@ protected:
     Accessible program;
 };
 
-/// "role: name", of what can be operated or read out.
+/// "role: name" of every object that a user can operate or read.
 std::vector<std::string> faces(const Accessible &window)
 {
     std::vector<std::string> faces;
@@ -64,7 +64,7 @@ auto countOf(const std::vector<std::string> &faces, const std::string &prefix)
     });
 }
 
-TEST_F(ScreenReader, FindsNoControlWithoutARoleOrAName)
+TEST_F(ScreenReader, FindsARoleAndANameForEveryControl)
 {
     startAndPlay();
     display.key(u"ctrl+2"_s);
@@ -82,7 +82,7 @@ TEST_F(ScreenReader, FindsNoControlWithoutARoleOrAName)
             if (!controls.contains(role) && !object.has(AccessibleState::Focusable))
                 continue;
             ++checked;
-            // Cells of the columns of images are empty where there is no image.
+            // Cells in the image columns may be empty.
             EXPECT_TRUE(role == u"cell"_s || !object.name().isEmpty())
                 << role.toStdString() << " in " << title.toStdString();
         }
@@ -90,7 +90,7 @@ TEST_F(ScreenReader, FindsNoControlWithoutARoleOrAName)
     EXPECT_GT(checked, 120);
 }
 
-TEST_F(ScreenReader, MeetsEveryControlOfTheMainWindow)
+TEST_F(ScreenReader, FindsEveryControlOfTheMainWindow)
 {
     startAndPlay();
     EXPECT_THAT(faces(window(u"Lyrabox"_s)),
@@ -129,7 +129,7 @@ TEST_F(ScreenReader, MeetsEveryControlOfTheMainWindow)
                                                     "menu item: Next Song"}));
 }
 
-TEST_F(ScreenReader, MeetsEveryControlOfTheEqualizer)
+TEST_F(ScreenReader, FindsEveryControlOfTheEqualizer)
 {
     startAndPlay();
     display.key(u"ctrl+2"_s);
@@ -145,7 +145,7 @@ TEST_F(ScreenReader, MeetsEveryControlOfTheEqualizer)
     EXPECT_EQ(countOf(met, "push button: Up 1 decibel"), 10);
 }
 
-TEST_F(ScreenReader, ReadsValuesThatFollowThePlayer)
+TEST_F(ScreenReader, ReadsTheCurrentValuesOfThePlayer)
 {
     startAndPlay();
     const Accessible speed = find(u"slider"_s, u"Speed"_s);
@@ -181,7 +181,7 @@ TEST_F(ScreenReader, ReadsValuesThatFollowThePlayer)
         << position.description().toStdString();
 }
 
-TEST_F(ScreenReader, HearsOfEveryChange)
+TEST_F(ScreenReader, IsNotifiedOfEveryChange)
 {
     startAndPlay();
     const Accessible speed = find(u"slider"_s, u"Speed"_s);
@@ -194,7 +194,8 @@ TEST_F(ScreenReader, HearsOfEveryChange)
             return event.path == object.path() && event.detail == detail;
         });
     };
-    // The program learns of the listener by a message of its own, so the first change is repeated.
+    // The program learns about the listener in a message of its own, so the first change is
+    // repeated.
     EXPECT_TRUE(waitUntil([&] {
         display.key(u"minus"_s);
         return bus.waitForEvent(
@@ -245,7 +246,7 @@ TEST_F(ScreenReader, FollowsThePresetAndTheBands)
     display.key(u"ctrl+2"_s);
     ASSERT_TRUE(waitForName(u"frame"_s, u"Equalizer"_s));
     const Accessible band = find(u"slider"_s, u"Level at 31.5 hertz"_s);
-    display.key(u"Down"_s); // from the manual preset to the first of the others
+    display.key(u"Down"_s); // from the manual preset to the next one
     EXPECT_TRUE(
         waitUntil([&] { return find(u"cell"_s, u"Acoustic"_s).has(AccessibleState::Selected); }));
     EXPECT_TRUE(waitUntil([&] { return band.value().value_or(0.0) != 0.0; }));

@@ -41,11 +41,11 @@ void HangingDisk::unplug()
     m_stops = true;
     m_thread.join();
     ::umount2(m_path.constData(), MNT_DETACH);
-    ::close(std::exchange(m_device, -1)); // ends the connection, and with it every wait
+    ::close(std::exchange(m_device, -1)); // ends the connection and all waiting accesses
 }
 
-/// Agrees on the protocol, and takes nothing else. So whoever waits can still be killed; of what
-/// was taken the kernel would await the answer.
+/// Negotiates the protocol and reads no further requests. A process that waits for an unread
+/// request can be killed; for a request that was read, the kernel would wait for the answer.
 void HangingDisk::serve()
 {
     alignas(fuse_in_header) std::array<char, 1 << 18> request{};

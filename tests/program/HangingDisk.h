@@ -7,8 +7,8 @@
 
 namespace lyrabox::test {
 
-/// A disk that hangs, as a network folder whose server has gone: whoever asks it anything waits.
-/// Root rights are needed to mount it. Only the program that is tested may go near it meanwhile.
+/// A disk that hangs, like a network folder whose server is gone: every access waits. Mounting it
+/// needs root rights. While it is mounted, only the tested program may access it.
 class HangingDisk {
 public:
     HangingDisk() = default;
@@ -16,14 +16,14 @@ public:
     HangingDisk(const HangingDisk &) = delete;
     HangingDisk &operator=(const HangingDisk &) = delete;
 
-    /// Mounts it on a folder; false when that is not possible, for the reason().
+    /// Mounts the disk on a folder. Returns false if that is not possible; reason() says why.
     bool mount(const QString &folder);
     QString reason() const { return m_reason; }
 
-    /// Whether somebody waits for it.
+    /// Whether an access waits for the disk.
     bool isAsked() const { return m_isAsked; }
 
-    /// Takes it away: those who wait get an error.
+    /// Removes the disk. Waiting accesses fail.
     void unplug();
 
 private:

@@ -23,10 +23,10 @@ struct SessionManager::Private {
     SmsConn program = nullptr;
     bool asked = false;
     std::atomic<bool> isRegistered{false};
-    std::atomic<int> saves{0}; ///< how often the program has said that its state is saved
+    std::atomic<int> saves{0}; ///< how often the program has saved its state
     std::atomic<bool> ends{false};
     std::atomic<bool> stops{false};
-    std::thread thread; ///< everything of the library's: a program that registers waits for it
+    std::thread thread; ///< runs the library; registering programs wait for it
 
     void run()
     {
@@ -39,7 +39,7 @@ struct SessionManager::Private {
         }
     }
 
-    /// Serves whoever asks something now.
+    /// Handles all pending requests.
     void serve()
     {
         std::vector<pollfd> files;
@@ -155,7 +155,7 @@ Status newProgram(SmsConn, SmPointer data, unsigned long *mask, SmsCallbacks *ca
 SessionManager::SessionManager() : d(std::make_unique<Private>())
 {
     char error[256] = "";
-    IceSetIOErrorHandler([](IceConn) {}); // the library's own ends the process
+    IceSetIOErrorHandler([](IceConn) {}); // the default handler ends the process
     if (SmsInitialize("test", "1", newProgram, d.get(), letIn, sizeof error, error) == 0 ||
         IceListenForConnections(&d->listenerCount, &d->listeners, sizeof error, error) == 0) {
         ADD_FAILURE() << "no session manager: " << error;

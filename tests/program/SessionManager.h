@@ -6,9 +6,9 @@
 
 namespace lyrabox::test {
 
-/// The desktop's session manager (XSMP): programs that are started while SESSION_MANAGER is its
-/// address register with it and are told when the session ends. What fails adds a test failure.
-/// Main thread only, one at a time.
+/// A session manager of the desktop (XSMP). Programs that start while SESSION_MANAGER holds its
+/// address register with it and are told when the session ends. Failures are added to the test.
+/// Main thread only; one object at a time.
 class SessionManager {
 public:
     SessionManager();
@@ -16,14 +16,14 @@ public:
     SessionManager(const SessionManager &) = delete;
     SessionManager &operator=(const SessionManager &) = delete;
 
-    /// Returns when a program has registered and has saved its state for the first time.
+    /// Waits until a program has registered and has saved its state for the first time.
     bool waitForProgram();
 
-    /// Ends the session as a log-out does: asks the program to save its state, gives it the word
-    /// when it wants to ask something, and tells it to end. Returns when it has been told.
+    /// Ends the session like a log-out: asks the program to save its state, lets it interact with
+    /// the user if it asks for that, and tells it to quit. Returns once it has been told.
     bool endSession();
 
-    struct Private; // for the library's callbacks
+    struct Private; // accessible to the library's callbacks
 
 private:
     std::unique_ptr<Private> d;

@@ -12,9 +12,9 @@ namespace {
 
 class EndingProgram : public RunningProgram {};
 
-class ProgramThatGetsSignal : public RunningProgram, public testing::WithParamInterface<int> {};
+class SignalledProgram : public RunningProgram, public testing::WithParamInterface<int> {};
 
-TEST_P(ProgramThatGetsSignal, WritesItsThreeFilesAndEnds)
+TEST_P(SignalledProgram, WritesItsThreeFilesAndEnds)
 {
     const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s}});
     showFolder(folder);
@@ -39,14 +39,14 @@ TEST_P(ProgramThatGetsSignal, WritesItsThreeFilesAndEnds)
     EXPECT_GT(presets->array()->size(), 20U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, ProgramThatGetsSignal, testing::Values(SIGTERM, SIGINT, SIGHUP),
+INSTANTIATE_TEST_SUITE_P(Signals, SignalledProgram, testing::Values(SIGTERM, SIGINT, SIGHUP),
                          [](const auto &signal) {
                              return signal.param == SIGTERM  ? "Terminate"
                                     : signal.param == SIGINT ? "Interrupt"
                                                              : "HangUp";
                          });
 
-TEST_F(EndingProgram, ASecondStartBringsTheFirstToTheFrontAndEnds)
+TEST_F(EndingProgram, ASecondInstanceBringsTheFirstToTheFrontAndEnds)
 {
     start();
     display.key(u"ctrl+2"_s);

@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int guitarSolo = 9; ///< the identifier of a preset that is shipped, and its row
+constexpr int guitarSolo = 9; ///< the identifier and the row of a built-in preset
 constexpr double guitarSoloAtOneKilohertz = 3.5;
 
 class EqualizingProgram : public RunningProgram {
@@ -33,7 +33,7 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return display.activeWindow() == window; }));
     }
 
-    /// Adds a preset of the user's own, which is then selected, and asks whether it is to go.
+    /// Adds a user preset, which selects it, and opens the question whether to remove it.
     void addPresetAndAskToRemoveIt()
     {
         openEqualizer();
@@ -53,7 +53,7 @@ protected:
         return names;
     }
 
-    /// The level of the last fifth of a second, in decibels against the tone in the file.
+    /// The level of the last 0.2 s in decibels, relative to the tone in the file.
     double levelNow() const
     {
         constexpr double inTheFile = 0.1 / std::numbers::sqrt2;
@@ -92,30 +92,30 @@ TEST_F(EqualizingProgram, APresetIsAddedAndRemovedWithTheKeyboard)
     EXPECT_GE(presetsOnDisk().size(), 20);
 }
 
-TEST_F(EqualizingProgram, TheWheelBehindTheQuestionWhetherAPresetIsToGoKeepsEveryPreset)
+TEST_F(EqualizingProgram, TheWheelClosesTheRemoveQuestionAndKeepsThePreset)
 {
     addPresetAndAskToRemoveIt();
     display.wheel(place::equalizerWindow.topLeft() + place::oneKilohertzMiddle, 3);
-    display.key(u"Return"_s); // nobody asks any more
+    display.key(u"Return"_s); // the question is closed
     EXPECT_EQ(quit(), 0);
     EXPECT_TRUE(presetsOnDisk().contains(u"Mine"_s));
     EXPECT_TRUE(presetsOnDisk().contains(u"Manual"_s));
     EXPECT_EQ(userDefault(u"eqPreset"_s).toInt(), 0);
 }
 
-TEST_F(EqualizingProgram, ClosingTheWindowBehindTheQuestionWhetherAPresetIsToGoKeepsIt)
+TEST_F(EqualizingProgram, ClosingTheWindowClosesTheRemoveQuestionAndKeepsThePreset)
 {
     addPresetAndAskToRemoveIt();
     display.key(u"ctrl+w"_s);
     ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
     display.key(u"ctrl+2"_s);
     ASSERT_TRUE(waitUntil([this] { return display.activeWindow() != mainWindow(); }));
-    display.key(u"Return"_s); // nobody asks any more
+    display.key(u"Return"_s); // the question is closed
     EXPECT_EQ(quit(), 0);
     EXPECT_TRUE(presetsOnDisk().contains(u"Mine"_s));
 }
 
-TEST_F(EqualizingProgram, AChosenPresetComesBackAfterARestart)
+TEST_F(EqualizingProgram, TheChosenPresetIsRestoredAfterARestart)
 {
     openEqualizer();
     display.click(place::equalizerWindow.topLeft() + place::presetRow(guitarSolo));

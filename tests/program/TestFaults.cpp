@@ -1,4 +1,4 @@
-// The end that comes at a bad moment, and folders that fail while the program shows them.
+// Signals and other ends at bad moments, and folders that fail while the program shows them.
 
 #include "program/HangingDisk.h"
 #include "program/Places.h"
@@ -45,7 +45,7 @@ protected:
 
 class ProgramInTheMiddle;
 
-/// What the user is doing when the end comes.
+/// What the program is doing when it is ended.
 struct Moment {
     const char *name;
     void (ProgramInTheMiddle::*reach)();
@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Moments, ProgramInTheMiddle,
                                          Moment{"Typing", &ProgramInTheMiddle::typing}),
                          [](const auto &moment) { return std::string(moment.param.name); });
 
-TEST_F(FaultyProgram, ASignalInAScanWritesTheFilesAndEnds)
+TEST_F(FaultyProgram, ASignalDuringAScanWritesTheFilesAndEnds)
 {
     const QString tones = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}, {u"Beta"_s, 400.0}});
     const QString many = makeFolder(u"Many"_s, {});
@@ -161,12 +161,12 @@ TEST_F(FaultyProgram, ASignalInAScanWritesTheFilesAndEnds)
     expectWrittenFiles();
 }
 
-TEST_F(FaultyProgram, ASignalInTheAlertThatThereIsNoSoundEndsTheProgram)
+TEST_F(FaultyProgram, ASignalDuringTheNoSoundAlertEndsTheProgram)
 {
     sound.kill();
     startWithoutWindow();
     display.waitForWindow(u"^Lyrabox$"_s);
-    EXPECT_EQ(sendSignalAndWait(SIGTERM), 1); // it has not come up
+    EXPECT_EQ(sendSignalAndWait(SIGTERM), 1); // the start failed
     EXPECT_FALSE(QFile::exists(settingsFile(u"EQPresets.plist"_s)));
 }
 
@@ -182,7 +182,7 @@ TEST_F(FaultyProgram, TheEndOfTheDesktopSessionWritesTheFilesAndEnds)
     expectWrittenFiles();
 }
 
-TEST_F(FaultyProgram, TheEndOfTheDesktopSessionInAnAlertWritesTheFilesAndEnds)
+TEST_F(FaultyProgram, TheEndOfTheDesktopSessionDuringAnAlertWritesTheFilesAndEnds)
 {
     if (display.isWayland())
         GTEST_SKIP() << "sessions of Wayland have no session manager: they end by a signal";
@@ -196,22 +196,22 @@ TEST_F(FaultyProgram, TheEndOfTheDesktopSessionInAnAlertWritesTheFilesAndEnds)
     expectWrittenFiles();
 }
 
-TEST_F(FaultyProgram, ADisplayServerThatDiesTakesTheProgramAlongButNotTheSettings)
+TEST_F(FaultyProgram, TheSettingsAreWrittenIfTheDisplayServerDies)
 {
     startWithSongs();
     display.kill();
-    waitForEnd(); // by exit(), with a status of the toolkit's
+    waitForEnd(); // the toolkit calls exit()
     expectWrittenFiles();
 }
 
-TEST_F(FaultyProgram, AKillInTheEndLeavesEachFileWhole)
+TEST_F(FaultyProgram, AKillWhileEndingLeavesEachFileWhole)
 {
     startWithSongs();
     ASSERT_EQ(sendSignalAndWait(SIGTERM), 0);
     const int rounds = qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS") > 0
                            ? qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS")
                            : 6;
-    std::mt19937 dice(9); // when the kill falls
+    std::mt19937 dice(9); // for the time of the kill
     std::uniform_int_distribution<useconds_t> moment(0, 80'000);
     for (int round = 0; round < rounds; ++round) {
         start();
@@ -228,7 +228,7 @@ TEST_F(FaultyProgram, AKillInTheEndLeavesEachFileWhole)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(FaultyProgram, WhatIsNoFileIsNoSongAndHoldsNothingUp)
+TEST_F(FaultyProgram, PipesAndDevicesAreNoSongsAndDoNotBlock)
 {
     const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}});
     const auto inFolder = [&](const char *name) {
@@ -248,7 +248,7 @@ TEST_F(FaultyProgram, WhatIsNoFileIsNoSongAndHoldsNothingUp)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(FaultyProgram, AFolderThatVanishesWhileItsSongPlaysLeavesTheSongPlaying)
+TEST_F(FaultyProgram, TheSongKeepsPlayingWhenItsFolderVanishes)
 {
     const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 60.0}, {u"Beta"_s, 400.0}});
     showFolder(folder);
@@ -260,13 +260,13 @@ TEST_F(FaultyProgram, AFolderThatVanishesWhileItsSongPlaysLeavesTheSongPlaying)
     EXPECT_TRUE(seekForward());
     ASSERT_TRUE(recorder->waitFor(0.5));
     EXPECT_TRUE(hears(300.0));
-    display.key(u"ctrl+Right"_s); // the next song is gone: an error, and the queue's end
+    display.key(u"ctrl+Right"_s); // the next song is gone: an error ends the queue
     EXPECT_TRUE(hearsSilence());
     EXPECT_TRUE(isRunning());
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(FaultyProgram, ASettingsFolderThatCannotBeMadeIsToldOnce)
+TEST_F(FaultyProgram, ASettingsFolderThatCannotBeCreatedIsReportedOnce)
 {
     const QString folder = QFileInfo(settingsFile(u"x"_s)).path();
     ASSERT_TRUE(QDir().rmdir(folder));
@@ -282,7 +282,7 @@ TEST_F(FaultyProgram, ASettingsFolderThatCannotBeMadeIsToldOnce)
     EXPECT_EQ(text.count("Unable to access Application Support Directory"), 1) << text.constData();
 }
 
-/// A disk of its own under a folder of songs.
+/// Has a folder of songs on a separate disk.
 class ProgramOnDisk : public FaultyProgram {
 protected:
     bool mountDisk()
@@ -311,7 +311,7 @@ protected:
     bool isMounted = false;
 };
 
-TEST_F(ProgramOnDisk, UnpluggedWhileASongPlaysLeavesItPlaying)
+TEST_F(ProgramOnDisk, TheSongKeepsPlayingWhenTheDiskIsUnplugged)
 {
     if (!mountDisk())
         GTEST_SKIP() << "no disk can be mounted here (" << reason << "): root rights are needed";
@@ -329,7 +329,7 @@ TEST_F(ProgramOnDisk, UnpluggedWhileASongPlaysLeavesItPlaying)
     EXPECT_TRUE(settingsList(u"Folders.plist"_s));
 }
 
-TEST_F(FaultyProgram, ADiskThatHangsHoldsTheListsUpButNotTheSoundAndNotTheEndOfTheWait)
+TEST_F(FaultyProgram, AHangingDiskDelaysListsButNotTheSound)
 {
     const QString tones = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}});
     const QString remote = makeFolder(u"Remote"_s, {{u"Beta"_s, 400.0}});
@@ -347,7 +347,7 @@ TEST_F(FaultyProgram, ADiskThatHangsHoldsTheListsUpButNotTheSoundAndNotTheEndOfT
     click(place::sourceRow(1));
     ASSERT_TRUE(waitUntil([&] { return disk.isAsked(); }));
 
-    // The sound needs nobody.
+    // The sound continues without the main thread.
     for (int second = 0; second < 3; ++second) {
         ASSERT_TRUE(recorder->waitFor(1.0));
         EXPECT_TRUE(hears(300.0));

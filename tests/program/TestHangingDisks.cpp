@@ -1,4 +1,4 @@
-// Folders on a disk that answers nothing, from the start on.
+// Folders on a disk that does not answer from the start.
 
 #include "program/HangingDisk.h"
 #include "program/Places.h"
@@ -12,9 +12,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// "Tones" on a disk that is well, and "Remote", which was shown last, on one that hangs from the
-/// start on.
-class ProgramBesideAHangingDisk : public RunningProgram {
+/// Starts with "Tones" on a working disk and "Remote", which was shown last, on a disk that hangs.
+class ProgramWithAHangingDisk : public RunningProgram {
 protected:
     void startBesideIt()
     {
@@ -33,7 +32,7 @@ protected:
     HangingDisk disk;
 };
 
-TEST_F(ProgramBesideAHangingDisk, ShowsItsWindowPlaysFromOtherDisksAndEnds)
+TEST_F(ProgramWithAHangingDisk, ShowsItsWindowPlaysFromOtherDisksAndEnds)
 {
     startBesideIt();
     if (IsSkipped() || HasFailure())
@@ -47,7 +46,7 @@ TEST_F(ProgramBesideAHangingDisk, ShowsItsWindowPlaysFromOtherDisksAndEnds)
     EXPECT_EQ(settingsList(u"Folders.plist"_s), folders);
 }
 
-TEST_F(ProgramBesideAHangingDisk, GoesOnAfterEscapeWhenItsFolderIsSelected)
+TEST_F(ProgramWithAHangingDisk, ContinuesAfterEscapeWhenItsFolderIsSelected)
 {
     startBesideIt();
     if (IsSkipped() || HasFailure())
@@ -66,7 +65,7 @@ TEST_F(ProgramBesideAHangingDisk, GoesOnAfterEscapeWhenItsFolderIsSelected)
     EXPECT_EQ(settingsList(u"Folders.plist"_s), folders);
 }
 
-TEST_F(ProgramBesideAHangingDisk, EndsOnASignalWhenItsFolderIsSelected)
+TEST_F(ProgramWithAHangingDisk, EndsOnASignalWhenItsFolderIsSelected)
 {
     startBesideIt();
     if (IsSkipped() || HasFailure())

@@ -1,4 +1,4 @@
-// A sound server that is there and does not answer, and one that drops the program's stream.
+// A sound server that runs but does not answer, and one that drops the program's stream.
 
 #include "program/Places.h"
 #include "support/program/RunningProgram.h"
@@ -40,7 +40,7 @@ protected:
     QString folder;
 };
 
-TEST_F(ProgramOnHangingServer, SaysSoAtPauseAndPlaysOnWhenTheServerAnswers)
+TEST_F(ProgramOnHangingServer, ReportsItOnPauseAndContinuesWhenTheServerAnswers)
 {
     startWithSongs();
     doubleClickSong(0);
@@ -49,7 +49,7 @@ TEST_F(ProgramOnHangingServer, SaysSoAtPauseAndPlaysOnWhenTheServerAnswers)
     sound.hang();
     display.key(u"space"_s);
     EXPECT_TRUE(waitForMessage(true));
-    // The windows go on, and another song may be loaded and played; the message stays.
+    // The windows keep working and another song can be loaded and played. The message stays.
     display.key(u"ctrl+f"_s);
     display.type(u"bet"_s);
     EXPECT_TRUE(waitForSongs(1));
@@ -62,7 +62,7 @@ TEST_F(ProgramOnHangingServer, SaysSoAtPauseAndPlaysOnWhenTheServerAnswers)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ProgramOnHangingServer, SaysSoInMidSongWithoutBeingUsedAndNoLongerWhenTheServerGoesOn)
+TEST_F(ProgramOnHangingServer, ReportsItDuringASongUntilTheServerContinues)
 {
     startWithSongs();
     doubleClickSong(0);
@@ -112,7 +112,7 @@ TEST_F(ProgramOnHangingServer, EndsOnASignalAndWritesItsFilesAfterAStartWithoutS
     expectWrittenFiles();
 }
 
-TEST_F(ProgramOnHangingServer, AStreamThatTheServerDropsIsReplacedAndTheSongGoesOn)
+TEST_F(ProgramOnHangingServer, ADroppedStreamIsReplacedAndTheSongContinues)
 {
     startWithSongs();
     doubleClickSong(0);
@@ -123,7 +123,7 @@ TEST_F(ProgramOnHangingServer, AStreamThatTheServerDropsIsReplacedAndTheSongGoes
     EXPECT_FALSE(showsMessage());
 }
 
-TEST_F(ProgramOnHangingServer, ASongWithoutADeviceIsSaidToBeSilentUntilThereIsOne)
+TEST_F(ProgramOnHangingServer, ReportsThatThereIsNoDeviceUntilThereIsOne)
 {
     startWithSongs();
     doubleClickSong(0);

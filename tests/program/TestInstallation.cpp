@@ -1,4 +1,4 @@
-// The program beside damaged parts of its installation.
+// The program with damaged parts of its installation.
 
 #include "program/Places.h"
 #include "support/program/RunningProgram.h"
@@ -15,7 +15,8 @@ namespace {
 
 class CopiedProgram : public RunningProgram {
 protected:
-    /// A copy of what is installed, whose decoders have `bytes`; without them there are none.
+    /// Copies the installation. The decoders' module gets these bytes as its content; without
+    /// `bytes` there is no such file.
     void install(const std::optional<QByteArray> &bytes)
     {
         const QString build = QStringLiteral(LYRABOX_BINARY_DIR);
@@ -60,7 +61,7 @@ protected:
     QTemporaryDir installation;
 };
 
-TEST_F(CopiedProgram, WithItsDecodersPlays)
+TEST_F(CopiedProgram, WithDecodersPlays)
 {
     install(decoders());
     start();
@@ -71,26 +72,26 @@ TEST_F(CopiedProgram, WithItsDecodersPlays)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(CopiedProgram, WithoutDecodersSaysSoAndGoesOn)
+TEST_F(CopiedProgram, WithoutDecodersReportsItAndKeepsRunning)
 {
     install(std::nullopt);
     expectMessageAndNoSongs();
 }
 
-TEST_F(CopiedProgram, WithDecodersThatAreCutOffSaysSoAndGoesOn)
+TEST_F(CopiedProgram, WithTruncatedDecodersReportsItAndKeepsRunning)
 {
     const QByteArray whole = decoders();
     install(whole.left(whole.size() / 2));
     expectMessageAndNoSongs();
 }
 
-TEST_F(CopiedProgram, WithDecodersThatAreSomethingElseSaysSoAndGoesOn)
+TEST_F(CopiedProgram, WithAnInvalidModuleReportsItAndKeepsRunning)
 {
     install(QByteArray("not a module\n").repeated(1000));
     expectMessageAndNoSongs();
 }
 
-TEST_F(CopiedProgram, WithoutItsOutputEndsWithTheAlertThatThereIsNoSound)
+TEST_F(CopiedProgram, WithoutTheOutputModuleShowsTheNoSoundAlert)
 {
     install(decoders());
     ASSERT_TRUE(QFile::remove(installation.filePath(u"lib/lyrabox/lyrabox-output.so"_s)));

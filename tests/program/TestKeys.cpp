@@ -1,4 +1,4 @@
-// Every key of the user's guide, held and pressed. The display repeats a held key as displays do.
+// Every key of the user's guide, pressed and held. The display repeats a held key as usual.
 
 #include "program/Places.h"
 #include "support/program/RunningProgram.h"
@@ -14,7 +14,7 @@ namespace {
 
 class KeyProgram : public RunningProgram {
 protected:
-    /// Four songs of 20 s, the second of which tells its seconds by its tone; it plays.
+    /// Starts with four songs of 20 s and plays the second, in which each second has its own tone.
     void startWithSongs()
     {
         const QString folder = makeFolder(
@@ -28,7 +28,7 @@ protected:
         ASSERT_TRUE(hears(stepFrequency(0)));
     }
 
-    /// Waits until so many seconds of sound, or of silence, have been recorded.
+    /// Waits until this many seconds of sound or silence have been recorded.
     void listen(double seconds)
     {
         const auto end =
@@ -36,7 +36,7 @@ protected:
         EXPECT_TRUE(waitUntil([&] { return recorder->size() >= end; }));
     }
 
-    /// Long enough for the display to have repeated the key some twenty times.
+    /// Holds the key long enough for about twenty repeats.
     void hold(const QString &key)
     {
         display.keyDown(key);
@@ -44,7 +44,7 @@ protected:
         display.keyUp(key);
     }
 
-    /// The same with modifiers, which xdotool would let go of again.
+    /// The same with modifiers. xdotool would release them again.
     void holdWith(const QString &modifier, const QString &key)
     {
         display.keyDown(modifier);
@@ -52,7 +52,7 @@ protected:
         display.keyUp(modifier);
     }
 
-    /// The second of the step song that is heard; -1 for anything else.
+    /// The second of the step song that plays now; -1 if something else is heard.
     int stepNow() const
     {
         const double step = (toneNow() - stepFrequency(0)) / (stepFrequency(1) - stepFrequency(0));
@@ -64,7 +64,7 @@ protected:
         return waitUntil([&] { return stepNow() >= step; }, seconds);
     }
 
-    /// The song's speed and pitch as the settings file holds them.
+    /// The speed and pitch of the song in the settings file.
     double kept(const QString &key) const
     {
         const std::optional<PropertyList> settings = settingsList(u"UserSettings.plist"_s);
@@ -80,7 +80,7 @@ TEST_F(KeyProgram, HeldSpacePausesOnce)
     hold(u"space"_s);
     EXPECT_TRUE(hearsSilence(1.0));
     listen(0.5);
-    EXPECT_TRUE(hearsSilence(0.5)) << "it stays paused";
+    EXPECT_TRUE(hearsSilence(0.5)) << "the song must stay paused";
     display.key(u"space"_s);
     EXPECT_TRUE(hearsAnything());
     hold(u"space"_s);
@@ -93,17 +93,18 @@ TEST_F(KeyProgram, HeldLeftEndsAtTheStartOfTheSong)
     ASSERT_TRUE(reachesStep(3));
     display.keyDown(u"Left"_s);
     EXPECT_TRUE(hears(stepFrequency(0)));
-    listen(1.6); // the display goes on repeating
+    listen(1.6); // the display keeps repeating the key
     display.keyUp(u"Left"_s);
-    EXPECT_GE(stepNow(), 0) << "another song plays";
-    EXPECT_TRUE(reachesStep(5)) << "it goes on as it was recorded";
+    EXPECT_GE(stepNow(), 0) << "another song is playing";
+    EXPECT_TRUE(reachesStep(5)) << "the song does not continue";
     display.key(u"Left"_s);
-    EXPECT_TRUE(hears(stepFrequency(0))); // begun again; pressed once more, it is the song before
+    EXPECT_TRUE(
+        hears(stepFrequency(0))); // the song starts again; another press plays the previous one
     display.key(u"Left"_s);
     EXPECT_TRUE(hears(250.0));
 }
 
-TEST_F(KeyProgram, HeldControlRightGoesOneSongOnAndHeldControlLeftOneBack)
+TEST_F(KeyProgram, HeldControlRightAndLeftMoveByOneSong)
 {
     startWithSongs();
     holdWith(u"ctrl"_s, u"Right"_s);
@@ -116,7 +117,7 @@ TEST_F(KeyProgram, HeldControlRightGoesOneSongOnAndHeldControlLeftOneBack)
     EXPECT_TRUE(reachesStep(0));
 }
 
-TEST_F(KeyProgram, HeldShiftRightAndLeftGoOnByFiveSeconds)
+TEST_F(KeyProgram, HeldShiftRightAndLeftRepeatBySteps)
 {
     startWithSongs();
     display.keyDown(u"shift"_s);
@@ -135,17 +136,17 @@ TEST_F(KeyProgram, HeldReturnStartsTheSongOnce)
     ASSERT_TRUE(reachesStep(3));
     display.key(u"ctrl+l"_s);
     hold(u"Return"_s);
-    EXPECT_GE(stepNow(), 1) << "the song was begun again and again";
+    EXPECT_GE(stepNow(), 1) << "the song started more than once";
     EXPECT_LE(stepNow(), 2);
 }
 
-TEST_F(KeyProgram, HeldLMarksTheStartOfALoopAndHeldAgainItsEnd)
+TEST_F(KeyProgram, HeldLMarksOneEndOfALoopEachTime)
 {
     startWithSongs();
     ASSERT_TRUE(reachesStep(1));
     hold(u"l"_s);
     const int second = stepNow();
-    EXPECT_GE(second, 2) << "there is no loop yet";
+    EXPECT_GE(second, 2) << "there must not be a loop yet";
     ASSERT_TRUE(reachesStep(4));
     display.keyDown(u"l"_s);
     EXPECT_TRUE(waitUntil([this] { return stepNow() == 1; }, 4.0)) << "the loop does not repeat";
@@ -157,14 +158,14 @@ TEST_F(KeyProgram, HeldLMarksTheStartOfALoopAndHeldAgainItsEnd)
     EXPECT_TRUE(reachesStep(6));
 }
 
-TEST_F(KeyProgram, HeldStepsGoOnToTheirEndsAndTheRestActsOnce)
+TEST_F(KeyProgram, HeldStepsRepeatAndOtherCommandsActOnce)
 {
     startWithSongs();
     hold(u"bracketright"_s);
     hold(u"minus"_s);
     holdWith(u"ctrl"_s, u"s"_s);
     holdWith(u"ctrl"_s, u"Down"_s);
-    EXPECT_TRUE(hearsSilence(2.0)) << "the volume";
+    EXPECT_TRUE(hearsSilence(2.0)) << "volume";
     holdWith(u"ctrl"_s, u"Up"_s);
     EXPECT_TRUE(hearsAnything(2.0));
     holdWith(u"ctrl"_s, u"r"_s);
@@ -174,7 +175,7 @@ TEST_F(KeyProgram, HeldStepsGoOnToTheirEndsAndTheRestActsOnce)
     EXPECT_TRUE(userDefault(u"shuffle"_s).toBool());
 }
 
-TEST_F(KeyProgram, HeldResetsAndForgettingLeaveTheSongAsItWas)
+TEST_F(KeyProgram, HeldResetAndForgetKeysLeaveTheSongAsItWas)
 {
     startWithSongs();
     display.key(u"equal"_s, 3);
@@ -182,11 +183,11 @@ TEST_F(KeyProgram, HeldResetsAndForgettingLeaveTheSongAsItWas)
     display.key(u"ctrl+s"_s);
     display.key(u"ctrl+Right"_s);
     EXPECT_TRUE(hears(300.0));
-    display.key(u"ctrl+Left"_s); // comes with what was kept
+    display.key(u"ctrl+Left"_s); // reloads the song with its kept settings
     EXPECT_TRUE(waitUntil([this] { return toneNow() > 310.0; }));
     hold(u"0"_s);
     hold(u"backslash"_s);
-    EXPECT_GE(stepNow(), 0) << "speed and pitch are those of the recording";
+    EXPECT_GE(stepNow(), 0) << "speed and pitch must be normal";
     display.keyDown(u"shift"_s);
     holdWith(u"ctrl"_s, u"s"_s);
     display.keyUp(u"shift"_s);
@@ -194,13 +195,13 @@ TEST_F(KeyProgram, HeldResetsAndForgettingLeaveTheSongAsItWas)
     EXPECT_EQ(kept(u"speed"_s), -1.0);
 }
 
-TEST_F(KeyProgram, HeldKeysOfOneWindowDoNothingInTheNext)
+TEST_F(KeyProgram, KeysHeldWhileAWindowClosesDoNothingInTheNext)
 {
     startWithSongs();
     holdWith(u"ctrl"_s, u"2"_s);
     const QString equalizer = display.waitForWindow(u"^Equalizer"_s);
     EXPECT_TRUE(waitUntil([&] { return display.activeWindow() == equalizer; }));
-    holdWith(u"ctrl"_s, u"w"_s); // closes the equalizer, and then the main window has the keyboard
+    holdWith(u"ctrl"_s, u"w"_s); // closes the equalizer; then the main window has the focus
     EXPECT_TRUE(isRunning());
     EXPECT_EQ(display.activeWindow(), mainWindow());
 
@@ -209,12 +210,12 @@ TEST_F(KeyProgram, HeldKeysOfOneWindowDoNothingInTheNext)
     const QString help = display.waitForWindow(u"^Keys"_s);
     EXPECT_TRUE(waitUntil([&] { return display.activeWindow() == help; }));
     ASSERT_TRUE(reachesStep(6));
-    hold(u"Return"_s); // closes the list of keys, and then the list of songs has the keyboard
+    hold(u"Return"_s); // closes the list of keys; then the list of songs has the focus
     EXPECT_EQ(display.activeWindow(), mainWindow());
-    EXPECT_GE(stepNow(), 7) << "the song was begun again";
+    EXPECT_GE(stepNow(), 7) << "the song started again";
 }
 
-TEST_F(KeyProgram, LeftAndRightWorkInTheEqualizerAndNotInALeafOfTheTree)
+TEST_F(KeyProgram, LeftAndRightSeekInTheEqualizerButNotInTheTree)
 {
     startWithSongs();
     display.key(u"ctrl+2"_s);
@@ -225,16 +226,16 @@ TEST_F(KeyProgram, LeftAndRightWorkInTheEqualizerAndNotInALeafOfTheTree)
     display.key(u"Left"_s);
     EXPECT_TRUE(reachesStep(0));
     display.keyDown(u"Right"_s);
-    EXPECT_TRUE(reachesStep(10, 6.0)) << "held, it moves through the song";
+    EXPECT_TRUE(reachesStep(10, 6.0)) << "a held key does not move through the song";
     display.keyUp(u"Right"_s);
     display.key(u"ctrl+w"_s);
     ASSERT_TRUE(waitUntil([&] { return display.activeWindow() == mainWindow(); }));
 
-    display.key(u"ctrl+b"_s); // the folder has none inside
+    display.key(u"ctrl+b"_s); // the folder has no subfolder
     display.key(u"Right"_s);
     display.key(u"Left"_s);
     hold(u"Left"_s);
-    EXPECT_GE(stepNow(), 10) << "the song goes on";
+    EXPECT_GE(stepNow(), 10) << "the song does not continue";
 }
 
 TEST_F(KeyProgram, HeldDeleteAndInsertAskOnceAndRemoveNothing)
@@ -268,15 +269,15 @@ TEST_F(KeyProgram, HeldDeleteAndInsertAskOnceAndRemoveNothing)
     EXPECT_EQ(folders->array()->size(), 1U);
 }
 
-TEST_F(KeyProgram, HeldKeysThatGoSomewhereStayThere)
+TEST_F(KeyProgram, HeldFocusShortcutsActOnce)
 {
     startWithSongs();
     for (const QString &key : {u"j"_s, u"l"_s, u"b"_s, u"1"_s, u"f"_s})
         holdWith(u"ctrl"_s, key);
     EXPECT_EQ(display.activeWindow(), mainWindow());
-    display.type(u"gamma"_s); // into the search field
+    display.type(u"gamma"_s); // goes to the search field
     EXPECT_TRUE(waitForSongs(1));
-    EXPECT_GE(stepNow(), 5) << "the song goes on";
+    EXPECT_GE(stepNow(), 5) << "the song does not continue";
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-// The program as media keys and the desktop see it, through the real playerctl on a bus of the
-// test's own.
+// The program as media keys and the desktop see it, through the real playerctl on a private bus.
 
 #include "program/Places.h"
 #include "support/PrivateBus.h"
@@ -107,7 +106,7 @@ TEST_F(MediaKeys, PlayPauseAndStop)
     startWithTones();
     EXPECT_TRUE(get(u"CanPlay"_s).toBool());
     EXPECT_FALSE(get(u"CanPause"_s).toBool());
-    playerctl({u"play-pause"_s}); // with nothing loaded, as the button does
+    playerctl({u"play-pause"_s}); // like the button when no song is loaded
     EXPECT_TRUE(hears(300.0));
     EXPECT_TRUE(comesToStatus(u"Playing"_s));
     playerctl({u"play-pause"_s});
@@ -127,7 +126,7 @@ TEST_F(MediaKeys, PlayPauseAndStop)
     EXPECT_TRUE(comesToStatus(u"Playing"_s));
 }
 
-TEST_F(MediaKeys, GoThroughTheListAndKnowItsEnds)
+TEST_F(MediaKeys, MoveThroughTheListAndReportItsEnds)
 {
     startWithTones();
     EXPECT_EQ(canGo(), std::pair(false, false));
@@ -147,7 +146,7 @@ TEST_F(MediaKeys, GoThroughTheListAndKnowItsEnds)
     EXPECT_EQ(canGo(), std::pair(true, false));
     playerctl({u"previous"_s});
     EXPECT_TRUE(hears(400.0));
-    click(place::titleHeader); // turns the list round
+    click(place::titleHeader); // reverses the list
     EXPECT_TRUE(waitUntil([this] {
         playerctl({u"next"_s});
         return tag(u"title"_s) == u"Alpha"_s;
@@ -155,7 +154,7 @@ TEST_F(MediaKeys, GoThroughTheListAndKnowItsEnds)
     EXPECT_EQ(canGo(), std::pair(true, false));
 }
 
-TEST_F(MediaKeys, TellTheSong)
+TEST_F(MediaKeys, PublishTheSong)
 {
     folder = makeFolder(u"Tones"_s, {{u"Beta"_s, 400.0}});
     ASSERT_TRUE(makeSampleAt(
@@ -192,7 +191,7 @@ TEST_F(MediaKeys, TellTheSong)
     EXPECT_FALSE(QFile::exists(again));
 }
 
-TEST_F(MediaKeys, SeekInSongTimeAndTellOfEveryJump)
+TEST_F(MediaKeys, SeekInSongTimeAndAnnounceEveryJump)
 {
     SeekListener listener(client);
     startWithSteps();
@@ -221,7 +220,7 @@ TEST_F(MediaKeys, SeekInSongTimeAndTellOfEveryJump)
     EXPECT_TRUE(tells(10.0, 0.5));
 }
 
-TEST_F(MediaKeys, TellOfALoopAndItsJumps)
+TEST_F(MediaKeys, AnnounceALoopAndItsJumps)
 {
     SeekListener listener(client);
     startWithSteps();
@@ -253,7 +252,7 @@ TEST_F(MediaKeys, SetSpeedVolumeAndOrder)
     const std::size_t first = recorder->size();
     EXPECT_TRUE(hears(stepFrequency(3)));
     EXPECT_NEAR(static_cast<double>(recorder->size() - first) / Recorder::sampleRate, 2.0, 0.3);
-    display.key(u"ctrl+s"_s); // kept like any other speed
+    display.key(u"ctrl+s"_s); // keeps this speed for the song
     set(u"Rate"_s, 99.0);
     EXPECT_EQ(get(u"Rate"_s).toDouble(), 2.0);
     set(u"Rate"_s, 1.0);
@@ -285,10 +284,10 @@ TEST_F(MediaKeys, OpenRaiseAndQuit)
     ask(u"Raise"_s);
     EXPECT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
     ask(u"Quit"_s);
-    EXPECT_EQ(sendSignalAndWait(0), 0); // no signal: only waits
+    EXPECT_EQ(sendSignalAndWait(0), 0); // 0 sends no signal, only waits
 }
 
-TEST_F(MediaKeys, TheDesktopIsKeptAwakeWhileASongPlaysAndOnlyThen)
+TEST_F(MediaKeys, TheDesktopIsKeptAwakeOnlyWhileASongPlays)
 {
     std::vector<std::string> calls;
     QDBusConnection saverBus = bus.connect(u"saver"_s);
@@ -307,7 +306,7 @@ TEST_F(MediaKeys, TheDesktopIsKeptAwakeWhileASongPlaysAndOnlyThen)
     EXPECT_TRUE(comesTo({"Inhibit"}));
     playerctl({u"next"_s});
     EXPECT_TRUE(hears(400.0));
-    EXPECT_TRUE(comesTo({"Inhibit"})); // from song to song it stays awake
+    EXPECT_TRUE(comesTo({"Inhibit"})); // not released between songs
     display.key(u"space"_s);
     EXPECT_TRUE(comesTo({"Inhibit", "UnInhibit"}));
     display.key(u"space"_s);
@@ -316,7 +315,7 @@ TEST_F(MediaKeys, TheDesktopIsKeptAwakeWhileASongPlaysAndOnlyThen)
     EXPECT_TRUE(comesTo({"Inhibit", "UnInhibit", "Inhibit", "UnInhibit"}));
 }
 
-TEST_F(MediaKeys, ABusThatVanishesStopsNothing)
+TEST_F(MediaKeys, TheProgramSurvivesTheEndOfTheBus)
 {
     startWithTones();
     doubleClickSong(0);
@@ -329,7 +328,7 @@ TEST_F(MediaKeys, ABusThatVanishesStopsNothing)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(MediaKeys, ABusThatNeverAnswersHoldsNothingUp)
+TEST_F(MediaKeys, ABusThatNeverAnswersDoesNotBlockTheStart)
 {
     const SilentSocket silent(QDir(homeFolder()).filePath(u"silent"_s));
     busAddress = u"unix:path="_s + silent.path();

@@ -1,4 +1,4 @@
-// Every command of the menus, chosen there, and what a person sees or hears of it.
+// Chooses every command of the menus and checks what a user sees or hears.
 
 #include "program/Places.h"
 #include "support/Heard.h"
@@ -19,7 +19,8 @@ namespace {
 
 class ProgramWithMenus : public RunningProgram {
 protected:
-    /// Opens a menu by its letter and chooses by letters in it: two where one opens another menu.
+    /// Opens a menu by its mnemonic and chooses a command by its own; two letters if the first
+    /// opens a submenu.
     void choose(const QString &menu, const QString &letters)
     {
         display.key(u"alt+"_s + menu);
@@ -47,7 +48,7 @@ protected:
         return waitUntil([&] { return picture(area) == before; });
     }
 
-    /// The loudest sample of the last tenth of a second.
+    /// The loudest sample in the last tenth of a second.
     float peakNow() const
     {
         const std::size_t size = recorder->size();
@@ -59,7 +60,8 @@ protected:
         return waitUntil([&] { return std::abs(playedPixels() - pixels) <= 4.0; });
     }
 
-    /// The songs' titles from the top, told by how they are drawn; of rows that are not selected.
+    /// The titles of the songs from the top, recognised by their pixels. Selected rows are not
+    /// recognised.
     void learnTitles(const QString &order)
     {
         for (int row = 0; row < order.size(); ++row)
@@ -158,7 +160,7 @@ TEST_F(ProgramWithMenus, PlaybackChangesSpeedPitchAndVolume)
     EXPECT_TRUE(waitUntil([&] { return peakNow() > 0.97F * loud; }));
 }
 
-TEST_F(ProgramWithMenus, PlaybackMovesInTheSongAndLoops)
+TEST_F(ProgramWithMenus, PlaybackSeeksAndLoops)
 {
     constexpr int seconds = 60;
     const QString folder = makeFolder(u"Steps"_s, {});
@@ -168,13 +170,13 @@ TEST_F(ProgramWithMenus, PlaybackMovesInTheSongAndLoops)
     ASSERT_TRUE(waitForSongs(1));
     choose(u"p"_s, u"p"_s);
     ASSERT_TRUE(hears(stepFrequency(1)));
-    choose(u"p"_s, u"l"_s); // Loop: its start
+    choose(u"p"_s, u"l"_s); // Loop: marks the start
     ASSERT_TRUE(hears(stepFrequency(3)));
-    choose(u"p"_s, u"l"_s); // its end
+    choose(u"p"_s, u"l"_s); // marks the end
     ASSERT_TRUE(hears(stepFrequency(2)));
     ASSERT_TRUE(hears(stepFrequency(3)));
     ASSERT_TRUE(hears(stepFrequency(2)));
-    choose(u"p"_s, u"l"_s); // none
+    choose(u"p"_s, u"l"_s); // clears the loop
     EXPECT_TRUE(hears(stepFrequency(5), 20.0));
 
     choose(u"p"_s, u"p"_s);
@@ -187,7 +189,7 @@ TEST_F(ProgramWithMenus, PlaybackMovesInTheSongAndLoops)
     EXPECT_TRUE(comesToPixel(here));
 }
 
-TEST_F(ProgramWithMenus, ViewLeadsToTheListsAndSortsTheSongs)
+TEST_F(ProgramWithMenus, ViewFocusesTheListsAndSortsTheSongs)
 {
     const QString own = makeFolder(u"A"_s, {});
     const auto add = [&](const QString &title, const QString &artist, const QString &album,
@@ -226,24 +228,24 @@ TEST_F(ProgramWithMenus, ViewLeadsToTheListsAndSortsTheSongs)
     EXPECT_TRUE(hears(400.0));
     choose(u"p"_s, u"f"_s);
     choose(u"s"_s, u"k"_s);
-    choose(u"v"_s, u"sp"_s); // Playing: those that do not play first
+    choose(u"v"_s, u"sp"_s); // Playing: the playing song comes last
     EXPECT_TRUE(comesToOrder(u"AGB"_s));
     choose(u"v"_s, u"st"_s);
     EXPECT_TRUE(comesToOrder(u"ABG"_s));
-    choose(u"v"_s, u"sk"_s); // Kept Speed and Pitch: those without first
+    choose(u"v"_s, u"sk"_s); // Kept Speed and Pitch: songs without come first
     EXPECT_TRUE(comesToOrder(u"AGB"_s));
 
     clickInMenu(place::viewMenu, place::songListCommand);
     display.key(u"Down"_s);
     display.key(u"Return"_s);
-    EXPECT_TRUE(hears(300.0)) << "the list of songs has the keyboard";
+    EXPECT_TRUE(hears(300.0)) << "the list of songs does not have the focus";
     choose(u"v"_s, u"f"_s); // Playlists and Folders
     display.key(u"Down"_s);
-    EXPECT_TRUE(waitForSongs(1)) << "the folders have the keyboard";
+    EXPECT_TRUE(waitForSongs(1)) << "the folders do not have the focus";
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ProgramWithMenus, SongKeepsForgetsAndShows)
+TEST_F(ProgramWithMenus, SongCommandsKeepForgetAndShow)
 {
     const QString folder = makeFolder(u"Many"_s, {});
     const QString first = QDir(folder).filePath(u"10.flac"_s);
@@ -271,7 +273,7 @@ TEST_F(ProgramWithMenus, SongKeepsForgetsAndShows)
     EXPECT_TRUE(comesToLookLike(without, place::songRowStar(0)));
 }
 
-TEST_F(ProgramWithMenus, FileAndEditOpenWhatTheySay)
+TEST_F(ProgramWithMenus, FileAndEditCommandsWork)
 {
     const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}, {u"Beta"_s, 400.0}});
     showFolder(folder);
@@ -302,7 +304,7 @@ TEST_F(ProgramWithMenus, FileAndEditOpenWhatTheySay)
     EXPECT_EQ(waitForEnd(), 0);
 }
 
-TEST_F(ProgramWithMenus, WindowShowsEachWindowAndClosesTheMainOne)
+TEST_F(ProgramWithMenus, WindowCommandsShowAndCloseWindows)
 {
     start();
     choose(u"w"_s, u"e"_s); // Equalizer
@@ -311,18 +313,18 @@ TEST_F(ProgramWithMenus, WindowShowsEachWindowAndClosesTheMainOne)
     constexpr QRect both(500, 420, 300, 200);
     display.place(equalizer, place::equalizerWindow.translated(300, 300));
     const QImage covered = display.screen(both);
-    click(QPoint(300, 54)); // where nothing is
+    click(QPoint(300, 54)); // an empty place
     ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
     choose(u"w"_s, u"l"_s); // Lyrabox
     EXPECT_TRUE(waitUntil([&] { return display.screen(both) != covered; }));
     EXPECT_EQ(display.activeWindow(), mainWindow());
     choose(u"w"_s, u"c"_s); // Close Window
-    EXPECT_EQ(waitForEnd(), 0) << "the program ends with its main window";
+    EXPECT_EQ(waitForEnd(), 0) << "the program does not end with its main window";
 }
 
-TEST_F(ProgramWithMenus, HelpShowsItsWindowsAndLeadsToTheDesktop)
+TEST_F(ProgramWithMenus, HelpCommandsShowTextsAndOpenUrls)
 {
-    // What the toolkit asks the desktop with.
+    // The tool with which the toolkit opens URLs.
     const QString tools = makeFolder(u"Tools"_s, {});
     const QString asked = QDir(tools).filePath(u"asked"_s);
     QFile opener(QDir(tools).filePath(u"xdg-open"_s));
@@ -352,7 +354,7 @@ TEST_F(ProgramWithMenus, HelpShowsItsWindowsAndLeadsToTheDesktop)
     display.waitForWindow(u"^Updates"_s);
 }
 
-TEST_F(ProgramWithMenus, ContextMenusPlayASongAndRemoveAFolderAndAddAPreset)
+TEST_F(ProgramWithMenus, ContextMenusPlaySongsRemoveFoldersAndAddPresets)
 {
     showFolder(makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}}));
     start();

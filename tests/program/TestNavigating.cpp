@@ -24,7 +24,7 @@ protected:
         ASSERT_TRUE(hears(stepFrequency(0)));
     }
 
-    /// The second of the step song that is heard; -1 for anything else.
+    /// The second of the step song that plays now; -1 if something else is heard.
     static int stepOf(double frequency)
     {
         const double step = (frequency - stepFrequency(0)) / (stepFrequency(1) - stepFrequency(0));
@@ -32,7 +32,7 @@ protected:
     }
     int stepNow() const { return stepOf(toneNow()); }
 
-    /// The first sample from `begin` on at which a second of the song from `step` on is heard.
+    /// The first recorded sample, from `begin` on, that belongs to second `step` or a later one.
     std::size_t firstHeard(int step, std::size_t begin) const
     {
         constexpr double window = 0.06;
@@ -47,26 +47,25 @@ protected:
     }
 };
 
-TEST_F(NavigatingProgram, HoldingForwardScrubsFiveSecondsASecondAndStopsShortOfTheEnd)
+TEST_F(NavigatingProgram, HoldingForwardScrubsAndStopsBeforeTheEnd)
 {
     constexpr int seconds = 40;
     startWithSteps(seconds);
     display.moveTo(place::mainWindow.topLeft() + place::forwardButton);
     display.press();
     const std::size_t begin = recorder->size();
-    // With less than four seconds left it takes no more steps, and the song goes on as it was
-    // recorded.
+    // With less than four seconds left it stops stepping, and the song continues normally.
     EXPECT_TRUE(hears(stepFrequency(seconds - 2)));
     const std::size_t nearEnd = recorder->size();
     EXPECT_TRUE(hears(stepFrequency(seconds - 1)));
     EXPECT_NEAR(static_cast<double>(recorder->size() - nearEnd) / rate, 1.0, 0.25);
 
-    // Between the steps, five of which it takes in a second, the song plays on.
+    // There are five steps a second. Between them the song keeps playing.
     const auto early = static_cast<double>(firstHeard(5, begin));
     const auto late = static_cast<double>(firstHeard(35, begin));
     EXPECT_NEAR(30.0 / ((late - early) / rate), 6.0, 0.6);
     display.release();
-    EXPECT_TRUE(hears(250.0)); // the end of the song, not the button, brings the next one
+    EXPECT_TRUE(hears(250.0)); // the next song starts at the end of this one, not by the button
 }
 
 TEST_F(NavigatingProgram, PressingTheRightArrowKeyPlaysTheNextSong)
@@ -80,12 +79,12 @@ TEST_F(NavigatingProgram, HoldingTheRightArrowKeyScrubs)
 {
     startWithSteps(30);
     const std::size_t begin = recorder->size();
-    display.keyDown(u"Right"_s); // the display repeats it, as displays do
+    display.keyDown(u"Right"_s); // the display repeats the key
     ASSERT_TRUE(waitUntil([this] { return stepNow() >= 12; }, 8.0));
     display.keyUp(u"Right"_s);
     EXPECT_LT(static_cast<double>(firstHeard(12, begin) - begin) / rate, 6.0);
     const int reached = stepNow();
-    EXPECT_TRUE(hears(stepFrequency(reached + 2), 4.0)); // it goes on as it was recorded
+    EXPECT_TRUE(hears(stepFrequency(reached + 2), 4.0)); // the song continues normally
 }
 
 TEST_F(NavigatingProgram, AClickInTheBarLandsWithinAPixel)
@@ -97,11 +96,11 @@ TEST_F(NavigatingProgram, AClickInTheBarLandsWithinAPixel)
     for (const double part : {0.3, 0.85, 0.5}) {
         const int pixels = static_cast<int>(part * bar.width());
         click({bar.left() + pixels, bar.center().y()});
-        display.moveTo(place::mainWindow.center()); // takes the time under the pointer away
+        display.moveTo(place::mainWindow.center()); // hides the time at the pointer
         EXPECT_TRUE(waitUntil([&] { return std::abs(playedPixels() - pixels) <= 1; }, 5.0))
             << playedPixels() << " of " << pixels;
     }
-    // What is heard then is what lies there.
+    // The sound continues at that position.
     display.key(u"space"_s);
     EXPECT_TRUE(hears(stepFrequency(10)));
 }
@@ -118,7 +117,7 @@ TEST_F(NavigatingProgram, AMarkedLoopRepeats)
         EXPECT_TRUE(hears(stepFrequency(4)));
         EXPECT_TRUE(hears(stepFrequency(2)));
     }
-    // A third press ends it, and the song goes on.
+    // A third press clears the loop and the song continues.
     display.key(u"l"_s);
     EXPECT_TRUE(hears(stepFrequency(5)));
 }

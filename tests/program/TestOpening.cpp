@@ -1,4 +1,4 @@
-// Files and folders given on the command line, to the first process and to one that runs.
+// Files and folders on the command line, of the first process and of a second one.
 
 #include "program/Places.h"
 #include "support/program/RunningProgram.h"
@@ -15,14 +15,14 @@ namespace {
 
 class OpeningProgram : public RunningProgram {
 protected:
-    /// A folder of three songs beside the one that is shown.
+    /// Creates a folder of three songs next to the folder that is shown.
     void SetUp() override
     {
         showFolder(makeFolder(u"Shown"_s, {{u"Alpha"_s, 300.0}}));
         given = makeFolder(u"Given"_s, {{u"Beta"_s, 400.0}, {u"Gamma"_s, 500.0}});
     }
 
-    /// One of the given songs under another name.
+    /// Copies one of these songs to another name.
     void rename(const QString &song, const QString &name) const
     {
         ASSERT_TRUE(QDir(given).rename(song, name));
@@ -38,11 +38,11 @@ TEST_F(OpeningProgram, AFirstStartWithFilesListsThemAndPlaysTheFirst)
     EXPECT_TRUE(waitForSongs(2));
     EXPECT_FALSE(showsMessage());
     display.key(u"ctrl+Right"_s);
-    EXPECT_TRUE(hears(400.0)) << "the files are the queue";
+    EXPECT_TRUE(hears(400.0)) << "the opened files must be the queue";
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(OpeningProgram, AClickOnTheFolderBringsItsListBackAfterFilesWereOpened)
+TEST_F(OpeningProgram, AClickOnTheFolderShowsItsListAfterFilesWereOpened)
 {
     start();
     ASSERT_TRUE(waitForSongs(1));
@@ -53,10 +53,10 @@ TEST_F(OpeningProgram, AClickOnTheFolderBringsItsListBackAfterFilesWereOpened)
     click(place::sourceRow(0));
     EXPECT_TRUE(waitForSelectedSource(0));
     EXPECT_TRUE(waitForSongs(1));
-    EXPECT_TRUE(hears(500.0)) << "what plays goes on";
+    EXPECT_TRUE(hears(500.0)) << "the song must keep playing";
 }
 
-TEST_F(OpeningProgram, ARunningProgramPlaysAFileWhoseRelativePathTheSenderResolves)
+TEST_F(OpeningProgram, ASecondInstanceResolvesRelativePathsItself)
 {
     start();
     ASSERT_TRUE(waitForSongs(1));
@@ -77,7 +77,7 @@ TEST_F(OpeningProgram, NamesWithSpacePercentSignAndLineBreakPlay)
     EXPECT_EQ(startSecond({u"two\nlines\n\n.flac"_s}, given), 0);
     EXPECT_TRUE(hears(500.0));
     EXPECT_EQ(startSecond({u"file://"_s + given + u"/100%2520%20a%20b.flac"_s}), 0);
-    EXPECT_TRUE(hears(400.0)) << "a URL, as a file manager gives it";
+    EXPECT_TRUE(hears(400.0)) << "a URL from a file manager";
     EXPECT_FALSE(showsMessage());
 }
 
@@ -96,7 +96,7 @@ TEST_F(OpeningProgram, AGivenFolderIsAddedAndShown)
     EXPECT_EQ(folders->array()->at(1), PropertyList(given));
 }
 
-TEST_F(OpeningProgram, WhatIsNoSongIsNamedAndNothingElseChanges)
+TEST_F(OpeningProgram, AFileThatIsNoSongIsReportedAndNothingElseChanges)
 {
     QFile note(given + u"/note.flac"_s);
     ASSERT_TRUE(note.open(QIODevice::WriteOnly));
@@ -112,14 +112,14 @@ TEST_F(OpeningProgram, WhatIsNoSongIsNamedAndNothingElseChanges)
     EXPECT_TRUE(waitForSongs(1));
     EXPECT_TRUE(hears(300.0));
 
-    // A song beside it plays none the less, and what is missing is named again.
+    // A song given with it plays. The missing file is reported again.
     EXPECT_EQ(startSecond({u"gone.flac"_s, u"gamma.flac"_s}, given), 0);
     EXPECT_TRUE(hears(500.0));
     EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
     EXPECT_TRUE(waitForSongs(1));
 }
 
-TEST_F(OpeningProgram, ANameThatIsNoTextIsToldOfAndDoesNoHarm)
+TEST_F(OpeningProgram, ANameThatIsNotUtf8IsReported)
 {
     start();
     ASSERT_TRUE(waitForSongs(1));
@@ -129,7 +129,7 @@ TEST_F(OpeningProgram, ANameThatIsNoTextIsToldOfAndDoesNoHarm)
     EXPECT_TRUE(isRunning());
 }
 
-TEST_F(OpeningProgram, TheWindowBelongsToTheMenuEntryAndCarriesTheIcon)
+TEST_F(OpeningProgram, TheWindowHasTheIconAndTheNameOfTheMenuEntry)
 {
     if (display.isWayland())
         GTEST_SKIP() << "windows have no icon of their own on Wayland";
@@ -143,7 +143,7 @@ TEST_F(OpeningProgram, TheWindowBelongsToTheMenuEntryAndCarriesTheIcon)
         xprop.start(u"xprop"_s, {u"-id"_s, mainWindow(), u"WM_CLASS"_s, u"_NET_WM_ICON"_s});
         if (xprop.waitForFinished())
             properties = QString::fromUtf8(xprop.readAllStandardOutput());
-        return properties.contains(u"128 x 128"_s); // the icon comes after the first picture
+        return properties.contains(u"128 x 128"_s); // the icon is set after the first picture
     };
     EXPECT_TRUE(waitUntil(reads)) << qPrintable(properties.left(200));
     QFile entry(
@@ -155,7 +155,7 @@ TEST_F(OpeningProgram, TheWindowBelongsToTheMenuEntryAndCarriesTheIcon)
         EXPECT_TRUE(properties.contains(size)) << qPrintable(size);
 }
 
-TEST_F(OpeningProgram, HelpVersionAndWrongOptionsLeaveTheRunningProgramAlone)
+TEST_F(OpeningProgram, HelpVersionAndWrongOptionsDoNotReachTheRunningProgram)
 {
     start();
     EXPECT_EQ(startSecond({u"--help"_s}), 0);

@@ -1,4 +1,4 @@
-// Songs and folders that the program may not read, or no longer.
+// Songs and folders that the program may not read, from the start or later.
 
 #include "program/Places.h"
 #include "support/program/RunningProgram.h"
@@ -42,7 +42,7 @@ protected:
     QString folder;
 };
 
-TEST_F(ForbiddenFiles, ASongThatMayNotBeReadIsAnErrorOfItsOwnUntilItMayAgain)
+TEST_F(ForbiddenFiles, AnUnreadableSongHasItsOwnErrorUntilItIsReadable)
 {
     makeSongs();
     start();
@@ -61,11 +61,11 @@ TEST_F(ForbiddenFiles, ASongThatMayNotBeReadIsAnErrorOfItsOwnUntilItMayAgain)
     ASSERT_TRUE(QFile::remove(song(u"alpha"_s)));
     doubleClickSong(0);
     EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
-    EXPECT_NE(message(), forbidden) << "the status is that of a missing file";
+    EXPECT_NE(message(), forbidden) << "the message must not be that of a missing file";
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ForbiddenFiles, ASongWhoseFolderMayNotBeEnteredIsTheSameError)
+TEST_F(ForbiddenFiles, ASongInAnUnreadableFolderHasTheSameError)
 {
     makeSongs();
     start();
@@ -85,7 +85,7 @@ TEST_F(ForbiddenFiles, ASongWhoseFolderMayNotBeEnteredIsTheSameError)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ForbiddenFiles, ASongThatPlaysGoesOnWhenItsPermissionAndItsFoldersGo)
+TEST_F(ForbiddenFiles, TheSongKeepsPlayingWhenItBecomesUnreadable)
 {
     makeSongs();
     start();
@@ -98,7 +98,7 @@ TEST_F(ForbiddenFiles, ASongThatPlaysGoesOnWhenItsPermissionAndItsFoldersGo)
     ASSERT_TRUE(recorder->waitFor(0.5));
     EXPECT_TRUE(hears(300.0));
     EXPECT_FALSE(showsMessage());
-    display.key(u"ctrl+Right"_s); // the songs behind it cannot be had
+    display.key(u"ctrl+Right"_s); // the songs after it are unreadable
     EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
     EXPECT_TRUE(hearsSilence());
     permit(folder);
@@ -107,7 +107,7 @@ TEST_F(ForbiddenFiles, ASongThatPlaysGoesOnWhenItsPermissionAndItsFoldersGo)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ForbiddenFiles, ASongWithoutPermissionIsLeftOutOfTheList)
+TEST_F(ForbiddenFiles, AnUnreadableSongIsNotListed)
 {
     makeSongs();
     forbid(song(u"beta"_s));
@@ -119,7 +119,7 @@ TEST_F(ForbiddenFiles, ASongWithoutPermissionIsLeftOutOfTheList)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ForbiddenFiles, AFolderWithoutPermissionIsAnEmptyListAndStaysInTheTree)
+TEST_F(ForbiddenFiles, AnUnreadableFolderIsAnEmptyListAndStaysInTheTree)
 {
     const QString other = makeFolder(u"Other"_s, {{u"Delta"_s, 600.0}});
     makeSongs();
@@ -142,7 +142,7 @@ TEST_F(ForbiddenFiles, AFolderWithoutPermissionIsAnEmptyListAndStaysInTheTree)
     EXPECT_EQ(settingsList(u"Folders.plist"_s), both);
 }
 
-TEST_F(ForbiddenFiles, AFolderThatMayNoLongerBeReadInAScanLeavesTheSongsThatWereOpened)
+TEST_F(ForbiddenFiles, AScanKeepsItsSongsWhenTheFolderBecomesUnreadable)
 {
     folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}});
     std::vector<Tone> songs;
@@ -162,7 +162,7 @@ TEST_F(ForbiddenFiles, AFolderThatMayNoLongerBeReadInAScanLeavesTheSongsThatWere
     forbid(slow);
     EXPECT_TRUE(waitUntil([&] { return firstRow() != alpha && !songRowIsEmpty(0); }, 60.0));
     EXPECT_TRUE(waitUntil([&] { return !showsProgress(); }));
-    EXPECT_TRUE(songRowIsEmpty(9)) << "those behind the first ones cannot be had";
+    EXPECT_TRUE(songRowIsEmpty(9)) << "the songs after the first ones must be missing";
     EXPECT_FALSE(showsMessage());
     permit(slow);
     EXPECT_EQ(quit(), 0);

@@ -38,7 +38,7 @@ TEST_F(PlayingProgram, ADoubleClickPlaysThatSong)
     EXPECT_TRUE(hears(300.0));
 }
 
-TEST_F(PlayingProgram, ASearchNarrowsTheListToWhatMatches)
+TEST_F(PlayingProgram, ASearchShowsOnlyMatchingSongs)
 {
     startWithTones();
     display.key(u"ctrl+f"_s);
@@ -63,7 +63,7 @@ TEST_F(PlayingProgram, SpacePlaysAndPausesExceptInTheSearchField)
 
     click(place::searchField);
     const std::size_t before = recorder->size();
-    display.type(u"The A"_s); // the first song's artist: the space has become text
+    display.type(u"The A"_s); // the first song's artist; the space is typed
     EXPECT_TRUE(waitForSongs(1));
     recorder->waitFor(0.5);
     for (std::size_t at = before; at + Recorder::sampleRate / 5 < recorder->size();
@@ -71,19 +71,19 @@ TEST_F(PlayingProgram, SpacePlaysAndPausesExceptInTheSearchField)
         EXPECT_NEAR(toneAt(at), 400.0, 2.0) << "after " << (at - before) << " samples";
 }
 
-TEST_F(PlayingProgram, HoldingSpaceIsOnePress)
+TEST_F(PlayingProgram, HoldingSpacePausesOnce)
 {
     startWithTones();
     doubleClickSong(1);
     EXPECT_TRUE(hears(400.0));
-    display.keyDown(u"space"_s); // the display repeats it, as displays do
+    display.keyDown(u"space"_s); // the display repeats the key
     EXPECT_TRUE(hearsSilence());
     const std::size_t begin = recorder->size();
     recorder->waitFor(1.5);
     display.keyUp(u"space"_s);
     for (const float sample : recorder->samples(begin)) {
         if (std::abs(sample) > 0.001F) {
-            ADD_FAILURE() << "it plays again";
+            ADD_FAILURE() << "the song plays again";
             break;
         }
     }
@@ -103,7 +103,7 @@ TEST_F(PlayingProgram, AFirstStartShowsSongsAndSpacePlays)
 TEST_F(PlayingProgram, ASortIsRememberedAfterARestart)
 {
     startWithTones();
-    click(place::titleHeader); // by title already: turns it round
+    click(place::titleHeader); // sorted by title already, so this reverses the order
     ASSERT_TRUE(waitUntil([this] {
         doubleClickSong(0);
         return waitUntil([this] { return std::abs(toneNow() - 500.0) < 2.0; }, 4.0);
@@ -127,7 +127,7 @@ TEST_F(PlayingProgram, ASortIsRememberedAfterARestart)
     EXPECT_TRUE(hears(300.0));
 }
 
-TEST_F(PlayingProgram, TheKeptSpeedAndPitchOfASongComeBackAfterARestart)
+TEST_F(PlayingProgram, TheKeptSpeedAndPitchAreRestoredAfterARestart)
 {
     folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}});
     addStepSong(folder, u"Steps"_s, 10);
@@ -145,14 +145,14 @@ TEST_F(PlayingProgram, TheKeptSpeedAndPitchOfASongComeBackAfterARestart)
     start();
     ASSERT_TRUE(waitForSongs(2));
     EXPECT_TRUE(hearsSilence());
-    doubleClickSong(0); // has none of its own
+    doubleClickSong(0); // has no kept settings
     EXPECT_TRUE(hears(300.0));
     doubleClickSong(1);
     EXPECT_TRUE(hears(stepFrequency(1) * semitone));
     const std::size_t first = recorder->size();
     EXPECT_TRUE(hears(stepFrequency(2) * semitone));
     const double seconds = static_cast<double>(recorder->size() - first) / Recorder::sampleRate;
-    EXPECT_NEAR(seconds, 2.0, 0.3); // a second of the song at half the speed
+    EXPECT_NEAR(seconds, 2.0, 0.3); // one second of the song at half speed
 }
 
 TEST_F(PlayingProgram, TheNextSongStartsByItselfAtTheEndOfOne)

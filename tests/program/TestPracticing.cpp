@@ -15,7 +15,7 @@ TEST_F(PracticingProgram, APracticeSessionNeedsNoMouse)
     makeFolder(u"Songs"_s, {{u"Alpha"_s, 300.0, 30.0}, {u"Beta"_s, 500.0, 30.0}});
     start();
 
-    // A folder is added: the home folder, opened, and what lies in it.
+    // Add a folder: expand the home folder and choose the folder in it.
     display.key(u"ctrl+o"_s);
     display.key(u"Down"_s);
     display.key(u"Right"_s);
@@ -23,7 +23,7 @@ TEST_F(PracticingProgram, APracticeSessionNeedsNoMouse)
     display.key(u"Return"_s);
     ASSERT_TRUE(waitForSongs(2));
 
-    // The list is sorted, and its first song played.
+    // Sort the list and play its first song.
     display.key(u"alt+v"_s);
     display.key(u"s"_s);
     display.key(u"t"_s);
@@ -32,7 +32,7 @@ TEST_F(PracticingProgram, APracticeSessionNeedsNoMouse)
     display.key(u"Return"_s);
     EXPECT_TRUE(hears(300.0));
 
-    // An octave up, in a loop, paused and gone on with.
+    // Play it an octave higher in a loop, pause and continue.
     display.key(u"bracketright"_s, 12);
     display.key(u"minus"_s, 4);
     EXPECT_TRUE(hears(600.0));
@@ -45,7 +45,7 @@ TEST_F(PracticingProgram, APracticeSessionNeedsNoMouse)
     EXPECT_TRUE(hears(600.0));
     display.key(u"ctrl+s"_s);
 
-    // A preset is added in the equalizer.
+    // Add a preset in the equalizer.
     display.key(u"ctrl+2"_s);
     const QString equalizer = display.waitForWindow(u"^Equalizer"_s);
     EXPECT_TRUE(waitUntil([&] { return display.activeWindow() == equalizer; }));

@@ -9,8 +9,8 @@ namespace {
 
 class SourcesProgram : public RunningProgram {
 protected:
-    /// One folder in the list, and another in the home folder, with songs and a folder in it, that
-    /// is not.
+    /// Creates one folder that is in the list of folders, and one in the home folder that is not.
+    /// The second has songs and a subfolder.
     void SetUp() override
     {
         other = makeFolder(u".elsewhere/Other"_s, {{u"Zero"_s, 250.0}});
@@ -100,7 +100,7 @@ TEST_F(SourcesProgram, AFolderIsAddedFromTheEqualizerByKeysAlone)
     EXPECT_TRUE(foldersOnDisk() == listOf({other, music}));
 }
 
-TEST_F(SourcesProgram, TabSelectionSortAndSizeAreBackAfterARestart)
+TEST_F(SourcesProgram, TabSelectionSortAndSizeAreRestoredAfterARestart)
 {
     constexpr QRect smaller(40, 30, 1010, 640);
     addMusicThroughThePopover();

@@ -1,4 +1,4 @@
-// What the user does while the program loads a song or builds a list that takes long.
+// Input during long work: while a song loads or a long list is built.
 
 #include "program/Places.h"
 #include "support/SampleAudio.h"
@@ -17,8 +17,8 @@ namespace {
 
 class WaitingProgram : public RunningProgram {
 protected:
-    /// "Alpha" takes seconds to load; it sounds at 300 Hz. The others are "Beta" at 400 Hz, "Gamma"
-    /// at 500 Hz and "Delta", which is listed between them, at 600 Hz.
+    /// Creates songs: "Alpha" at 300 Hz takes seconds to load. "Beta" sounds at 400 Hz, "Gamma" at
+    /// 500 Hz and "Delta", which is listed between them, at 600 Hz.
     void startWithASlowSong()
     {
         const QString folder =
@@ -35,11 +35,11 @@ protected:
         ASSERT_TRUE(waitForSongs(4));
     }
 
-    /// Long enough for the load to count as a long one, of which most is still to come.
+    /// Waits until the load counts as long. Most of it is still to come then.
     void waitWithinTheLoad() const { recorder->waitFor(1.0); }
     bool isLoading() const { return !hearsAnything(0.0); }
 
-    /// Whether nothing but this tone is heard from here on.
+    /// Whether only this tone is heard from now on.
     void expectOnly(double frequency)
     {
         const std::size_t begin = recorder->size();
@@ -50,13 +50,13 @@ protected:
     }
 };
 
-/// The folder "Tones" is shown, with "Alpha" at 300 Hz and "Beta" at 350 Hz; below it stands
-/// "Slow", whose list of five songs from 400 Hz on takes seconds to build.
+/// Shows the folder "Tones", with "Alpha" at 300 Hz and "Beta" at 350 Hz. Below it is "Slow", whose
+/// list of five songs from 400 Hz on takes seconds to build.
 class ProgramWithASlowList : public WaitingProgram {
 protected:
     static constexpr int slowSongs = 5;
 
-    /// `copies`: as many songs more.
+    /// `copies` is the number of additional songs.
     void makeSlowFolder(int copies = 0)
     {
         std::vector<Tone> songs;
@@ -70,7 +70,7 @@ protected:
             ASSERT_TRUE(QFile::copy(first, slow.filePath(u"copy %1.wav"_s.arg(i))));
     }
 
-    /// `copies`: as many more songs in the slow folder.
+    /// `copies` is the number of additional songs in the slow folder.
     void startBesideASlowFolder(int copies = 0)
     {
         const QString fast =
@@ -88,7 +88,7 @@ protected:
         click(place::sourceRow(1));
         ASSERT_TRUE(waitUntil([this] { return showsProgress(); }));
     }
-    /// To be asked behind what is to fall into the wait.
+    /// Ask this after the input that must fall into the wait.
     bool isBuilding() const { return reads(slowFolder); }
     bool waitForTheList() const
     {
@@ -98,7 +98,7 @@ protected:
     QString slowFolder;
 };
 
-TEST_F(ProgramWithASlowList, ShowsItsProgressAndThenTheSongsThatPlay)
+TEST_F(ProgramWithASlowList, ShowsItsProgressAndThenItsSongs)
 {
     startBesideASlowFolder();
     EXPECT_FALSE(showsProgress());
@@ -108,44 +108,45 @@ TEST_F(ProgramWithASlowList, ShowsItsProgressAndThenTheSongsThatPlay)
     EXPECT_TRUE(hearsAnything(60.0));
 }
 
-TEST_F(ProgramWithASlowList, OfTheRememberedFolderComesAfterTheWindow)
+TEST_F(ProgramWithASlowList, TheWindowIsShownBeforeTheRememberedList)
 {
     makeSlowFolder();
     showFolder(slowFolder);
     start();
     EXPECT_TRUE(waitUntil([this] { return showsProgress(); }));
     EXPECT_TRUE(isBuilding());
-    display.key(u"ctrl+f"_s); // it waits for the list
+    display.key(u"ctrl+f"_s); // handled after the list is built
     display.type(u"slow 2"_s);
     EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }, 60.0));
     EXPECT_TRUE(waitForSongs(1));
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ProgramWithASlowList, OfTheRememberedFolderIsLeftOnEscape)
+TEST_F(ProgramWithASlowList, EscapeStopsTheRememberedList)
 {
     makeSlowFolder(20);
     showFolder(slowFolder);
     start();
     ASSERT_TRUE(waitUntil([this] { return showsProgress(); }));
-    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    ASSERT_TRUE(isBuilding()) << "the list was built too fast for the test";
     display.key(u"Escape"_s);
-    EXPECT_TRUE(waitUntil([this] { return showsMessage(); })) << "not all songs are there";
+    EXPECT_TRUE(waitUntil([this] { return showsMessage(); }))
+        << "no message that songs are missing";
     EXPECT_TRUE(waitUntil([this] { return !isBuilding(); }));
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ProgramWithASlowList, OfTheRememberedFolderDoesNotKeepTheProgramFromEnding)
+TEST_F(ProgramWithASlowList, ASignalDuringTheRememberedListEndsTheProgram)
 {
     makeSlowFolder();
     showFolder(slowFolder);
     start();
-    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    ASSERT_TRUE(isBuilding()) << "the list was built too fast for the test";
     EXPECT_EQ(sendSignalAndWait(SIGTERM), 0);
     EXPECT_TRUE(settingsList(u"EQPresets.plist"_s));
 }
 
-TEST_F(ProgramWithASlowList, LeavesTheSoundAloneMeanwhile)
+TEST_F(ProgramWithASlowList, TheSoundContinuesDuringTheWork)
 {
     startBesideASlowFolder();
     doubleClickSong(0);
@@ -154,7 +155,7 @@ TEST_F(ProgramWithASlowList, LeavesTheSoundAloneMeanwhile)
     const std::size_t begin = recorder->size();
     EXPECT_TRUE(waitForTheList());
     const std::size_t end = recorder->size();
-    // A busy machine may starve the output for a moment.
+    // On a busy machine the output may run dry for a moment.
     int slices = 0;
     int sounding = 0;
     for (std::size_t at = begin; at + Recorder::sampleRate / 5 < end;
@@ -167,38 +168,38 @@ TEST_F(ProgramWithASlowList, LeavesTheSoundAloneMeanwhile)
     EXPECT_TRUE(hears(300.0));
 }
 
-TEST_F(ProgramWithASlowList, DropsClicksAtTheListThatItReplaces)
+TEST_F(ProgramWithASlowList, DropsClicksOnTheListThatItReplaces)
 {
     startBesideASlowFolder();
     beginTheList();
     doubleClickSong(1);
-    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    ASSERT_TRUE(isBuilding()) << "the list was built too fast for the test";
     EXPECT_TRUE(waitForTheList());
     const std::size_t begin = recorder->size();
     recorder->waitFor(1.0);
     for (std::size_t at = begin; at + Recorder::sampleRate / 10 < recorder->size();
          at += Recorder::sampleRate / 10)
         EXPECT_EQ(toneAt(at, 0.1), 0.0);
-    EXPECT_FALSE(reads(slowFolder)) << "a song is being loaded";
+    EXPECT_FALSE(reads(slowFolder)) << "a song was loaded";
 }
 
-TEST_F(ProgramWithASlowList, ObeysPausePressedMeanwhile)
+TEST_F(ProgramWithASlowList, PausePressedDuringTheWorkPauses)
 {
     startBesideASlowFolder();
     doubleClickSong(0);
     ASSERT_TRUE(hears(300.0));
     beginTheList();
     display.key(u"space"_s);
-    ASSERT_TRUE(isBuilding()) << "the list is built too fast for the test";
+    ASSERT_TRUE(isBuilding()) << "the list was built too fast for the test";
     EXPECT_TRUE(waitForTheList());
     EXPECT_TRUE(hearsSilence());
     display.key(u"space"_s);
     EXPECT_TRUE(hears(300.0));
 }
 
-TEST_F(ProgramWithASlowList, StopsTheListAtEscapeAndKeepsWhatWasRead)
+TEST_F(ProgramWithASlowList, EscapeStopsTheListAndKeepsTheSongsReadSoFar)
 {
-    startBesideASlowFolder(100); // more than are read at once on any machine
+    startBesideASlowFolder(100); // more than any machine reads at once
     beginTheList();
     display.key(u"Escape"_s);
     EXPECT_TRUE(waitUntil([this] { return showsMessage(); })) << "the list was not stopped";
@@ -220,7 +221,7 @@ TEST_F(WaitingProgram, ALongLoadShowsItsProgressAndThenPlays)
     EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }));
 }
 
-TEST_F(WaitingProgram, PlayPressedAgainWhileTheSongLoadsStaysPlay)
+TEST_F(WaitingProgram, PlayPressedAgainDuringALoadStillMeansPlay)
 {
     startWithASlowSong();
     click(place::songRow(0));
@@ -229,14 +230,14 @@ TEST_F(WaitingProgram, PlayPressedAgainWhileTheSongLoadsStaysPlay)
     display.key(u"space"_s);
     display.key(u"space"_s);
     display.key(u"space"_s);
-    ASSERT_TRUE(isLoading()) << "the song has loaded too fast for the test";
+    ASSERT_TRUE(isLoading()) << "the song loaded too fast for the test";
     EXPECT_TRUE(hears(300.0, 30.0));
     expectOnly(300.0);
-    display.key(u"space"_s); // and now it is a pause
+    display.key(u"space"_s); // this press pauses
     EXPECT_TRUE(hearsSilence());
 }
 
-TEST_F(WaitingProgram, PausePressedWhileTheNextSongLoadsIsAPause)
+TEST_F(WaitingProgram, PausePressedDuringTheNextLoadPauses)
 {
     startWithASlowSong();
     doubleClickSong(1);
@@ -244,7 +245,7 @@ TEST_F(WaitingProgram, PausePressedWhileTheNextSongLoadsIsAPause)
     doubleClickSong(0);
     waitWithinTheLoad();
     display.key(u"space"_s);
-    ASSERT_TRUE(isLoading()) << "the song has loaded too fast for the test";
+    ASSERT_TRUE(isLoading()) << "the song loaded too fast for the test";
     EXPECT_TRUE(waitUntil([this] { return showsProgress(); }));
     EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }));
     EXPECT_TRUE(hearsSilence());
@@ -252,7 +253,7 @@ TEST_F(WaitingProgram, PausePressedWhileTheNextSongLoadsIsAPause)
     EXPECT_TRUE(hears(300.0));
 }
 
-TEST_F(WaitingProgram, OfTheSongsPickedWhileOneLoadsTheLastIsPlayed)
+TEST_F(WaitingProgram, OnlyTheLastSongPickedDuringALoadIsPlayed)
 {
     startWithASlowSong();
     doubleClickSong(0);
@@ -260,7 +261,7 @@ TEST_F(WaitingProgram, OfTheSongsPickedWhileOneLoadsTheLastIsPlayed)
     doubleClickSong(1);
     doubleClickSong(2);
     doubleClickSong(3);
-    ASSERT_TRUE(isLoading()) << "the song has loaded too fast for the test";
+    ASSERT_TRUE(isLoading()) << "the song loaded too fast for the test";
     const std::size_t begin = recorder->size();
     EXPECT_TRUE(hears(500.0, 30.0));
     expectOnly(500.0);
@@ -268,19 +269,19 @@ TEST_F(WaitingProgram, OfTheSongsPickedWhileOneLoadsTheLastIsPlayed)
          at += Recorder::sampleRate / 20) {
         const double tone = toneAt(at, 0.05);
         EXPECT_FALSE(std::abs(tone - 400.0) < 4.0 || std::abs(tone - 600.0) < 4.0)
-            << "a song that was picked before is heard";
+            << "a song that was picked earlier is heard";
     }
 }
 
-TEST_F(WaitingProgram, AKeyThatRepeatsItselfMeanwhileIsOnePress)
+TEST_F(WaitingProgram, AKeyHeldDuringALoadActsOnce)
 {
     startWithASlowSong();
     doubleClickSong(0);
     waitWithinTheLoad();
-    display.keyDown(u"minus"_s); // slower by 5 percent; the display repeats it
+    display.keyDown(u"minus"_s); // slower by 5 percent; the display repeats the key
     recorder->waitFor(1.0);
     display.keyUp(u"minus"_s);
-    ASSERT_TRUE(isLoading()) << "the song has loaded too fast for the test";
+    ASSERT_TRUE(isLoading()) << "the song loaded too fast for the test";
     EXPECT_TRUE(hears(300.0, 30.0));
     display.key(u"ctrl+s"_s); // keeps the song's speed
     EXPECT_EQ(quit(), 0);
