@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace lyrabox::test {

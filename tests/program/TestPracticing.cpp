@@ -1,7 +1,5 @@
 #include "support/program/RunningProgram.h"
 
-#include <QDir>
-
 using namespace lyrabox;
 using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;

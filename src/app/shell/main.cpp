@@ -78,7 +78,7 @@ void nameApplication()
 
 /// Loads the modules in the background, one after the other. The windows wait for the output
 /// module, so it comes first. The decoders follow here only if songs will be opened before the
-/// first picture. If there is no thread, whoever needs a module first loads it.
+/// first picture. If there is no thread, each module is loaded by its first user.
 std::jthread loadModules(const CommandLine &line)
 {
     const bool opensSongs =

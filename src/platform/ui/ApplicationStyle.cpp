@@ -3,7 +3,6 @@
 #include "platform/ui/Popover.h"
 #include "platform/ui/Theme.h"
 
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
 #include <QScrollBar>

@@ -3,7 +3,6 @@
 #include "platform/ui/Accessibility.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 namespace lyrabox {
 

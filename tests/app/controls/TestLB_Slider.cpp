@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QImage>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>

@@ -7,7 +7,6 @@
 
 #include <QAction>
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>

@@ -5,8 +5,6 @@
 #include "platform/ui/SegmentedControl.h"
 #include "platform/ui/Theme.h"
 
-#include <QAbstractButton>
-#include <QDir>
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>

@@ -21,7 +21,6 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QWheelEvent>
 
 using namespace Qt::Literals::StringLiterals;

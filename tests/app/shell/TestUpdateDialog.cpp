@@ -1,6 +1,5 @@
 #include "app/shell/UpdateDialog.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>

@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
-#include <QScrollBar>
 #include <QStyleOption>
 
 #include <gtest/gtest.h>
