@@ -39,7 +39,7 @@ QString socketName(const QString &folder)
     return QDir(directory).filePath(u"lyrabox-"_s + QString::fromLatin1(hash));
 }
 
-/// A line for the token, one for each address, an empty one.
+/// A request as text: a line for the token, a line for each URL, an empty line.
 QByteArray message(const SingleInstance::Request &request)
 {
     QByteArray bytes;

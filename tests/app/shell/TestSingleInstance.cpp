@@ -17,8 +17,7 @@ namespace {
 using Role = SingleInstance::Role;
 using Request = SingleInstance::Request;
 
-/// Sends a request from another thread, as another process would, while this thread handles
-/// requests.
+/// Sends a request from another thread, as another process would.
 Role claimElsewhere(const QString &folder, const Request &request = {})
 {
     auto second =
@@ -70,7 +69,7 @@ TEST(SingleInstance, UrlsArriveUnchanged)
     EXPECT_EQ(asked, sent);
 }
 
-TEST(SingleInstance, TheTokenOfTheUsersStartArrivesAsItWasSent)
+TEST(SingleInstance, TheActivationTokenArrivesUnchanged)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
