@@ -3,6 +3,7 @@ import pathlib
 import subprocess
 import unittest
 
+import functions
 import tree
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -68,6 +69,11 @@ class Headers(unittest.TestCase):
 
 
 class Lengths(unittest.TestCase):
+    def test_no_function_is_over_60_lines_without_a_reason_above_it(self):
+        faults = [f"{path}:{f.line}: {f.name} has {f.length} lines"
+                  for path, text in sorted(SOURCES.items()) for f in functions.too_long(text)]
+        self.assertEqual(faults, [])
+
     def test_no_file_is_over_400_lines_without_a_reason_at_its_top(self):
         # Files that were not committed yet count, too. Files that git ignores do not.
         names = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard"], cwd=ROOT, text=True,
