@@ -297,9 +297,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     if (isCallDue && !hasTimedOut && !quit)
         callListener();
     // When the server returns, the listener is called anyway.
-    retryIsWanted = false;
-    retryIsDue = false;
-    awaitsDevice = false;
+    retryIsWanted = retryIsDue = awaitsDevice = false;
     return anyFound;
 }
 
