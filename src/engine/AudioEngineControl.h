@@ -12,7 +12,7 @@ namespace lyrabox::engine {
 
 /// The engine's state that the callback thread does not use.
 struct Control {
-    std::mutex mutex; ///< the main and the notification thread take it, the callback never does
+    std::mutex mutex; ///< for the main and the notification thread, never the callback
     Chain chain;
     /// Lives as long as the engine. A rebuild runs on the watcher's thread and can't replace it.
     std::unique_ptr<DefaultOutputWatcher> watcher;
@@ -22,9 +22,9 @@ struct Control {
     bool runOnNextDevice = false;
     Status soundStatus = status::noError; ///< of the engine's own operations
     std::function<void()> soundStatusHook;
-    bool isPrepared = false; ///< later chains are prepared, too
+    bool isPrepared = false; ///< prepareForPlayback() was called: later chains are prepared, too
     bool heldSoundIsKept = false;
-    bool haltIsDue = false; ///< a stop was put off until the held frames are heard
+    bool haltIsDue = false; ///< the device stops when the ended song has been played out
 
     // Main thread.
     std::shared_ptr<DecodedSong> song; ///< the memory behind AudioEngineState::channelBuffers
@@ -39,10 +39,10 @@ struct Control {
 
 AudioEngineState &state();
 
-/// The place where the callback reads. heardFrame() needs it.
+/// The position at which the callback reads. heardFrame() starts from it.
 ReadingPointExchange &reading();
 
-/// Sets the position and counts that as a seek, without touching the stages.
+/// Sets the position and counts as a seek. Does not reset the stages.
 void placeAtFrame(std::uint64_t frame);
 
 /// Never destroyed, because threads of the sound system may outlive static objects.

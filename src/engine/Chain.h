@@ -26,7 +26,7 @@ struct Chain {
 /// the engine's mutex.
 Status buildChain(Chain &chain);
 
-/// What resetChain() does with the frames of an ended song that still sound.
+/// What resetChain() does with the last frames of an ended song, which the stages still hold.
 enum class HeldSound { Drop, PlayOut };
 
 /// Drops the frames that the stages hold, from the output back to the equalizer.

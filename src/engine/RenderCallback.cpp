@@ -15,7 +15,8 @@ void copyFrames(std::byte *destination, std::uint64_t bytes, const std::byte *ch
 {
     while (bytes > 0) {
         const bool isInside = position < total;
-        // From outside, the channel begins where the position wraps to 0, unless it is empty.
+        // Outside the channel, silence runs until the position wraps to 0. An empty channel is all
+        // silence.
         const std::uint64_t framesInRun = isInside ? total - position : 0 - position;
         const bool runIsShorter =
             (isInside || total > 0) && framesInRun < bytes / bytesPerFrame + 1;
@@ -31,15 +32,15 @@ void copyFrames(std::byte *destination, std::uint64_t bytes, const std::byte *ch
     }
 }
 
-/// Moves the position from `from` to `to`. A seek that came meanwhile wins: then the position stays
-/// and the result is false.
+/// Moves the position from `from` to `to`. A seek that came in between wins: the position stays and
+/// the result is false.
 bool moveOn(AudioEngineState &engine, std::uint64_t from, std::uint64_t to) noexcept
 {
     return engine.currentFrame.compare_exchange_strong(from, to, std::memory_order_relaxed);
 }
 
-/// Ends the song and parks the position at `end`. If a seek came meanwhile, the song goes on from
-/// there, and nothing is done.
+/// Ends the song and parks the position at `end`. If a seek came in between, does nothing: the song
+/// goes on from there.
 void endSong(AudioEngineState &engine, std::uint64_t start, std::uint64_t end) noexcept
 {
     if (!moveOn(engine, start, end))
@@ -78,8 +79,9 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     if (point.seekCount != seekCount)
         point = {.frame = start, .seekCount = seekCount};
 
-    // 32 bits and 64 bits on purpose. Both may wrap, past the song's end as well as before its
-    // start. The song ends two buffers early on purpose, too: docs/kept-on-purpose.md.
+    // The margin has 32 bits and the rest 64 bits on purpose. Both may wrap, past the song's end
+    // and before its start. The song also ends two buffers early on purpose:
+    // docs/kept-on-purpose.md.
     const std::uint32_t margin = 2U * inNumberFrames;
     const std::uint64_t remaining = total - start;
     if (remaining <= margin) {
@@ -88,7 +90,7 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     }
 
     std::uint64_t position = start;
-    // Tested once a callback, so the end is overshot by up to one slice: docs/kept-on-purpose.md.
+    // Tested once per callback, so the end is overshot by up to one slice: docs/kept-on-purpose.md.
     if (engine.isLooping.load(std::memory_order_acquire) &&
         position >= engine.loopEndFrame.load(std::memory_order_relaxed)) {
         position = engine.loopStartFrame.load(std::memory_order_relaxed);

@@ -15,7 +15,7 @@ namespace lyrabox {
 /// and `hasSettings` change in place. Main thread only.
 struct TrackRecord {
     QUrl fileURL;                 ///< empty if the record has no file
-    std::optional<QString> title; ///< every record of a file has one
+    std::optional<QString> title; ///< always set if the record has a file
     QString artist;               ///< empty when unknown
     QString album;                ///< empty when unknown
     QVariant durationSeconds;     ///< float, double or decimal text, see durationValue()

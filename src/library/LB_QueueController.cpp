@@ -162,7 +162,7 @@ TrackRecordList LB_QueueController::shuffledArray() const
     TrackRecordList shuffled = m_orderedArray;
     if (const std::uint64_t current = indexOfCurrentTrack(shuffled); current != notFound)
         std::swap(shuffled[0], shuffled[current]);
-    // The first song stays: it is the one that plays, or the head of the list.
+    // The first song stays: it is the one that plays, or the first of the list if none plays.
     for (std::size_t i = 1; i < shuffled.size(); ++i)
         std::swap(shuffled[i], shuffled[i + m_random() % (shuffled.size() - i)]);
     return shuffled;

@@ -14,6 +14,7 @@ public:
 
     /// Starts the events. Times are in seconds. Replaces events that are already running.
     virtual void start(double delaySeconds, double periodSeconds, std::function<void()> event) = 0;
+    /// Stops the events; none comes afterwards. The event itself may call this.
     virtual void stop() = 0;
 };
 
@@ -26,7 +27,7 @@ public:
 
 private:
     QTimer m_timer;
-    int m_period = 0;
+    int m_period = 0; ///< in milliseconds
     std::function<void()> m_event;
 };
 

@@ -7,7 +7,7 @@ class QWidget;
 
 namespace lyrabox {
 
-/// A new instance of the directory browser's interface.
+/// The parts of a directory browser that was just built.
 struct BrowserPopoverContent {
     QWidget *view; ///< The caller takes ownership. Owns the other two.
     LB_BrowserController *controller;

@@ -25,14 +25,16 @@ public:
     /// Builds the roots. Further calls do nothing.
     void awakeFromNib();
 
+    /// Whether a row of the tree is selected.
     bool hasSelection() const { return m_hasSelection; }
 
-    /// Updates hasSelection().
+    /// Updates hasSelection(). Called when the view's selection changes.
     void outlineViewSelectionDidChange();
 
+    /// The tree. Null before awakeFromNib(); owned by the controller.
     const lyrabox::SourceTreeModel *model() const { return m_model; }
 
-    /// Replaces the function that lists mounted volumes. For tests.
+    /// Replaces the function that lists mounted volumes; call before awakeFromNib(). For tests.
     void setMountedVolumes(std::function<std::vector<lyrabox::Volume>()> volumes)
     {
         m_mountedVolumes = std::move(volumes);

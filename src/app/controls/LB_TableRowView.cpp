@@ -15,11 +15,11 @@ namespace Theme = lyrabox::Theme;
 
 namespace {
 
-/// The same distance from the column's edge as in the header.
+/// Padding of a cell in a table with columns; the header uses the same.
 constexpr int columnPadding = 3;
-/// Used in a list without columns.
+/// Padding of a row in a list without columns.
 constexpr int listPadding = 14;
-/// Used in a tree, after the indentation.
+/// Padding of a row in a tree, after the indentation.
 constexpr int treePadding = 9;
 constexpr int iconSize = 16;
 constexpr int iconGap = 6;

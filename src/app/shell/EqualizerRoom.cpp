@@ -77,7 +77,7 @@ void connectPresets(const Ui::EqualizerWindow &ui, LB_EqualizerController *equal
     QObject::connect(
         ui.addRemoveButton, &QAbstractButton::clicked, equalizer,
         [equalizer, button = ui.addRemoveButton] { equalizer->addRemoveButtonPressed(button); });
-    // The same button adds and removes. The selected preset decides which of the two it does.
+    // One button adds or removes, depending on the selected preset.
     QAction *add = addContextAction(ui.presetTableView, Text::tr("Add Preset…"), Qt::Key_Insert);
     QAction *remove =
         addContextAction(ui.presetTableView, Text::tr("Remove Preset…"), Qt::Key_Delete);

@@ -21,7 +21,7 @@ constexpr auto reactionTime = 100ms;
 InputAfterWait::InputAfterWait(StateButton *playButton, QWidget *songs, ProgressClock clock)
     : m_songs(songs), m_clock(std::move(clock)), m_stateBefore(playButton->state())
 {
-    // Queued, so that the press that begins the wait does not count as seen.
+    // Queued, because the user has not yet seen the effect of the press that starts the wait.
     connect(
         playButton, &StateButton::stateChanged, this, [this](int state) { m_stateBefore = state; },
         Qt::QueuedConnection);
@@ -48,7 +48,7 @@ InputAfterWait::~InputAfterWait() = default;
 void InputAfterWait::noteWork(Work work)
 {
     if (!m_songs->isVisible())
-        return; // starting up: there cannot be any input yet
+        return; // during the start there is no input yet
     if (!isFromWait()) {
         m_showedPlay = m_stateBefore == 0;
         m_listChanged = false;

@@ -9,8 +9,8 @@ class QLabel;
 
 namespace lyrabox {
 
-/// Shows in the message line that there is no sound, and clears that message when the sound is
-/// back. Other messages are kept. Main thread.
+/// Shows a message while there is no sound and clears it when the sound is back. Leaves other
+/// messages in the line alone. Main thread.
 class SoundProblemLine : public QObject {
     Q_OBJECT
 

@@ -67,8 +67,8 @@ Status GraphicEqualizer::setRenderCallback(RenderCallback callback, void *contex
 void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
 {
     const DenormalGuard guard;
-    // The request is read before the levels. So levels that were set before a reset are there when
-    // it is carried out.
+    // The request is read before the levels, so a reset includes all levels that were set before it
+    // was requested.
     const bool resets = m_resetRequested.exchange(false, std::memory_order_acquire);
     if (const equalizer::Coefficients *target = m_published.takeNewest())
         m_cascade.rampTo(*target);
@@ -96,8 +96,8 @@ void GraphicEqualizer::render(std::uint32_t frames, AudioBufferList &ioData) noe
     }
 }
 
-/// Runs the filter on frames that might have come before the first one: the signal's beginning,
-/// mirrored at its first sample, so that level and slope are continuous there.
+/// Warms the filter up with made-up frames before the first one: the signal's beginning, mirrored
+/// at its first sample, so that level and slope are continuous there.
 void GraphicEqualizer::leadIn(std::uint32_t frames, const AudioBufferList &ioData) noexcept
 {
     constexpr std::uint32_t longest = 128; // 3 ms: ringing above 1 kHz has died away by then

@@ -10,21 +10,21 @@ namespace lyrabox {
 
 /// The running filter of the graphic equalizer: a gain and 31 sections in cascade, for two channels
 /// in double precision. All sections always run. One thread at a time, usually the callback thread.
-/// Allocates nothing. The output does not depend on how the signal is divided into calls, to the
-/// last bit.
+/// Allocates nothing. The output is bit for bit the same however the signal is divided into calls.
 class GraphicEqualizerCascade {
 public:
     /// The length of a ramp from one set of coefficients to the next, in frames: 20 ms. The
     /// coefficients of a section move in a straight line to their targets. Stable sections form a
-    /// convex region (a triangle in a1 and a2), so every point of the line is stable, too. The
-    /// speed changes without steps, because a kink in the course of a level is heard as a faint
-    /// tick far above the tone.
+    /// convex region (a triangle in a1 and a2), so every point of the line is stable, too. Their
+    /// speed has no steps either, because a kink in a gain curve is heard as a faint click far
+    /// above the tone.
     static constexpr std::uint32_t rampFrames = 882;
 
     /// Starts a ramp from the present coefficients to `target`. Another ramp may be under way.
     void rampTo(const equalizer::Coefficients &target) noexcept;
 
-    /// Moves the coefficients to their targets at once and drops the signal.
+    /// Moves the coefficients to their targets at once and clears the filter's memory of the
+    /// signal.
     void clear() noexcept;
 
     /// Sets the state that the filter would have if `left` and `right` had always been its input.
@@ -51,7 +51,8 @@ private:
     void filterRun(float *left, float *right, std::uint32_t frames) noexcept;
 
     // A movement by `length` within rampFrames, as a cubic of time. It begins at `speed`, in units
-    // of length per ramp, and ends at rest. Differences make it cost two additions per frame.
+    // of length per ramp, and ends at rest. Forward differences make it cost two additions per
+    // frame.
     struct Course {
         Course() = default;
         Course(double length, double speed);

@@ -4,7 +4,7 @@
 
 namespace lyrabox {
 
-/// Two doubles that are added and multiplied together: the left channel in lane 0, the right one in
+/// Two doubles that each operation processes at once: the left channel in lane 0, the right one in
 /// lane 1. A vector register if the compiler supports vectors, otherwise two plain doubles. The
 /// results are the same.
 #if defined(__GNUC__)

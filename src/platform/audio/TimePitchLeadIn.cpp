@@ -27,7 +27,7 @@ struct Forwards {
     float right(std::int64_t frame) const noexcept { return history.right(frame); }
 };
 
-/// Frame 0 is the last one before `end`, and numbers rise backwards.
+/// The song played backwards: frame 0 is the last one before `end`.
 struct Backwards {
     const TimePitchHistory &history;
     std::int64_t end;
@@ -36,7 +36,7 @@ struct Backwards {
     float right(std::int64_t frame) const noexcept { return history.right(end - 1 - frame); }
 };
 
-/// The lag, at least `shortest`, at which the song resembles its start most.
+/// The lag of at least `shortest` frames at which the song correlates best with its start.
 template <typename Song>
 std::uint32_t bestLag(const Song &song, std::uint32_t shortest) noexcept
 {

@@ -43,7 +43,7 @@ SleepInhibitor::~SleepInhibitor()
 
 void SleepInhibitor::watch(const QString &service)
 {
-    // No sender is given: to resolve its name, the toolkit would wait for the bus.
+    // No sender is given, because the toolkit would wait for the bus to resolve its name.
     m_bus.connect(QString(), u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
                   u"NameOwnerChanged"_s, {service}, QString(), this,
                   SLOT(ownerChanged(QString, QString, QString)));
@@ -69,8 +69,8 @@ void SleepInhibitor::ask()
 void SleepInhibitor::askPortal()
 {
     constexpr uint suspendAndIdle = 4 | 8;
-    // The token fixes the path of the request beforehand. So its answer cannot come before the
-    // subscription, and the request can be closed whatever the answer is.
+    // The token determines the request's path in advance. So the subscription is in place before
+    // the answer can come, and the request can be closed whatever the answer is.
     const QString token = u"lyrabox%1"_s.arg(m_round);
     m_request =
         portalPath + u"/request/"_s + m_bus.baseService().mid(1).replace(u'.', u'_') + u'/' + token;
@@ -88,7 +88,7 @@ void SleepInhibitor::askPortal()
                 const QDBusPendingReply<QDBusObjectPath> reply = *answer;
                 const bool late = round != m_round || !m_wanted;
                 if (late || reply.isError())
-                    closeRequest(request); // the portal may have granted it meanwhile
+                    closeRequest(request); // the portal may still have granted it
                 if (late || m_holder != Holder::Nobody)
                     return;
                 if (reply.isError()) {
@@ -167,7 +167,7 @@ void SleepInhibitor::ownerChanged(const QString &name, const QString &, const QS
     const bool isHolder = (m_holder == Holder::Portal && name == portalService) ||
                           (m_holder == Holder::ScreenSaver && name == saverService);
     if (isHolder)
-        m_holder = Holder::Nobody; // a new owner of the name knows nothing of the old inhibition
+        m_holder = Holder::Nobody; // the new owner of the name has no inhibition of ours
     const bool mayHelp = isHolder || !newOwner.isEmpty();
     if (m_wanted && mayHelp && m_holder == Holder::Nobody && !m_asking)
         ask();

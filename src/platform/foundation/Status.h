@@ -4,8 +4,8 @@
 
 namespace lyrabox {
 
-/// The result of an operation: 0 is success, everything else an error of namespace status. Callers
-/// pass it on unchanged; only the code that shows a message turns it into text.
+/// The result of an operation: 0 is success, everything else is one of the errors in namespace
+/// `status`. Callers pass it on unchanged; only the code that shows a message turns it into text.
 using Status = std::int32_t;
 
 /// The status whose bytes, the most significant first, are the four characters of `code`, as in
@@ -33,7 +33,7 @@ constexpr Status unspecified = fourCharCode("wht?"); ///< any other error
 constexpr Status missingDecoder = fourCharCode("dec?");   ///< the decoders are not installed
 constexpr Status noAudioDevice = fourCharCode("!dev");    ///< no sound server or no output device
 constexpr Status soundServerHangs = fourCharCode("hang"); ///< the sound server does not answer
-constexpr Status invalidParameter = -10878;               ///< an audio unit without that parameter
+constexpr Status invalidParameter = -10878;               ///< the audio unit has no such parameter
 constexpr Status noConnection = -10876; ///< an audio unit was started without a source
 
 } // namespace status

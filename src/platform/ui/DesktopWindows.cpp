@@ -22,7 +22,8 @@ bool isOnWayland()
 
 QtMessageHandler earlierHandler = nullptr;
 
-/// The toolkit's last words before it leaves, on whatever thread has noticed the loss.
+/// Receives the toolkit's warning that the connection is lost, on the thread that noticed it. The
+/// toolkit ends the process after this.
 void listenForLoss(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (earlierHandler != nullptr)
@@ -31,7 +32,7 @@ void listenForLoss(QtMsgType type, const QMessageLogContext &context, const QStr
         return;
     if (QThread::currentThread() == qApp->thread())
         std::exit(EXIT_FAILURE);
-    // The main thread ends the process meanwhile, unless it hangs.
+    // While this thread sleeps, the main thread ends the process, unless it hangs.
     QMetaObject::invokeMethod(qApp, [] { std::exit(EXIT_FAILURE); });
     QThread::sleep(patienceSeconds);
 }
@@ -58,7 +59,7 @@ void bringToFront(QWidget *window, const QString &token)
         window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     window->show();
     window->raise();
-    // The toolkit takes a token from nowhere else.
+    // The toolkit takes the token only from the environment.
     const bool hasToken = isOnWayland() && !token.isEmpty();
     if (hasToken)
         qputenv(tokenVariable, token.toUtf8());

@@ -6,25 +6,25 @@ class QWidget;
 
 namespace lyrabox {
 
-/// What a program may do with its windows differs from display system to display system. All of
-/// these are for the main thread.
+/// Window operations that differ between X and Wayland. Main thread only.
 
-/// Whether the program decides where its windows are. On Wayland only the desktop does, and tells
-/// nobody.
+/// Whether the program can place its windows. On Wayland only the desktop can, and does not report
+/// where they are.
 bool programPlacesWindows();
 
-/// What the desktop gave this process at its start so that it may come to the front, taken out of
-/// the environment; empty where it gave nothing. Only the first call has it. To be asked before
-/// there is an application object, so that children do not inherit it.
+/// The activation token that the desktop gave this process at its start, or an empty string.
+/// Removes it from the environment, so that child processes do not inherit it; only the first call
+/// returns it. Call it before the application object is made.
 QString takeActivationToken();
 
-/// Shows the window in front of the others, with the keyboard. A desktop with Wayland does so at
-/// the user's wish only. `token` proves that wish: what takeActivationToken() returned in the
-/// process that the user has just started. Without one it may do no more than mark the window.
+/// Shows the window in front of the others and gives it the keyboard. A Wayland desktop does so
+/// only if the user asked for it. `token` proves that: it is the result of takeActivationToken() in
+/// the process that the user has just started. Without a token the desktop may only mark the
+/// window.
 void bringToFront(QWidget *window, const QString &token = {});
 
-/// Makes the loss of the display server end this process by std::exit(). The toolkit does so on X;
-/// on Wayland it would leave at once, and what is registered with std::atexit() would not be done.
+/// Ends this process with std::exit() when the display server is lost. The toolkit does so on X. On
+/// Wayland it would end the process at once, without the functions registered with std::atexit().
 void exitWhenDisplayIsLost();
 
 } // namespace lyrabox

@@ -8,8 +8,8 @@ namespace lyrabox {
 
 /// A push button with two or three states, drawn as an image on an optional background. A click
 /// advances the state: off (0), mixed (-1), on (1), off; or off, on, off without a mixed state. The
-/// state changes before clicked() is sent. A button whose states have no texts is momentary: a
-/// click does not change its state. Main thread.
+/// state changes before clicked() is sent. A button without state texts is momentary: a click does
+/// not change its state. Main thread.
 class StateButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(int state READ state WRITE setState NOTIFY stateChanged)
