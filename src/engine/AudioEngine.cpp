@@ -25,7 +25,7 @@ void exchangeChain(Chain &chain)
     state().channelIndex.store(0, std::memory_order_relaxed);
 }
 
-/// Whether frames of an ended song are to be kept, and still sound.
+/// Whether the last frames of an ended song are kept and still playing.
 bool keepsHeldSound()
 {
     const OutputUnit *output = control().chain.output.get();
@@ -184,7 +184,7 @@ void tearDownAudioSystem()
         control().waitsForDevice = false;
         control().soundStatus = status::noError;
     }
-    // The chain goes before the watcher, because the output may still call the watcher. The
+    // The chain is destroyed before the watcher, because the output may still call the watcher. The
     // watcher's thread may be waiting for the mutex. Its notification then finds no chain.
     {
         const Chain released = std::move(chain);

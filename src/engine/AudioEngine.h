@@ -19,8 +19,8 @@
 
 /// The playback engine. It holds one decoded song in memory and plays it through a chain of stages:
 /// the render routine, the equalizer, time/pitch and the output. It has a frame-accurate position
-/// and an optional loop. The engine is process-wide state with plain functions over it; why it is
-/// no class stands in docs/kept-on-purpose.md.
+/// and an optional loop. The engine is process-wide state with free functions;
+/// docs/kept-on-purpose.md says why it is not a class.
 ///
 /// The audio callback thread calls renderCallback() only. The device-notification thread calls
 /// defaultOutputChanged() only. Everything else belongs to the main thread. One mutex serialises
@@ -57,21 +57,21 @@ static_assert(std::atomic<std::uint64_t>::is_always_lock_free &&
 /// buildAudioSystem() returns this if the factory could not make a unit.
 constexpr Status missingComponent = -3000;
 
-/// loadAudioFile() reads so many frames at a time.
+/// The number of frames that loadAudioFile() reads at a time.
 constexpr std::uint32_t framesPerRead = 8192;
 
 // Replaceable parts, for tests. Set each before the operation that uses it. An empty function
 // restores the program's own part.
 /// Makes the stages. The default is platformAudioUnits(). Set it before buildAudioSystem().
 void setAudioUnitFactory(AudioUnitFactory factory);
-/// Makes the reader of a song. The default is that of decodingModule().
+/// Makes the reader of a song. The default is DecodingModule::makeSongReader().
 void setSongReaderFactory(SongReaderFactory factory);
 /// Returns how many bytes a new song may take. The default is the memory that the system can give
 /// without swapping.
 void setAvailableMemoryProbe(std::function<std::uint64_t()> probe);
 
-/// Reports the seconds decoded and, if known, the total, while loadAudioFile() runs. ProgressPacer
-/// says how often. An empty `clock` stands for the monotonic clock.
+/// Reports the seconds decoded and, if known, the total, while loadAudioFile() runs, as often as
+/// ProgressPacer allows. An empty `clock` means the monotonic clock.
 void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
 
 /// Makes, initialises and connects the stages in this order: equalizer, time/pitch, output. Stops
@@ -79,8 +79,8 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
 /// which is stopped and released. After a failure the old chain stays. The new output is stopped.
 /// Call it for the first build, or while the output is stopped.
 ///
-/// A sound server that hangs is no failure. The chain is then built without a device, and rebuilt
-/// as soon as the server answers. See soundStatus().
+/// A sound server that hangs does not count as a failure. The chain is then built without a device,
+/// and rebuilt as soon as the server answers. See soundStatus().
 Status buildAudioSystem();
 
 /// Starts work in the background that the first start of the output would otherwise wait for.
@@ -117,9 +117,9 @@ void setSoundStatusHook(std::function<void()> hook);
 /// at once.
 void seekToFrame(std::uint64_t frame);
 
-/// Whether frames of an ended song are kept that time/pitch still holds. While they are kept,
-/// setOutputRunning(false), loadAudioFile() and emptyAudioBuffers() do not cut them off, and the
-/// next song follows them. Set it only for changes that follow the end of a song.
+/// Whether the last frames of an ended song, which time/pitch still holds, are kept. While they are
+/// kept, setOutputRunning(false), loadAudioFile() and emptyAudioBuffers() do not cut them off, and
+/// the next song follows them. Set it only for changes that follow the end of a song.
 void setHeldSoundIsKept(bool kept);
 
 /// Halts the output if the kept frames have been heard and nothing plays. Until then the device
@@ -132,9 +132,9 @@ void haltWhenPlayedOut();
 /// decoded. If memory runs out while reading, the engine is empty afterwards (notEnoughMemory).
 Status loadAudioFile(const QUrl &url);
 
-/// The song that loadAudioFile() has decoded last, or null if the engine holds no frames. The
-/// caller may keep it while the engine loads another one. Its memory is freed when nobody holds it
-/// any more. Any thread may read it.
+/// The song that loadAudioFile() decoded last, or null if the engine holds no frames. The caller
+/// may keep it while the engine loads another one. Its memory is freed with the last reference. Any
+/// thread may read it.
 std::shared_ptr<const DecodedSong> decodedSong();
 
 /// Drops the song and its artwork. The output must be stopped.
@@ -174,7 +174,7 @@ AudioStreamBasicDescription streamFormat();
 /// Whole seconds, truncated toward zero; 0 for a rate that is not positive.
 std::int64_t wholeSeconds(std::uint64_t frames, double sampleRate);
 
-// Parameters, as `parameter` names them. 0.0 without a chain.
+// Parameters, with the units of namespace `parameter`. 0.0 without a chain.
 float outputVolume();
 void setOutputVolume(float volume);
 float playbackRate();

@@ -23,14 +23,14 @@ constexpr float rateOf(float percent)
     return percent / 100.0F;
 }
 
-/// Whether a typed number is accepted. 0 is not, because text that is no number reads as 0, too:
+/// Whether a typed number is accepted. 0 is not, because text that is not a number also reads as 0:
 /// docs/kept-on-purpose.md.
 bool isAcceptedEntry(float value);
 
 /// The pitch as it is shown and stored: in whole cents, truncated toward zero, clamped to 16 bits.
 std::int16_t wholeCents(float cents);
 
-/// "artist ● album". If one of them is empty, the other one alone.
+/// "artist ● album". If one of them is empty, only the other.
 QString artistLine(const QString &artist, const QString &album);
 
 } // namespace lyrabox::transport

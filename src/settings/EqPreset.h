@@ -10,7 +10,7 @@
 
 namespace lyrabox {
 
-/// One equalizer preset. A copy shares the levels with the original, so a change of one changes
+/// One equalizer preset. A copy shares its levels with the original, so a change to one changes
 /// both. To separate them, assign a new vector.
 struct EqPreset {
     static constexpr int bands = 10;

@@ -22,8 +22,8 @@ public:
     explicit LB_SettingsController(QObject *parent = nullptr);
     ~LB_SettingsController() override;
 
-    /// Reads the three files. Shipped presets and folders replace those of files that cannot be
-    /// read. Called once, at the start.
+    /// Reads the three files. If the file of the presets or folders cannot be read, the shipped
+    /// ones are used. Called once, at the start.
     void setup();
 
     /// The settings folder, which is created if it is missing. None if that fails the first time;
@@ -48,8 +48,8 @@ public:
     void setSortDescriptorForListID(const lyrabox::SortDescriptor &descriptor,
                                     const std::optional<QString> &listID);
 
-    /// The list of presets, never null. It is shared: changes that its holders make are written at
-    /// the end.
+    /// The list of presets, never null. It is shared: what its holders change is written at the end
+    /// of the program.
     std::shared_ptr<lyrabox::EqPresetList> eqPresetArray() const;
     /// Replaces the list; null makes it empty.
     void setEqPresetArray(std::shared_ptr<lyrabox::EqPresetList> presets);

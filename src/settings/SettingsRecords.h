@@ -11,7 +11,8 @@
 /// default takes the place of a member that is missing or has a wrong type.
 namespace lyrabox {
 
-/// The limit of a band level in dB, up and down. Levels in a file beyond it are reduced to it.
+/// Band levels are between -eqLevelLimit and +eqLevelLimit, in dB. Levels read from a file are
+/// clamped to that.
 inline constexpr float eqLevelLimit = 12.0F;
 
 /// The members of a dictionary whose keys are not among the `known` ones, in its order. Empty if
@@ -36,7 +37,7 @@ PropertyList eqPresetEntries(const EqPresetList &presets);
 
 /// Makes sure that `presets` has the manual preset (id 0) and that the user cannot remove it. A
 /// missing one is taken from `shipped` and added at the front; one that lacks EqPreset::persistent
-/// gets that of the shipped one. Does nothing if `shipped` has no manual preset.
+/// gets the shipped preset's value. Does nothing if `shipped` has no manual preset.
 void ensureManualPreset(EqPresetList &presets, const EqPresetList &shipped);
 
 /// The texts in an array, without empty ones and elements of other types.

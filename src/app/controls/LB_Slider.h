@@ -50,7 +50,7 @@ public:
 
     /// The same with an animation: floatValue() is the new value at once, and the knob glides there
     /// in half a second with an ease-out curve (speed 0.5 of the default animation of a quarter of
-    /// a second). If the slider is shown during the animation, the animation ends.
+    /// a second). If the slider becomes visible during the animation, the animation ends.
     void animateToFloatValue(double value);
 
     /// The value at which the knob is drawn now.
@@ -62,7 +62,7 @@ public:
     using Clock = std::function<qint64()>;
     void setGlideClock(Clock clock) { m_clock = std::move(clock); }
 
-    /// Moves the slider as the user would: to a whole step, and sends moved() if the value changes.
+    /// Moves the slider as the user would: to a whole step. Sends moved() if the value changes.
     void moveByUser(double value);
 
     /// The rectangles of the knob and the track, in widget coordinates.

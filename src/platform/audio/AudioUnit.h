@@ -48,8 +48,8 @@ public:
     /// or if the value is not finite.
     virtual Status setParameter(std::uint32_t id, float value) = 0;
 
-    /// Asks the stage to drop the part of the signal that it holds. The callback thread does so
-    /// before it renders again. Parameters stay.
+    /// Asks the stage to drop the frames and the filter state that it holds. The callback thread
+    /// does so before it renders again. Parameters stay.
     virtual void reset() = 0;
 };
 
@@ -61,7 +61,7 @@ public:
     virtual void render(std::uint32_t frames, AudioBufferList &ioData) noexcept = 0;
 
     /// Callback thread. True after the source has ended, while the unit still holds frames of it.
-    /// The next render() gives those frames and does not pull the source.
+    /// The next render() delivers those frames and does not pull the source.
     virtual bool isPlayingOut() const noexcept { return false; }
 };
 
@@ -94,15 +94,15 @@ public:
     /// song ended with.
     virtual void resetAfterPlayOut() { reset(); }
 
-    /// Any thread. Source frames that were pulled but not delivered yet: what render() gives next
-    /// is the source's position minus this.
+    /// Any thread. Source frames that were pulled but not delivered yet. render() next delivers the
+    /// frame at the source's position minus this.
     virtual double latencyFrames() const noexcept { return 0.0; }
 
-    /// Begins the work that initialize() has put off, on a thread of the unit's own.
+    /// Begins the work that initialize() has deferred, on a thread of the unit's own.
     virtual void prepare() {}
 
-    /// Blocks until the work that prepare() begins is done. Until then render() gives silence. Call
-    /// it before the output is started. It calls prepare() if nobody has.
+    /// Blocks until the work that prepare() begins is done. Until then render() delivers silence.
+    /// Call it before the output is started. It calls prepare() if that was not called.
     virtual void awaitReady() {}
 };
 

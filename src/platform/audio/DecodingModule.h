@@ -36,7 +36,7 @@ private:
 };
 
 /// The program's decoding module. The first call opens it, which takes about 50 ms. Calls on other
-/// threads wait meanwhile. Any thread.
+/// threads wait until it is open. Any thread.
 const DecodingModule &decodingModule();
 
 } // namespace lyrabox

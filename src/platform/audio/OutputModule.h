@@ -38,7 +38,7 @@ private:
 };
 
 /// The program's output module. The first call opens it, and writes to the standard error if the
-/// module cannot be used. Calls on other threads wait meanwhile. Any thread.
+/// module cannot be used. Calls on other threads wait until it is open. Any thread.
 const OutputModule &outputModule();
 
 } // namespace lyrabox

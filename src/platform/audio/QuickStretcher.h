@@ -9,12 +9,12 @@ namespace lyrabox {
 
 class TimePitchHistory;
 
-/// A simple stretcher in the time domain, which plays after a seek until the real one is ready. It
-/// plays the song from frame 0 of a history on, at any speed and pitch. Pieces of the song are
-/// joined where they are most alike (WSOLA: Verhelst and Roelands 1993), and the result is
-/// resampled by the pitch. It costs a tenth of the real stretcher, needs no lead-in, and its timing
-/// is right to a few milliseconds. Its sound is good enough for a twentieth of a second. Callback
-/// thread, except allocate().
+/// A simple time-domain stretcher, which plays after a seek until TimePitchStretcher is ready. It
+/// starts at frame 0 of a history and plays at any speed and pitch. It joins pieces of the song
+/// where they are most similar (WSOLA: Verhelst and Roelands 1993) and resamples the result by the
+/// pitch. It costs a tenth of the real stretcher, needs no lead-in, and its timing is accurate to a
+/// few milliseconds. Its sound is good enough for a twentieth of a second. Callback thread, except
+/// allocate().
 class QuickStretcher {
 public:
     void allocate();
@@ -23,7 +23,7 @@ public:
     /// 0.25 to 4.0.
     void start(double speed, double pitch) noexcept;
 
-    /// The end of the history that render() needs for the next `frames` frames.
+    /// The frame number up to which render() needs the history for the next `frames` frames.
     std::int64_t reach(std::uint32_t frames) const noexcept;
 
     /// Writes the next `frames` frames. `song` holds every frame before reach(frames).
@@ -55,7 +55,7 @@ private:
     std::int64_t m_end = 0;        ///< the next stretched frame
     std::int64_t m_pieceStart = 0; ///< the stretched frame at which the current piece starts
     std::int64_t m_current = 0;    ///< the song frame there
-    std::int64_t m_previous = 0;   ///< the song frame there if the last piece had gone on
+    std::int64_t m_previous = 0;   ///< the song frame there if the last piece continued
 };
 
 } // namespace lyrabox

@@ -21,7 +21,8 @@ public:
     /// from one crossing to the next. `steps` is a power of two.
     void allocate(int crossings, int steps, Window window);
 
-    /// Frames that are read to each side of a place. `cutoff` is a share of half the sample rate.
+    /// Frames that are read to each side of a position. `cutoff` is a share of half the sample
+    /// rate.
     double reach(double cutoff) const noexcept { return m_crossings / cutoff; }
 
     /// Writes the value of both channels at `place` into `left` and `right`. `ring` holds frame i

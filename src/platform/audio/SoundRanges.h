@@ -20,12 +20,12 @@ struct ValueRange {
     constexpr bool operator==(const ValueRange &) const = default;
 };
 
-/// What can be heard of each setting. The interface offers the same ranges.
+/// The range in which each setting has an effect. The interface offers the same ranges.
 constexpr ValueRange speedRange{.minimum = 10.0F, .maximum = 200.0F};          ///< percent
 constexpr ValueRange pitchRange{.minimum = -2400.0F, .maximum = 2400.0F};      ///< cents
 constexpr ValueRange equalizerLevelRange{.minimum = -12.0F, .maximum = 12.0F}; ///< dB
 
-/// The equalizer has a band per third of an octave. The user gets a control per octave.
+/// The equalizer has one band per third of an octave, but only one control per octave.
 constexpr std::uint32_t equalizerControls = 10;
 
 /// The band of the 31-band equalizer that a control drives. Controls count from 0, at 31.5 Hz.

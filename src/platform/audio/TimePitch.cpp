@@ -43,7 +43,7 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
         frames -= done;
     }
     const double heard = position();
-    // Frames that were invented after the song's end are no part of the song.
+    // The lead-out's frames are not part of the song.
     const std::int64_t pulled =
         m_isPlayingOut ? std::min(m_history.end(), m_songEnd) : m_history.end();
     if (m_isPlayingOut && heard >= static_cast<double>(m_songEnd))
@@ -51,7 +51,7 @@ void TimePitch::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
     m_latency.store(std::max(0.0, static_cast<double>(pulled) - heard), std::memory_order_relaxed);
 }
 
-/// The source frame that render() gives next.
+/// The source frame that render() delivers next.
 double TimePitch::position() const noexcept
 {
     switch (m_state) {
@@ -256,9 +256,9 @@ std::uint32_t TimePitch::bridge(Output output, std::uint32_t frames) noexcept
     return frames;
 }
 
-/// Runs the stretcher through its lead-in, as far as is due `progress` frames after the change
-/// began. Its output depends only on the song and the ratios, not on the callbacks that do the
-/// work.
+/// Runs the stretcher through the part of its lead-in that belongs to the first `progress` frames
+/// after the change. Its output depends only on the song and the ratios, not on how callbacks
+/// divide the work.
 void TimePitch::readAhead(std::uint32_t progress) noexcept
 {
     if (progress <= restFrames)
@@ -273,7 +273,7 @@ void TimePitch::readAhead(std::uint32_t progress) noexcept
     }
 }
 
-/// Both signals are the same place of the song, nearly wave for wave. So the gains add up to 1.
+/// Both signals are the same place in the song, nearly in phase. So the gains add up to 1.
 void TimePitch::crossfade(Output output, std::uint32_t frames) noexcept
 {
     const bool isLeaving = m_state == State::leaving;

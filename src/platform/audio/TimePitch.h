@@ -22,39 +22,39 @@ namespace lyrabox {
 ///
 /// At rate 1 and pitch 0 the source passes through bit for bit and without delay. Otherwise it goes
 /// through a stretcher, which reads ahead of its output. When the stage switches between the two,
-/// both play the same place of the song at the same time, and one fades into the other:
-///  - Leaving: the stretcher starts at rate 1, a little ahead. It reads ahead while the source
-///  still
-///    passes. Then it fades in, and only after that it takes the new rate and pitch.
-///  - Returning: the stretcher runs at rate 1 until it follows the source wave for wave. Then the
-///    source fades in from the place of the stretcher. The frames that were read ahead are played
-///    before more are pulled.
+/// both play the same place in the song at the same time, and one fades into the other:
+/// - Leaving: the stretcher starts at rate 1, slightly ahead, and reads ahead while the source still
+///   passes through. Then it fades in. Only after that does it take the new rate and pitch.
+/// - Returning: the stretcher runs at rate 1 until its output reproduces the source's waveform. Then
+///   the source fades in at the stretcher's position. The frames that were read ahead are played
+///   before more are pulled.
 /// When the source has ended, the frames that were read ahead are played out with the parameters of
 /// that moment. The source is not pulled again until its last frame has been delivered.
 ///
-/// After a reset at another rate or pitch the stretcher has to read ahead, too. Meanwhile a
-/// QuickStretcher plays, so that the work is spread over several callbacks.
+/// After a reset at another rate or pitch the stretcher also has to read ahead. A QuickStretcher
+/// plays until it is ready, so that the work is spread over several callbacks.
 class TimePitch final : public TimePitchUnit {
 public:
     static constexpr float minimumRate = speedRange.minimum / 100.0F;
     static constexpr float maximumRate = speedRange.maximum / 100.0F;
 
     static constexpr std::uint32_t crossfadeFrames = 1024;
-    /// The stretcher runs so long at rate 1 before the source takes over.
+    /// How long the stretcher runs at rate 1 before the source takes over.
     static constexpr std::uint32_t settleFrames = 26460;
     static constexpr std::uint32_t fadeInFrames = 220; ///< at the start of the quick stretcher
 
-    /// Frames from a change or a reset until the stretcher is heard. Its reading ahead is spread
-    /// over this time.
+    /// Frames from a change or a reset until the stretcher is heard. Reading ahead is spread over
+    /// them.
     static constexpr std::uint32_t startFrames = 2304;
-    /// No reading ahead is done during the first of them, because an output that fades pulls them
-    /// in the same callback as the frames before the change.
+    /// No reading ahead is done during the first restFrames of startFrames, because an output that
+    /// fades pulls them in the same callback as the frames before the change.
     static constexpr std::uint32_t restFrames = 256;
     /// The crossfade from the quick stretcher to the stretcher.
     static constexpr std::uint32_t handoverFrames = 512;
 
     /// When the stretcher warms up, which takes a tenth of a second. AtOnce: inside initialize().
-    /// InBackground: on a thread that prepare() starts. Until it is done, render() gives silence.
+    /// InBackground: on a thread that prepare() starts. Until it is done, render() delivers
+    /// silence.
     enum class WarmUp { AtOnce, InBackground };
 
     explicit TimePitch(WarmUp warmUp = WarmUp::AtOnce) : m_warmUp(warmUp) {}
@@ -70,7 +70,7 @@ public:
     bool isPlayingOut() const noexcept override { return m_isPlayingOut; }
     Status connect(RenderingUnit *source) override;
 
-    /// Gives silence before initialize() and without a source.
+    /// Delivers silence before initialize() and without a source.
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
     /// 0 at rate 1 and pitch 0, and while a reset is pending. Otherwise up to about 6,700 frames at
@@ -142,7 +142,7 @@ private:
     void warmUp();
 
     WarmUp m_warmUp;
-    bool m_isCold = false;         ///< initialize() has put the warm-up off
+    bool m_isCold = false;         ///< initialize() has deferred the warm-up
     std::future<void> m_warmingUp; ///< the last member, so that the others outlive the thread
 };
 

@@ -8,7 +8,7 @@ namespace lyrabox {
 
 namespace {
 
-// According to its list of changes, and confirmed with 3.1.2 and 3.3.0.
+// According to its changelog, and confirmed with 3.1.2 and 3.3.0.
 constexpr std::array<TimePitchLibrary, 2> libraries{{
     {.major = 3, .minor = 0, .makesMidAndSide = false, .allocatesInReset = false},
     {.major = 3, .minor = 2, .makesMidAndSide = true, .allocatesInReset = true},

@@ -7,14 +7,15 @@
 
 namespace lyrabox {
 
-/// Shifts the pitch of a stretched stereo signal: it reads the signal faster or slower, through a
-/// windowed sinc. The stretching library has a resampler, too. But its delay and its fractional
-/// position differ from build to build, while this one always knows its place in the input.
-/// Callback thread, except allocate().
+/// Shifts the pitch of a stretched stereo signal by reading it faster or slower, through a windowed
+/// sinc. It replaces the stretching library's own resampler, whose delay and fractional position
+/// differ from build to build; this one knows its position in the input exactly. Callback thread,
+/// except allocate().
 ///
 /// Written frames are numbered from 0. At a pitch of 1 the output equals the input bit for bit.
 class TimePitchResampler {
 public:
+    /// Control side. Call it once, before everything else.
     void allocate();
 
     /// Drops the signal. The next frame is number 0 of the input and of the output. Silence comes
@@ -22,8 +23,9 @@ public:
     void reset() noexcept;
 
     /// `pitch` is a factor of frequency, 0.25 to 4.0. Right after reset() it applies at once.
-    /// Otherwise the pitch slides there over slideFrames, because a tone whose frequency jumps
-    /// clicks. If it is 1, the place then glides to the nearest whole frame over glideFrames.
+    /// Otherwise it slides to the new value over slideFrames, because a jump in frequency is heard
+    /// as a click. At a pitch of 1 the position then glides to the nearest whole frame over
+    /// glideFrames.
     void setPitch(double pitch) noexcept;
 
     static constexpr std::uint32_t slideFrames = 512;
@@ -35,14 +37,14 @@ public:
     /// The number of the next frame to be written.
     std::int64_t written() const noexcept { return m_written; }
 
-    /// Whether there is output. The last frames of the input give output only when more are
-    /// written, since the sinc reads to both sides.
+    /// Whether there is output. The last frames of the input yield output only when more are
+    /// written, because the sinc reads to both sides.
     bool isAvailable() const noexcept;
 
     /// Writes up to `frames` frames of output and returns how many.
     std::uint32_t read(float *left, float *right, std::uint32_t frames) noexcept;
 
-    /// The place in the input to which the next output frame belongs.
+    /// The position in the input, in frames, of the next output frame.
     double position() const noexcept { return m_at; }
 
 private:
@@ -65,8 +67,8 @@ private:
     double m_slideStep = 0.0;
     std::uint32_t m_slideLeft = 0;
     double m_cutoff = 1.0; ///< of the sinc, as a share of half the sample rate
-    double m_reach = 0.0;  ///< frames that are read to each side of the place
-    double m_at = 0.0;     ///< the place
+    double m_reach = 0.0;  ///< frames that are read to each side of the position
+    double m_at = 0.0;     ///< the position in the input
     double m_glideStep = 0.0;
     std::uint32_t m_glideLeft = 0;
     std::int64_t m_written = 0;

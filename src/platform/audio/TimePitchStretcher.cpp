@@ -68,7 +68,7 @@ void TimePitchStretcher::meetExtremes()
     m_engine->reset();
 }
 
-/// At ratios of 1 the engine's output follows its input wave for wave. So the delay is where noise
+/// At ratios of 1 the engine's output reproduces its input's waveform. So the delay is where noise
 /// correlates best.
 std::uint32_t TimePitchStretcher::measureDelay()
 {

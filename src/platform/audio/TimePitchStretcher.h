@@ -18,10 +18,10 @@ class RubberBandStretcher;
 namespace lyrabox {
 
 /// Stretches the time and shifts the pitch of a stereo signal at 44,100 Hz. Rubber Band's R3 engine
-/// stretches by speed and pitch together. Then a TimePitchResampler shifts the pitch, which brings
-/// the length back to what the speed asks for. The engine works on mid and side, because it treats
-/// the phases of its two channels separately, and a drifting side disturbs less than a drifting
-/// balance.
+/// stretches by speed and pitch together. Then a TimePitchResampler shifts the pitch, which
+/// restores the length that the speed asks for. The engine works on mid and side, because it treats
+/// the phases of its two channels separately, and phase drift of the side signal is less audible
+/// than a drifting stereo balance.
 ///
 /// initialize(), warmUp() and refresh() belong to the control side. The others belong to the
 /// callback thread; they don't allocate or lock.
@@ -63,10 +63,10 @@ public:
 
     std::uint32_t windowFrames() const noexcept { return m_window; }
 
-    /// Half a window, plus the delay that brings attacks in time at the present ratios.
+    /// Half a window, plus the delay that puts attacks in time at the present ratios.
     std::uint32_t leadInFrames() const noexcept;
 
-    /// Output frames of the lead-in at the present ratios.
+    /// The number of output frames that the lead-in yields at the present ratios.
     std::uint32_t leadInOutput() const noexcept;
 
     /// Frames to feed until there is more output. 0 while there is output to take.
@@ -88,7 +88,7 @@ public:
     /// change of the ratios it is off by up to a hop.
     double position() const noexcept;
 
-    /// The number of hops so far. Each costs about 0.6 ms on a core of 2.6 GHz.
+    /// The number of hops so far. Each costs about 0.6 ms on a 2.6 GHz core.
     std::uint64_t hops() const noexcept { return m_hops; }
 
 private:

@@ -64,8 +64,8 @@ public:
 
     AVIOContext *context() const { return m_context.get(); }
 
-    /// Processor time in nanoseconds that opening may take. Some demuxers take a time that grows
-    /// with the square of the number of tags, and a file has room for millions of them.
+    /// Processor time in nanoseconds that opening may take. In some demuxers the time is quadratic
+    /// in the number of tags, and a file has room for millions of them.
     static constexpr std::int64_t openingLimit = 500'000'000;
 
     /// How many bytes of junk between two frames of sound are skipped. It also limits how much is

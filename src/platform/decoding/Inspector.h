@@ -9,9 +9,9 @@ namespace lyrabox::decoding {
 
 class Input;
 
-/// Checks the bytes of a file before FFmpeg gets them. FFmpeg reads a block of tags as a whole.
-/// That takes a time that grows with the square of the number of tags, and it cannot be
-/// interrupted. So excessive tags have to be removed beforehand.
+/// Checks the bytes of a file before FFmpeg gets them. FFmpeg reads a block of tags as a whole. The
+/// time that this takes is quadratic in the number of tags, and it cannot be interrupted. So
+/// excessive tags must be removed before.
 class Inspector {
 public:
     virtual ~Inspector() = default;

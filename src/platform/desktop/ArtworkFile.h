@@ -7,9 +7,9 @@
 namespace lyrabox {
 
 /// Writes the artwork of the song to a small file that other programs can read. The file is
-/// complete at any time. Every picture gets a new name, because clients cache pictures by name. The
-/// file is removed with the picture or this object. Files of a process that crashed are removed by
-/// the next one. Main thread only.
+/// complete at all times. Every picture gets a new name, because clients cache pictures by name.
+/// The file is removed with the picture or this object. Files of a process that crashed are removed
+/// by the next one. Main thread only.
 class ArtworkFile {
 public:
     /// `folder` is created when the first picture is written.

@@ -29,10 +29,10 @@ public:
     void setState(const MediaPlayerState &state);
     const MediaPlayerState &state() const { return m_state; }
 
-    /// Tells the clients that the position has jumped to its current value.
+    /// Notifies the clients that the position has jumped to its current value.
     void tellSeeked();
 
-    // The following serves the adaptors.
+    // For the adaptors.
     /// Sends the value of `property` again, after a client has set one that is not accepted.
     void resendProperty(const QString &property);
     MediaPlayerCommands &commands() { return m_commands; }

@@ -8,10 +8,10 @@ class QDBusPendingCall;
 
 namespace lyrabox {
 
-/// While wanted, keeps the desktop from sleeping and its screen from going dark. It asks the
+/// While it is wanted, keeps the desktop from sleeping and its screen from going dark. It asks the
 /// desktop portal; if there is none or it refuses, it asks org.freedesktop.ScreenSaver. If both
-/// fail, nothing is inhibited. If the service that inhibits goes away, the request is made again.
-/// No call waits for an answer. Main thread only.
+/// fail, nothing is inhibited. If the service that inhibits sleep leaves the bus, the request is
+/// made again. No call waits for an answer. Main thread only.
 class SleepInhibitor : public QObject {
     Q_OBJECT
 
@@ -51,7 +51,7 @@ private:
     bool m_wanted = false;
     Holder m_holder = Holder::Nobody;
     bool m_asking = false;
-    quint64 m_round = 0; ///< tells answers to earlier requests apart
+    quint64 m_round = 0; ///< distinguishes answers to earlier requests
     QString m_request;   ///< the portal's object for the current request
     uint m_cookie = 0;
 };

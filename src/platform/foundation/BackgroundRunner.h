@@ -34,23 +34,23 @@ public:
         Normal ///< same as the thread that gave the first job
     };
 
-    /// Names one job of one runner.
+    /// Identifies a job of one runner.
     using Job = std::uint64_t;
 
     explicit BackgroundRunner(Priority priority = Priority::Low, QObject *parent = nullptr);
 
     /// Cancels all jobs and waits for the end of the one that runs, so a long job should check its
-    /// stop token often. Nothing is delivered any more.
+    /// stop token often. No more results are delivered.
     ~BackgroundRunner() override;
 
     /// Gives the runner a job. `work` is called as work(const std::stop_token &) on the background
     /// thread; the token says when the job was cancelled. `deliver` then takes what `work` returned
     /// (nothing for void) on the owner's thread, through its event loop, unless the job was
-    /// cancelled meanwhile. `work` must not throw. Both functions own what they use; they may be
+    /// cancelled before. `work` must not throw. Both functions own what they use; they may be
     /// destroyed on either thread.
     ///
-    /// None if the system has no thread to give. Then neither function is ever called, and the
-    /// caller does the work itself or goes without.
+    /// None if the system cannot start a thread. Then neither function is ever called; the caller
+    /// does the work itself or leaves it.
     template <typename Work, typename Deliver>
     [[nodiscard]] std::optional<Job> run(Work work, Deliver deliver)
     {

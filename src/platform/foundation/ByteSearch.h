@@ -5,8 +5,8 @@
 
 namespace lyrabox {
 
-/// Where `needle` first begins in `bytes`; std::string_view::npos if nowhere. An empty needle is
-/// found at 0. Any thread.
+/// The offset of the first `needle` in `bytes`; std::string_view::npos if there is none. An empty
+/// needle is found at 0. Any thread.
 ///
 /// Several times as fast as std::string_view::find() where the needle's first byte is frequent.
 std::size_t findBytes(std::string_view bytes, std::string_view needle) noexcept;

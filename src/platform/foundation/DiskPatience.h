@@ -19,7 +19,7 @@ namespace lyrabox::files {
 /// Calls `work` on a new thread and waits for its end; then returns true. Every 50 ms it calls
 /// `shouldContinue` on the calling thread. If that returns false, the wait ends with false, and the
 /// thread is abandoned together with what `work` holds. So `work` must own everything it uses. If
-/// the system has no thread to give, `work` is called on the calling thread.
+/// the system cannot start a thread, `work` is called on the calling thread.
 bool runAbandonable(const std::function<void()> &work, const std::function<bool()> &shouldContinue);
 
 /// The mount point of the file system that `path` lies on, if that file system may hang: a network
@@ -39,8 +39,8 @@ bool askPatiently(const QString &path, const std::function<void()> &question);
 /// Calls `question`, which asks the disk of `path`, and returns its answer. None if that disk may
 /// hang and does not answer within 2 s. The disk then counts as silent: every further question
 /// about it returns none at once, until the abandoned question is answered. If a disk answers late,
-/// its patience from then on is twice the time it took. `question` must own everything it uses. Any
-/// thread.
+/// later questions to it wait up to twice the time that it took. `question` must own everything it
+/// uses. Any thread.
 template <typename Answer>
 std::optional<Answer> askPatiently(const QString &path, std::function<Answer()> question)
 {

@@ -7,8 +7,8 @@
 #include <functional>
 #include <vector>
 
-/// The program's questions to the file system. They stand in one place, so that they can be ported
-/// to another desktop and replaced by tests.
+/// The program's queries to the file system, in one place so that they can be ported to another
+/// desktop and replaced by tests.
 namespace lyrabox::files {
 
 /// The inode number of the file at `path` as decimal text. Symbolic links are followed. "(null)" if
@@ -34,8 +34,8 @@ bool isPackageName(const QString &name);
 enum class EntryKinds { All, Directories };
 
 /// The entries of one folder, without those of its subfolders and without hidden ones. They are
-/// sorted as in a file manager: by textCollator(), and by the bytes of the name if that makes no
-/// difference. After an error the result holds the entries read before it. Any thread; blocks.
+/// sorted as in a file manager: by textCollator(), and names that it considers equal by their
+/// bytes. After an error the result holds the entries read before it. Any thread; blocks.
 std::vector<Entry> shallowEntries(const QString &directory, EntryKinds kinds = EntryKinds::All);
 
 /// Whether the process may read the path (POSIX `access` with `R_OK`).

@@ -8,9 +8,9 @@ extern "C" {
 using ModuleVersionFunction = const char *(); ///< returns LYRABOX_VERSION
 }
 
-/// A shared library of the program itself, lib/lyrabox/lyrabox-*.so. It links large libraries, so
-/// that the program can show its window before they are loaded. Once loaded, it stays so until the
-/// process ends; destroying this object does not unload it.
+/// A shared library of the program itself, lib/lyrabox/lyrabox-*.so. The module links large
+/// libraries, so the program can show its window before they are loaded. Once loaded, it stays so
+/// until the process ends; destroying this object does not unload it.
 ///
 /// The constructor and failure() may be used on any thread, and different modules by several
 /// threads at once. One object serves one thread at a time.
@@ -20,7 +20,7 @@ public:
     /// `versionName`. A module whose version differs from the program's is unusable.
     LoadedModule(const QString &path, const char *versionName);
 
-    /// Why the module is unusable, in the words of the system; empty if it is usable.
+    /// The system's reason why the module is unusable; empty if it is usable.
     const QString &failure() const { return m_failure; }
 
     /// The function that the module exports under `name`. Null if the module could not be loaded. A

@@ -8,11 +8,11 @@
 
 namespace lyrabox {
 
-/// The number of processors that this process may use, at least 1. It is smaller than the number of
-/// the machine if the process is bound to some of them. Any thread.
+/// The number of processors that this process may use, at least 1. Smaller than the machine's
+/// number if the process may run on some of them only. Any thread.
 unsigned processorCount();
 
-/// Calls `work` on a new thread. If the system has no thread to give (because of a limit or lack of
+/// Calls `work` on a new thread. If the system cannot start one (because of a limit or lack of
 /// memory), the result is not joinable and `work` is not called; the caller then does the work
 /// itself. Any thread.
 [[nodiscard]] std::jthread startThread(std::function<void()> work);
@@ -20,7 +20,7 @@ unsigned processorCount();
 /// For tests: lets startThread() succeed only `count` more times; none lifts the limit.
 void limitThreads(std::optional<int> count);
 
-/// How many bytes of memory the system can provide without swapping; none if it does not say. Any
+/// How many bytes of memory the system can provide without swapping; none if that is not known. Any
 /// thread.
 std::optional<std::uint64_t> systemAvailableMemory();
 

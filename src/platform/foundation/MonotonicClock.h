@@ -4,8 +4,8 @@
 
 namespace lyrabox {
 
-/// The time on a clock that never goes back and that nobody can set, in whole milliseconds. Only
-/// differences mean something. Any thread.
+/// The time of a monotonic clock in whole milliseconds. Only differences are meaningful. Any
+/// thread.
 inline std::chrono::milliseconds monotonicTime()
 {
     return std::chrono::duration_cast<std::chrono::milliseconds>(

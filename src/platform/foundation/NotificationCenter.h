@@ -23,8 +23,8 @@ public:
     /// Removes every registration of `context`. May be called by a handler.
     void removeObserver(const QObject *context);
 
-    /// Calls the observers of `name` that are registered now. This post calls no observer that a
-    /// handler adds meanwhile, and none that a handler removes before its turn.
+    /// Calls the observers of `name` that are registered now. An observer that a handler adds
+    /// during this post is not called by it, nor is one that a handler removes before its turn.
     void post(const QString &name);
 
     /// Posts `name` before the call returns, unless an observer of `name` makes this call while

@@ -36,8 +36,8 @@ public:
     /// Sets the total if it becomes known only during the work.
     void setTotal(qint64 total) { m_total = total; }
 
-    /// Tells how much is done. If it is time, calls the hook and asks the stop probe. Otherwise
-    /// this is cheap, so it can be called often.
+    /// Call this often with the amount of work done so far. If it is time, calls the hook and asks
+    /// the stop probe; otherwise it is cheap.
     void advance(qint64 done);
 
 private:

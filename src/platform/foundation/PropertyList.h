@@ -22,7 +22,7 @@ public:
     using Member = std::pair<QString, PropertyList>;
     using Dictionary = std::vector<Member>;
 
-    /// The null value, which stands for a missing key. It is not written.
+    /// The null value, which represents a missing key. It is not written.
     PropertyList();
     PropertyList(const PropertyList &);
     PropertyList(PropertyList &&) noexcept;
@@ -45,8 +45,8 @@ public:
 
     bool isNull() const { return std::holds_alternative<std::monostate>(m_value); }
 
-    /// Pointers to the value if it has that type, otherwise null. Valid while this object neither
-    /// changes nor goes away.
+    /// Pointers to the value if it has that type, otherwise null. Valid until this object is
+    /// changed or destroyed.
     const QString *string() const { return std::get_if<QString>(&m_value); }
     const QByteArray *data() const { return std::get_if<QByteArray>(&m_value); }
     const QDateTime *date() const { return std::get_if<QDateTime>(&m_value); }
@@ -62,7 +62,7 @@ public:
     std::optional<double> real() const;
 
     /// The first value under `key`. The null value if there is none or this is not a dictionary.
-    /// Valid while this object neither changes nor goes away.
+    /// Valid until this object is changed or destroyed.
     const PropertyList &value(QStringView key) const;
 
     /// True for the same types, the same values and the same order of keys.

@@ -18,8 +18,8 @@ public:
     explicit TerminationSignals(std::function<void()> terminate, QObject *parent = nullptr);
     ~TerminationSignals() override;
 
-    /// Whether such a signal has arrived since the object was made. For work that keeps the main
-    /// thread from its event loop. Any thread.
+    /// Whether such a signal has arrived since the object was made. For work that blocks the event
+    /// loop of the main thread. Any thread.
     static bool haveCome();
 
 private:

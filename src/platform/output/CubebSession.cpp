@@ -35,8 +35,8 @@ void startProcessesAsUsual()
     });
 }
 
-/// Raises the calling thread to real-time priority while it lives; threads that it starts meanwhile
-/// inherit the priority. Does nothing if the user may not set it (RLIMIT_RTPRIO).
+/// Raises the calling thread to real-time priority while it lives; threads that it starts in that
+/// time inherit the priority. Does nothing if the user may not set it (RLIMIT_RTPRIO).
 class RealtimePriority {
 public:
     RealtimePriority()

@@ -30,12 +30,13 @@ public:
     QString text(QAccessible::Text kind) const override;
 
 private:
-    /// One interface per segment, registered when somebody first asks for it. Owned: the destructor
-    /// deletes them.
+    /// One interface per segment, registered when it is first asked for. The destructor deletes
+    /// them.
     mutable std::vector<QAccessible::Id> m_segments;
 };
 
-/// The accessible interface of one segment. A segment is no widget, so it has no object of its own.
+/// The accessible interface of one segment. A segment is not a widget, so it has no object of its
+/// own.
 class SegmentAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     SegmentAccessible(QWidget *control, int index);
