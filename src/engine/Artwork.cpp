@@ -24,7 +24,7 @@ bool isTooLarge(const QSize &size)
     return size.width() > maximumArtworkSide || size.height() > maximumArtworkSide;
 }
 
-/// The memory that decoding at `size` takes.
+/// The memory, in bytes, that decoding at `size` takes.
 qint64 decodedBytes(const QImageReader &reader, const QSize &size)
 {
     const QImage::Format format = reader.imageFormat();

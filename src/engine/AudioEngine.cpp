@@ -206,7 +206,7 @@ void setOutputRunning(bool running)
     Chain replaced; // released after the mutex
     const Lock lock(control().mutex);
     runOutput(running);
-    // Only the stream may be lost, while the device is still there. If the server hangs, the
+    // Perhaps only the stream is lost, and the device is still there. If the server hangs, the
     // watcher asks for a rebuild itself.
     if (running && control().waitsForDevice && control().soundStatus != status::soundServerHangs)
         rebuild(replaced, AfterRebuild::Run);

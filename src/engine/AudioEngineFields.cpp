@@ -24,7 +24,7 @@ std::uint64_t heardFrame()
     ReadingPointExchange &exchange = reading();
     if (const ReadingPoint *newest = exchange.published.takeNewest())
         exchange.lastSeen = *newest;
-    // Nothing was read since the last seek.
+    // The callback has read nothing since the last seek.
     if (exchange.lastSeen.seekCount != exchange.seekCount.load(std::memory_order_relaxed))
         return std::min(currentFrame(), totalFrames());
 

@@ -57,7 +57,7 @@ Status buildChain(Chain &chain)
         return status;
     if (const Status status = listenToDefaultOutput())
         return status;
-    // The last step of every build, although it has no effect: docs/kept-on-purpose.md.
+    // Has no effect, but is the last step of every build: docs/kept-on-purpose.md.
     return chain.equalizer->setParameter(parameter::equalizerFixed, 0.0F);
 }
 

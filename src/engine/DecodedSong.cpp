@@ -9,7 +9,7 @@ namespace lyrabox {
 
 namespace {
 
-constexpr std::uint64_t smallestLarge = 4U << 20; // such blocks have memory pages of their own
+constexpr std::uint64_t smallestLarge = 4U << 20; // the allocator gives such blocks their own pages
 
 } // namespace
 

@@ -8,7 +8,8 @@ std::uint64_t ReadingPoint::placeBefore(std::uint64_t distance) const noexcept
     if (jumps > 0 && distance > framesSinceJump) {
         distance -= framesSinceJump;
         place = jumpedFrom;
-        // Earlier rounds went through the same frames. Only the first may have begun elsewhere.
+        // Earlier rounds of the loop played the same frames. Only the first may have begun
+        // elsewhere.
         const std::uint64_t round = jumpedFrom > jumpedTo ? jumpedFrom - jumpedTo : 0;
         const std::uint64_t repeated = round * (jumps - 1);
         if (distance > repeated)

@@ -18,7 +18,7 @@ std::uint64_t availableMemory()
     return probe ? probe() : systemAvailableMemory().value_or(unlimited);
 }
 
-/// A song while it is decoded. Its memory grows with it.
+/// A song that is being decoded. Its buffers grow with it.
 class GrowingSong {
 public:
     /// `frames` is the expected length, or 0 if it is unknown.
@@ -35,7 +35,7 @@ public:
 
     /// Makes room for `frames` more frames and points `list` at it. Returns false if there is not
     /// enough memory. The buffers get their expected size at once and then grow in large steps, so
-    /// that a long song is not moved at every read. Memory that is never written costs nothing.
+    /// that a long song is not moved at every read. Pages that are never written cost no memory.
     bool prepareRead(std::uint32_t frames, AudioBufferList &list)
     {
         const std::uint64_t needed = m_decoded + std::uint64_t{m_bytesPerFrame} * frames + 1;
@@ -178,7 +178,7 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock)
 
 void installSong(std::shared_ptr<DecodedSong> song)
 {
-    // A callback that runs by mistake must find no song.
+    // If a callback runs by mistake, it must find no song.
     state().totalFrames.store(0, std::memory_order_release);
     for (std::uint32_t i = 0; i < maximumChannels; ++i) {
         std::byte *data = song && i < song->channels() ? song->data(i) : nullptr;
@@ -210,7 +210,7 @@ Status loadAudioFile(const QUrl &url)
     };
     const std::uint64_t estimate = reader->estimatedFrames().value_or(0);
     progress.setTotal(secondsOf(estimate));
-    installSong(std::make_shared<DecodedSong>(format)); // The old song makes room.
+    installSong(std::make_shared<DecodedSong>(format)); // Frees the old song.
     GrowingSong song(format, estimate);
     const Status result = decodeInto(song, *reader, [&](std::uint64_t frames) {
         secondsDecoded = secondsOf(frames);

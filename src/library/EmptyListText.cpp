@@ -18,7 +18,7 @@ int plural(qint64 number)
     return static_cast<int>(std::min<qint64>(number, std::numeric_limits<int>::max()));
 }
 
-/// Puts a text of any length and with any line breaks into one short line.
+/// Shortens a text, which may have line breaks, to one short line.
 QString oneLine(const QString &text)
 {
     constexpr qsizetype maxLength = 60;

@@ -56,13 +56,13 @@ public:
     void setSettings(LB_SettingsController *settings) { m_settings = settings; }
     QTableView *trackTableView() const { return m_trackTableView; }
 
-    /// Gives the table its model, columns and behaviour. Set a header of your own on the view
-    /// before this call; delegates may be set at any time. Title and text of a column are in the
+    /// Gives the table its model, columns and behaviour. To use a custom header, set it on the view
+    /// before this call. Delegates may be set at any time. Title and text of a column are in the
     /// display role. The name of an image is in TrackTableModel::ImageNameRole.
     void setTrackTableView(QTableView *view);
 
-    // Lists. Builders return when the table is filled, see docs/kept-on-purpose.md. They process no
-    // events.
+    // Lists. The functions that build one return when the table is filled
+    // (docs/kept-on-purpose.md). They process no events.
     /// The music library. It is read on first use and then kept. After a failure the next call
     /// tries again.
     lyrabox::MusicLibraryRef iTunesLibraryDictionary();
@@ -150,8 +150,8 @@ public:
     /// Plays the song of the selected row and queues the list.
     void trackSelectedForPlayback();
 
-    /// Decides when the song that the user picked is played. Without a gate it plays at once.
-    /// Otherwise the gate calls `play` once, later, or never.
+    /// Decides whether and when the song that the user picked is played. Without a gate it plays at
+    /// once. Otherwise the gate calls `play` once, later, or never.
     using PlayGate =
         std::function<void(const lyrabox::TrackRecordRef &track, std::function<void()> play)>;
     void setPlayGate(PlayGate gate) { m_playGate = std::move(gate); }
@@ -166,7 +166,7 @@ public:
     /// Marks the rows of the current song.
     void updateIsPlaying();
 
-    /// Shows again which songs have settings of their own.
+    /// Updates the marks of the songs that have settings of their own.
     void updateSongSettings();
 
     /// Scrolls until the current song is visible.

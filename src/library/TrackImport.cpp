@@ -49,7 +49,7 @@ struct Opening {
         try {
             result = opener(paths.at(static_cast<qsizetype>(i)));
         } catch (const std::exception &) {
-            result.reset(); // The list is built whatever is wrong with one file.
+            result.reset(); // An error in one file must not stop the list.
         }
         lock.lock();
         results[i] = std::move(result);
@@ -95,7 +95,7 @@ openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, Progress
                 opening->openNext(lock);
         });
         if (!worker.joinable())
-            break; // The system has no more threads. Use those that were started.
+            break; // The system cannot start more threads. Use those that run.
         worker.detach();
         ++started;
     }

@@ -21,8 +21,8 @@ struct OpenedAudioFile {
     QString inode;                      ///< Decimal text, or "(null)", see docs/kept-on-purpose.md.
 };
 
-/// Opens the file at `path` to read its tags. None if it is no audio file. Must allow calls on
-/// several threads at once.
+/// Opens the file at `path` to read its tags. None if it is not an audio file. Must be callable
+/// from several threads at once.
 using AudioFileOpener = std::function<std::optional<OpenedAudioFile>(const QString &path)>;
 
 /// The usual opener; it uses the decoder. It opens regular files only, so that a pipe cannot block
@@ -30,9 +30,9 @@ using AudioFileOpener = std::function<std::optional<OpenedAudioFile>(const QStri
 std::optional<OpenedAudioFile> openAudioFile(const QString &path);
 
 /// Opens `paths` with one thread per processor and returns the results in the same order. If the
-/// system gives no thread, the calling thread opens them.
+/// system cannot start a thread, the calling thread opens them.
 ///
-/// Once `progress` is stopped, no further files are begun, and the result is shorter. A file that
+/// Once `progress` is stopped, no further files are opened, and the result is shorter. A file that
 /// is still not open 3 s later is left to its thread, which may therefore outlive the call; what
 /// `opener` captures must allow for that. Blocks. The progress hook runs on the calling thread.
 std::vector<std::optional<OpenedAudioFile>>

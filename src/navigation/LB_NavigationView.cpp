@@ -75,7 +75,7 @@ LB_NavigationView::LB_NavigationView(QWidget *parent)
     : QWidget(parent), m_clock(&monotonicMilliseconds)
 {
     lyrabox::installAccessibleNavigation();
-    // A click does not take the keyboard focus. Tab does.
+    // Tab gives the view the keyboard focus, a click does not.
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);
     m_refreshTimer.setInterval(refreshInterval);
@@ -116,7 +116,7 @@ void LB_NavigationView::seekBySeconds(double seconds)
     if (!(rate > 0.0))
         return;
     const double present = static_cast<double>(m_audio->currentFrame()) / rate;
-    // In the last second, where seekToSecond() stops, there is no way forward.
+    // seekToSecond() stops one second before the end, so within that second forward does nothing.
     if (seconds > 0.0 && present >= static_cast<double>(m_audio->totalSeconds()) - 1.0)
         return;
     seekToSecond(present + seconds);

@@ -60,8 +60,8 @@ void SettingsFile::write(const std::optional<QUrl> &folder, const PropertyList &
         qWarning("Unable to write settings file %s", qUtf8Printable(path));
 }
 
-/// Gives the file a second name, so that the first never disappears. If the file system cannot do
-/// that, the file is renamed.
+/// Adds a second name for the file, so that the first never disappears. If the file system has no
+/// hard links, renames the file.
 bool SettingsFile::keepUnreadable(const QString &path)
 {
     for (int number = 1; number < 10000; ++number) {

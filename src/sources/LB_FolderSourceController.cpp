@@ -69,7 +69,7 @@ void LB_FolderSourceController::setup()
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, notification::volumeDidMount, [this] { volumeMountChanged(); });
     center.addObserver(this, notification::volumeDidUnmount, [this] { volumeMountChanged(); });
-    // Selecting a folder does not forget the playlist in turn, see docs/kept-on-purpose.md.
+    // Selecting a folder does not forget the playlist, see docs/kept-on-purpose.md.
     center.addObserver(this, notification::playlistSelected, [this] { deselectFolder(); });
 
     m_model->setRoots({});
@@ -94,7 +94,7 @@ void LB_FolderSourceController::restoreSelection()
     while (node == nullptr) {
         const qsizetype separator = current.lastIndexOf(QLatin1Char('/'));
         if (separator < 0 || current.size() <= 1)
-            return; // It is below no root.
+            return; // It is not below any root.
         components.prepend(current.mid(separator + 1));
         current.truncate(qMax<qsizetype>(separator, 1));
         node = rootWithURL(lyrabox::folderURL(current));
@@ -293,7 +293,7 @@ QModelIndex LB_FolderSourceController::indexOf(const Place &place) const
 {
     FolderRef node = place.root;
     while (node != nullptr && node->itemID() != place.path) {
-        // At most one child's path leads to the place.
+        // At most one child is on the path.
         FolderRef next;
         for (const lyrabox::SourceItemRef &child : node->children()) {
             auto candidate = std::static_pointer_cast<LB_FolderItem>(child);

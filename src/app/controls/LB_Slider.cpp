@@ -63,7 +63,7 @@ LB_Slider::LB_Slider(Qt::Orientation orientation, QWidget *parent)
     : QWidget(parent), m_clock(monotonicMilliseconds)
 {
     SliderAccessible::install();
-    // A click does not take the keyboard; Tab does.
+    // Tab gives the slider the keyboard focus, a click does not.
     setFocusPolicy(Qt::TabFocus);
     setOrientation(orientation);
 }
@@ -165,7 +165,7 @@ void LB_Slider::timerEvent(QTimerEvent *event)
 void LB_Slider::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    stopGlide(); // nobody saw the old position
+    stopGlide(); // the old position was never visible
 }
 
 QSize LB_Slider::sizeHint() const

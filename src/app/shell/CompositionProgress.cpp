@@ -1,4 +1,4 @@
-// What the windows show while the main thread works for long, and how the user can stop the work.
+// What the windows show during long work on the main thread, and how the user can stop it.
 
 #include "app/shell/Composition.h"
 #include "app/shell/ProgressText.h"

@@ -13,8 +13,8 @@ struct EngineStart {
     std::jthread thread;        ///< builds the engine; not joinable if there is none
 };
 
-/// Starts to build the engine on a thread of its own. If the system gives no thread, the engine is
-/// built by the first call of `status.get()`, on the caller's thread. Main thread.
+/// Starts to build the engine on a thread of its own. If the system cannot start a thread, the
+/// engine is built by the first call of `status.get()`, on the caller's thread. Main thread.
 EngineStart startEngine();
 
 } // namespace lyrabox

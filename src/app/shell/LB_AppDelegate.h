@@ -48,7 +48,7 @@ public:
     QWidget *transportView() const { return m_transportView; }
     void setTransportView(QWidget *view) { m_transportView = view; }
 
-    /// Called by the application-did-finish-launching notification.
+    /// Called on the notification applicationDidFinishLaunching.
     void applicationDidFinishLaunching();
 
     /// Each brings its window to the front and makes it key. Neither ever hides it; see
@@ -69,8 +69,7 @@ public:
     void emailSupport();
     void openWebsite();
 
-    /// For tests: replaces the function that opens a URL. At first the desktop's own service opens
-    /// it.
+    /// For tests: replaces the function that opens a URL. The default uses the desktop's service.
     void setURLOpener(std::function<bool(const QUrl &)> opener) { m_openURL = std::move(opener); }
 
 Q_SIGNALS:

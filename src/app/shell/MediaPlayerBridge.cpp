@@ -128,7 +128,7 @@ void MediaPlayerBridge::update()
     else if (!m_playbackTimer.isActive())
         m_playbackTimer.start();
 
-    // A loop may have jumped back since the last look at the position. Clients continue from the
+    // A loop may have jumped back since the position was last read. Clients continue from the
     // position that they get with a new speed or a pause.
     const bool jumped =
         now.songNumber == before.songNumber && before.playback == Playback::Playing && hasJumped();
@@ -158,7 +158,8 @@ void MediaPlayerBridge::positionWasSet()
 void MediaPlayerBridge::checkPlayback()
 {
     if (!m_player.audio->isRunning()) {
-        // When a song has ended the queue takes the next one. There is no pause between them.
+        // When a song has ended, the queue plays the next one. The state does not become Paused in
+        // between.
         if (!m_player.audio->trackHasEnded())
             update();
         return;
@@ -217,7 +218,7 @@ void MediaPlayerBridge::playPause()
     m_player.playPauseButton->click();
 }
 
-// A player without a stopped state: Stop pauses and goes to the start.
+// The player has no stopped state: Stop pauses and goes to the start.
 void MediaPlayerBridge::stop()
 {
     if (!m_player.audio->currentTrack())

@@ -163,7 +163,7 @@ void SingleInstance::listen()
     if (m_thread.joinable())
         listening->get_future().wait();
     else
-        serve(new QLocalServer(this), m_socketName, handle); // the system gives no thread
+        serve(new QLocalServer(this), m_socketName, handle); // the system cannot start a thread
 }
 
 void SingleInstance::handleRequests()

@@ -17,8 +17,8 @@ namespace lyrabox {
 /// sends it the files to open, and ends.
 ///
 /// The first process listens on its own thread. It answers as soon as it has received a request,
-/// even while its main thread is busy; the main thread opens the files later. All functions: main
-/// thread.
+/// even while its main thread is busy; the main thread opens the files later. All functions belong
+/// to the main thread.
 class SingleInstance : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ public:
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
     ~SingleInstance() override;
 
-    /// What a start asks of the first process.
+    /// What a later process asks the first one to do.
     struct Request {
         QList<QUrl> urls;        ///< To open.
         QString activationToken; ///< Lets the first process raise its window. May be empty.

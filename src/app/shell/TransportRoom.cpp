@@ -136,8 +136,7 @@ void connectControls(ProgramParts &parts)
                      [&ui, audio] { audio->loopButtonPressed(ui.loopButton); });
     connectSpeedAndPitch(ui, audio);
 
-    // The volume slider and the volume follow each other, and so do the shuffle button and the
-    // queue's mode.
+    // Keep the volume slider and the volume in step, and the shuffle button and the queue's mode.
     QObject::connect(ui.outputVolumeSlider, &LB_Slider::moved, audio,
                      [audio](LB_Slider *slider) { audio->setOutputVolume(slider->floatValue()); });
     QObject::connect(audio, &LB_AudioController::outputVolumeChanged, ui.outputVolumeSlider,
@@ -192,13 +191,14 @@ void connectSongSettings(ProgramParts &parts)
                                                         closeSongMenus(*parts.menu);
                                                         updateSongCommands(parts);
                                                     });
-    // Not the notification of the settings, because the record is updated only after it.
+    // The notification of the settings is not used here, because the record is updated only after
+    // it.
     QObject::connect(audio, &LB_AudioController::songSettingsShown, &menu,
                      [&parts] { updateSongCommands(parts); });
     updateSongCommands(parts);
 }
 
-/// Commands that a control has as well work through the control, so that both do the same.
+/// Commands that also have a control go through the control, so that both do the same.
 void connectControlCommands(const MainMenu &menu, const Ui::MainWindow &ui)
 {
     const auto click = [](QAction *action, QAbstractButton *button) {

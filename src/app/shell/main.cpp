@@ -48,8 +48,7 @@ int reportUnresponsiveInstance()
     return EXIT_FAILURE;
 }
 
-/// Terminated in order if the toolkit ends the process with exit(), for example after the display
-/// server has died.
+/// MISS
 lyrabox::Composition *runningComposition = nullptr;
 
 void terminateComposition()
@@ -91,7 +90,7 @@ std::jthread loadModules(const CommandLine &line)
     });
 }
 
-/// The engine's controller; null if the engine could not be built, which the user has then seen.
+/// The engine's controller. Null if the engine could not be built; the user has then seen an alert.
 std::unique_ptr<LB_AudioController> makeAudio(std::future<lyrabox::Status> engine)
 {
     const auto hasSound = std::make_shared<bool>(true); // the controller keeps the functions
@@ -105,7 +104,7 @@ std::unique_ptr<LB_AudioController> makeAudio(std::future<lyrabox::Status> engin
     return *hasSound ? std::move(audio) : nullptr;
 }
 
-/// Runs the program and carries out what its own start asks for. Other instances ask through
+/// Runs the program and carries out this process's own request. Other processes send theirs through
 /// `instance`. Returns the exit code.
 int run(QApplication &application, lyrabox::SingleInstance &instance,
         const lyrabox::SingleInstance::Request &start)

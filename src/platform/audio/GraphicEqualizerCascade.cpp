@@ -6,9 +6,9 @@
 namespace lyrabox {
 namespace {
 
-// A section filters so many frames at a time. Its coefficients and its state stay in registers
-// meanwhile, and the processor can work on the next section while this one's recursion waits for
-// its own results.
+// The number of frames that a section filters at a time. Its coefficients and state stay in
+// registers during a run, and the processor can start on the next section while this one's
+// recursion waits for its own results.
 constexpr std::uint32_t groupFrames = 4;
 
 constexpr float largest = std::numeric_limits<float>::max();
@@ -26,7 +26,7 @@ double read(float &sample)
     return sample;
 }
 
-// A sample that did not change keeps its bits, so the sign of a zero and subnormals stay as well.
+// A sample that did not change keeps its bits, so the sign of zero and subnormals are preserved.
 void write(float &sample, double filtered)
 {
     const auto rounded = static_cast<float>(
@@ -95,7 +95,7 @@ void GraphicEqualizerCascade::clear() noexcept
     m_states = {};
 }
 
-// A section passes a constant unchanged. Its state follows from that.
+// A section passes a constant signal unchanged, which determines its state.
 void GraphicEqualizerCascade::settleOn(float left, float right) noexcept
 {
     const StereoLanes in = stereoLanes(read(left), read(right)) * bothLanes(m_gain);
@@ -159,7 +159,7 @@ void GraphicEqualizerCascade::process(float *left, float *right, std::uint32_t f
     if (ramped != 0) {
         filterRun<true>(left, right, ramped);
         m_rampLeft -= ramped;
-        if (m_rampLeft == 0) { // The sums of the steps miss the target by a rounding error.
+        if (m_rampLeft == 0) { // The summed steps miss the target by a rounding error.
             m_current = m_target;
             m_gain = m_gainTarget;
         }

@@ -48,7 +48,7 @@ void OutputRenderer::stop() noexcept
 
 void OutputRenderer::requestReset() noexcept
 {
-    // In this order: the callback that takes the request then also sees that playing out is over.
+    // The order matters: a callback that takes the request must also see that playing out is over.
     endPlayOut();
     m_resetRequested.store(true);
 }
@@ -67,7 +67,7 @@ bool OutputRenderer::isRenderingHere() const noexcept
 
 void OutputRenderer::waitUntilIdle() const noexcept
 {
-    // The callback thread takes no lock and signals nobody, so all we can do is poll.
+    // Polls, because the callback thread takes no lock and sends no signal.
     while (m_rendering.load())
         std::this_thread::sleep_for(std::chrono::microseconds(100));
 }
@@ -109,7 +109,7 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
 {
     const float target = std::clamp(m_volume.load(std::memory_order_relaxed), 0.0F, 1.0F);
     const auto isSilent = [this] { return m_aheadFrames == 0 && m_tailPosition >= m_tailFrames; };
-    // A sound begins at the volume that is set. Only a change during the sound is smoothed.
+    // Playback begins at the volume that is set. Only changes during playback are smoothed.
     if (isSilent())
         m_gain = target;
 
@@ -155,7 +155,7 @@ void OutputRenderer::renderChunk(float *interleaved, std::uint32_t frames) noexc
 }
 
 /// Pulls until at least `frames` + fadeFrames frames are ahead. If the source has stopped the
-/// output and holds nothing more, none are ahead afterwards.
+/// output and holds nothing more, no frames are ahead afterwards.
 void OutputRenderer::pullAhead(std::uint32_t frames) noexcept
 {
     // A reset ends the playing out.

@@ -11,13 +11,13 @@ namespace lyrabox {
 /// The work of a device callback without the device: it pulls the source, fades, applies the volume
 /// and interleaves.
 ///
-/// The source is pulled fadeFrames ahead of delivery. So a stop needs no further frame from the
-/// source, because the frames ahead fade out, and a reset crossfades from the old sound to the new.
-/// The source's position is at most fadeFrames + chunkFrames ahead of the delivered frames.
+/// The source is pulled fadeFrames ahead of delivery. So a stop needs no further frames from the
+/// source, because the frames ahead fade out; and a reset can crossfade from the old sound to the
+/// new. The source's position is at most fadeFrames + chunkFrames ahead of the delivered frames.
 ///
 /// A source that stops the output has ended. The frames that it still holds (isPlayingOut()) are
 /// rendered nevertheless. The last of them fade out, or into the next song if the output is started
-/// meanwhile.
+/// again before.
 ///
 /// render() belongs to the callback thread. Everything else belongs to the control side, unless it
 /// says "Any thread".
@@ -67,8 +67,8 @@ public:
     /// Any thread. Frames of silence since the last sound. 0 while there is sound.
     std::uint64_t silentFrames() const noexcept { return m_silentFrames.load(); }
 
-    /// Any thread. Frames of the source that were pulled but not heard yet, behind a device that
-    /// holds up to `deviceFrames`. What fades out after a stop or a reset does not count.
+    /// Any thread. Frames of the source that were pulled but not heard yet, if the device holds up
+    /// to `deviceFrames`. Frames that fade out after a stop or a reset do not count.
     std::uint32_t heldFrames(std::uint32_t deviceFrames) const noexcept;
 
     /// Drops the frames that are ahead or fading. Only while no render() can run.

@@ -26,7 +26,7 @@ void QuickStretcher::start(double speed, double pitch) noexcept
 {
     m_songStep = speed / pitch;
     m_pitch = pitch;
-    // After the resampling a piece lasts about as long at every pitch.
+    // After resampling, a piece lasts about the same time at every pitch.
     m_piece = std::clamp(std::llround(basicPiece * pitch), static_cast<long long>(shortestPiece),
                          static_cast<long long>(longestPiece));
     m_overlap = m_piece * 3 / 4;
@@ -37,8 +37,8 @@ void QuickStretcher::start(double speed, double pitch) noexcept
     m_previous = 0;
 }
 
-/// Stretched frames that the kernel needs to each side. A higher pitch needs a longer kernel, which
-/// removes the frequencies that would end up beyond half the sample rate.
+/// The number of stretched frames that the kernel needs on each side. A higher pitch needs a longer
+/// kernel, which removes the frequencies that would end up beyond half the sample rate.
 std::int64_t QuickStretcher::kernelReach() const noexcept
 {
     return static_cast<std::int64_t>(std::ceil(crossings * std::max(m_pitch, 1.0))) + 1;
@@ -52,7 +52,7 @@ std::int64_t QuickStretcher::reach(std::uint32_t frames) const noexcept
            m_piece + m_overlap;
 }
 
-/// The frame near `ideal` from which the song resembles most the continuation of the last piece.
+/// The frame near `ideal` at which the song is most similar to the continuation of the last piece.
 std::int64_t QuickStretcher::bestStart(const TimePitchHistory &song,
                                        std::int64_t ideal) const noexcept
 {

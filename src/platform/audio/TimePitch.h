@@ -23,11 +23,11 @@ namespace lyrabox {
 /// At rate 1 and pitch 0 the source passes through bit for bit and without delay. Otherwise it goes
 /// through a stretcher, which reads ahead of its output. When the stage switches between the two,
 /// both play the same place in the song at the same time, and one fades into the other:
-/// - Leaving: the stretcher starts at rate 1, slightly ahead, and reads ahead while the source still
-///   passes through. Then it fades in. Only after that does it take the new rate and pitch.
-/// - Returning: the stretcher runs at rate 1 until its output reproduces the source's waveform. Then
-///   the source fades in at the stretcher's position. The frames that were read ahead are played
-///   before more are pulled.
+/// - Leaving: the stretcher starts at rate 1, slightly ahead, and reads ahead while the source
+///   still passes through. Then it fades in. Only after that does it take the new rate and pitch.
+/// - Returning: the stretcher runs at rate 1 until its output reproduces the source's waveform.
+///   Then the source fades in at the stretcher's position. The frames that were read ahead are
+///   played before more are pulled.
 /// When the source has ended, the frames that were read ahead are played out with the parameters of
 /// that moment. The source is not pulled again until its last frame has been delivered.
 ///

@@ -1,4 +1,4 @@
-// The part of TimePitch that belongs to the control side.
+// The control side of TimePitch.
 
 #include "platform/audio/TimePitch.h"
 
@@ -36,7 +36,7 @@ void TimePitch::prepare()
     try {
         m_warmingUp = std::async(std::launch::async, [this] { warmUp(); });
     } catch (const std::system_error &) {
-        warmUp(); // The system has no thread left.
+        warmUp(); // The system cannot start a thread.
     }
 }
 
@@ -75,7 +75,7 @@ Status TimePitch::setParameter(std::uint32_t id, float value)
     default:
         return status::invalidParameter;
     }
-    m_stretcher.refresh(); // The callback thread may have restarted the stretcher meanwhile.
+    m_stretcher.refresh(); // The callback thread may have restarted the stretcher since.
     return status::noError;
 }
 

@@ -49,7 +49,7 @@ void TimePitchResampler::setStep(double step) noexcept
     m_reach = m_interpolator.reach(m_cutoff);
 }
 
-/// Ends a slide: the pitch that was asked for is reached.
+/// Ends a slide at the requested pitch.
 void TimePitchResampler::arrive() noexcept
 {
     setStep(m_pitch);

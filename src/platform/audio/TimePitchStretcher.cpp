@@ -185,7 +185,7 @@ std::uint32_t TimePitchStretcher::framesRequired() const noexcept
 {
     if (m_resampler.isAvailable())
         return 0;
-    // The engine answers 0 if its window is full but there is no output. One more frame starts the
+    // The engine returns 0 if its window is full but there is no output. One more frame starts the
     // next hop.
     return std::max(static_cast<std::uint32_t>(m_engine->getSamplesRequired()), 1U);
 }
@@ -210,7 +210,7 @@ void TimePitchStretcher::feed(const float *left, const float *right, std::uint32
     }
 }
 
-/// Hands the engine's output to the resampler.
+/// Passes the engine's output to the resampler.
 void TimePitchStretcher::collect() noexcept
 {
     const std::array<float *, 2> output{m_first.data(), m_second.data()};
@@ -238,7 +238,7 @@ std::uint32_t TimePitchStretcher::take(float *left, float *right, std::uint32_t 
 double TimePitchStretcher::position() const noexcept
 {
     // A hop's window is centred half a window before its newest frame. The hop's output is centred
-    // half a window, in stretched frames, after the first frame that the hop gives.
+    // half a window, in stretched frames, after the first frame that the hop delivers.
     const double halfWindow = 0.5 * m_window;
     const double sinceHop = m_resampler.position() - static_cast<double>(m_hopStart);
     return static_cast<double>(m_fedAtHop) - halfWindow +

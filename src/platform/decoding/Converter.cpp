@@ -7,8 +7,8 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// Floating-point files may hold any value. NaN, infinity and values so large that a later filter
-/// could overflow for good are damage and become silence.
+/// Floating-point files may hold any value. NaN, infinity, and values so large that they could make
+/// a later filter overflow permanently count as damage and become silence.
 void silenceDamage(float *samples, std::int64_t count)
 {
     constexpr float maxLevel = 1.0e6F;
@@ -16,7 +16,7 @@ void silenceDamage(float *samples, std::int64_t count)
         samples[i] = std::abs(samples[i]) <= maxLevel ? samples[i] : 0.0F;
 }
 
-/// Whether FFmpeg chooses the gains by the names of the channels, or alternatingMatrix() does.
+/// Whether the mixing gains come from FFmpeg (by channel names) or from alternatingMatrix().
 enum class Gains { Usual, Own };
 
 /// Stereo to stereo needs no gains. Mono and unknown layouts need gains of our own. Everything else
@@ -142,8 +142,8 @@ Status Converter::configure(const AVFrame &frame)
     return error == AVERROR(ENOMEM) ? status::notEnoughMemory : status::unsupportedDataFormat;
 }
 
-/// Converts one frame, or flushes the resampler if `frame` is null. Writes straight into the
-/// caller's buffers if the result is sure to fit, otherwise into the waiting buffers.
+/// Converts one frame, or flushes the resampler if `frame` is null. Writes directly into the
+/// caller's buffers if the result is certain to fit, otherwise into the waiting buffers.
 Status Converter::convert(const AVFrame *frame, ConvertedFrames &out)
 {
     const int bound = swr_get_out_samples(m_swr.get(), frame ? frame->nb_samples : 0);

@@ -10,7 +10,7 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// The rest of the file is given up after so many packets and reads in a row without sound.
+/// After this many packets and reads in a row without sound, the rest of the file is given up.
 constexpr int maximumFailures = 20000;
 
 /// In seconds. A shorter song is decoded before several threads are up and running.
@@ -33,7 +33,7 @@ Status Decoder::open(Container &container, unsigned threads)
     if (!m_context)
         return result;
     findLength();
-    // Uncompressed samples are not worth a thread.
+    // Decoding uncompressed samples is too cheap to be worth a thread.
     const bool isCompressed = av_get_exact_bits_per_sample(stream.codecpar->codec_id) == 0;
     if (threads > 1 && isCompressed && container.duration().value_or(0.0) >= minSecondsForThreads)
         m_parallel.emplace(container, std::move(m_context), threads);

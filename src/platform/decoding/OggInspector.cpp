@@ -26,11 +26,11 @@ constexpr std::int64_t maxPacketBytes = std::int64_t{8} << 20;
 /// In a chain of more streams than this, the older ones count as ended.
 constexpr std::size_t maxStreams = 1000;
 
-/// Among so many first packets of a stream, one may hold comments without a signature.
+/// Within this many packets from the start of a stream, one may hold comments without a signature.
 constexpr int maxHeaders = 4;
 
-/// Each page takes two. FFmpeg's memory fragments with every stream of a chain that has too many
-/// comments.
+/// Each page takes two. With every stream of a chain that has too many comments, FFmpeg's memory
+/// gets more fragmented.
 constexpr std::size_t maxPatches = 200;
 
 constexpr std::size_t headBytes = 27;
@@ -149,7 +149,7 @@ private:
     std::size_t m_windowBytes = 0;
 };
 
-/// Returns at least `bytes` bytes from m_inspected on, unless the file ends before.
+/// Returns at least `bytes` bytes, starting at m_inspected, unless the file ends earlier.
 std::span<std::uint8_t> OggInspector::ahead(std::size_t bytes)
 {
     constexpr std::size_t usual = std::size_t{32} << 10;
@@ -167,7 +167,7 @@ void OggInspector::inspectPage()
 {
     std::span<std::uint8_t> page = ahead(headBytes + 255);
     if (!textOf(page).starts_with("OggS"sv)) {
-        // FFmpeg, too, searches for the next page.
+        // FFmpeg also searches for the next page.
         page = ahead(maxPageBytes);
         const std::size_t begin =
             textOf(page).find("OggS"sv, std::min<std::size_t>(page.size(), 1));
@@ -189,7 +189,8 @@ void OggInspector::inspectPage()
         return;
     }
     page = page.first(length);
-    // FFmpeg drops a page with a wrong checksum and searches inside it. So must we.
+    // FFmpeg drops a page with a wrong checksum and searches inside it. The inspector must do the
+    // same.
     if (textOf(page.subspan(1)).find("OggS"sv) != std::string_view::npos &&
         checksum(page) != little32(page.data() + checksumOffset)) {
         m_inspected += 1;
@@ -248,7 +249,7 @@ void OggInspector::inspectPacket(std::span<std::uint8_t> page, std::size_t start
     const std::optional<std::size_t> comments = commentsIn(packet, kind);
     if (!comments)
         return;
-    // Too few bytes of the packet are in this page to inspectMaster it.
+    // Too few bytes of the packet are in this page to inspect it.
     if (packet.size() < *comments + 4) {
         m_end = m_inspected;
         return;

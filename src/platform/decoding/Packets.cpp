@@ -6,7 +6,7 @@ namespace lyrabox::decoding {
 
 namespace {
 
-/// The rest of the file is given up after so many failed reads in a row.
+/// After this many failed reads in a row, the rest of the file is given up.
 constexpr int maximumReadFailures = 64;
 
 } // namespace

@@ -49,7 +49,7 @@ std::optional<int> runUpPackets(AVCodecID codec)
     case AV_CODEC_ID_FLAC:
     case AV_CODEC_ID_ALAC:
         return 0;
-    case AV_CODEC_ID_MP3: // The bit reservoir goes back nine frames, the filter bank two.
+    case AV_CODEC_ID_MP3: // The bit reservoir reaches back nine frames, the filter bank two.
     case AV_CODEC_ID_VORBIS:
         return 12;
     case AV_CODEC_ID_OPUS: // Its predictors fade slowly.

@@ -23,9 +23,8 @@ std::optional<int> runUpPackets(AVCodecID codec);
 ///
 /// If decoding may start anywhere in the stream, several threads decode one segment of it each.
 /// Every thread has its own decoder and first feeds it the packets before the segment (the run-up).
-/// The reader's thread is one of them: with one thread more than processors, two decoders would
-/// have to share one.
-/// Otherwise a single decoder works in the background.
+/// The reader's thread is one of them: with one more thread, two decoders would have to share a
+/// processor. Otherwise a single decoder works in the background.
 class ParallelDecoder {
 public:
     /// Starts the threads. The container must outlive this object. `context` must be fresh;
@@ -38,8 +37,8 @@ public:
     ParallelDecoder &operator=(const ParallelDecoder &) = delete;
 
     /// Returns the next frame in file order, or null at the end. Frames must be freed before this
-    /// object. `spent` is a frame that the caller no longer needs, or null; it is used again. The
-    /// reader's thread only.
+    /// object. `spent` is a frame that the caller no longer needs, or null; it is reused. Reader's
+    /// thread only.
     AvPointer<AVFrame> next(AvPointer<AVFrame> spent = nullptr);
 
     /// Number of packets and reads so far that failed.

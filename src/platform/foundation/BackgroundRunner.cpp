@@ -15,15 +15,15 @@ namespace {
 
 constexpr int lowNiceness = 10;
 
-/// On Linux every thread has a niceness of its own. If the program is nicer already, the call fails
-/// and the thread stays as nice as the program.
+/// On Linux every thread has its own nice value. If the program's is higher already, the call fails
+/// and the thread keeps it.
 void lowerPriorityOfThisThread()
 {
     setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), lowNiceness);
 }
 
 /// Removes the entry of `job` from a queue and returns it. The caller destroys it after unlocking
-/// the mutex, because the destructor of a job's functions may do anything.
+/// the mutex, because destroying a job's functions may run any code.
 template <typename Queue>
 std::optional<typename Queue::value_type> taken(Queue &queue, BackgroundRunner::Job job)
 {

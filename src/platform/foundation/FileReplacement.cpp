@@ -31,8 +31,8 @@ bool writeAll(int file, const char *bytes, qint64 count)
     return true;
 }
 
-/// A file that is written once from start to end. Small writes are collected. After a write has
-/// failed, all later ones fail, so a writer cannot overlook a gap.
+/// A file that is written once from start to end. Small writes are buffered. After a write has
+/// failed, all later ones fail, so the file never has a gap.
 class NewFile : public QIODevice {
 public:
     explicit NewFile(int file) : m_file(file)
@@ -42,7 +42,7 @@ public:
 
     bool isSequential() const override { return true; }
 
-    /// Writes the collected bytes. True if everything given so far has been written.
+    /// Writes the buffered bytes. True if everything so far has been written.
     bool finish()
     {
         m_hasFailed = m_hasFailed || !writeAll(m_file, m_collected.constData(), m_collected.size());
@@ -86,7 +86,7 @@ bool writeNew(const QByteArray &path, const ContentWriter &write, const struct s
     return ::close(file) == 0 && isWhole;
 }
 
-/// Makes sure that the new name survives a power failure, too. Not every file system can do this,
+/// Makes sure that the new name also survives a power failure. Not every file system can do this,
 /// so errors are ignored.
 void flushFolder(const QString &path)
 {

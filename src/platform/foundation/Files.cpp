@@ -29,7 +29,7 @@ std::function<bool(const QString &)> &readabilityProbe()
     return probe;
 }
 
-/// A path as the system's functions take it; empty if it holds a null character.
+/// A path as the system's functions expect it; empty if it contains a null character.
 QByteArray nativePath(const QString &path)
 {
     return path.contains(QChar::Null) ? QByteArray() : QFile::encodeName(path);

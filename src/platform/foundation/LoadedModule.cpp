@@ -13,8 +13,8 @@ namespace lyrabox {
 
 namespace {
 
-/// Whether the file ends before the end of its section table, which comes last in it. The system's
-/// loader does not check this, and the process would crash on the missing part.
+/// Whether the file is cut off before the end of its section table, which comes last in it. The
+/// system's loader does not check this, and the process would crash on the missing part.
 bool isCutOff(const QString &path)
 {
     QFile file(path);

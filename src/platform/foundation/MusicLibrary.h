@@ -30,7 +30,7 @@ struct MusicPlaylist {
     std::optional<std::vector<QString>> items; ///< "Playlist Items": each "Track ID" as text
 };
 
-/// A whole library in memory. It never changes once it is built, so its users share it.
+/// A whole library in memory. It is immutable once built, so its users share it.
 struct MusicLibrary {
     std::unordered_map<QString, MusicTrack>
         tracks;                           ///< "Tracks", by the text of the track's identifier

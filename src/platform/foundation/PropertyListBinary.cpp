@@ -13,8 +13,8 @@ constexpr quint64 headerSize = 8;
 constexpr quint64 trailerSize = 32;
 
 /// Reads one binary list. An object is a marker byte and its content. The upper half of the marker
-/// is the object's kind, the lower half its length. Containers refer to their elements by number; a
-/// table, whose place the trailer gives, holds the offset of each object.
+/// is the object's kind, the lower half its length. Containers refer to their elements by number. A
+/// table holds the offset of each object; the trailer says where the table is.
 class BinaryReader {
 public:
     explicit BinaryReader(const QByteArray &data)
@@ -55,7 +55,7 @@ private:
         return result;
     }
 
-    /// The content behind the marker at `at`, in units of `unitSize` bytes. None if it reaches
+    /// The content after the marker at `at`, in units of `unitSize` bytes. None if it extends
     /// beyond the part of the file that holds objects.
     std::optional<Extent> extent(quint64 at, quint64 unitSize) const
     {

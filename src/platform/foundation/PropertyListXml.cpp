@@ -148,7 +148,7 @@ QString propertyListText(const QString &text)
     const auto isPair = [&text](qsizetype at) {
         return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
     };
-    QString clean; // filled from the first character on that is replaced
+    QString clean; // filled once a character must be replaced
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (isPair(i)) {
             ++i;

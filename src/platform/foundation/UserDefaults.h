@@ -26,7 +26,7 @@ inline const QString outputVolume = u"outputVolume"_s; ///< float, 0 to 1
 inline const QString shuffle = u"shuffle"_s;           ///< boolean
 inline const QString eqPreset = u"eqPreset"_s;         ///< integer, preset id
 inline const QString folderPath = u"folderPath"_s;     ///< string, absolute path
-inline const QString playlist = u"playlist"_s;         ///< string, persistent id
+inline const QString playlist = u"playlist"_s;         ///< string, persistent ID of the playlist
 inline const QString lastTab = u"lastTab"_s;           ///< integer, 0 playlists, 1 folders
 
 } // namespace defaultsKey

@@ -16,8 +16,8 @@
 namespace lyrabox {
 namespace {
 
-/// The latency that the environment sets, in frames. The preferred latency if it sets none, a
-/// smaller one, or one above CubebOutput::longestLatencyMilliseconds.
+/// The latency set by the environment, in frames. Returns the preferred latency if none is set, or
+/// if the value is smaller than that or above CubebOutput::longestLatencyMilliseconds.
 std::uint32_t wantedLatencyFrames()
 {
     const char *text = std::getenv(CubebOutput::latencyVariable);

@@ -186,7 +186,7 @@ struct PulseDefaultOutputWatcher::Watch {
     std::shared_ptr<const std::function<void()>> listener;
     std::atomic<bool> quit{false};
     std::atomic<bool> callRequested{false};
-    /// Becomes readable to end a wait for the server, when the watch shall end or a call is
+    /// Becomes readable to end a wait for the server, when the watch has to end or a call is
     /// requested. (pa_mainloop_wakeup() has no effect just before the loop waits.)
     const int wakeEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
 
@@ -248,7 +248,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     pa_mainloop_api *const api = pa_mainloop_get_api(connectionLoop);
     const auto woken = [](pa_mainloop_api *, pa_io_event *, int event, pa_io_event_flags_t,
                           void *) {
-        eventfd_t count = 0; // the value does not matter, only that the wait has ended
+        eventfd_t count = 0; // only the end of the wait matters, not the value
         eventfd_read(event, &count);
     };
     pa_io_event *const wakeWatch = api->io_new(api, wakeEvent, PA_IO_EVENT_INPUT, woken, nullptr);
@@ -292,7 +292,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
         api->time_free(pauseEnd);
     api->io_free(wakeWatch);
     pa_mainloop_free(connectionLoop);
-    // Without a server the listener is called all the same, and finds out itself.
+    // Without a server the listener is called all the same; it finds that out itself.
     isCallDue = callRequested.exchange(false) || isCallDue;
     if (isCallDue && !hasTimedOut && !quit)
         callListener();

@@ -1,6 +1,6 @@
-// A compositor tells of keys only the connection whose window has the keyboard, which is the
-// toolkit's. It tells every keyboard object of that connection, though. So this makes keyboards of
-// its own there, whose events wait in a queue that the toolkit does not know.
+// A compositor sends keys only to the connection whose window has the keyboard, which is the
+// toolkit's. But it sends them to every keyboard object of that connection. So the listener makes
+// its own keyboard objects there, and their events wait in a queue of its own.
 
 #include "platform/ui/EscapeListener.h"
 
@@ -30,14 +30,14 @@ namespace lyrabox {
 
 namespace {
 
-/// The toolkit's connection; null where it does not hand it out.
+/// The toolkit's connection; null if the toolkit does not provide it.
 wl_display *toolkitDisplay()
 {
     if (qGuiApp == nullptr || !QGuiApplication::platformName().startsWith("wayland"_L1))
         return nullptr;
 #if QT_VERSION < QT_VERSION_CHECK(6, 5, 0)
-    // This interface is the toolkit's private one, and sure to be the same only in the version that
-    // the program was built with.
+    // This interface is private to the toolkit. Only in the version that the program was built with
+    // is it certain to be the same.
     const QVersionNumber running = QLibraryInfo::version();
     if (running.majorVersion() != QT_VERSION_MAJOR || running.minorVersion() != QT_VERSION_MINOR)
         return nullptr;
@@ -64,10 +64,10 @@ struct Destroyer {
 template <typename T, auto destroy>
 using Owned = std::unique_ptr<T, Destroyer<destroy>>;
 
-/// One person's keyboard.
+/// The keyboard of one seat.
 class Keyboard {
 public:
-    /// Takes over the seat, whose version allows to give it back.
+    /// Takes ownership of the seat. Its version must support wl_seat_release.
     explicit Keyboard(wl_seat *seat) : m_seat(seat)
     {
         static const wl_seat_listener listener{.capabilities = &Keyboard::setCapabilities,
@@ -128,7 +128,7 @@ private:
     static void handleKey(void *data, wl_keyboard *, std::uint32_t, std::uint32_t,
                           std::uint32_t key, std::uint32_t state)
     {
-        constexpr xkb_keycode_t firstCode = 8; // XKB counts keys from here on
+        constexpr xkb_keycode_t firstCode = 8; // XKB's key codes start at 8
         auto *self = static_cast<Keyboard *>(data);
         if (state == WL_KEYBOARD_KEY_STATE_PRESSED && self->m_state &&
             xkb_state_key_get_one_sym(self->m_state.get(), key + firstCode) == XKB_KEY_Escape)
@@ -150,7 +150,7 @@ public:
     {
         static const wl_registry_listener listener{.global = &WaylandListener::bind,
                                                    .global_remove = [](auto...) {}};
-        // What is made from the wrapper sends its events to the queue from the first one on.
+        // Objects made from the wrapper send all their events to the queue, including the first.
         auto *wrapper = static_cast<wl_display *>(wl_proxy_create_wrapper(display));
         wl_proxy_set_queue(reinterpret_cast<wl_proxy *>(wrapper), m_queue.get());
         m_registry.reset(wl_display_get_registry(wrapper));
@@ -191,7 +191,7 @@ private:
             std::make_unique<Keyboard>(seat));
     }
 
-    /// The toolkit's own thread reads, too, but not always while the main thread works.
+    /// The toolkit's own thread also reads, but not always while the main thread works.
     void readWhatIsThere()
     {
         if (wl_display_prepare_read_queue(m_display, m_queue.get()) != 0)

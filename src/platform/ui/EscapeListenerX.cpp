@@ -1,4 +1,5 @@
-// Over a second connection to the X server: the toolkit reads its own in its event loop only.
+// Uses a second connection to the X server, because the toolkit reads its own only in its event
+// loop.
 
 #include "platform/ui/EscapeListener.h"
 

@@ -147,7 +147,7 @@ void NumberField::finishEditAfterFocusLoss()
 void NumberField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
-    // If another window or a context menu takes the keyboard, the edit goes on afterwards.
+    // If another window or a context menu takes the keyboard, the edit continues afterwards.
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
         finishEdit();
 }

@@ -20,7 +20,7 @@ namespace {
 constexpr int panelWidth = 300;
 constexpr int barHeight = 8;
 constexpr int fullBar = 1000;
-/// How long the panel stays at least, so that it does not flash. The work goes on meanwhile.
+/// How long the panel stays at least, so that it does not flash. The work does not wait for it.
 constexpr auto hideDelay = 150ms;
 
 QString barStyle()

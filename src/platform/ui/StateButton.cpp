@@ -17,7 +17,7 @@ constexpr int discMargin = 10;
 StateButton::StateButton(QWidget *parent) : QAbstractButton(parent)
 {
     installAccessibleControls();
-    // A click does not take the keyboard; Tab does.
+    // Tab gives the button the keyboard focus, a click does not.
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::pressed, this, qOverload<>(&QWidget::update));
