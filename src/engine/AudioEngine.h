@@ -22,16 +22,16 @@
 /// and an optional loop. The engine is process-wide state with free functions;
 /// docs/kept-on-purpose.md says why it is not a class.
 ///
-/// The audio callback thread calls renderCallback() only. The device-notification thread calls
-/// defaultOutputChanged() only. Everything else belongs to the main thread. One mutex serialises
-/// the main and the notification thread, so a call on the main thread may wait while the chain is
+/// The audio callback thread calls only renderCallback(). The device-notification thread calls only
+/// defaultOutputChanged(). Everything else belongs to the main thread. One mutex serialises the
+/// main and the notification thread, so a call on the main thread may wait while the chain is
 /// rebuilt. The callback thread never takes the mutex.
 ///
 /// Positions and loop points are frames at the rate of streamFormat(). Their range is not checked.
 namespace lyrabox::engine {
 
 /// The engine's only record. All fields start zeroed. Fields that the callback thread uses are
-/// lock-free atomics. `eqUnit` and `channelIndex` only mirror other state:
+/// lock-free atomics. `eqUnit` and `channelIndex` only mirror other state; see
 /// docs/kept-on-purpose.md.
 struct AudioEngineState {
     QByteArray albumArtData; ///< null without artwork
@@ -87,10 +87,11 @@ Status buildAudioSystem();
 /// Applies to this chain and every later one. Call it after buildAudioSystem().
 void prepareForPlayback();
 
-/// Audio callback thread. Fills the equalizer's input from the song. At the end of the song, which
-/// is two pulls before the last frame, it stops the output instead and leaves `ioData` untouched.
-/// time/pitch then plays out the frames that it holds. Frames outside the song are silence. A seek
-/// during the call wins, unless the song has just ended: then the seek is dropped.
+/// Audio callback thread. Fills the equalizer's input from the song. If no more than 2 *
+/// `inNumberFrames` frames are left, the song ends: the call stops the output instead and leaves
+/// `ioData` untouched. The time/pitch stage then plays out the frames that it holds. Frames outside
+/// the song are silence. A seek during the call wins, unless the song has just ended: then the seek
+/// is dropped.
 Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 

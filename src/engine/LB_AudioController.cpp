@@ -25,7 +25,7 @@ namespace {
 constexpr double titleFontSize = 22.0;
 constexpr double artistFontSize = 16.0;
 
-/// Ends the editing of a text field, which enters its text. Other controls keep the keyboard.
+/// Ends the editing of a text field, which commits its text. Other controls keep the keyboard.
 void makeWindowFirstResponder(const QWidget *control)
 {
     if (auto *field = qobject_cast<QLineEdit *>(control->window()->focusWidget()))

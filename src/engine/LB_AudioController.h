@@ -100,19 +100,21 @@ public:
     quint64 currentFrame() const;
     void setCurrentFrame(quint64 frame);
     quint64 totalFrames() const;
-    /// The frame that is heard now. currentFrame() is ahead of it by what time/pitch and the output
-    /// hold, up to a quarter of a second of song. See engine::heardFrame() for how exact it is.
+    /// The frame that is heard now. currentFrame() is ahead of it by the frames that time/pitch and
+    /// the output hold, up to a quarter of a second of song. See engine::heardFrame() for how exact
+    /// it is.
     quint64 heardFrame() const;
 
     /// The loop that plays, or nothing.
     std::optional<lyrabox::LoopRange> loop() const;
-    /// Loops from now on, and shows that on the loop button. The points are taken as they are: with
-    /// an end that is not behind the start, playback stays at the start. Sends loopChanged().
+    /// Loops from now on, and shows that on the loop button. The points are not checked: if the end
+    /// is not after the start, playback stays at the start. Sends loopChanged().
     void setLoop(lyrabox::LoopRange range);
     /// Marks the start of a loop whose end is to come, and shows that on the loop button. Playback
     /// does not loop until setLoop(). Sends loopChanged().
     void markLoopStart(quint64 frame);
-    /// Ends the loop, or the mark. The loop's frames stay readable. Sends loopChanged().
+    /// Ends the loop, or clears the start mark. loopStartFrame() and loopEndFrame() keep their
+    /// values. Sends loopChanged().
     void clearLoop();
 
     // The fields of the loop one by one. The button does not follow, and no signal is sent.
@@ -127,7 +129,7 @@ public:
     bool trackHasEnded() const;
     void setTrackHasEnded(bool ended);
 
-    /// Whole seconds, truncated toward zero. setCurrentSeconds() does not seek:
+    /// Whole seconds, truncated toward zero. setCurrentSeconds() does not seek; see
     /// docs/kept-on-purpose.md.
     qint64 currentSeconds() const;
     void setCurrentSeconds(qint64 seconds) { m_currentSeconds = seconds; }
@@ -150,8 +152,8 @@ public:
     float playbackPitch() const;
     void setPlaybackPitch(float cents);
 
-    /// What the speed slider and the pitch slider offer, in percent and cents. The step buttons and
-    /// the fields keep to it. The setters above take any value.
+    /// The ranges of the speed slider and the pitch slider, in percent and cents. The step buttons
+    /// and the fields stay within them. The setters above accept any value.
     lyrabox::ValueRange playbackSpeedRange() const;
     lyrabox::ValueRange playbackPitchRange() const;
 
@@ -173,7 +175,7 @@ public:
     /// Stops playback, drops the song and clears the controls.
     void emptyPlayer();
     /// Runs `change`, which may load songs or empty the player. If a song has just ended, the
-    /// frames that time/pitch still holds of it are played to their end, and the next song follows
+    /// frames of it that time/pitch still holds are played to their end, and the next song follows
     /// them.
     void changeAfterWhatIsHeld(const std::function<void()> &change);
     /// Halts the output if the held frames of an ended song have been heard and nothing else plays.
@@ -182,7 +184,7 @@ public:
     /// The samples of the loaded song, or null if there are none. The caller may keep them while
     /// the next song loads.
     std::shared_ptr<const lyrabox::DecodedSong> decodedSong() const;
-    /// The song's own artwork, as decodedArtwork() gives it. Null if it has none.
+    /// The song's own artwork, as decodedArtwork() returns it. Null if it has none.
     QImage embeddedArtwork() const;
     /// The song's artwork, or the image named "LBAlbumArt".
     QImage albumArtImage() const;

@@ -7,8 +7,8 @@
 
 namespace lyrabox::engine {
 
-/// The place where the render routine reads, and the loop's last jump. They show which place was
-/// read a moment ago. Places and distances are in frames of the song.
+/// The read position of the render routine, and the loop's last jump. Together they tell which
+/// position was read a moment ago. Positions and distances are in frames of the song.
 struct ReadingPoint {
     std::uint64_t frame = 0;           ///< the next frame to render
     std::uint64_t seekCount = 0;       ///< the number of seeks before `frame` was read
@@ -26,7 +26,7 @@ struct ReadingPoint {
         framesSinceJump = 0;
     }
 
-    /// The place that was read `distance` frames ago. 0 if that lies before the song.
+    /// The position that was read `distance` frames ago. 0 if it lies before the song.
     std::uint64_t placeBefore(std::uint64_t distance) const noexcept;
 };
 

@@ -62,7 +62,7 @@ public:
 
     void addDecoded(std::uint32_t frames) { m_decoded += std::uint64_t{m_bytesPerFrame} * frames; }
 
-    /// The song, without unused memory except for one byte per channel.
+    /// The song, without unused memory, except one byte per channel.
     std::shared_ptr<DecodedSong> finished()
     {
         resize(m_decoded + 1);

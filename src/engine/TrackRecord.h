@@ -18,7 +18,7 @@ struct TrackRecord {
     std::optional<QString> title; ///< always set if the record has a file
     QString artist;               ///< empty when unknown
     QString album;                ///< empty when unknown
-    QVariant durationSeconds;     ///< float, double or decimal text, see durationValue()
+    QVariant durationSeconds;     ///< seconds as float, double or decimal text, see durationValue()
     int order = 0;                ///< 1-based position in the list as it was built
     QString inode;                ///< decimal text or "(null)"; equal texts mean the same song
     bool isPlaying = false;

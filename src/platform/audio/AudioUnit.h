@@ -166,7 +166,7 @@ public:
 };
 
 /// Makes the stages of a chain. A null result means that the component is missing. Tests replace
-/// the output by one that they pull themselves.
+/// the output with one that they pull themselves.
 struct AudioUnitFactory {
     std::function<std::unique_ptr<EqualizerUnit>()> equalizer;
     std::function<std::unique_ptr<TimePitchUnit>()> timePitch;

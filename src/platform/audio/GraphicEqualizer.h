@@ -11,9 +11,9 @@ namespace lyrabox {
 
 /// The 31-band graphic equalizer.
 ///
-/// Parameters 0 to 30 are levels in dB. parameter() returns them as they were set, but the sound
-/// keeps to ±24 dB. Ten of the bands have sliders (2, 5, ..., 29) and describe one smooth curve.
-/// Each of the others adds its level at its own frequency. Parameter 31 is stored and has no
+/// Parameters 0 to 30 are levels in dB. parameter() returns them as they were set, but the filter
+/// limits them to ±24 dB. Ten of the bands have sliders (2, 5, ..., 29) and describe one smooth
+/// curve. Each of the others adds its level at its own frequency. Parameter 31 is stored and has no
 /// effect. Changes take effect as ramps of 20 ms. With every level at 0 dB the output equals the
 /// input bit for bit.
 ///
@@ -51,7 +51,7 @@ private:
     // From the control side to the callback thread.
     TripleBuffer<equalizer::Coefficients> m_published;
     std::atomic<bool> m_resetRequested{
-        true}; // The first pull starts at its levels, without a ramp.
+        true}; // The first pull starts at the levels that are set, without a ramp.
 
     // Callback thread.
     GraphicEqualizerCascade m_cascade;

@@ -59,8 +59,8 @@ double GraphicEqualizerCascade::Course::advance()
 void GraphicEqualizerCascade::rampTo(const equalizer::Coefficients &coefficients) noexcept
 {
     // While a slider is dragged, the next ramp starts before the last one has ended. The new ramp
-    // begins with the component of the old speed that points in the new direction. So it never
-    // leaves the straight line.
+    // begins with the component of the old speed that points in the new direction. So the section
+    // never leaves the straight line to its target.
     double along = 0.0;
     double square = 0.0;
     for (std::size_t i = 0; i < equalizer::sectionCount; ++i) {

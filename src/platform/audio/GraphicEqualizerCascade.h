@@ -20,7 +20,7 @@ public:
     /// above the tone.
     static constexpr std::uint32_t rampFrames = 882;
 
-    /// Starts a ramp from the present coefficients to `target`. Another ramp may be under way.
+    /// Starts a ramp from the current coefficients to `target`. Another ramp may still be running.
     void rampTo(const equalizer::Coefficients &target) noexcept;
 
     /// Moves the coefficients to their targets at once and clears the filter's memory of the

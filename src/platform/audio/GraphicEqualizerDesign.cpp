@@ -13,7 +13,7 @@ namespace {
 constexpr double sampleRate = canonicalStreamFormat().mSampleRate;
 constexpr double halfWidthOctaves = 1.0 / 3.0; // from the centre to a band edge
 constexpr double edgeGainShare = 0.45; // gain at a band edge over gain at the centre, both in dB
-constexpr double smallestGain = 0.01;  // dB; a smaller gain scales the section of this gain
+constexpr double smallestGain = 0.01;  // dB; smaller gains use the section of this gain, scaled
 
 // The solver looks at every centre, and at the geometric midpoint between each two.
 constexpr std::size_t pointCount = 2 * sectionCount - 1;
@@ -21,7 +21,7 @@ constexpr double sliderWeight = 1.0;
 constexpr double bandWeight = 0.04;
 constexpr double midpointWeight = 0.01; // a larger one fits better between sliders, worse at them
 
-constexpr double firstGain = 17.0; // dB; the first round takes the shapes of sections of this gain
+constexpr double firstGain = 17.0; // dB; the first round uses the shapes of sections of this gain
 constexpr int refinements = 2; // rounds with the shapes at the last gains; a third has no effect
 constexpr double sectionGainLimit = 36.0; // dB
 

@@ -16,8 +16,8 @@ thread_local const OutputRenderer *renderingHere = nullptr;
 
 // One-pole smoothing of the volume with a time constant of 5 ms at 44,100 Hz: 1 - exp(-1 / 220.5).
 constexpr float gainStep = 0.0045249F;
-// At -100 dB from its target the gain jumps there, so that full volume passes the samples
-// unchanged. Closer than 7e-6 the steps would round to nothing.
+// Once the gain is within this distance (-100 dB) of its target, it jumps to it, so that full
+// volume passes the samples unchanged. Closer than 7e-6 the steps would round to nothing.
 constexpr float gainTolerance = 1e-5F;
 
 } // namespace

@@ -48,8 +48,8 @@ public:
     virtual Status setClientDataFormat(const AudioStreamBasicDescription &format) = 0;
 
     /// Decodes up to `frames` frames into the buffers of `list`. Sets `frames` and each buffer's
-    /// byte size to the result; 0 frames mean the end. Damaged frames are skipped, and encoder
-    /// delay and padding are left out. After a status other than 0 nothing more can be read.
+    /// byte size to the result; 0 frames mean the end. Damaged frames, encoder delay and padding
+    /// are skipped. After a status other than 0 nothing more can be read.
     virtual Status read(std::uint32_t &frames, AudioBufferList &list) = 0;
 
     /// The length in frames of the client format, if the container states it.

@@ -5,7 +5,7 @@
 
 namespace lyrabox {
 
-/// The lowest and the highest value of a setting. Both belong to the range.
+/// The lowest and the highest value of a setting, both included.
 struct ValueRange {
     float minimum;
     float maximum;

@@ -17,7 +17,7 @@ namespace lyrabox {
 /// without the speed. Two channels at 44,100 Hz.
 ///
 /// Parameters: parameter::rate, where 1.0 is normal speed, and parameter::pitch in cents. Any
-/// finite value is accepted and read back as it was set. The sound keeps to speedRange and
+/// finite value is accepted and reads back as it was set. The sound is limited to speedRange and
 /// pitchRange.
 ///
 /// At rate 1 and pitch 0 the source passes through bit for bit and without delay. Otherwise it goes

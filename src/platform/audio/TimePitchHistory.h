@@ -7,8 +7,8 @@
 namespace lyrabox {
 
 /// The last frames that a stage has pulled, in two channels. Frames are numbered from the last
-/// clear() on, so two readers can read the same signal at different places. Callback thread, except
-/// allocate().
+/// clear() on, so two readers can read the same signal at different positions. Callback thread,
+/// except allocate().
 class TimePitchHistory {
 public:
     static constexpr std::uint32_t capacity = 1U << 15U; ///< frames; a multiple of every slice
