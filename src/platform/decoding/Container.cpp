@@ -19,7 +19,7 @@ namespace {
 constexpr int maximumFileChannels = 64;
 constexpr int maximumFileRate = 768000;
 
-/// Upper bound for one allocation of FFmpeg's. No tag, table or picture worth reading needs more.
+/// Upper bound for one allocation by FFmpeg. No tag, table or picture worth reading needs more.
 constexpr std::size_t maximumAllocation = std::size_t{64} << 20;
 
 /// ID3v2 tags above this size are skipped. FFmpeg cannot read one without its pictures.

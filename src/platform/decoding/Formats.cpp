@@ -112,7 +112,7 @@ std::int64_t id3TagBytes(std::span<const std::uint8_t> start)
 namespace {
 
 /// Size in bytes of the MPEG audio frame of layer II or III whose header starts at `header`. 0 if
-/// it is no such header.
+/// there is no such header.
 std::size_t mpegFrameBytes(std::span<const std::uint8_t> header)
 {
     // ISO 11172-3, 2.4.2.3, and its extension to half and quarter sampling rates.

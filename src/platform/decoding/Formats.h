@@ -11,8 +11,8 @@
 namespace lyrabox::decoding {
 
 /// Comma-separated names of FFmpeg's demuxers for audio containers that hold their own data. The
-/// list leaves out everything that leads to other files or the network (playlists, concat,
-/// streaming manifests), and pictures, text and headerless samples.
+/// list excludes everything that refers to other files or the network (playlists, concat, streaming
+/// manifests), and pictures, text and headerless samples.
 const char *audioContainers();
 
 /// Comma-separated names of the decoders to use, one per codec. The list is our own, so that every
@@ -27,11 +27,11 @@ const AVCodec *audioDecoder(AVCodecID codec);
 bool isAudioContainer(std::string_view demuxerNames);
 
 /// Size in bytes of the ID3v2 tag that begins with `start`, including header and footer. `start`
-/// must hold at least the first 10 bytes. 0 if it is no tag.
+/// must hold at least the first 10 bytes. 0 if there is no tag.
 std::int64_t id3TagBytes(std::span<const std::uint8_t> start);
 
 /// Size in bytes of the MPEG audio layer III frame whose four-byte header starts at `header`. 0 if
-/// it is no such header.
+/// there is no such header.
 std::size_t mp3FrameBytes(std::span<const std::uint8_t> header);
 
 /// Whether three MPEG audio frames of layer II or III follow one another somewhere in `bytes`. In

@@ -126,7 +126,7 @@ std::int64_t Input::filter(std::span<std::uint8_t> bytes) const
     try {
         return static_cast<std::int64_t>(m_inspector ? m_inspector->inspect(m_position, bytes)
                                                      : bytes.size());
-    } catch (const std::bad_alloc &) { // The caller is C code and cannot pass exceptions on.
+    } catch (const std::bad_alloc &) { // The caller is C code, which exceptions must not cross.
         return 0;
     }
 }

@@ -17,7 +17,7 @@
 namespace lyrabox::decoding {
 
 /// One regular local file as FFmpeg's input. The amount of reading is limited, so that no file can
-/// keep a demuxer busy for ever; see progress(). One thread at a time.
+/// keep a demuxer busy forever; see progress(). One thread at a time.
 class Input {
 public:
     Input() = default;

@@ -136,7 +136,7 @@ void findInChunks(const Input &input, ByteOrder order, std::vector<FilePart> &fo
     }
 }
 
-/// Measures the texts of an MP4 file. FFmpeg keeps up to three copies of them.
+/// Adds up the sizes of the text tags of an MP4 file. FFmpeg keeps up to three copies of them.
 class AtomWalker {
 public:
     AtomWalker(const Input &input, std::vector<FilePart> &found) : m_input(input), m_found(found) {}

@@ -77,7 +77,7 @@ void MprisPlayerAdaptor::setRate(double rate)
 {
     if (!std::isfinite(rate))
         return;
-    if (rate == 0.0) { // MPRIS demands that a rate of 0 pauses
+    if (rate == 0.0) { // in MPRIS, a rate of 0 means pause
         m_service->commands().pause();
         return;
     }

@@ -81,8 +81,8 @@ void BackgroundRunner::cancel(Job job)
     stop.request_stop();
 }
 
-/// Makes sure that nothing of the current job is delivered. The caller unlocks the mutex before it
-/// requests the stop, because a stop calls the job's own stop callbacks.
+/// Makes sure that no result of the current job is delivered. The caller unlocks the mutex before
+/// it requests the stop, because a stop calls the job's own stop callbacks.
 std::stop_source BackgroundRunner::stopCurrent()
 {
     m_currentIsWanted = false;

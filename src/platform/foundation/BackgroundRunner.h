@@ -82,9 +82,9 @@ public:
         });
     }
 
-    /// Cancels a job. A job that has not begun never does. A job that runs sees it in its stop
-    /// token; this call does not wait for its end. After a call on the owner's thread nothing of
-    /// the job is delivered. Does nothing if the job is over.
+    /// Cancels a job. A job that has not begun never will. A running job sees it in its stop token;
+    /// this call does not wait for its end. After a call on the owner's thread the job's result is
+    /// not delivered. Does nothing if the job is over.
     void cancel(Job job);
 
     /// Cancels every job given so far.

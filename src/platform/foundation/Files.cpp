@@ -58,7 +58,7 @@ bool comesBefore(const ListedEntry &a, const ListedEntry &b)
     return order != 0 ? order < 0 : a.name < b.name;
 }
 
-/// The parent folder of "bin", or the build tree if the program lies anywhere in that.
+/// The parent folder of "bin", or the build tree if the program is anywhere inside it.
 QString installationDirectory()
 {
     // The toolkit's own function would need an application object.

@@ -57,8 +57,8 @@ QString resolvingSymbolicLinks(const QString &path);
 QStringList applicationSupportDirectories();
 
 /// The folder of resources that are not compiled into the program: `../share/lyrabox` relative to
-/// the folder of the installed program, or `share/lyrabox` of the build tree if the program lies
-/// anywhere in that tree.
+/// the folder of the installed program, or `share/lyrabox` of the build tree if the program is
+/// anywhere inside that tree.
 QString sharedResourceDirectory();
 
 /// The folder of the modules that the program opens: `../lib/lyrabox` relative to the folder of the

@@ -32,7 +32,7 @@ std::optional<Identity> identityOf(const QString &path)
     return Identity{attributes.st_dev, attributes.st_ino};
 }
 
-/// Whether the folder belongs to a file system in which the kernel shows its own data.
+/// Whether the folder belongs to a file system that shows data of the kernel.
 bool isKernels(const QString &path)
 {
     static constexpr std::array<unsigned long, 10> types = {

@@ -13,7 +13,7 @@ using ModuleVersionFunction = const char *(); ///< returns LYRABOX_VERSION
 /// until the process ends; destroying this object does not unload it.
 ///
 /// The constructor and failure() may be used on any thread, and different modules by several
-/// threads at once. One object serves one thread at a time.
+/// threads at once. Only one thread at a time may use an object.
 class LoadedModule {
 public:
     /// Opens the module at `path`. The module exports a ModuleVersionFunction under the name

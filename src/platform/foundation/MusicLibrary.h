@@ -50,8 +50,8 @@ using MusicLibraryRef = std::shared_ptr<const MusicLibrary>;
 /// Reads files and so blocks. Main thread only.
 MusicLibraryRef locateMusicLibrary();
 
-/// Makes `file` the music library from the next start on. False if the preferences cannot be
-/// written.
+/// Makes `file` the music library, from the next start of the program on. False if the preferences
+/// cannot be written.
 bool chooseMusicLibrary(const QString &file);
 
 /// Reads a library from a property list in XML or binary form. Null if the file is not a

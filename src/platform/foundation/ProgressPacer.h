@@ -16,7 +16,7 @@ using StopProbe = std::function<bool()>;
 /// Makes the stop probe for one piece of work when its progress is first shown. The probe is
 /// destroyed with the work.
 using StopProbeMaker = std::function<StopProbe()>;
-/// Returns a time of which only differences count, like monotonicTime().
+/// Returns a time like monotonicTime(): only differences are meaningful.
 using ProgressClock = std::function<std::chrono::milliseconds()>;
 
 /// Decides when the progress of long work is shown: not in its first 250 ms, so that short work

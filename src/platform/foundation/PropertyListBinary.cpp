@@ -89,7 +89,7 @@ private:
             return dictionary(at, depth);
         std::optional<PropertyList> result = scalar(at);
         if (result)
-            m_shared[object] = *result; // a text with many references is held once
+            m_shared[object] = *result; // a string with many references is held once
         return result;
     }
 

@@ -12,9 +12,9 @@ bool isBinaryPropertyList(const QByteArray &data);
 /// Whether `data` starts with a byte-order mark of UTF-16. PropertyListReader cannot read UTF-16.
 bool isUtf16PropertyList(const QByteArray &data);
 
-/// Replaces every character that XML cannot hold by U+FFFD: control characters, halves of surrogate
-/// pairs, U+FFFE and U+FFFF. Both readers and the writer use this function. So a text compares and
-/// sorts the same before and after it is written.
+/// Replaces every character that XML cannot hold with U+FFFD: control characters, halves of
+/// surrogate pairs, U+FFFE and U+FFFF. Both readers and the writer use this function. So a text
+/// compares and sorts the same before and after it is written.
 QString propertyListText(const QString &text);
 
 /// The value of the scalar that `reader` has just returned as `token`; none if it is malformed.

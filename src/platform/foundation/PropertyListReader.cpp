@@ -235,7 +235,7 @@ std::optional<PropertyListReader::Tag> PropertyListReader::nextTag()
 bool PropertyListReader::readText(std::string_view element)
 {
     std::size_t begin = 0;
-    bool isWhole = true; // the text can be used as it stands in the buffer
+    bool isWhole = true; // the text can be used straight from the buffer
     m_decoded.clear();
     for (;;) {
         const std::optional<std::size_t> mark = find("<", begin);

@@ -18,7 +18,7 @@ QString utf8Text(std::string_view text);
 /// however large the file is. Call next() until it returns Token::End or Token::Error; after that
 /// it keeps returning the same token.
 ///
-/// The reader checks that elements are properly nested and that keys stand where keys belong. It
+/// The reader checks that elements are properly nested and that keys are where keys belong. It
 /// ignores the document type. The only entities it knows are the five of XML and numeric ones.
 class PropertyListReader {
 public:

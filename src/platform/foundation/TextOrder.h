@@ -6,7 +6,7 @@ namespace lyrabox {
 
 /// A collator that compares texts as people expect: by the alphabet of the user's language, without
 /// regard to case, and numbers within a text by value. Any thread may make one, but only one thread
-/// may use it.
+/// may use each.
 QCollator textCollator();
 
 } // namespace lyrabox

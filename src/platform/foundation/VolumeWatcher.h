@@ -11,7 +11,7 @@ class QSocketNotifier;
 
 namespace lyrabox {
 
-/// Posts volumeDidMount and volumeDidUnmount when any file system is mounted or unmounted, also one
+/// Posts volumeDidMount and volumeDidUnmount when any file system is mounted or unmounted, even one
 /// that file managers do not show. The kernel signals the change; nothing is polled. Main thread
 /// only.
 class VolumeWatcher : public QObject {

@@ -24,7 +24,7 @@ int octalDigit(char c)
     return c >= '0' && c <= '7' ? c - '0' : -1;
 }
 
-/// Decodes a field of the kernel's table, in which blanks and backslashes are written as a
+/// Decodes a field of the kernel's table, in which spaces and backslashes are written as a
 /// backslash and three octal digits.
 QString unescapedField(const QByteArray &field)
 {

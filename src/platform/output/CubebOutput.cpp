@@ -184,7 +184,7 @@ Status CubebOutput::giveUp() noexcept
 
 /// Halting the device drops the frames that it holds, which could click. So this function waits
 /// until the device has played the fade-out and holds only silence. It stops waiting if the device
-/// pulls no more frames.
+/// no longer pulls frames.
 void CubebOutput::waitForSilence() const noexcept
 {
     using namespace std::chrono;

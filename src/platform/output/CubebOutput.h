@@ -19,13 +19,13 @@ class OutputRenderer;
 /// All members belong to the control side (see AudioUnit.h) unless they say otherwise. Starts,
 /// stops and resets are faded over OutputRenderer::fadeFrames. The volume (parameter::outputVolume)
 /// is applied to the samples and not as the stream volume of the sound server. So it changes
-/// without steps, and the stream volumes, which the server stores, stay with the user.
+/// without steps, and the stream volumes, which the server stores, remain the user's.
 class CubebOutput : public OutputUnit {
 public:
-    /// The latency in frames (35 ms): how much the device holds between a pull and the ear, unless
-    /// the device needs more. Sound servers pull a quarter or half of it at a time, so the frames
-    /// still held at a pull last at least as long as the pull. With more latency the shown position
-    /// would be too far ahead of the sound: at double speed one frame here is two frames of song.
+    /// The latency in frames (35 ms): the time from a pull until the frames are heard, unless the
+    /// device needs more. Sound servers pull a quarter or half of it at a time, so the frames still
+    /// held at a pull last at least as long as the pull. With more latency the shown position would
+    /// be too far ahead of the sound: at double speed one frame here is two frames of song.
     static constexpr std::uint32_t preferredLatencyFrames = 1536;
 
     /// The environment variable that sets a longer latency, in whole milliseconds. It helps on
@@ -38,8 +38,8 @@ public:
     ~CubebOutput() override;
 
     void setLossListener(std::function<void()> listener) override;
-    /// Also soundServerHangs if a started device has pulled no frames for serverPatience. Only
-    /// calls of this function measure that time, so it should be called regularly.
+    /// Also soundServerHangs if a started device has pulled no frames for serverPatience. Only this
+    /// function measures that time, so it should be called regularly.
     Status deviceStatus() const noexcept override;
 
     /// Opens the device without starting it. noAudioDevice if there is no sound server or no

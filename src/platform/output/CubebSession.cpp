@@ -24,7 +24,7 @@ constexpr std::chrono::milliseconds shortPatience{250};
 /// The number of sessions that were cut off and whose thread still waits for the server.
 std::atomic<int> waitingSessions{0};
 
-/// Gives child processes the usual priority. PulseAudio's library may start a server, which must
+/// Gives child processes the normal priority. PulseAudio's library may start a server, which must
 /// not inherit the real-time priority of the calling thread.
 void startProcessesAsUsual()
 {

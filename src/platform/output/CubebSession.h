@@ -59,7 +59,8 @@ public:
     /// How many times the device has pulled frames. Any thread.
     std::uint64_t callbacks() const noexcept { return m_callbacks.load(std::memory_order_relaxed); }
 
-    /// The frames that the device holds between a pull and the ear. Known after open().
+    /// The latency of the device: the number of frames from a pull until they are heard. Known
+    /// after open().
     std::uint32_t latencyFrames() const noexcept { return m_latencyFrames; }
 
 private:

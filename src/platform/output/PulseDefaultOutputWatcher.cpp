@@ -32,7 +32,7 @@ using namespace std::chrono_literals;
 constexpr auto firstRetry = 100ms;
 constexpr auto longestRetry = 1000ms;
 
-// The pauses before a listener that requested a call is called again.
+// How long to wait before a listener that requested a call is called again.
 constexpr std::chrono::microseconds firstPause = 250ms;
 constexpr std::chrono::microseconds longestPause = 4000ms;
 
@@ -108,7 +108,7 @@ private:
             (event & PA_SUBSCRIPTION_EVENT_FACILITY_MASK) == PA_SUBSCRIPTION_EVENT_SINK;
         const bool isChange =
             (event & PA_SUBSCRIPTION_EVENT_TYPE_MASK) == PA_SUBSCRIPTION_EVENT_CHANGE;
-        // A sink changes with every move of its volume. Only new and removed sinks matter.
+        // A sink reports a change whenever its volume moves. Only new and removed sinks matter.
         if (!(aboutSink && isChange))
             static_cast<Connection *>(user)->query();
     }

@@ -7,8 +7,8 @@
 
 namespace lyrabox {
 
-/// The accessible interface of a drawn push button. Assistive programs can press it, which counts
-/// as a click, and read the state of a StateButton.
+/// The accessible interface of a drawn push button. Assistive technologies can press it, which
+/// counts as a click, and read the state of a StateButton.
 class ButtonAccessible : public QAccessibleWidget {
 public:
     explicit ButtonAccessible(QWidget *button);

@@ -7,7 +7,7 @@ class QAbstractScrollArea;
 namespace lyrabox {
 
 /// A gray text in the middle of a view that has nothing to show. The view still gets all mouse,
-/// keyboard and drop events. Assistive programs read the text as a label. Main thread.
+/// keyboard and drop events. Assistive technologies read the text as a label. Main thread.
 class EmptyViewText : public QLabel {
     Q_OBJECT
 

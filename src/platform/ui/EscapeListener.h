@@ -4,7 +4,7 @@
 
 namespace lyrabox {
 
-/// How EscapeWatch hears the key on one display system.
+/// Detects the Escape key on one display system, for EscapeWatch. Main thread.
 class EscapeListener {
 public:
     EscapeListener() = default;
@@ -16,12 +16,12 @@ public:
     virtual bool hasEscape() = 0;
 };
 
-/// Only while the toolkit is on X.
+/// Call it only if the toolkit uses X.
 std::unique_ptr<EscapeListener> listenForEscapeOnX();
 
-/// Whether the toolkit is on Wayland and shares its connection.
+/// Whether the toolkit uses Wayland and gives access to its connection.
 bool canListenForEscapeOnWayland();
-/// Only where that is so.
+/// Call it only if canListenForEscapeOnWayland().
 std::unique_ptr<EscapeListener> listenForEscapeOnWayland();
 
 } // namespace lyrabox

@@ -34,7 +34,7 @@ public:
         if (xcb_connection_has_error(m_server.get()) != 0)
             return;
         findEscape();
-        // A key press goes to every client that has asked for those of the window.
+        // A key press goes to every client that has selected key presses of the window.
         const std::uint32_t mask = XCB_EVENT_MASK_KEY_PRESS;
         for (const QWindow *window : QGuiApplication::topLevelWindows()) {
             if (window->handle() != nullptr && window->isVisible()) {

@@ -15,7 +15,7 @@ public:
     /// Shows `image`, or its text() if the image is null.
     explicit MatrixCell(const NamedImage &image, QWidget *parent);
 
-    /// Whether the cell is at the beginning or end of its row; both true at first.
+    /// Whether the cell is at the beginning or end of its row; both are true by default.
     void setIsFirst(bool first);
     void setIsLast(bool last);
 

@@ -11,7 +11,7 @@ namespace lyrabox {
 
 /// One of the program's own images, found by name among the compiled-in drawings
 /// (`:/images/NAME.svg`). It keeps its name so that callers can find a variant ("Light", "Alt").
-/// Drawings are rendered at device resolution. If there is no drawing of that name, the image is
+/// Drawings are rendered at device resolution. If there is no drawing with that name, the image is
 /// null but keeps the name. Main thread.
 class NamedImage {
 public:

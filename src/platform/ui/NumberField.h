@@ -7,7 +7,7 @@ namespace lyrabox {
 /// A text field for one number. A value set by code is shown with up to two decimals and the
 /// suffix. The user may type either decimal mark, with or without the suffix. When an edit ends, by
 /// Return or because the field loses the focus, entered() is sent once; floatValue() then returns
-/// the typed number, or 0 if the text is no number. Escape restores the last shown value. Main
+/// the typed number, or 0 if the text is not a number. Escape restores the last shown value. Main
 /// thread.
 class NumberField : public QLineEdit {
     Q_OBJECT
@@ -24,16 +24,16 @@ public:
     /// Shows `value` and discards an edit in progress.
     void setFloatValue(float value);
 
-    /// Text shown after the number; empty at first.
+    /// Text shown after the number; empty by default.
     QString suffix() const { return m_suffix; }
     void setSuffix(const QString &suffix);
-    /// How many decimals are always shown, 0 to 2; 0 at first.
+    /// How many decimals are always shown, 0 to 2; 0 by default.
     int minimumDecimals() const { return m_minimumDecimals; }
     void setMinimumDecimals(int decimals);
 
-    /// Sets limits for typed numbers; at first there are none. A typed number outside the limits is
-    /// moved to the nearest limit before entered() is sent. If the text is no number, the last
-    /// shown value returns and entered() is not sent.
+    /// Sets limits for typed numbers; by default there are none. A typed number outside the limits
+    /// is replaced with the nearest limit before entered() is sent. If the text is not a number,
+    /// the last shown value returns and entered() is not sent.
     void setLimits(float minimum, float maximum);
 
     /// Ends an edit in progress, as Return does. The keyboard focus does not move.

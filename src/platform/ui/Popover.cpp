@@ -177,7 +177,7 @@ void Popover::showRelativeTo(QWidget *anchor, Edge preferredEdge)
     m_anchor = anchor;
     m_preferredEdge = preferredEdge;
     setParent(anchor->window());
-    // Assistive programs call the panel by the question that it asks.
+    // For assistive technologies the panel is named after the question that it asks.
     const auto *question = m_contentView ? m_contentView->findChild<QLabel *>() : nullptr;
     if (question == nullptr)
         setAccessibleName({});

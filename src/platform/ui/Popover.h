@@ -23,15 +23,15 @@ public:
     void setContentView(QWidget *view);
     QWidget *contentView() const { return m_contentView; }
 
-    /// The size of the content in device-independent pixels; at first the view's own size. The
+    /// The size of the content in device-independent pixels; by default the view's own size. The
     /// panel is larger by its border and arrow.
     void setContentSize(const QSize &size);
 
     /// Shows the popover next to `anchor`, on `preferredEdge` if the window has room there,
     /// otherwise on the opposite side. The first focusable control of the content takes the
     /// keyboard. While the popover is shown, Tab stays inside it, Return presses the content's
-    /// default button and Escape closes it. Assistive programs name the panel by its first label:
-    /// the label's accessible name, or its text.
+    /// default button and Escape closes it. Assistive technologies name the panel by its first
+    /// label: the label's accessible name, or its text.
     void showRelativeTo(QWidget *anchor, Edge preferredEdge);
 
     /// Sets the content view, takes its present size and shows the popover. Ownership as in

@@ -37,7 +37,7 @@ public:
     QWidget *leftPane() const { return m_left; }
     QWidget *rightPane() const { return m_right; }
 
-    /// The widget that the user drags. It takes the keyboard by Tab.
+    /// The widget that the user drags. Tab gives it the keyboard.
     QWidget *divider() const { return m_handle; }
 
     /// Sets the delegate. It is not owned and must outlive the view.
@@ -67,7 +67,7 @@ protected:
 private:
     /// Mirrors the panes in a right-to-left layout, and places the handle over the divider.
     void arrange();
-    /// `x` of something `extent` wide, mirrored in a right-to-left layout.
+    /// The left edge of an item at `x` that is `extent` wide, mirrored in a right-to-left layout.
     int mirrored(int x, int extent) const;
 
     QWidget *m_left = nullptr;

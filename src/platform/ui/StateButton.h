@@ -42,7 +42,7 @@ public:
     Highlight highlightMode() const { return m_highlightMode; }
     void setHighlightMode(Highlight mode);
 
-    /// Whether the image is drawn paler while the button is disabled; true at first.
+    /// Whether the image is drawn paler while the button is disabled; true by default.
     bool imageDimsWhenDisabled() const { return m_imageDimsWhenDisabled; }
     void setImageDimsWhenDisabled(bool dims);
 

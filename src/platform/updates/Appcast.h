@@ -19,7 +19,7 @@ struct AppcastItem {
 
 /// Reads an appcast: an RSS feed in which each item has a version, as an element or as an attribute
 /// of its enclosure. None if `feed` is malformed or not an RSS feed. Items without a version and
-/// items for other systems are left out. Any thread.
+/// items for other systems are skipped. Any thread.
 std::optional<std::vector<AppcastItem>> parseAppcast(const QByteArray &feed);
 
 /// Compares versions by their numbers: 1.10 is newer than 1.9, and 1.0 equals 1.0.0. A pre-release

@@ -44,7 +44,8 @@ public:
 
     bool automaticallyChecksForUpdates() const { return m_dailyTimer.isActive(); }
 
-    /// True checks now and then once a day, and reports only updates. False ends this.
+    /// With true, checks now and then once a day, and reports only updates. With false, stops doing
+    /// so.
     void setAutomaticallyChecksForUpdates(bool automatically);
 
     /// Checks because the user asked, and reports any result. If an automatic check is running, its
