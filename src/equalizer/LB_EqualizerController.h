@@ -69,8 +69,8 @@ public:
     lyrabox::StateButton *addRemoveButton() const { return m_addRemoveButton; }
     void setAddRemoveButton(lyrabox::StateButton *button) { m_addRemoveButton = button; }
 
-    /// A copy of the selected record. It shares its levels with the record in the list. Nothing
-    /// before the launch.
+    /// A copy of the selected record. It shares its levels with the record in the list. None before
+    /// the launch.
     const std::optional<lyrabox::EqPreset> &currentPreset() const { return m_currentPreset; }
     /// The presets in the order of the table.
     const lyrabox::EqPresetList &arrangedObjects() const;
@@ -85,8 +85,8 @@ public:
     void boxValueChanged(lyrabox::NumberField *sender);
     void eqButtonPressed(lyrabox::ButtonMatrix *sender);
     /// Opens a popover. If a built-in preset is selected, it asks for the name of a new preset.
-    /// Otherwise it asks whether to remove the selected one. It closes when another preset is
-    /// selected that its question does not fit.
+    /// Otherwise it asks whether to remove the selected one. It closes when a preset is selected to
+    /// which its question does not apply.
     void addRemoveButtonPressed(QWidget *sender);
     void addPresetNameEntered(QLineEdit *sender);
     /// Removes the preset that the popover asks about, or the selected one if the popover is
@@ -101,8 +101,8 @@ public:
     /// The engine's parameter ID for a band of the user interface.
     static quint32 eqBandForIndex(quint32 index) { return lyrabox::equalizerBandOfControl(index); }
 
-    /// Sorts the presets: built-in ones first, by their "persistent" text in falling order, then by
-    /// name in the user's alphabet.
+    /// Sorts the presets: built-in ones first, by their "persistent" text in descending order, then
+    /// by name in the user's alphabet.
     static lyrabox::EqPresetList arrangeObjects(const lyrabox::EqPresetList &presets);
 
 private:

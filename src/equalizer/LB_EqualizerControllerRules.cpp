@@ -1,4 +1,4 @@
-// The parts that need no window: steps, ids and the order of the presets.
+// The parts of LB_EqualizerController that need no window: steps, ids and the order of the presets.
 
 #include "equalizer/LB_EqualizerController.h"
 #include "platform/ui/StepTags.h"

@@ -6,8 +6,8 @@
 
 namespace lyrabox {
 
-/// A table of the presets in the order that setArrangedObjects() is given. Its one column holds the
-/// names.
+/// The model of the preset table. Its rows are the presets in the order in which
+/// setArrangedObjects() gets them, its one column holds the names. Main thread.
 class PresetTableModel : public QAbstractTableModel {
     Q_OBJECT
 

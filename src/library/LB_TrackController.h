@@ -121,7 +121,7 @@ public:
     const QString &emptyText() const { return m_emptyText; }
 
     // Search and sort.
-    /// Filters by the field's text, including its blanks. An empty text shows everything.
+    /// Filters by the field's text, including its spaces. An empty text shows everything.
     void searchTextEntered(QLineEdit *searchField);
 
     const std::vector<lyrabox::SortDescriptor> &sortDescriptors() const

@@ -6,8 +6,8 @@
 
 namespace lyrabox {
 
-/// The text of a status in messages: its four bytes, most significant first, if all are printable
-/// ASCII. Otherwise the first four characters of its decimal value.
+/// The text that messages show for a status: its four bytes, most significant first, if all are
+/// printable ASCII. Otherwise the first four characters of its decimal value.
 QString statusText(Status status);
 
 } // namespace lyrabox

@@ -19,7 +19,7 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-// Letters with a stroke, and the dotless i, have no decomposition, but are read as the plain
+// Letters with a stroke, and the dotless i, have no decomposition, but should match the plain
 // letter.
 QChar withoutStroke(QChar c)
 {

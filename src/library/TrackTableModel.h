@@ -37,7 +37,7 @@ public:
     /// The column of a record key, or -1.
     static int columnWithIdentifier(const QString &key);
 
-    /// Replaces the records. The search text stays in force.
+    /// Replaces the records. The search text still applies.
     void setContent(const TrackRecordList &records);
 
     /// All records in sort order.

@@ -9,7 +9,8 @@ LB_ForwardButton::AfterStep LB_ForwardButton::step(Press press)
     const LB_AudioController *audio = navView()->audio();
     const auto format = audio->audioBufferFormat();
     const auto remaining = static_cast<double>(audio->totalFrames() - audio->currentFrame());
-    // A press by mouse stops further from the end than one by key.
+    // Seeking with the mouse stops four seconds before the end, seeking with a key one second
+    // before. (A frame of one channel has four bytes.)
     const double limit =
         press == Press::Mouse ? format.mSampleRate * format.mBytesPerFrame : format.mSampleRate;
     if (remaining > limit)

@@ -6,7 +6,8 @@ class LB_NavigationView;
 
 namespace lyrabox {
 
-/// Presents the navigation bar to assistive programs as a slider over the song, in whole seconds.
+/// Presents the navigation bar to assistive technologies as a slider over the song, in whole
+/// seconds.
 class PositionAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit PositionAccessible(LB_NavigationView *view);
@@ -27,7 +28,7 @@ private:
 /// Registers the accessible objects of this folder's views. Their constructors call it.
 void installAccessibleNavigation();
 
-/// Tells assistive programs that the position has jumped.
+/// Tells assistive technologies that the position has jumped.
 void announcePosition(LB_NavigationView *view);
 
 } // namespace lyrabox

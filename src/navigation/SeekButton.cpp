@@ -13,7 +13,7 @@ SeekButton::SeekButton(QWidget *parent)
     : StateButton(parent), m_events(std::make_unique<TimerPeriodicEvents>())
 {
     setFocusPolicy(Qt::TabFocus);
-    // Mouse and keys are handled below. This signal comes from assistive programs.
+    // Mouse and keys are handled below. This signal comes from assistive technologies.
     connect(this, &QAbstractButton::clicked, this, [this] { clickAction(); });
 }
 

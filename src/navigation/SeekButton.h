@@ -32,10 +32,10 @@ public:
     LB_NavigationView *navView() const { return m_navView; }
     void setNavView(LB_NavigationView *view) { m_navView = view; }
 
-    /// Takes over the periodic delay and interval of the interface definition.
+    /// Adopts the periodic delay and interval of the interface definition.
     void awakeFromNib();
 
-    /// Begins a press if the event's key is this button's. Returns whether it is; also true if the
+    /// Begins a press if the event's key is this button's. Returns whether it is, even if the
     /// button is disabled and nothing happens. Returns at once; the event loop delivers the
     /// release.
     bool performKeyEquivalent(QKeyEvent *event);

@@ -20,9 +20,9 @@ FocusKind focusKind(const QWidget *focus);
 /// Whether a key (an arrow or Space) goes to the transport and not to the focused widget.
 bool transportTakesKey(int key, FocusKind focus);
 
-/// The transport area of the main window. It takes the focus if no other widget wants it. It passes
-/// keys to the seek buttons from its own window and the added ones, unless the focused widget needs
-/// them. Main thread.
+/// The transport area of the main window. It takes the focus if no other widget wants it. Unless
+/// the focused widget needs a key, it passes keys of its own window and of the added ones to the
+/// seek buttons. Main thread.
 class TransportView : public QWidget {
     Q_OBJECT
 

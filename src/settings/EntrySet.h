@@ -8,7 +8,7 @@
 
 namespace lyrabox {
 
-/// Dictionaries keyed by one of their members, as they stand in the arrays of "UserSettings.plist".
+/// Dictionaries keyed by one of their members, as stored in the arrays of "UserSettings.plist".
 /// Entries that were loaded stay unchanged, even if several have the same identifier, until
 /// replace() or remove() is called for that identifier; docs/kept-on-purpose.md says why.
 class EntrySet {
@@ -16,8 +16,8 @@ public:
     /// `identifierKey` is the key of the member that identifies an entry.
     explicit EntrySet(QString identifierKey);
 
-    /// Replaces the content by the dictionaries in `array`; other elements are left out. A
-    /// dictionary without a text under the identifier key is kept, but find() never returns it.
+    /// Replaces the content with the dictionaries in `array`; other elements are ignored. A
+    /// dictionary without a string under the identifier key is kept, but find() never returns it.
     void load(const PropertyList &array);
 
     /// The entry with that identifier, or the last one if several were loaded; null if there is

@@ -37,8 +37,8 @@ PropertyList shipped(const QString &name)
     return readPropertyList(u":/settings/"_s + name).value_or(PropertyList());
 }
 
-/// The paths of the shipped folders. In the file they are relative to the folder of resources that
-/// is installed with the program.
+/// The paths of the shipped folders. In the file they are relative to the installed folder of
+/// resources.
 QStringList shippedFolders()
 {
     const QDir resources(files::sharedResourceDirectory());

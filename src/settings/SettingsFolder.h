@@ -10,8 +10,8 @@ namespace lyrabox {
 /// The folder that holds the settings files and the lock of the running program.
 struct SettingsFolder {
     std::optional<QUrl>
-        url; ///< its place, even if it could not be made; none if the user has no data folder
-    std::error_code error; ///< set if it could not be made
+        url; ///< set even if the folder could not be created; none if the user has no data folder
+    std::error_code error; ///< set if the folder could not be created
 
     bool isThere() const { return url && !error; }
 };

@@ -27,7 +27,7 @@ PropertyList songEntry(SongValues values, const QString &inode);
 SortDescriptor sortDescriptor(const PropertyList &entry, const SortDescriptor &fallback);
 PropertyList sortEntry(const SortDescriptor &descriptor, const QString &listID);
 
-/// The presets in an array of preset dictionaries, in its order. Other elements are left out. A
+/// The presets in an array of preset dictionaries, in its order. Other elements are skipped. A
 /// preset without a usable "id" (an integer from 0 to 2^31 - 1) gets the largest id in the array
 /// plus 1. A preset has ten levels, which are finite and within eqLevelLimit: missing and malformed
 /// levels become 0, surplus ones are dropped. Members with unknown keys are kept in

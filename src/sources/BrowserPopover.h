@@ -9,7 +9,7 @@ namespace lyrabox {
 
 /// The parts of a directory browser that was just built.
 struct BrowserPopoverContent {
-    QWidget *view; ///< The caller takes ownership. Owns the other two.
+    QWidget *view; ///< The caller takes ownership. The view owns the other two.
     LB_BrowserController *controller;
     LB_BrowserButton *okButton; ///< Enabled while a row is selected.
 };

@@ -49,8 +49,8 @@ void LB_SourceTabView::showTab(Tab tab)
 
 void LB_SourceTabView::selectNoSource()
 {
-    // Files that were opened or dropped belong to no source. With nothing selected on either tab, a
-    // click brings a source's list back; the next start selects no folder.
+    // Files that were opened or dropped do not belong to a source. Nothing is selected on either
+    // tab, so that a click brings a source's list back. The next start selects no folder.
     m_folderController->deselectFolder();
     m_playlistController->deselectPlaylist();
 }

@@ -36,7 +36,7 @@ QLabel *LB_PopoverViewController::messageField() const
 
 void LB_PopoverViewController::askAbout(const QString &question, const QString &name)
 {
-    constexpr double nameShare = 0.85; // of a line; the rest is for quotation and question marks
+    constexpr double nameShare = 0.85; // of a line; quotation and question marks take the rest
     QLabel *message = messageField();
     message->ensurePolished();
     const QMargins margins = m_view->layout()->contentsMargins();

@@ -35,8 +35,9 @@ public:
     double step() const { return m_step; }
     void setStep(double step);
 
-    /// How far an arrow key moves the slider, and how far PageUp and PageDown do. At first `step`,
-    /// or a hundredth of the range if that is 0; and ten times as far.
+    /// The distance that an arrow key moves the slider. By default it is `step`, or a hundredth of
+    /// the range if `step` is 0. PageUp and PageDown move it by `page`, by default ten times as
+    /// far.
     double keyStep() const;
     void setKeySteps(double arrow, double page);
 
@@ -57,8 +58,8 @@ public:
     double displayedValue() const;
     bool isGliding() const { return m_glideTimer.isActive(); }
 
-    /// For tests: replaces the clock of the animation. It returns milliseconds; at first a steady
-    /// clock.
+    /// For tests: replaces the clock of the animation. It returns milliseconds. The default is a
+    /// steady clock.
     using Clock = std::function<qint64()>;
     void setGlideClock(Clock clock) { m_clock = std::move(clock); }
 

@@ -37,7 +37,7 @@ void drawBackground(QPainter &painter, const QRectF &frame, const QColor &fill)
     painter.fillRect(frame, translucent);
 }
 
-/// Draws the text and returns the x coordinate of its end. `room` points at the right stay free.
+/// Draws the text and returns the x coordinate of its end. Leaves `room` points free on the right.
 double drawText(QPainter &painter, const QRectF &frame, const QString &text,
                 Qt::Alignment alignment, double room)
 {

@@ -32,7 +32,7 @@ public:
     static void drawSelectionInRect(QPainter &painter, const QRect &rect, bool emphasized,
                                     SelectionHighlightStyle style = SelectionHighlightStyleRegular);
 
-    /// Whether the rows of `view` are emphasized, which is so while it has the keyboard.
+    /// Whether the rows of `view` are emphasized. They are while the view has the keyboard focus.
     static bool isEmphasized(const QWidget *view);
 
     SelectionHighlightStyle selectionHighlightStyle() const { return m_style; }

@@ -13,7 +13,8 @@ QString timeText(quint64 seconds);
 /// Turns a duration in seconds into the text of a time column. Any thread.
 class SecondsToMinutesTransformer {
 public:
-    /// The timeText() of whole seconds, the fraction cut off. The number may be a text. An invalid
-    /// value gives "". A negative number, or a text that is no number, counts as 0.
+    /// The timeText() of the seconds, truncated to whole ones. A string with a number is accepted,
+    /// too. An invalid value gives "". A negative number, or a string that is not a number, counts
+    /// as 0.
     static QString transformedValue(const QVariant &seconds);
 };

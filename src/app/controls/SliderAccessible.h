@@ -4,8 +4,8 @@
 
 class LB_Slider;
 
-/// The accessible interface of an LB_Slider. Assistive programs read its value, range and step, and
-/// can move it as the user can. Main thread.
+/// The accessible interface of an LB_Slider. Assistive technologies read its value, range and step,
+/// and can move it as the user can. Main thread.
 class SliderAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit SliderAccessible(LB_Slider *slider);
@@ -14,7 +14,7 @@ public:
     /// anything.
     static void install();
 
-    /// Notifies assistive programs that the slider's value has changed.
+    /// Notifies assistive technologies that the slider's value has changed.
     static void announce(LB_Slider *slider);
 
     void *interface_cast(QAccessible::InterfaceType type) override;

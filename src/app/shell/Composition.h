@@ -14,8 +14,8 @@ class MediaPlayerBridge;
 class ProgressPanel;
 
 /// The composition root. It owns the parts of the program, lets each room wire its own (Room.h),
-/// and wakes the controllers in the fixed start-up order. Nothing else in the program knows
-/// everything. Main thread; one object.
+/// and wakes the controllers in the fixed start-up order. No other class knows all of them. Main
+/// thread; one object.
 class Composition : public QObject {
     Q_OBJECT
 
@@ -39,8 +39,8 @@ public:
     /// does anything.
     void terminate();
 
-    /// Brings the main window to the front. `activationToken`: the right to do so on Wayland, which a
-    /// second start hands over; may be empty.
+    /// Brings the main window to the front. `activationToken` is the token that Wayland requires
+    /// for this; a second instance passes it on. It may be empty.
     void bringToFront(const QString &activationToken = {});
 
     /// Makes audio files the list of songs and plays the first one. Adds folders to the list of

@@ -20,9 +20,9 @@ void Composition::showMainWindow()
     windowMemory::restoreDivider(m_parts.mainUi.splitView); // its limits need the real width
 }
 
-/// Building the list of the remembered folder may take long. Then the window is shown before it and
-/// kept painted, and input waits for the event loop. A quick start paints the window once, when
-/// everything is ready.
+/// Building the list of the remembered folder may take long. In that case the window is shown first
+/// and repainted meanwhile, and input waits for the event loop. A quick start paints the window
+/// once, when everything is ready.
 void Composition::paintWhileLaunching()
 {
     if (!m_isLaunching)

@@ -15,7 +15,7 @@ class FileDrop : public QObject {
 
 public:
     /// `view` owns the object. `dropped` is called with the local files of each drop; other URLs
-    /// are left out, and a drop without local files is refused.
+    /// are ignored, and a drop without local files is refused.
     FileDrop(QAbstractScrollArea *view, std::function<void(const QList<QUrl> &urls)> dropped);
 
 protected:

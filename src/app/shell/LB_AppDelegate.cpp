@@ -125,8 +125,8 @@ void LB_AppDelegate::searchFieldCanceled(lyrabox::SearchField *sender)
 
 void LB_AppDelegate::controlTextDidEndEditing()
 {
-    // If the focus has moved to another control, it stays there. Only after Return is it still in
-    // the field.
+    // If the focus has moved to another control, it stays there. It is still in the field only
+    // after Return.
     if (m_searchField->hasFocus())
         m_transportView->setFocus();
 }

@@ -15,7 +15,7 @@ class StateButton;
 namespace looks {
 
 /// Gives `matrix` its three cells (StepTags.h). The cell in the middle shows the reset image. The
-/// names are tool tips and names for assistive programs.
+/// names are tool tips and names for assistive technologies.
 void addSteps(ButtonMatrix *matrix, const QString &downText, const QString &downName,
               const QString &resetName, const QString &upText, const QString &upName);
 

@@ -113,7 +113,7 @@ void MainMenu::addHelpMenu()
 QMenu *MainMenu::addMenu(const QString &title)
 {
     QMenu *menu = m_window->menuBar()->addMenu(title);
-    // Assistive programs use the name of the menu, not its title.
+    // Assistive technologies use the name of the menu, not its title.
     menu->setAccessibleName(QString(title).remove(u'&'));
     return menu;
 }

@@ -25,8 +25,8 @@ struct OpenRequest {
     QList<Refused> refused;
 };
 
-/// Groups `urls` by what they are. Looks at the file system, but opens nothing. A disk that does
-/// not answer delays the call by a few seconds at most. Main thread.
+/// Sorts `urls` into files, folders and refused items. Looks at the file system, but opens nothing.
+/// A disk that does not answer delays the call by a few seconds at most. Main thread.
 OpenRequest classify(const QList<QUrl> &urls);
 
 /// A message about refused items, in one line; empty if there are none.

@@ -15,7 +15,7 @@ struct Text {
     Q_DECLARE_TR_FUNCTIONS(ProgressText)
 };
 
-/// `number` as Qt takes it to choose a plural form.
+/// `number` in the type that Qt uses to choose a plural form.
 int plural(qint64 number)
 {
     return static_cast<int>(std::min<qint64>(number, std::numeric_limits<int>::max()));

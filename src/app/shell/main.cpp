@@ -77,7 +77,7 @@ void nameApplication()
 
 /// Loads the modules in the background, one after the other. The windows wait for the output
 /// module, so it comes first. The decoders follow here only if songs will be opened before the
-/// first picture. If there is no thread, each module is loaded by its first user.
+/// first picture. If no thread can be started, the code that first needs a module loads it.
 std::jthread loadModules(const CommandLine &line)
 {
     const bool opensSongs =
