@@ -14,7 +14,7 @@ class MediaPlayerBridge;
 class ProgressPanel;
 
 /// The composition root. It owns the parts of the program, lets each room wire its own (Room.h),
-/// and wakes the controllers in the fixed start-up order. No other class knows all of them. Main
+/// and wakes the controllers in the fixed start-up order. No other class knows all the parts. Main
 /// thread; one object.
 class Composition : public QObject {
     Q_OBJECT
