@@ -47,10 +47,10 @@ public:
     {
         return m_renderer.heldFrames(deviceFrames);
     }
-    /// Frames that the device is said to hold.
+    /// How many frames the pretended device holds.
     std::uint32_t deviceFrames = 0;
 
-    /// Stands for the device's callback. Writes `frames` frames of interleaved stereo.
+    /// Takes the place of the device's callback. Writes `frames` frames of interleaved stereo.
     void pull(float *interleaved, std::uint32_t frames) noexcept
     {
         m_renderer.render(interleaved, frames);

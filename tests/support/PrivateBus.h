@@ -56,7 +56,7 @@ private:
 };
 
 /// A service that handles every call by a function. The function returns true if it has replied or
-/// if no reply shall be sent.
+/// if there should be no reply.
 class FakeService : public QDBusVirtualObject {
 public:
     using Answer = std::function<bool(const QDBusMessage &, const QDBusConnection &)>;

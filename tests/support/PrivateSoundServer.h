@@ -30,8 +30,8 @@ class PrivateSoundServer {
 public:
     enum class Kind { PulseAudio, PipeWire };
     /// The environment variable that chooses the server: "pulseaudio" or "pipewire". Without it the
-    /// server is PulseAudio where it is installed, and PipeWire elsewhere: PulseAudio's package
-    /// cannot be installed on a desktop that plays ALSA's programs through PipeWire.
+    /// server is PulseAudio if that is installed, otherwise PipeWire: PulseAudio's package cannot
+    /// be installed on a desktop that plays ALSA's programs through PipeWire.
     static constexpr const char *kindVariable = "LYRABOX_TEST_SOUND_SERVER";
     static Kind chosenKind();
 
@@ -57,7 +57,7 @@ public:
     /// Kills the server and waits for its end.
     void kill();
 
-    /// Stops the processes of the server until resume(): it neither answers nor plays.
+    /// Stops the processes of the server until resume(): it does not answer and does not play.
     void hang();
     void resume();
 

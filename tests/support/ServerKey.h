@@ -11,10 +11,9 @@
 
 namespace lyrabox::test {
 
-/// A key press in the form in which an X server sends it to the window with the keyboard focus.
-/// While the key is held, each repeat is a release and a press with the same timestamp; the toolkit
-/// marks some of them as repeats. Only one object at a time. The display also knows whether the key
-/// is down.
+/// A key press as an X server sends it to the window with the keyboard focus. While the key is
+/// held, each repeat is a release and a press with the same timestamp; the toolkit marks some of
+/// them as repeats. Only one object at a time. The display also knows whether the key is down.
 class ServerKey {
 public:
     struct Way {

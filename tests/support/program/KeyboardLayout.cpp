@@ -7,7 +7,7 @@
 namespace lyrabox::test {
 namespace {
 
-/// XKB counts keys from here on.
+/// XKB's key codes start here.
 constexpr xkb_keycode_t firstCode = 8;
 
 xkb_keymap *makeKeymap(xkb_context *context)

@@ -12,7 +12,7 @@ struct xkb_state;
 
 namespace lyrabox::test {
 
-/// The American keyboard: which key gives which symbol, and which modifiers the pressed keys make.
+/// The US keyboard layout: maps symbols to keys and keeps track of the pressed modifiers.
 class KeyboardLayout {
 public:
     KeyboardLayout();
@@ -20,21 +20,21 @@ public:
     KeyboardLayout(const KeyboardLayout &) = delete;
     KeyboardLayout &operator=(const KeyboardLayout &) = delete;
 
-    /// A key by the kernel's code.
+    /// A key, given by the kernel's key code.
     struct Key {
         quint32 code = 0;
         bool needsShift = false;
     };
-    /// By the name of its symbol, such as "Return"; nothing where no key has it.
+    /// The key with the symbol of that name, such as "Return"; none if no key has it.
     std::optional<Key> keyOfSymbol(const QString &name) const;
     std::optional<Key> keyOfCharacter(QChar character) const;
 
-    /// Remembers that a key is down, or no longer.
+    /// Records that a key is down or up.
     void setKey(quint32 code, bool down);
     quint32 depressedModifiers() const;
     quint32 lockedModifiers() const;
 
-    /// The layout as text, in XKB's first format.
+    /// The layout in XKB's text format, version 1.
     QByteArray text() const;
 
 private:

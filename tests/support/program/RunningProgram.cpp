@@ -61,7 +61,7 @@ RunningProgram::~RunningProgram()
             folder.filePath(QString::fromLatin1(test->name()).replace(u'/', u'-') + u".png"_s));
     }
     EXPECT_NE(m_program.exitStatus(), QProcess::CrashExit) << "the program has crashed";
-    // Not killed: a sanitizer tells only at the end of leaks and of what it has seen.
+    // Not killed, because a sanitizer reports leaks only at the regular end.
     if (isRunning()) {
         EXPECT_EQ(sendSignalAndWait(SIGTERM), 0) << "its end reports a fault";
     }
@@ -87,7 +87,7 @@ QString RunningProgram::makeFolder(const QString &name, const std::vector<Tone> 
 
 void RunningProgram::addStepSong(const QString &folder, const QString &title, int seconds)
 {
-    // The tones meet without a jump: at a whole second each has made a whole number of periods.
+    // The tones join without a jump, because each has a whole number of periods in a second.
     runFfmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s,
                u"aevalsrc=0.4*sin(2*PI*(400+50*floor(t))*t):s=44100:d=%1"_s.arg(seconds), u"-ac"_s,
                u"2"_s, u"-metadata"_s, u"title="_s + title,
@@ -115,7 +115,7 @@ void RunningProgram::startWithoutWindow(const QStringList &arguments)
     if (heedsPermissions)
         m_program.setChildProcessModifier([] {
             prctl(PR_SET_PDEATHSIG, SIGKILL);
-            // Not held by a program that is started without them; an ordinary user has none.
+            // MISS
             prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
             prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
         });
@@ -145,7 +145,7 @@ void RunningProgram::waitForEventLoop()
         m_frame = place::mainWindow.adjusted(0, 0, wider, 0);
         display.place(m_window, m_frame);
         EXPECT_TRUE(waitUntil([this] {
-            constexpr int light = 200; // other than what lies behind the window
+            constexpr int light = 200; // brighter than the background of the screen
             return qGray(window().pixel(m_frame.width() - 2, m_frame.height() / 2)) > light;
         })) << "the window does not follow its size";
     }
@@ -217,7 +217,7 @@ QProcessEnvironment RunningProgram::environment() const
     if (!slowFile.isEmpty()) {
         environment.insert(u"LYRABOX_SLOW_FILE"_s, slowFile);
         environment.insert(u"LD_PRELOAD"_s, QStringLiteral(LYRABOX_SLOW_READING));
-        // The sanitizer would insist on being loaded first.
+        // Otherwise the sanitizer refuses to start, because it is not the first library.
         environment.insert(u"ASAN_OPTIONS"_s,
                            environment.value(u"ASAN_OPTIONS"_s) + u":verify_asan_link_order=0"_s);
     }
@@ -275,7 +275,7 @@ bool RunningProgram::showsMessage() const
 
 bool RunningProgram::waitForSongs(int count) const
 {
-    // The panel over a list that is being built may look like the text of a row.
+    // The progress panel may be mistaken for the text of a row.
     return waitUntil([&] {
         return !showsProgress() && (count == 0 || !songRowIsEmpty(count - 1)) &&
                songRowIsEmpty(count);
@@ -313,7 +313,7 @@ bool RunningProgram::reads(const QString &folder) const
 
 bool RunningProgram::waitForSelectedSource(int row) const
 {
-    // The ground of a selected row is darker than that of the list, focused or not.
+    // The background of a selected row is darker than the list's, with or without the focus.
     return waitUntil([&] { return qGray(window().pixel(place::sourceRowEnd(row))) < 215; });
 }
 

@@ -17,17 +17,18 @@
 
 namespace lyrabox::test {
 
-/// The program as it is built, on a screen and a sound server of the test's own and with a home
-/// folder of its own: started, used with mouse and keys, heard, ended and started again. A test
-/// that fails leaves a picture of the screen in the build folder's "screenshots".
+/// Runs the real program on a private screen and a private sound server, with its own home folder.
+/// Tests use it with mouse and keys, listen to it, end it and start it again. A failed test saves a
+/// picture of the screen in the build folder's "screenshots".
 class RunningProgram : public testing::Test {
 protected:
     explicit RunningProgram(PrivateSoundServer::Kind server = PrivateSoundServer::chosenKind(),
                             VirtualDisplay::Kind kind = VirtualDisplay::usualKind());
     ~RunningProgram() override;
 
-    /// Before the first start: a folder of songs in the folder list, selected and sorted by title.
-    /// Songs are listed in the order of their titles, whatever their files are called.
+    /// A song with one tone; times in seconds, frequency in hertz, amplitude linear. Before the
+    /// first start, makeFolder() makes a folder of such songs, and showFolder() puts it into the
+    /// folder list, selected and sorted by title. File names do not affect the order.
     struct Tone {
         QString title;
         double frequency = 440.0;
@@ -36,30 +37,30 @@ protected:
     };
     QString makeFolder(const QString &name, const std::vector<Tone> &songs);
     void showFolder(const QString &path);
-    /// A song in that folder whose tone rises every second: second n is heard at stepFrequency(n).
+    /// Adds a song whose tone rises every second: second n has the frequency stepFrequency(n).
     void addStepSong(const QString &folder, const QString &title, int seconds);
     static double stepFrequency(double second) { return 400.0 + 50.0 * second; }
 
-    /// Before a start: an environment variable of the program's.
+    /// Sets an environment variable of the program. Call it before the start.
     void setVariable(const QString &name, const QString &value) { m_variables.insert(name, value); }
 
-    /// Starts the program and waits for its window, which it then puts to its place unless
-    /// `size` says that its own is of interest.
+    /// Starts the program and waits for its window. Size::Usual moves and resizes the window to the
+    /// frame that click() and the pictures expect; Size::ItsOwn leaves it.
     enum class Size { Usual, ItsOwn };
     void start(Size size = Size::Usual, const QStringList &arguments = {});
-    /// Starts it and waits for nothing.
+    /// Starts the program and does not wait.
     void startWithoutWindow(const QStringList &arguments = {});
-    /// The exit status; -1, with a test failure, when it does not end.
+    /// Quits the program. Returns its exit status, or -1 with a test failure if it does not end.
     int quit();
     int sendSignalAndWait(int signal);
-    /// A second process beside the first, started in `folder`: its exit status, -1 when it does not
-    /// end.
+    /// Runs a second process in the working folder `folder`. Returns its exit status, or -1 if it
+    /// does not end.
     int startSecond(const QStringList &arguments = {}, const QString &folder = {});
-    /// The same with one argument, whose bytes the shell's printf makes of `format`.
+    /// The same with one argument: the bytes that the shell's printf writes for `format`.
     int startSecondWithBytes(const QString &format);
-    /// Waits for the end that something else brings about: the exit status, -1 when it stays.
+    /// Waits until the program ends by itself. Returns its exit status, or -1 if it does not end.
     int waitForEnd() { return waitForEnd(m_program); }
-    /// Ends it at once, and returns when it is gone.
+    /// Kills the program and returns when it is gone.
     void killAtOnce();
     pid_t processId() const { return static_cast<pid_t>(m_program.processId()); }
     bool isRunning() const { return m_program.state() == QProcess::Running; }
@@ -67,38 +68,38 @@ protected:
     QString homeFolder() const { return m_home.filePath(QStringLiteral("h")); }
     QString settingsFile(const QString &name) const;
     std::optional<PropertyList> settingsList(const QString &name) const;
-    /// What Lyrabox.conf holds under a key, of what is on disk.
+    /// The value of a key in Lyrabox.conf on disk.
     QVariant userDefault(const QString &key) const;
-    /// Before a start.
+    /// Stores a value in Lyrabox.conf. Call it before the start.
     void setUserDefault(const QString &key, const QVariant &value);
 
-    /// Of the main window, in its own coordinates.
+    /// Clicks a point of the main window, in window coordinates.
     void click(QPoint point, int times = 1);
     void doubleClickSong(int row);
     QImage window() const;
     QString mainWindow() const { return m_window; }
-    /// Whether a row of the song table shows texts.
+    /// Whether a row of the song table shows no text.
     bool songRowIsEmpty(int row) const;
-    /// Whether the line for messages about songs shows one.
+    /// Whether the message line shows a message.
     bool showsMessage() const;
     bool waitForSongs(int count) const;
-    /// Whether the panel over the song table tells how far a long work has come.
+    /// Whether the progress panel is shown over the song table.
     bool showsProgress() const;
-    /// Whether the program has a file of that folder open now.
+    /// Whether the program has a file in `folder` open now.
     bool reads(const QString &folder) const;
-    /// Which row of the folder tree is selected.
+    /// Waits until `row` of the folder tree is selected. False if that does not happen.
     bool waitForSelectedSource(int row) const;
 
-    /// The navigation bar as it is on the screen, in window coordinates.
+    /// The navigation bar's rectangle on the screen, in window coordinates.
     QRect navigationBar() const;
-    /// Where its played part ends: pixels from its left edge.
+    /// The width of its played part in pixels.
     int playedPixels() const;
 
-    /// Holds the key that seeks forward until the song is further by a tenth of the bar.
+    /// Holds the key that seeks forward until the played part has grown by a tenth of the bar.
     bool seekForward();
 
-    /// Whether a tone of that frequency (within half a percent) becomes the sound of the last fifth
-    /// of a second before `seconds` are over.
+    /// Waits up to `seconds` for a tone of that frequency, within half a percent, in the last fifth
+    /// of a second. Returns whether it was heard.
     bool hears(double frequency, double seconds = 10.0) const;
     bool hearsSilence(double seconds = 10.0) const;
     bool hearsAnything(double seconds = 10.0) const;
@@ -107,15 +108,14 @@ protected:
     /// The frequency in a part of the recording; 0 without a tone.
     double toneAt(std::size_t sample, double seconds = 0.2) const;
 
-    /// Where the program finds the session bus; set before the start.
+    /// The address of the program's session bus. Set it before the start.
     QString busAddress = QStringLiteral("disabled:");
-    /// Where there is one, the program reads it as from a slow disk; set before the start. With a
-    /// slash at its end it is a folder, all of whose files are slow.
+    /// If not empty, the program reads this file as if from a slow disk, or all files of a folder
+    /// if it ends with a slash. Set it before the start.
     QString slowFile;
-    /// The program may read no more than the files' permissions say, whoever runs the test; set
-    /// before the start.
+    /// Makes file permissions count even if root runs the test. Set it before the start.
     bool heedsPermissions = false;
-    /// The program's file; set before the start.
+    /// The path of the program. Set it before the start.
     QString program = QStringLiteral(LYRABOX_BINARY_DIR "/lyrabox");
 
 private:
@@ -128,9 +128,9 @@ protected:
 
 private:
     QProcessEnvironment environment() const;
-    /// A compositor names the window that is to have the keyboard; the program takes notice of that
-    /// in its event loop, and until then its shortcuts do nothing. That it draws a new size shows
-    /// that it has.
+    /// Waits until the program has handled the event that gives it the keyboard; until then its
+    /// shortcuts do nothing. Resizes the window and waits until it is painted in the new size,
+    /// which shows that the event loop has run.
     void waitForEventLoop();
     int waitForEnd(QProcess &process) const;
     int runBeside(const QString &file, const QStringList &arguments, const QString &folder) const;

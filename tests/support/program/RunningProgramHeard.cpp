@@ -1,4 +1,4 @@
-// What a test hears of the program.
+// The functions of RunningProgram that listen to the program.
 
 #include "support/Heard.h"
 #include "support/program/RunningProgram.h"

@@ -1,5 +1,5 @@
-// Preloaded into the program: the file that LYRABOX_SLOW_FILE names is read as from a slow disk, or
-// all files of a folder where it ends with a slash.
+// A library that is preloaded into the program. It makes reading the file that LYRABOX_SLOW_FILE
+// names as slow as from a slow disk, or all files of a folder if the name ends with a slash.
 
 #include <cstdlib>
 #include <cstring>

@@ -39,8 +39,8 @@ QJsonDocument SwayConnection::tree()
 
 QJsonDocument SwayConnection::ask(Question question, const QByteArray &text)
 {
-    // Both ways: the magic word, the length of the text and what it is, in the machine's own order
-    // of bytes, the text.
+    // Format in both directions: a magic word, the length and the type of the text in the machine's
+    // byte order, and the text.
     const std::array<quint32, 2> header{static_cast<quint32>(text.size()),
                                         static_cast<quint32>(question)};
     m_socket.write(magic);

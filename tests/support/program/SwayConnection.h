@@ -6,14 +6,14 @@
 
 namespace lyrabox::test {
 
-/// What the compositor "sway" is told and asked over its own socket, without an event loop. Main
-/// thread only.
+/// Commands and queries to the compositor "sway" over its socket. Needs no event loop. Main thread
+/// only.
 class SwayConnection {
 public:
-    /// Whether the compositor that listens at `socket` is there.
+    /// Connects to the compositor that listens at `socket`. False if that fails.
     bool connectTo(const QString &socket);
 
-    /// Runs commands of its configuration's language; whether each could be run.
+    /// Runs commands in the language of sway's configuration. False if one of them fails.
     bool run(const QString &commands);
     /// The tree of screens, workspaces and windows.
     QJsonDocument tree();

@@ -37,7 +37,7 @@ QString VirtualDisplay::waitForWindow(const QString &titlePattern)
 
 void VirtualDisplay::place(const QString &window, const QRect &frame)
 {
-    // The window manager may still be busy with where it wants to have a new window.
+    // The window manager may still be placing the new window itself.
     EXPECT_TRUE(waitUntil([&] {
         moveWindow(window, frame);
         return waitUntil([&] { return frameOf(window) == frame; }, 0.5);

@@ -13,8 +13,8 @@
 
 namespace lyrabox::test {
 
-/// A screen of 1280 by 860 pixels of the test's own, on which windows have no frames, and a
-/// person's hands on it. What fails adds a test failure. Main thread only.
+/// A private screen of 1280 by 860 pixels, with a mouse and a keyboard. Windows have no frames.
+/// Errors add a test failure. Main thread only.
 class VirtualDisplay {
 public:
     static constexpr QSize size{1280, 860};
@@ -23,8 +23,7 @@ public:
         X,
         Wayland,
     };
-    /// What LYRABOX_TEST_DISPLAY says: "wayland", or "x", which is also meant where it says
-    /// nothing.
+    /// The kind that LYRABOX_TEST_DISPLAY chooses: "wayland" or "x". X if it is not set.
     static Kind usualKind();
     static std::unique_ptr<VirtualDisplay> make(Kind kind);
 
@@ -36,42 +35,43 @@ public:
     virtual Kind kind() const = 0;
     bool isWayland() const { return kind() == Kind::Wayland; }
 
-    /// Tells a program by its environment that this is its display, and no other.
+    /// Changes the environment of a program so that it uses this display and no other.
     virtual void addTo(QProcessEnvironment &environment) const = 0;
 
-    /// Ends the display server without any farewell.
+    /// Kills the display server.
     virtual void kill() = 0;
 
-    /// What the screen shows now.
+    /// A picture of the whole screen.
     virtual QImage screen() const = 0;
-    /// A part of it; `area` in screen coordinates.
+    /// A picture of a part of the screen; `area` is in screen coordinates.
     QImage screen(const QRect &area) const { return screen().copy(area); }
 
-    /// The visible window whose title matches the pattern, waited for; empty, with a test failure,
-    /// when it does not come. The first of several.
+    /// Waits for a visible window whose title matches the pattern, and returns the first one.
+    /// Empty, with a test failure, if none appears.
     QString waitForWindow(const QString &titlePattern);
     /// Whether there is such a window now.
     bool hasWindow(const QString &titlePattern) const
     {
         return !findWindow(titlePattern).isEmpty();
     }
-    /// Puts a window there and waits until it is.
+    /// Moves and resizes a window and waits until that is done.
     void place(const QString &window, const QRect &frame);
     virtual QRect frameOf(const QString &window) const = 0;
     /// The window that has the keyboard.
     virtual QString activeWindow() const = 0;
-    /// Only where windows can be minimized: on X.
+    /// Minimizes a window. Only on X.
     virtual void minimize(const QString &window) = 0;
 
     virtual void moveTo(QPoint point) = 0;
     virtual void press() = 0;
     virtual void release() = 0;
     virtual void click(QPoint point, int times = 1) = 0;
-    /// Turns the wheel over a point: notches up, or down where they are negative.
+    /// Turns the wheel over a point. Positive notches turn it up, negative ones down.
     virtual void wheel(QPoint point, int notches) = 0;
-    /// From one point to another with the button held.
+    /// Moves the pointer from one point to another with the button held.
     void drag(QPoint from, QPoint to);
-    /// A key by the name of its symbol, with modifiers: "space", "ctrl+s", "bracketright".
+    /// Presses and releases a key, given by the name of its symbol with modifiers: "space",
+    /// "ctrl+s", "bracketright".
     virtual void key(const QString &name, int times = 1) = 0;
     virtual void keyDown(const QString &name) = 0;
     virtual void keyUp(const QString &name) = 0;
@@ -80,9 +80,9 @@ public:
 protected:
     static constexpr int patienceMilliseconds = 20'000;
 
-    /// The visible window whose title matches; empty where there is none.
+    /// The visible window whose title matches; empty if there is none.
     virtual QString findWindow(const QString &titlePattern) const = 0;
-    /// Asks for the window to be there.
+    /// Asks the display to move and resize the window; does not wait.
     virtual void moveWindow(const QString &window, const QRect &frame) = 0;
 };
 

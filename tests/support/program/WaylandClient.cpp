@@ -23,7 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::test {
 namespace {
 
-constexpr double notch = 15.0; // what compositors make of a wheel's notch
+constexpr double notch = 15.0; // the axis value that compositors send per notch
 
 /// Deletes an object of the protocol with its own function.
 template <auto destroy>
@@ -44,7 +44,7 @@ quint32 timeNow()
         duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
-/// Memory that the compositor sees, too.
+/// Memory that is shared with the compositor.
 class SharedMemory {
 public:
     explicit SharedMemory(std::size_t size) : m_file(memfd_create("lyrabox-test", 0)), m_size(size)

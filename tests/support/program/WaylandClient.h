@@ -9,13 +9,13 @@
 
 namespace lyrabox::test {
 
-/// A person's hands and eyes on a Wayland compositor: a virtual keyboard and a virtual pointer,
-/// which live as long as the object, and pictures of the screen. Needs a compositor that lets its
-/// clients do that, as those made with wlroots do. What fails adds a test failure. Main thread
-/// only.
+/// A virtual keyboard, a virtual pointer and screenshots on a Wayland compositor. The devices exist
+/// as long as the object. The compositor must support the protocols for this, as those based on
+/// wlroots do. Errors add a test failure. Main thread only.
 class WaylandClient {
 public:
-    /// Connects to the compositor that listens at `socket`, whose one screen has this size.
+    /// Connects to the compositor that listens at `socket`. `screen` is the size of its only screen
+    /// in pixels.
     WaylandClient(const QString &socket, QSize screen);
     ~WaylandClient();
     WaylandClient(const WaylandClient &) = delete;
@@ -23,16 +23,16 @@ public:
 
     void moveTo(QPoint point);
     void setButton(bool down);
-    /// One notch of the wheel.
+    /// Turns the wheel by one notch.
     void turnWheel(bool up);
 
-    /// Presses a key, or lets it go. The name is that of a symbol, such as "space", or "ctrl",
-    /// "shift" and "alt".
+    /// Presses or releases a key. `name` is the name of a symbol, such as "space", or "ctrl",
+    /// "shift" or "alt".
     void setKey(const QString &name, bool down);
-    /// Presses the key that gives this character, with Shift where that needs it, and lets it go.
+    /// Presses and releases the key for this character, with Shift if it is needed.
     void typeCharacter(QChar character);
 
-    /// What the screen shows, the pointer included where the compositor draws it itself.
+    /// A picture of the screen. It contains the pointer if the compositor draws it.
     QImage picture();
 
     /// A token that lets a program bring one of its windows to the front.

@@ -22,7 +22,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox::test {
 namespace {
 
-// A person's pace: what comes faster is lost in programs that expect a person.
+// The pace of a person. Programs lose input that comes faster.
 constexpr int betweenKeys = 15;
 constexpr int betweenClicks = 40;
 
@@ -62,8 +62,8 @@ QString identifierOf(const QJsonObject &window)
     return QString::number(window.value("id"_L1).toInt());
 }
 
-/// Whether no thread of the process has anything to do now. A program takes notice in its event
-/// loop that the compositor has given it the keyboard, and until then its shortcuts do nothing.
+/// Whether every thread of the process is idle. A program learns in its event loop that the
+/// compositor has given it the keyboard; until then its shortcuts do nothing.
 bool isQuiet(int process)
 {
     const QDir threads(u"/proc/%1/task"_s.arg(process));
@@ -71,7 +71,7 @@ bool isQuiet(int process)
         for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
             QFile file(threads.filePath(thread + u"/stat"_s));
             if (!file.open(QIODevice::ReadOnly))
-                continue; // it has ended
+                continue; // the thread has ended
             const QByteArray line = file.readAll();
             const QByteArray running = ") R";
             if (line.contains(running))
@@ -106,13 +106,13 @@ WaylandDisplay::WaylandDisplay()
         (::chown(folder.constData(), user, group) != 0 || ::chmod(folder.constData(), 0711) != 0))
         ADD_FAILURE() << "the compositor gets no folder";
     m_compositor.setChildProcessModifier([=] {
-        // The system calls themselves: the library's functions would also ask the threads of the
-        // parent, whose memory this is.
+        // These are raw system calls. The library's functions would also change the threads of the
+        // parent, whose memory this process shares.
         if (isRoot) {
             syscall(SYS_setgroups, 0, nullptr);
             syscall(SYS_setresgid, group, group, group);
             syscall(SYS_setresuid, user, user, user);
-            umask(0); // the program may be another user's, and even without root's rights
+            umask(0); // the program may run as another user without root's rights
         }
         prctl(PR_SET_PDEATHSIG, SIGKILL);
     });
@@ -143,7 +143,7 @@ WaylandDisplay::WaylandDisplay()
                       << told.toStdString();
     }
     m_client = std::make_unique<WaylandClient>(m_folder.filePath(u"wayland-1"_s), size);
-    m_client->moveTo({size.width() - 1, size.height() - 1}); // the pictures show the pointer
+    m_client->moveTo({size.width() - 1, size.height() - 1}); // out of the pictures
 }
 
 WaylandDisplay::~WaylandDisplay()

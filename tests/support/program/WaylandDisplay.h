@@ -9,8 +9,8 @@
 
 namespace lyrabox::test {
 
-/// A Wayland compositor without a screen, with an ordinary user's rights, whoever runs the test:
-/// "sway", which does not run with root's everywhere. Its windows float, as on other desktops.
+/// The compositor "sway" on a virtual screen. It runs without root's rights even if root runs the
+/// test, because some of its versions refuse them. Windows float, as on other desktops.
 class WaylandDisplay : public VirtualDisplay {
 public:
     WaylandDisplay();
@@ -23,7 +23,7 @@ public:
     using VirtualDisplay::screen;
     QRect frameOf(const QString &window) const override;
     QString activeWindow() const override;
-    /// A test failure: this compositor minimizes nothing.
+    /// Adds a test failure: this compositor cannot minimize windows.
     void minimize(const QString &window) override;
 
     void moveTo(QPoint point) override;
@@ -36,11 +36,12 @@ public:
     void keyUp(const QString &name) override;
     void type(const QString &text) override;
 
-    /// By which the desktop knows what program a window belongs to.
+    /// The application ID by which the desktop matches a window to its program.
     QString applicationOf(const QString &window) const;
-    /// What a program that the user starts is given, so that it may come to the front.
+    /// A token like the one that the desktop gives a program that the user starts. With it the
+    /// program may come to the front.
     QString activationToken() { return m_client->activationToken(); }
-    /// Runs commands of the compositor's own; a test failure where it cannot.
+    /// Runs commands of the compositor. Adds a test failure if one fails.
     void run(const QString &commands);
 
 protected:

@@ -21,7 +21,7 @@ const QByteArray windowManagerSettings = R"(<?xml version="1.0" encoding="UTF-8"
 </openbox_config>
 )";
 
-/// The picture in the file that the display keeps its pixels in, which is an X window dump: a
+/// Reads the picture from the file in which the display keeps its pixels. It is an X window dump: a
 /// header of big-endian words, the colours, the rows.
 QImage readWindowDump(const QByteArray &dump)
 {

@@ -6,7 +6,7 @@
 
 namespace lyrabox::test {
 
-/// An X server without a screen, with a window manager; xdotool is the hands.
+/// A virtual X server with a window manager. xdotool makes the input.
 class XDisplay : public VirtualDisplay {
 public:
     XDisplay();
