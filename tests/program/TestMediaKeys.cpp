@@ -205,7 +205,7 @@ TEST_F(MediaKeys, SeekInSongTimeAndAnnounceEveryJump)
     EXPECT_NEAR(position, 10.6, 0.6);
     playerctl({u"position"_s, u"5-"_s});
     EXPECT_NEAR(playerctl({u"position"_s}).toDouble(), position - 5.0, 0.01);
-    // A busy machine that holds the song up is told of as well.
+    // If a busy machine delays the song, that is announced, too.
     const auto tells = [&listener](double seconds, double tolerance) {
         return QTest::qWaitFor(
             [&] {

@@ -1,5 +1,5 @@
-// The program on a Wayland compositor, whatever display the other tests of this folder run on: that
-// it works at all, and what is different there.
+// The program on a Wayland compositor, even if the other tests of this folder run on X: it works,
+// and some things are different there.
 
 #include "program/Places.h"
 #include "support/Heard.h"
@@ -29,8 +29,8 @@ protected:
 
     WaylandDisplay &compositor() { return dynamic_cast<WaylandDisplay &>(display); }
 
-    /// Whether the last fifth of a second comes to have this level, in decibels against a song
-    /// whose amplitude is 0.1.
+    /// Waits until the last fifth of a second has this level, in decibels relative to a song with
+    /// amplitude 0.1.
     bool hearsLevel(double decibels) const
     {
         const double level = 0.1 / std::numbers::sqrt2 * std::pow(10.0, decibels / 20.0);
@@ -91,7 +91,7 @@ TEST_F(ProgramOnWayland, ALostCompositorTakesTheProgramAlongButNotTheSettings)
 
 TEST_F(ProgramOnWayland, ASecondStartHandsItsTokenOverSoThatTheFirstMayComeToTheFront)
 {
-    setVariable(u"WAYLAND_DEBUG"_s, u"client"_s); // tells of every request
+    setVariable(u"WAYLAND_DEBUG"_s, u"client"_s); // prints every request
     const QString told = QDir(homeFolder()).filePath(u"told"_s);
     const QString lyrabox = std::exchange(program, u"/bin/sh"_s);
     start(Size::Usual, {u"-c"_s, u"exec \"$0\" 2>\"$1\""_s, lyrabox, told});
@@ -133,7 +133,7 @@ TEST_F(ProgramOnWayland, SizesAreRememberedAndAPlaceThatXHasStoredStays)
 
 TEST_F(ProgramOnWayland, EscapeStopsAListThatIsBeingBuilt)
 {
-    constexpr int songs = 100; // more than are read at once on any machine
+    constexpr int songs = 100; // more than any machine reads at once
     const QString fast = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}});
     const QString slow = makeFolder(u"Slow"_s, {{u"Slow"_s, 400.0}});
     for (int i = 1; i < songs; ++i)
@@ -169,7 +169,7 @@ TEST_F(ProgramOnWayland, TextOfAnotherProgramIsPastedIntoTheSearch)
     display.key(u"ctrl+f"_s);
     EXPECT_TRUE(waitUntil([this] {
         display.key(u"ctrl+a"_s);
-        display.key(u"ctrl+v"_s); // nothing, until the other program has offered its text
+        display.key(u"ctrl+v"_s); // does nothing until the other program has offered its text
         return waitUntil([this] { return songRowIsEmpty(1); }, 0.5);
     }));
     doubleClickSong(0);

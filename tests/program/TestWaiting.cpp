@@ -39,7 +39,7 @@ protected:
     void waitWithinTheLoad() const { recorder->waitFor(1.0); }
     bool isLoading() const { return !hearsAnything(0.0); }
 
-    /// Whether only this tone is heard from now on.
+    /// Whether no other tone is heard from now on.
     void expectOnly(double frequency)
     {
         const std::size_t begin = recorder->size();

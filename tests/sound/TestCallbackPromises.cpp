@@ -1,5 +1,5 @@
 // The audio callback thread does not allocate, lock or make system calls. The whole chain plays
-// while everything that can change changes.
+// while all settings change.
 
 #include "sound/Player.h"
 

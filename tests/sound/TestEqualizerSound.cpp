@@ -27,7 +27,7 @@ double decibels(double amplitude)
     return 20.0 * std::log10(std::max(amplitude, 1e-30));
 }
 
-// The stage takes the mirror image of its first frames as its past. After so much silence the past
+// The stage uses the mirror image of its first frames as its past. After this much silence the past
 // is silent, too.
 constexpr std::size_t firstSound = 256;
 
@@ -138,7 +138,7 @@ std::vector<long double> reference(const Coefficients &coefficients,
 
 TEST(EqualizerSound, ItsNoiseIsBelowTheResolutionOfAFloat)
 {
-    // A deep tone on a constant. Single precision would fail here, because the poles are close to 0
+    // A low tone on a constant. Single precision would fail here, because the poles are close to 0
     // Hz.
     std::vector<float> input(44100);
     for (std::size_t i = 0; i < input.size(); ++i)

@@ -54,7 +54,7 @@ TEST_P(MenuEntry, ListsTheTypesThatTheReaderOpens)
     const QMimeType found = QMimeDatabase().mimeTypeForFile(file);
     EXPECT_TRUE(found.name() == type || found.aliases().contains(type) || found.inherits(type))
         << qPrintable(found.name());
-    // Which of a type's names is its own differs from system to system, and desktops look for that.
+    // Desktops look for the main name of a type. Systems differ in which of its names that is.
     const QStringList claimed = claimedTypes();
     const QStringList names = QStringList{found.name()} + found.allAncestors();
     EXPECT_TRUE(std::any_of(names.begin(), names.end(),
