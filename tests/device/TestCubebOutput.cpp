@@ -71,7 +71,7 @@ TEST_F(CubebOutputOnServer, ToneIsHeardAtItsFrequencyAndLevel)
     output.stop();
 }
 
-TEST_F(CubebOutputOnServer, OnlyTheCallbacksThreadHasRealtimePriorityWhereTheUserMayGiveIt)
+TEST_F(CubebOutputOnServer, OnlyTheCallbackThreadHasRealtimePriorityIfTheUserMaySetIt)
 {
     constexpr sched_param tried{.sched_priority = 1};
     constexpr sched_param usual{};

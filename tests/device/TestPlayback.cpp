@@ -178,7 +178,7 @@ TEST_F(Playback, AChangeOfTheDefaultDeviceMovesTheSoundWithinASecond)
                    static_cast<int>(1000.0 * static_cast<double>(longest) / rate));
 #ifdef LYRABOX_IS_SLOW
     constexpr double longestSeconds =
-        1.0; // includes a slow build of the chain and a device that holds more
+        1.0; // allows for a slow build of the chain and a device that holds more
 #else
     constexpr double longestSeconds = 0.5;
 #endif
@@ -250,7 +250,7 @@ TEST_F(Playback, ASongMayBeLoadedWhileTheDeviceChanges)
         engine::seekToFrame(1000U * static_cast<unsigned>(round));
         engine::setOutputRunning(true);
     }
-    // It plays on the device that is the default in the end.
+    // It plays on the device that is the last default.
     engine::setOutputRunning(false);
     load({.seconds = 10.0});
     engine::setOutputRunning(true);

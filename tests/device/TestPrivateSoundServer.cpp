@@ -7,7 +7,7 @@
 namespace lyrabox::test {
 namespace {
 
-TEST(PrivateSoundServer, IsPipeWireWherePulseAudioIsNotInstalled)
+TEST(PrivateSoundServer, IsPipeWireIfPulseAudioIsNotInstalled)
 {
     const QByteArray path = qgetenv("PATH");
     const bool wasChosen = qEnvironmentVariableIsSet(PrivateSoundServer::kindVariable);

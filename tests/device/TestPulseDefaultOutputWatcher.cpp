@@ -221,7 +221,7 @@ TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredOnceAServerThatHungFromTheFirs
     EXPECT_TRUE(calls.waitFor(1));
 }
 
-TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredAtOnceWhereThereIsNoServer)
+TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredAtOnceIfThereIsNoServer)
 {
     const PrivateSoundServer server(PrivateSoundServer::At::Later);
     Calls calls;
@@ -231,7 +231,7 @@ TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredAtOnceWhereThereIsNoServer)
     EXPECT_TRUE(calls.waitFor(1));
 }
 
-TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredWhereTheServerHasNoDevice)
+TEST(PulseDefaultOutputWatcher, ARequestIsAnsweredIfTheServerHasNoDevice)
 {
     PrivateSoundServer server;
     Calls calls;

@@ -32,7 +32,7 @@ TEST(Artwork, IsDecodedAtItsNaturalSize)
     }
 }
 
-TEST(Artwork, DataThatIsNoImageGivesNull)
+TEST(Artwork, DataThatIsNotAnImageGivesNull)
 {
     EXPECT_TRUE(decodedArtwork({}).isNull());
     EXPECT_TRUE(decodedArtwork("no image").isNull());

@@ -48,7 +48,7 @@ TEST_F(DecodedSongTest, StaysWithItsReaderWhileTheEngineLoadsAnotherOne)
     EXPECT_EQ(first->channel(0)[2999], 2999.0F);
 }
 
-TEST_F(DecodedSongTest, ThatAReaderHoldsGivesNoMemoryToTheNextOne)
+TEST_F(DecodedSongTest, HeldByAReaderGivesNoMemoryToTheNextSong)
 {
     ASSERT_EQ(loadSong(100000), 0);
     // Enough for 150,000 frames only together with the first song's memory.

@@ -34,7 +34,7 @@ TEST_F(HeldSound, IsCutOffByAStopAndByALoad)
     EXPECT_THAT(output.calls, ElementsAre("reset"));
 }
 
-TEST_F(HeldSound, IsKeptThroughAStopALoadAndAnEmptying)
+TEST_F(HeldSound, IsKeptThroughAStopALoadAndAnUnload)
 {
     engine::setHeldSoundIsKept(true);
     engine::setOutputRunning(false);

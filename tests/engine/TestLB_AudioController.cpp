@@ -77,7 +77,7 @@ TEST_F(AudioControllerBuild, TheAlertShowsBothTextsAndThenTheEventLoopQuits)
     const LB_AudioController controller;
     EXPECT_EQ(text, u"Lyrabox cannot build its audio system. (Error -50)"_s);
     EXPECT_EQ(informativeText, u"The program will now terminate"_s);
-    EXPECT_EQ(QApplication::exec(), 0); // returns because of quit() alone
+    EXPECT_EQ(QApplication::exec(), 0); // returns only because of quit()
 }
 
 // Waking

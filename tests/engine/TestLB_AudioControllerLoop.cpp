@@ -91,7 +91,7 @@ TEST_F(AudioControllerLoop, TheRangesAreThoseOfTheSliders)
     EXPECT_EQ(player.playbackSpeedRange().minimum, 25.0F);
 }
 
-TEST_F(AudioControllerLoop, TheHeardFrameIsThePositionWhereNothingIsHeld)
+TEST_F(AudioControllerLoop, TheHeardFrameIsThePositionIfNothingIsHeld)
 {
     player.setCurrentFrame(1000);
     EXPECT_EQ(player.heardFrame(), 1000U);

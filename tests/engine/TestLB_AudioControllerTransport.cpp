@@ -201,7 +201,7 @@ TEST_F(AudioController, TypedSpeedIsClampedAndKeepsItsFraction)
     EXPECT_EQ(player.playbackSpeedPct(), 10.0F);
 }
 
-TEST_F(AudioController, RestoresTheFieldAfterATypedSpeedThatIsNoNumberOrZero)
+TEST_F(AudioController, RestoresTheFieldAfterATypedSpeedThatIsNotANumberOrIsZero)
 {
     player.setPlaybackSpeedPct(80.0F);
     for (const QString &text : {u"fast"_s, u"0"_s, u""_s}) {

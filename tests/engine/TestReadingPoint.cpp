@@ -5,7 +5,7 @@
 namespace lyrabox::engine {
 namespace {
 
-TEST(ReadingPoint, WithoutAJumpThePlaceIsTheDifference)
+TEST(ReadingPoint, WithoutAJumpThePositionIsTheDifference)
 {
     const ReadingPoint point{.frame = 5000};
     EXPECT_EQ(point.placeBefore(0), 5000U);
@@ -13,7 +13,7 @@ TEST(ReadingPoint, WithoutAJumpThePlaceIsTheDifference)
     EXPECT_EQ(point.placeBefore(6000), 0U);
 }
 
-TEST(ReadingPoint, BeforeAJumpThePlaceLiesAtTheLoopsEnd)
+TEST(ReadingPoint, BeforeAJumpThePositionIsAtTheLoopsEnd)
 {
     ReadingPoint point;
     point.jump(9000, 1000);

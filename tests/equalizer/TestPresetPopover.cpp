@@ -210,7 +210,7 @@ TEST_F(PresetPopover, ASliderOverridesTheHalfTypedLevelOfItsBand)
     EXPECT_EQ(slider(3)->floatValue(), engineLevel(3));
 }
 
-TEST_F(PresetPopover, AHalfTypedTextThatIsNoNumberIsReplacedWhenAnotherBandMoves)
+TEST_F(PresetPopover, AHalfTypedTextThatIsNotANumberIsReplacedWhenAnotherBandMoves)
 {
     select(QStringLiteral("Rock"));
     typeInto(3, QStringLiteral("-"));

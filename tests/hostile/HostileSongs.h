@@ -23,8 +23,8 @@ const HostileSongs &soundSongs();
 /// The first of them whose name begins with `extension`.
 const QByteArray &soundBytes(QStringView extension);
 
-/// Variants of `song`: cut off at every tenth and early in its headers, with flipped bytes, erased
-/// runs and exchanged pieces. Every call returns the same.
+/// Variants of `song`: cut off at every tenth of its length and early in its headers, with flipped
+/// bytes, erased runs and exchanged pieces. Every call returns the same variants.
 HostileSongs damaged(const HostileSong &song);
 
 /// Songs with impossible lengths, rates, channels and counts.

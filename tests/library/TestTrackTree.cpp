@@ -177,7 +177,7 @@ TEST_F(TrackTree, HoldsTheFirstSongsIfStoppedWhileFilesAreRead)
     EXPECT_EQ(f->tracks.trackCount(), 51U);
 }
 
-TEST_F(TrackTree, RemovesNoSongFromTheQueueWhenStopped)
+TEST_F(TrackTree, DoesNotRemoveSongsFromTheQueueWhenStopped)
 {
     add({u"1"_s, u"2"_s, u"3"_s});
     scan();

@@ -1,4 +1,4 @@
-// Signals and other ends at bad moments, and folders that fail while the program shows them.
+// Signals and crashes at bad moments, and folders that fail while the program shows them.
 
 #include "program/HangingDisk.h"
 #include "program/Places.h"
@@ -211,7 +211,7 @@ TEST_F(FaultyProgram, AKillWhileEndingLeavesEachFileWhole)
     const int rounds = qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS") > 0
                            ? qEnvironmentVariableIntValue("LYRABOX_FAULT_ROUNDS")
                            : 6;
-    std::mt19937 dice(9); // for the time of the kill
+    std::mt19937 dice(9); // chooses the time of the kill
     std::uniform_int_distribution<useconds_t> moment(0, 80'000);
     for (int round = 0; round < rounds; ++round) {
         start();
@@ -228,7 +228,7 @@ TEST_F(FaultyProgram, AKillWhileEndingLeavesEachFileWhole)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(FaultyProgram, PipesAndDevicesAreNoSongsAndDoNotBlock)
+TEST_F(FaultyProgram, PipesAndDevicesAreNotSongsAndDoNotBlock)
 {
     const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}});
     const auto inFolder = [&](const char *name) {

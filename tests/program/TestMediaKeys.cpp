@@ -274,7 +274,7 @@ TEST_F(MediaKeys, OpenRaiseAndQuit)
     startWithTones();
     playerctl({u"open"_s, u"file://"_s + folder + u"/gamma.flac"_s});
     EXPECT_TRUE(hears(500.0));
-    if (!display.isWayland()) { // where the compositor minimizes nothing
+    if (!display.isWayland()) { // the Wayland compositor cannot minimize windows
         display.minimize(mainWindow());
         ASSERT_TRUE(waitUntil([this] { return !display.hasWindow(u"^Lyrabox$"_s); }));
     }

@@ -65,7 +65,7 @@ TEST_F(NavigatingProgram, HoldingForwardScrubsAndStopsBeforeTheEnd)
     const auto late = static_cast<double>(firstHeard(35, begin));
     EXPECT_NEAR(30.0 / ((late - early) / rate), 6.0, 0.6);
     display.release();
-    EXPECT_TRUE(hears(250.0)); // the next song starts at the end of this one, not by the button
+    EXPECT_TRUE(hears(250.0)); // the song has ended; the button has not skipped it
 }
 
 TEST_F(NavigatingProgram, PressingTheRightArrowKeyPlaysTheNextSong)

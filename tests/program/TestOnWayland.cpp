@@ -78,7 +78,7 @@ TEST_F(ProgramOnWayland, StartsPlaysLoopsEqualizesAndQuits)
     EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ProgramOnWayland, ALostCompositorTakesTheProgramAlongButNotTheSettings)
+TEST_F(ProgramOnWayland, ALostCompositorEndsTheProgramButTheSettingsAreWritten)
 {
     showFolder(makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}}));
     start();
@@ -111,15 +111,14 @@ TEST_F(ProgramOnWayland, ASecondStartHandsItsTokenOverSoThatTheFirstMayComeToThe
         << "the desktop was not shown the token";
 }
 
-TEST_F(ProgramOnWayland, SizesAreRememberedAndAPlaceThatXHasStoredStays)
+TEST_F(ProgramOnWayland, SizesAreRememberedAndAPositionStoredOnXStays)
 {
     constexpr QRect onX(150, 120, 1040, 650);
     constexpr QSize later(1100, 700);
     QWidget window;
     window.setGeometry(onX);
     QByteArray stored = window.saveGeometry();
-    constexpr qsizetype screenWidth =
-        46; // where the toolkit has noted it: the test has another one
+    constexpr qsizetype screenWidth = 46; // the toolkit's copy; the test has a different one
     qToBigEndian(VirtualDisplay::size.width(), stored.data() + screenWidth);
     setUserDefault(u"mainWindowGeometry"_s, stored);
     start(Size::ItsOwn);

@@ -96,7 +96,7 @@ TEST_F(OpeningProgram, AGivenFolderIsAddedAndShown)
     EXPECT_EQ(folders->array()->at(1), PropertyList(given));
 }
 
-TEST_F(OpeningProgram, AFileThatIsNoSongIsReportedAndNothingElseChanges)
+TEST_F(OpeningProgram, AFileThatIsNotASongIsReportedAndNothingElseChanges)
 {
     QFile note(given + u"/note.flac"_s);
     ASSERT_TRUE(note.open(QIODevice::WriteOnly));

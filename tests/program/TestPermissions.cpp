@@ -61,7 +61,7 @@ TEST_F(ForbiddenFiles, AnUnreadableSongHasItsOwnErrorUntilItIsReadable)
     ASSERT_TRUE(QFile::remove(song(u"alpha"_s)));
     doubleClickSong(0);
     EXPECT_TRUE(waitUntil([this] { return showsMessage(); }));
-    EXPECT_NE(message(), forbidden) << "the message must not be that of a missing file";
+    EXPECT_NE(message(), forbidden) << "the message must not be the one for a missing file";
     EXPECT_EQ(quit(), 0);
 }
 

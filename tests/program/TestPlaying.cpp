@@ -103,7 +103,7 @@ TEST_F(PlayingProgram, AFirstStartShowsSongsAndSpacePlays)
 TEST_F(PlayingProgram, ASortIsRememberedAfterARestart)
 {
     startWithTones();
-    click(place::titleHeader); // sorted by title already, so this reverses the order
+    click(place::titleHeader); // the list is already sorted by title, so this reverses the order
     ASSERT_TRUE(waitUntil([this] {
         doubleClickSong(0);
         return waitUntil([this] { return std::abs(toneNow() - 500.0) < 2.0; }, 4.0);

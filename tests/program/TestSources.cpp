@@ -120,7 +120,7 @@ TEST_F(SourcesProgram, TabSelectionSortAndSizeAreRestoredAfterARestart)
 
     start(Size::ItsOwn);
     EXPECT_EQ(display.frameOf(mainWindow()).size(), smaller.size());
-    if (!display.isWayland()) { // where only the compositor knows places
+    if (!display.isWayland()) { // on Wayland only the compositor knows positions
         EXPECT_EQ(display.frameOf(mainWindow()).topLeft(), smaller.topLeft());
     }
     EXPECT_TRUE(waitForSelectedSource(2));

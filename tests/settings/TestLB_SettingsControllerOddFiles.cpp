@@ -1,4 +1,4 @@
-// Settings files that are malformed or unreadable, and other things in their place.
+// Settings files that are malformed or unreadable, and a folder in place of one.
 
 #include "settings/LB_SettingsController.h"
 
@@ -80,7 +80,7 @@ TEST_F(SettingsController, StoredDefaultsAndDuplicatesAreTakenAsTheyAreUntilThey
         << "every entry of the song or list must be replaced";
 }
 
-TEST_F(SettingsController, EntriesOfUnknownShapeAreWrittenAgain)
+TEST_F(SettingsController, EntriesOfUnknownShapeAreWrittenBack)
 {
     const PropertyList unknown = PropertyList::Dictionary{{u"volume"_s, 3}};
     PropertyList extended = song(u"1"_s, 50.0, 0.0);
@@ -92,7 +92,7 @@ TEST_F(SettingsController, EntriesOfUnknownShapeAreWrittenAgain)
     EXPECT_EQ(list(u"UserSettings.plist"_s), userSettings({unknown}, {extended, unknown}));
 }
 
-TEST_F(SettingsController, UnknownKeysAtTheRootAreWrittenAgainBehindTheKnownOnes)
+TEST_F(SettingsController, UnknownKeysAtTheRootAreWrittenBackAfterTheKnownOnes)
 {
     const PropertyList later = PropertyList::Dictionary{{u"a"_s, true}, {u"b"_s, u"x"_s}};
     put(u"UserSettings.plist"_s,
@@ -111,7 +111,7 @@ TEST_F(SettingsController, UnknownKeysAtTheRootAreWrittenAgainBehindTheKnownOnes
                   {u"markers"_s, later}}));
 }
 
-TEST_F(SettingsController, UnknownKeysInAPresetAreWrittenAgainAlsoWhenItsLevelsHaveChanged)
+TEST_F(SettingsController, UnknownKeysInAPresetAreWrittenBackEvenIfItsLevelsHaveChanged)
 {
     const PropertyList range = PropertyList::Array{31.25, 16000.0};
     PropertyList::Dictionary entry{

@@ -4,8 +4,9 @@
 
 namespace lyrabox::soak {
 
-/// Checks what must hold between any two events. Returns one sentence per violation; none if all is
-/// well. Coalesced updates and animations may violate one for less than a second. Main thread.
+/// Checks the conditions that must hold between any two events. Returns one sentence per violation;
+/// none if all is well. Coalesced updates and animations may violate one for less than a second.
+/// Main thread.
 QStringList brokenInvariants();
 
 /// Writes the settings files as the program does at its end. Main thread.

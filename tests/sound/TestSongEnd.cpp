@@ -133,7 +133,7 @@ TEST_P(SongEnd, ARestartThereEndsAgainAtOnce)
     playOut(player, heard);
     engine::setTrackHasEnded(false);
     engine::setOutputRunning(true);
-    player.pull(8192); // at the lowest speed the stretcher needs no input for so long
+    player.pull(8192); // at the lowest speed the stretcher needs no input for this long
     EXPECT_TRUE(engine::trackHasEnded());
     EXPECT_FALSE(engine::outputIsRunning());
     EXPECT_EQ(engine::currentFrame(), lastFrame);

@@ -65,7 +65,7 @@ struct SourcesFixture : testing::Test {
             [unreadable = path(name)](const QString &probed) { return probed != unreadable; });
     }
 
-    /// The expanded rows of a tree, each indented by two blanks per level.
+    /// The expanded rows of a tree, each indented by two spaces per level.
     static QStringList rowsOf(const SourceTreeView &view, const QModelIndex &parent = {},
                               int level = 0)
     {

@@ -54,7 +54,7 @@ struct ClickOnTheShownRow : test::SourcesFixture {
     int lists = 0;
 };
 
-TEST_F(ClickOnTheShownRow, ReadsAFolderAgainWhoseListWasStopped)
+TEST_F(ClickOnTheShownRow, ReadsAFolderAgainIfItsListWasStopped)
 {
     showFolders({u"a"_s});
     stops = true;
@@ -68,7 +68,7 @@ TEST_F(ClickOnTheShownRow, ReadsAFolderAgainWhoseListWasStopped)
     EXPECT_EQ(lists, 2);
 }
 
-TEST_F(ClickOnTheShownRow, ReadsAPlaylistAgainThatWasStopped)
+TEST_F(ClickOnTheShownRow, ReadsAPlaylistAgainIfItsListWasStopped)
 {
     library = std::make_shared<MusicLibrary>();
     MusicPlaylist playlist;

@@ -201,7 +201,7 @@ TEST_F(FolderTree, RowIsCheckedAgainOnSelectionMountAndWindowActivation)
     EXPECT_FALSE(isAskedByDrawing());
 }
 
-TEST_F(FolderTree, FolderThatBecameReadableIsShownSoWhenTheWindowIsActivated)
+TEST_F(FolderTree, FolderThatBecameReadableIsShownAsReadableWhenTheWindowIsActivated)
 {
     readable = false;
     countQuestions(u"r"_s);

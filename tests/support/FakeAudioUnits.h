@@ -35,7 +35,7 @@ enum class FakeStep {
     Listen,
     EqualizerFixedParameter,
     OutputStart,
-    OutputDevice, ///< the device behind an output that was opened
+    OutputDevice, ///< the device of an output that was opened
 };
 
 /// A chain without a device. Its equalizer and its time/pitch stage pass everything through; the

@@ -115,7 +115,7 @@ TEST_F(AfterWait, ASongPickedDuringAListBuildIsPlayedEvenIfItIsLoaded)
     EXPECT_EQ(played, (std::vector<int>{1}));
 }
 
-TEST_F(AfterWait, WorkBeforeTheWindowIsShownIsNoWait)
+TEST_F(AfterWait, WorkBeforeTheWindowIsShownIsNotAWait)
 {
     table.hide();
     input.noteWork(Work::List);

@@ -49,7 +49,7 @@ protected:
         player.controller->setIsRunning(true);
     }
 
-    /// Whether the desktop sees this status in the end.
+    /// Waits until the desktop sees this status. Returns whether it came.
     bool comesToStatus(const QString &expected)
     {
         return QTest::qWaitFor([&] {

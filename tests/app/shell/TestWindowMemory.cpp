@@ -19,7 +19,7 @@ protected:
     const QString name = u"window"_s;
 };
 
-TEST_F(WindowMemory, BringsPlaceAndSizeBack)
+TEST_F(WindowMemory, RestoresPositionAndSize)
 {
     constexpr QRect frame(60, 50, 400, 300);
     {
@@ -32,7 +32,7 @@ TEST_F(WindowMemory, BringsPlaceAndSizeBack)
     EXPECT_EQ(again.geometry(), frame);
 }
 
-TEST_F(WindowMemory, WithoutAPlaceRemembersTheSizeAndKeepsThePlaceFromBefore)
+TEST_F(WindowMemory, WithoutAPositionRemembersTheSizeAndKeepsTheEarlierPosition)
 {
     constexpr QRect frame(60, 50, 400, 300);
     constexpr QSize later(420, 310);
@@ -47,7 +47,7 @@ TEST_F(WindowMemory, WithoutAPlaceRemembersTheSizeAndKeepsThePlaceFromBefore)
     EXPECT_EQ(again.geometry(), QRect(frame.topLeft(), later));
 }
 
-TEST_F(WindowMemory, ASizeWithoutAPlaceMovesNoWindow)
+TEST_F(WindowMemory, ASizeWithoutAPositionDoesNotMoveTheWindow)
 {
     constexpr QSize size(410, 320);
     {
@@ -60,7 +60,7 @@ TEST_F(WindowMemory, ASizeWithoutAPlaceMovesNoWindow)
     EXPECT_EQ(again.size(), size);
 }
 
-TEST_F(WindowMemory, WithoutAPlaceRemembersThatAWindowIsMaximized)
+TEST_F(WindowMemory, WithoutAPositionRemembersThatAWindowIsMaximized)
 {
     QMainWindow window;
     window.resize(400, 300);
@@ -72,7 +72,7 @@ TEST_F(WindowMemory, WithoutAPlaceRemembersThatAWindowIsMaximized)
     EXPECT_EQ(window.windowState(), Qt::WindowMaximized);
 }
 
-TEST_F(WindowMemory, APlaceThatIsKnownAgainReplacesWhatWasRemembered)
+TEST_F(WindowMemory, APositionThatIsKnownAgainReplacesTheRememberedOne)
 {
     constexpr QRect frame(70, 40, 380, 290);
     QMainWindow window;

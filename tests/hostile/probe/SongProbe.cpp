@@ -3,7 +3,7 @@
 // time. Prints a line per file: the signal that ended the process or 0, the status of opening for
 // tags, the status of loading, the frames, the kibibytes by which the process grew, and the
 // milliseconds of processor time. WARM-UP is a song that is loaded first, so that the libraries
-// have done what they do once. An access to "/hostile-probe-starts" marks the start in a trace.
+// have done their one-time work. An access to "/hostile-probe-starts" marks the start in a trace.
 
 #include "engine/Artwork.h"
 #include "engine/AudioEngine.h"

@@ -97,7 +97,7 @@ TEST(DecodingModule, RefusesAModuleThatIsTruncatedAnywhere)
     }
 }
 
-TEST(DecodingModule, RefusesAFileThatIsNoLibrary)
+TEST(DecodingModule, RefusesAFileThatIsNotALibrary)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"text.so"_s);

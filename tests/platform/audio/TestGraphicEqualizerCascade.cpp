@@ -49,7 +49,7 @@ TEST(GraphicEqualizerCascade, ARampTakesTwentyMillisecondsAndNeverTurnsBack)
         EXPECT_GE(heard[i], heard[i - 1]);
 }
 
-TEST(GraphicEqualizerCascade, ANewRampStartsAtTheOldRampsPlaceAndSpeed)
+TEST(GraphicEqualizerCascade, ANewRampStartsAtTheOldRampsPositionAndSpeed)
 {
     GraphicEqualizerCascade cascade;
     cascade.rampTo(plainGain(3.0));

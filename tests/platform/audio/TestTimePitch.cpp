@@ -270,7 +270,7 @@ TEST_F(TimePitchTest, KnowsTheHeardFrameRightAfterAReset)
     }
 }
 
-TEST_F(TimePitchTest, PlaysTheNewPlaceInTheFirstBufferAfterAReset)
+TEST_F(TimePitchTest, PlaysTheNewPositionInTheFirstBufferAfterAReset)
 {
     for (const float rate : {0.5F, 1.0F, 1.25F, 2.0F}) {
         set(rate, 0.0F);
@@ -306,7 +306,7 @@ TEST_F(TimePitchTest, KeepsItsParametersThroughAReset)
     EXPECT_EQ(stage.parameter(parameter::pitch), 100.0F);
 }
 
-TEST_F(TimePitchTest, ReturnsToTheSourceBitForBitAtTheStretchersPlace)
+TEST_F(TimePitchTest, ReturnsToTheSourceBitForBitAtTheStretchersPosition)
 {
     pull(1000);
     set(0.75F, 200.0F);

@@ -88,7 +88,7 @@ TEST(Container, OpensOnlyRegularFiles)
 {
     ASSERT_TRUE(QDir().mkpath(sampleFolder() + u"/folder.mp3"_s));
     EXPECT_EQ(opened(sampleFolder() + u"/folder.mp3"_s), status::unsupportedFileType);
-    // Opening a pipe without a writer would block for ever.
+    // Opening a pipe without a writer would block forever.
     const QString pipe = sampleFolder() + u"/pipe.mp3"_s;
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_EQ(opened(pipe), status::unsupportedFileType);
@@ -278,7 +278,7 @@ TEST(Container, IgnoresALengthThatTheFileCannotHold)
 TEST(Container, FindsTheSongBehindATagOfManyMegabytes)
 {
 #ifdef LYRABOX_IS_SLOW
-    const std::vector sizes = {2}; // Opening may take half a second only.
+    const std::vector sizes = {2}; // Opening may take only half a second.
 #else
     const std::vector sizes = {2, 20, 60};
 #endif

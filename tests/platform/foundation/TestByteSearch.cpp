@@ -5,7 +5,7 @@
 using namespace lyrabox;
 using namespace std::string_view_literals;
 
-TEST(ByteSearch, FindsTheFirstPlaceOfTheNeedle)
+TEST(ByteSearch, FindsTheFirstOccurrenceOfTheNeedle)
 {
     EXPECT_EQ(findBytes("ananas", "nas"), 3U);
     EXPECT_EQ(findBytes("ananas", "an"), 0U);

@@ -68,8 +68,7 @@ extern "C" int rename(const char *from, const char *to) noexcept
 
 namespace {
 
-/// Makes writes beyond the first 1,000 bytes of a file fail half-way while it lives, like a full
-/// disk.
+/// While it lives, writes beyond the first 1,000 bytes of a file fail half-way, as on a full disk.
 class FullDisk {
 public:
     FullDisk()

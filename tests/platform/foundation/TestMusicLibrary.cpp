@@ -117,7 +117,7 @@ void expectTheLibrary(const MusicLibraryRef &library)
     EXPECT_TRUE(library->playlists[2].items->empty());
 }
 
-/// The music application's preferences, in a folder of the tests.
+/// The music application's preferences, in a folder that belongs to the tests.
 QString preferences()
 {
     return QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).filePath(u"com.apple.iApps.plist"_s);

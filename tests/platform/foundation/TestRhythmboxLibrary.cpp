@@ -94,7 +94,7 @@ TEST_F(RhythmboxLibrary, ReadsThePlaylistsOfTheRealApplicationInOrder)
         << "without the hidden song";
 }
 
-TEST_F(RhythmboxLibrary, IdentifiersStayTheSameFromStartToStart)
+TEST_F(RhythmboxLibrary, IdentifiersStayTheSameAcrossRestarts)
 {
     // The last selected playlist is stored by its identifier, which therefore must not change.
     const MusicLibraryRef library = readRhythmboxLibrary(realFolder());

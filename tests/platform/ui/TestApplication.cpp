@@ -181,7 +181,7 @@ TEST_P(HeldKey, AHeldMnemonicOpensAMenuAndChoosesNothingInIt)
     menu.close();
 }
 
-TEST_P(HeldKey, APressAfterAReleaseHandledTooLateIsNoRepeat)
+TEST_P(HeldKey, APressAfterAReleaseHandledTooLateIsNotARepeat)
 {
     StateButton button(&window);
     button.show();

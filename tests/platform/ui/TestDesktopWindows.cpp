@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char *lastWords = "The Wayland connection broke. Did the Wayland compositor die?";
 
-TEST(DesktopWindows, TheTokenOfTheStartIsTakenOutOfTheEnvironment)
+TEST(DesktopWindows, TheActivationTokenIsRemovedFromTheEnvironment)
 {
     qputenv("XDG_ACTIVATION_TOKEN", "abc");
     EXPECT_EQ(takeActivationToken(), u"abc"_s);
@@ -24,7 +24,7 @@ TEST(DesktopWindows, TheTokenOfTheStartIsTakenOutOfTheEnvironment)
     EXPECT_EQ(takeActivationToken(), QString());
 }
 
-TEST(DesktopWindowsDeathTest, TheLossOfTheDisplayLeavesTimeForWhatIsRegisteredForTheEnd)
+TEST(DesktopWindowsDeathTest, LosingTheDisplayStillRunsTheExitHandlers)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
@@ -32,12 +32,12 @@ TEST(DesktopWindowsDeathTest, TheLossOfTheDisplayLeavesTimeForWhatIsRegisteredFo
             exitWhenDisplayIsLost();
             std::atexit([] { std::fputs("in order", stderr); });
             qWarning("%s", lastWords);
-            std::_Exit(3); // as the toolkit does then
+            std::_Exit(3); // as the toolkit does after it
         },
         testing::ExitedWithCode(EXIT_FAILURE), "in order");
 }
 
-TEST(DesktopWindowsDeathTest, ALossThatAnotherThreadNoticesIsLeftToTheMainThread)
+TEST(DesktopWindowsDeathTest, ALossNoticedOnAnotherThreadIsHandledByTheMainThread)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(
@@ -56,7 +56,7 @@ TEST(DesktopWindowsDeathTest, ALossThatAnotherThreadNoticesIsLeftToTheMainThread
         testing::ExitedWithCode(EXIT_FAILURE), "on the main thread");
 }
 
-TEST(DesktopWindowsDeathTest, OtherWarningsEndNothing)
+TEST(DesktopWindowsDeathTest, OtherWarningsDoNotEndTheProcess)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(

@@ -33,7 +33,7 @@ TEST(EmptyViewText, LeavesTheMouseToTheView)
     EXPECT_EQ(view.childAt(text.geometry().center()), view.viewport());
 }
 
-TEST(EmptyViewText, ShowsMarkupAsItStands)
+TEST(EmptyViewText, ShowsMarkupAsPlainText)
 {
     QTableView view;
     EmptyViewText text(&view);

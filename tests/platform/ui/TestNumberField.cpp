@@ -87,7 +87,7 @@ TEST_F(NumberFieldTest, ReadsEitherDecimalMarkAndTheSuffixOrNot)
     EXPECT_FLOAT_EQ(field.floatValue(), 4.0F);
 }
 
-TEST_F(NumberFieldTest, TextThatIsNoNumberReadsAsZero)
+TEST_F(NumberFieldTest, TextThatIsNotANumberReadsAsZero)
 {
     for (const QString &text : {u"fast"_s, QString(), u"%"_s, u"-"_s, u"nan"_s, u"inf"_s}) {
         field.setText(text);
@@ -231,7 +231,7 @@ TEST_F(NumberFieldTest, TypedNumberOutsideTheLimitsIsMovedToTheLimit)
     EXPECT_EQ(entered.count(), 2);
 }
 
-TEST_F(NumberFieldTest, LimitedFieldRefusesTextThatIsNoNumber)
+TEST_F(NumberFieldTest, LimitedFieldRefusesTextThatIsNotANumber)
 {
     field.setLimits(-12.0F, 12.0F);
     field.setFloatValue(3.0F);

@@ -163,7 +163,7 @@ TEST_F(Updater, RedirectToAnotherSchemeIsRefused)
     }
 }
 
-TEST_F(Updater, RedirectOnThisMachineIsFollowedButNotForEver)
+TEST_F(Updater, RedirectOnThisMachineIsFollowedButNotForever)
 {
     server.answerWithVersion("2.0");
     server.answer = [this, feed = server.answer](QTcpSocket &socket) {

@@ -364,7 +364,7 @@ int RunningProgram::playedPixels() const
 bool RunningProgram::seekForward()
 {
     const int goal = playedPixels() + navigationBar().width() / 10;
-    display.keyDown(u"Right"_s); // a short press is the next song
+    display.keyDown(u"Right"_s); // a short press would play the next song
     const bool arrived = waitUntil([&] { return playedPixels() > goal; });
     display.keyUp(u"Right"_s);
     return arrived;

@@ -35,7 +35,11 @@ protected:
         double seconds = 12.0;
         double amplitude = 0.4;
     };
+    /// Creates a folder of songs and returns its path. The song table lists the songs in the order
+    /// of their titles, whatever their files are called.
     QString makeFolder(const QString &name, const std::vector<Tone> &songs);
+    /// Puts the folder into the folder list, selects it and sorts its songs by title. Call it
+    /// before the first start.
     void showFolder(const QString &path);
     /// Adds a song whose tone rises every second: second n has the frequency stepFrequency(n).
     void addStepSong(const QString &folder, const QString &title, int seconds);

@@ -41,7 +41,7 @@ void VirtualDisplay::place(const QString &window, const QRect &frame)
     EXPECT_TRUE(waitUntil([&] {
         moveWindow(window, frame);
         return waitUntil([&] { return frameOf(window) == frame; }, 0.5);
-    })) << "the window does not go where it shall";
+    })) << "the window does not move to its place";
 }
 
 void VirtualDisplay::drag(QPoint from, QPoint to)

@@ -39,7 +39,7 @@ QByteArray settings(QSize size)
            "focus_on_window_activation focus\n";
 }
 
-/// The windows of a part of the compositor's tree.
+/// The windows in one part of the compositor's tree.
 void collectWindows(const QJsonObject &node, QList<QJsonObject> *windows)
 {
     if (node.contains("pid"_L1))
@@ -104,7 +104,7 @@ WaylandDisplay::WaylandDisplay()
     const QByteArray folder = QFile::encodeName(m_folder.path());
     if (isRoot &&
         (::chown(folder.constData(), user, group) != 0 || ::chmod(folder.constData(), 0711) != 0))
-        ADD_FAILURE() << "the compositor gets no folder";
+        ADD_FAILURE() << "the compositor's folder cannot be made";
     m_compositor.setChildProcessModifier([=] {
         // These are raw system calls. The library's functions would also change the threads of the
         // parent, whose memory this process shares.
@@ -220,7 +220,7 @@ QString WaylandDisplay::activeWindow() const
 
 void WaylandDisplay::minimize(const QString &)
 {
-    ADD_FAILURE() << "this compositor minimizes nothing";
+    ADD_FAILURE() << "this compositor cannot minimize windows";
 }
 
 void WaylandDisplay::moveTo(QPoint point)
