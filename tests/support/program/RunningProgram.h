@@ -26,9 +26,7 @@ protected:
                             VirtualDisplay::Kind kind = VirtualDisplay::usualKind());
     ~RunningProgram() override;
 
-    /// A song with one tone; times in seconds, frequency in hertz, amplitude linear. Before the
-    /// first start, makeFolder() makes a folder of such songs, and showFolder() puts it into the
-    /// folder list, selected and sorted by title. File names do not affect the order.
+    /// A song with one tone: frequency in hertz, length in seconds, linear amplitude.
     struct Tone {
         QString title;
         double frequency = 440.0;
