@@ -59,7 +59,7 @@ TEST_F(CubebOutputOnServer, AStopDoesNotWaitForAServerThatHangsAndNoCallbackPull
     output.stop();
 }
 
-TEST_F(CubebOutputOnServer, TheSourceMayGoAfterAStopThatTheServerDidNotAnswer)
+TEST_F(CubebOutputOnServer, TheSourceMayBeDestroyedAfterAStopThatTheServerDidNotAnswer)
 {
     auto source = std::make_unique<SineSource>(440.0);
     open(*source);
@@ -113,7 +113,7 @@ TEST_F(CubebOutputOnServer, AStartDoesNotWaitForAServerThatHangs)
     EXPECT_EQ(source.rendered, 0U);
 }
 
-TEST_F(SoundFaults, PauseAndPlayDoNotWaitForAServerThatHangsAndTheSongGoesOnWhenItAnswers)
+TEST_F(SoundFaults, PauseAndPlayDoNotWaitForAServerThatHangsAndTheSongContinuesWhenItAnswers)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);

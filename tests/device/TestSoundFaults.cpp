@@ -157,7 +157,7 @@ TEST_F(SoundFaults, ASuspendedDeviceHoldsTheSongUntilItIsResumed)
     }
 }
 
-TEST_F(SoundFaults, ASongMayBePausedAndGoOnWhileItsDeviceIsSuspended)
+TEST_F(SoundFaults, ASongMayBePausedAndResumedWhileItsDeviceIsSuspended)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);
@@ -174,7 +174,7 @@ TEST_F(SoundFaults, ASongMayBePausedAndGoOnWhileItsDeviceIsSuspended)
     EXPECT_GE(engine::currentFrame(), frames(100.0));
 }
 
-TEST_F(SoundFaults, TheLastDeviceMayGoDuringASongAndAnotherOneTakesOver)
+TEST_F(SoundFaults, TheLastDeviceMayDisappearDuringASongAndAnotherOneTakesOver)
 {
     ASSERT_EQ(engine::loadAudioFile(tone(240.0)), status::noError);
     engine::setOutputRunning(true);

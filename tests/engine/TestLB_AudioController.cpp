@@ -287,7 +287,7 @@ TEST_F(AudioController, StoredValuesThatAreNotFiniteAreSkipped)
     EXPECT_EQ(transport.playbackSpeedSlider->floatValue(), 100.0F);
 }
 
-TEST_F(AudioController, ArtworkIsShownUntilTheSongGoes)
+TEST_F(AudioController, ArtworkIsShownUntilTheSongIsGone)
 {
     const QImage placeholder = player.albumArtImage();
     QImage picture(40, 30, QImage::Format_RGB32);

@@ -24,7 +24,7 @@ TEST(ReadingPoint, BeforeAJumpThePositionIsAtTheLoopsEnd)
     EXPECT_EQ(point.placeBefore(700), 8600U);
 }
 
-TEST(ReadingPoint, AShortLoopIsFollowedThroughItsRounds)
+TEST(ReadingPoint, AShortLoopIsTracedThroughItsRounds)
 {
     ReadingPoint point;
     for (int i = 0; i < 3; ++i)
@@ -38,7 +38,7 @@ TEST(ReadingPoint, AShortLoopIsFollowedThroughItsRounds)
     EXPECT_EQ(point.placeBefore(128 + 512 + 256 + 100), 900U);
 }
 
-TEST(ReadingPoint, AJumpForwardsAndAnEmptyRoundAreFollowedBackToWhereTheyLeft)
+TEST(ReadingPoint, AForwardJumpAndAnEmptyRoundAreTracedBackToTheirStart)
 {
     ReadingPoint point;
     point.jump(500, 4000);

@@ -297,7 +297,7 @@ TEST(LB_TrackController, DoesNotQueueTheResortedListAgainWhenShuffling)
     EXPECT_EQ(f.queue.orderedArray(), ordered);
 }
 
-TEST(LB_TrackController, DoesNotQueueAnotherListThanTheQueuedOne)
+TEST(LB_TrackController, DoesNotQueueAListOtherThanTheQueuedOne)
 {
     LibraryFixture f;
     f.showPlaylist({u"b"_s, u"a"_s}, u"P1"_s);

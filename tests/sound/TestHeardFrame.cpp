@@ -46,7 +46,7 @@ TEST(HeardFrame, IsTheNextToSoundWhileASongPlays)
     }
 }
 
-TEST(HeardFrame, IsFollowedBackOverALoopsJump)
+TEST(HeardFrame, IsTracedBackAcrossALoopsJump)
 {
     Player player(noise, 441000);
     engine::setLoopStartFrame(10000);
@@ -84,7 +84,7 @@ TEST(HeardFrame, IsTheTargetRightAfterASeekAndNeverBeforeIt)
     EXPECT_EQ(last, 300000U + 60 * 128 - 1536);
 }
 
-TEST(HeardFrame, OfAPausedSongIsWhereItGoesOn)
+TEST(HeardFrame, OfAPausedSongIsWhereItWillContinue)
 {
     Player player(noise, 441000);
     player.output().deviceFrames = 1536;

@@ -174,7 +174,7 @@ TEST(Container, RefusesProgramTablesThatDecodeAsSound)
             << qPrintable(extension);
 }
 
-TEST(Container, FindsAnMp3BehindForeignBytes)
+TEST(Container, FindsAnMp3AfterForeignBytes)
 {
     const QByteArray song =
         bytesOf(sampleFile({.extension = u"mp3"_s, .options = {u"-id3v2_version"_s, u"0"_s}}));
@@ -275,7 +275,7 @@ TEST(Container, IgnoresALengthThatTheFileCannotHold)
     EXPECT_EQ(readAll(reader).frames(), 1000U);
 }
 
-TEST(Container, FindsTheSongBehindATagOfManyMegabytes)
+TEST(Container, FindsTheSongAfterATagOfManyMegabytes)
 {
 #ifdef LYRABOX_IS_SLOW
     const std::vector sizes = {2}; // Opening may take only half a second.

@@ -83,7 +83,7 @@ TEST_F(DiskPatience, ASilentDiskIsNotAskedUntilItAnswersAndItsAnswerIsReported)
     EXPECT_EQ(files::askPatiently<int>(u"/far/b"_s, question), 3);
 }
 
-TEST_F(DiskPatience, WorkIsAbandonedWhenTheCallerDoesNotGoOn)
+TEST_F(DiskPatience, WorkIsAbandonedWhenTheCallerStopsWaiting)
 {
     std::promise<void> answer;
     const auto isAnswered = answer.get_future().share();
