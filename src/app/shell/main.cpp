@@ -48,7 +48,8 @@ int reportUnresponsiveInstance()
     return EXIT_FAILURE;
 }
 
-/// MISS
+/// The composition that the handler of exit() terminates. The toolkit calls exit(), for example,
+/// after the display server has died.
 lyrabox::Composition *runningComposition = nullptr;
 
 void terminateComposition()

@@ -115,7 +115,7 @@ void RunningProgram::startWithoutWindow(const QStringList &arguments)
     if (heedsPermissions)
         m_program.setChildProcessModifier([] {
             prctl(PR_SET_PDEATHSIG, SIGKILL);
-            // MISS
+            // The program must not inherit these rights of root. An ordinary user has none.
             prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
             prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
         });
