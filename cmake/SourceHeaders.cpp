@@ -1,1 +1,1 @@
-// Nothing but the precompiled headers that come with it; see Lyrabox.cmake.
+// Contains only the precompiled headers; see Lyrabox.cmake.

@@ -38,6 +38,6 @@ def rows():
                       f"decoded + {MEMORY_ALLOWANCE:.0f} MB", most[0] - most[1] <= MEMORY_ALLOWANCE))
     if len(most) > 3:
         least = max(memory, key=lambda entry: entry[3])
-        result.append(Row(f"load, all cores beside one ({least[2]}, the least gain)", duration(least[4]),
+        result.append(Row(f"load, all cores against one ({least[2]}, the smallest gain)", duration(least[4]),
                           f"one core: {duration(least[5])}", least[3], "falling", least[3] < 1.0))
     return result

@@ -2,8 +2,9 @@
 
 #include "navigation/SeekButton.h"
 
-/// A short press goes to the start of the song or loop, or to the previous song within the first
-/// seconds. A held press moves backward through the song until the start of the loop or song.
+/// A short press goes to the start of the song or loop. In the first four seconds of a song it goes
+/// to the previous song instead, unless a loop start is set. A held press moves backward through
+/// the song until the start of the loop or song.
 class LB_BackButton : public lyrabox::SeekButton {
     Q_OBJECT
 

@@ -187,7 +187,8 @@ void LB_FolderSourceController::removeOkButtonPressed()
     const FolderRef asked = std::exchange(m_folderToRemove, nullptr);
     const FolderRef folder = asked != nullptr ? asked : m_selectedFolder;
     {
-        // The view would select, and so scan, a neighbour of the removed row.
+        // Otherwise the view would select a neighbour of the removed row, and the controller would
+        // scan it.
         const QScopedValueRollback<bool> guard(m_relisting, true);
         m_folderOutlineView->selectionModel()->clear();
     }
@@ -324,7 +325,8 @@ void LB_FolderSourceController::setSelectedFolder(const FolderRef &folder)
     if (m_selectedFolder == folder)
         return;
     m_selectedFolder = folder;
-    // Listing a tree again makes new nodes for the same folders.
+    // The identifiers are compared, because a tree that is listed again has new nodes for the same
+    // folders.
     if (m_folderToRemove != nullptr &&
         (folder == nullptr || folder->itemID() != m_folderToRemove->itemID()))
         m_popover->closePopover();

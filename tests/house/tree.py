@@ -50,7 +50,7 @@ def reachable(table, folder):
 
 
 def circle(edges):
-    """A circle in {folder: folders}, as a list whose first and last names are equal; empty if there is none."""
+    """A cycle in {folder: folders}, as a list whose first and last names are equal; empty if there is none."""
     done = set()
 
     def walk(node, path):

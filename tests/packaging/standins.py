@@ -31,7 +31,7 @@ class ScriptTest(unittest.TestCase):
         file.chmod(0o755)
 
     def only(self, *tools):
-        """Hides the system's tools: of them, only these are left."""
+        """Hides all of the system's tools except these."""
         for tool in ("bash", *tools):
             (self.root / "bin" / tool).symlink_to(shutil.which(tool))
         self.path = str(self.root / "bin")
@@ -58,7 +58,7 @@ class ScriptTest(unittest.TestCase):
         return file.read_text().splitlines() if file.exists() else []
 
     def assert_one_line(self, result, *texts):
-        """The script fails, and says why in one line that holds these texts."""
+        """Expects that the script fails and says why in one line that contains these texts."""
         self.assertEqual(result.returncode, 1, result.stderr)
         self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
         for text in texts:

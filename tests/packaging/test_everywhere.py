@@ -1,4 +1,4 @@
-"""Runs scripts/test-everywhere with a stand-in for the tests and looks at the table that it makes."""
+"""Runs scripts/test-everywhere with a stand-in for the tests and checks the table that it makes."""
 import os
 import shutil
 import subprocess

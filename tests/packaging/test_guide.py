@@ -1,4 +1,4 @@
-"""Does what docs/guide.md says to take the settings to another machine, with the guide's own commands."""
+"""Takes the settings to another machine as docs/guide.md describes, with the guide's own commands."""
 import pathlib
 import plistlib
 import re

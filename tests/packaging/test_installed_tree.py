@@ -1,4 +1,4 @@
-"""Installs a build into a temporary folder and checks what lies there: test_installed_tree.py BUILD VERSION"""
+"""Installs a build into a temporary folder and checks the installed files: test_installed_tree.py BUILD VERSION"""
 import configparser
 import os
 import pathlib

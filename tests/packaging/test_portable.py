@@ -1,4 +1,4 @@
-"""Tries what the portable archive brings for the shell, its start and its installation: test_portable.py"""
+"""Tests the shell scripts of the portable archive, the start script and the installer: test_portable.py"""
 import os
 import pathlib
 import re
@@ -9,7 +9,7 @@ import unittest
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 ID = "org.lyrabox.Lyrabox"
-# Everything that a shell, a menu entry or a pattern gives a meaning of its own.
+# Every character with a special meaning in a shell, a menu entry or a pattern.
 ODD = 'Music "tools" $HOME `id` \\ 50% [x]'
 
 
@@ -28,7 +28,7 @@ class Portable(unittest.TestCase):
         shutil.copy(SOURCE / "resources/portable/install", self.root / "install")
         shutil.copy(SOURCE / f"resources/desktop/{ID}.desktop", self.root / "share/applications")
         (self.root / f"share/icons/hicolor/48x48/apps/{ID}.png").write_bytes(b"picture")
-        # The program itself: tells how it was called.
+        # A stand-in for the program, which prints how it was called.
         self.write(self.root / "libexec/lyrabox", '#!/bin/sh\nprintf "%s|" "$0" "$@"\n')
         self.system("glibc 2.36", "x86_64")
 
@@ -110,7 +110,7 @@ class Portable(unittest.TestCase):
 
     @staticmethod
     def compile(source, *options):
-        # After "-x none" libraries are what their names say.
+        # After "-x none" the compiler recognises libraries by their names.
         subprocess.run(["cc", "-x", "c", "-", "-x", "none", *options], input=source, text=True, check=True)
 
     def test_the_menu_entry_starts_the_program_where_it_lies(self):
@@ -120,7 +120,7 @@ class Portable(unittest.TestCase):
         subprocess.run(["desktop-file-validate", entry], check=True)
         lines = [line for line in entry.read_text().splitlines() if line.startswith("Exec=")]
         self.assertEqual(len(lines), 1)
-        # Backwards through what a desktop does: the value's backslashes, the quotes, the percent signs.
+        # Undoes what a desktop does, in reverse order: the value's backslashes, the quotes, the percent signs.
         value = lines[0].removeprefix("Exec=").replace("\\\\", "\\")
         quoted, rest = re.fullmatch(r'"((?:[^"\\`$]|\\.)*)"( .*)', value).groups()
         self.assertEqual(rest, " %U")

@@ -1,4 +1,4 @@
-"""Runs scripts/run and scripts/build among stand-ins and looks at what they install, configure and start."""
+"""Runs scripts/run and scripts/build with stand-ins and checks what they install, configure and start."""
 import os
 import shutil
 import signal

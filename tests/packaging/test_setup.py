@@ -1,4 +1,4 @@
-"""Runs scripts/setup among stand-ins for the package tools and looks at what it would install."""
+"""Runs scripts/setup with stand-ins for the package tools and checks what it would install."""
 import os
 import re
 import unittest
@@ -77,7 +77,7 @@ class Setup(standins.ScriptTest):
         self.stand_in("bin/id", f"echo {0 if yes else 1000}\n")
 
     def system(self, installed=None, archive=None, lists=None):
-        """What is installed, what apt knows once it has read its lists anew, and what it knows before."""
+        """What is installed, what apt knows after updating its lists, and what it knows before."""
         for name, lines in (("installed", installed), ("archive", archive), ("lists", lists)):
             if lines is not None:
                 (self.root / name).write_text("".join(line + "\n" for line in lines))

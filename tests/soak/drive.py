@@ -31,7 +31,7 @@ import time
 PERIOD = 0.1
 PATIENCE = 30.0  # seconds without an answer; decoding is slow in a sanitizer's build
 DEVICE_SETTLE = 3.0  # seconds after a change of devices during which a stream may starve
-# The machine is to blame for an underrun if a processor was kept from its work for so many seconds
+# The machine is to blame for an underrun if a processor was kept from its work for this many seconds
 # around it. A server that asks for twice as much as usual still has 8.7 ms to play, and a callback
 # may take half of that.
 STANDSTILL, BEFORE, AFTER = 0.004, 0.15, 0.05
@@ -115,7 +115,7 @@ class Soundserver:
 
 
 class Machine:
-    """Records when the machine stood still (see stalls.py). Records nothing if real-time priority is not allowed."""
+    """Records when the machine stalled (see stalls.py). Records nothing if real-time priority is not allowed."""
 
     def __init__(self, folder):
         self.path, self.read, self.stalls = f"{folder}/stalls", 0, []
@@ -622,7 +622,7 @@ class Soak:
     # The checks.
 
     def count_underruns(self):
-        """Leaves out those of a moved stream, of a server that has just started and of a standstill. The program does not cause them."""
+        """Leaves out underruns of a moved stream, of a server that has just started and of a stall. The program does not cause them."""
         times = self.sound.new_underruns()
         self.machine.look()
         for at in times:
@@ -685,7 +685,7 @@ class Soak:
             if not holds:
                 raise Failure(what)
 
-        require(not stray, f"stray files beside the settings: {stray}")
+        require(not stray, f"stray files next to the settings: {stray}")
         for key, identifier in (("sorts", "id"), ("songSettings", "inode")):
             names = [entry[identifier] for entry in user[key]]
             require(len(names) == len(set(names)), f"an {identifier} twice in {key}")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Records when the machine itself stands still.
+"""Records when the machine itself stalls.
 
 stalls.py FILE
 

@@ -17,7 +17,7 @@ namespace lyrabox {
 /// effect. Changes take effect as ramps of 20 ms. With every level at 0 dB the output equals the
 /// input bit for bit.
 ///
-/// If render() has no callback, or the callback returns a status, it filters silence, and the
+/// If render() has no callback, or the callback returns an error, it filters silence, and the
 /// filter's ringing dies away. Samples that are not finite count as silence, too.
 class GraphicEqualizer : public EqualizerUnit {
 public:

@@ -164,7 +164,7 @@ void TimePitchStretcher::restart(std::int64_t firstFrame) noexcept
 
 double TimePitchStretcher::attackLead() const noexcept
 {
-    // Measured with clicks: in stretched sound, attacks come too early.
+    // In output frames, measured with clicks: in stretched sound, attacks come too early.
     constexpr double perStretch = 250.0;
     constexpr double maxLead = 520.0;
     const double stretch = m_pitch.value() / m_speed;
