@@ -29,7 +29,7 @@ Status buildChain(Chain &chain);
 /// What resetChain() does with the last frames of an ended song, which the stages still hold.
 enum class HeldSound { Drop, PlayOut };
 
-/// Drops the frames that the stages hold, from the output back to the equalizer.
+/// Drops the frames that the stages hold, from the output back to the equalizer. Control side.
 void resetChain(const Chain &chain, HeldSound held);
 
 /// A parameter that keeps its value when the output device changes.
@@ -38,7 +38,7 @@ struct CarriedParameter {
     std::uint32_t id;
 };
 
-/// Every such parameter of a complete chain, always in the same order.
+/// Every such parameter of a complete chain, always in the same order. Control side.
 std::vector<CarriedParameter> carriedParameters(const Chain &chain);
 
 } // namespace lyrabox::engine

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-/// The decisions of the transport that need no controls.
+/// The decisions of the transport that need no controls. Pure functions; any thread.
 namespace lyrabox::transport {
 
 constexpr float normalSpeed = 100.0F; ///< percent

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QString>
 
-/// Formats the text below the track table.
+/// Formats the text below the track table. Main thread.
 class TrackCountTextTransformer {
     Q_DECLARE_TR_FUNCTIONS(TrackCountTextTransformer)
 

@@ -7,7 +7,7 @@ class LB_NavigationView;
 namespace lyrabox {
 
 /// Presents the navigation bar to assistive technologies as a slider over the song, in whole
-/// seconds.
+/// seconds. Main thread.
 class PositionAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit PositionAccessible(LB_NavigationView *view);

@@ -6,14 +6,14 @@ class QPainter;
 
 namespace lyrabox {
 
-/// Draws the gray rounded background of the navigation view.
+/// Draws the gray rounded background of the navigation view. Main thread.
 class BackLayerDelegate {
 public:
     /// Fills `bounds`. Leaves the pixels outside the rounded corners unchanged.
     void drawLayerInContext(const QRectF &bounds, QPainter &context) const;
 };
 
-/// Holds the position and loop start as fractions, and draws the played part.
+/// Holds the position and loop start as fractions, and draws the played part. Main thread.
 class PlayLayerDelegate {
 public:
     /// Current frame / total frames. If it is NaN, nothing is drawn.

@@ -10,7 +10,8 @@ namespace lyrabox {
 
 /// Dictionaries keyed by one of their members, as stored in the arrays of "UserSettings.plist".
 /// Entries that were loaded stay unchanged, even if several have the same identifier, until
-/// replace() or remove() is called for that identifier; docs/kept-on-purpose.md says why.
+/// replace() or remove() is called for that identifier; docs/kept-on-purpose.md says why. One
+/// thread at a time.
 class EntrySet {
 public:
     /// `identifierKey` is the key of the member that identifies an entry.

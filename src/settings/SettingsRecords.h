@@ -8,7 +8,7 @@
 #include <QStringList>
 
 /// Converts between the records of the settings files and values. Every record can be read: a
-/// default takes the place of a member that is missing or has a wrong type.
+/// default takes the place of a member that is missing or has a wrong type. Any thread.
 namespace lyrabox {
 
 /// Band levels are between -eqLevelLimit and +eqLevelLimit, in dB. Levels read from a file are

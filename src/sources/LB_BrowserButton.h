@@ -4,7 +4,8 @@
 
 #include <QPushButton>
 
-/// The OK button of the directory browser. A push button that knows the tree it confirms.
+/// The OK button of the directory browser. A push button that knows the tree whose selection it
+/// confirms. Main thread.
 class LB_BrowserButton : public QPushButton {
     Q_OBJECT
 

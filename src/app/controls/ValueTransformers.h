@@ -3,7 +3,8 @@
 #include "app/controls/SecondsToMinutesTransformer.h"
 #include "platform/ui/NamedImage.h"
 
-/// The image in the row of the playing song: "IsPlaying" for true, a null image for false.
+/// The image in the row of the playing song: "IsPlaying" for true, a null image for false. Main
+/// thread, like the classes below.
 class PlayImageTransformer {
 public:
     static lyrabox::NamedImage transformedValue(bool value);

@@ -30,8 +30,10 @@ public:
 
     static constexpr std::uint32_t slideFrames = 512;
     static constexpr std::uint32_t glideFrames = 256;
-    static constexpr std::uint32_t maximumWrite = 1024; ///< frames, while none are available
+    /// The most frames that one write() takes.
+    static constexpr std::uint32_t maximumWrite = 1024;
 
+    /// Appends up to maximumWrite frames of input. Call it only while isAvailable() is false.
     void write(const float *left, const float *right, std::uint32_t frames) noexcept;
 
     /// The number of the next frame to be written.

@@ -8,6 +8,7 @@
 #include <string_view>
 
 /// Decides which files count as audio: lists the containers and codecs that FFmpeg may use here.
+/// Any thread.
 namespace lyrabox::decoding {
 
 /// Comma-separated names of FFmpeg's demuxers for audio containers that hold their own data. The

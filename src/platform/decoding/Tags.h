@@ -9,7 +9,7 @@
 namespace lyrabox::decoding {
 
 /// Decodes a tag's text as UTF-8. Invalid bytes are replaced, the length is limited to 64 KB, and
-/// NULs and surrounding spaces are removed.
+/// NULs and surrounding spaces are removed. Any thread.
 QString tagText(const char *bytes);
 
 /// See SongReader::infoDictionary().

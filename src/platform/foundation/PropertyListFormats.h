@@ -3,7 +3,8 @@
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListReader.h"
 
-/// The two file formats of a property list, XML and binary. parsePropertyList() tells them apart.
+/// The two file formats of a property list, XML and binary. parsePropertyList() distinguishes them.
+/// Any thread.
 namespace lyrabox {
 
 /// Whether `data` starts like a binary property list.

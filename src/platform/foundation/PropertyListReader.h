@@ -16,7 +16,7 @@ QString utf8Text(std::string_view text);
 
 /// Reads an XML property list as a stream of tokens. Memory holds only one piece of the file,
 /// however large the file is. Call next() until it returns Token::End or Token::Error; after that
-/// it keeps returning the same token.
+/// it keeps returning the same token. One thread at a time.
 ///
 /// The reader checks that elements are properly nested and that keys are where keys belong. It
 /// ignores the document type. The only entities it knows are the five of XML and numeric ones.

@@ -54,7 +54,8 @@ struct Volume {
 /// of the path.
 std::vector<Volume> shownVolumes(const std::vector<Mount> &mounts, const MountNotes &notes);
 
-/// The volumes that are mounted now. Asks the kernel and the desktop's tables, but no disk.
+/// The volumes that are mounted now. Asks the kernel and the desktop's tables, but no disk. Any
+/// thread.
 std::vector<Volume> mountedVolumes();
 
 /// Whether mounts were added or removed between two mount tables.

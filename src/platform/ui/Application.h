@@ -7,7 +7,7 @@
 namespace lyrabox {
 
 /// The application object. It alone decides whether a key event is a fresh press or a repeat of a
-/// held key. All other code only asks QKeyEvent::isAutoRepeat():
+/// held key. All other code only asks QKeyEvent::isAutoRepeat(). Main thread.
 ///
 /// - Repeats reach their receivers marked as repeats. Until the user releases the key, no unmarked
 ///   press or release arrives.

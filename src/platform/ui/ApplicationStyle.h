@@ -7,7 +7,7 @@ namespace lyrabox {
 /// The look of the toolkit's own widgets, based on Fusion. It draws the fields, scroll bars and
 /// menu bars of the main windows. Other windows (menus, alerts, dialogs, popovers, tool tips) get a
 /// style sheet when they are first shown. There is no style sheet for the whole application,
-/// because the toolkit would match it against every widget before the first picture.
+/// because the toolkit would match it against every widget before the first picture. Main thread.
 class ApplicationStyle : public QProxyStyle {
     Q_OBJECT
 

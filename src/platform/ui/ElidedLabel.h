@@ -5,7 +5,7 @@
 namespace lyrabox {
 
 /// A one-line plain-text label. If the text does not fit, the label shortens it in the middle and
-/// shows the whole text as its tool tip. text() always returns the whole text.
+/// shows the whole text as its tool tip. text() always returns the whole text. Main thread.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

@@ -5,7 +5,8 @@
 
 namespace lyrabox {
 
-/// Shows one image with rounded corners. The image is scaled to fit and keeps its proportions.
+/// Shows one image with rounded corners. The image is scaled to fit and keeps its proportions. Main
+/// thread.
 class ImageView : public QWidget {
     Q_OBJECT
 

@@ -7,7 +7,7 @@
 namespace lyrabox {
 
 /// One push button of a ButtonMatrix. Only the outer corners of the row are rounded, and neighbours
-/// share a line.
+/// share a line. Main thread.
 class MatrixCell : public QAbstractButton {
     Q_OBJECT
 

@@ -9,7 +9,7 @@ class QPainter;
 namespace lyrabox {
 
 /// The colours and measures of the whole program. Texts on `window` and on `surface` have a
-/// contrast of at least 4.5 : 1.
+/// contrast of at least 4.5 : 1. The functions belong to the main thread.
 namespace Theme {
 
 inline constexpr QColor accent{0x34, 0x98, 0xDB};
@@ -50,7 +50,7 @@ QFont uiFont(double points);
 /// loaded.
 double uiLineHeight(double points);
 
-/// Gives the application the program's light look, whatever theme the desktop has.
+/// Gives the application the program's light look, regardless of the desktop's theme.
 void applyApplicationTheme();
 
 /// Draws a ring, 2 pixels wide, just inside `rect`. It marks the control that has the keyboard.
