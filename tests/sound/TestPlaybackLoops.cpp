@@ -152,8 +152,8 @@ TEST_P(LoopSound, PlaysAToneWithoutABreakAtTheJump)
     player.pull(22050);
     const Stereo heard = player.pull(static_cast<std::size_t>(setting.seconds * 22050.0));
     const double level = clickLevel(heard.left);
-    std::printf("[ measured ] %3d %%, loop of %6llu frames: other sound %.1f dB\n",
-                setting.percent, static_cast<unsigned long long>(setting.length), level);
+    std::printf("[ measured ] %3d %%, loop of %6llu frames: other sound %.1f dB\n", setting.percent,
+                static_cast<unsigned long long>(setting.length), level);
     EXPECT_LT(level, -80.0);
 }
 
