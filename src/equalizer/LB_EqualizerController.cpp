@@ -143,7 +143,7 @@ void LB_EqualizerController::selectRow(int row)
     m_presetTableView->scrollTo(index);
 }
 
-/// Usually the first row. A settings file may give the manual preset another place.
+/// Usually the first row. A settings file may put the manual preset into another row.
 int LB_EqualizerController::manualRow() const
 {
     const EqPresetList &presets = arrangedObjects();

@@ -48,8 +48,8 @@ public:
     void setSortDescriptorForListID(const lyrabox::SortDescriptor &descriptor,
                                     const std::optional<QString> &listID);
 
-    /// The list of presets, never null. It is shared: what its holders change is written at the end
-    /// of the program.
+    /// The list of presets, never null. It is shared: changes made through any of the pointers are
+    /// written at the end of the program.
     std::shared_ptr<lyrabox::EqPresetList> eqPresetArray() const;
     /// Replaces the list; null makes it empty.
     void setEqPresetArray(std::shared_ptr<lyrabox::EqPresetList> presets);

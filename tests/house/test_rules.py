@@ -32,7 +32,7 @@ class Rules(unittest.TestCase):
         self.assertEqual(self.table, {"lower": [], "app/other": [], "upper": ["app/other", "lower"],
                                       "app/shell": ["lower", "app/other", "upper"]})
 
-    def test_a_name_that_is_no_folder_is_an_error(self):
+    def test_a_name_that_is_not_a_folder_is_an_error(self):
         with self.assertRaises(ValueError):
             tree.layers(DOCUMENT.replace("other, lower", "nowhere"))
 
@@ -50,7 +50,7 @@ class Rules(unittest.TestCase):
         table = {"a": [], "b": ["a"], "c": ["b"]}
         self.assertEqual(tree.includes_against(table, {"c/C.cpp": '#include "a/A.h"\n'}), [])
 
-    def test_circles_are_found(self):
+    def test_cycles_are_found(self):
         self.assertEqual(tree.circle({"a": ["b"], "b": ["c"], "c": ["a"]}), ["a", "b", "c", "a"])
         self.assertEqual(tree.circle({"a": ["b", "c"], "b": ["c"], "c": []}), [])
 
@@ -58,11 +58,11 @@ class Rules(unittest.TestCase):
         self.assertEqual(tree.dependencies("lyrabox_add_library(x\n  DEPENDS a b_c\n  LIBRARIES Qt6::Core)"), ["a", "b_c"])
         self.assertEqual(tree.dependencies("target_link_libraries(lb_app_shell\n PUBLIC lb_a lb_b Qt6::X)"), ["a", "b"])
 
-    def test_the_picture_has_to_show_every_folder_and_no_other(self):
+    def test_the_picture_must_show_every_folder_and_no_other(self):
         faults = tree.picture_against([["upper"], ["lower", "ghost"]], {"upper": ["lower"], "lower": [], "third": []})
         self.assertEqual(faults, ["third: not in the picture", "ghost: not in the table"])
 
-    def test_the_picture_has_to_stand_the_right_way_up(self):
+    def test_the_picture_must_be_the_right_way_up(self):
         table = {"upper": ["lower"], "lower": []}
         self.assertEqual(len(tree.picture_against([["lower"], ["upper"]], table)), 1)
         self.assertEqual(len(tree.picture_against([["upper", "lower"]], table)), 1)
@@ -108,7 +108,7 @@ class Functions(unittest.TestCase):
         self.assertEqual(functions.too_long("void f()\n" + body(59)), [])
         self.assertEqual([f.name for f in functions.too_long("void f()\n" + body(60))], ["f"])
 
-    def test_a_reason_stands_in_the_comment_right_above(self):
+    def test_a_reason_is_in_the_comment_right_above(self):
         function = "void f()\n" + body(60)
         self.assertEqual(functions.too_long("/// Does it.\n/// Long because it is one table.\n" + function), [])
         self.assertEqual(len(functions.too_long("// Long because of g().\nint x;\n" + function)), 1)
@@ -126,7 +126,7 @@ class Functions(unittest.TestCase):
         text = "void f()\n{\n    struct S { int g() { return 1; } };\n    auto h = [] { return 2; };\n}\n"
         self.assertEqual([(f.name, f.length) for f in functions.functions(text)], [("f", 5)])
 
-    def test_initialisers_are_no_functions(self):
+    def test_initialisers_are_not_functions(self):
         text = ("constexpr int a[] = {1, 2};\nconst std::array b{f(1), f(2)};\nenum class E { one, two };\n"
                 "C::C(int x)\n    : m_a{x}, m_b(x), m_c{}\n{\n    g();\n}\n")
         self.assertEqual([(f.name, f.length) for f in functions.functions(text)], [("C::C", 5)])

@@ -25,7 +25,7 @@ class Layers(unittest.TestCase):
     def test_every_row_is_a_folder(self):
         self.assertEqual([f for f in TABLE if not (SRC / f).is_dir()], [])
 
-    def test_there_is_no_circle(self):
+    def test_there_is_no_cycle(self):
         self.assertEqual(tree.circle(TABLE), [])
         edges = {}
         for path, text in SOURCES.items():
@@ -44,7 +44,7 @@ class Layers(unittest.TestCase):
                     below = tree.reachable(TABLE, name) | {name}
                     self.assertTrue(included & below, f"{folder} includes nothing of {name}")
 
-    def test_what_links_is_what_the_row_allows(self):
+    def test_a_folder_links_only_what_its_row_allows(self):
         targets = {target_of(f): f for f in TABLE}
         for folder in TABLE:
             if folder == "app/interfaces":

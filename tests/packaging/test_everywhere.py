@@ -78,7 +78,7 @@ class Everywhere(standins.ScriptTest):
                                                             ["Debian 13", "Wayland: the program suite"]])
         self.assertTrue(result.stdout.endswith((self.root / "build/everywhere/table.md").read_text()))
 
-    def test_further_arguments_go_to_ctest_and_stand_in_the_row(self):
+    def test_further_arguments_go_to_ctest_and_appear_in_the_row(self):
         self.everywhere("debian-12/x", "--", "-R", "engine")
         self.assertEqual(self.lines("calls"), [" debian-12 -R engine"])
         self.assertEqual(self.rows()[0][1], "X and PulseAudio: every suite -R engine")

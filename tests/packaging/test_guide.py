@@ -49,7 +49,7 @@ class AnotherMachine(unittest.TestCase):
         subprocess.run(["bash", "-eu", "-c", script], check=True, cwd=home,
                        env={"HOME": str(home), "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8"})
 
-    def test_speeds_pitches_sorts_presets_and_folders_are_there(self):
+    def test_speeds_pitches_sorts_presets_and_folders_are_carried_over(self):
         write_down, carry_over, rename_home = commands()
         self.run_in(self.old, write_down)
         for path in sorted(self.music.rglob("*"), reverse=True):  # other numbers in another order

@@ -79,7 +79,7 @@ class InstalledTree(unittest.TestCase):
             if kind:
                 self.assertIn(kind, known)
 
-    def test_the_software_centre_speaks_of_this_version(self):
+    def test_the_software_centre_names_this_version(self):
         info = self.metainfo()
         self.assertEqual(info.findtext("id"), ID)
         self.assertEqual(info.findtext("launchable"), f"{ID}.desktop")
@@ -105,7 +105,7 @@ class InstalledTree(unittest.TestCase):
         for keys, meaning in rows:
             self.assertIn(f'.B "{keys.strip()}"\n{meaning.strip()}\n', manual)
 
-    def test_the_demo_music_lies_where_the_program_looks(self):
+    def test_the_demo_music_is_where_the_program_looks(self):
         demo = self.share / "lyrabox/Demo"
         self.assertEqual({p.name for p in demo.iterdir()}, {p.name for p in (SOURCE / "resources/demo").iterdir()})
 

@@ -56,7 +56,7 @@ class Portable(unittest.TestCase):
     def tree(self):
         return sorted(str(path.relative_to(self.home)) for path in self.home.rglob("*"))
 
-    def test_the_start_hands_its_arguments_over_as_they_are(self):
+    def test_the_start_passes_its_arguments_on_unchanged(self):
         result = self.start("a song.mp3", "", "$x *")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertEqual(result.stdout, f"{self.root}/libexec/lyrabox|a song.mp3||$x *|")
@@ -71,26 +71,26 @@ class Portable(unittest.TestCase):
             self.system(f"glibc {glibc}", "x86_64")
             self.assertEqual(self.start().returncode, 0, glibc)
 
-    def test_a_system_that_is_too_old_is_told_in_one_line(self):
+    def test_a_system_that_is_too_old_is_reported_in_one_line(self):
         for glibc in ("2.35", "2.4"):
             self.system(f"glibc {glibc}", "x86_64")
             self.assert_refused(self.start(), f"this system's glibc {glibc} is too old; glibc 2.36 or newer is needed")
 
-    def test_a_system_without_glibc_is_told_in_one_line(self):
+    def test_a_system_without_glibc_is_reported_in_one_line(self):
         self.system(None, "x86_64")
         self.assert_refused(self.start(), "there is no glibc on this system; glibc 2.36 or newer is needed")
 
-    def test_another_machine_is_told_in_one_line(self):
+    def test_another_machine_is_reported_in_one_line(self):
         self.system("glibc 2.36", "aarch64")
         self.assert_refused(self.start(), "this is the program for x86_64, and the machine is aarch64")
 
-    def test_missing_libraries_are_told_in_one_line(self):
+    def test_missing_libraries_are_reported_in_one_line(self):
         for name in ("one", "two"):
             self.make_library(name, "")
         self.make_program("one", "two")
         self.assert_refused(self.start(), "this system lacks libone.so.1, libtwo.so.1")
 
-    def test_a_library_that_is_too_old_is_told_in_one_line(self):
+    def test_a_library_that_is_too_old_is_reported_in_one_line(self):
         self.make_library("one", "NEW_2 { it; };")
         self.make_program("one")
         library = self.make_library("one", "OLD_1 { it; };").rename(self.root / "libexec/libone.so.1")
@@ -113,7 +113,7 @@ class Portable(unittest.TestCase):
         # After "-x none" the compiler recognises libraries by their names.
         subprocess.run(["cc", "-x", "c", "-", "-x", "none", *options], input=source, text=True, check=True)
 
-    def test_the_menu_entry_starts_the_program_where_it_lies(self):
+    def test_the_menu_entry_starts_the_program_where_it_is(self):
         result = self.run_in_home(self.root / "install")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         entry = self.home / f".local/share/applications/{ID}.desktop"
@@ -140,7 +140,7 @@ class Portable(unittest.TestCase):
         self.assertEqual(self.run_in_home(self.root / "install", "--remove").returncode, 0)
         self.assertEqual(self.tree(), before)
 
-    def test_removal_spares_what_other_programs_have_there(self):
+    def test_removal_keeps_the_files_of_other_programs(self):
         other = self.home / ".local/share/applications/other.desktop"
         other.parent.mkdir(parents=True)
         other.write_text("[Desktop Entry]\nType=Application\nName=Other\nExec=other\nMimeType=audio/mpeg;\n")

@@ -99,13 +99,13 @@ wait
         self.run_script("run", DISPLAY=":0", XDG_RUNTIME_DIR=str(self.root))
         self.assertEqual(self.sections(), "build run virtual")
 
-    def test_where_no_private_server_can_be_had_the_program_starts_all_the_same(self):
+    def test_if_no_private_server_is_available_the_program_starts_anyway(self):
         (self.root / "bin/pulseaudio").unlink()
         self.only("dirname", "id", "timeout", "sh")
         result = self.run_script("run", DISPLAY=":0")
         self.assertEqual(result.stdout, "There is no sound server: the program cannot play.\nstarted  :0\n")
 
-    def test_where_packages_cannot_be_installed_nothing_is_built(self):
+    def test_if_packages_cannot_be_installed_nothing_is_built(self):
         self.stand_in("scripts/setup", "echo 'setup: no network' >&2\nexit 1\n")
         self.assert_one_line(self.run_script("run", DISPLAY=":0"), "no network")
         self.assertEqual(self.lines("built"), [])

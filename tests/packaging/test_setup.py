@@ -102,22 +102,22 @@ class Setup(standins.ScriptTest):
         self.assertEqual(self.install("run", "extra").returncode, 0)
         self.assertEqual(self.installed(), ["plugin", "extra"])
 
-    def test_of_two_names_the_first_that_the_system_knows_is_taken(self):
+    def test_the_first_of_two_names_that_the_system_knows_is_taken(self):
         self.install()
         self.assertEqual(self.installed(), ["tool", "new-name", "compiler"])
 
-    def test_the_second_name_is_taken_where_the_first_is_unknown(self):
+    def test_the_second_name_is_taken_if_the_first_is_unknown(self):
         self.system(archive=["tool", "old-name", "compiler 3.25"])
         self.assertEqual(self.install().returncode, 0)
         self.assertEqual(self.installed(), ["tool", "old-name", "compiler"])
 
-    def test_the_second_name_is_not_enough_where_the_first_is_known(self):
+    def test_the_second_name_is_not_enough_if_the_first_is_known(self):
         self.everything_is_installed()
         self.system(lists=["new-name"])
         self.assertEqual(self.install().returncode, 0)
         self.assertEqual(self.installed()[-1], "new-name")
 
-    def test_a_package_is_left_out_where_its_rival_is_installed(self):
+    def test_a_package_is_skipped_if_its_rival_is_installed(self):
         self.system(installed=["other-server"])
         result = self.install("virtual")
         self.assertEqual((result.returncode, result.stdout, self.installed()), (0, "", ["other-server"]))
@@ -156,16 +156,16 @@ After this operation, 276 MB of additional disk space will be used.
         self.assertNotIn("sudo", self.lines("calls"))
         self.assertNotIn("update", self.lines("calls"))
 
-    def test_without_a_network_what_cannot_be_had_is_told_in_one_line(self):
+    def test_without_a_network_what_is_not_available_is_reported_in_one_line(self):
         self.offline()
         self.assert_one_line(self.install(), "tool", "network", "README.md")
 
-    def test_without_a_network_what_cannot_be_fetched_is_told_in_one_line(self):
+    def test_without_a_network_what_cannot_be_fetched_is_reported_in_one_line(self):
         self.offline()
         self.system(lists=["plugin"])
         self.assert_one_line(self.install("run"), "plugin", "network", "README.md")
 
-    def test_a_failure_of_apt_is_told_in_one_line_with_its_reason(self):
+    def test_a_failure_of_apt_is_reported_in_one_line_with_its_reason(self):
         (self.root / "broken").touch()
         result = self.install("run")
         self.assert_one_line(result, "plugin", "Failed to fetch it", "README.md")
@@ -174,13 +174,13 @@ After this operation, 276 MB of additional disk space will be used.
             self.assertIn("Unable to fetch some archives", text.read())
         os.remove(log)
 
-    def test_lists_that_cannot_be_read_anew_do_not_keep_from_installing(self):
+    def test_lists_that_cannot_be_updated_do_not_prevent_installing(self):
         self.system(lists=["plugin"])
         self.stand_in("bin/apt-get", 'case " $* " in *" update "*) exit 100 ;; esac\n' + APT_GET)
         self.assertEqual(self.install("run").returncode, 0)
         self.assertEqual(self.installed(), ["plugin"])
 
-    def test_without_sudo_one_line_holds_the_command_that_installs(self):
+    def test_without_sudo_one_line_has_the_command_that_installs(self):
         self.root_rights(False)
         self.only("dirname", "awk", "grep", "sed", "tr", "rm", "cat", "sh", "dpkg")
         (self.root / "bin/sudo").unlink()
@@ -190,7 +190,7 @@ After this operation, 276 MB of additional disk space will be used.
                                  f"run: su -c '{self.root}/scripts/setup run extra'")
         self.assertEqual(self.installed(), [])
 
-    def test_where_sudo_refuses_one_line_holds_the_command_that_installs(self):
+    def test_if_sudo_refuses_one_line_has_the_command_that_installs(self):
         self.root_rights(False)
         (self.root / "refuses").touch()
         self.assert_one_line(self.install("run"), "sudo refuses", f"run: su -c '{self.root}/scripts/setup run'")
@@ -201,22 +201,22 @@ After this operation, 276 MB of additional disk space will be used.
         self.assertIn("sudo", self.lines("calls"))
         self.assertEqual(self.installed(), ["plugin"])
 
-    def test_a_system_without_a_package_is_told_in_one_line(self):
+    def test_a_system_without_a_package_is_reported_in_one_line(self):
         self.system(archive=["tool", "compiler 3.25"])
         self.assert_one_line(self.install(), "no package new-name | old-name", "Debian 12", "README.md")
         self.assertEqual(self.installed(), [])
 
-    def test_a_system_whose_package_is_too_old_is_told_in_one_line(self):
+    def test_a_system_whose_package_is_too_old_is_reported_in_one_line(self):
         self.system(archive=["tool", "new-name", "compiler 3.22.1"])
         self.assert_one_line(self.install(), "compiler 3.22.1 is too old, 3.25 is needed", "Debian 12", "README.md")
         self.assertEqual(self.installed(), [])
 
-    def test_a_system_without_debian_packages_is_told_in_one_line(self):
+    def test_a_system_without_debian_packages_is_reported_in_one_line(self):
         self.only("dirname", "rm")
         (self.root / "bin/apt-cache").unlink()
         self.assert_one_line(self.install(), "no apt-cache", "Debian 12", "README.md")
 
-    def test_what_was_complete_is_not_asked_for_again_until_packages_change(self):
+    def test_what_was_complete_is_not_checked_again_until_packages_change(self):
         self.everything_is_installed()
         (self.root / "build").mkdir()
         self.install("build", "run")
