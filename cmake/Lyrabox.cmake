@@ -29,8 +29,8 @@ if(LYRABOX_COVERAGE)
   target_link_options(lyrabox_options INTERFACE --coverage)
 endif()
 
-# Headers that most sources include, compiled once for the sanitizers' builds. Other builds do without, so that a missing
-# include is found.
+# Headers that most sources include, compiled once for the sanitizers' builds. Other builds don't use them, so that a
+# missing include is found.
 if(LYRABOX_SANITIZER)
   add_library(lb_source_headers STATIC ${CMAKE_CURRENT_LIST_DIR}/SourceHeaders.cpp)
   target_link_libraries(lb_source_headers PRIVATE Qt6::Core lyrabox_options)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-# Long because it is one program: every action and what must be true after it.
+# Long because it is one program: every action and what must be true afterwards.
 """Uses the program like a restless musician, ten actions a second, and checks it after each one.
 
 drive.py PROGRAM MINUTES [SEED [FIRST]]
@@ -7,7 +7,7 @@ drive.py PROGRAM MINUTES [SEED [FIRST]]
 PROGRAM is lyrabox_soak of a build: the program with a probe on its standard streams (see Probe.h). It runs on a virtual
 display with a window manager, a private sound server with two sinks, and a home of its own. Mouse and keys come through
 the display server. Action number N depends only on the seed and N: the same seed gives the same actions, and a run
-from action FIRST on repeats the end of a longer one. What a click hits still depends on timing.
+that starts at action FIRST repeats the end of a longer one. The target of a click still depends on timing.
 
 A fault ends the run with status 1. The seed and the last 50 actions are printed.
 """
@@ -240,7 +240,7 @@ class Soak:
         self.errors_read = 0
         for name in ("home", "data", "config", "cache", "run", "bin"):
             os.mkdir(f"{root}/{name}", 0o700)
-        # Nothing that the program wants to open elsewhere is opened.
+        # Requests of the program to open something in another program have no effect.
         opener = pathlib.Path(root, "bin", "xdg-open")
         opener.write_text("#!/bin/sh\n")
         opener.chmod(0o755)
