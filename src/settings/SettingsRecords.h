@@ -40,7 +40,7 @@ PropertyList eqPresetEntries(const EqPresetList &presets);
 /// gets the shipped preset's value. Does nothing if `shipped` has no manual preset.
 void ensureManualPreset(EqPresetList &presets, const EqPresetList &shipped);
 
-/// The texts in an array, without empty ones and elements of other types.
+/// The strings in an array, without empty ones and elements of other types.
 QStringList strings(const PropertyList &array);
 
 } // namespace lyrabox

@@ -10,9 +10,9 @@ namespace lyrabox {
 /// view then asks whether it can be expanded. An empty tree shows a gray placeholder text.
 ///
 /// While the left button is held, the highlight follows the pointer; selectionDidChange() is
-/// emitted on release. The looks of all rows are read again when the window is activated, because
-/// the user may have changed permissions elsewhere, and those of a row when it is selected. Main
-/// thread.
+/// emitted on release. The icons and text styles of all rows are read again when the window is
+/// activated, because the user may have changed permissions elsewhere. Those of a single row are
+/// read again when it is selected. Main thread.
 class SourceTreeView : public QTreeView {
     Q_OBJECT
 

@@ -319,8 +319,8 @@ TEST(TimePitchTransition, ChangesWithoutAClick)
 
 TEST(TimePitchDrift, KeepsToSongTime)
 {
-    // A constant difference is no drift. The growth in five seconds, times 120, is the drift in ten
-    // minutes.
+    // A constant difference is not a drift. The growth in five seconds, times 120, is the drift in
+    // ten minutes.
     for (const Setting setting :
          {Setting{0.5F, 0.0F, 0.0}, Setting{0.75F, 0.0F, 0.0}, Setting{1.25F, 0.0F, 0.0},
           Setting{1.0F, 300.0F, 0.0}, Setting{0.93F, -137.0F, 0.0}}) {

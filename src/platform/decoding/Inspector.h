@@ -11,7 +11,7 @@ class Input;
 
 /// Checks the bytes of a file before FFmpeg gets them. FFmpeg reads a block of tags as a whole. The
 /// time that this takes is quadratic in the number of tags, and it cannot be interrupted. So
-/// excessive tags must be removed before. One thread at a time.
+/// excessive tags must be removed beforehand. One thread at a time.
 class Inspector {
 public:
     virtual ~Inspector() = default;

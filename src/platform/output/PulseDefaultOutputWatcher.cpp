@@ -292,7 +292,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
         api->time_free(pauseEnd);
     api->io_free(wakeWatch);
     pa_mainloop_free(connectionLoop);
-    // Without a server the listener is called all the same; it finds that out itself.
+    // Without a server the listener is called anyway. It finds out itself that there is none.
     isCallDue = callRequested.exchange(false) || isCallDue;
     if (isCallDue && !hasTimedOut && !quit)
         callListener();
