@@ -38,7 +38,7 @@ struct AudioEngineState {
     std::array<std::atomic<std::byte *>, maximumChannels>
         channelBuffers{}; ///< totalFrames frames each; decodedSong() owns them
     AudioStreamBasicDescription streamFormat{}; ///< changes only while no callback runs
-    std::atomic<std::uint32_t> channelIndex{0}; ///< the end of the last loop over the channels
+    std::atomic<std::uint32_t> channelIndex{0}; ///< how many channels the last callback filled
     std::atomic<std::uint64_t> currentFrame{0}; ///< the next frame to render
     EqualizerUnit *eqUnit = nullptr;
     std::atomic<bool> isLooping{false};
@@ -87,11 +87,11 @@ Status buildAudioSystem();
 /// Applies to this chain and every later one. Call it after buildAudioSystem().
 void prepareForPlayback();
 
-/// Audio callback thread. Fills the equalizer's input from the song. If no more than 2 *
-/// `inNumberFrames` frames are left, the song ends: the call stops the output instead and leaves
-/// `ioData` untouched. The time/pitch stage then plays out the frames that it holds. Frames outside
-/// the song are silence. A seek during the call wins, unless the song has just ended: then the seek
-/// is dropped.
+/// Audio callback thread. Fills the equalizer's input from the song. `inRefCon` is not used. If no
+/// more than 2 * `inNumberFrames` frames are left, the song ends: the call stops the output instead
+/// and leaves `ioData` untouched. The time/pitch stage then plays out the frames that it holds.
+/// Frames outside the song are silence. A seek during the call wins, unless the song has just
+/// ended: then the seek is dropped.
 Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 

@@ -21,9 +21,9 @@ constexpr std::uint32_t equalizerFixed =
     31; ///< equalizer: set to 0.0 at every build, without effect
 } // namespace parameter
 
-/// Fills `ioData` with the next `inNumberFrames` frames of a stage's input. Runs on the audio
-/// callback thread, so it must not allocate, lock or log. Returns 0. Any other status makes the
-/// pull deliver silence.
+/// Fills `ioData` with the next `inNumberFrames` frames of a stage's input. `inRefCon` is the
+/// context that was set with the callback. Runs on the audio callback thread, so it must not
+/// allocate, lock or log. Returns 0. Any other status makes the pull deliver silence.
 using RenderCallback = Status (*)(void *inRefCon, std::uint32_t inNumberFrames,
                                   AudioBufferList &ioData) noexcept;
 
