@@ -92,10 +92,14 @@ public:
     /// Removes the preset that the popover asks about, or the selected one if the popover is
     /// closed. Built-in presets stay.
     void removeOkButtonPressed();
+    /// After Return in a box, gives the keyboard to the sliders.
     void controlTextDidEndEditing();
 
+    /// Applies the preset that was selected and remembers it.
     void tableViewSelectionDidChange();
+    /// Gives the manual preset the levels of the engine and selects it.
     void switchToManualPreset();
+    /// Moves the sliders and boxes to the levels of the engine.
     void synchronizeControlsWithAudioUnit();
 
     /// The engine's parameter ID for a band of the user interface.

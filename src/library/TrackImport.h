@@ -33,8 +33,8 @@ std::optional<OpenedAudioFile> openAudioFile(const QString &path);
 /// system cannot start a thread, the calling thread opens them.
 ///
 /// Once `progress` is stopped, no further files are opened, and the result is shorter. A file that
-/// is still not open 3 s later is left to its thread, which may therefore outlive the call; what
-/// `opener` captures must allow for that. Blocks. The progress hook runs on the calling thread.
+/// is still not open 3 s later is left to its thread. That thread may outlive the call, so `opener`
+/// must own everything it uses. Blocks. The progress hook runs on the calling thread.
 std::vector<std::optional<OpenedAudioFile>>
 openAudioFiles(const QStringList &paths, const AudioFileOpener &opener, ProgressPacer &progress);
 

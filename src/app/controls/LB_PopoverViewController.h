@@ -33,8 +33,8 @@ public:
     QAbstractButton *okButton() const;
 
     /// Shows `question` in the message field, with `name` in the place of %1. A name that is too
-    /// wide for one line is shortened in the middle; the tool tip and assistive programs then get
-    /// the whole name. The view grows if the text needs more height.
+    /// wide for one line is shortened in the middle; the tool tip and assistive technologies then
+    /// get the whole name. The view grows if the text needs more height.
     void askAbout(const QString &question, const QString &name);
 
 private:

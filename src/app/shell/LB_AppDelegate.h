@@ -56,9 +56,11 @@ public:
     void toggleMainWindow();
     void toggleEqWindow();
 
+    /// Both update the check marks of the menu items: the item of the key window is checked.
     void windowDidBecomeKey(const QMainWindow *window);
     void windowDidResignKey(const QMainWindow *window);
 
+    /// Empties the field and gives the keyboard to the transport.
     void searchFieldCanceled(lyrabox::SearchField *sender);
     void controlTextDidEndEditing();
 

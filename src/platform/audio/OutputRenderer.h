@@ -17,7 +17,7 @@ namespace lyrabox {
 ///
 /// A source that stops the output has ended. The frames that it still holds (isPlayingOut()) are
 /// rendered nevertheless. The last of them fade out, or into the next song if the output is started
-/// again before.
+/// again before that.
 ///
 /// render() belongs to the callback thread. Everything else belongs to the control side, unless it
 /// says "Any thread".

@@ -39,7 +39,7 @@ public:
 
     Batch &batch() { return m_batch; }
 
-    /// Return the failures since the last call, and reset them.
+    /// Both return the failures since the last call, and reset them.
     int takeFailures() { return std::exchange(m_failures, 0); }
     bool takeOutOfMemory() { return std::exchange(m_outOfMemory, false); }
 

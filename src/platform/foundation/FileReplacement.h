@@ -14,7 +14,7 @@ namespace lyrabox::files {
 /// device accepts nothing more, and the replacement fails.
 using ContentWriter = std::function<bool(QIODevice &file)>;
 
-/// Replaces the file at `path`, or makes it. Whatever happens during the call, even a kill or a
+/// Replaces the file at `path`, or creates it. Whatever happens during the call, even a kill or a
 /// power failure, the file is afterwards either the old one or the complete new one. The content
 /// goes to "PATH.new" in the same folder, is flushed to the disk and takes the file's place; then
 /// the folder is flushed. A kill may leave a "PATH.new", which the next call overwrites. A symbolic

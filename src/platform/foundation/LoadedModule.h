@@ -9,8 +9,8 @@ using ModuleVersionFunction = const char *(); ///< returns LYRABOX_VERSION
 }
 
 /// A shared library of the program itself, lib/lyrabox/lyrabox-*.so. The module links large
-/// libraries, so the program can show its window before they are loaded. Once loaded, it stays so
-/// until the process ends; destroying this object does not unload it.
+/// libraries, so the program can show its window before they are loaded. Once loaded, it stays
+/// loaded until the process ends; destroying this object does not unload it.
 ///
 /// The constructor and failure() may be used on any thread, and different modules by several
 /// threads at once. Only one thread at a time may use an object.

@@ -17,7 +17,8 @@ unsigned processorCount();
 /// itself. Any thread.
 [[nodiscard]] std::jthread startThread(std::function<void()> work);
 
-/// For tests: lets startThread() succeed only `count` more times; none lifts the limit.
+/// For tests: lets startThread() succeed only `count` more times. Without a count there is no
+/// limit.
 void limitThreads(std::optional<int> count);
 
 /// How many bytes of memory the system can provide without swapping; none if that is not known. Any

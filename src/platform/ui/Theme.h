@@ -29,7 +29,8 @@ inline constexpr QColor focusRing{0x1B, 0x6C, 0xA8};
 
 /// Distances between and around controls are multiples of this, in device-independent pixels.
 inline constexpr int grid = 8;
-/// The height of a row in the track table, and in the trees and the preset list.
+/// The height of a row in device-independent pixels: in the track table, and in the trees and the
+/// preset list.
 inline constexpr int rowHeight = 26;
 inline constexpr int sourceRowHeight = 24;
 /// The height of push buttons, fields and segments.

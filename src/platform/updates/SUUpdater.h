@@ -79,7 +79,7 @@ private:
     QTimer m_timeout;
     QTimer m_dailyTimer;
     int m_redirects = 0;
-    bool m_askedByUser = false; ///< the running check
+    bool m_askedByUser = false; ///< whether the user asked for the running check
 };
 
 } // namespace lyrabox
