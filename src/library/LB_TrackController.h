@@ -85,8 +85,8 @@ public:
     bool isListIncomplete() const { return m_origin.isIncomplete; }
 
     /// Shows the audio files among `files`, plays the first and queues the list. Returns the number
-    /// of audio files. If there are none, or if the user stops it, returns 0 and leaves the table
-    /// unchanged. Appends the other files to `left`.
+    /// of audio files. If there are none, or if the user stops the reading, returns 0 and leaves
+    /// the table unchanged. Appends the other files to `left`.
     qsizetype showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left = nullptr);
 
     /// Makes a record with location, title, artist, album and length.
