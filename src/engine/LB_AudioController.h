@@ -126,6 +126,7 @@ public:
     void setIsLooping(bool looping);
     bool loopStartIsSet() const { return m_loopStartIsSet; }
     void setLoopStartIsSet(bool isSet) { m_loopStartIsSet = isSet; }
+    /// Whether playback has reached the song's end. It stays true until it is reset.
     bool trackHasEnded() const;
     void setTrackHasEnded(bool ended);
 
@@ -135,6 +136,7 @@ public:
     void setCurrentSeconds(qint64 seconds) { m_currentSeconds = seconds; }
     qint64 totalSeconds() const;
 
+    /// Whether the output plays. engine::setOutputRunning() describes the setter.
     bool isRunning() const;
     void setIsRunning(bool running);
 

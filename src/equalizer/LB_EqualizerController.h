@@ -81,6 +81,7 @@ public:
     void appDidLaunch();
 
     // Actions.
+    /// The user moved a band, with a slider, a box or a step control. Sets its level in the engine.
     void sliderValueChanged(LB_Slider *sender);
     void boxValueChanged(lyrabox::NumberField *sender);
     void eqButtonPressed(lyrabox::ButtonMatrix *sender);
@@ -88,6 +89,8 @@ public:
     /// Otherwise it asks whether to remove the selected one. It closes when a preset is selected to
     /// which its question does not apply.
     void addRemoveButtonPressed(QWidget *sender);
+    /// Adds a preset with the name in `sender` and the engine's levels, selects it and closes the
+    /// popover.
     void addPresetNameEntered(QLineEdit *sender);
     /// Removes the preset that the popover asks about, or the selected one if the popover is
     /// closed. Built-in presets stay.

@@ -30,6 +30,7 @@ public:
     /// later calls return its path without another attempt.
     std::optional<QUrl> applicationSupportDirectory();
 
+    /// Whether a speed and pitch are stored for the song.
     bool hasSettingsForInode(const QString &inode) const;
 
     /// The stored values, or {100.0, 0.0} if there are none.

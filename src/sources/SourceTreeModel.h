@@ -21,7 +21,9 @@ public:
     ~SourceTreeModel() override;
 
     const std::vector<SourceItemRef> &roots() const { return m_roots; }
+    /// Replaces all roots.
     void setRoots(std::vector<SourceItemRef> roots);
+    /// Adds a root after the others.
     void appendRoot(const SourceItemRef &root);
 
     /// Removes a root and releases everything listed below it. Does nothing if `root` is not a

@@ -6,7 +6,9 @@
 /// LYRABOX_WEBSITE, LYRABOX_UPDATE_FEED). Any thread.
 namespace lyrabox {
 
+/// An email address.
 QString supportAddress();
+/// The URL of the website, and of the update feed.
 QString websiteAddress();
 QString updateFeedAddress();
 

@@ -57,17 +57,21 @@ public:
     void toggleEqWindow();
 
     /// Both update the check marks of the menu items: the item of the key window is checked.
+    /// Update the check marks of the menu items. Called when a window gets or loses the keyboard.
     void windowDidBecomeKey(const QMainWindow *window);
     void windowDidResignKey(const QMainWindow *window);
 
     /// Empties the field and gives the keyboard to the transport.
+    /// Empties the search field and moves the focus to the transport.
     void searchFieldCanceled(lyrabox::SearchField *sender);
+    /// Moves the focus from the search field to the transport, after Return.
     void controlTextDidEndEditing();
 
     double splitViewConstrainMinCoordinateOfSubviewAt(double proposed, int index) override;
     double splitViewConstrainMaxCoordinateOfSubviewAt(double proposed, int index) override;
     void splitViewResizeSubviewsWithOldSize(lyrabox::SplitView *view, QSize oldSize) override;
 
+    /// Open the addresses of BuildSettings.h, with the desktop's mail program or browser.
     void emailSupport();
     void openWebsite();
 

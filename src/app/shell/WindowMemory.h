@@ -24,6 +24,7 @@ bool restoreWindow(QWidget *window, const QString &name);
 void saveWindow(const QWidget *window, const QString &name,
                 bool knowsPlace = programPlacesWindows());
 
+/// The position of the divider. Without a saved one a default is set.
 void restoreDivider(SplitView *view);
 void saveDivider(const SplitView *view);
 

@@ -29,11 +29,13 @@ struct alignas(16) StereoLanes {
 };
 #endif
 
+/// One value per channel.
 constexpr StereoLanes stereoLanes(double left, double right)
 {
     return StereoLanes{left, right};
 }
 
+/// The same value in both channels.
 constexpr StereoLanes bothLanes(double value)
 {
     return StereoLanes{value, value};

@@ -15,6 +15,7 @@ public:
 
     using Channels = std::array<float *, 2>;
 
+    /// Control side. Call it once, before everything else.
     void allocate();
 
     /// The next frame to be written becomes number 0. Every frame before it reads as silence.

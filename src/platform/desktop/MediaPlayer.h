@@ -47,11 +47,13 @@ public:
     MediaPlayerCommands &operator=(const MediaPlayerCommands &) = delete;
     virtual ~MediaPlayerCommands() = default;
 
+    /// Brings the main window to the front.
     virtual void raise() = 0;
     virtual void quit() = 0;
     virtual void play() = 0;
     virtual void pause() = 0;
     virtual void playPause() = 0;
+    /// Pauses and goes to the start of the song.
     virtual void stop() = 0;
     virtual void next() = 0;
     virtual void previous() = 0;

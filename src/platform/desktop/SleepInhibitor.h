@@ -21,6 +21,7 @@ public:
     /// Ends the inhibition.
     ~SleepInhibitor() override;
 
+    /// Starts or ends the inhibition. Does nothing if nothing changes.
     void setWanted(bool wanted);
 
     /// Which service keeps the desktop awake now.

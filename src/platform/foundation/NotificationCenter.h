@@ -14,6 +14,7 @@ class NotificationCenter {
 public:
     using Handler = std::function<void()>;
 
+    /// The program's only center.
     static NotificationCenter &defaultCenter();
 
     /// Calls `handler` at every post of `name` until `context` is destroyed or removed. `context`

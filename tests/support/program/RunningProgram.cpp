@@ -63,7 +63,7 @@ RunningProgram::~RunningProgram()
     EXPECT_NE(m_program.exitStatus(), QProcess::CrashExit) << "the program has crashed";
     // Not killed, because a sanitizer reports leaks only at the regular end.
     if (isRunning()) {
-        EXPECT_EQ(sendSignalAndWait(SIGTERM), 0) << "its end reports a fault";
+        EXPECT_EQ(sendSignalAndWait(SIGTERM), 0) << "the program did not end normally";
     }
     m_program.kill();
     m_program.waitForFinished(patienceMilliseconds);
