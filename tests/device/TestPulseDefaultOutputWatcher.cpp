@@ -2,11 +2,15 @@
 
 #include "support/PrivateSoundServer.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
 
@@ -191,6 +195,55 @@ TEST(PulseDefaultOutputWatcher, AListenerThatRequestsACallIsCalledAgainOnlyWhile
     while (more < 20 && calls.waitFor(calls.count() + 1, std::chrono::seconds(5)))
         ++more;
     EXPECT_LT(more, 20) << "the listener was called without a device";
+}
+
+TEST(PulseDefaultOutputWatcher, AListenerThatCanUseTheNextDeviceIsNotCalledAgain)
+{
+    PrivateSoundServer server;
+    Calls calls;
+    std::atomic<bool> isFailing{false};
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen([&] {
+        if (isFailing.exchange(false)) {
+            watcher.requestCall();
+            // By the shell, because the fixture of the server is for the main thread only.
+            EXPECT_EQ(std::system("pactl set-default-sink a"), 0);
+        }
+        calls.add();
+    });
+    settle(server, calls);
+    isFailing = true;
+    const int before = calls.count();
+    server.setDefaultSink(u"b"_s);
+    EXPECT_TRUE(calls.waitFor(before + 2));
+    EXPECT_FALSE(calls.waitFor(before + 3, std::chrono::milliseconds(800)));
+}
+
+TEST(PulseDefaultOutputWatcher, FindsADeviceThatOnlyANewConnectionSees)
+{
+    // Old and new connections reach different servers through one link.
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(u"link"_s);
+    const auto pointTo = [&](const QByteArray &server) {
+        QFile::remove(link);
+        ASSERT_TRUE(QFile::link(QFile::decodeName(server.mid(qstrlen("unix:"))), link));
+    };
+    PrivateSoundServer full;
+    const QByteArray addressOfFull = qgetenv("PULSE_SERVER");
+    PrivateSoundServer empty;
+    ASSERT_TRUE(empty.removeSinks());
+    pointTo(qgetenv("PULSE_SERVER"));
+    qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(link));
+
+    Calls calls;
+    PulseDefaultOutputWatcher watcher;
+    watcher.listen(calls.listener());
+    watcher.requestCall();
+    ASSERT_TRUE(calls.waitFor(1)) << "the watcher has not looked for a device";
+    EXPECT_FALSE(calls.waitFor(2, std::chrono::milliseconds(1000))) << "there is no device";
+    pointTo(addressOfFull);
+    EXPECT_TRUE(calls.waitFor(2));
+    EXPECT_TRUE(empty.isServing());
 }
 
 TEST(PulseDefaultOutputWatcher, ARequestWaitsForAServerThatHangs)

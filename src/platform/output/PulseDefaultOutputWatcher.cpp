@@ -32,7 +32,8 @@ using namespace std::chrono_literals;
 constexpr auto firstRetry = 100ms;
 constexpr auto longestRetry = 1000ms;
 
-// How long to wait before a listener that requested a call is called again.
+// How long to wait before a listener that requested a call is called again, and before a
+// connection that knows no device is replaced.
 constexpr std::chrono::microseconds firstPause = 250ms;
 constexpr std::chrono::microseconds longestPause = 4000ms;
 
@@ -72,6 +73,7 @@ public:
     Connection &operator=(const Connection &) = delete;
 
     bool isAlive() const { return m_alive; }
+    bool isAsking() const { return m_querying; }
 
     /// Whether the connection ended because the server did not answer.
     bool hasTimedOut() const
@@ -196,7 +198,7 @@ struct PulseDefaultOutputWatcher::Watch {
     bool changed = false;
     bool isCallDue = false; ///< a call was requested and not made yet
     bool isCalling = false;
-    bool retryIsWanted = false; ///< requested by the listener during its call
+    bool retryIsWanted = false; ///< the listener requested a call, or there is no device
     bool retryIsDue = false;    ///< the pause is over
     bool awaitsDevice = false;  ///< a retry waits for the server to report a device
     std::chrono::microseconds pause = firstPause;
@@ -255,7 +257,7 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
     const auto pauseIsOver = [](pa_mainloop_api *, pa_time_event *, const timeval *, void *user) {
         static_cast<Watch *>(user)->retryIsDue = true;
     };
-    pa_time_event *pauseEnd = nullptr;
+    pa_time_event *const pauseEnd = api->time_new(api, nullptr, pauseIsOver, this); // not yet set
     bool anyFound = false;
     bool hasTimedOut = false;
     {
@@ -270,26 +272,26 @@ bool PulseDefaultOutputWatcher::Watch::watchOneConnection()
                 connection.ask();
             }
             if (std::exchange(retryIsDue, false)) {
+                // A connection made while PipeWire starts may never hear of the default device.
+                if (!known && !connection.isAsking())
+                    break;
                 awaitsDevice = true;
                 connection.ask();
             }
-            if (changed)
+            if (changed) {
+                api->time_restart(pauseEnd, nullptr);
                 callListener();
+            }
             if (std::exchange(retryIsWanted, false)) {
                 timeval end{};
-                pa_gettimeofday(&end);
-                pa_timeval_add(&end, static_cast<pa_usec_t>(pause.count()));
+                pa_timeval_add(pa_gettimeofday(&end), static_cast<pa_usec_t>(pause.count()));
+                api->time_restart(pauseEnd, &end);
                 pause = std::min(2 * pause, longestPause);
-                if (pauseEnd == nullptr)
-                    pauseEnd = api->time_new(api, &end, pauseIsOver, this);
-                else
-                    api->time_restart(pauseEnd, &end);
             }
         }
         hasTimedOut = connection.hasTimedOut();
     }
-    if (pauseEnd != nullptr)
-        api->time_free(pauseEnd);
+    api->time_free(pauseEnd);
     api->io_free(wakeWatch);
     pa_mainloop_free(connectionLoop);
     // Without a server the listener is called anyway. It finds out itself that there is none.
@@ -307,6 +309,7 @@ void PulseDefaultOutputWatcher::Watch::callListener()
 {
     changed = false;
     isCallDue = false;
+    awaitsDevice = false;
     std::shared_ptr<const std::function<void()>> called;
     {
         const std::lock_guard lock(mutex);
@@ -326,6 +329,7 @@ void PulseDefaultOutputWatcher::Watch::found(const std::optional<Device> &device
     if (isCallDue || isOther || (device && awaitsDevice))
         changed = true;
     awaitsDevice = false;
+    retryIsWanted = !device;
     known = device;
     firstLook = false;
 }

@@ -17,6 +17,9 @@ namespace lyrabox {
 /// watcher looks for one every 0.1 s at first, then less often, but at least once a second. It
 /// never starts a server.
 ///
+/// While the server reports no default device, the watcher makes a new connection after 250 ms, and
+/// after up to 5 s later on, because PipeWire may keep an old connection from seeing a device.
+///
 /// A listener that cannot use the device yet calls requestCall() itself. It is then called again
 /// after 250 ms, and after pauses of up to 4 s later on, as long as the server has a default
 /// device.
