@@ -85,7 +85,8 @@ TEST_F(SourcesProgram, AFolderIsAddedFromTheEqualizerByKeysAlone)
 {
     display.key(u"ctrl+2"_s);
     const QString equalizer = display.waitForWindow(u"^Equalizer"_s);
-    display.place(equalizer, place::equalizerWindow);
+    // Beside the popover: not every compositor raises a window that it gives the keyboard.
+    display.place(equalizer, place::equalizerWindow.translated(340, 0));
     ASSERT_TRUE(waitUntil([&] { return display.activeWindow() == equalizer; }));
     display.key(u"ctrl+o"_s);
     ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
