@@ -5,6 +5,7 @@
 #include "library/LB_QueueController.h"
 #include "navigation/NavigationAccessible.h"
 #include "platform/foundation/MonotonicClock.h"
+#include "platform/ui/DevicePixels.h"
 #include "platform/ui/Theme.h"
 
 #include <QEnterEvent>
@@ -262,6 +263,7 @@ void LB_NavigationView::paintEvent(QPaintEvent *)
 {
     ++m_paintCount;
     QPainter painter(this);
+    lyrabox::alignToDevicePixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     m_backLayer.drawLayerInContext(layerBounds(), painter);
     lyrabox::PlayLayerDelegate shown = m_playLayer;

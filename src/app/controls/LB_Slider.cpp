@@ -2,6 +2,7 @@
 
 #include "app/controls/SliderAccessible.h"
 #include "platform/foundation/MonotonicClock.h"
+#include "platform/ui/DevicePixels.h"
 #include "platform/ui/Theme.h"
 
 #include <QEasingCurve>
@@ -222,6 +223,7 @@ double LB_Slider::valueAt(const QPointF &point) const
 void LB_Slider::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    lyrabox::alignToDevicePixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Theme::lineGray);

@@ -1,6 +1,7 @@
 #include "platform/ui/ImageView.h"
 
 #include "platform/ui/Accessibility.h"
+#include "platform/ui/DevicePixels.h"
 
 #include <QPainter>
 
@@ -45,6 +46,7 @@ void ImageView::paintEvent(QPaintEvent *)
                        fitted);
 
     QPainter painter(this);
+    alignToDevicePixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     // The image is painted as a brush, because a clip path would leave jagged corners.
     QBrush brush(m_scaled);

@@ -1,6 +1,7 @@
 #include "platform/ui/MatrixCell.h"
 
 #include "platform/ui/Accessibility.h"
+#include "platform/ui/DevicePixels.h"
 #include "platform/ui/Theme.h"
 
 #include <QPainter>
@@ -50,6 +51,7 @@ QSize MatrixCell::minimumSizeHint() const
 void MatrixCell::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    alignToDevicePixels(painter);
     painter.setClipRect(rect());
     // At a joined side the box extends beyond the cell, so only the ends of the row are rounded.
     QRectF box = rect();

@@ -1,5 +1,6 @@
 #include "platform/ui/SearchField.h"
 
+#include "platform/ui/DevicePixels.h"
 #include "platform/ui/NamedImage.h"
 #include "platform/ui/Theme.h"
 
@@ -53,6 +54,7 @@ QSize SearchField::sizeHint() const
 void SearchField::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
+    alignToDevicePixels(painter);
     drawControlBox(painter, rect(), height() / 2.0 - 0.5);
     NamedImage(u"Search"_s).draw(painter, QPoint(iconMargin, (height() - iconSize) / 2));
     if (hasFocus())

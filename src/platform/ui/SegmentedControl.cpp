@@ -1,6 +1,7 @@
 #include "platform/ui/SegmentedControl.h"
 
 #include "platform/ui/Accessibility.h"
+#include "platform/ui/DevicePixels.h"
 #include "platform/ui/Theme.h"
 
 #include <QAccessible>
@@ -77,6 +78,7 @@ QRect SegmentedControl::segmentRect(int index) const
 void SegmentedControl::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    alignToDevicePixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled())
         painter.setOpacity(dimmedOpacity);

@@ -1,6 +1,7 @@
 #include "platform/ui/StateButton.h"
 
 #include "platform/ui/Accessibility.h"
+#include "platform/ui/DevicePixels.h"
 #include "platform/ui/Theme.h"
 
 #include <QAccessible>
@@ -155,6 +156,7 @@ void StateButton::drawBackground(QPainter &painter) const
 void StateButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    alignToDevicePixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     drawBackground(painter);
     if (!isEnabled() && m_imageDimsWhenDisabled)
