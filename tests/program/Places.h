@@ -82,6 +82,6 @@ inline constexpr QPoint presetRow(int row)
     return {60, 12 + row * 24};
 }
 inline constexpr QPoint oneKilohertzMiddle{527, 138};
-inline constexpr QPoint oneKilohertzTop{527, 20};
+inline constexpr QPoint oneKilohertzTop{527, 24};
 
 } // namespace lyrabox::test::place

@@ -317,7 +317,7 @@ TEST_F(ProgramWithMenus, WindowCommandsShowAndCloseWindows)
     ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
     choose(u"w"_s, u"l"_s); // Lyrabox
     EXPECT_TRUE(waitUntil([&] { return display.screen(both) != covered; }));
-    EXPECT_EQ(display.activeWindow(), mainWindow());
+    EXPECT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
     choose(u"w"_s, u"c"_s); // Close Window
     EXPECT_EQ(waitForEnd(), 0) << "the program does not end with its main window";
 }
