@@ -29,6 +29,15 @@ protected:
 
     WaylandDisplay &compositor() { return dynamic_cast<WaylandDisplay &>(display); }
 
+    /// The screen has the same size in points at every scale.
+    void setScale(double scale)
+    {
+        const QSize pixels = (QSizeF(VirtualDisplay::size) * scale).toSize();
+        compositor().run(u"output * resolution %1x%2 scale %3"_s.arg(pixels.width())
+                             .arg(pixels.height())
+                             .arg(scale));
+    }
+
     /// Waits until the last fifth of a second has this level, in decibels relative to a song with
     /// amplitude 0.1.
     bool hearsLevel(double decibels) const
@@ -150,6 +159,46 @@ TEST_F(ProgramOnWayland, EscapeStopsAListThatIsBeingBuilt)
     EXPECT_TRUE(waitUntil([this] { return !showsProgress(); }));
     EXPECT_FALSE(songRowIsEmpty(0));
     EXPECT_FALSE(reads(slow));
+    EXPECT_EQ(quit(), 0);
+}
+
+/// How much neighbouring pixels of a row differ. A blurred picture has less of it.
+double sharpnessOf(const QImage &picture)
+{
+    double sum = 0.0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 1; x < picture.width(); ++x) {
+            const double step = qGray(picture.pixel(x, y)) - qGray(picture.pixel(x - 1, y));
+            sum += step * step;
+        }
+    }
+    return sum;
+}
+
+TEST_F(ProgramOnWayland, AtFractionalScalesTextsAndDrawingsAreSharp)
+{
+    constexpr QRect menuBar(40, 26, 380, 18);
+    constexpr QRect seekButton(226, 671, 40, 40);
+    constexpr QRect playButton(274, 665, 52, 52);
+    constexpr QRect starButton(1092, 690, 30, 24);
+    constexpr double leastGain = 1.4; // against a picture that the compositor has enlarged
+    start();
+    const QImage usual = display.screen();
+    for (const double scale : {1.25, 1.5}) {
+        setScale(scale);
+        const QSize size = (QSizeF(usual.size()) * scale).toSize();
+        const QImage enlarged = usual.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        for (const QRect &area : {menuBar, seekButton, playButton, starButton}) {
+            const QRect pixels((QPointF(area.topLeft()) * scale).toPoint(),
+                               (QSizeF(area.size()) * scale).toSize());
+            const double least = leastGain * sharpnessOf(enlarged.copy(pixels));
+            EXPECT_TRUE(waitUntil([&] {
+                const QImage picture = display.screen();
+                return picture.size() == size && sharpnessOf(picture.copy(pixels)) > least;
+            })) << "at "
+                << area.x() << ", " << area.y() << " and scale " << scale;
+        }
+    }
     EXPECT_EQ(quit(), 0);
 }
 
