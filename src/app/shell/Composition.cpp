@@ -12,7 +12,6 @@
 #include "platform/audio/DecodingModule.h"
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/DiskPatience.h"
-#include "platform/foundation/Machine.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
@@ -118,17 +117,17 @@ void Composition::prepareUpdater()
 /// Loads the decoders in the background, so that the first song does not wait for them.
 void Composition::loadDecoders()
 {
-    const auto load = [this] {
-        const QString failure = decodingModule().failure();
-        if (failure.isEmpty())
-            return;
-        QMetaObject::invokeMethod(this, [this, failure] {
+    if (m_terminated)
+        return;
+    const auto showFailure = [this](const QString &failure) {
+        if (!failure.isEmpty())
             m_parts.mainUi.errorField->setText(tr("Songs cannot be opened (%1)").arg(failure));
-        });
     };
-    m_decoderLoading = startThread(load);
-    if (!m_decoderLoading.joinable())
-        load();
+    // The first song waits for this job, so it has the priority of the main thread.
+    m_background = std::make_unique<BackgroundRunner>(BackgroundRunner::Priority::Normal);
+    const auto load = [](const std::stop_token &) { return decodingModule().failure(); };
+    if (!m_background->run(load, showFailure))
+        showFailure(decodingModule().failure());
 }
 
 void Composition::connectDesktop()
@@ -162,7 +161,7 @@ void Composition::terminate()
 {
     if (std::exchange(m_terminated, true))
         return;
-    m_decoderLoading = {}; // joins the thread
+    m_background.reset(); // joins the thread
     windowMemory::saveWindow(&m_parts.mainWindow, mainWindowName);
     if (!m_parts.eqWindowNeedsPosition)
         windowMemory::saveWindow(&m_parts.eqWindow, eqWindowName);

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "app/shell/ProgramParts.h"
+#include "platform/foundation/BackgroundRunner.h"
 #include "platform/foundation/VolumeWatcher.h"
 
 #include <QObject>
 
 #include <memory>
-#include <thread>
 
 namespace lyrabox {
 
@@ -63,7 +63,7 @@ private:
     std::unique_ptr<MediaPlayerBridge> m_desktop; ///< null without a session bus
     bool m_isLaunching = false;
     bool m_terminated = false;
-    std::jthread m_decoderLoading; ///< last, so that it is joined before the parts are destroyed
+    std::unique_ptr<BackgroundRunner> m_background; ///< last, because its jobs use the parts
 };
 
 } // namespace lyrabox

@@ -4,6 +4,7 @@
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Room.h"
 #include "app/shell/SoundProblemLine.h"
+#include "platform/audio/SoundRanges.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
@@ -64,7 +65,11 @@ void build(ProgramParts &parts)
     looks::addSteps(ui.playbackPitchMatrix, u"♭"_s, Text::tr("A semitone down"),
                     Text::tr("Original pitch"), u"♯"_s, Text::tr("A semitone up"));
     buildButtons(ui);
+    ui.playbackSpeedSlider->setMinValue(speedRange.minimum);
+    ui.playbackSpeedSlider->setMaxValue(speedRange.maximum);
     ui.playbackSpeedSlider->setDefaultValue(100.0);
+    ui.playbackPitchSlider->setMinValue(pitchRange.minimum);
+    ui.playbackPitchSlider->setMaxValue(pitchRange.maximum);
     ui.playbackPitchSlider->setDefaultValue(0.0);
     ui.playbackPitchSlider->setKeySteps(10.0, 100.0); // cents
     ui.outputVolumeSlider->setKeySteps(0.05, 0.2);
