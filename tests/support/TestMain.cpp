@@ -1,3 +1,4 @@
+#include "platform/foundation/UserDefaults.h"
 #include "platform/ui/Application.h"
 
 #include <QLocale>
@@ -44,5 +45,8 @@ int main(int argc, char **argv)
     testing::InitGoogleMock(&argc, argv);
     const lyrabox::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lyrabox"));
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    // Otherwise the file is written after main(), which makes the removed folder again.
+    lyrabox::userDefaults().sync();
+    return result;
 }
