@@ -34,25 +34,13 @@ void makeWindowFirstResponder(const QWidget *control)
 
 } // namespace
 
-LB_AudioController::FatalErrorHandling LB_AudioController::alertAndQuit()
+void LB_AudioController::showAlert(const QString &description, const QString &recoverySuggestion)
 {
-    return {
-        .present =
-            [](const QString &description, const QString &recoverySuggestion) {
-                QMessageBox alert(QMessageBox::Critical, QApplication::applicationDisplayName(),
-                                  description);
-                alert.setTextFormat(Qt::PlainText);
-                alert.setInformativeText(recoverySuggestion);
-                alert.exec();
-            },
-        // Queued, because quit() has no effect before the event loop starts.
-        .terminate =
-            [] { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); },
-    };
+    QMessageBox alert(QMessageBox::Critical, QApplication::applicationDisplayName(), description);
+    alert.setTextFormat(Qt::PlainText);
+    alert.setInformativeText(recoverySuggestion);
+    alert.exec();
 }
-
-LB_AudioController::LB_AudioController(QObject *parent) : LB_AudioController(alertAndQuit(), parent)
-{}
 
 LB_AudioController::LB_AudioController(FatalErrorHandling handling, QObject *parent)
     : LB_AudioController(std::move(handling),

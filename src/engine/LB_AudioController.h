@@ -40,12 +40,11 @@ public:
         std::function<void()> terminate;
     };
 
-    /// Shows a modal alert and then ends the program.
-    static FatalErrorHandling alertAndQuit();
+    /// The usual `present`: a modal alert. Returns when the user has closed it.
+    static void showAlert(const QString &description, const QString &recoverySuggestion);
 
-    /// Builds the engine. On failure it shows the alert and asks the program to terminate.
-    explicit LB_AudioController(QObject *parent = nullptr);
-    LB_AudioController(FatalErrorHandling handling, QObject *parent = nullptr);
+    /// Builds the engine. On failure it calls `handling`.
+    explicit LB_AudioController(FatalErrorHandling handling, QObject *parent = nullptr);
     /// The same for an engine that another thread is building with buildAudioSystem(). Waits for
     /// `building`.
     LB_AudioController(FatalErrorHandling handling, std::future<lyrabox::Status> building,

@@ -95,11 +95,13 @@ std::jthread loadModules(const CommandLine &line)
 std::unique_ptr<LB_AudioController> makeAudio(std::future<lyrabox::Status> engine)
 {
     const auto hasSound = std::make_shared<bool>(true); // the controller keeps the functions
-    LB_AudioController::FatalErrorHandling fatal = LB_AudioController::alertAndQuit();
-    fatal.terminate = [hasSound] { *hasSound = false; };
-    fatal.present = [show = fatal.present](const QString &text, const QString &suggestion) {
-        QApplication::setWindowIcon(lyrabox::programIcon());
-        show(text, suggestion);
+    const LB_AudioController::FatalErrorHandling fatal{
+        .present =
+            [](const QString &text, const QString &suggestion) {
+                QApplication::setWindowIcon(lyrabox::programIcon());
+                LB_AudioController::showAlert(text, suggestion);
+            },
+        .terminate = [hasSound] { *hasSound = false; },
     };
     auto audio = std::make_unique<LB_AudioController>(fatal, std::move(engine));
     return *hasSound ? std::move(audio) : nullptr;
