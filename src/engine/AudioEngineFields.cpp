@@ -36,7 +36,7 @@ std::uint64_t heardFrame()
         held = chain.timePitch->latencyFrames() + speed * chain.output->heldFrames();
     }
     const auto distance = static_cast<std::uint64_t>(std::max(0.0, std::round(held)));
-    return std::min(exchange.lastSeen.placeBefore(distance), totalFrames());
+    return std::min(exchange.lastSeen.positionBefore(distance), totalFrames());
 }
 
 std::uint64_t totalFrames()

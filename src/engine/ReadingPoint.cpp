@@ -2,7 +2,7 @@
 
 namespace lyrabox::engine {
 
-std::uint64_t ReadingPoint::placeBefore(std::uint64_t distance) const noexcept
+std::uint64_t ReadingPoint::positionBefore(std::uint64_t distance) const noexcept
 {
     std::uint64_t place = frame;
     if (jumps > 0 && distance > framesSinceJump) {

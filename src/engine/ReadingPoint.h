@@ -27,7 +27,7 @@ struct ReadingPoint {
     }
 
     /// The position that was read `distance` frames ago. 0 if it lies before the song.
-    std::uint64_t placeBefore(std::uint64_t distance) const noexcept;
+    std::uint64_t positionBefore(std::uint64_t distance) const noexcept;
 };
 
 /// Hands the reading point from the callback thread to the main thread.

@@ -8,9 +8,9 @@ namespace {
 TEST(ReadingPoint, WithoutAJumpThePositionIsTheDifference)
 {
     const ReadingPoint point{.frame = 5000};
-    EXPECT_EQ(point.placeBefore(0), 5000U);
-    EXPECT_EQ(point.placeBefore(1200), 3800U);
-    EXPECT_EQ(point.placeBefore(6000), 0U);
+    EXPECT_EQ(point.positionBefore(0), 5000U);
+    EXPECT_EQ(point.positionBefore(1200), 3800U);
+    EXPECT_EQ(point.positionBefore(6000), 0U);
 }
 
 TEST(ReadingPoint, BeforeAJumpThePositionIsAtTheLoopsEnd)
@@ -19,9 +19,9 @@ TEST(ReadingPoint, BeforeAJumpThePositionIsAtTheLoopsEnd)
     point.jump(9000, 1000);
     point.frame = 1300;
     point.framesSinceJump = 300;
-    EXPECT_EQ(point.placeBefore(300), 1000U);
-    EXPECT_EQ(point.placeBefore(301), 8999U);
-    EXPECT_EQ(point.placeBefore(700), 8600U);
+    EXPECT_EQ(point.positionBefore(300), 1000U);
+    EXPECT_EQ(point.positionBefore(301), 8999U);
+    EXPECT_EQ(point.positionBefore(700), 8600U);
 }
 
 TEST(ReadingPoint, AShortLoopIsTracedThroughItsRounds)
@@ -31,11 +31,11 @@ TEST(ReadingPoint, AShortLoopIsTracedThroughItsRounds)
         point.jump(1256, 1000);
     point.frame = 1128;
     point.framesSinceJump = 128;
-    EXPECT_EQ(point.placeBefore(128 + 256), 1000U);
-    EXPECT_EQ(point.placeBefore(128 + 257), 1255U);
-    EXPECT_EQ(point.placeBefore(128 + 512), 1000U);
+    EXPECT_EQ(point.positionBefore(128 + 256), 1000U);
+    EXPECT_EQ(point.positionBefore(128 + 257), 1255U);
+    EXPECT_EQ(point.positionBefore(128 + 512), 1000U);
     // The first round came from before the loop.
-    EXPECT_EQ(point.placeBefore(128 + 512 + 256 + 100), 900U);
+    EXPECT_EQ(point.positionBefore(128 + 512 + 256 + 100), 900U);
 }
 
 TEST(ReadingPoint, AForwardJumpAndAnEmptyRoundAreTracedBackToTheirStart)
@@ -44,10 +44,10 @@ TEST(ReadingPoint, AForwardJumpAndAnEmptyRoundAreTracedBackToTheirStart)
     point.jump(500, 4000);
     point.frame = 4128;
     point.framesSinceJump = 128;
-    EXPECT_EQ(point.placeBefore(228), 400U);
+    EXPECT_EQ(point.positionBefore(228), 400U);
     point.jump(4000, 4000);
     point.jump(4000, 4000);
-    EXPECT_EQ(point.placeBefore(10), 3990U);
+    EXPECT_EQ(point.positionBefore(10), 3990U);
 }
 
 } // namespace

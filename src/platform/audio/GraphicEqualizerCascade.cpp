@@ -38,7 +38,7 @@ void write(float &sample, double filtered)
 
 // speed t + (3 length - 2 speed) t^2 + (speed - 2 length) t^3 in steps of t = 1 / rampFrames. The
 // movement never turns back if the speed lies between 0 and three times the length.
-GraphicEqualizerCascade::Course::Course(double length, double speed)
+GraphicEqualizerCascade::Movement::Movement(double length, double speed)
 {
     const double step = 1.0 / rampFrames;
     const double square = (3.0 * length - 2.0 * speed) * step * step;
@@ -48,7 +48,7 @@ GraphicEqualizerCascade::Course::Course(double length, double speed)
     changeOfChange = 6.0 * cube;
 }
 
-double GraphicEqualizerCascade::Course::advance()
+double GraphicEqualizerCascade::Movement::advance()
 {
     const double covered = distance;
     distance += change;
@@ -71,19 +71,19 @@ void GraphicEqualizerCascade::rampTo(const equalizer::Coefficients &coefficients
         const Section &from = m_current[i];
         const Section next = {to.c0 - from.c0, to.c1 - from.c1, to.c2 - from.c2, to.a1 - from.a1,
                               to.a2 - from.a2};
-        along += next.c0[0] * m_way[i].c0[0];
+        along += next.c0[0] * m_difference[i].c0[0];
         square += next.c0[0] * next.c0[0];
-        m_way[i] = next;
+        m_difference[i] = next;
     }
     const bool isMoving = m_rampLeft != 0;
     const double speed =
         isMoving && square > 0.0 ? m_progress.distance * rampFrames * along / square : 0.0;
-    m_progress = Course(1.0, std::clamp(speed, 0.0, 3.0));
+    m_progress = Movement(1.0, std::clamp(speed, 0.0, 3.0));
 
     // A gain may overshoot a little without harm, so it simply keeps its speed.
-    const double gainSpeed = isMoving ? m_gainCourse.distance * rampFrames : 0.0;
+    const double gainSpeed = isMoving ? m_gainMovement.distance * rampFrames : 0.0;
     m_gainTarget = coefficients.gain;
-    m_gainCourse = Course(m_gainTarget - m_gain, gainSpeed);
+    m_gainMovement = Movement(m_gainTarget - m_gain, gainSpeed);
     m_rampLeft = rampFrames;
 }
 
@@ -111,7 +111,7 @@ void GraphicEqualizerCascade::filter(float *left, float *right) noexcept
     StereoLanes share[count];
     for (std::uint32_t i = 0; i < count; ++i) {
         if (isRamping) {
-            m_gain += m_gainCourse.advance();
+            m_gain += m_gainMovement.advance();
             share[i] = bothLanes(m_progress.advance());
         }
         signal[i] = stereoLanes(read(left[i]), read(right[i])) * bothLanes(m_gain);
@@ -121,11 +121,11 @@ void GraphicEqualizerCascade::filter(float *left, float *right) noexcept
         State state = m_states[s];
         for (std::uint32_t i = 0; i < count; ++i) {
             if (isRamping) {
-                section.c0 += m_way[s].c0 * share[i];
-                section.c1 += m_way[s].c1 * share[i];
-                section.c2 += m_way[s].c2 * share[i];
-                section.a1 += m_way[s].a1 * share[i];
-                section.a2 += m_way[s].a2 * share[i];
+                section.c0 += m_difference[s].c0 * share[i];
+                section.c1 += m_difference[s].c1 * share[i];
+                section.c2 += m_difference[s].c2 * share[i];
+                section.a1 += m_difference[s].a1 * share[i];
+                section.a2 += m_difference[s].a2 * share[i];
             }
             const StereoLanes in = signal[i];
             const StereoLanes added = section.c0 * in + state.first;

@@ -53,9 +53,9 @@ private:
     // A movement by `length` within rampFrames, as a cubic of time. It begins at `speed`, in units
     // of length per ramp, and ends at rest. Forward differences make it cost two additions per
     // frame.
-    struct Course {
-        Course() = default;
-        Course(double length, double speed);
+    struct Movement {
+        Movement() = default;
+        Movement(double length, double speed);
 
         /// The distance of the next frame.
         double advance();
@@ -67,12 +67,12 @@ private:
 
     Sections m_current{};
     Sections m_target{};
-    Sections m_way{}; // from the start of the ramp to its target
+    Sections m_difference{}; // the target minus the start of the ramp
     std::array<State, equalizer::sectionCount> m_states{};
-    Course m_progress; // the share of m_way
+    Movement m_progress; // the share of m_difference that was added
     double m_gain = 1.0;
     double m_gainTarget = 1.0;
-    Course m_gainCourse;
+    Movement m_gainMovement;
     std::uint32_t m_rampLeft = 0;
 };
 
