@@ -162,6 +162,30 @@ TEST_F(ProgramOnWayland, EscapeStopsAListThatIsBeingBuilt)
     EXPECT_EQ(quit(), 0);
 }
 
+/// Another program on the same desktop. It ends with this object.
+class OtherProgram {
+public:
+    OtherProgram(const VirtualDisplay &display, const QString &name, const QStringList &arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        display.addTo(environment);
+        m_process.setProcessEnvironment(environment);
+        dieWithTheTest(m_process);
+        m_process.start(name, arguments);
+        EXPECT_TRUE(m_process.waitForStarted());
+    }
+    ~OtherProgram()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+    OtherProgram(const OtherProgram &) = delete;
+    OtherProgram &operator=(const OtherProgram &) = delete;
+
+private:
+    QProcess m_process;
+};
+
 /// How much neighbouring pixels of a row differ. A blurred picture has less of it.
 double sharpnessOf(const QImage &picture)
 {
@@ -207,13 +231,7 @@ TEST_F(ProgramOnWayland, TextOfAnotherProgramIsPastedIntoTheSearch)
     showFolder(makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}, {u"Gamma"_s, 500.0}}));
     start();
     ASSERT_TRUE(waitForSongs(2));
-    QProcess copy;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    display.addTo(environment);
-    copy.setProcessEnvironment(environment);
-    dieWithTheTest(copy);
-    copy.start(u"wl-copy"_s, {u"--foreground"_s, u"gamma"_s});
-    ASSERT_TRUE(copy.waitForStarted());
+    OtherProgram copy(display, u"wl-copy"_s, {u"--foreground"_s, u"gamma"_s});
     display.key(u"ctrl+f"_s);
     EXPECT_TRUE(waitUntil([this] {
         display.key(u"ctrl+a"_s);
@@ -223,8 +241,35 @@ TEST_F(ProgramOnWayland, TextOfAnotherProgramIsPastedIntoTheSearch)
     doubleClickSong(0);
     EXPECT_TRUE(hears(500.0));
     EXPECT_EQ(quit(), 0);
-    copy.kill();
-    copy.waitForFinished();
+}
+
+TEST_F(ProgramOnWayland, AFileThatIsDraggedFromAnotherProgramIsPlayed)
+{
+    constexpr QRect fileManager(1145, 60, 120, 90);
+    const QString folder = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0}, {u"Gamma"_s, 500.0}});
+    start();
+    OtherProgram source(display, QStringLiteral(LYRABOX_DRAG_SOURCE), {folder + u"/gamma.flac"_s});
+    const QString window = display.waitForWindow(u"^Drag Source"_s);
+    display.place(window, fileManager);
+    const auto turns = [&](Qt::GlobalColor colour) {
+        return waitUntil([&] {
+            return display.screen().pixelColor(fileManager.topLeft() + QPoint(5, 5)) == colour;
+        });
+    };
+    ASSERT_TRUE(turns(Qt::white));
+    display.moveTo(fileManager.center());
+    display.press();
+    display.moveTo(fileManager.center() + QPoint(20, 0));
+    ASSERT_TRUE(turns(Qt::blue)) << "no file is dragged";
+    display.moveTo(place::songRow(1));
+    ASSERT_TRUE(turns(Qt::green)) << "the program would not take the file";
+    display.release();
+    EXPECT_TRUE(hears(500.0));
+    EXPECT_FALSE(songRowIsEmpty(0));
+    EXPECT_TRUE(songRowIsEmpty(1));
+    display.click(place::songRow(0), 1); // the keyboard is still the other program's
+    ASSERT_TRUE(waitUntil([this] { return display.activeWindow() == mainWindow(); }));
+    EXPECT_EQ(quit(), 0);
 }
 
 } // namespace
