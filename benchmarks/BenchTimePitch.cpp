@@ -1,5 +1,6 @@
 #include "platform/audio/DenormalGuard.h"
 #include "platform/audio/TimePitch.h"
+#include "support/SoundSource.h"
 
 #include <benchmark/benchmark.h>
 
@@ -15,7 +16,7 @@ namespace {
 constexpr std::uint32_t callbackFrames = 1024;
 
 /// A second of noise in a loop.
-class NoiseSource final : public RenderingUnit {
+class NoiseSource final : public test::SoundSource {
 public:
     NoiseSource()
     {
@@ -25,10 +26,6 @@ public:
             sample = samples(random);
     }
 
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
         for (std::uint32_t channel = 0; channel < 2; ++channel)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/audio/AudioUnit.h"
 #include "support/Heard.h"
+#include "support/SoundSource.h"
 
 #include <atomic>
 #include <cmath>
@@ -12,15 +12,11 @@
 namespace lyrabox::test {
 
 /// A source that plays one sine in both channels, from phase 0.
-class SineSource : public RenderingUnit {
+class SineSource : public SoundSource {
 public:
     explicit SineSource(double frequency, double amplitude = 0.5)
         : m_step(2.0 * std::numbers::pi * frequency / 44100.0), m_amplitude(amplitude)
     {}
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
         const std::uint64_t first = rendered;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/audio/AudioUnit.h"
 #include "platform/audio/TimePitch.h"
+#include "support/SoundSource.h"
 
 #include <complex>
 #include <cstdint>
@@ -17,16 +17,12 @@ struct StereoFrame {
 };
 
 /// A song that is a function of the frame number. Counts the pulled frames.
-class SignalSource final : public RenderingUnit {
+class SignalSource final : public SoundSource {
 public:
     using Signal = std::function<StereoFrame(std::int64_t frame)>;
 
     explicit SignalSource(Signal signal) : m_signal(std::move(signal)) {}
 
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override;
 
     std::int64_t position = 0; ///< the next frame to be pulled

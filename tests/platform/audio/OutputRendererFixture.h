@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/audio/OutputRenderer.h"
+#include "support/SoundSource.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +17,8 @@ namespace lyrabox::test {
 inline constexpr std::uint32_t fade = OutputRenderer::fadeFrames;
 
 /// A sine in the left channel and its negative in the right one. Counts the pulled frames.
-class Source : public RenderingUnit {
+class Source : public SoundSource {
 public:
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
         largestPull = std::max(largestPull, frames);

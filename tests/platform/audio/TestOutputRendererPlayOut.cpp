@@ -35,6 +35,15 @@ protected:
         heard.insert(heard.end(), more.begin(), more.end());
     }
 
+    void expectCutOff()
+    {
+        EXPECT_FALSE(renderer.isPlayingOut());
+        const std::uint64_t position = source.position;
+        pull(fade);
+        EXPECT_EQ(peak(pull(1024)), 0.0F);
+        EXPECT_EQ(source.position, position);
+    }
+
     std::vector<float> heard;
 };
 
@@ -55,21 +64,13 @@ TEST_F(PlayingOutTest, HeldFramesAreHeardAndFadeOutWithoutAClick)
 TEST_F(PlayingOutTest, AStopOnTheControlSideCutsItOff)
 {
     renderer.stop();
-    EXPECT_FALSE(renderer.isPlayingOut());
-    const std::uint64_t position = source.position;
-    pull(fade);
-    EXPECT_EQ(peak(pull(1024)), 0.0F);
-    EXPECT_EQ(source.position, position);
+    expectCutOff();
 }
 
 TEST_F(PlayingOutTest, AResetCutsItOffAndPullsNothing)
 {
     renderer.requestReset();
-    EXPECT_FALSE(renderer.isPlayingOut());
-    const std::uint64_t position = source.position;
-    pull(fade);
-    EXPECT_EQ(peak(pull(1024)), 0.0F);
-    EXPECT_EQ(source.position, position);
+    expectCutOff();
 }
 
 TEST_F(PlayingOutTest, TheNextStartFollowsItWithoutAClick)

@@ -1,4 +1,5 @@
 #include "platform/audio/TimePitch.h"
+#include "support/SoundSource.h"
 
 #include <gtest/gtest.h>
 
@@ -85,12 +86,8 @@ float songRight(std::int64_t frame)
     return static_cast<float>(0.5 * std::sin(0.021 * static_cast<double>(frame) + 1.0));
 }
 
-class Song final : public RenderingUnit {
+class Song final : public test::SoundSource {
 public:
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
         onlySlices = onlySlices && frames == TimePitchUnit::sliceFrames &&

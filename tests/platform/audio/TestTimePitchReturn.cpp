@@ -1,6 +1,7 @@
 // The return from the stretcher to the unchanged source.
 
 #include "platform/audio/TimePitch.h"
+#include "support/SoundSource.h"
 
 #include <gtest/gtest.h>
 
@@ -27,12 +28,8 @@ float songAt(std::int64_t frame)
         0.2 * ((1.0 - part) * noise(frame / 16) + part * noise(frame / 16 + 1)));
 }
 
-class Song final : public RenderingUnit {
+class Song final : public test::SoundSource {
 public:
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::invalidParameter; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
         for (std::uint32_t i = 0; i < frames; ++i, ++position) {

@@ -1,4 +1,5 @@
 #include "platform/audio/TimePitch.h"
+#include "support/SoundSource.h"
 
 #include <gtest/gtest.h>
 
@@ -10,12 +11,8 @@ using namespace lyrabox;
 namespace {
 
 /// Gives the same noise to every stage.
-class Noise final : public RenderingUnit {
+class Noise final : public test::SoundSource {
 public:
-    Status initialize() override { return status::noError; }
-    float parameter(std::uint32_t) const override { return 0.0F; }
-    Status setParameter(std::uint32_t, float) override { return status::noError; }
-    void reset() override {}
     void render(std::uint32_t frames, AudioBufferList &ioData) noexcept override
     {
         for (std::uint32_t i = 0; i < frames; ++i) {
