@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace lyrabox {
 
@@ -63,6 +64,17 @@ public:
     /// Counting stops at `enough` frames. Nothing if packets do not state their length. Reads the
     /// file again, which takes about a second per gigabyte.
     virtual std::optional<std::uint64_t> countedFrames(std::uint64_t /*enough*/) const
+    {
+        return std::nullopt;
+    }
+
+    /// A hash of the encoded sound, 40 hexadecimal digits. It stays the same if the song is moved
+    /// or copied, if its tags and artwork change, and if another container takes up its packets
+    /// unchanged. Nothing if there is no sound, if the file cannot be read to its end, or after a
+    /// request to stop, which takes effect within a few milliseconds. Reads the file again from
+    /// start to end without decoding it, which takes one to two seconds per gigabyte if the file is
+    /// in memory. Does not change the place from which read() goes on.
+    virtual std::optional<QByteArray> payloadHash(const std::stop_token & /*stop*/) const
     {
         return std::nullopt;
     }

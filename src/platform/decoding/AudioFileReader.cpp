@@ -3,6 +3,7 @@
 #include "platform/decoding/Converter.h"
 #include "platform/decoding/Decoder.h"
 #include "platform/decoding/Packets.h"
+#include "platform/decoding/PayloadHash.h"
 #include "platform/decoding/Tags.h"
 #include "platform/foundation/Machine.h"
 
@@ -164,6 +165,17 @@ std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t limit)
         return opened;
     });
     return counted;
+}
+
+std::optional<QByteArray> AudioFileReader::payloadHash(const std::stop_token &stop) const
+{
+    std::optional<QByteArray> hash;
+    withoutExceptions([&] {
+        decoding::Container container; // A second one, because the first stays at its position.
+        hash = d ? decoding::payloadHash(container, d->path, stop) : std::nullopt;
+        return status::noError;
+    });
+    return hash;
 }
 
 QByteArray AudioFileReader::albumArtwork() const

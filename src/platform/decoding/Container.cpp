@@ -137,6 +137,8 @@ Status Container::openContext()
     av_dict_set(&options, "format_whitelist", audioContainers(), 0);
     av_dict_set(&options, "codec_whitelist", audioDecoders(), 0);
     av_dict_set(&options, "protocol_whitelist", "", 0);
+    if (m_ignoresEditLists)
+        av_dict_set(&options, "ignore_editlist", "1", 0);
     const int error = avformat_open_input(&context, "", m_format, &options);
     av_dict_free(&options);
     if (error == AVERROR(ENOMEM))

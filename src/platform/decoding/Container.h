@@ -18,6 +18,10 @@ public:
     /// while the file is read, see SongReader::setWaitHook().
     Status open(const QString &path, std::function<void()> waitHook = {});
 
+    /// Delivers the packets that the file stores, also those that an edit list of MP4 leaves out.
+    /// Call it before open().
+    void ignoreEditLists() { m_ignoresEditLists = true; }
+
     AVFormatContext *context() const { return m_context.get(); }
     AVStream *stream() const { return m_stream; }
     const AVCodec *decoder() const { return m_decoder; }
@@ -43,6 +47,7 @@ private:
     Input m_input;
     const AVInputFormat *m_format = nullptr;
     bool m_certain = false;
+    bool m_ignoresEditLists = false;
     std::int64_t m_start = 0;             ///< Offset of the content after the ID3v2 tag.
     AvPointer<AVFormatContext> m_context; ///< Reads from m_input, so it must be destroyed first.
     AVStream *m_stream = nullptr;

@@ -105,7 +105,7 @@ void Input::setWaitHook(std::function<void()> hook)
 
 bool Input::isExhausted() const
 {
-    return m_sinceProgress >= m_readLimit ||
+    return m_sinceProgress >= m_readLimit || m_stop.stop_requested() ||
            (m_isOpening && threadTime() - m_openingStart > openingLimit);
 }
 

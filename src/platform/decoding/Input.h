@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <stop_token>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -53,6 +54,9 @@ public:
     /// Sets a function that is called after each block read by the thread that sets it.
     void setWaitHook(std::function<void()> hook);
 
+    /// Lets the file end at once when a stop is requested. Call it before open().
+    void setStop(std::stop_token stop) { m_stop = std::move(stop); }
+
     /// Ends the time limit on opening. From now on only bytes read without progress() are limited.
     void endOpening() { m_isOpening = false; }
 
@@ -95,6 +99,7 @@ private:
     std::int64_t m_readLimit = readLimit;
     std::function<void()> m_waitHook;
     std::thread::id m_waiting; ///< The thread whose reads call the hook.
+    std::stop_token m_stop;
     Status m_error = status::noError;
     AvPointer<AVIOContext> m_context;
 };
