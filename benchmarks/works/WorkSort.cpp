@@ -6,6 +6,7 @@
 
 #include "library/TrackSorting.h"
 #include "library/TrackTableModel.h"
+#include "platform/foundation/TextOrder.h"
 
 #include <algorithm>
 #include <optional>
@@ -31,7 +32,7 @@ work::Cost sortOurs(const TrackRecordList &songs)
 
 work::Cost sortPeer(const TrackRecordList &songs)
 {
-    const QCollator collator = trackCollator();
+    const QCollator collator = textCollator();
     TrackRecordList sorted;
     return work::measureRepeated(
         [&] { sorted = songs; },
