@@ -33,6 +33,12 @@ def processor_share(pid, span):
     return tuple((after - former) / elapsed for after, former in zip(processor_seconds(pid), before))
 
 
+def used_processor_seconds(pid):
+    """A process's processor time so far, with that of the threads that have ended."""
+    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
+    return sum(map(int, fields[11:13])) / os.sysconf("SC_CLK_TCK")
+
+
 def resident_megabytes(pid):
     for line in pathlib.Path(f"/proc/{pid}/status").read_text().splitlines():
         if line.startswith("VmRSS:"):
@@ -92,8 +98,8 @@ class Desktop:
             self.stop(display)
         return number != ""
 
-    def start(self, command, env=None, **options):
-        child = subprocess.Popen(command, env=env or self.env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+    def start(self, command, env=None, stdout=subprocess.DEVNULL, **options):
+        child = subprocess.Popen(command, env=env or self.env, stdin=subprocess.DEVNULL, stdout=stdout,
                                  stderr=subprocess.DEVNULL, **options)
         self.children.append(child)
         return child
@@ -106,11 +112,12 @@ class Desktop:
     def call(self, *command):
         return subprocess.run(command, env=self.env, capture_output=True, text=True, check=False)
 
-    def wait_for(self, what, condition, seconds=30):
-        for _ in range(seconds * 20):
+    def wait_for(self, what, condition, pause=0.05):
+        end = time.monotonic() + 30
+        while time.monotonic() < end:
             if condition():
                 return
-            time.sleep(0.05)
+            time.sleep(pause)
         sys.exit(f"bench: waited for {what} in vain")
 
     def wait_for_sound(self):

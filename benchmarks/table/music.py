@@ -81,6 +81,21 @@ def practice_song():
     return song("flac", 44100, MASTER_SECONDS)
 
 
+def tones(songs, name):
+    """A folder of MP3 songs {name: frequency in hertz, a number or an expression of the time t}: a loud tone, and the
+    demo band quietly behind it, so that decoding takes as long as usual. Returns the files."""
+    codec, options = CODECS["mp3"]
+
+    def make(path):
+        path.mkdir()
+        for song, frequency in songs.items():
+            ffmpeg("-i", master(), "-f", "lavfi", "-i", f"aevalsrc='0.5*sin(2*PI*t*({frequency}))':s=44100:c=mono",
+                   "-filter_complex", "[0]volume=0.05[band];[1]pan=stereo|c0=c0|c1=c0[tone];"
+                   "[band][tone]amix=inputs=2:normalize=0", "-t", SONG_SECONDS, "-ar", 44100, *options,
+                   path / f"{song}.{codec}")
+    return sorted(made(DATA / name, make).iterdir())
+
+
 def folder(count):
     """`count` tagged files with a cover: mp3, m4a and flac in turn, in a folder with nothing else in it."""
     def make(path):
