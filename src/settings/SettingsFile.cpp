@@ -1,6 +1,6 @@
 #include "settings/SettingsFile.h"
 
-#include "platform/foundation/Files.h"
+#include "platform/foundation/FileReplacement.h"
 
 #include <QDir>
 #include <QFile>
@@ -51,26 +51,13 @@ void SettingsFile::write(const std::optional<QUrl> &folder, const PropertyList &
     if (!folder)
         return;
     const QString path = pathIn(*folder, m_name);
-    if (m_isUnreadable && isThere(path) && !keepUnreadable(path)) {
+    if (m_isUnreadable && isThere(path) && !files::keepAside(path, u"unreadable"_s)) {
         qWarning("Unable to keep unreadable settings file %s", qUtf8Printable(path));
         return;
     }
     m_isUnreadable = false;
     if (!writePropertyList(value, path))
         qWarning("Unable to write settings file %s", qUtf8Printable(path));
-}
-
-/// Adds a second name for the file, so that the first never disappears. If the file system has no
-/// hard links, renames the file.
-bool SettingsFile::keepUnreadable(const QString &path)
-{
-    for (int number = 1; number < 10000; ++number) {
-        const QString kept = path + u".unreadable-"_s + QString::number(number);
-        if (isThere(kept))
-            continue;
-        return files::makeHardLink(path, kept) || QFile::rename(path, kept);
-    }
-    return false;
 }
 
 } // namespace lyrabox

@@ -27,8 +27,6 @@ public:
     void write(const std::optional<QUrl> &folder, const PropertyList &value);
 
 private:
-    bool keepUnreadable(const QString &path);
-
     QString m_name;
     bool m_isUnreadable = false;
 };

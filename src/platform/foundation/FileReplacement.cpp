@@ -1,5 +1,6 @@
 #include "platform/foundation/FileReplacement.h"
 
+#include "platform/foundation/FileStamp.h"
 #include "platform/foundation/Files.h"
 
 #include <QFile>
@@ -9,6 +10,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -122,6 +124,21 @@ bool replaceFile(const QString &path, const ContentWriter &write)
 bool replaceFile(const QString &path, const QByteArray &content)
 {
     return replaceFile(path, [&content](QIODevice &file) { return file.write(content) >= 0; });
+}
+
+bool keepAside(const QString &path, const QString &mark)
+{
+    const std::optional<FileStamp> file = fileStamp(path);
+    for (int number = 1; number < 10000; ++number) {
+        const QString kept = path + u'.' + mark + u'-' + QString::number(number);
+        const QFileInfo info(kept);
+        if (!info.exists() && !info.isSymLink())
+            return makeHardLink(path, kept) || QFile::rename(path, kept);
+        const std::optional<FileStamp> other = fileStamp(kept);
+        if (file && other && file->device == other->device && file->inode == other->inode)
+            return true;
+    }
+    return false;
 }
 
 } // namespace lyrabox::files

@@ -29,4 +29,9 @@ bool replaceFile(const QString &path, const ContentWriter &write);
 /// The same for content that is in memory.
 bool replaceFile(const QString &path, const QByteArray &content);
 
+/// Gives the file at `path` a second name, so that what it contains survives a replacement:
+/// "PATH.MARK-N", with the first free N from 1. If the file has such a name already, does nothing.
+/// Where the file system has no hard links, the file is renamed. False if that fails, too.
+bool keepAside(const QString &path, const QString &mark);
+
 } // namespace lyrabox::files

@@ -240,6 +240,25 @@ TEST_F(FileReplacement, KeepsALinkAndThePermissions)
     EXPECT_EQ(attributes.st_mode & 0777, 0640U);
 }
 
+TEST_F(FileReplacement, KeepsWhatAFileContainedUnderTheFirstFreeName)
+{
+    EXPECT_TRUE(files::keepAside(path(), u"mark"_s));
+    EXPECT_TRUE(files::replaceFile(path(), "new"));
+    EXPECT_TRUE(files::keepAside(path(), u"mark"_s));
+    EXPECT_EQ(names(), (QStringList{u"list"_s, u"list.mark-1"_s, u"list.mark-2"_s}));
+    QFile second(path() + u".mark-2"_s);
+    ASSERT_TRUE(second.open(QIODevice::ReadOnly));
+    EXPECT_EQ(second.readAll(), "new");
+    EXPECT_FALSE(files::keepAside(m_folder.filePath(u"nowhere"_s), u"mark"_s));
+}
+
+TEST_F(FileReplacement, KeepsAFileOnlyOnceUntilItIsReplaced)
+{
+    EXPECT_TRUE(files::keepAside(path(), u"mark"_s));
+    EXPECT_TRUE(files::keepAside(path(), u"mark"_s));
+    EXPECT_EQ(names(), (QStringList{u"list"_s, u"list.mark-1"_s}));
+}
+
 TEST_F(FileReplacement, CreatesAFileButNoFolder)
 {
     EXPECT_TRUE(files::replaceFile(m_folder.filePath(u"settings/more"_s), "new"));
