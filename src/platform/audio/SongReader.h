@@ -68,13 +68,14 @@ public:
         return std::nullopt;
     }
 
-    /// A hash of the encoded sound, 40 hexadecimal digits. It stays the same if the song is moved
-    /// or copied, if its tags and artwork change, and if another container takes up its packets
-    /// unchanged. Nothing if there is no sound, if the file cannot be read to its end, or after a
-    /// request to stop, which takes effect within a few milliseconds. Reads the file again from
-    /// start to end without decoding it, which takes one to two seconds per gigabyte if the file is
-    /// in memory. Does not change the place from which read() goes on.
-    virtual std::optional<QByteArray> payloadHash(const std::stop_token & /*stop*/) const
+    /// A hash of the encoded sound of the file at `path`, 40 hexadecimal digits. It stays the same
+    /// if the song is moved or copied, if its tags and artwork change, and if another container
+    /// takes up its packets unchanged. Nothing if there is no sound, if the file cannot be read to
+    /// its end, or after a request to stop, which takes effect within a few milliseconds. Reads the
+    /// file from start to end without decoding it, which takes one to two seconds per gigabyte if
+    /// the file is in memory. Needs no open(), and leaves an opened file as it is.
+    virtual std::optional<QByteArray> payloadHash(const QString & /*path*/,
+                                                  const std::stop_token & /*stop*/) const
     {
         return std::nullopt;
     }

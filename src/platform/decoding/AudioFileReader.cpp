@@ -167,12 +167,12 @@ std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t limit)
     return counted;
 }
 
-std::optional<QByteArray> AudioFileReader::payloadHash(const std::stop_token &stop) const
+std::optional<QByteArray> AudioFileReader::payloadHash(const QString &path,
+                                                       const std::stop_token &stop) const
 {
     std::optional<QByteArray> hash;
     withoutExceptions([&] {
-        decoding::Container container; // A second one, because the first stays at its position.
-        hash = d ? decoding::payloadHash(container, d->path, stop) : std::nullopt;
+        hash = decoding::payloadHash(path, stop);
         return status::noError;
     });
     return hash;

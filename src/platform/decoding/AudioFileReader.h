@@ -24,7 +24,8 @@ public:
     std::optional<std::uint64_t> estimatedFrames() const override;
     bool isEstimateSure() const override;
     std::optional<std::uint64_t> countedFrames(std::uint64_t limit) const override;
-    std::optional<QByteArray> payloadHash(const std::stop_token &stop) const override;
+    std::optional<QByteArray> payloadHash(const QString &path,
+                                          const std::stop_token &stop) const override;
     QByteArray albumArtwork() const override;
     QMap<QString, QString> infoDictionary() const override;
 

@@ -1,5 +1,6 @@
 #include "platform/decoding/PayloadHash.h"
 
+#include "platform/decoding/Container.h"
 #include "platform/decoding/Formats.h"
 #include "platform/decoding/Packets.h"
 
@@ -287,9 +288,9 @@ std::size_t adtsHeaderBytes(std::span<const std::uint8_t> packet, AacCore &core)
     return std::min<std::size_t>(hasChecksum ? 9 : 7, packet.size());
 }
 
-std::optional<QByteArray> payloadHash(Container &container, const QString &path,
-                                      const std::stop_token &stop)
+std::optional<QByteArray> payloadHash(const QString &path, const std::stop_token &stop)
 {
+    Container container;
     container.input().setStop(stop);
     container.ignoreEditLists();
     if (container.open(path) != status::noError)

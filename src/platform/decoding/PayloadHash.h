@@ -1,22 +1,23 @@
 #pragma once
 
-#include "platform/decoding/Container.h"
-
 #include <QByteArray>
+#include <QString>
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <stop_token>
 
 namespace lyrabox::decoding {
 
-/// See SongReader::payloadHash(). `container` must be closed; it is opened with `path` here.
+/// See SongReader::payloadHash(). Any thread.
 ///
 /// The hash covers the codec, what a decoder must know besides the packets, and the bytes of the
 /// packets in order. Where one packet ends and the next begins does not count: containers cut plain
 /// samples as they like. Bytes that a container adds to its packets are left out (see
 /// PayloadHash.cpp).
-std::optional<QByteArray> payloadHash(Container &container, const QString &path,
-                                      const std::stop_token &stop);
+std::optional<QByteArray> payloadHash(const QString &path, const std::stop_token &stop);
 
 /// The part of AAC's configuration that every container states in the same way.
 struct AacCore {
