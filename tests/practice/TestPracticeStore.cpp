@@ -1,0 +1,381 @@
+#include "practice/PracticeFixture.h"
+
+#include "platform/decoding/AudioFileReader.h"
+#include "support/SampleAudio.h"
+
+using namespace lyrabox;
+using namespace lyrabox::test;
+using namespace Qt::Literals::StringLiterals;
+using Problem = PracticeStore::Problem;
+
+namespace {
+
+class PracticeStoreTest : public PracticeFixture {};
+
+TEST_F(PracticeStoreTest, CreatesAndReadsNothingBeforeTheFirstEdit)
+{
+    {
+        const auto store = makeStore();
+        store->openSong(of(song(u"a.mp3"_s)));
+        EXPECT_FALSE(store->isIdentifying());
+        store->openSong(of(song(u"b.mp3"_s)));
+        store->save();
+        store->closeSong();
+        store->openSong(of(song(u"a.mp3"_s)));
+    }
+    EXPECT_FALSE(QDir(m_folder.filePath(u"data"_s)).exists());
+    EXPECT_EQ(m_control.hashed, 0);
+}
+
+TEST_F(PracticeStoreTest, WritesAnEditAfterTheDelayUnderANameForPeople)
+{
+    const auto store = makeStore(std::chrono::milliseconds(0));
+    m_control.isHeld = true;
+    store->openSong(of(song(u"a.mp3"_s)));
+    ASSERT_TRUE(store->apply({newLoop(u"Turnaround"_s)}));
+    EXPECT_TRUE(store->isIdentifying());
+    m_control.release();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return !store->isIdentifying() && store->record().song.audio.size() == 40 &&
+               names().size() == 1 && content(inPractice(names().first())).contains("audio");
+    }));
+}
+
+TEST_F(PracticeStoreTest, NamesTheFileAfterTheSongAndItsHash)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    ASSERT_EQ(names().size(), 1);
+    const auto reading = readPractice(content(inPractice(names().first())));
+    ASSERT_TRUE(reading);
+    EXPECT_EQ(names().first(),
+              u"Corner Shop Blues - "_s + reading->record.song.audio.first(8) + u".json"_s);
+    EXPECT_EQ(reading->record.song.title, u"Corner Shop Blues"_s);
+    EXPECT_EQ(reading->record.song.artist, u"The Demo Band"_s);
+    EXPECT_EQ(reading->record.song.length, 441000U);
+}
+
+TEST_F(PracticeStoreTest, KnowsAFileThatDidNotMoveAtOnceAndWithoutReadingIt)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    const int hashed = m_control.hashed;
+    const auto store = makeStore();
+    store->openSong(of(path));
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+    EXPECT_FALSE(store->isIdentifying());
+    EXPECT_EQ(m_control.hashed, hashed);
+}
+
+TEST_F(PracticeStoreTest, FindsASongByItsSoundAndNextTimeAtOnce)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    const QString copy = song(u"b.ogg"_s, "other tags");
+    {
+        const auto store = makeStore();
+        store->openSong(of(copy));
+        EXPECT_TRUE(store->record().loops.empty());
+        EXPECT_TRUE(store->isIdentifying());
+        QSignalSpy changed(store.get(), &PracticeStore::recordChanged);
+        ASSERT_TRUE(changed.wait());
+        EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+        EXPECT_FALSE(store->canUndo());
+    }
+    const auto store = makeStore();
+    store->openSong(of(copy));
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+    EXPECT_EQ(names().size(), 1);
+}
+
+TEST_F(PracticeStoreTest, FindsAFileThatAnotherPersonMadeUnderAnyName)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    ASSERT_TRUE(QFile::rename(inPractice(names().first()), inPractice(u"from a friend.json"_s)));
+    ASSERT_TRUE(QFile::remove(inPractice(practiceIndexName)));
+    const auto store = makeStore();
+    store->openSong(of(song(u"b.mp3"_s)));
+    QSignalSpy changed(store.get(), &PracticeStore::recordChanged);
+    ASSERT_TRUE(changed.wait());
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+}
+
+TEST_F(PracticeStoreTest, LeavesOtherSongsAlone)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    keepLoop(song(u"b.mp3"_s, "tags", "other sound"), u"B"_s);
+    EXPECT_EQ(names().size(), 2);
+    const auto store = makeStore();
+    store->openSong(of(song(u"c.mp3"_s, "tags", "third sound")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+    EXPECT_TRUE(store->record().loops.empty());
+}
+
+TEST_F(PracticeStoreTest, MergesEditsMadeBeforeTheSongWasRecognised)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    m_control.isHeld = true;
+    const auto store = makeStore();
+    store->openSong(of(song(u"b.mp3"_s)));
+    ASSERT_TRUE(store->apply({newLoop(u"B"_s, 9000)}));
+    m_control.release();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store->record().loops.size() == 2; }));
+    EXPECT_EQ(loopNames(store->record()), (QStringList{u"A"_s, u"B"_s}));
+    store->save();
+    EXPECT_EQ(names().size(), 1);
+    ASSERT_TRUE(store->undo());
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+}
+
+TEST_F(PracticeStoreTest, MovesAFileWrittenTooEarlyIntoTheOneThatIsFound)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    m_control.isHeld = true;
+    const auto store = makeStore();
+    store->openSong(of(song(u"b.mp3"_s)));
+    ASSERT_TRUE(store->apply({newLoop(u"B"_s, 9000)}));
+    store->save();
+    EXPECT_EQ(names().size(), 2);
+    EXPECT_TRUE(names().contains(u"Corner Shop Blues.json"_s));
+    m_control.release();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store->record().loops.size() == 2; }));
+    store->save();
+    ASSERT_EQ(names().size(), 1);
+    EXPECT_EQ(loopNames(readPractice(content(inPractice(names().first())))->record),
+              (QStringList{u"A"_s, u"B"_s}));
+}
+
+TEST_F(PracticeStoreTest, WritesTheHashLaterIfTheFileHadToBeWrittenWithoutIt)
+{
+    const QString path = song(u"a.mp3"_s);
+    m_control.isHeld = true;
+    {
+        const auto store = makeStore();
+        store->openSong(of(path));
+        ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
+    }
+    EXPECT_GT(m_control.hashed, 0);
+    m_control.release();
+    EXPECT_EQ(names(), QStringList{u"Corner Shop Blues.json"_s});
+    {
+        const auto store = makeStore();
+        store->openSong(of(path));
+        EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+    }
+    EXPECT_EQ(readPractice(content(inPractice(names().first())))->record.song.audio.size(), 40);
+}
+
+TEST_F(PracticeStoreTest, DoesNotPostponeWritingWhileEditsGoOn)
+{
+    const auto store = makeStore(std::chrono::milliseconds(20));
+    store->openSong(of(song(u"a.mp3"_s)));
+    QSignalSpy saved(store.get(), &PracticeStore::saved);
+    PracticeLoop loop = newLoop(u"A"_s).loop;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            ++loop.from;
+            ++loop.to;
+            EXPECT_TRUE(store->apply({PutLoop{loop}}));
+            return saved.count() > 0;
+        },
+        30000));
+}
+
+TEST_F(PracticeStoreTest, SavesWhenAnotherSongIsOpenedAndAtTheEnd)
+{
+    const QString a = song(u"a.mp3"_s);
+    const QString b = song(u"b.mp3"_s, "tags", "other sound");
+    {
+        const auto store = makeStore();
+        store->openSong(of(a));
+        ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
+        store->openSong(of(b));
+        EXPECT_TRUE(store->record().loops.empty());
+        ASSERT_TRUE(store->apply({newLoop(u"B"_s)}));
+    }
+    const auto store = makeStore();
+    store->openSong(of(b));
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"B"_s});
+    store->openSong(of(a));
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+}
+
+TEST_F(PracticeStoreTest, SavesUndoneAndRedoneSteps)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    {
+        const auto store = makeStore();
+        store->openSong(of(path));
+        const PracticeId id = store->record().loops.front().id;
+        ASSERT_TRUE(store->apply({RemoveLoop{id}}));
+        store->save();
+        EXPECT_TRUE(readPractice(content(inPractice(names().first())))->record.loops.empty());
+        ASSERT_TRUE(store->undo());
+        EXPECT_NE(store->record().loop(id), nullptr);
+    }
+    EXPECT_EQ(readPractice(content(inPractice(names().first())))->record.loops.size(), 1U);
+}
+
+TEST_F(PracticeStoreTest, StopsHashingWhenTheSongIsClosed)
+{
+    m_control.isHeld = true;
+    const auto store = makeStore();
+    store->openSong(of(song(u"a.mp3"_s)));
+    ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_control.hashed == 1; }));
+    store->closeSong();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_control.stopped == 1; }));
+    EXPECT_FALSE(store->isIdentifying());
+    EXPECT_FALSE(store->hasSong());
+}
+
+TEST_F(PracticeStoreTest, KeepsAnUnreadableFileAsideBeforeItWritesAnother)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    const QString name = names().first();
+    written(inPractice(name), "{ broken");
+    const auto store = makeStore();
+    store->openSong(of(path));
+    EXPECT_EQ(store->problem(), Problem::Unreadable);
+    EXPECT_TRUE(store->record().loops.empty());
+    store->save();
+    EXPECT_EQ(names(), QStringList{name}) << "nothing is written before an edit";
+    ASSERT_TRUE(store->apply({newLoop(u"B"_s)}));
+    store->save();
+    EXPECT_EQ(names(), (QStringList{name, name + u".unreadable-1"_s}));
+    EXPECT_EQ(content(inPractice(name + u".unreadable-1"_s)), "{ broken");
+    EXPECT_EQ(loopNames(readPractice(content(inPractice(name)))->record), QStringList{u"B"_s});
+    EXPECT_EQ(store->problem(), Problem::None);
+}
+
+TEST_F(PracticeStoreTest, KeepsAFileAsideThatItReadsOnlyInPart)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    const QString name = names().first();
+    QByteArray odd = content(inPractice(name));
+    odd.replace("\"loops\": [", "\"loops\": [{\"from\": \"yesterday\"},");
+    written(inPractice(name), odd);
+    const auto store = makeStore();
+    store->openSong(of(path));
+    EXPECT_EQ(store->problem(), Problem::PartlyRead);
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+    ASSERT_TRUE(store->apply({newLoop(u"B"_s)}));
+    store->save();
+    EXPECT_EQ(content(inPractice(name + u".unreadable-1"_s)), odd);
+}
+
+TEST_F(PracticeStoreTest, OpensAFileOfALaterVersionReadOnly)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    const QString name = names().first();
+    QByteArray later = content(inPractice(name));
+    later.replace("\"lyrabox practice\": 1", "\"lyrabox practice\": 2");
+    written(inPractice(name), later);
+    const auto store = makeStore();
+    store->openSong(of(path));
+    EXPECT_EQ(store->problem(), Problem::NewerVersion);
+    EXPECT_TRUE(store->isReadOnly());
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+    EXPECT_FALSE(store->apply({newLoop(u"B"_s)}));
+    store->save();
+    EXPECT_EQ(content(inPractice(name)), later);
+}
+
+TEST_F(PracticeStoreTest, KeepsEditsInMemoryWhileTheFolderCannotBeWritten)
+{
+    const QString blocker = written(m_folder.filePath(u"data"_s), "a file in the folder's place");
+    const QString path = song(u"a.mp3"_s);
+    const auto store = makeStore();
+    store->openSong(of(path));
+    ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
+    store->save();
+    EXPECT_EQ(store->problem(), Problem::NotWritable);
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+    store->openSong(of(song(u"b.mp3"_s, "tags", "other sound")));
+    EXPECT_EQ(store->problem(), Problem::None);
+    store->openSong(of(path));
+    EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
+    ASSERT_TRUE(QFile::remove(blocker));
+    store->save();
+    EXPECT_EQ(store->problem(), Problem::None);
+    ASSERT_EQ(names().size(), 1);
+    const auto again = makeStore();
+    again->openSong(of(path));
+    EXPECT_EQ(loopNames(again->record()), QStringList{u"A"_s});
+}
+
+TEST_F(PracticeStoreTest, SaysThatTheFolderCannotBeWrittenAfterTheDelay)
+{
+    written(m_folder.filePath(u"data"_s), "a file in the folder's place");
+    const auto store = makeStore(std::chrono::milliseconds(0));
+    store->openSong(of(song(u"a.mp3"_s)));
+    ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return store->problem() == Problem::NotWritable; }));
+}
+
+TEST_F(PracticeStoreTest, ReadsAFileThatAnotherProgramChanged)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    const QString name = names().first();
+    QByteArray theirs = content(inPractice(name));
+    theirs.replace("\"A\"", "\"Theirs\"");
+    for (const bool isReplaced : {false, true, false}) {
+        const auto store = makeStore();
+        store->openSong(of(path));
+        if (isReplaced) {
+            ASSERT_TRUE(QFile::remove(inPractice(name)));
+        }
+        written(inPractice(name), theirs);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return loopNames(store->record()).value(0).endsWith(u"Theirs"_s); }));
+        theirs.replace("Theirs", "Again Theirs");
+        written(inPractice(name), theirs);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return loopNames(store->record()).value(0).startsWith(u"Again"_s); }));
+        theirs.replace("Again ", "");
+    }
+    EXPECT_EQ(names(), QStringList{name});
+}
+
+TEST_F(PracticeStoreTest, KeepsBothIfAnotherProgramChangedTheFileAndThereAreEdits)
+{
+    const QString path = song(u"a.mp3"_s);
+    keepLoop(path, u"A"_s);
+    const QString name = names().first();
+    const auto store = makeStore();
+    store->openSong(of(path));
+    ASSERT_TRUE(store->apply({newLoop(u"Mine"_s, 9000)}));
+    QByteArray theirs = content(inPractice(name));
+    theirs.replace("\"A\"", "\"Theirs\"");
+    written(inPractice(name), theirs);
+    store->save();
+    EXPECT_EQ(store->problem(), Problem::ChangedElsewhere);
+    EXPECT_EQ(names(), (QStringList{name, name + u".changed-1"_s}));
+    EXPECT_EQ(content(inPractice(name + u".changed-1"_s)), theirs);
+    EXPECT_EQ(loopNames(readPractice(content(inPractice(name)))->record),
+              (QStringList{u"A"_s, u"Mine"_s}));
+}
+
+TEST_F(PracticeStoreTest, FollowsARealSongThroughAMoveNewTagsAndAnotherContainer)
+{
+    const auto makeReader = [] { return std::make_unique<AudioFileReader>(); };
+    const QString original = sampleFile({.extension = u"mp3"_s, .tags = {{u"title"_s, u"A"_s}}});
+    {
+        PracticeStore store(practice(), makeReader, m_runner);
+        store.openSong(of(original));
+        ASSERT_TRUE(store.apply({newLoop(u"A"_s)}));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isIdentifying(); }, 30000));
+    }
+    const QString moved = m_folder.filePath(u"moved.mka"_s);
+    ASSERT_TRUE(runFfmpeg(
+        {u"-i"_s, original, u"-c"_s, u"copy"_s, u"-metadata"_s, u"title=Another"_s, moved}));
+    PracticeStore store(practice(), makeReader, m_runner);
+    store.openSong(of(moved));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return store.record().loops.size() == 1; }, 30000));
+}
+
+} // namespace
