@@ -98,9 +98,9 @@ class Desktop:
             self.stop(display)
         return number != ""
 
-    def start(self, command, env=None, stdout=subprocess.DEVNULL, **options):
-        child = subprocess.Popen(command, env=env or self.env, stdin=subprocess.DEVNULL, stdout=stdout,
-                                 stderr=subprocess.DEVNULL, **options)
+    def start(self, command, env=None, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, **options):
+        child = subprocess.Popen(command, env=env or self.env, stdin=stdin, stdout=stdout, stderr=subprocess.DEVNULL,
+                                 **options)
         self.children.append(child)
         return child
 

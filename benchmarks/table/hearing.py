@@ -15,6 +15,7 @@ WINDOW = 147  # samples (3.3 ms): whole periods of every tone, so that no tone i
 STEP = RATE // WINDOW  # hertz
 LOUDNESS = 0.5  # of the tones, of 1
 PATIENCE = 20.0  # seconds
+FORMAT = ["--raw", "--format=float32le", f"--rate={RATE}", "--channels=1", "--latency-msec=2"]
 
 
 def tone(number):
@@ -35,8 +36,7 @@ class Monitor:
     def __init__(self, desktop):
         self.samples = array.array("f")
         self.arrivals = []  # (count of samples, time): the last of `count` samples arrived at `time`
-        self.recorder = desktop.start(["parec", "--raw", "--format=float32le", f"--rate={RATE}", "--channels=1",
-                                       "--latency-msec=2", "--device=nothing.monitor"], stdout=subprocess.PIPE)
+        self.recorder = desktop.start(["parec", *FORMAT, "--device=nothing.monitor"], stdout=subprocess.PIPE)
         threading.Thread(target=self.record, daemon=True).start()
         desktop.wait_for("the monitor", lambda: self.arrivals)
         self.end = lambda: desktop.stop(self.recorder)
@@ -73,3 +73,15 @@ class Monitor:
             begin += max(0, len(part) - WINDOW)
             time.sleep(0.01)
         sys.exit(f"bench: waited for a tone of {frequency} Hz in vain")
+
+    def own_delays(self, desktop, tries):
+        """Yields the seconds from the write of a frame, to a stream with nothing else to play, until it is heard."""
+        stream = desktop.start(["pacat", *FORMAT], stdin=subprocess.PIPE)
+        sound = array.array("f", waves(tone(0))[1] * 40).tobytes()
+        for _ in range(tries):
+            time.sleep(0.5)
+            sent = time.monotonic()
+            stream.stdin.write(sound)
+            stream.stdin.flush()
+            yield self.wait_for_tone(tone(0), sent) - sent
+        desktop.stop(stream)

@@ -81,6 +81,12 @@ class Measuring:
     def __init__(self, desktop):
         self.desktop, self.hands = desktop, Hands(desktop.env["DISPLAY"])
 
+    def tell_own_delay(self):
+        monitor = Monitor(self.desktop)
+        delays = monitor.own_delays(self.desktop, TRIES)
+        tell("keys: the recording's own delay: " + ", ".join(map(milliseconds, delays)))
+        monitor.end()
+
     def session(self, kind, songs, tries, slow):
         monitor = Monitor(self.desktop)
         session = Session(self.desktop, self.hands, monitor, kind, songs, slow)
@@ -145,7 +151,8 @@ def processor_row(measuring, songs):
                            for kind in (Lyrabox, LyraboxWithoutReadySongs)}, runs=3, warm_ups=0)
     ours, without = (figure["seconds"] for figure in figures.values())
     return Row(f"keys: processor time of the first {SPAN:.0f} s of a song, with the next one made ready",
-               duration(ours), f"without: {duration(without)}", None, f"without + {duration(MORE)}", ours <= without + MORE)
+               duration(ours), f"without: {duration(without)}", None, f"without + {duration(MORE)}",
+               ours <= without + MORE)
 
 
 def rows():
@@ -153,6 +160,7 @@ def rows():
     steps = music.tones({"00": f"if(lt(mod(t,{2 * STEP}),{STEP}),{tone(0)},{tone(1)})"}, "keys-steps")
     with Desktop() as desktop:
         measuring = Measuring(desktop)
+        measuring.tell_own_delay()
 
         def row(name, tries, heard=songs, slow=False, **goals):
             return measuring.row(name, lambda kind: measuring.session(kind, heard, tries, slow), **goals)
@@ -165,5 +173,6 @@ def rows():
             row("double-click, ready", lambda session: session.double_click(True), limit=0.08, above_peer=0.06),
             row("double-click, not ready", lambda session: session.double_click(False),
                 as_without_ready_songs=True),
-            measuring.row("first song after the start", lambda kind: measuring.first_songs(kind, songs), limit=0.25),
+            measuring.row("first song after the start", lambda kind: measuring.first_songs(kind, songs),
+                          limit=0.25),
             processor_row(measuring, songs)]
