@@ -1,13 +1,16 @@
 // Analyses a song of four minutes in memory. The argument says how: "peaks" builds the pyramid that
-// a wave is drawn from, and "columns" draws 2,000 columns of 255 frames from the samples.
+// a wave is drawn from, "columns" draws 2,000 columns of 255 frames from the samples, "attacks"
+// finds all attacks, and "nearest" finds the one nearest to a place.
 
 #include "Work.h"
 
+#include "platform/analysis/Attacks.h"
 #include "platform/analysis/PeakPyramid.h"
 
 #include <cmath>
 #include <ctime>
 #include <functional>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -66,6 +69,23 @@ void measureColumns(const Song &song)
     work::report(cost, columns.back().isKnown ? 1.0 : 0.0);
 }
 
+void measureAttacks(const Song &song)
+{
+    std::size_t count = 0;
+    const work::Cost cost =
+        measureThread([&] { count = findAttacks(song.samples(), 0, frames).size(); });
+    work::report(cost, static_cast<double>(count));
+}
+
+void measureNearest(const Song &song)
+{
+    constexpr std::uint64_t beat = 200 * 22050;
+    std::optional<Attack> attack;
+    const work::Cost cost = work::measureRepeated(
+        [] {}, [&] { attack = nearestAttack(song.samples(), beat + 5000, 11'025, 2205); });
+    work::report(cost, attack ? static_cast<double>(attack->frame) : 0.0);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -76,7 +96,11 @@ int main(int argc, char **argv)
         measurePeaks(song);
     else if (arguments.argument == "columns")
         measureColumns(song);
+    else if (arguments.argument == "attacks")
+        measureAttacks(song);
+    else if (arguments.argument == "nearest")
+        measureNearest(song);
     else
-        work::fail("the argument is peaks or columns");
+        work::fail("the argument is peaks, columns, attacks or nearest");
     return EXIT_SUCCESS;
 }
