@@ -161,8 +161,8 @@ void WaylandDisplay::addTo(QProcessEnvironment &environment) const
     environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
     environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
     environment.remove(u"DISPLAY"_s);
-    // The toolkit's Wayland plugin leaks some objects at its end. It is unloaded by then, so the leak
-    // search has no name that a suppression could match. Other faults are still found.
+    // The toolkit's Wayland plugin leaks some objects at its end. It is unloaded by then, so the
+    // leak search has no name that a suppression could match. Other faults are still found.
     if (const QString options = qEnvironmentVariable("ASAN_OPTIONS"); !options.isEmpty())
         environment.insert(u"ASAN_OPTIONS"_s, options + u":detect_leaks=0"_s);
 }
@@ -296,6 +296,19 @@ void WaylandDisplay::type(const QString &text)
 QString WaylandDisplay::applicationOf(const QString &window) const
 {
     return this->window(window).value("app_id"_L1).toString();
+}
+
+QString WaylandDisplay::activationToken()
+{
+    // The compositor gives a token to the programs that it starts. Versions before 1.8 do not; they
+    // accept one from any program instead.
+    const QString file = m_folder.filePath(u"token"_s);
+    QFile::remove(file);
+    run(u"exec 'printf %s \"$XDG_ACTIVATION_TOKEN\" > %1.part && mv %1.part %1'"_s.arg(file));
+    EXPECT_TRUE(waitUntil([&] { return QFile::exists(file); })) << "the compositor starts nothing";
+    QFile token(file);
+    const QByteArray text = token.open(QIODevice::ReadOnly) ? token.readAll() : QByteArray();
+    return text.isEmpty() ? m_client->activationToken() : QString::fromUtf8(text);
 }
 
 void WaylandDisplay::run(const QString &commands)

@@ -40,7 +40,7 @@ public:
     QString applicationOf(const QString &window) const;
     /// A token like the one that the desktop gives a program that the user starts. With it the
     /// program may come to the front.
-    QString activationToken() { return m_client->activationToken(); }
+    QString activationToken();
     /// Runs commands of the compositor. Adds a test failure if one fails.
     void run(const QString &commands);
 
