@@ -8,6 +8,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <stop_token>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -88,6 +89,25 @@ void audio(Bytes bytes)
             break;
     }
     noteSong(reader, result, total);
+}
+
+void identity(Bytes bytes)
+{
+    const QString song = writtenFile(songName(bytes), bytes);
+    const AudioFileReader reader;
+    const auto hash = reader.payloadHash(song, {});
+    noteBehaviour(hash ? 2 : 1);
+    require(reader.payloadHash(song, {}) == hash, "a song has one hash");
+    if (!hash)
+        return;
+    require(hash->size() == 40 && QByteArray::fromHex(*hash).toHex() == *hash,
+            "a hash has 40 digits");
+    std::stop_source source;
+    source.request_stop();
+    require(!reader.payloadHash(song, source.get_token()), "hashing can be stopped");
+    AudioFileReader opened;
+    require(opened.open(song, AudioFileReader::Depth::Tags) == status::noError,
+            "what has a hash can be opened");
 }
 
 void tags(Bytes bytes)

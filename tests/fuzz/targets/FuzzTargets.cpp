@@ -20,6 +20,8 @@ const std::vector<Target> &targets()
         {"rhythmbox", &rhythmbox},
         {"appcast", &appcast},
         {"fileurl", &fileUrl},
+        {"identity", &identity},
+        {"practice", &practice},
     };
     return all;
 }

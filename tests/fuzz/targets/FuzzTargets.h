@@ -23,6 +23,7 @@ struct Target {
 const std::vector<Target> &targets();
 
 void audio(Bytes bytes);        ///< Opens and decodes a song.
+void identity(Bytes bytes);     ///< Hashes the sound of a song.
 void tags(Bytes bytes);         ///< Opens a song for its tags and artwork.
 void artwork(Bytes bytes);      ///< Decodes a picture.
 void propertyList(Bytes bytes); ///< Reads either form, writes it and reads it again.
@@ -31,6 +32,7 @@ void preferences(Bytes bytes);  ///< The user defaults, and the preferences that
 void musicLibrary(Bytes bytes);
 void rhythmbox(Bytes bytes); ///< Both files in sequence, separated by a NUL.
 void appcast(Bytes bytes);
+void practice(Bytes bytes); ///< Reads a practice file or its index, edits it and writes it.
 void fileUrl(Bytes bytes);
 
 /// Checks a condition of a target. The runner defines what happens if it does not hold.

@@ -1,0 +1,87 @@
+#include "fuzz/targets/FuzzTargets.h"
+#include "practice/PracticeEdits.h"
+#include "practice/PracticeIndex.h"
+#include "practice/PracticeText.h"
+#include "practice/SongTime.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace lyrabox::fuzz {
+
+namespace {
+
+void checkLimits(const PracticeRecord &record)
+{
+    require(record.loops.size() <= PracticeLimits::loops, "loops keep their number");
+    require(record.markers.size() <= PracticeLimits::markers, "markers keep their number");
+    for (const PracticeLoop &loop : record.loops) {
+        require(loop.from < loop.to && loop.to <= lastSongPlace, "loops have an extent");
+        require(loop.name.size() <= PracticeLimits::nameLength &&
+                    loop.note.size() <= PracticeLimits::noteLength,
+                "texts keep their limits");
+        require(!loop.name.contains(u'\n') && loop.name.isValidUtf16(), "names are one line");
+        require(loop.colour >= 1 && loop.colour <= PracticeLimits::colours, "colours are known");
+        require(loop.passes >= 1 && loop.passes <= PracticeLimits::passes, "passes keep a limit");
+    }
+    require(std::is_sorted(record.markers.begin(), record.markers.end(),
+                           [](const auto &a, const auto &b) { return a.at < b.at; }),
+            "markers are in order");
+}
+
+void checkIndex(const QByteArray &bytes)
+{
+    const QByteArray text = PracticeIndex::fromText(bytes).text();
+    require(PracticeIndex::fromText(text).text() == text, "an index is written as it was read");
+}
+
+void checkEdits(const PracticeRecord &record)
+{
+    PracticeHistory history(record);
+    PracticeEdits edits;
+    for (PracticeLoop loop : record.loops) {
+        loop.name += u"x";
+        ++loop.from;
+        edits.emplace_back(PutLoop{loop});
+    }
+    for (const PracticeMarker &marker : record.markers)
+        edits.emplace_back(RemoveMarker{marker.id});
+    const QByteArray before = practiceText(record);
+    if (history.apply(edits) && history.canUndo())
+        require(history.undo() || !fitsIntoFile(record), "an edit can be undone");
+    require(practiceText(history.record()).size() == before.size(), "a step back is exact");
+    require(editsThatMerge(record, record).empty(), "a record has all that it has");
+}
+
+} // namespace
+
+void practice(Bytes bytes)
+{
+    const QByteArray given = byteArray(bytes);
+    checkIndex(given);
+    const auto first = readPractice(given);
+    if (!first)
+        return;
+    checkLimits(first->record);
+    std::size_t kind = first->record.loops.size() * 31 + first->record.markers.size();
+    kind = kind * 4 + (first->isNewer ? 2U : 0U) + (first->isWhole ? 1U : 0U);
+    noteBehaviour(kind);
+    const QByteArray written = practiceText(first->record);
+    require(fitsIntoFile(first->record) == (written.size() <= PracticeLimits::fileBytes),
+            "the size of a file is known");
+    if (written.size() > PracticeLimits::fileBytes)
+        return;
+    const auto second = readPractice(written);
+    require(second && !second->isNewer && second->isWhole, "what was written is read");
+    checkLimits(second->record);
+    require(second->record.loops.size() == first->record.loops.size() &&
+                second->record.markers.size() == first->record.markers.size(),
+            "what was written is all there");
+    // The first time, numbers and texts that JSON cannot keep exactly may still change.
+    const QByteArray again = practiceText(second->record);
+    const auto third = readPractice(again);
+    require(third && practiceText(third->record) == again, "what was read is written the same");
+    checkEdits(second->record);
+}
+
+} // namespace lyrabox::fuzz
