@@ -58,12 +58,12 @@ private:
             return false;
         const auto old = positionOf(entries, entry.id);
         if (old == entries.end()) {
-            m_undo.push_back(Remove{entry.id});
+            m_undo.emplace_back(Remove{entry.id});
             entries.push_back(std::move(entry));
             return entries.size() <= limit;
         }
         if (!(*old == entry)) {
-            m_undo.push_back(Put{*old});
+            m_undo.emplace_back(Put{*old});
             *old = std::move(entry);
         }
         return true;
@@ -75,7 +75,7 @@ private:
         const auto old = positionOf(entries, id);
         if (old == entries.end())
             return false;
-        m_undo.push_back(Put{std::move(*old)});
+        m_undo.emplace_back(Put{std::move(*old)});
         entries.erase(old);
         return true;
     }
@@ -111,7 +111,7 @@ void addMissing(const std::vector<Entry> &present, const std::vector<Entry> &oth
                         [&entry](const Entry &known) { return areSame(known, entry); });
         if (isThere || room == 0)
             continue;
-        edits.push_back(Put{entry});
+        edits.emplace_back(Put{entry});
         --room;
     }
 }
@@ -154,7 +154,7 @@ bool PracticeHistory::apply(const PracticeEdits &edits)
         return true;
     ++m_revision;
     m_redo.clear();
-    m_undo.push_back(std::move(*undo));
+    m_undo.emplace_back(std::move(*undo));
     if (m_undo.size() > steps)
         m_undo.pop_front();
     return true;

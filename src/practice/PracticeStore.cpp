@@ -4,9 +4,9 @@
 #include "platform/foundation/FileReplacement.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,8 +26,13 @@ bool hasPracticeFiles(const QString &folder)
 {
     if (folder.isEmpty())
         return false;
-    const QStringList names = QDir(folder).entryList(QDir::Files);
-    return std::any_of(names.begin(), names.end(), &isPracticeFileName);
+    QDirIterator files(folder, QDir::Files);
+    while (files.hasNext()) {
+        files.next();
+        if (isPracticeFileName(files.fileName()))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -60,11 +65,9 @@ void PracticeStore::openSong(const Song &song)
     m_songStamp = stampOfSong(song.path);
     if (const auto known = m_songStamp ? m_index.fileOf(*m_songStamp) : std::nullopt)
         open(*known);
-    if (const auto unwritten = m_unwritten.find(song.path); unwritten != m_unwritten.end()) {
-        const PracticeRecord old = std::move(unwritten->second);
+    if (const auto unwritten = m_unwritten.find(song.path);
+        unwritten != m_unwritten.end() && apply(editsThatMerge(record(), unwritten->second)))
         m_unwritten.erase(unwritten);
-        apply(editsThatMerge(record(), old));
-    }
     if (m_audio.isEmpty() && !m_identifying && m_problem != Problem::Unreadable &&
         hasPracticeFiles(m_folder))
         identify();
@@ -147,17 +150,7 @@ void PracticeStore::recognised(const SongIdentity &identity)
     m_identifying.reset();
     m_wasIdentified = true;
     m_audio = identity.audio;
-    const bool mayAdopt = m_fileName.isEmpty() || m_isOwnFile;
-    const PracticeFile found = mayAdopt && !identity.file.isEmpty() && identity.file != m_fileName
-                                   ? loadPractice(pathOf(identity.file))
-                                   : PracticeFile();
-    const bool hasOwn = m_hasEdits || m_isOwnFile;
-    if (found.reading && !(found.reading->isNewer && hasOwn)) {
-        const PracticeRecord own = record();
-        m_superseded = m_isOwnFile ? m_fileName : QString();
-        adopt(identity.file, *found.reading, found.stamp);
-        if (hasOwn && m_history.apply(editsThatMerge(record(), own)))
-            noteEdit(true);
+    if (takeOver(identity.file)) {
         if (m_songStamp && m_index.put(*m_songStamp, m_fileName)) {
             m_indexHasChanged = true;
             writeIndex();
@@ -169,6 +162,29 @@ void PracticeStore::recognised(const SongIdentity &identity)
         noteEdit(true); // The file was written before the song was known. Now it gets the hash.
     }
     Q_EMIT stateChanged();
+}
+
+/// Takes over the file that was found for the song, together with the edits made meanwhile. False
+/// if there is none, or if the two cannot be merged.
+bool PracticeStore::takeOver(const QString &fileName)
+{
+    const bool isFree = m_fileName.isEmpty() || m_isOwnFile;
+    if (!isFree || fileName.isEmpty() || fileName == m_fileName)
+        return false;
+    const PracticeFile found = loadPractice(pathOf(fileName));
+    if (!found.reading)
+        return false;
+    const PracticeEdits own = editsThatMerge(found.reading->record, record());
+    PracticeHistory merged(found.reading->record);
+    if (!own.empty() && (found.reading->isNewer || !merged.apply(own)))
+        return false;
+    if (m_isOwnFile && m_fileStamp && files::fileStamp(pathOf(m_fileName)) == m_fileStamp)
+        m_superseded = m_fileName;
+    adopt(fileName, *found.reading, found.stamp);
+    m_history = std::move(merged);
+    m_hasEdits = false;
+    noteEdit(!own.empty() || !m_superseded.isEmpty());
+    return true;
 }
 
 bool PracticeStore::apply(const PracticeEdits &edits)

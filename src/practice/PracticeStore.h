@@ -95,6 +95,7 @@ private:
     void open(const QString &fileName);
     void identify();
     void recognised(const SongIdentity &identity);
+    bool takeOver(const QString &fileName);
     void adopt(const QString &fileName, const PracticeReading &reading,
                std::optional<files::FileStamp> stamp);
     void noteEdit(bool isMade);

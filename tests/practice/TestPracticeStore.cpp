@@ -125,6 +125,23 @@ TEST_F(PracticeStoreTest, MergesEditsMadeBeforeTheSongWasRecognised)
     EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
 }
 
+TEST_F(PracticeStoreTest, LeavesAFoundFileAsItIsIfTheEditsBeforeWereUndone)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    const QString path = inPractice(names().first());
+    const auto stamp = files::fileStamp(path);
+    m_control.isHeld = true;
+    const auto store = makeStore();
+    store->openSong(of(song(u"b.mp3"_s)));
+    ASSERT_TRUE(store->apply({newLoop(u"B"_s, 9000)}));
+    ASSERT_TRUE(store->undo());
+    m_control.release();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store->record().loops.size() == 1; }));
+    store->save();
+    EXPECT_EQ(files::fileStamp(path), stamp);
+    EXPECT_EQ(names().size(), 1);
+}
+
 TEST_F(PracticeStoreTest, MovesAFileWrittenTooEarlyIntoTheOneThatIsFound)
 {
     keepLoop(song(u"a.mp3"_s), u"A"_s);
