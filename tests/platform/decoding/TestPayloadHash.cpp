@@ -172,6 +172,27 @@ TEST(PayloadHash, IsTheSameWithOrWithoutTheTableOfAnMp3)
     EXPECT_EQ(hashOf(sampleFile(bare)), hashOf(sampleFile(spec)));
 }
 
+TEST(PayloadHash, LeavesOutTheTableOfAnMp3WhereverItIs)
+{
+    // A demuxer hides the table only if it is the first frame.
+    SampleSpec bare{.extension = u"mp3"_s,
+                    .options = {u"-write_xing"_s, u"0"_s, u"-id3v2_version"_s, u"0"_s}};
+    SampleSpec withTable = bare;
+    withTable.options[1] = u"1"_s;
+    const QByteArray first = bytesOf(sampleFile(bare));
+    const QByteArray second = bytesOf(sampleFile(withTable));
+    ASSERT_GT(second.size(), first.size());
+    EXPECT_EQ(hashOf(writeSample(u"joined-table.mp3"_s, first + second)),
+              hashOf(writeSample(u"joined.mp3"_s, first + first)));
+}
+
+TEST(PayloadHash, IncludesPacketsThatAnEditListOfMp4LeavesOut)
+{
+    const QString song = sampleFile(noise({.extension = u"m4a"_s, .codec = u"alac"_s}));
+    const QString back = remuxed(remuxed(song, u"there.mka"_s), u"back.m4a"_s);
+    EXPECT_EQ(hashOf(back), hashOf(song));
+}
+
 TEST(PayloadHash, OfAiffIsThatOfWavWithTheSameSamples)
 {
     const QString wav = sampleFile(noise({.extension = u"wav"_s}));
