@@ -34,6 +34,11 @@ public:
     /// called open() or read(). Set it before open(). A reader that never waits never calls it.
     virtual void setWaitHook(std::function<void()> /*hook*/) {}
 
+    /// Once a stop is requested through `stop`, on any thread, open() and read() read no more of
+    /// the file and so return soon, with any result. The caller throws the song away. Set it before
+    /// open(). A reader that never takes long may ignore it.
+    virtual void setStopToken(std::stop_token /*stop*/) {}
+
     /// Opens the file at `path`, which may hold any bytes that the file system allows, and finds
     /// the first audio stream. Returns fileNotFound, noPermission, unsupportedFileType (not audio),
     /// unsupportedDataFormat (no decoder), invalidFile (malformed), notEnoughMemory or

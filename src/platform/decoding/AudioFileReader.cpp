@@ -60,6 +60,7 @@ Status AudioFileReader::open(const QString &path, Depth depth)
     const Status result = withoutExceptions([&] {
         d = std::make_unique<Private>();
         d->path = path;
+        d->container.input().setStop(m_stop);
         const Status opened = d->container.open(path, m_waitHook);
         if (opened != status::noError || depth == Depth::Tags)
             return opened;
@@ -159,6 +160,7 @@ std::optional<std::uint64_t> AudioFileReader::countedFrames(std::uint64_t limit)
     std::optional<std::uint64_t> counted;
     withoutExceptions([&] {
         decoding::Container container; // A second one, because the first stays at its position.
+        container.input().setStop(m_stop);
         const Status opened = d ? container.open(d->path, m_waitHook) : status::unspecified;
         if (opened == status::noError)
             counted = decoding::countFrames(container, d->client.mSampleRate, limit);

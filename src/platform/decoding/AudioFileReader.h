@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <utility>
 
 namespace lyrabox {
@@ -17,6 +18,7 @@ public:
     ~AudioFileReader() override;
 
     void setWaitHook(std::function<void()> hook) override { m_waitHook = std::move(hook); }
+    void setStopToken(std::stop_token stop) override { m_stop = std::move(stop); }
     Status open(const QString &path, Depth depth = Depth::Samples) override;
     Status fileDataFormat(AudioStreamBasicDescription &format) const override;
     Status setClientDataFormat(const AudioStreamBasicDescription &format) override;
@@ -33,6 +35,7 @@ private:
     struct Private;
     std::unique_ptr<Private> d;
     std::function<void()> m_waitHook;
+    std::stop_token m_stop;
 };
 
 } // namespace lyrabox

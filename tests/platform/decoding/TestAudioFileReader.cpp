@@ -244,6 +244,34 @@ TEST(AudioFileReader, CallsTheWaitHookWhileItOpensAndWhileItReads)
     EXPECT_GT(waits, whileOpening);
 }
 
+TEST(AudioFileReader, ReadsNoMoreOfTheFileAfterAStopRequest)
+{
+    for (const QString &extension : {u"flac"_s, u"mp3"_s, u"wav"_s, u"m4a"_s}) {
+        const QString path = sampleFile({.extension = extension, .seconds = 60.0});
+        AudioFileReader reader;
+        std::stop_source stop;
+        int waits = 0;
+        reader.setStopToken(stop.get_token());
+        reader.setWaitHook([&] { ++waits; });
+        ASSERT_EQ(reader.open(path), status::noError);
+        EXPECT_EQ(reader.setClientDataFormat(canonicalStreamFormat()), status::noError);
+        stop.request_stop();
+        const int whileOpening = waits;
+        // What was read while opening may still be decoded.
+        EXPECT_LT(readAll(reader).frames(), 44100U * 40) << qPrintable(extension);
+        EXPECT_EQ(waits, whileOpening) << qPrintable(extension);
+    }
+}
+
+TEST(AudioFileReader, DoesNotOpenAFileAfterAStopRequest)
+{
+    std::stop_source stop;
+    AudioFileReader reader;
+    reader.setStopToken(stop.get_token());
+    stop.request_stop();
+    EXPECT_NE(reader.open(sampleFile({.extension = u"flac"_s, .seconds = 5.0})), status::noError);
+}
+
 TEST(AudioFileReader, OpensOneFileAfterAnother)
 {
     AudioFileReader reader;
