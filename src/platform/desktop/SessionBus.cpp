@@ -16,7 +16,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace lyrabox {
 
 namespace {
-const QString connectionName = u"lyrabox-desktop"_s;
+const QString sessionConnectionName = u"lyrabox-desktop"_s;
+const QString systemConnectionName = u"lyrabox-system"_s;
+constexpr const char *systemAddressVariable = "DBUS_SYSTEM_BUS_ADDRESS";
+constexpr const char *usualSystemAddress = "unix:path=/var/run/dbus/system_bus_socket";
+constexpr std::chrono::seconds systemBusPatience(2);
 
 /// The local socket in a bus address; none if the address has another kind or is malformed.
 std::optional<sockaddr_un> socketOf(const QByteArray &address)
@@ -30,6 +34,20 @@ std::optional<sockaddr_un> socketOf(const QByteArray &address)
         return std::nullopt;
     std::copy(path.begin(), path.end(), place.sun_path);
     return place;
+}
+
+/// Calls `connect` on a thread of its own, then `ready` with the connection of that name.
+void connectOnThread(QObject *context, const QString &name, const std::function<void()> &connect,
+                     std::function<void(const QDBusConnection &bus)> ready)
+{
+    auto *thread = QThread::create(connect);
+    QObject::connect(thread, &QThread::finished, context, [name, ready = std::move(ready)] {
+        const QDBusConnection bus(name);
+        if (bus.isConnected())
+            ready(bus);
+    });
+    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+    thread->start();
 }
 } // namespace
 
@@ -60,15 +78,20 @@ bool busAnswers(const QByteArray &address, std::chrono::milliseconds patience)
 
 void connectToSessionBus(QObject *context, std::function<void(const QDBusConnection &bus)> ready)
 {
-    auto *thread = QThread::create(
-        [] { QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName); });
-    QObject::connect(thread, &QThread::finished, context, [ready = std::move(ready)] {
-        const QDBusConnection bus(connectionName);
-        if (bus.isConnected())
-            ready(bus);
-    });
-    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    thread->start();
+    const auto connect = [] {
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, sessionConnectionName);
+    };
+    connectOnThread(context, sessionConnectionName, connect, std::move(ready));
+}
+
+void connectToSystemBus(QObject *context, std::function<void(const QDBusConnection &bus)> ready)
+{
+    const auto connect = [] {
+        const QByteArray given = qgetenv(systemAddressVariable);
+        if (busAnswers(given.isEmpty() ? QByteArray(usualSystemAddress) : given, systemBusPatience))
+            QDBusConnection::connectToBus(QDBusConnection::SystemBus, systemConnectionName);
+    };
+    connectOnThread(context, systemConnectionName, connect, std::move(ready));
 }
 
 } // namespace lyrabox

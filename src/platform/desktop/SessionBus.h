@@ -21,4 +21,8 @@ bool busAnswers(const QByteArray &address, std::chrono::milliseconds patience);
 /// `context` has been destroyed, `ready` is not called. Does not block.
 void connectToSessionBus(QObject *context, std::function<void(const QDBusConnection &bus)> ready);
 
+/// The same for the machine's system bus. One that does not answer within two seconds counts as
+/// absent. Its address is in DBUS_SYSTEM_BUS_ADDRESS; without that variable it is the usual one.
+void connectToSystemBus(QObject *context, std::function<void(const QDBusConnection &bus)> ready);
+
 } // namespace lyrabox
