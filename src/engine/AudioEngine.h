@@ -30,6 +30,8 @@
 /// Positions and loop points are frames at the rate of streamFormat(). Their range is not checked.
 namespace lyrabox::engine {
 
+class ReadySongs;
+
 /// The engine's only record. All fields start zeroed. Fields that the callback thread uses are
 /// lock-free atomics. `eqUnit` and `channelIndex` only mirror other state; see
 /// docs/kept-on-purpose.md.
@@ -57,9 +59,6 @@ static_assert(std::atomic<std::uint64_t>::is_always_lock_free &&
 /// buildAudioSystem() returns this if the factory could not make a unit.
 constexpr Status missingComponent = -3000;
 
-/// The number of frames that loadAudioFile() reads at a time.
-constexpr std::uint32_t framesPerRead = 8192;
-
 // Replaceable parts, for tests. Set each before the operation that uses it. An empty function
 // restores the program's own part.
 /// Makes the stages. The default is platformAudioUnits(). Set it before buildAudioSystem().
@@ -73,6 +72,11 @@ void setAvailableMemoryProbe(std::function<std::uint64_t()> probe);
 /// Reports the seconds decoded and, if known, the total, while loadAudioFile() runs, as often as
 /// ProgressPacer allows. An empty `clock` means the monotonic clock.
 void setLoadProgressHook(ProgressHook hook, ProgressClock clock = {});
+
+/// Lets loadAudioFile() take over songs that were decoded in advance. Null: every load decodes. Not
+/// owned; ReadySongs sets and removes itself.
+void setReadySongs(ReadySongs *songs);
+ReadySongs *readySongs();
 
 /// Makes, initialises and connects the stages in this order: equalizer, time/pitch, output. Stops
 /// at the first step that fails and returns its status. A complete new chain replaces the old one,
@@ -127,8 +131,9 @@ void setHeldSoundIsKept(bool kept);
 /// runs on. Call it repeatedly, for example with the display's timer.
 void haltWhenPlayedOut();
 
-/// Decodes the whole file into the engine, takes its artwork and moves to frame 0. Blocks. The
-/// output must be stopped. If the file can't be opened or converted, or would not fit into memory
+/// Decodes the whole file into the engine, takes its artwork and moves to frame 0. If the song is
+/// ready (see ReadySongs), takes it over instead, with the same result. Blocks. The output must be
+/// stopped. If the file can't be opened or converted, or would not fit into memory
 /// (notEnoughMemory), the engine keeps its song. A failure while reading keeps the part that was
 /// decoded. If memory runs out while reading, the engine is empty afterwards (notEnoughMemory).
 Status loadAudioFile(const QUrl &url);

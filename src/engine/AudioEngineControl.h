@@ -35,6 +35,7 @@ struct Control {
     std::function<std::uint64_t()> availableMemoryProbe;
     ProgressHook loadProgressHook;
     ProgressClock loadProgressClock;
+    ReadySongs *readySongs = nullptr;
 };
 
 AudioEngineState &state();
@@ -47,6 +48,13 @@ void placeAtFrame(std::uint64_t frame);
 
 /// Never destroyed, because threads of the sound system may outlive static objects.
 Control &control();
+
+/// Makes the reader of a song: the replaced one, or the program's own.
+SongReaderFactory songReaderFactory();
+
+/// Returns how many bytes of memory the system can give now. The function belongs to the caller and
+/// may be called on any thread.
+std::function<std::uint64_t()> availableMemoryProbe();
 
 /// Replaces the engine's song. Null leaves no channel buffers at all. The output must be stopped.
 void installSong(std::shared_ptr<DecodedSong> song);

@@ -27,39 +27,7 @@ const HostileSongs &soundSongs()
 {
     static const HostileSongs songs = [] {
         HostileSongs made;
-        const QStringList experimental = {u"-strict"_s, u"-2"_s};
-        for (const SampleSpec &spec : std::vector<SampleSpec>{
-                 {.extension = u"wav"_s},
-                 {.extension = u"wav"_s, .codec = u"pcm_f32le"_s},
-                 {.extension = u"wav"_s, .codec = u"pcm_s24le"_s, .channels = 6},
-                 {.extension = u"wav"_s, .codec = u"adpcm_ms"_s},
-                 {.extension = u"wav"_s, .codec = u"adpcm_ima_wav"_s},
-                 {.extension = u"w64"_s},
-                 {.extension = u"aiff"_s, .artwork = true},
-                 {.extension = u"au"_s},
-                 {.extension = u"caf"_s, .codec = u"alac"_s},
-                 {.extension = u"mp3"_s, .artwork = true},
-                 {.extension = u"mp2"_s},
-                 {.extension = u"m4a"_s, .codec = u"aac"_s, .artwork = true},
-                 {.extension = u"m4a"_s, .codec = u"alac"_s},
-                 {.extension = u"mp4"_s,
-                 .codec = u"aac"_s,
-                 .options = {u"-movflags"_s, u"frag_keyframe+empty_moov"_s}},
-                 {.extension = u"aac"_s},
-                 {.extension = u"flac"_s, .artwork = true},
-                 {.extension = u"ogg"_s, .codec = u"libvorbis"_s},
-                 {.extension = u"ogg"_s, .codec = u"flac"_s},
-                 {.extension = u"opus"_s},
-                 {.extension = u"mka"_s, .codec = u"flac"_s},
-                 {.extension = u"webm"_s, .codec = u"libopus"_s},
-                 {.extension = u"tta"_s},
-                 {.extension = u"wv"_s},
-                 {.extension = u"ac3"_s},
-                 {.extension = u"eac3"_s},
-                 {.extension = u"dts"_s, .rate = 48000, .options = experimental},
-                 {.extension = u"mlp"_s, .options = experimental},
-                 {.extension = u"asf"_s, .codec = u"wmav2"_s},
-                 {.extension = u"voc"_s}})
+        for (const SampleSpec &spec : everyFormat())
             made.push_back(sampleSong(spec));
         return made;
     }();

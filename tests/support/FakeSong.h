@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,8 @@ struct FakeSong {
     Status readStatus = 0; ///< result of the read at readFailsAtFrame
     std::uint64_t readFailsAtFrame = 0;
     std::uint32_t maximumFramesPerRead = 0xffffffff;
+    /// Replaces `frames` if songs at different paths need different lengths. Called on any thread.
+    std::function<std::uint64_t(const QString &path)> framesOf;
     /// Replaces the samples if a test needs a real sound.
     std::function<float(std::uint32_t channel, std::uint64_t frame)> sample;
 
@@ -34,6 +37,12 @@ struct FakeSong {
     std::vector<std::string>
         calls; ///< "open", "fileDataFormat", "setClientDataFormat", "read(8192)", …
     int readersAlive = 0;
+
+    /// Called by every open() and read(), on the thread that decodes, with the frame that is next.
+    std::function<void(const QString &path, std::uint64_t frame)> onAccess;
+
+    /// Guards what the readers write, because a song may also be decoded in advance on a thread.
+    std::mutex mutex;
 };
 
 /// Reads `song` while decoding. It may change between two loads.
@@ -43,11 +52,13 @@ inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
     public:
         explicit Reader(std::shared_ptr<FakeSong> theSong) : m_song(std::move(theSong))
         {
+            const std::lock_guard lock(m_song->mutex);
             ++m_song->readersAlive;
         }
         ~Reader() override
         {
-            m_song->calls.emplace_back("dispose");
+            note("dispose");
+            const std::lock_guard lock(m_song->mutex);
             --m_song->readersAlive;
         }
 
@@ -56,29 +67,35 @@ inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
         {
             for (int piece = 0; piece < m_song->waitsInOpen; ++piece)
                 m_waitHook();
-            m_song->calls.emplace_back("open");
+            note("open");
+            if (m_song->onAccess)
+                m_song->onAccess(path, 0);
+            m_path = path;
+            const std::lock_guard lock(m_song->mutex);
             m_song->openedPath = path;
             return m_song->openStatus;
         }
         Status fileDataFormat(AudioStreamBasicDescription &format) const override
         {
-            m_song->calls.emplace_back("fileDataFormat");
+            note("fileDataFormat");
             format = canonicalStreamFormat();
             return m_song->fileDataFormatStatus;
         }
         Status setClientDataFormat(const AudioStreamBasicDescription &format) override
         {
-            m_song->calls.emplace_back("setClientDataFormat");
+            note("setClientDataFormat");
             m_format = format;
             return m_song->clientFormatStatus;
         }
         Status read(std::uint32_t &frames, AudioBufferList &list) override
         {
-            m_song->calls.push_back("read(" + std::to_string(frames) + ")");
+            note("read(" + std::to_string(frames) + ")");
+            if (m_song->onAccess)
+                m_song->onAccess(m_path, m_position);
             if (m_song->readStatus != 0 && m_position >= m_song->readFailsAtFrame)
                 return m_song->readStatus;
             const std::uint64_t most = std::min(frames, m_song->maximumFramesPerRead);
-            frames = static_cast<std::uint32_t>(std::min(most, m_song->frames - m_position));
+            frames = static_cast<std::uint32_t>(std::min(most, frameCount() - m_position));
             for (std::uint32_t channel = 0; channel < list.mNumberBuffers; ++channel) {
                 auto *samples = static_cast<float *>(list.mBuffers[channel].mData);
                 const float sign = channel == 0 ? 1.0F : -1.0F;
@@ -94,19 +111,31 @@ inline SongReaderFactory fakeSongReaderFactory(std::shared_ptr<FakeSong> song)
         {
             if (!m_song->estimateIsKnown)
                 return std::nullopt;
-            return m_song->estimatedFrames.value_or(m_song->frames);
+            return m_song->estimatedFrames.value_or(frameCount());
         }
         bool isEstimateSure() const override { return m_song->estimateIsSure; }
         std::optional<std::uint64_t> countedFrames(std::uint64_t most) const override
         {
-            m_song->calls.emplace_back("count");
+            note("count");
             return m_song->countedFrames ? std::optional(std::min(*m_song->countedFrames, most))
                                          : std::nullopt;
         }
         QByteArray albumArtwork() const override { return m_song->artwork; }
 
     private:
+        std::uint64_t frameCount() const
+        {
+            return m_song->framesOf ? m_song->framesOf(m_path) : m_song->frames;
+        }
+
+        void note(const std::string &call) const
+        {
+            const std::lock_guard lock(m_song->mutex);
+            m_song->calls.push_back(call);
+        }
+
         std::shared_ptr<FakeSong> m_song;
+        QString m_path;
         std::function<void()> m_waitHook;
         AudioStreamBasicDescription m_format;
         std::uint64_t m_position = 0;

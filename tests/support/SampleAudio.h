@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <vector>
 
 /// Audio files for tests. The `ffmpeg` command makes them from a signal whose samples are known.
 namespace lyrabox::test {
@@ -37,6 +38,9 @@ struct SampleSpec {
     QStringList options = {};         ///< further output options, such as {"-b:a", "256k"}
     QString name = {};                ///< the name of the file without extension; empty: "sample"
 };
+
+/// One sample for each container and codec that the program must read, each of one second.
+std::vector<SampleSpec> everyFormat();
 
 /// The number of frames that `spec` describes.
 std::uint64_t sampleFrames(const SampleSpec &spec);

@@ -17,6 +17,9 @@ struct AudioStreamBasicDescription {
     std::uint32_t mChannelsPerFrame = 0;
     std::uint32_t mBitsPerChannel = 0;
     std::uint32_t mReserved = 0;
+
+    friend bool operator==(const AudioStreamBasicDescription &,
+                           const AudioStreamBasicDescription &) = default;
 };
 static_assert(sizeof(AudioStreamBasicDescription) == 40);
 
