@@ -130,6 +130,13 @@ void LB_QueueController::playNextTrack()
     m_audio->emptyPlayer();
 }
 
+TrackRecordRef LB_QueueController::nextTrack() const
+{
+    if (m_currentIndex >= m_content.size() || !hasNextTrack())
+        return nullptr;
+    return m_content[m_currentIndex + 1];
+}
+
 void LB_QueueController::playPreviousTrack()
 {
     Skip skip(*this, std::min<std::uint64_t>(m_currentIndex, m_content.size()));

@@ -70,6 +70,9 @@ public:
     /// Whether a song follows the current one.
     bool hasNextTrack() const { return m_currentIndex + 1 < m_content.size(); }
 
+    /// The song that playNextTrack() would load first. Null if there is none.
+    lyrabox::TrackRecordRef nextTrack() const;
+
     /// Whether a song precedes the current one. Unlike canPlayPreviousTrack(), false if the
     /// current song is not in the content.
     bool hasPreviousTrack() const

@@ -73,6 +73,10 @@ void LB_TrackController::setTrackTableView(QTableView *view)
     LB_TableRowView::install(view, LB_TableRowView::Separators::Hairline);
     view->installEventFilter(this);
     connect(view, &QTableView::doubleClicked, this, [this] { trackSelectedForPlayback(); });
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &LB_TrackController::selectionChanged);
+    // Rows that change as a whole lose their selection without that signal.
+    connect(m_model, &QAbstractItemModel::modelReset, this, &LB_TrackController::selectionChanged);
 
     QHeaderView *header = view->horizontalHeader();
     header->setSectionsClickable(true);
@@ -255,6 +259,11 @@ int LB_TrackController::selectedRow() const
 {
     const QModelIndexList rows = m_trackTableView->selectionModel()->selectedRows();
     return rows.isEmpty() ? -1 : rows.front().row();
+}
+
+TrackRecordRef LB_TrackController::selectedTrack() const
+{
+    return m_model->trackAtRow(selectedRow());
 }
 
 void LB_TrackController::selectRow(int row)

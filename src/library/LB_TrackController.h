@@ -178,6 +178,9 @@ public:
     /// The selected row of the table, or -1.
     int selectedRow() const;
 
+    /// The record of the selected row. Null if no row is selected.
+    lyrabox::TrackRecordRef selectedTrack() const;
+
     // Replaceable parts for tests.
     void setLibraryLocator(std::function<lyrabox::MusicLibraryRef()> locator)
     {
@@ -197,6 +200,14 @@ Q_SIGNALS:
     void emptyTextChanged(const QString &text);
     void includesSubfoldersChanged(bool includes);
 
+    /// A list begins to be built (true), or that has ended (false). Until then the main thread
+    /// reads from disks.
+    void buildingListChanged(bool isBuilding);
+
+    /// selectedTrack() may have changed. Sent while rows change, so observers should wait for the
+    /// event loop before they ask.
+    void selectionChanged();
+
     /// A list has been built. isListIncomplete() says whether it is complete.
     void listShown();
 
@@ -208,6 +219,8 @@ Q_SIGNALS:
     void highlightedColumnChanged(int column);
 
 private:
+    class ListBuilding;
+
     lyrabox::TrackRecordRef playingTrack() const;
     struct Folder {
         QUrl url;

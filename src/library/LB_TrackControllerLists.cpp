@@ -21,28 +21,32 @@ using namespace Qt::Literals::StringLiterals;
 const QString LB_TrackController::droppedFilesListID = u"DroppedFiles"_s;
 const QString LB_TrackController::includeSubfoldersKey = u"includeSubfolders"_s;
 
-namespace {
-
-/// Keeps the table from being clicked while its list changes.
-class DisabledTable {
+/// Announces that a list is built, and keeps the table from being clicked meanwhile.
+class LB_TrackController::ListBuilding {
 public:
-    explicit DisabledTable(QTableView *view) : m_view(view), m_hadFocus(view->hasFocus())
+    explicit ListBuilding(LB_TrackController &tracks)
+        : m_tracks(tracks), m_hadFocus(tracks.m_trackTableView->hasFocus())
     {
-        view->setEnabled(false);
+        tracks.m_trackTableView->setEnabled(false);
+        Q_EMIT tracks.buildingListChanged(true);
     }
-    ~DisabledTable()
+    ~ListBuilding()
     {
-        m_view->setEnabled(true);
+        QTableView *view = m_tracks.m_trackTableView;
+        view->setEnabled(true);
         if (m_hadFocus) // A disabled view loses the focus.
-            m_view->setFocus();
+            view->setFocus();
+        Q_EMIT m_tracks.buildingListChanged(false);
     }
-    DisabledTable(const DisabledTable &) = delete;
-    DisabledTable &operator=(const DisabledTable &) = delete;
+    ListBuilding(const ListBuilding &) = delete;
+    ListBuilding &operator=(const ListBuilding &) = delete;
 
 private:
-    QTableView *m_view;
+    LB_TrackController &m_tracks;
     bool m_hadFocus;
 };
+
+namespace {
 
 /// Like files::inodeText(), but also "(null)" if the disk does not answer.
 QString inodeOf(const QUrl &url)
@@ -75,7 +79,7 @@ MusicLibraryRef LB_TrackController::iTunesLibraryDictionary()
 void LB_TrackController::getTracksForiTunesPlaylistArrayPlaylistID(
     const std::optional<std::vector<QString>> &items, const QString &playlistID)
 {
-    const DisabledTable disabled(m_trackTableView);
+    const ListBuilding building(*this);
     const MusicLibraryRef library = iTunesLibraryDictionary();
     const std::vector<QString> identifiers = items.value_or(std::vector<QString>());
     ProgressPacer progress = pacer(static_cast<qint64>(identifiers.size()));
@@ -104,7 +108,7 @@ void LB_TrackController::getTracksForiTunesPlaylistArrayPlaylistID(
 void LB_TrackController::scanForAudioFilesStartingAtURLFolderID(const QUrl &directory,
                                                                 const QString &folderID)
 {
-    const DisabledTable disabled(m_trackTableView);
+    const ListBuilding building(*this);
     m_shownFolder = Folder{directory, folderID};
     ListOrigin origin{.kind =
                           m_includesSubfolders ? ListOrigin::Kind::Tree : ListOrigin::Kind::Folder};
@@ -142,7 +146,7 @@ void LB_TrackController::setIncludesSubfolders(bool includes)
 
 qsizetype LB_TrackController::showAndPlayFiles(const QList<QUrl> &files, QList<QUrl> *left)
 {
-    const DisabledTable disabled(m_trackTableView);
+    const ListBuilding building(*this);
     ProgressPacer progress = pacer(files.size());
     QStringList paths;
     for (const QUrl &file : files)

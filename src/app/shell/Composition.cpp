@@ -10,6 +10,7 @@
 #include "app/shell/WindowMemory.h"
 #include "engine/AudioEngine.h"
 #include "platform/audio/DecodingModule.h"
+#include "platform/desktop/BatteryWatch.h"
 #include "platform/desktop/SessionBus.h"
 #include "platform/foundation/DiskPatience.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -34,8 +35,8 @@ const QString eqWindowName = u"eqWindow"_s;
 const QString trackTableName = u"trackTable"_s;
 
 /// Every room of the program, in the order in which it is wired.
-const Room *const rooms[] = {&transportRoom, &songListRoom, &sourceRoom, &equalizerRoom,
-                             &windowRoom};
+const Room *const rooms[] = {&transportRoom,  &songListRoom,  &sourceRoom,
+                             &readySongsRoom, &equalizerRoom, &windowRoom};
 
 } // namespace
 
@@ -87,6 +88,7 @@ void Composition::launch()
     // Setting up the network and TLS takes as long as building the windows.
     afterFirstPaint(window, [this] { m_parts.updater.setAutomaticallyChecksForUpdates(true); });
     afterFirstPaint(window, [this] { connectDesktop(); });
+    afterFirstPaint(window, [this] { watchBattery(); });
     afterFirstPaint(window, [this] { loadDecoders(); });
     // Warming up costs half a core, so it waits until the first picture.
     afterFirstPaint(window, &engine::prepareForPlayback);
@@ -152,6 +154,18 @@ void Composition::connectDesktop()
     });
 }
 
+/// A battery that is nearly empty is not spent on decoding in advance.
+void Composition::watchBattery()
+{
+    connectToSystemBus(this, [this](const QDBusConnection &bus) {
+        SongsAhead *songs = m_parts.songsAhead.get();
+        if (songs == nullptr)
+            return;
+        m_battery = std::make_unique<BatteryWatch>(bus);
+        connect(m_battery.get(), &BatteryWatch::lowChanged, songs, &SongsAhead::setBatteryIsLow);
+    });
+}
+
 void Composition::bringToFront(const QString &activationToken)
 {
     lyrabox::bringToFront(&m_parts.mainWindow, activationToken);
@@ -162,6 +176,8 @@ void Composition::terminate()
     if (std::exchange(m_terminated, true))
         return;
     m_background.reset(); // joins the thread
+    m_parts.songsAhead.reset();
+    m_parts.readySongs.reset(); // ends the decoding
     windowMemory::saveWindow(&m_parts.mainWindow, mainWindowName);
     if (!m_parts.eqWindowNeedsPosition)
         windowMemory::saveWindow(&m_parts.eqWindow, eqWindowName);

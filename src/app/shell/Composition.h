@@ -10,6 +10,7 @@
 
 namespace lyrabox {
 
+class BatteryWatch;
 class MediaPlayerBridge;
 class ProgressPanel;
 
@@ -55,12 +56,14 @@ private:
     void showMainWindow();
     void paintWhileLaunching();
     void connectDesktop();
+    void watchBattery();
     void loadDecoders();
 
     ProgramParts m_parts;
     std::unique_ptr<VolumeWatcher> m_volumes;
     ProgressPanel *m_progress = nullptr;          ///< owned by the main window
     std::unique_ptr<MediaPlayerBridge> m_desktop; ///< null without a session bus
+    std::unique_ptr<BatteryWatch> m_battery;      ///< null without a system bus
     bool m_isLaunching = false;
     bool m_terminated = false;
     std::unique_ptr<BackgroundRunner> m_background; ///< last, because its jobs use the parts

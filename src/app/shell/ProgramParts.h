@@ -4,9 +4,11 @@
 #include "app/shell/LB_AppDelegate.h"
 #include "app/shell/MainMenu.h"
 #include "engine/LB_AudioController.h"
+#include "engine/ReadySongs.h"
 #include "equalizer/LB_EqualizerController.h"
 #include "library/LB_QueueController.h"
 #include "library/LB_TrackController.h"
+#include "library/SongsAhead.h"
 #include "platform/ui/Popover.h"
 #include "platform/updates/SUUpdater.h"
 #include "settings/LB_SettingsController.h"
@@ -53,6 +55,8 @@ struct ProgramParts {
     LB_PlaylistSourceController playlists;
     LB_FolderSourceController folders;
     SUUpdater updater;
+    std::unique_ptr<engine::ReadySongs> readySongs; ///< null if it is turned off
+    std::unique_ptr<SongsAhead> songsAhead;         ///< null if it is turned off
 
     /// Made together with `audio`.
     std::unique_ptr<InputAfterWait> inputAfterWait;

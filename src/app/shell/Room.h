@@ -17,11 +17,15 @@ struct Room {
     void (*connect)(ProgramParts &parts);
 };
 
-extern const Room transportRoom; ///< playback, speed, pitch, volume, song settings
-extern const Room songListRoom;  ///< the table of songs, its search and its order
-extern const Room sourceRoom;    ///< folders and playlists
-extern const Room equalizerRoom; ///< bands and presets
-extern const Room windowRoom;    ///< the windows themselves, help and updates
+extern const Room transportRoom;  ///< playback, speed, pitch, volume, song settings
+extern const Room songListRoom;   ///< the table of songs, its search and its order
+extern const Room sourceRoom;     ///< folders and playlists
+extern const Room readySongsRoom; ///< songs that are decoded in advance
+extern const Room equalizerRoom;  ///< bands and presets
+extern const Room windowRoom;     ///< the windows themselves, help and updates
+
+/// An environment variable of this name with the value 0 turns off the decoding in advance.
+constexpr const char *readySongsVariable = "LYRABOX_READY_SONGS";
 
 /// Shows the transport as it is without a song. Its controller awakes only after the first list is
 /// built, and the window may be shown earlier.
