@@ -65,6 +65,28 @@ TEST_F(ProgramWithAHangingDisk, ContinuesAfterEscapeWhenItsFolderIsSelected)
     EXPECT_EQ(settingsList(u"Folders.plist"_s), folders);
 }
 
+TEST_F(ProgramWithAHangingDisk, IsNotHeldUpByANextSongOnIt)
+{
+    const QString tones = makeFolder(u"Tones"_s, {{u"Alpha"_s, 300.0, 120.0}});
+    const QString remote = makeFolder(u"Tones/Remote"_s, {{u"Beta"_s, 400.0}});
+    showFolder(tones);
+    setUserDefault(u"includeSubfolders"_s, true);
+    setVariable(u"LYRABOX_READY_SONGS"_s, u"1"_s); // even if the whole suite runs without it
+    start();
+    ASSERT_TRUE(waitForSongs(2));
+    if (!disk.mount(remote))
+        GTEST_SKIP() << "no disk can be mounted here (" << disk.reason().toStdString()
+                     << "): root rights are needed";
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(300.0));
+    ASSERT_TRUE(waitUntil([this] { return disk.isAsked(); })) << "it is not made ready";
+    display.key(u"space"_s);
+    EXPECT_TRUE(hearsSilence());
+    display.key(u"space"_s);
+    EXPECT_TRUE(hears(300.0));
+    EXPECT_EQ(quit(), 0);
+}
+
 TEST_F(ProgramWithAHangingDisk, EndsOnASignalWhenItsFolderIsSelected)
 {
     startBesideIt();

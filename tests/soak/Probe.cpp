@@ -1,6 +1,7 @@
 #include "soak/Probe.h"
 
 #include "engine/AudioEngine.h"
+#include "engine/ReadySongs.h"
 #include "soak/Invariants.h"
 #include "soak/Trials.h"
 
@@ -56,14 +57,21 @@ QJsonObject targets()
     return found;
 }
 
-/// Bytes that the program has allocated and not freed, without the song's samples.
+/// Bytes of songs that are decoded in advance.
+double readyBytes()
+{
+    const engine::ReadySongs *songs = engine::readySongs();
+    return songs != nullptr ? static_cast<double>(songs->releasableBytes()) : 0.0;
+}
+
+/// Bytes that the program has allocated and not freed, without the samples of songs.
 double heapBytes()
 {
     const struct mallinfo2 info = mallinfo2();
     const auto format = engine::streamFormat();
     const double song = static_cast<double>(engine::totalFrames()) * format.mBytesPerFrame *
                         format.mChannelsPerFrame;
-    return static_cast<double>(info.uordblks + info.hblkhd) - song;
+    return static_cast<double>(info.uordblks + info.hblkhd) - song - readyBytes();
 }
 
 QJsonObject state()
@@ -77,6 +85,7 @@ QJsonObject state()
     state.insert(u"popup"_s, popup != nullptr ? frameOf(popup) : QJsonArray());
     state.insert(u"frame"_s, static_cast<double>(engine::currentFrame()));
     state.insert(u"frames"_s, static_cast<double>(engine::totalFrames()));
+    state.insert(u"ready"_s, readyBytes());
     state.insert(u"runs"_s, engine::outputIsRunning());
     state.insert(u"ended"_s, engine::trackHasEnded());
     state.insert(u"loops"_s, engine::isLooping());

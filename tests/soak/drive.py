@@ -40,7 +40,7 @@ CHECK_FILES_EVERY = 50
 RESTART_EVERY = 9000  # a quarter of an hour
 SAMPLE_EVERY = 20
 WARM_UP = 600  # actions before memory is measured
-HEAP_GROWTH = 6.0  # MB that the heap may grow after the warm-up, without the decoded song
+HEAP_GROWTH = 6.0  # MB that the heap may grow after the warm-up, without the decoded songs
 RESIDENT_GROWTH = 64.0  # MB
 SINKS = ("a", "b")
 
@@ -706,7 +706,7 @@ class Soak:
         pid = self.child.pid
         with open(f"/proc/{pid}/statm", encoding="ascii") as file:
             resident = int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE") / 1e6
-        self.samples.append((self.starts, self.state["heap"] / 1e6, resident - self.state["frames"] * 8 / 1e6,
+        self.samples.append((self.starts, self.state["heap"] / 1e6, resident - (self.state["frames"] * 8 + self.state["ready"]) / 1e6,
                              len(os.listdir(f"/proc/{pid}/fd")), len(os.listdir(f"/proc/{pid}/task"))))
 
     def check_memory(self):
