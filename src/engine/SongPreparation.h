@@ -3,7 +3,7 @@
 #include "engine/DecodedSong.h"
 #include "platform/audio/SongReader.h"
 #include "platform/audio/StreamFormat.h"
-#include "platform/foundation/FileIdentity.h"
+#include "platform/foundation/FileStamp.h"
 
 #include <QByteArray>
 #include <QString>

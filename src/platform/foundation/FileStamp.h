@@ -22,4 +22,17 @@ struct FileStamp {
 /// is none. Asks the disk. Any thread.
 std::optional<FileStamp> fileStamp(const QString &path);
 
+/// A stamp that also changes with the file's name and permissions, and that no program can put
+/// back. File systems count time in steps of some milliseconds. Two changes within one step that
+/// keep the size look like one.
+struct FileIdentity {
+    FileStamp stamp;
+    std::int64_t attributesChanged = 0; ///< in nanoseconds since 1970; also rises with the content
+
+    friend bool operator==(const FileIdentity &, const FileIdentity &) = default;
+};
+
+/// The identity of the file at `path`, under the same conditions.
+std::optional<FileIdentity> fileIdentity(const QString &path);
+
 } // namespace lyrabox::files

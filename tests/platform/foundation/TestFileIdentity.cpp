@@ -1,4 +1,4 @@
-#include "platform/foundation/FileIdentity.h"
+#include "platform/foundation/FileStamp.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -32,7 +32,7 @@ TEST_F(FileIdentity, StaysTheSameWhileNothingChanges)
     write(u"a"_s, "content");
     const auto identity = fileIdentity(path(u"a"_s));
     ASSERT_TRUE(identity);
-    EXPECT_EQ(identity->size, 7);
+    EXPECT_EQ(identity->stamp.size, 7);
     QFile file(path(u"a"_s));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     file.readAll();
