@@ -11,7 +11,6 @@ namespace lyrabox {
 namespace {
 
 constexpr std::int64_t hop = OnsetStrength::hop;
-constexpr std::int64_t halfWindow = OnsetStrength::window / 2;
 
 // An attack is looked for at a step that is stronger than its neighbours and than the mean of its
 // surroundings.
@@ -84,11 +83,7 @@ std::vector<Attack> findAttacks(const SongSamples &song, std::uint64_t from, std
     constexpr auto margin = static_cast<std::int64_t>(leastDistance) + 4 * hop;
     const std::int64_t firstStep =
         std::max<std::int64_t>(0, (static_cast<std::int64_t>(from) - margin) / hop);
-    // Where the end of the song cuts off the window, the spectrum is not that of the sound.
-    const std::int64_t endStep =
-        std::min((static_cast<std::int64_t>(to) + margin) / hop,
-                 (static_cast<std::int64_t>(song.frames()) - halfWindow) / hop) +
-        1;
+    const std::int64_t endStep = (static_cast<std::int64_t>(to) + margin) / hop + 1;
     std::vector<Attack> attacks;
     const auto inside = [&] {
         std::erase_if(attacks, [&](const Attack &a) { return a.frame < from || a.frame >= to; });

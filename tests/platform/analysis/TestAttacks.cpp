@@ -240,6 +240,15 @@ TEST(Attacks, TheEndOfTheSongIsNone)
     }
 }
 
+TEST(Attacks, AClickRightBeforeTheEndOfTheSongIsFound)
+{
+    for (const std::size_t distance : {100, 200, 300, 500}) {
+        MadeSong song(fiveSeconds);
+        song.addClick(fiveSeconds - distance, 0.5F);
+        expectAttacks(song, {fiveSeconds - distance});
+    }
+}
+
 TEST(Attacks, APartOfTheSongHasTheAttacksThatTheWholeHasThere)
 {
     MadeSong song(20 * 44100);
