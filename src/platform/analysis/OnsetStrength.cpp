@@ -23,7 +23,7 @@ std::vector<std::size_t> bandBegins(double sampleRate)
 {
     const double binWidth = sampleRate / static_cast<double>(OnsetStrength::window);
     const auto end = static_cast<std::size_t>(
-        std::min(highestFrequency / binWidth, static_cast<double>(OnsetStrength::window / 2)));
+        std::min(highestFrequency / binWidth, static_cast<double>(OnsetStrength::window) / 2.0));
     std::vector<std::size_t> begins;
     auto bin = static_cast<std::size_t>(std::ceil(lowestFrequency / binWidth));
     while (bin < end) {

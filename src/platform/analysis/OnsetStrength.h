@@ -18,7 +18,7 @@ namespace lyrabox {
 /// of silence. Sound below about -80 dB of full scale counts as silence.
 ///
 /// Steps are counted from the start of the song: step n is heard in the `window` frames about the
-/// frame n * hop. An object belongs to one thread at a time.
+/// frame n * hop. All times are those at 44.1 kHz. An object belongs to one thread at a time.
 class OnsetStrength {
 public:
     static constexpr std::uint64_t hop = 256;

@@ -53,6 +53,24 @@ TEST(OnsetStrength, TheLevelOfTheSongHardlyMatters)
     EXPECT_NEAR(strongest(0.05), strongest(1.0), 0.25 * strongest(1.0));
 }
 
+TEST(OnsetStrength, ThePhaseBetweenTheChannelsDoesNotMatter)
+{
+    const auto strongest = [](double phase) {
+        MadeSong song(frames);
+        song.addTone(20'000, 1000.0, 0.5);
+        for (std::size_t i = 20'000; i < frames; ++i) {
+            const double time = static_cast<double>(i - 20'000) / test::songRate;
+            song.right[i] =
+                static_cast<float>(0.5 * std::sin(2.0 * std::numbers::pi * 1000.0 * time + phase));
+        }
+        const auto strengths = strengthsOf(song.samples());
+        return *std::max_element(strengths.begin(), strengths.end() - 4);
+    };
+    const double quarter = std::numbers::pi / 2.0;
+    EXPECT_NEAR(strongest(quarter), strongest(-quarter), 0.01);
+    EXPECT_NEAR(strongest(quarter), strongest(0.0), 0.05);
+}
+
 TEST(OnsetStrength, TheBeatingOfLowTonesIsNotNew)
 {
     MadeSong song(frames);

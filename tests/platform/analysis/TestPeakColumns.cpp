@@ -148,6 +148,17 @@ TEST_F(PeakColumns, NoFrameIsLostBetweenColumnsOfFractionalWidth)
     }
 }
 
+TEST_F(PeakColumns, TheLastFrameIsInTheLastColumn)
+{
+    MadeSong small(2000);
+    small.left.back() = 0.9F;
+    const PeakPyramid empty(2000);
+    for (std::size_t count = 2; count <= 2000; ++count) {
+        const PeakColumn last = columnsOf(empty, small, 0.0, 2000.0, count).back();
+        ASSERT_EQ(last.maximum, 0.9F) << count;
+    }
+}
+
 TEST_F(PeakColumns, ColumnsOutsideTheSongAreUnknown)
 {
     const auto end = static_cast<double>(length);

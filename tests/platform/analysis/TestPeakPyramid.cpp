@@ -128,6 +128,15 @@ TEST(PeakPyramid, TheBandsTogetherHaveTheEnergyOfTheSong)
     }
 }
 
+TEST(PeakPyramid, AFaintSongHasBands)
+{
+    MadeSong song(100'000);
+    song.addTone(0, 60.0, 1e-6); // -120 dB
+    const PeakColumn column = wholeSong(song.samples());
+    EXPECT_NEAR(column.low, 1e-6 / std::sqrt(2.0), 1e-8);
+    EXPECT_NEAR(column.rms, 1e-6 / std::sqrt(2.0), 1e-8);
+}
+
 TEST(PeakPyramid, AMonoSongIsLikeOneWithEqualChannels)
 {
     MadeSong song(100'000);
