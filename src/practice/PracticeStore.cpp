@@ -183,7 +183,7 @@ bool PracticeStore::takeOver(const QString &fileName)
     adopt(fileName, *found.reading, found.stamp);
     m_history = std::move(merged);
     m_hasEdits = false;
-    noteEdit(!own.empty() || !m_superseded.isEmpty());
+    noteEdit(!isReadOnly() && (!own.empty() || !m_superseded.isEmpty()));
     return true;
 }
 
@@ -263,7 +263,7 @@ PracticeWrite PracticeStore::prepareWrite()
 
 void PracticeStore::writeInBackground()
 {
-    if (!m_hasEdits || m_writing)
+    if (!m_hasEdits || m_writing || isReadOnly())
         return; // What is being written starts the timer again at its end.
     if (m_folder.isEmpty()) {
         setProblem(Problem::NotWritable);
@@ -298,7 +298,7 @@ void PracticeStore::save()
     m_saveTimer.stop();
     endWriting();
     m_saveTimer.stop();
-    if (!m_song || !m_hasEdits)
+    if (!m_hasEdits || isReadOnly())
         return;
     if (m_folder.isEmpty())
         setProblem(Problem::NotWritable);

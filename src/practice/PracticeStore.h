@@ -47,8 +47,9 @@ public:
     /// Edits are written at most so long after they were made.
     static constexpr std::chrono::milliseconds saveDelay{2000};
 
-    /// `folder`: see practiceFolder(); if it is empty, edits stay in memory. `runner` hashes songs
-    /// and must outlive the store; the store cancels its own jobs only.
+    /// `folder`: see practiceFolder(); if it is empty, edits stay in memory. `makeReader` is called
+    /// on background threads. `runner` hashes songs and must outlive the store; the store cancels
+    /// its own jobs only.
     PracticeStore(QString folder, SongReaderFactory makeReader, BackgroundRunner &runner,
                   std::chrono::milliseconds delay = saveDelay);
 

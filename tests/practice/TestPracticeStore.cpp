@@ -303,6 +303,32 @@ TEST_F(PracticeStoreTest, OpensAFileOfALaterVersionReadOnly)
     EXPECT_EQ(content(inPractice(name)), later);
 }
 
+TEST_F(PracticeStoreTest, NeverWritesAFileOfALaterVersionThatWasFoundLate)
+{
+    keepLoop(song(u"a.mp3"_s), u"A"_s);
+    const QString name = names().first();
+    QByteArray later = content(inPractice(name));
+    later.replace("\"lyrabox practice\": 1", "\"lyrabox practice\": 2");
+    written(inPractice(name), later);
+    for (const bool isUndone : {true, false}) {
+        const QString copy = song(isUndone ? u"b.mp3"_s : u"c.mp3"_s);
+        m_control.isHeld = true;
+        const auto store = makeStore();
+        store->openSong(of(copy));
+        ASSERT_TRUE(store->apply({newLoop(u"B"_s)}));
+        store->save();
+        if (isUndone) {
+            ASSERT_TRUE(store->undo());
+            store->save();
+        }
+        m_control.release();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+        EXPECT_EQ(loopNames(store->record()), QStringList{isUndone ? u"A"_s : u"B"_s});
+        store->save();
+        EXPECT_EQ(content(inPractice(name)), later);
+    }
+}
+
 TEST_F(PracticeStoreTest, KeepsEditsInMemoryWhileTheFolderCannotBeWritten)
 {
     const QString blocker = written(m_folder.filePath(u"data"_s), "a file in the folder's place");
