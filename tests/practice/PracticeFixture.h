@@ -13,6 +13,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -126,6 +127,12 @@ protected:
                 .frames = 441000};
     }
 
+    /// Waits for events until the condition holds.
+    static bool eventually(const std::function<bool()> &holds)
+    {
+        return QTest::qWaitFor(holds, 60000);
+    }
+
     static PutLoop newLoop(const QString &name, std::uint64_t from = 1000)
     {
         return {{.name = name, .from = from, .to = from + 5000}};
@@ -145,7 +152,7 @@ protected:
         const auto store = makeStore();
         store->openSong(of(path));
         ASSERT_TRUE(store->apply({newLoop(name)}));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+        ASSERT_TRUE(eventually([&] { return !store->isIdentifying(); }));
         store->save();
         ASSERT_EQ(store->problem(), PracticeStore::Problem::None);
     }

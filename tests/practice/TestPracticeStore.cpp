@@ -37,7 +37,7 @@ TEST_F(PracticeStoreTest, WritesAnEditAfterTheDelayUnderANameForPeople)
     ASSERT_TRUE(store->apply({newLoop(u"Turnaround"_s)}));
     EXPECT_TRUE(store->isIdentifying());
     m_control.release();
-    ASSERT_TRUE(QTest::qWaitFor([&] {
+    ASSERT_TRUE(eventually([&] {
         return !store->isIdentifying() && store->record().song.audio.size() == 40 &&
                names().size() == 1 && content(inPractice(names().first())).contains("audio");
     }));
@@ -78,7 +78,7 @@ TEST_F(PracticeStoreTest, FindsASongByItsSoundAndNextTimeAtOnce)
         EXPECT_TRUE(store->record().loops.empty());
         EXPECT_TRUE(store->isIdentifying());
         QSignalSpy changed(store.get(), &PracticeStore::recordChanged);
-        ASSERT_TRUE(changed.wait());
+        ASSERT_TRUE(changed.wait(60000));
         EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
         EXPECT_FALSE(store->canUndo());
     }
@@ -96,7 +96,7 @@ TEST_F(PracticeStoreTest, FindsAFileThatAnotherPersonMadeUnderAnyName)
     const auto store = makeStore();
     store->openSong(of(song(u"b.mp3"_s)));
     QSignalSpy changed(store.get(), &PracticeStore::recordChanged);
-    ASSERT_TRUE(changed.wait());
+    ASSERT_TRUE(changed.wait(60000));
     EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
 }
 
@@ -107,7 +107,7 @@ TEST_F(PracticeStoreTest, LeavesOtherSongsAlone)
     EXPECT_EQ(names().size(), 2);
     const auto store = makeStore();
     store->openSong(of(song(u"c.mp3"_s, "tags", "third sound")));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+    ASSERT_TRUE(eventually([&] { return !store->isIdentifying(); }));
     EXPECT_TRUE(store->record().loops.empty());
 }
 
@@ -119,7 +119,7 @@ TEST_F(PracticeStoreTest, MergesEditsMadeBeforeTheSongWasRecognised)
     store->openSong(of(song(u"b.mp3"_s)));
     ASSERT_TRUE(store->apply({newLoop(u"B"_s, 9000)}));
     m_control.release();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store->record().loops.size() == 2; }));
+    ASSERT_TRUE(eventually([&] { return store->record().loops.size() == 2; }));
     EXPECT_EQ(loopNames(store->record()), (QStringList{u"A"_s, u"B"_s}));
     store->save();
     EXPECT_EQ(names().size(), 1);
@@ -138,7 +138,7 @@ TEST_F(PracticeStoreTest, LeavesAFoundFileAsItIsIfTheEditsBeforeWereUndone)
     ASSERT_TRUE(store->apply({newLoop(u"B"_s, 9000)}));
     ASSERT_TRUE(store->undo());
     m_control.release();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store->record().loops.size() == 1; }));
+    ASSERT_TRUE(eventually([&] { return store->record().loops.size() == 1; }));
     store->save();
     EXPECT_EQ(files::fileStamp(path), stamp);
     EXPECT_EQ(names().size(), 1);
@@ -155,7 +155,7 @@ TEST_F(PracticeStoreTest, MovesAFileWrittenTooEarlyIntoTheOneThatIsFound)
     EXPECT_EQ(names().size(), 2);
     EXPECT_TRUE(names().contains(u"Corner Shop Blues.json"_s));
     m_control.release();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store->record().loops.size() == 2; }));
+    ASSERT_TRUE(eventually([&] { return store->record().loops.size() == 2; }));
     store->save();
     ASSERT_EQ(names().size(), 1);
     EXPECT_EQ(loopNames(readPractice(content(inPractice(names().first())))->record),
@@ -171,14 +171,13 @@ TEST_F(PracticeStoreTest, WritesTheHashLaterIfTheFileHadToBeWrittenWithoutIt)
         store->openSong(of(path));
         ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
     }
-    EXPECT_GT(m_control.hashed, 0);
     m_control.release();
     EXPECT_EQ(names(), QStringList{u"Corner Shop Blues.json"_s});
     {
         const auto store = makeStore();
         store->openSong(of(path));
         EXPECT_EQ(loopNames(store->record()), QStringList{u"A"_s});
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+        ASSERT_TRUE(eventually([&] { return !store->isIdentifying(); }));
     }
     EXPECT_EQ(readPractice(content(inPractice(names().first())))->record.song.audio.size(), 40);
 }
@@ -189,7 +188,7 @@ TEST_F(PracticeStoreTest, DoesNotPostponeWritingWhileEditsGoOn)
     store->openSong(of(song(u"a.mp3"_s)));
     QSignalSpy saved(store.get(), &PracticeStore::saved);
     PracticeLoop loop = newLoop(u"A"_s).loop;
-    const QDeadlineTimer deadline(30000);
+    const QDeadlineTimer deadline(60000);
     while (saved.isEmpty() && !deadline.hasExpired()) {
         ++loop.from;
         ++loop.to;
@@ -241,9 +240,9 @@ TEST_F(PracticeStoreTest, StopsHashingWhenTheSongIsClosed)
     const auto store = makeStore();
     store->openSong(of(song(u"a.mp3"_s)));
     ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return m_control.hashed == 1; }));
+    ASSERT_TRUE(eventually([&] { return m_control.hashed == 1; }));
     store->closeSong();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_control.stopped == 1; }));
+    EXPECT_TRUE(eventually([&] { return m_control.stopped == 1; }));
     EXPECT_FALSE(store->isIdentifying());
     EXPECT_FALSE(store->hasSong());
 }
@@ -322,7 +321,7 @@ TEST_F(PracticeStoreTest, NeverWritesAFileOfALaterVersionThatWasFoundLate)
             store->save();
         }
         m_control.release();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !store->isIdentifying(); }));
+        ASSERT_TRUE(eventually([&] { return !store->isIdentifying(); }));
         EXPECT_EQ(loopNames(store->record()), QStringList{isUndone ? u"A"_s : u"B"_s});
         store->save();
         EXPECT_EQ(content(inPractice(name)), later);
@@ -358,7 +357,7 @@ TEST_F(PracticeStoreTest, SaysThatTheFolderCannotBeWrittenAfterTheDelay)
     const auto store = makeStore(std::chrono::milliseconds(0));
     store->openSong(of(song(u"a.mp3"_s)));
     ASSERT_TRUE(store->apply({newLoop(u"A"_s)}));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return store->problem() == Problem::NotWritable; }));
+    EXPECT_TRUE(eventually([&] { return store->problem() == Problem::NotWritable; }));
 }
 
 TEST_F(PracticeStoreTest, ReadsAFileThatAnotherProgramChanged)
@@ -375,12 +374,12 @@ TEST_F(PracticeStoreTest, ReadsAFileThatAnotherProgramChanged)
             ASSERT_TRUE(QFile::remove(inPractice(name)));
         }
         written(inPractice(name), theirs);
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return loopNames(store->record()).value(0).endsWith(u"Theirs"_s); }));
+        EXPECT_TRUE(
+            eventually([&] { return loopNames(store->record()).value(0).endsWith(u"Theirs"_s); }));
         theirs.replace("Theirs", "Again Theirs");
         written(inPractice(name), theirs);
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return loopNames(store->record()).value(0).startsWith(u"Again"_s); }));
+        EXPECT_TRUE(
+            eventually([&] { return loopNames(store->record()).value(0).startsWith(u"Again"_s); }));
         theirs.replace("Again ", "");
     }
     EXPECT_EQ(names(), QStringList{name});
@@ -413,14 +412,14 @@ TEST_F(PracticeStoreTest, FollowsARealSongThroughAMoveNewTagsAndAnotherContainer
         PracticeStore store(practice(), makeReader, m_runner);
         store.openSong(of(original));
         ASSERT_TRUE(store.apply({newLoop(u"A"_s)}));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !store.isIdentifying(); }, 30000));
+        ASSERT_TRUE(eventually([&] { return !store.isIdentifying(); }));
     }
     const QString moved = m_folder.filePath(u"moved.mka"_s);
     ASSERT_TRUE(runFfmpeg(
         {u"-i"_s, original, u"-c"_s, u"copy"_s, u"-metadata"_s, u"title=Another"_s, moved}));
     PracticeStore store(practice(), makeReader, m_runner);
     store.openSong(of(moved));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return store.record().loops.size() == 1; }, 30000));
+    EXPECT_TRUE(eventually([&] { return store.record().loops.size() == 1; }));
 }
 
 } // namespace
