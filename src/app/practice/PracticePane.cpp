@@ -1,0 +1,203 @@
+#include "app/practice/PracticePane.h"
+
+#include "app/practice/OverviewBar.h"
+#include "app/practice/PaneDivider.h"
+#include "app/practice/PaneLayout.h"
+#include "app/practice/TextButton.h"
+#include "app/practice/TimeRuler.h"
+#include "app/practice/WaveView.h"
+#include "engine/LB_AudioController.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
+#include "platform/ui/SegmentedControl.h"
+#include "platform/ui/Theme.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace lyrabox {
+
+namespace {
+constexpr int sideMargin = 14;
+constexpr QColor paneBackground = Theme::sidebar;
+constexpr int songsSegment = 0;
+constexpr int paneSegment = 1;
+} // namespace
+
+SegmentedControl *makePaneSwitch(int selected, QWidget *parent)
+{
+    auto *control = new SegmentedControl(parent);
+    control->setSegments({PracticePane::tr("Songs"), PracticePane::tr("Practice")});
+    control->setSelectedSegment(selected);
+    control->setAccessibleName(PracticePane::tr("Shown part"));
+    control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return control;
+}
+
+PracticePane::PracticePane(LB_AudioController *audio, std::function<void(quint64)> seek,
+                           QWidget *parent)
+    : QWidget(parent),
+      m_audio(audio),
+      m_divider(new PaneDivider(this)),
+      m_switch(makePaneSwitch(paneSegment, this)),
+      m_loopText(new QLabel(this)),
+      m_wave(new WaveView(audio, &m_peaks, std::move(seek), this)),
+      m_overview(new OverviewBar(m_wave, &m_peaks, this))
+{
+    setObjectName(QStringLiteral("practicePane"));
+    setAccessibleName(tr("Practice"));
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, paneBackground);
+    setPalette(colors);
+    setAutoFillBackground(true);
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_divider);
+    column->addWidget(makeHeader());
+    auto *waves = new QVBoxLayout;
+    waves->setContentsMargins(sideMargin, 4, sideMargin, Theme::grid);
+    waves->setSpacing(4);
+    waves->addWidget(m_overview);
+    waves->addWidget(m_wave, 1);
+    column->addLayout(waves, 1);
+
+    connect(m_switch, &SegmentedControl::pressed, this, [this] {
+        m_switch->setSelectedSegment(paneSegment);
+        Q_EMIT songsWanted();
+    });
+    connect(m_wave, &WaveView::followingChanged, this, &PracticePane::followingChanged);
+    connect(audio, &LB_AudioController::loopChanged, this, &PracticePane::showLoop);
+    connect(&m_peaks, &SongPeaks::songChanged, this, &PracticePane::showLoop);
+    NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
+                                                    [this] { takeSong(); });
+    setSwitchShown(false);
+    showLoop();
+}
+
+PracticePane::~PracticePane()
+{
+    // They use the peaks, which are destroyed before the children of a widget.
+    delete m_overview;
+    delete m_wave;
+}
+
+QWidget *PracticePane::makeHeader()
+{
+    auto *header = new QWidget(this);
+    auto *row = new QHBoxLayout(header);
+    row->setContentsMargins(sideMargin, 2, sideMargin, 2);
+    row->setSpacing(Theme::grid);
+    row->addWidget(m_switch);
+    m_loopText->setTextFormat(Qt::PlainText);
+    m_loopText->setAccessibleDescription(tr("Loop"));
+    QPalette colors = m_loopText->palette();
+    colors.setColor(QPalette::WindowText, Theme::secondaryText);
+    m_loopText->setPalette(colors);
+    m_loopText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    row->addWidget(m_loopText, 1);
+    TextButton *follow = addButton({}, PracticeCommand::Follow);
+    follow->setCheckable(true);
+    follow->setChecked(true);
+    connect(m_wave, &WaveView::followingChanged, follow, &QAbstractButton::setChecked);
+    row->addWidget(follow);
+    row->addWidget(addButton(QStringLiteral("−"), PracticeCommand::ZoomOut));
+    row->addWidget(addButton(QStringLiteral("+"), PracticeCommand::ZoomIn));
+    return header;
+}
+
+/// A button for a command. Without a text it shows the command's name.
+TextButton *PracticePane::addButton(const QString &text, PracticeCommand command)
+{
+    const PracticeCommandEntry entry = practiceCommand(command);
+    auto *button = new TextButton(text.isEmpty() ? entry.name() : text, this);
+    button->setAccessibleName(entry.name());
+    button->setToolTip(QStringLiteral("%1 (%2)").arg(entry.name(), entry.keyText()));
+    connect(button, &QAbstractButton::clicked, this, [this, command] { perform(command); });
+    return button;
+}
+
+void PracticePane::perform(PracticeCommand command)
+{
+    switch (command) {
+    case PracticeCommand::ZoomIn:
+        m_wave->zoomIn();
+        break;
+    case PracticeCommand::ZoomOut:
+        m_wave->zoomOut();
+        break;
+    case PracticeCommand::ZoomToLoop:
+        m_wave->zoomToLoop();
+        break;
+    case PracticeCommand::WholeSong:
+        m_wave->showWholeSong();
+        break;
+    case PracticeCommand::Follow:
+        m_wave->setFollowing(!m_wave->isFollowing());
+        break;
+    }
+}
+
+void PracticePane::setSwitchShown(bool shown)
+{
+    m_switch->setVisible(shown);
+}
+
+void PracticePane::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    takeSong();
+}
+
+void PracticePane::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        m_peaks.stop();
+}
+
+void PracticePane::releaseSong()
+{
+    m_peaks.setSong(nullptr);
+}
+
+void PracticePane::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_overview->setVisible(height() >= paneLayout::overviewHeight);
+}
+
+void PracticePane::takeSong()
+{
+    if (!isVisible()) {
+        // The song that was shown is not the player's any more.
+        m_peaks.setSong(nullptr);
+        return;
+    }
+    m_peaks.setSong(m_audio->decodedSong());
+    m_peaks.measure(m_audio->heardFrame());
+}
+
+void PracticePane::showLoop()
+{
+    if (m_peaks.frames() == 0) {
+        m_loopText->setText(tr("Play a song to see its wave."));
+        return;
+    }
+    const std::optional<LoopRange> loop = m_audio->loop();
+    if (!loop) {
+        m_loopText->setText(tr("Drag across the wave to make a loop."));
+        return;
+    }
+    const double rate = m_peaks.samples().sampleRate;
+    const double start = static_cast<double>(loop->start) / rate;
+    const double end = static_cast<double>(loop->end) / rate;
+    m_loopText->setText(tr("Loop %1 – %2 · %3 s")
+                            .arg(timeRuler::exactText(start), timeRuler::exactText(end))
+                            .arg(end - start, 0, 'f', 2));
+}
+
+} // namespace lyrabox

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "app/practice/PracticeCommands.h"
+#include "app/practice/SongPeaks.h"
+
+#include <QLabel>
+#include <QWidget>
+
+#include <functional>
+
+class LB_AudioController;
+
+namespace lyrabox {
+
+class OverviewBar;
+class PaneDivider;
+class SegmentedControl;
+class TextButton;
+class WaveView;
+
+/// The practice pane: the wave of the playing song with its loop, and the controls of the wave.
+/// While it is hidden it does nothing, and it keeps no song but the player's. Main thread.
+class PracticePane : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `audio` must outlive the pane. `seek` seeks to a frame by the navigation bar's rule.
+    PracticePane(LB_AudioController *audio, std::function<void(quint64)> seek,
+                 QWidget *parent = nullptr);
+    ~PracticePane() override;
+
+    /// Carries out a command of the menu.
+    void perform(PracticeCommand command);
+
+    /// Whether the switch between the songs and the pane is shown.
+    void setSwitchShown(bool shown);
+
+    /// Gives up the song. The pane takes the player's song again when it is shown.
+    void releaseSong();
+
+    PaneDivider *divider() const { return m_divider; }
+    WaveView *wave() const { return m_wave; }
+    SongPeaks &peaks() { return m_peaks; }
+
+    QSize sizeHint() const override { return {400, 320}; }
+
+Q_SIGNALS:
+    /// The user chose the songs with the switch.
+    void songsWanted();
+    void followingChanged(bool follows);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QWidget *makeHeader();
+    TextButton *addButton(const QString &text, PracticeCommand command);
+    void takeSong();
+    void showLoop();
+
+    LB_AudioController *m_audio;
+    SongPeaks m_peaks;
+    PaneDivider *m_divider;
+    SegmentedControl *m_switch;
+    QLabel *m_loopText;
+    WaveView *m_wave;
+    OverviewBar *m_overview;
+};
+
+/// The switch between the songs and the pane, for windows that have room for only one of them.
+/// `selected` is the index of the selected segment: 0 songs, 1 the pane.
+SegmentedControl *makePaneSwitch(int selected, QWidget *parent);
+
+} // namespace lyrabox

@@ -1,0 +1,131 @@
+#pragma once
+
+#include "app/practice/LoopHands.h"
+#include "app/practice/SmoothPosition.h"
+#include "app/practice/SongPeaks.h"
+#include "app/practice/WaveScale.h"
+#include "app/practice/WaveTiles.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class LB_AudioController;
+
+namespace lyrabox {
+
+/// The wave of the song around the place that is heard, with the loop. While the song plays, the
+/// line stays in its place and the wave moves; scrolling stops that until a seek or setFollowing().
+/// The mouse seeks, makes loops and moves their ends. Redraws 60 times a second while the song
+/// plays and the view is visible, and otherwise only when something changes. Main thread.
+class WaveView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The height of the strip above the wave, which holds the bracket of the loop, in points.
+    static constexpr int laneHeight = 20;
+
+    /// `audio` and `peaks` must outlive the view. `seek` is called with the frame of a click.
+    WaveView(LB_AudioController *audio, SongPeaks *peaks, std::function<void(quint64)> seek,
+             QWidget *parent = nullptr);
+
+    LB_AudioController *audio() const { return m_audio; }
+
+    /// Which part of the song is shown.
+    WaveScale scale() const { return m_scale; }
+    /// The frame at the line.
+    double line() const { return m_line.position(); }
+
+    bool isFollowing() const { return m_isFollowing; }
+    /// Whether the wave moves while the song plays.
+    void setFollowing(bool follows);
+
+    /// Shows twice or half as much, with the line in its place if it can be seen.
+    void zoomIn() { zoomAroundLine(0.5); }
+    void zoomOut() { zoomAroundLine(2.0); }
+    /// Shows the loop, or, if it is shown, what was shown before. Does nothing without a loop.
+    void zoomToLoop();
+    void showWholeSong();
+    /// Moves the view so that `frame` is in its middle, as scrolling does.
+    void showFrame(double frame);
+    /// Seeks as a click does.
+    void seekTo(double frame);
+
+    /// The loop as it is drawn: while a drag lasts, the one that it will make.
+    std::optional<LoopRange> shownLoop() const;
+
+    /// Reads the position, and shows it if it has changed. The timer of the motion calls it.
+    void showPosition();
+
+    /// Whether the view redraws regularly now.
+    bool isMoving() const { return m_motion.isActive(); }
+    /// How often the view has painted itself. Tests use it to show that it rests.
+    quint64 paintCount() const { return m_paintCount; }
+
+    QSize minimumSizeHint() const override { return {200, 80}; }
+
+Q_SIGNALS:
+    /// Another part of the song is shown.
+    void scaleChanged();
+    void followingChanged(bool follows);
+    /// line() has changed.
+    void lineMoved();
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    WaveArea area() const;
+    void setScale(WaveScale scale);
+    void scrollByHand(double points);
+    void zoomAroundLine(double factor);
+    void showSong();
+    void showJump();
+    void updateMotion();
+    void moveLine(double frame);
+    void updateAround(double frame);
+
+    loopHands::Grip gripAt(QPointF point) const;
+    void showGrip(loopHands::Grip grip);
+    void finishDrag();
+
+    void drawRuler(QPainter &painter, double width, double ratio) const;
+    void drawLoop(QPainter &painter, double ratio) const;
+    void drawLine(QPainter &painter, double ratio) const;
+    double deviceX(double frame, double ratio) const;
+
+    LB_AudioController *m_audio;
+    SongPeaks *m_peaks;
+    std::function<void(quint64)> m_seek;
+    WaveTiles m_tiles;
+    WaveScale m_scale;
+    std::optional<WaveScale> m_scaleBeforeLoop;
+    bool m_isFollowing = true;
+    SmoothPosition m_line;
+    QTimer m_motion;
+    quint64 m_paintCount = 0;
+
+    /// The button that is held down on the view.
+    struct Press {
+        loopHands::Drag drag;
+        QPointF point;
+        bool isDrag = false;           ///< moved far enough
+        std::optional<LoopRange> loop; ///< that the drag would make
+    };
+    std::optional<Press> m_press;
+};
+
+} // namespace lyrabox

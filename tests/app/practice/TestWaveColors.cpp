@@ -1,0 +1,58 @@
+#include "app/practice/WaveColors.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace lyrabox;
+
+namespace {
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+PeakColumn column(float low, float middle, float high)
+{
+    return {-0.5F, 0.5F, 0.2F, low, middle, high, true, true};
+}
+
+TEST(WaveColors, EveryWaveStandsOutFromItsBackground)
+{
+    using namespace waveColors;
+    for (const QColor &color : {low, middle, high, gray, loop})
+        EXPECT_GE(contrast(color, background), 3.0) << color.name().toStdString();
+    for (const QColor &color : {low, middle, high, loop})
+        EXPECT_GE(contrast(color, loopBackground), 3.0) << color.name().toStdString();
+}
+
+TEST(WaveColors, BrightnessAloneTellsTheBandsApart)
+{
+    const double bass = luminance(waveColors::hue(column(0.3F, 0.01F, 0.001F)));
+    const double voice = luminance(waveColors::hue(column(0.01F, 0.2F, 0.005F)));
+    const double cymbal = luminance(waveColors::hue(column(0.001F, 0.01F, 0.2F)));
+    EXPECT_LT(bass + 0.05, voice);
+    EXPECT_LT(voice + 0.05, cymbal);
+}
+
+TEST(WaveColors, AColumnWithoutBandsIsGray)
+{
+    PeakColumn unmeasured = column(0.3F, 0.2F, 0.1F);
+    unmeasured.hasBands = false;
+    EXPECT_EQ(waveColors::hue(unmeasured), waveColors::gray);
+    EXPECT_EQ(waveColors::hue(column(0.0F, 0.0F, 0.0F)), waveColors::gray);
+}
+
+} // namespace
