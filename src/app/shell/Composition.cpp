@@ -34,8 +34,9 @@ const QString mainWindowName = u"mainWindow"_s;
 const QString eqWindowName = u"eqWindow"_s;
 const QString trackTableName = u"trackTable"_s;
 
-/// Every room of the program, in the order in which it is wired.
-const Room *const rooms[] = {&transportRoom,  &songListRoom,  &sourceRoom,
+/// Every room of the program, in the order in which it is wired. The practice room is the first,
+/// because it brings the lists back before another room's command gives them the keyboard.
+const Room *const rooms[] = {&practiceRoom,   &transportRoom, &songListRoom, &sourceRoom,
                              &readySongsRoom, &equalizerRoom, &windowRoom};
 
 } // namespace

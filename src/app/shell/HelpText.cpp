@@ -1,5 +1,7 @@
 #include "app/shell/HelpText.h"
 
+#include "app/practice/PracticeCommands.h"
+
 #include <QCoreApplication>
 #include <QMessageBox>
 
@@ -11,9 +13,24 @@ struct HelpText {
 };
 } // namespace
 
+namespace {
+
+/// The keys of the practice pane, from the table that its menu is made of.
+QString practiceKeysText()
+{
+    QString text;
+    for (const PracticeCommandEntry &entry : practiceCommands()) {
+        if (!entry.keys.isEmpty())
+            text += QStringLiteral("\n%1: %2").arg(entry.keyText(), entry.name());
+    }
+    return text;
+}
+
+} // namespace
+
 QString keysHelpText()
 {
-    return HelpText::tr(
+    const QString keys = HelpText::tr(
         "Space: play or pause\n"
         "Left, Right: click to go back or to the next song, hold to move through the song\n"
         "Shift+Left, Shift+Right: 5 seconds back and forward\n"
@@ -28,6 +45,10 @@ QString keysHelpText()
         "Delete, Insert: remove a folder or preset, add a preset\n"
         "Tab and the arrow keys: every other control\n"
         "Ctrl+1, Ctrl+2: the main window, the equalizer");
+    return keys + QLatin1Char('\n') +
+           HelpText::tr("%1: the practice pane; while it is open:")
+               .arg(practicePaneKey.toString(QKeySequence::NativeText)) +
+           practiceKeysText();
 }
 
 QString aboutText()

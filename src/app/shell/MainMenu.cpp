@@ -1,5 +1,6 @@
 #include "app/shell/MainMenu.h"
 
+#include "app/practice/PracticeCommands.h"
 #include "library/TrackTableModel.h"
 
 #include <QAction>
@@ -15,6 +16,7 @@ MainMenu::MainMenu(QMainWindow *window) : QObject(window), m_window(window)
     addEditMenu();
     addViewMenu();
     addPlaybackMenu();
+    addPracticeMenu();
     addSongMenu();
     addWindowMenu();
     addHelpMenu();
@@ -46,6 +48,9 @@ void MainMenu::addViewMenu()
     addSortColumns(view);
     includeSubfolders = add(view, tr("&Include Subfolders"));
     includeSubfolders->setCheckable(true);
+    view->addSeparator();
+    practicePane = add(view, tr("&Practice Pane"), {practicePaneKey});
+    practicePane->setCheckable(true);
 }
 
 void MainMenu::addPlaybackMenu()
@@ -75,6 +80,21 @@ void MainMenu::addPlaybackMenu()
     for (QAction *step :
          {faster, slower, pitchUp, pitchDown, volumeUp, volumeDown, skipBack, skipForward})
         step->setAutoRepeat(true);
+}
+
+void MainMenu::addPracticeMenu()
+{
+    practiceMenu = addMenu(tr("Pract&ice"));
+    practiceMenu->menuAction()->setVisible(false);
+    for (const PracticeCommandEntry &entry : practiceCommands()) {
+        if (entry.beginsGroup)
+            practiceMenu->addSeparator();
+        QAction *action = add(practiceMenu, entry.text, entry.keys);
+        action->setData(static_cast<int>(entry.command));
+        action->setCheckable(entry.isCheckable);
+        action->setEnabled(false);
+        practiceActions.append(action);
+    }
 }
 
 void MainMenu::addSongMenu()

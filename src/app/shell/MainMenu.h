@@ -34,6 +34,7 @@ public:
     QList<QAction *> sortColumns;
     QAction *reverseOrder;
     QAction *includeSubfolders;
+    QAction *practicePane;
 
     QAction *playPause;
     QAction *next;
@@ -50,6 +51,12 @@ public:
     QAction *originalPitch;
     QAction *volumeUp;
     QAction *volumeDown;
+
+    /// Hidden while the practice pane is closed.
+    QMenu *practiceMenu;
+    /// One action per command of the practice pane, in the order of practiceCommands(). The
+    /// action's data is the PracticeCommand. They are disabled until the pane is shown.
+    QList<QAction *> practiceActions;
 
     QAction *saveSettings;
     QAction *removeSettings;
@@ -70,6 +77,7 @@ private:
     void addEditMenu();
     void addViewMenu();
     void addPlaybackMenu();
+    void addPracticeMenu();
     void addSongMenu();
     void addWindowMenu();
     void addHelpMenu();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/practice/PaneSite.h"
 #include "app/shell/InputAfterWait.h"
 #include "app/shell/LB_AppDelegate.h"
 #include "app/shell/MainMenu.h"
@@ -57,6 +58,7 @@ struct ProgramParts {
     SUUpdater updater;
     std::unique_ptr<engine::ReadySongs> readySongs; ///< null if it is turned off
     std::unique_ptr<SongsAhead> songsAhead;         ///< null if it is turned off
+    std::unique_ptr<PaneSite> practice;             ///< made together with `audio`
 
     /// Made together with `audio`.
     std::unique_ptr<InputAfterWait> inputAfterWait;
