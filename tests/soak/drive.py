@@ -706,7 +706,8 @@ class Soak:
         pid = self.child.pid
         with open(f"/proc/{pid}/statm", encoding="ascii") as file:
             resident = int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE") / 1e6
-        self.samples.append((self.starts, self.state["heap"] / 1e6, resident - (self.state["frames"] * 8 + self.state["ready"]) / 1e6,
+        songs = (self.state["frames"] * 8 + self.state["ready"]) / 1e6
+        self.samples.append((self.starts, self.state["heap"] / 1e6, resident - songs,
                              len(os.listdir(f"/proc/{pid}/fd")), len(os.listdir(f"/proc/{pid}/task"))))
 
     def check_memory(self):
