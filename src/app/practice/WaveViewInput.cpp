@@ -9,6 +9,7 @@
 #include <QNativeGestureEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace lyrabox {

@@ -21,6 +21,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace lyrabox;
 using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
