@@ -19,26 +19,30 @@ class Gate {
 public:
     Gate(FakeSong &song, QString path, std::uint64_t frame = 0)
     {
-        song.onAccess = [this, path = std::move(path), frame](const QString &accessed,
-                                                              std::uint64_t at) {
-            if (accessed != path || at < frame || m_othersPass)
+        song.onAccess = [state = m_state, path = std::move(path), frame](const QString &accessed,
+                                                                         std::uint64_t at) {
+            if (accessed != path || at < frame || state->othersPass)
                 return;
-            m_arrived.release();
-            m_open.acquire();
-            m_open.release();
+            state->arrived.release();
+            state->opened.acquire();
+            state->opened.release();
         };
     }
 
     /// Waits until the decoding has arrived.
-    void awaitArrival() { m_arrived.acquire(); }
-    void open() { m_open.release(); }
+    void awaitArrival() { m_state->arrived.acquire(); }
+    void open() { m_state->opened.release(); }
     /// Decodings that have not arrived yet are not stopped any more.
-    void letOthersPass() { m_othersPass = true; }
+    void letOthersPass() { m_state->othersPass = true; }
 
 private:
-    std::atomic<bool> m_othersPass{false};
-    std::counting_semaphore<> m_arrived{0};
-    std::counting_semaphore<> m_open{0};
+    /// Shared, because a thread that was abandoned at the gate may outlive the test's own object.
+    struct State {
+        std::counting_semaphore<> arrived{0};
+        std::counting_semaphore<> opened{0};
+        std::atomic<bool> othersPass{false};
+    };
+    std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
 /// The engine on a fake chain, with songs that are decoded in advance. Files exist, but what they
