@@ -325,6 +325,10 @@ Entf, Einfg: Ordner oder Voreinstellung entfernen, Voreinstellung hinzufügen
 Tabulator und Pfeiltasten: alle anderen Bedienelemente
 Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
+    <message>
+        <source>%1: the practice pane; while it is open:</source>
+        <translation>%1: der Übebereich; solange er offen ist:</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -994,12 +998,81 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>&amp;Own Order</source>
         <translation>&amp;Eigene Folge</translation>
     </message>
+    <message>
+        <source>&amp;Practice Pane</source>
+        <translation>Üb&amp;ebereich</translation>
+    </message>
+    <message>
+        <source>Pract&amp;ice</source>
+        <translation>Übe&amp;n</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
     <message>
         <source>A song is playing</source>
         <translation>Ein Titel wird abgespielt</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PaneDivider</name>
+    <message>
+        <source>Height of the practice pane</source>
+        <translation>Höhe des Übebereichs</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeCommands</name>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>Zoom to &amp;Loop</source>
+        <translation>Auf die &amp;Schleife zoomen</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Song</source>
+        <translation>Ganzer &amp;Titel</translation>
+    </message>
+    <message>
+        <source>&amp;Follow</source>
+        <translation>&amp;Folgen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticePane</name>
+    <message>
+        <source>Songs</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Practice</source>
+        <translation>Üben</translation>
+    </message>
+    <message>
+        <source>Shown part</source>
+        <translation>Angezeigter Teil</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Play a song to see its wave.</source>
+        <translation>Ein Titel zeigt seine Welle, sobald er spielt.</translation>
+    </message>
+    <message>
+        <source>Drag across the wave to make a loop.</source>
+        <translation>Für eine Schleife über die Welle ziehen.</translation>
+    </message>
+    <message>
+        <source>Loop %1 – %2 · %3 s</source>
+        <translation>Schleife %1 – %2 · %3 s</translation>
     </message>
 </context>
 <context>
@@ -1087,6 +1160,17 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Has settings</source>
         <translation>Hat Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WaveView</name>
+    <message>
+        <source>%1, loop from %2 to %3</source>
+        <translation>%1, Schleife von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>Wave</source>
+        <translation>Welle</translation>
     </message>
 </context>
 <context>

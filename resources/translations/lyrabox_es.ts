@@ -325,6 +325,10 @@ Supr, Insert: quitar una carpeta o un preajuste, añadir un preajuste
 Tabulador y flechas: todos los demás controles
 Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
+    <message>
+        <source>%1: the practice pane; while it is open:</source>
+        <translation>%1: el panel de práctica; mientras está abierto:</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -994,12 +998,81 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>&amp;Own Order</source>
         <translation>Orden &amp;propio</translation>
     </message>
+    <message>
+        <source>&amp;Practice Pane</source>
+        <translation>&amp;Panel de práctica</translation>
+    </message>
+    <message>
+        <source>Pract&amp;ice</source>
+        <translation>&amp;Práctica</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
     <message>
         <source>A song is playing</source>
         <translation>Se está reproduciendo una canción</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PaneDivider</name>
+    <message>
+        <source>Height of the practice pane</source>
+        <translation>Altura del panel de práctica</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeCommands</name>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>&amp;Ampliar</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>&amp;Reducir</translation>
+    </message>
+    <message>
+        <source>Zoom to &amp;Loop</source>
+        <translation>Ampliar el &amp;bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Song</source>
+        <translation>&amp;Canción entera</translation>
+    </message>
+    <message>
+        <source>&amp;Follow</source>
+        <translation>&amp;Seguir</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticePane</name>
+    <message>
+        <source>Songs</source>
+        <translation>Canciones</translation>
+    </message>
+    <message>
+        <source>Practice</source>
+        <translation>Práctica</translation>
+    </message>
+    <message>
+        <source>Shown part</source>
+        <translation>Parte mostrada</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>Play a song to see its wave.</source>
+        <translation>Reproduzca una canción para ver su onda.</translation>
+    </message>
+    <message>
+        <source>Drag across the wave to make a loop.</source>
+        <translation>Arrastre sobre la onda para crear un bucle.</translation>
+    </message>
+    <message>
+        <source>Loop %1 – %2 · %3 s</source>
+        <translation>Bucle %1 – %2 · %3 s</translation>
     </message>
 </context>
 <context>
@@ -1087,6 +1160,17 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Has settings</source>
         <translation>Tiene ajustes</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WaveView</name>
+    <message>
+        <source>%1, loop from %2 to %3</source>
+        <translation>%1, bucle de %2 a %3</translation>
+    </message>
+    <message>
+        <source>Wave</source>
+        <translation>Onda</translation>
     </message>
 </context>
 <context>

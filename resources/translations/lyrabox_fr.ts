@@ -326,6 +326,10 @@ Suppr, Inser : retirer un dossier ou un préréglage, ajouter un préréglage
 Tabulation et flèches : toutes les autres commandes
 Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
+    <message>
+        <source>%1: the practice pane; while it is open:</source>
+        <translation>%1 : le panneau de travail ; tant qu’il est ouvert :</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -995,12 +999,81 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>&amp;Own Order</source>
         <translation>&amp;Ordre propre</translation>
     </message>
+    <message>
+        <source>&amp;Practice Pane</source>
+        <translation>&amp;Panneau de travail</translation>
+    </message>
+    <message>
+        <source>Pract&amp;ice</source>
+        <translation>&amp;Travail</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
     <message>
         <source>A song is playing</source>
         <translation>Un morceau est en cours de lecture</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PaneDivider</name>
+    <message>
+        <source>Height of the practice pane</source>
+        <translation>Hauteur du panneau de travail</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeCommands</name>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>&amp;Agrandir</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>&amp;Réduire</translation>
+    </message>
+    <message>
+        <source>Zoom to &amp;Loop</source>
+        <translation>Zoomer sur la &amp;boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Song</source>
+        <translation>&amp;Morceau entier</translation>
+    </message>
+    <message>
+        <source>&amp;Follow</source>
+        <translation>&amp;Suivre</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticePane</name>
+    <message>
+        <source>Songs</source>
+        <translation>Morceaux</translation>
+    </message>
+    <message>
+        <source>Practice</source>
+        <translation>Travail</translation>
+    </message>
+    <message>
+        <source>Shown part</source>
+        <translation>Partie affichée</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Play a song to see its wave.</source>
+        <translation>Lisez un morceau pour voir son onde.</translation>
+    </message>
+    <message>
+        <source>Drag across the wave to make a loop.</source>
+        <translation>Faites glisser sur l’onde pour créer une boucle.</translation>
+    </message>
+    <message>
+        <source>Loop %1 – %2 · %3 s</source>
+        <translation>Boucle %1 – %2 · %3 s</translation>
     </message>
 </context>
 <context>
@@ -1088,6 +1161,17 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Has settings</source>
         <translation>A des réglages</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WaveView</name>
+    <message>
+        <source>%1, loop from %2 to %3</source>
+        <translation>%1, boucle de %2 à %3</translation>
+    </message>
+    <message>
+        <source>Wave</source>
+        <translation>Onde</translation>
     </message>
 </context>
 <context>

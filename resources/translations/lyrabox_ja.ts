@@ -324,6 +324,10 @@ Delete、Insert: フォルダやプリセットの削除、プリセットの追
 Tab と矢印キー: その他すべての操作
 Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
+    <message>
+        <source>%1: the practice pane; while it is open:</source>
+        <translation>%1: 練習パネル。開いている間:</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -986,12 +990,81 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>&amp;Own Order</source>
         <translation>元の順序(&amp;O)</translation>
     </message>
+    <message>
+        <source>&amp;Practice Pane</source>
+        <translation>練習パネル(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Pract&amp;ice</source>
+        <translation>練習(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
     <message>
         <source>A song is playing</source>
         <translation>曲を再生中です</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PaneDivider</name>
+    <message>
+        <source>Height of the practice pane</source>
+        <translation>練習パネルの高さ</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeCommands</name>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>拡大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>縮小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Zoom to &amp;Loop</source>
+        <translation>ループに合わせる(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Song</source>
+        <translation>曲全体(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Follow</source>
+        <translation>追従(&amp;F)</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticePane</name>
+    <message>
+        <source>Songs</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Practice</source>
+        <translation>練習</translation>
+    </message>
+    <message>
+        <source>Shown part</source>
+        <translation>表示する部分</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Play a song to see its wave.</source>
+        <translation>曲を再生すると波形が表示されます。</translation>
+    </message>
+    <message>
+        <source>Drag across the wave to make a loop.</source>
+        <translation>波形の上をドラッグするとループになります。</translation>
+    </message>
+    <message>
+        <source>Loop %1 – %2 · %3 s</source>
+        <translation>ループ %1 – %2 · %3 秒</translation>
     </message>
 </context>
 <context>
@@ -1079,6 +1152,17 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Has settings</source>
         <translation>設定あり</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WaveView</name>
+    <message>
+        <source>%1, loop from %2 to %3</source>
+        <translation>%1、ループ %2 から %3</translation>
+    </message>
+    <message>
+        <source>Wave</source>
+        <translation>波形</translation>
     </message>
 </context>
 <context>
