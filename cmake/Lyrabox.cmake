@@ -57,7 +57,7 @@ function(lyrabox_add_library name)
   target_link_libraries(lb_${name} PUBLIC ${ARG_DEPENDS} ${ARG_LIBRARIES}
     PRIVATE lyrabox_options ${ARG_PRIVATE_LIBRARIES})
   target_include_directories(lb_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-  if(LYRABOX_SANITIZER)
+  if(LYRABOX_SANITIZER AND (ARG_DEPENDS OR ARG_LIBRARIES)) # the headers need Qt, which comes with one of these
     target_precompile_headers(lb_${name} REUSE_FROM lb_source_headers)
   endif()
 endfunction()
