@@ -15,11 +15,13 @@ namespace {
 
 constexpr int lowNiceness = 10;
 
-/// On Linux every thread has its own nice value. If the program's is higher already, the call fails
-/// and the thread keeps it.
+/// On Linux every thread has its own nice value. If the program's is higher already, the thread
+/// keeps it: root could change it, but must not.
 void lowerPriorityOfThisThread()
 {
-    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), lowNiceness);
+    const auto thread = static_cast<id_t>(gettid());
+    if (getpriority(PRIO_PROCESS, thread) < lowNiceness)
+        setpriority(PRIO_PROCESS, thread, lowNiceness);
 }
 
 /// Removes the entry of `job` from a queue and returns it. The caller destroys it after unlocking
