@@ -4,6 +4,7 @@
 #include "practice/SongTime.h"
 
 #include <algorithm>
+#include <deque>
 #include <utility>
 
 namespace lyrabox {
@@ -84,6 +85,43 @@ private:
     PracticeEdits &m_undo;
 };
 
+/// What is changed by an edit.
+PracticeId changedBy(const PracticeEdit &edit)
+{
+    return std::visit(
+        [](const auto &made) {
+            if constexpr (requires { made.id; })
+                return made.id;
+            else if constexpr (requires { made.loop; })
+                return made.loop.id;
+            else
+                return made.marker.id;
+        },
+        edit);
+}
+
+/// The edits `first`, followed by those of `second`. Whatever `second` replaces is left out, so
+/// that a long run of small moves stays one edit.
+PracticeEdits joined(PracticeEdits first, const PracticeEdits &second)
+{
+    std::erase_if(first, [&second](const PracticeEdit &edit) {
+        const bool isPut =
+            std::holds_alternative<PutLoop>(edit) || std::holds_alternative<PutMarker>(edit);
+        return isPut && std::ranges::any_of(second, [&edit](const PracticeEdit &later) {
+                   return changedBy(later) == changedBy(edit);
+               });
+    });
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+PracticeEdits takeLast(std::deque<PracticeEdits> &steps)
+{
+    PracticeEdits last = std::move(steps.back());
+    steps.pop_back();
+    return last;
+}
+
 bool isNear(std::uint64_t a, std::uint64_t b)
 {
     constexpr std::uint64_t nearness = practiceRate / 50; // 20 ms
@@ -145,7 +183,7 @@ PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord 
     return edits;
 }
 
-bool PracticeHistory::apply(const PracticeEdits &edits)
+bool PracticeHistory::apply(const PracticeEdits &edits, PracticeStep step)
 {
     std::optional<PracticeEdits> undo = applyEdits(m_record, edits);
     if (!undo)
@@ -154,6 +192,8 @@ bool PracticeHistory::apply(const PracticeEdits &edits)
         return true;
     ++m_revision;
     m_redo.clear();
+    if (step == PracticeStep::JoinsLast && !m_undo.empty())
+        undo = joined(std::move(*undo), takeLast(m_undo));
     m_undo.emplace_back(std::move(*undo));
     if (m_undo.size() > steps)
         m_undo.pop_front();

@@ -39,6 +39,12 @@ using PracticeEdit = std::variant<PutLoop, RemoveLoop, PutMarker, RemoveMarker>;
 /// Edits that are made and undone as one step.
 using PracticeEdits = std::vector<PracticeEdit>;
 
+/// How edits become a step.
+enum class PracticeStep {
+    New,
+    JoinsLast, ///< they are undone together with the step before, as in a run of small moves
+};
+
 /// Makes all the edits in `record`, or none of them. Returns the edits that undo them, which are
 /// empty if nothing changed. None, with the record as it was, if an edit removes what is not there,
 /// if a loop would be empty or a place beyond lastSongPlace, or if the record would break a limit.
@@ -66,7 +72,7 @@ public:
 
     /// Makes a step. What was undone before can then not be redone any more. False if the edits are
     /// refused, see applyEdits(). A step that changes nothing is none.
-    bool apply(const PracticeEdits &edits);
+    bool apply(const PracticeEdits &edits, PracticeStep step = PracticeStep::New);
 
     bool canUndo() const { return !m_undo.empty(); }
     bool canRedo() const { return !m_redo.empty(); }

@@ -60,9 +60,12 @@ PracticeStore::~PracticeStore()
 
 void PracticeStore::openSong(const Song &song)
 {
+    const std::optional<files::FileStamp> stamp = stampOfSong(song.path);
+    if (m_song && m_song->path == song.path && stamp && stamp == m_songStamp)
+        return;
     forgetSong();
     m_song = song;
-    m_songStamp = stampOfSong(song.path);
+    m_songStamp = stamp;
     if (const auto known = m_songStamp ? m_index.fileOf(*m_songStamp) : std::nullopt)
         open(*known);
     if (const auto unwritten = m_unwritten.find(song.path);
@@ -187,12 +190,12 @@ bool PracticeStore::takeOver(const QString &fileName)
     return true;
 }
 
-bool PracticeStore::apply(const PracticeEdits &edits)
+bool PracticeStore::apply(const PracticeEdits &edits, PracticeStep step)
 {
     if (isReadOnly())
         return false;
     const std::uint64_t before = m_history.revision();
-    const bool isAccepted = m_history.apply(edits);
+    const bool isAccepted = m_history.apply(edits, step);
     noteEdit(m_history.revision() != before);
     return isAccepted;
 }

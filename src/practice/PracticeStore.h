@@ -59,6 +59,8 @@ public:
     /// Saves the song that was open, and opens another one. If its file is known, the record is
     /// there at once. Otherwise the record is empty, and recordChanged() follows when the song is
     /// recognised by its sound; edits made before are merged with the record that is found.
+    /// If the file of that song is open already and has not changed, nothing happens: the record
+    /// and its steps stay.
     void openSong(const Song &song);
 
     /// Saves, and leaves an empty record.
@@ -74,7 +76,7 @@ public:
 
     /// Makes one step of edits. False if they are refused, see applyEdits(), or if the record is
     /// read-only.
-    bool apply(const PracticeEdits &edits);
+    bool apply(const PracticeEdits &edits, PracticeStep step = PracticeStep::New);
     bool canUndo() const { return !isReadOnly() && m_history.canUndo(); }
     bool canRedo() const { return !isReadOnly() && m_history.canRedo(); }
     bool undo();

@@ -52,6 +52,42 @@ TEST(PracticeEdits, ReplaceALoopAndKeepTheOrderOfTheirPlaces)
     EXPECT_EQ(history.record().loops.back().colour, 3);
 }
 
+TEST(PracticeEdits, ARunOfSmallMovesIsOneStep)
+{
+    PracticeHistory history;
+    PracticeLoop loop = loopAt(1000);
+    ASSERT_TRUE(history.apply({PutLoop{loop}}));
+    for (int move = 0; move < 900; ++move) {
+        ++loop.from;
+        ASSERT_TRUE(history.apply({PutLoop{loop}},
+                                  move == 0 ? PracticeStep::New : PracticeStep::JoinsLast));
+    }
+    ASSERT_TRUE(history.undo());
+    EXPECT_EQ(history.record().loops.front().from, 1000U);
+    ASSERT_TRUE(history.redo());
+    EXPECT_EQ(history.record().loops.front().from, 1900U);
+    ASSERT_TRUE(history.undo());
+    ASSERT_TRUE(history.undo());
+    EXPECT_TRUE(history.record().loops.empty());
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST(PracticeEdits, AStepThatJoinsTheOneThatMadeTheLoopIsUndoneWithIt)
+{
+    PracticeHistory history;
+    PracticeLoop loop = loopAt(1000);
+    const PracticeMarker marker = markerAt(5);
+    ASSERT_TRUE(history.apply({PutLoop{loop}}, PracticeStep::JoinsLast)) << "there is none to join";
+    loop.from = 1001;
+    ASSERT_TRUE(history.apply({PutLoop{loop}, PutMarker{marker}}, PracticeStep::JoinsLast));
+    ASSERT_TRUE(history.undo());
+    EXPECT_TRUE(history.record().loops.empty());
+    EXPECT_TRUE(history.record().markers.empty());
+    ASSERT_TRUE(history.redo());
+    EXPECT_EQ(history.record().loops.front().from, 1001U);
+    EXPECT_EQ(history.record().markers.size(), 1U);
+}
+
 TEST(PracticeEdits, AreRefusedAsAWholeIfOneIsWrong)
 {
     PracticeHistory history;
