@@ -15,7 +15,7 @@ def layers(document):
     folders = [folder for folder, _ in rows]
 
     def full(name):
-        found = [f for f in folders if f == name or f.rsplit("/", 1)[-1] == name]
+        found = [name] if name in folders else [f for f in folders if f.rsplit("/", 1)[-1] == name]
         if len(found) != 1:
             raise ValueError(f"'{name}' in the table of layers is no folder, or several")
         return found[0]

@@ -3,6 +3,7 @@
 #include "app/practice/OverviewBar.h"
 #include "app/practice/PaneDivider.h"
 #include "app/practice/PaneLayout.h"
+#include "app/practice/PracticeFooter.h"
 #include "app/practice/TextButton.h"
 #include "app/practice/TimeRuler.h"
 #include "app/practice/WaveView.h"
@@ -36,14 +37,15 @@ SegmentedControl *makePaneSwitch(int selected, QWidget *parent)
     return control;
 }
 
-PracticePane::PracticePane(LB_AudioController *audio, std::function<void(quint64)> seek,
-                           QWidget *parent)
+PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
+                           std::function<void(quint64)> seek, QWidget *parent)
     : QWidget(parent),
       m_audio(audio),
+      m_practice(practice),
       m_divider(new PaneDivider(this)),
       m_switch(makePaneSwitch(paneSegment, this)),
       m_loopText(new QLabel(this)),
-      m_wave(new WaveView(audio, &m_peaks, std::move(seek), this)),
+      m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
       m_overview(new OverviewBar(m_wave, &m_peaks, this))
 {
     setObjectName(QStringLiteral("practicePane"));
@@ -64,6 +66,7 @@ PracticePane::PracticePane(LB_AudioController *audio, std::function<void(quint64
     waves->addWidget(m_overview);
     waves->addWidget(m_wave, 1);
     column->addLayout(waves, 1);
+    column->addWidget(new PracticeFooter(practice, this));
 
     connect(m_switch, &SegmentedControl::pressed, this, [this] {
         m_switch->setSelectedSegment(paneSegment);

@@ -15,6 +15,7 @@ namespace lyrabox {
 class OverviewBar;
 class PaneDivider;
 class SegmentedControl;
+class SongPractice;
 class TextButton;
 class WaveView;
 
@@ -24,9 +25,10 @@ class PracticePane : public QWidget {
     Q_OBJECT
 
 public:
-    /// `audio` must outlive the pane. `seek` seeks to a frame by the navigation bar's rule.
-    PracticePane(LB_AudioController *audio, std::function<void(quint64)> seek,
-                 QWidget *parent = nullptr);
+    /// `audio` and `practice` must outlive the pane. `seek` seeks to a frame by the navigation
+    /// bar's rule.
+    PracticePane(LB_AudioController *audio, SongPractice *practice,
+                 std::function<void(quint64)> seek, QWidget *parent = nullptr);
     ~PracticePane() override;
 
     /// Carries out a command of the menu.
@@ -40,6 +42,7 @@ public:
 
     PaneDivider *divider() const { return m_divider; }
     WaveView *wave() const { return m_wave; }
+    SongPractice *practice() const { return m_practice; }
     SongPeaks &peaks() { return m_peaks; }
 
     QSize sizeHint() const override { return {400, 320}; }
@@ -61,6 +64,7 @@ private:
     void showLoop();
 
     LB_AudioController *m_audio;
+    SongPractice *m_practice;
     SongPeaks m_peaks;
     PaneDivider *m_divider;
     SegmentedControl *m_switch;

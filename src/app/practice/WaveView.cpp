@@ -29,11 +29,17 @@ double now()
 
 } // namespace
 
-WaveView::WaveView(LB_AudioController *audio, SongPeaks *peaks, std::function<void(quint64)> seek,
-                   QWidget *parent)
-    : QWidget(parent), m_audio(audio), m_peaks(peaks), m_seek(std::move(seek)), m_tiles(*peaks)
+WaveView::WaveView(LB_AudioController *audio, SongPractice *practice, SongPeaks *peaks,
+                   std::function<void(quint64)> seek, QWidget *parent)
+    : QWidget(parent),
+      m_audio(audio),
+      m_practice(practice),
+      m_peaks(peaks),
+      m_seek(std::move(seek)),
+      m_tiles(*peaks)
 {
     installAccessibleWave();
+    setObjectName(QStringLiteral("practiceWave"));
     setAccessibleName(tr("Wave"));
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);

@@ -16,6 +16,8 @@ class LB_AudioController;
 
 namespace lyrabox {
 
+class SongPractice;
+
 /// The wave of the song around the place that is heard, with the loop. While the song plays, the
 /// line stays in its place and the wave moves; scrolling stops that until a seek or setFollowing().
 /// The mouse seeks, makes loops and moves their ends. Redraws 60 times a second while the song
@@ -27,9 +29,10 @@ public:
     /// The height of the strip above the wave, which holds the bracket of the loop, in points.
     static constexpr int laneHeight = 20;
 
-    /// `audio` and `peaks` must outlive the view. `seek` is called with the frame of a click.
-    WaveView(LB_AudioController *audio, SongPeaks *peaks, std::function<void(quint64)> seek,
-             QWidget *parent = nullptr);
+    /// `audio`, `practice` and `peaks` must outlive the view. `seek` is called with the frame of a
+    /// click.
+    WaveView(LB_AudioController *audio, SongPractice *practice, SongPeaks *peaks,
+             std::function<void(quint64)> seek, QWidget *parent = nullptr);
 
     LB_AudioController *audio() const { return m_audio; }
 
@@ -108,6 +111,7 @@ private:
     double deviceX(double frame, double ratio) const;
 
     LB_AudioController *m_audio;
+    SongPractice *m_practice;
     SongPeaks *m_peaks;
     std::function<void(quint64)> m_seek;
     WaveTiles m_tiles;

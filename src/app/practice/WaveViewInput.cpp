@@ -1,5 +1,6 @@
 // The mouse, the wheel and the keys of the wave.
 
+#include "app/practice/SongPractice.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
 
@@ -135,11 +136,8 @@ void WaveView::finishDrag()
 {
     const Press press = *m_press;
     m_press.reset();
-    if (press.loop) {
-        m_audio->setLoop(*press.loop);
-        m_audio->setCurrentFrame(
-            loopHands::playedFrom(press.drag.grip, *press.loop, m_peaks->samples().sampleRate));
-    }
+    if (press.loop)
+        m_practice->changeLoop(*press.loop, press.drag.grip);
     update();
 }
 

@@ -3,6 +3,7 @@
 #include "app/practice/PracticePane.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Room.h"
+#include "platform/audio/DecodingModule.h"
 
 #include <QAction>
 #include <QMenu>
@@ -46,7 +47,12 @@ void connectRoom(ProgramParts &parts)
         const auto seek = [&parts](quint64 frame) {
             parts.mainUi.navigationView->seekToFrame(frame);
         };
-        auto *pane = new PracticePane(parts.audio.get(), seek, parent);
+        parts.songPractice =
+            std::make_unique<SongPractice>(parts.audio.get(), seek, practiceFolder(),
+                                           [] { return decodingModule().makeSongReader(); });
+        SongPractice *practice = parts.songPractice.get();
+        practice->setOpen(true);
+        auto *pane = new PracticePane(parts.audio.get(), practice, seek, parent);
         QObject::connect(pane, &PracticePane::followingChanged, menu,
                          [menu](bool follows) { showFollowing(menu, follows); });
         return pane;
@@ -54,9 +60,10 @@ void connectRoom(ProgramParts &parts)
     parts.practice = std::make_unique<PaneSite>(ui.centralWidgetLayout, ui.splitView, makePane);
     PaneSite *site = parts.practice.get();
     QObject::connect(menu->practicePane, &QAction::triggered, site, &PaneSite::setOpen);
-    QObject::connect(site, &PaneSite::openChanged, menu, [menu](bool open) {
+    QObject::connect(site, &PaneSite::openChanged, menu, [&parts, menu](bool open) {
         menu->practicePane->setChecked(open);
         menu->practiceMenu->menuAction()->setVisible(open);
+        parts.songPractice->setOpen(open);
     });
     connectCommands(menu, site);
     for (QAction *action : {menu->songList, menu->sourceList, menu->find, menu->showCurrentSong})

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/practice/PaneSite.h"
+#include "app/practice/SongPractice.h"
 #include "app/shell/InputAfterWait.h"
 #include "app/shell/LB_AppDelegate.h"
 #include "app/shell/MainMenu.h"
@@ -58,6 +59,7 @@ struct ProgramParts {
     SUUpdater updater;
     std::unique_ptr<engine::ReadySongs> readySongs; ///< null if it is turned off
     std::unique_ptr<SongsAhead> songsAhead;         ///< null if it is turned off
+    std::unique_ptr<SongPractice> songPractice;     ///< null until the practice pane is first shown
     std::unique_ptr<PaneSite> practice;             ///< made together with `audio`
 
     /// Made together with `audio`.

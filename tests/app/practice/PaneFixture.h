@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/practice/PracticePane.h"
+#include "app/practice/SongPractice.h"
 #include "app/practice/WaveView.h"
 #include "support/TransportFixture.h"
 
@@ -31,10 +32,15 @@ struct PaneFixture {
             return static_cast<float>(0.7 * std::exp(-6.0 * beat) *
                                       std::sin(2.0 * std::numbers::pi * frequency * time));
         };
-        pane = std::make_unique<PracticePane>(transport.controller.get(), [this](quint64 frame) {
+        const auto seek = [this](quint64 frame) {
             seeks.append(frame);
             transport.controller->setCurrentFrame(frame);
-        });
+        };
+        // Without a folder the loops stay in memory.
+        practice = std::make_unique<SongPractice>(&audio(), seek, QString(),
+                                                  fakeSongReaderFactory(transport.song));
+        practice->setOpen(true);
+        pane = std::make_unique<PracticePane>(&audio(), practice.get(), seek);
         pane->resize(1000, 320);
     }
 
@@ -80,6 +86,7 @@ struct PaneFixture {
 
     TransportFixture transport;
     QList<quint64> seeks;
+    std::unique_ptr<SongPractice> practice;
     std::unique_ptr<PracticePane> pane;
 };
 

@@ -97,6 +97,24 @@ TEST_F(TheWave, AnEndOfTheLoopIsDraggedAndHeard)
     EXPECT_EQ(audio().currentFrame(), loop->end - rate * 3 / 2);
 }
 
+TEST_F(TheWave, DraggingTheEndOfAKeptLoopEditsItAndANewLoopDoesNot)
+{
+    const PracticeLoop kept{.from = 2 * rate, .to = 8 * rate};
+    ASSERT_TRUE(practice->store().apply({PutLoop{kept}}));
+    practice->play(kept.id);
+    const QPoint end = at(8.0 * rate);
+    drag(end, end + QPoint(50, 0), Qt::ShiftModifier);
+    const auto loop = audio().loop();
+    ASSERT_TRUE(loop.has_value());
+    EXPECT_GT(loop->end, 8 * rate);
+    EXPECT_EQ(practice->record().loop(kept.id)->to, loop->end);
+    EXPECT_EQ(practice->calledUp(), kept.id);
+    drag(at(9.0 * rate), at(10.0 * rate), Qt::ShiftModifier);
+    EXPECT_FALSE(practice->calledUp());
+    EXPECT_EQ(practice->record().loop(kept.id)->to, loop->end);
+    EXPECT_EQ(practice->record().loops.size(), 1U);
+}
+
 TEST_F(TheWave, ABracketCarriesTheWholeLoop)
 {
     audio().setLoop({2 * rate, 5 * rate});
