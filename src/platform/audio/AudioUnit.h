@@ -98,12 +98,30 @@ public:
     /// frame at the source's position minus this.
     virtual double latencyFrames() const noexcept { return 0.0; }
 
+    /// Callback thread, between two calls of render().
+    struct Account {
+        double held = 0.0; ///< as latencyFrames(); a reset counts when render() has carried it out
+        std::uint64_t resets = 0; ///< how often render() has dropped what the unit held
+    };
+    virtual Account account() const noexcept { return {}; }
+
     /// Begins the work that initialize() has deferred, on a thread of the unit's own.
     virtual void prepare() {}
 
     /// Blocks until the work that prepare() begins is done. Until then render() delivers silence.
     /// Call it before the output is started. It calls prepare() if that was not called.
     virtual void awaitReady() {}
+};
+
+class ClickSchedule;
+
+/// Mixes the clicks of a metronome into the sound of time/pitch. Until it is connected it delivers
+/// silence.
+class ClickUnit : public RenderingUnit {
+public:
+    /// Call it once, before the chain renders. The unit owns neither, and both must outlive it.
+    /// `schedule` is filled while `source` pulls its own source.
+    virtual Status connect(TimePitchUnit *source, ClickSchedule *schedule) = 0;
 };
 
 /// The output device. It pulls its source on a thread of its own, the audio callback thread.
@@ -170,11 +188,13 @@ public:
 struct AudioUnitFactory {
     std::function<std::unique_ptr<EqualizerUnit>()> equalizer;
     std::function<std::unique_ptr<TimePitchUnit>()> timePitch;
+    /// Empty: the chain has no metronome, and the output pulls time/pitch itself.
+    std::function<std::unique_ptr<ClickUnit>()> click = {};
     std::function<std::unique_ptr<OutputUnit>()> output;
     std::function<std::unique_ptr<DefaultOutputWatcher>()> defaultOutputWatcher;
 };
 
-/// The program's own stages: GraphicEqualizer, TimePitch, CubebOutput and its watcher.
+/// The program's own stages: GraphicEqualizer, TimePitch, ClickMixer, CubebOutput and its watcher.
 AudioUnitFactory platformAudioUnits();
 
 } // namespace lyrabox

@@ -84,6 +84,7 @@ void TimePitch::takeReset() noexcept
         return; // The reset stays pending until the control side has refreshed the spare engine.
     if (m_resetRequested.exchange(Reset::none, std::memory_order_acq_rel) == Reset::none)
         return;
+    ++m_resets;
     m_history.clear();
     m_passed = 0;
     m_progress = 0;

@@ -76,6 +76,10 @@ public:
     /// 0 at rate 1 and pitch 0, and while a reset is pending. Otherwise up to about 6,700 frames at
     /// normal pitch.
     double latencyFrames() const noexcept override;
+    Account account() const noexcept override
+    {
+        return {.held = m_latency.load(std::memory_order_relaxed), .resets = m_resets};
+    }
 
     /// Callback thread. The number of the stretcher's hops so far. They are nearly the whole cost
     /// of rendering.
@@ -133,6 +137,7 @@ private:
     std::uint32_t m_progress = 0;  ///< frames since the state began, or since the rate became 1
     std::uint32_t m_discarded = 0; ///< frames of the stretcher's lead-in
     std::uint32_t m_fadeInLeft = 0;
+    std::uint64_t m_resets = 0; ///< that were carried out
 
     bool m_sourceEndSeen = false; ///< the source sets it while it is pulled
     bool m_isPlayingOut = false;

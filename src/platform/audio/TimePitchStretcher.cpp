@@ -158,8 +158,22 @@ void TimePitchStretcher::restart(std::int64_t firstFrame) noexcept
     }
     m_resampler.reset();
     m_fed = firstFrame;
-    m_fedAtHop = firstFrame + m_window;
-    m_hopStart = 0;
+    m_noted = 0;
+    noteHop(firstFrame + m_window, 0); // the first hop, which is still to come
+}
+
+/// Notes a hop whose newest frame is `fed` - 1, and which delivers from frame `stretched` of the
+/// stretched signal on. A hop's window is centred half a window before its newest frame. The hop's
+/// output is centred half a window, in stretched frames, after the first frame that it delivers.
+void TimePitchStretcher::noteHop(std::int64_t fed, std::int64_t stretched) noexcept
+{
+    const double halfWindow = 0.5 * m_window;
+    const Hop hop{.stretched = static_cast<double>(stretched) + halfWindow + m_delay,
+                  .source = static_cast<double>(fed) - halfWindow + attackLead()};
+    if (m_noted > 0 && m_kept[(m_noted - 1) % keptHops].stretched == hop.stretched)
+        --m_noted; // nothing was delivered in between
+    m_kept[m_noted % keptHops] = hop;
+    ++m_noted;
 }
 
 double TimePitchStretcher::attackLead() const noexcept
@@ -203,8 +217,7 @@ void TimePitchStretcher::feed(const float *left, const float *right, std::uint32
     m_engine->process(input.data(), frames, false);
     m_fed += frames;
     if (m_engine->available() > 0) {
-        m_fedAtHop = m_fed;
-        m_hopStart = m_resampler.written();
+        noteHop(m_fed, m_resampler.written());
         ++m_hops;
         collect();
     }
@@ -237,12 +250,20 @@ std::uint32_t TimePitchStretcher::take(float *left, float *right, std::uint32_t 
 
 double TimePitchStretcher::position() const noexcept
 {
-    // A hop's window is centred half a window before its newest frame. The hop's output is centred
-    // half a window, in stretched frames, after the first frame that the hop delivers.
-    const double halfWindow = 0.5 * m_window;
-    const double sinceHop = m_resampler.position() - static_cast<double>(m_hopStart);
-    return static_cast<double>(m_fedAtHop) - halfWindow +
-           (sinceHop - halfWindow - m_delay) * m_speed / m_pitch.value() + attackLead();
+    if (m_noted == 0)
+        return 0.0;
+    const double at = m_resampler.position();
+    const std::uint64_t oldest = m_noted > keptHops ? m_noted - keptHops : 0;
+    std::uint64_t index = m_noted - 1;
+    while (index > oldest && m_kept[index % keptHops].stretched > at)
+        --index;
+    const Hop &hop = m_kept[index % keptHops];
+    double perFrame = m_speed / m_pitch.value();
+    if (index + 1 < m_noted && hop.stretched <= at) {
+        const Hop &next = m_kept[(index + 1) % keptHops];
+        perFrame = (next.source - hop.source) / (next.stretched - hop.stretched);
+    }
+    return hop.source + (at - hop.stretched) * perFrame;
 }
 
 } // namespace lyrabox
