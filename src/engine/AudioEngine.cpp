@@ -32,6 +32,33 @@ bool keepsHeldSound()
     return control().heldSoundIsKept && output && output->isPlayingOut();
 }
 
+bool isRunningLocked()
+{
+    if (control().waitsForDevice)
+        return control().runOnNextDevice;
+    return control().chain.output && control().chain.output->isRunning();
+}
+
+void seekLocked(std::uint64_t frame)
+{
+    placeAtFrame(frame);
+    resetChain(control().chain, keepsHeldSound() ? HeldSound::PlayOut : HeldSound::Drop);
+}
+
+/// The lead-in of a start. It comes before what is heard next, so what the stages hold is dropped
+/// and read again behind it.
+void requestLeadIn()
+{
+    ReadingPointExchange &exchange = reading();
+    const bool isWanted = exchange.atStart.frames > 0;
+    if (isWanted)
+        seekLocked(heardFrameLocked());
+    // One of an earlier start that no callback has taken must not come now.
+    if (isWanted || exchange.startIsRequested)
+        exchange.leadIn.request(exchange.atStart);
+    exchange.startIsRequested = isWanted;
+}
+
 void setSoundStatus(Status status)
 {
     if (std::exchange(control().soundStatus, status) != status && control().soundStatusHook)
@@ -205,6 +232,8 @@ void setOutputRunning(bool running)
 {
     Chain replaced; // released after the mutex
     const Lock lock(control().mutex);
+    if (running && !isRunningLocked())
+        requestLeadIn();
     runOutput(running);
     // Perhaps only the stream is lost, and the device is still there. If the server hangs, the
     // watcher asks for a rebuild itself.
@@ -215,9 +244,7 @@ void setOutputRunning(bool running)
 bool outputIsRunning()
 {
     const Lock lock(control().mutex);
-    if (control().waitsForDevice)
-        return control().runOnNextDevice;
-    return control().chain.output && control().chain.output->isRunning();
+    return isRunningLocked();
 }
 
 Status soundStatus()
@@ -237,8 +264,7 @@ void setSoundStatusHook(std::function<void()> hook)
 void seekToFrame(std::uint64_t frame)
 {
     const Lock lock(control().mutex);
-    placeAtFrame(frame);
-    resetChain(control().chain, keepsHeldSound() ? HeldSound::PlayOut : HeldSound::Drop);
+    seekLocked(frame);
 }
 
 void setHeldSoundIsKept(bool kept)

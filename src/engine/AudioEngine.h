@@ -162,8 +162,8 @@ void tearDownAudioSystem();
 std::uint64_t currentFrame();
 /// The frame of the song that is heard now: currentFrame() minus the frames that time/pitch and the
 /// output hold. It goes back over a loop's jump, and never exceeds totalFrames(). Main thread. It
-/// is accurate to one request of the device, about 10 ms. Right after a change of speed or pitch it
-/// may be off by up to 70 ms.
+/// is accurate to one request of the device, about 10 ms. Right after a change of speed it may be
+/// off by up to 35 ms, because the device still holds frames of the former speed.
 std::uint64_t heardFrame();
 std::uint64_t totalFrames();
 std::uint64_t loopStartFrame();

@@ -40,8 +40,20 @@ struct Control {
 
 AudioEngineState &state();
 
-/// The position at which the callback reads. heardFrame() starts from it.
+/// What the callback thread and the control side tell each other about reading the song.
 ReadingPointExchange &reading();
+
+/// Takes the newest reading point that the callback has published. The caller holds the mutex.
+const ReadingPoint &newestReadingPoint();
+
+/// The frames of the song that time/pitch and the output hold. The caller holds the mutex.
+std::uint64_t heldSongFrames();
+
+/// heardFrame() for a caller that holds the mutex.
+std::uint64_t heardFrameLocked();
+
+/// Switches off the clicks and lead-ins, which belong to the song. The output must be stopped.
+void dropClicksAndLeadIns();
 
 /// Sets the position and counts as a seek. Does not reset the stages.
 void placeAtFrame(std::uint64_t frame);

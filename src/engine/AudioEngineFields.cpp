@@ -18,25 +18,38 @@ std::uint64_t currentFrame()
     return state().currentFrame.load(std::memory_order_relaxed);
 }
 
-std::uint64_t heardFrame()
+const ReadingPoint &newestReadingPoint()
 {
-    const Lock lock(control().mutex);
     ReadingPointExchange &exchange = reading();
     if (const ReadingPoint *newest = exchange.published.takeNewest())
         exchange.lastSeen = *newest;
-    // The callback has read nothing since the last seek.
-    if (exchange.lastSeen.seekCount != exchange.seekCount.load(std::memory_order_relaxed))
-        return std::min(currentFrame(), totalFrames());
+    return exchange.lastSeen;
+}
 
-    double held = 0.0;
+std::uint64_t heldSongFrames()
+{
     const Chain &chain = control().chain;
-    if (chain.timePitch && chain.output) {
-        const float percent = chain.timePitch->parameter(parameter::rate) * 100.0F;
-        const double speed = speedRange.clamped(percent) / 100.0;
-        held = chain.timePitch->latencyFrames() + speed * chain.output->heldFrames();
-    }
-    const auto distance = static_cast<std::uint64_t>(std::max(0.0, std::round(held)));
-    return std::min(exchange.lastSeen.positionBefore(distance), totalFrames());
+    if (!chain.timePitch || !chain.output)
+        return 0;
+    const float percent = chain.timePitch->parameter(parameter::rate) * 100.0F;
+    const double speed = speedRange.clamped(percent) / 100.0;
+    const double held = chain.timePitch->latencyFrames() + speed * chain.output->heldFrames();
+    return static_cast<std::uint64_t>(std::max(0.0, std::round(held)));
+}
+
+std::uint64_t heardFrameLocked()
+{
+    const ReadingPoint &point = newestReadingPoint();
+    // The callback has read nothing since the last seek.
+    if (point.seekCount != reading().seekCount.load(std::memory_order_relaxed))
+        return std::min(currentFrame(), totalFrames());
+    return std::min(point.positionBefore(heldSongFrames()), totalFrames());
+}
+
+std::uint64_t heardFrame()
+{
+    const Lock lock(control().mutex);
+    return heardFrameLocked();
 }
 
 std::uint64_t totalFrames()

@@ -46,9 +46,18 @@ Status buildChain(Chain &chain)
         return status;
     if (const Status status = openUnit(factory.timePitch, chain.timePitch))
         return status;
+    if (factory.click) {
+        if (const Status status = openUnit(factory.click, chain.click))
+            return status;
+        if (const Status status = chain.click->connect(chain.timePitch.get(), &reading().clicks))
+            return status;
+    }
     if (const Status status = openOutput(chain.output))
         return status;
-    if (const Status status = chain.output->connect(chain.timePitch.get()))
+    RenderingUnit *last = chain.timePitch.get();
+    if (chain.click)
+        last = chain.click.get();
+    if (const Status status = chain.output->connect(last))
         return status;
     if (const Status status = chain.timePitch->connect(chain.equalizer.get()))
         return status;

@@ -17,6 +17,7 @@ namespace lyrabox::engine {
 struct Chain {
     std::unique_ptr<EqualizerUnit> equalizer;
     std::unique_ptr<TimePitchUnit> timePitch;
+    std::unique_ptr<ClickUnit> click; ///< null: the chain has no metronome
     std::unique_ptr<OutputUnit> output;
     AudioStreamBasicDescription format{};
 };

@@ -54,16 +54,72 @@ void endSong(AudioEngineState &engine, std::uint64_t start, std::uint64_t end) n
     engine.trackHasEnded.store(true, std::memory_order_release);
 }
 
+/// Copies the song from `position` into the buffers, behind their first `skipped` frames.
 void copySong(const AudioEngineState &engine, std::uint64_t position, std::uint64_t total,
-              AudioBufferList &ioData, std::uint32_t channels) noexcept
+              AudioBufferList &ioData, std::uint32_t channels, std::uint32_t skipped) noexcept
 {
     const std::uint32_t bytesPerFrame = std::max(engine.streamFormat.mBytesPerFrame, 1U);
     for (std::uint32_t i = 0; i < channels; ++i) {
         const AudioBuffer &buffer = ioData.mBuffers[i];
         const std::byte *channel = engine.channelBuffers[i].load(std::memory_order_acquire);
-        copyFrames(static_cast<std::byte *>(buffer.mData), buffer.mDataByteSize, channel, position,
-                   channel ? total : 0, bytesPerFrame);
+        const std::uint64_t before =
+            std::min<std::uint64_t>(buffer.mDataByteSize, std::uint64_t{skipped} * bytesPerFrame);
+        copyFrames(static_cast<std::byte *>(buffer.mData) + before, buffer.mDataByteSize - before,
+                   channel, position, channel ? total : 0, bytesPerFrame);
     }
+}
+
+/// Writes the next `frames` frames of the lead-in to the beginning of the buffers.
+void writeLeadIn(const AudioEngineState &engine, std::uint64_t total, AudioBufferList &ioData,
+                 std::uint32_t channels, std::uint32_t frames) noexcept
+{
+    for (std::uint32_t i = 0; i < channels; ++i) {
+        const AudioBuffer &buffer = ioData.mBuffers[i];
+        const std::byte *channel = engine.channelBuffers[i].load(std::memory_order_acquire);
+        const auto songFrame = [channel, total](std::uint64_t frame) {
+            float sample = 0.0F;
+            if (channel != nullptr && frame < total)
+                std::memcpy(&sample, channel + frame * sizeof sample, sizeof sample);
+            return sample;
+        };
+        const auto fitting = static_cast<std::uint32_t>(buffer.mDataByteSize / sizeof(float));
+        reading().leadIn.read(static_cast<float *>(buffer.mData), std::min(frames, fitting),
+                              songFrame);
+    }
+}
+
+/// The loop has its end at or before `start`, so the position jumps. Returns the new position.
+std::uint64_t jumpBack(const AudioEngineState &engine, std::uint64_t start,
+                       std::uint64_t loopEnd) noexcept
+{
+    ReadingPoint &point = reading().current;
+    const LastSlice &last = reading().lastSlice;
+    const std::uint64_t loopStart = engine.loopStartFrame.load(std::memory_order_relaxed);
+    // The end was reached by playing if the last slice began before it and led to here. A loop
+    // that was set or moved since, so that the position was outside, has not been played.
+    const bool wasPlayed = last.wasLooping && last.loopEnd == loopEnd && last.start < loopEnd;
+    if (wasPlayed && point.frame == start && loopStart < loopEnd) {
+        ++point.passes;
+        point.passedLoop = {.start = loopStart, .end = loopEnd};
+    }
+    // A loop whose end is not after its start never plays, so it would be silent for ever.
+    point.jump(start, loopStart,
+               loopStart < loopEnd ? reading().leadIn.beginAtWrap(start, loopStart) : 0);
+    return loopStart;
+}
+
+/// What the callback has to know of a seek, or of the first slice after a start.
+void takeSeekAndStart(std::uint64_t position, std::uint64_t seekCount) noexcept
+{
+    ReadingPointExchange &exchange = reading();
+    if (exchange.current.seekCount != seekCount) {
+        exchange.current.seek(position, seekCount);
+        exchange.lastSlice = {};
+        exchange.leadIn.cancel();
+        exchange.clicks.seek();
+    }
+    if (const std::uint32_t silent = exchange.leadIn.beginRequested(position))
+        exchange.current.jump(position, position, silent);
 }
 
 } // namespace
@@ -72,12 +128,11 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept
 {
     AudioEngineState &engine = state();
-    ReadingPoint &point = reading().current;
-    const std::uint64_t seekCount = reading().seekCount.load(std::memory_order_acquire);
+    ReadingPointExchange &exchange = reading();
+    const std::uint64_t seekCount = exchange.seekCount.load(std::memory_order_acquire);
     const std::uint64_t start = engine.currentFrame.load(std::memory_order_acquire);
     const std::uint64_t total = engine.totalFrames.load(std::memory_order_acquire);
-    if (point.seekCount != seekCount)
-        point = {.frame = start, .seekCount = seekCount};
+    takeSeekAndStart(start, seekCount);
 
     // The margin has 32 bits and the rest 64 bits on purpose. Both may wrap, past the song's end
     // and before its start. The song also ends two buffers early on purpose:
@@ -90,20 +145,31 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     }
 
     std::uint64_t position = start;
+    LeadInReader &leadIn = exchange.leadIn;
+    const bool loops = engine.isLooping.load(std::memory_order_acquire);
+    const std::uint64_t loopEnd = engine.loopEndFrame.load(std::memory_order_relaxed);
     // Tested once per callback, so the end is overshot by up to one slice: docs/kept-on-purpose.md.
-    if (engine.isLooping.load(std::memory_order_acquire) &&
-        position >= engine.loopEndFrame.load(std::memory_order_relaxed)) {
-        position = engine.loopStartFrame.load(std::memory_order_relaxed);
-        point.jump(start, position);
-    }
+    if (loops && position >= loopEnd && !leadIn.isActive())
+        position = jumpBack(engine, start, loopEnd);
+    exchange.lastSlice = {.wasLooping = loops, .start = position, .loopEnd = loopEnd};
+
     const std::uint32_t channels = std::min(ioData.mNumberBuffers, maximumChannels);
-    copySong(engine, position, total, ioData, channels);
+    const std::uint32_t silent = std::min(leadIn.framesLeft(), inNumberFrames);
+    if (silent > 0) {
+        writeLeadIn(engine, total, ioData, channels, silent);
+        exchange.clicks.readLeadIn(leadIn.current(), leadIn.done(), silent);
+        leadIn.advance(silent);
+    }
+    const std::uint32_t played = inNumberFrames - silent;
+    copySong(engine, position, total, ioData, channels, silent);
+    if (played > 0)
+        exchange.clicks.readSong(position, played,
+                                 loops && position < loopEnd ? loopEnd : ClickSchedule::noEnd);
     engine.channelIndex.store(channels, std::memory_order_relaxed);
 
-    if (moveOn(engine, start, position + inNumberFrames)) {
-        point.frame = position + inNumberFrames;
-        point.framesSinceJump += inNumberFrames;
-        reading().published.publish(point);
+    if (moveOn(engine, start, position + played)) {
+        exchange.current.advance(position + played, silent, played);
+        exchange.published.publish(exchange.current);
     }
     return status::noError;
 }

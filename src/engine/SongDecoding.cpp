@@ -100,6 +100,7 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock)
 
 void installSong(std::shared_ptr<DecodedSong> song)
 {
+    dropClicksAndLeadIns();
     // If a callback runs by mistake, it must find no song.
     state().totalFrames.store(0, std::memory_order_release);
     for (std::uint32_t i = 0; i < maximumChannels; ++i) {

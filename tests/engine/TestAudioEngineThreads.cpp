@@ -1,4 +1,6 @@
 #include "EngineFixture.h"
+#include "engine/ClicksAndLeadIns.h"
+#include "platform/audio/ClickTable.h"
 
 #include <atomic>
 #include <random>
@@ -7,7 +9,19 @@
 namespace lyrabox::test {
 namespace {
 
-class AudioEngineThreads : public EngineFixture {};
+class AudioEngineThreads : public EngineFixture {
+protected:
+    static void changeClicksAndLeadIns(std::mt19937 &random)
+    {
+        const std::array<SongBeat, 2> beats{SongBeat{.frame = random() % 30000},
+                                            SongBeat{.frame = 30000 + random() % 30000}};
+        engine::setClicks(random() % 4 == 0 ? nullptr : clickTable(beats, {.subdivision = 8}));
+        engine::setClickSound({.loudness = static_cast<float>(random() % 10) / 10.0F});
+        engine::setLeadInAtWrap({.frames = static_cast<std::uint32_t>(random() % 700),
+                                 .clickCount = static_cast<std::uint32_t>(random() % 3)});
+        engine::setLeadInAtStart({.frames = static_cast<std::uint32_t>(random() % 700)});
+    }
+};
 
 TEST_F(AudioEngineThreads, PullsSeeksLoopsLoadsAndDeviceChangesDoNotDisturbEachOther)
 {
@@ -35,8 +49,13 @@ TEST_F(AudioEngineThreads, PullsSeeksLoopsLoadsAndDeviceChangesDoNotDisturbEachO
     });
 
     std::mt19937 random(7);
+    std::uint64_t passes = 0;
     for (int i = 0; i < 600; ++i) {
-        switch (random() % 8) {
+        const engine::PassCount count = engine::passes();
+        EXPECT_GE(count.ended, passes);
+        EXPECT_LE(count.heard, count.ended);
+        passes = count.ended;
+        switch (random() % 9) {
         case 0:
             engine::setIsLooping(random() % 2 == 0);
             break;
@@ -61,6 +80,9 @@ TEST_F(AudioEngineThreads, PullsSeeksLoopsLoadsAndDeviceChangesDoNotDisturbEachO
                 EXPECT_EQ(loadSong(random() % 50000), 0);
                 engine::setOutputRunning(true);
             }
+            break;
+        case 6:
+            changeClicksAndLeadIns(random);
             break;
         default:
             engine::seekToFrame(random() % 60000);

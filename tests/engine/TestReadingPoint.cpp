@@ -50,5 +50,49 @@ TEST(ReadingPoint, AForwardJumpAndAnEmptyRoundAreTracedBackToTheirStart)
     EXPECT_EQ(point.positionBefore(10), 3990U);
 }
 
+TEST(ReadingPoint, StandsStillInTheSilenceAfterAJump)
+{
+    ReadingPoint point;
+    for (int i = 0; i < 3; ++i)
+        point.jump(1256, 1000, 500);
+    point.advance(1000, 200, 0); // in the silence
+    EXPECT_EQ(point.positionBefore(200), 1000U);
+    EXPECT_EQ(point.positionBefore(201), 1255U);
+    point.advance(1128, 300, 128);
+    EXPECT_EQ(point.positionBefore(100), 1028U);
+    EXPECT_EQ(point.positionBefore(128 + 500), 1000U);
+    EXPECT_EQ(point.positionBefore(128 + 500 + 1), 1255U);
+    EXPECT_EQ(point.positionBefore(128 + 500 + 256), 1000U);
+    EXPECT_EQ(point.positionBefore(128 + 500 + 256 + 500), 1000U);
+    EXPECT_EQ(point.positionBefore(128 + 500 + 256 + 501), 1255U);
+    EXPECT_EQ(point.positionBefore(128 + 3 * 500 + 2 * 256 + 10), 1246U);
+}
+
+TEST(ReadingPoint, CountsTheJumpsWithinADistance)
+{
+    ReadingPoint point;
+    EXPECT_EQ(point.jumpsWithin(1'000'000), 0U);
+    for (int i = 0; i < 3; ++i)
+        point.jump(1256, 1000, 500);
+    point.advance(1128, 500, 128);
+    EXPECT_EQ(point.jumpsWithin(628), 0U);
+    EXPECT_EQ(point.jumpsWithin(629), 1U);
+    EXPECT_EQ(point.jumpsWithin(628 + 756), 1U);
+    EXPECT_EQ(point.jumpsWithin(628 + 757), 2U);
+    EXPECT_EQ(point.jumpsWithin(1'000'000), 3U);
+}
+
+TEST(ReadingPoint, KeepsThePassesAtASeek)
+{
+    ReadingPoint point{.frame = 5, .jumps = 4, .passes = 7};
+    point.passedLoop = {.start = 1, .end = 2};
+    point.seek(500, 3);
+    EXPECT_EQ(point.frame, 500U);
+    EXPECT_EQ(point.seekCount, 3U);
+    EXPECT_EQ(point.jumps, 0U);
+    EXPECT_EQ(point.passes, 7U);
+    EXPECT_EQ(point.passedLoop.end, 2U);
+}
+
 } // namespace
 } // namespace lyrabox::engine

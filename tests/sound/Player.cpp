@@ -1,5 +1,7 @@
 #include "sound/Player.h"
 
+#include "platform/audio/ClickMixer.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -42,9 +44,9 @@ private:
     void *m_context = nullptr;
 };
 
-Player::Player(Song song, std::uint64_t frames)
+Player::Player(Song song, std::uint64_t frames, Metronome metronome)
 {
-    build();
+    build(metronome);
     auto fake = std::make_shared<FakeSong>();
     fake->frames = frames;
     fake->sample = std::move(song);
@@ -54,7 +56,7 @@ Player::Player(Song song, std::uint64_t frames)
 
 Player::Player(const QUrl &file)
 {
-    build();
+    build(Metronome::Part);
     EXPECT_EQ(engine::loadAudioFile(file), 0);
 }
 
@@ -65,7 +67,7 @@ Player::~Player()
     engine::setSongReaderFactory({});
 }
 
-void Player::build()
+void Player::build(Metronome metronome)
 {
     engine::tearDownAudioSystem();
     m_slices.reserve(slicesKept);
@@ -76,6 +78,8 @@ void Player::build()
         m_timePitch = unit.get();
         return unit;
     };
+    if (metronome == Metronome::Part)
+        factory.click = [] { return std::make_unique<ClickMixer>(); };
     factory.output = [this] {
         auto unit = std::make_unique<HandPulledOutput>();
         m_output = unit.get();

@@ -15,14 +15,17 @@
 
 namespace lyrabox::test {
 
-/// The program's whole chain without the device: engine, equalizer, time/pitch and the output's
-/// fades. There can be only one at a time.
+/// The program's whole chain without the device: engine, equalizer, time/pitch, metronome and the
+/// output's fades. There can be only one at a time.
 class Player {
 public:
     using Song = std::function<float(std::uint32_t channel, std::uint64_t frame)>;
 
+    /// Whether the chain has a metronome, as in the program.
+    enum class Metronome { Part, Missing };
+
     /// Loads a song of `frames` frames. The output is stopped.
-    Player(Song song, std::uint64_t frames);
+    Player(Song song, std::uint64_t frames, Metronome metronome = Metronome::Part);
     /// Loads a file.
     explicit Player(const QUrl &file);
     ~Player();
@@ -48,7 +51,7 @@ public:
 private:
     class TappedEqualizer;
 
-    void build();
+    void build(Metronome metronome);
     void noteSlice(std::uint64_t frame) noexcept;
 
     HandPulledOutput *m_output = nullptr;

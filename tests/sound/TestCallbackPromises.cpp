@@ -1,6 +1,8 @@
 // The audio callback thread does not allocate, lock or make system calls. The whole chain plays
 // while all settings change.
 
+#include "engine/ClicksAndLeadIns.h"
+#include "platform/audio/ClickTable.h"
 #include "sound/Player.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +11,9 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <memory>
 #include <random>
+#include <vector>
 
 #if defined(__linux__)
 #include <linux/seccomp.h>
@@ -153,11 +157,18 @@ class RandomListener {
 public:
     static constexpr std::uint64_t songFrames = 400'000;
 
-    explicit RandomListener(unsigned seed) : m_random(seed) {}
+    explicit RandomListener(unsigned seed) : m_random(seed)
+    {
+        std::vector<SongBeat> beats;
+        for (std::uint64_t frame = 0; frame < songFrames; frame += 3000)
+            beats.push_back(
+                {.frame = frame, .beat = static_cast<std::uint8_t>(1 + beats.size() % 4)});
+        m_clicks = clickTable(beats, {.subdivision = 2, .barsOn = 2, .barsOff = 1});
+    }
 
     void act()
     {
-        switch (upTo(9)) {
+        switch (upTo(10)) {
         case 0:
             engine::seekToFrame(upTo(songFrames));
             break;
@@ -186,6 +197,9 @@ public:
             engine::setOutputRunning(false);
             break;
         case 7:
+            changeClicks();
+            break;
+        case 8:
             engine::seekToFrame(songFrames - upTo(20'000)); // plays to the end
             engine::setIsLooping(false);
             break;
@@ -200,12 +214,23 @@ public:
     std::uint32_t callbackFrames() { return static_cast<std::uint32_t>(64 + upTo(960)); }
 
 private:
+    void changeClicks()
+    {
+        engine::setClicks(upTo(3) == 0 ? nullptr : m_clicks);
+        engine::setClickSound({.loudness = 0.1F, .timbre = static_cast<ClickTimbre>(upTo(2))});
+        LeadIn leadIn{.frames = static_cast<std::uint32_t>(upTo(5000)), .clickCount = 1};
+        leadIn.clicks[0] = {.frame = leadIn.frames / 2, .kind = ClickKind::Accent};
+        engine::setLeadInAtWrap(upTo(1) == 0 ? LeadIn{} : leadIn);
+        engine::setLeadInAtStart(upTo(1) == 0 ? LeadIn{} : leadIn);
+    }
+
     std::uint64_t upTo(std::uint64_t most)
     {
         return std::uniform_int_distribution<std::uint64_t>(0, most)(m_random);
     }
 
     std::mt19937 m_random;
+    std::shared_ptr<const ClickTable> m_clicks;
 };
 
 float song(std::uint32_t channel, std::uint64_t frame)

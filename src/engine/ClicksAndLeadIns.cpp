@@ -1,0 +1,68 @@
+#include "engine/ClicksAndLeadIns.h"
+
+#include "engine/AudioEngineControl.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace lyrabox::engine {
+
+namespace {
+
+using Lock = std::lock_guard<std::mutex>;
+
+} // namespace
+
+void setClicks(std::shared_ptr<const ClickTable> clicks)
+{
+    const Lock lock(control().mutex);
+    reading().clicks.setTable(std::move(clicks));
+}
+
+void setClickSound(const ClickSound &sound)
+{
+    ClickSound valid = sound;
+    valid.loudness = std::isnan(sound.loudness) ? 0.0F : std::clamp(sound.loudness, 0.0F, 1.0F);
+    const Lock lock(control().mutex);
+    reading().clicks.setSound(valid);
+}
+
+void setLeadInAtWrap(const LeadIn &leadIn)
+{
+    const Lock lock(control().mutex);
+    reading().leadIn.setAtWrap(leadIn);
+}
+
+void setLeadInAtStart(const LeadIn &leadIn)
+{
+    const Lock lock(control().mutex);
+    reading().atStart = leadIn;
+}
+
+PassCount passes()
+{
+    const Lock lock(control().mutex);
+    const ReadingPoint &point = newestReadingPoint();
+    ReadingPointExchange &exchange = reading();
+    std::uint64_t unheard = 0;
+    // Right after a seek nothing is held.
+    if (point.seekCount == exchange.seekCount.load(std::memory_order_relaxed))
+        unheard = std::min(point.passes, point.jumpsWithin(heldSongFrames()));
+    // A jump that was no pass may be among them. What was heard stays heard.
+    exchange.passesHeard = std::max(exchange.passesHeard, point.passes - unheard);
+    return {.ended = point.passes, .heard = exchange.passesHeard, .loop = point.passedLoop};
+}
+
+void dropClicksAndLeadIns()
+{
+    const Lock lock(control().mutex);
+    ReadingPointExchange &exchange = reading();
+    exchange.clicks.setTable(nullptr);
+    exchange.leadIn.setAtWrap({});
+    exchange.atStart = {};
+    if (std::exchange(exchange.startIsRequested, false))
+        exchange.leadIn.request({});
+}
+
+} // namespace lyrabox::engine
