@@ -13,6 +13,7 @@ namespace {
 constexpr double bandsPerOctave = 12.0;
 constexpr double lowestFrequency = 30.0;
 constexpr double highestFrequency = 16000.0;
+constexpr double lowFrequency = 200.0;
 
 /// The level of a band that counts as silence, compressed: -80 dB.
 constexpr float silentLevel = 0.01F;
@@ -35,6 +36,16 @@ std::vector<std::size_t> bandBegins(double sampleRate)
     return begins;
 }
 
+/// The number of bands that begin below lowFrequency, at least one.
+std::size_t lowBands(const std::vector<std::size_t> &begins, double sampleRate)
+{
+    const double end = lowFrequency * static_cast<double>(OnsetStrength::window) / sampleRate;
+    const auto first = std::find_if(begins.begin() + 1, begins.end() - 1, [end](std::size_t begin) {
+        return static_cast<double>(begin) >= end;
+    });
+    return static_cast<std::size_t>(first - begins.begin());
+}
+
 } // namespace
 
 OnsetStrength::OnsetStrength(const SongSamples &song)
@@ -43,7 +54,8 @@ OnsetStrength::OnsetStrength(const SongSamples &song)
       m_real(window),
       m_imaginary(window),
       m_bandBegins(bandBegins(song.sampleRate)),
-      m_strongest(m_bandBegins.size() - 1)
+      m_strongest(m_bandBegins.size() - 1),
+      m_lowBands(lowBands(m_bandBegins, song.sampleRate))
 {
     m_levels.fill(m_strongest);
     // Scaled so that a tone of full scale has the magnitude 1.0 in one channel.
@@ -76,9 +88,12 @@ float OnsetStrength::next()
         const float earlier = std::max({m_strongest[i == 0 ? 0 : i - 1], m_strongest[i],
                                         m_strongest[std::min(i + 1, bands - 1)]});
         grown += std::max(0.0F, levels[i] - earlier);
+        if (i + 1 == m_lowBands)
+            m_lowGrowth = grown / static_cast<float>(m_lowBands);
         whole += levels[i];
     }
     ++m_step;
+    m_growth = grown / static_cast<float>(bands);
     return grown / whole;
 }
 

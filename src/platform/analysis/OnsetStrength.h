@@ -33,6 +33,13 @@ public:
     /// The strength of the next step. Steps beyond the end of the song are silent.
     float next();
 
+    /// What was new in the step that next() has measured last, without regard to the rest: the mean
+    /// growth of the compressed magnitudes. A loud note counts more than a soft one.
+    float growth() const { return m_growth; }
+
+    /// The same of the sound below 200 Hz alone.
+    float lowGrowth() const { return m_lowGrowth; }
+
 private:
     /// Compressed magnitudes, one per band.
     using Levels = std::vector<float>;
@@ -57,8 +64,11 @@ private:
     std::vector<float> m_imaginary;
     std::vector<std::size_t> m_bandBegins; ///< in bins; the last one ends the last band
     std::array<Levels, longestLag + 1> m_levels;
-    Levels m_strongest; ///< of the steps that the next one is compared with
+    Levels m_strongest;     ///< of the steps that the next one is compared with
+    std::size_t m_lowBands; ///< the first so many bands are below 200 Hz
     std::int64_t m_step = 0;
+    float m_growth = 0.0F;
+    float m_lowGrowth = 0.0F;
 };
 
 } // namespace lyrabox

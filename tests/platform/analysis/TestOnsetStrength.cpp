@@ -113,3 +113,37 @@ TEST(OnsetStrength, OtherSampleRatesWork)
         EXPECT_NEAR(static_cast<double>(strongest - strengths.begin()), 100.0, 2.0) << rate;
     }
 }
+
+TEST(OnsetStrength, TheGrowthOfALoudSoundIsLargerThanThatOfASoftOne)
+{
+    const auto largest = [](double level) {
+        MadeSong song(frames);
+        song.addTone(20'000, 1000.0, level);
+        OnsetStrength onsets(song.samples());
+        float growth = 0.0F;
+        for (int step = 0; step < 150; ++step) {
+            onsets.next();
+            growth = std::max(growth, onsets.growth());
+        }
+        return growth;
+    };
+    EXPECT_NEAR(largest(0.4), 2.0F * largest(0.1), 0.1F * largest(0.4)); // compressed by the root
+}
+
+TEST(OnsetStrength, TheLowGrowthIsThatOfLowSoundsOnly)
+{
+    const auto largest = [](double frequency) {
+        MadeSong song(frames);
+        song.addTone(20'000, frequency, 0.4);
+        OnsetStrength onsets(song.samples());
+        float growth = 0.0F;
+        for (int step = 0; step < 76; ++step) // before the tone is there at its full level
+            onsets.next();
+        for (int step = 76; step < 150; ++step) {
+            onsets.next();
+            growth = std::max(growth, onsets.lowGrowth());
+        }
+        return growth;
+    };
+    EXPECT_GT(largest(80.0), 4.0F * largest(3000.0));
+}
