@@ -1,4 +1,5 @@
-"""peaks, attacks: what a wave is drawn from, and where notes begin, in four minutes of music in memory, on one core."""
+"""peaks, attacks, beats: what a wave is drawn from, where notes begin and where the beats are, in music in memory, on one
+core."""
 from .measuring import MEGABYTE, duration, first_core, interleaved, tell, work
 from .rows import Row
 
@@ -6,6 +7,8 @@ LONGEST_BUILD = 0.150  # seconds
 LONGEST_DRAWING = 0.0004
 LONGEST_SEARCH = 0.500
 LONGEST_TIDYING = 0.005
+LONGEST_FOLLOWING = 1.0
+LONGEST_CANCELLING = 0.010
 MOST_MEMORY = 1.0  # megabytes
 
 
@@ -31,3 +34,27 @@ def peaks():
 def attacks():
     return [limited("attacks, 4 minutes, one core", alone("attacks")["seconds"], LONGEST_SEARCH),
             limited("attacks, the nearest within 300 ms", alone("nearest")["seconds"], LONGEST_TIDYING)]
+
+
+def accuracy(name, ours, goal, met):
+    """A row whose goal is no time."""
+    return Row(name, ours, "", None, goal, met)
+
+
+def beats():
+    tell("beats")
+    cost = interleaved({"ours": lambda: work("beats", "ours", "cost", first_core())})["ours"]
+    cancel = work("beats", "ours", "cancel")
+    demo = work("beats", "ours", "demo")
+    made = work("beats", "ours", "pieces")
+    wrong = made["wrong"] / made["bars"]
+    return [limited("beats, 4 minutes, one core", cost["seconds"], LONGEST_FOLLOWING),
+            limited("beats, cancelled", cancel["seconds"], LONGEST_CANCELLING),
+            accuracy("beats of the demo songs, the worst F", f"{demo['f']:.3f}", "at least 0.97", demo["f"] >= 0.97),
+            accuracy("beats of 30 pieces after eight taps, F", f"{made['f']:.3f}", "at least 0.95", made["f"] >= 0.95),
+            accuracy("the worst F of four minutes", f"{made['leastLong']:.3f}", "at least 0.97",
+                     made["leastLong"] >= 0.97),
+            accuracy("the median error", f"{made['median']:.1f} ms", "at most 8 ms", made["median"] <= 8.0),
+            accuracy("beats within 20 ms", f"{made['within'] * 100:.1f} %", "at least 95 %", made["within"] >= 0.95),
+            accuracy("wrong bars among those not lost", f"{made['wrong']} of {made['bars']}", "at most one in 50",
+                     wrong <= 1 / 50)]
