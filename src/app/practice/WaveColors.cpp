@@ -1,5 +1,13 @@
 #include "app/practice/WaveColors.h"
 
+#include "practice/PracticeRecord.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
 namespace lyrabox::waveColors {
 
 namespace {
@@ -8,6 +16,37 @@ namespace {
 constexpr double middleWeight = 1.6;
 constexpr double highWeight = 4.0;
 constexpr double paleness = 0.62;
+constexpr double quietness = 0.72;
+
+struct NamedColor {
+    QColor color;
+    const char *name;
+};
+
+constexpr std::array<NamedColor, PracticeLimits::colours> loopColors{{
+    {loop, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Violet")},
+    {{0xA8, 0x45, 0x66}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Red")},
+    {{0x96, 0x5C, 0x3C}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Brown")},
+    {{0x77, 0x75, 0x2C}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Olive")},
+    {{0x3C, 0x83, 0x55}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Green")},
+    {{0x28, 0x7F, 0x85}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Teal")},
+    {{0x46, 0x70, 0xB0}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Blue")},
+    {{0x67, 0x73, 0x7D}, QT_TRANSLATE_NOOP("lyrabox::LoopColors", "Gray")},
+}};
+
+const NamedColor &loopEntry(int number)
+{
+    return loopColors[static_cast<std::size_t>(std::clamp(number, 1, PracticeLimits::colours) - 1)];
+}
+
+QColor mixedWithPaper(const QColor &color, double paper)
+{
+    const auto channel = [paper](int value, int white) {
+        return qRound(value + (white - value) * paper);
+    };
+    return {channel(color.red(), background.red()), channel(color.green(), background.green()),
+            channel(color.blue(), background.blue())};
+}
 
 int mixed(double a, double b, double c, int colorA, int colorB, int colorC)
 {
@@ -35,11 +74,22 @@ QColor hue(const PeakColumn &column)
 
 QColor pale(const QColor &inner)
 {
-    const auto channel = [](int value, int paper) {
-        return qRound(value + (paper - value) * paleness);
-    };
-    return {channel(inner.red(), background.red()), channel(inner.green(), background.green()),
-            channel(inner.blue(), background.blue())};
+    return mixedWithPaper(inner, paleness);
+}
+
+QColor loopColor(int number)
+{
+    return loopEntry(number).color;
+}
+
+QString loopColorName(int number)
+{
+    return QCoreApplication::translate("lyrabox::LoopColors", loopEntry(number).name);
+}
+
+QColor quiet(const QColor &color)
+{
+    return mixedWithPaper(color, quietness);
 }
 
 } // namespace lyrabox::waveColors

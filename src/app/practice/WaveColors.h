@@ -3,6 +3,7 @@
 #include "platform/analysis/PeakPyramid.h"
 
 #include <QColor>
+#include <QString>
 
 namespace lyrabox {
 
@@ -21,6 +22,16 @@ inline constexpr QColor background{0xFF, 0xFF, 0xFF};
 inline constexpr QColor loopBackground{0xE6, 0xF3, 0xFB};
 /// The ends of the loop and its bracket.
 inline constexpr QColor loop{0x8E, 0x6B, 0xBF};
+
+/// Flags of markers and their names.
+inline constexpr QColor marker{0xA0, 0x5C, 0x16};
+
+/// The colour of a kept loop; `number` is 1 to PracticeLimits::colours. The first one is `loop`.
+QColor loopColor(int number);
+/// Its translated name.
+QString loopColorName(int number);
+/// The ground of a loop that does not sound: dark text is readable on it.
+QColor quiet(const QColor &color);
 
 /// The one hue of a column, mixed from its three bands.
 QColor hue(const PeakColumn &column);

@@ -1,5 +1,10 @@
 #include "app/practice/WaveColors.h"
 
+#include "platform/ui/Theme.h"
+#include "practice/PracticeRecord.h"
+
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -54,6 +59,24 @@ TEST(WaveColors, AColumnWithoutBandsIsGray)
     unmeasured.hasBands = false;
     EXPECT_EQ(waveColors::hue(unmeasured), waveColors::gray);
     EXPECT_EQ(waveColors::hue(column(0.0F, 0.0F, 0.0F)), waveColors::gray);
+}
+
+TEST(WaveColors, LoopsStandOutAndTheirNamesAreReadable)
+{
+    using namespace waveColors;
+    QSet<QString> names;
+    for (int number = 1; number <= PracticeLimits::colours; ++number) {
+        const QColor color = loopColor(number);
+        EXPECT_GE(contrast(color, Theme::sidebar), 3.0) << number;
+        EXPECT_GE(contrast(background, color), 4.0) << number;
+        EXPECT_GE(contrast(Theme::text, quiet(color)), 4.5) << number;
+        names.insert(loopColorName(number));
+    }
+    EXPECT_EQ(names.size(), PracticeLimits::colours);
+    EXPECT_EQ(loopColor(1), loop);
+    EXPECT_EQ(loopColor(0), loopColor(1));
+    EXPECT_EQ(loopColor(99), loopColor(PracticeLimits::colours));
+    EXPECT_GE(contrast(marker, Theme::sidebar), 4.5);
 }
 
 } // namespace
