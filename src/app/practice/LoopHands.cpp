@@ -18,19 +18,6 @@ std::uint64_t insideSong(double frame, const SongSamples &song)
         std::clamp(std::round(frame), 0.0, static_cast<double>(song.frames())));
 }
 
-std::uint64_t placed(double frame, std::uint64_t snap, const SongSamples &song)
-{
-    const std::uint64_t place = insideSong(frame, song);
-    // In a view of hours, a few points are minutes, and a search would take seconds.
-    const auto longest = static_cast<std::uint64_t>(longestSnapSeconds * song.sampleRate);
-    const std::uint64_t reached = std::min(snap, longest);
-    if (reached == 0)
-        return place;
-    if (const auto attack = nearestAttack(song, place, reached, reached))
-        return attack->frame;
-    return nearestZeroCrossing(song, place, reached);
-}
-
 std::optional<LoopRange> newLoop(const Drag &drag, double to, std::uint64_t snap,
                                  std::uint64_t least, const SongSamples &song)
 {
@@ -59,6 +46,19 @@ Grip gripAt(QPointF point, double startX, double endX, double bracketBottom)
         return fromStart < fromEnd ? Grip::Start : Grip::End;
     const bool isBetween = point.x() > startX && point.x() < endX;
     return isBetween && point.y() < bracketBottom ? Grip::Whole : Grip::Nothing;
+}
+
+std::uint64_t placed(double frame, std::uint64_t snap, const SongSamples &song)
+{
+    const std::uint64_t place = insideSong(frame, song);
+    // In a view of hours, a few points are minutes, and a search would take seconds.
+    const auto longest = static_cast<std::uint64_t>(longestSnapSeconds * song.sampleRate);
+    const std::uint64_t reached = std::min(snap, longest);
+    if (reached == 0)
+        return place;
+    if (const auto attack = nearestAttack(song, place, reached, reached))
+        return attack->frame;
+    return nearestZeroCrossing(song, place, reached);
 }
 
 std::optional<LoopRange> dragged(const Drag &drag, double to, std::uint64_t snap,

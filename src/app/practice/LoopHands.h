@@ -40,11 +40,14 @@ struct Drag {
     LoopRange loop{0, 0}; ///< as it was at the beginning; no matter with Grip::Nothing
 };
 
-/// The loop of a drag that has come to the frame `to`, within the song. Ends move to the nearest
-/// attack within `snap` frames, or without one to the nearest zero crossing of both channels; 0 for
-/// neither. More than a second is never searched. A whole loop keeps its length, and its start
-/// moves there. Nothing if a new loop would be shorter than `leastSeconds`. Takes some
-/// milliseconds.
+/// Where something that is dragged to `frame` is placed, within the song: at the nearest attack
+/// within `snap` frames, or without one at the nearest zero crossing of both channels; 0 for
+/// neither. More than a second is never searched.
+std::uint64_t placed(double frame, std::uint64_t snap, const SongSamples &song);
+
+/// The loop of a drag that has come to the frame `to`, within the song. Its ends are placed as
+/// placed() says. A whole loop keeps its length, and its start is placed. Nothing if a new loop
+/// would be shorter than `leastSeconds`. Takes some milliseconds.
 std::optional<LoopRange> dragged(const Drag &drag, double to, std::uint64_t snap,
                                  const SongSamples &song);
 

@@ -187,7 +187,7 @@ void WaveView::moveLine(double before)
     const double x = m_scale.xOf(line());
     const bool isOutside = x < 0.0 || x > width();
     // A wave that moves under a drag would pull the loop along.
-    if (m_isFollowing && !m_press && (m_motion.isActive() || isOutside))
+    if (m_isFollowing && !m_press && !m_isHeld && (m_motion.isActive() || isOutside))
         setScale(area().following(m_scale, line()));
     updateAround(before);
     updateAround(line());
@@ -206,6 +206,12 @@ std::optional<LoopRange> WaveView::shownLoop() const
     if (m_press && m_press->isDrag)
         return m_press->loop;
     return m_audio->loop();
+}
+
+void WaveView::setLoopColor(const QColor &color)
+{
+    if (std::exchange(m_loopColor, color) != color)
+        update();
 }
 
 void WaveView::resizeEvent(QResizeEvent *event)

@@ -3,9 +3,11 @@
 #include "app/practice/LoopHands.h"
 #include "app/practice/SmoothPosition.h"
 #include "app/practice/SongPeaks.h"
+#include "app/practice/WaveColors.h"
 #include "app/practice/WaveScale.h"
 #include "app/practice/WaveTiles.h"
 
+#include <QColor>
 #include <QTimer>
 #include <QWidget>
 
@@ -58,6 +60,11 @@ public:
 
     /// The loop as it is drawn: while a drag lasts, the one that it will make.
     std::optional<LoopRange> shownLoop() const;
+
+    /// While it is held, the wave does not move under the mouse.
+    void setHeld(bool held) { m_isHeld = held; }
+    /// The colour of the loop's ends and of its bracket.
+    void setLoopColor(const QColor &color);
 
     /// Reads the position, and shows it if it has changed. The timer of the motion calls it.
     void showPosition();
@@ -118,6 +125,8 @@ private:
     WaveScale m_scale;
     std::optional<WaveScale> m_scaleBeforeLoop;
     bool m_isFollowing = true;
+    bool m_isHeld = false;
+    QColor m_loopColor = waveColors::loop;
     SmoothPosition m_line;
     QTimer m_motion;
     quint64 m_paintCount = 0;

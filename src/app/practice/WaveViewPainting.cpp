@@ -124,9 +124,9 @@ void WaveView::drawLoop(QPainter &painter, double ratio) const
     const double thickness = pixels(endWidth, ratio);
     const auto drawEnd = [&](double x) {
         painter.fillRect(QRectF(x - std::floor(thickness / 2.0), top, thickness, bottom - top),
-                         waveColors::loop);
+                         m_loopColor);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(waveColors::loop);
+        painter.setBrush(m_loopColor);
         painter.drawEllipse(QPointF(x, (top + bottom) / 2.0), knobRadius * ratio,
                             knobRadius * ratio);
     };
@@ -139,7 +139,7 @@ void WaveView::drawLoop(QPainter &painter, double ratio) const
     const double from = deviceX(static_cast<double>(loop->start), ratio);
     const double to = deviceX(static_cast<double>(loop->end), ratio);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(waveColors::loop);
+    painter.setBrush(m_loopColor);
     painter.drawRoundedRect(QRectF(from, std::round(bracketTop * ratio), std::max(1.0, to - from),
                                    std::round(bracketHeight * ratio)),
                             bracketRadius * ratio, bracketRadius * ratio);
