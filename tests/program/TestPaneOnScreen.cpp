@@ -13,7 +13,7 @@ protected:
     static constexpr QRect frame{20, 20, 1120, 820};
     static constexpr int seconds = 20;
     static constexpr double waveLeft = 14.0;
-    static constexpr double waveWidth = 1092.0;
+    static constexpr double waveWidth = 802.0;
 
     /// Plays a song of 20 steps.
     void startAndPlay()

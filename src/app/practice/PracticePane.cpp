@@ -1,9 +1,13 @@
 #include "app/practice/PracticePane.h"
 
+#include "app/practice/LoopList.h"
+#include "app/practice/LoopsPage.h"
 #include "app/practice/OverviewBar.h"
 #include "app/practice/PaneDivider.h"
 #include "app/practice/PaneLayout.h"
 #include "app/practice/PracticeFooter.h"
+#include "app/practice/PracticeLane.h"
+#include "app/practice/SongPractice.h"
 #include "app/practice/TextButton.h"
 #include "app/practice/TimeRuler.h"
 #include "app/practice/WaveView.h"
@@ -16,6 +20,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <cmath>
 #include <utility>
 
 namespace lyrabox {
@@ -25,6 +30,16 @@ constexpr int sideMargin = 14;
 constexpr QColor paneBackground = Theme::sidebar;
 constexpr int songsSegment = 0;
 constexpr int paneSegment = 1;
+
+/// The present speed and pitch, which a loop can keep.
+std::function<LoopList::Sound()> soundOf(const LB_AudioController *audio)
+{
+    return [audio] {
+        return LoopList::Sound{static_cast<int>(std::lround(audio->playbackSpeedPct())),
+                               static_cast<int>(std::lround(audio->playbackPitch()))};
+    };
+}
+
 } // namespace
 
 SegmentedControl *makePaneSwitch(int selected, QWidget *parent)
@@ -46,7 +61,9 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
       m_switch(makePaneSwitch(paneSegment, this)),
       m_loopText(new QLabel(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
-      m_overview(new OverviewBar(m_wave, &m_peaks, this))
+      m_lane(new PracticeLane(m_wave, &m_peaks, &practice->store())),
+      m_overview(new OverviewBar(m_wave, &m_peaks, this)),
+      m_loops(new LoopsPage(practice, soundOf(audio), this))
 {
     setObjectName(QStringLiteral("practicePane"));
     setAccessibleName(tr("Practice"));
@@ -60,12 +77,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
     column->setSpacing(0);
     column->addWidget(m_divider);
     column->addWidget(makeHeader());
-    auto *waves = new QVBoxLayout;
-    waves->setContentsMargins(sideMargin, 4, sideMargin, Theme::grid);
-    waves->setSpacing(4);
-    waves->addWidget(m_overview);
-    waves->addWidget(m_wave, 1);
-    column->addLayout(waves, 1);
+    column->addLayout(makeMiddle(), 1);
     column->addWidget(new PracticeFooter(practice, this));
 
     connect(m_switch, &SegmentedControl::pressed, this, [this] {
@@ -77,15 +89,45 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
     connect(&m_peaks, &SongPeaks::songChanged, this, &PracticePane::showLoop);
     NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
                                                     [this] { takeSong(); });
+    connectLoops(practice);
     setSwitchShown(false);
     showLoop();
 }
 
 PracticePane::~PracticePane()
 {
-    // They use the peaks, which are destroyed before the children of a widget.
+    // They use the peaks, which are destroyed before the children of a widget. The lane is a child
+    // of the wave.
     delete m_overview;
     delete m_wave;
+}
+
+QLayout *PracticePane::makeMiddle()
+{
+    auto *waves = new QVBoxLayout;
+    waves->setSpacing(4);
+    waves->addWidget(m_overview);
+    waves->addWidget(m_wave, 1);
+    auto *middle = new QHBoxLayout;
+    middle->setContentsMargins(sideMargin, 4, sideMargin, Theme::grid);
+    middle->setSpacing(sideMargin);
+    middle->addLayout(waves, 1);
+    middle->addWidget(m_loops);
+    return middle;
+}
+
+void PracticePane::connectLoops(SongPractice *practice)
+{
+    connect(m_lane, &PracticeLane::playRequested, practice,
+            [practice](PracticeId id) { practice->play(id); });
+    connect(m_lane, &PracticeLane::seekRequested, practice,
+            [practice](PracticeId id) { practice->seekTo(id); });
+    const auto showCalledUp = [this, practice] { m_lane->setCalledUp(practice->calledUp()); };
+    connect(practice, &SongPractice::calledUpChanged, m_lane, showCalledUp);
+    showCalledUp();
+    const auto showSong = [this] { m_loops->setSongFrames(m_peaks.frames()); };
+    connect(&m_peaks, &SongPeaks::songChanged, m_loops, showSong);
+    showSong();
 }
 
 QWidget *PracticePane::makeHeader()

@@ -12,15 +12,18 @@ class LB_AudioController;
 
 namespace lyrabox {
 
+class LoopsPage;
 class OverviewBar;
 class PaneDivider;
+class PracticeLane;
 class SegmentedControl;
 class SongPractice;
 class TextButton;
 class WaveView;
 
-/// The practice pane: the wave of the playing song with its loop, and the controls of the wave.
-/// While it is hidden it does nothing, and it keeps no song but the player's. Main thread.
+/// The practice pane: the wave of the playing song with its loops and markers, the list of them,
+/// and the controls of the wave. While it is hidden it does nothing, and it keeps no song but the
+/// player's. Main thread.
 class PracticePane : public QWidget {
     Q_OBJECT
 
@@ -42,6 +45,8 @@ public:
 
     PaneDivider *divider() const { return m_divider; }
     WaveView *wave() const { return m_wave; }
+    PracticeLane *lane() const { return m_lane; }
+    LoopsPage *loops() const { return m_loops; }
     SongPractice *practice() const { return m_practice; }
     SongPeaks &peaks() { return m_peaks; }
 
@@ -59,6 +64,8 @@ protected:
 
 private:
     QWidget *makeHeader();
+    QLayout *makeMiddle();
+    void connectLoops(SongPractice *practice);
     TextButton *addButton(const QString &text, PracticeCommand command);
     void takeSong();
     void showLoop();
@@ -70,7 +77,9 @@ private:
     SegmentedControl *m_switch;
     QLabel *m_loopText;
     WaveView *m_wave;
+    PracticeLane *m_lane;
     OverviewBar *m_overview;
+    LoopsPage *m_loops;
 };
 
 /// The switch between the songs and the pane, for windows that have room for only one of them.
