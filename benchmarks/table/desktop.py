@@ -49,8 +49,8 @@ def resident_megabytes(pid):
 class Desktop:
     """A virtual display, a session bus and a sound server without a device; use it in a with statement."""
 
-    def __init__(self, window_manager=True):
-        self.window_manager = window_manager
+    def __init__(self, window_manager=True, screen="1280x860"):
+        self.window_manager, self.screen = window_manager, screen
 
     def __enter__(self):
         self.children = []
@@ -88,8 +88,8 @@ class Desktop:
     def start_display(self):
         """Whether the display was started. Another one may have taken its number."""
         reading, writing = os.pipe()
-        display = self.start(["Xvfb", "-screen", "0", "1280x860x24", "-nolisten", "tcp", "-displayfd", str(writing)],
-                             pass_fds=[writing])
+        display = self.start(["Xvfb", "-screen", "0", f"{self.screen}x24", "-nolisten", "tcp", "-displayfd",
+                              str(writing)], pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as pipe:
             number = pipe.readline().strip()  # with its line feed; otherwise the server gets SIGPIPE

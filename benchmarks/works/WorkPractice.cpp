@@ -1,12 +1,13 @@
 // Finds the loops and markers of a song. The argument says how: "open" opens a song that did not
-// move since its 500 loops and 2,000 markers were kept; anything else is the path of a song, which
-// is hashed.
+// move since its 500 loops and 2,000 markers were kept. "keep:FOLDER:SONG" only keeps that many for
+// a song, in a practice folder. Anything else is the path of a song, which is hashed.
 
 #include "Work.h"
 
 #include "platform/decoding/AudioFileReader.h"
 #include "practice/PracticeStore.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -62,6 +63,14 @@ void measureOpening()
     work::report(cost, static_cast<double>(entries));
 }
 
+void keep(const QStringList &places)
+{
+    if (places.size() != 3 || !QDir().mkpath(places[1]))
+        work::fail("usage: keep:FOLDER:SONG");
+    keepFullRecord(places[1], places[2]);
+    work::report({}, static_cast<double>(PracticeLimits::loops + PracticeLimits::markers));
+}
+
 void measureHashing(const QString &song)
 {
     std::optional<QByteArray> hash;
@@ -78,6 +87,8 @@ int main(int argc, char **argv)
     work::startApplication();
     if (arguments.argument == "open")
         measureOpening();
+    else if (arguments.argument.starts_with("keep:"))
+        keep(QString::fromStdString(arguments.argument).split(u':'));
     else
         measureHashing(QString::fromStdString(arguments.argument));
     return EXIT_SUCCESS;
