@@ -38,6 +38,9 @@ public:
     /// Shows the pane, if it is open. In a low window it takes the place of the lists.
     void showPane() { showInstead(true); }
 
+    /// Whether the pane is visible: open, and not replaced by the lists of a low window.
+    bool isShown() const { return m_isShown; }
+
     /// Null until it is first shown.
     PracticePane *pane() const { return m_pane; }
 

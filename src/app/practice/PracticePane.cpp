@@ -1,5 +1,6 @@
 #include "app/practice/PracticePane.h"
 
+#include "app/practice/LoopCommands.h"
 #include "app/practice/LoopList.h"
 #include "app/practice/LoopsPage.h"
 #include "app/practice/OverviewBar.h"
@@ -57,6 +58,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
     : QWidget(parent),
       m_audio(audio),
       m_practice(practice),
+      m_loopCommands(new LoopCommands(audio, practice, &m_peaks, this)),
       m_divider(new PaneDivider(this)),
       m_switch(makePaneSwitch(paneSegment, this)),
       m_loopText(new QLabel(this)),
@@ -85,6 +87,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
         Q_EMIT songsWanted();
     });
     connect(m_wave, &WaveView::followingChanged, this, &PracticePane::followingChanged);
+    connect(m_loopCommands, &LoopCommands::changed, this, &PracticePane::commandsChanged);
     connect(audio, &LB_AudioController::loopChanged, this, &PracticePane::showLoop);
     connect(&m_peaks, &SongPeaks::songChanged, this, &PracticePane::showLoop);
     NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
@@ -165,7 +168,7 @@ TextButton *PracticePane::addButton(const QString &text, PracticeCommand command
     return button;
 }
 
-void PracticePane::perform(PracticeCommand command)
+void PracticePane::perform(PracticeCommand command, int argument)
 {
     switch (command) {
     case PracticeCommand::ZoomIn:
@@ -183,6 +186,22 @@ void PracticePane::perform(PracticeCommand command)
     case PracticeCommand::Follow:
         m_wave->setFollowing(!m_wave->isFollowing());
         break;
+    default:
+        m_loopCommands->perform(command, argument);
+    }
+}
+
+bool PracticePane::canPerform(PracticeCommand command, int argument) const
+{
+    switch (command) {
+    case PracticeCommand::ZoomIn:
+    case PracticeCommand::ZoomOut:
+    case PracticeCommand::ZoomToLoop:
+    case PracticeCommand::WholeSong:
+    case PracticeCommand::Follow:
+        return true;
+    default:
+        return m_loopCommands->canPerform(command, argument);
     }
 }
 

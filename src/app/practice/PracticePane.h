@@ -12,6 +12,7 @@ class LB_AudioController;
 
 namespace lyrabox {
 
+class LoopCommands;
 class LoopsPage;
 class OverviewBar;
 class PaneDivider;
@@ -35,7 +36,9 @@ public:
     ~PracticePane() override;
 
     /// Carries out a command of the menu.
-    void perform(PracticeCommand command);
+    void perform(PracticeCommand command, int argument = 0);
+    /// Whether a command would do something now.
+    bool canPerform(PracticeCommand command, int argument = 0) const;
 
     /// Whether the switch between the songs and the pane is shown.
     void setSwitchShown(bool shown);
@@ -56,6 +59,8 @@ Q_SIGNALS:
     /// The user chose the songs with the switch.
     void songsWanted();
     void followingChanged(bool follows);
+    /// canPerform() of some command may have changed.
+    void commandsChanged();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -73,6 +78,7 @@ private:
     LB_AudioController *m_audio;
     SongPractice *m_practice;
     SongPeaks m_peaks;
+    LoopCommands *m_loopCommands;
     PaneDivider *m_divider;
     SegmentedControl *m_switch;
     QLabel *m_loopText;

@@ -19,10 +19,8 @@ namespace {
 QString practiceKeysText()
 {
     QString text;
-    for (const PracticeCommandEntry &entry : practiceCommands()) {
-        if (!entry.keys.isEmpty())
-            text += QStringLiteral("\n%1: %2").arg(entry.keyText(), entry.name());
-    }
+    for (const PracticeKeyLine &line : practiceKeyLines())
+        text += QStringLiteral("\n%1: %2").arg(line.keys, line.what);
     return text;
 }
 

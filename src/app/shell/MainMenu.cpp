@@ -1,6 +1,5 @@
 #include "app/shell/MainMenu.h"
 
-#include "app/practice/PracticeCommands.h"
 #include "library/TrackTableModel.h"
 
 #include <QAction>
@@ -86,14 +85,41 @@ void MainMenu::addPracticeMenu()
 {
     practiceMenu = addMenu(tr("Pract&ice"));
     practiceMenu->menuAction()->setVisible(false);
-    for (const PracticeCommandEntry &entry : practiceCommands()) {
+    QMenu *submenu = nullptr;
+    for (const PracticeCommandEntry &entry : practiceEntries) {
         if (entry.beginsGroup)
             practiceMenu->addSeparator();
-        QAction *action = add(practiceMenu, entry.text, entry.keys);
-        action->setData(static_cast<int>(entry.command));
+        if (entry.submenu.isEmpty())
+            submenu = nullptr;
+        else if (submenu == nullptr || submenu->title() != entry.submenu)
+            submenu = addSubmenu(practiceMenu, entry.submenu);
+        QAction *action = add(submenu != nullptr ? submenu : practiceMenu, entry.text, entry.keys);
         action->setCheckable(entry.isCheckable);
+        action->setAutoRepeat(entry.repeats);
         action->setEnabled(false);
+        if (entry.reach == PracticeCommandEntry::Reach::Pane)
+            action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         practiceActions.append(action);
+    }
+    for (const QMenu *menu : practiceMenu->findChildren<QMenu *>())
+        menu->menuAction()->setEnabled(false);
+}
+
+void MainMenu::setPracticeKeysWork(bool work)
+{
+    for (auto [title, text] : m_titles.asKeyValueRange())
+        title->setText(text);
+    m_titles.clear();
+    if (!work)
+        return;
+    QList<QKeySequence> taken;
+    for (const PracticeCommandEntry &entry : practiceEntries)
+        taken += entry.keys;
+    for (QAction *title : m_window->menuBar()->actions()) {
+        if (!taken.contains(QKeySequence::mnemonic(title->text())))
+            continue;
+        m_titles.insert(title, title->text());
+        title->setText(QString(title->text()).remove(u'&'));
     }
 }
 
@@ -140,9 +166,7 @@ QMenu *MainMenu::addMenu(const QString &title)
 
 void MainMenu::addSortColumns(QMenu *view)
 {
-    const QString title = tr("&Sort By");
-    QMenu *menu = view->addMenu(title);
-    menu->setAccessibleName(QString(title).remove(u'&'));
+    QMenu *menu = addSubmenu(view, tr("&Sort By"));
     sortOwnOrder = add(menu, tr("&Own Order"));
     sortOwnOrder->setCheckable(true);
     menu->addSeparator();
@@ -160,6 +184,13 @@ void MainMenu::addSortColumns(QMenu *view)
     addColumn(TrackTableModel::HasSettings, tr("&Kept Speed and Pitch"));
     menu->addSeparator();
     reverseOrder = add(menu, tr("&Reverse Order"));
+}
+
+QMenu *MainMenu::addSubmenu(QMenu *menu, const QString &title)
+{
+    QMenu *submenu = menu->addMenu(title);
+    submenu->setAccessibleName(QString(title).remove(u'&'));
+    return submenu;
 }
 
 QAction *MainMenu::add(QMenu *menu, const QString &text, const QList<QKeySequence> &shortcuts)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/practice/PracticeCommands.h"
+
+#include <QHash>
 #include <QList>
 #include <QObject>
 
@@ -54,9 +57,14 @@ public:
 
     /// Hidden while the practice pane is closed.
     QMenu *practiceMenu;
-    /// One action per command of the practice pane, in the order of practiceCommands(). The
-    /// action's data is the PracticeCommand. They are disabled until the pane is shown.
+    /// practiceCommands(), and an action for each of them, partly in submenus. They are disabled
+    /// until the pane is shown.
+    const QList<PracticeCommandEntry> practiceEntries = practiceCommands();
     QList<QAction *> practiceActions;
+
+    /// While the keys of the practice pane work, the titles of the menu bar give up the mnemonics
+    /// that are such keys: Alt with a letter.
+    void setPracticeKeysWork(bool work);
 
     QAction *saveSettings;
     QAction *removeSettings;
@@ -82,10 +90,12 @@ private:
     void addWindowMenu();
     void addHelpMenu();
     QMenu *addMenu(const QString &title);
+    static QMenu *addSubmenu(QMenu *menu, const QString &title);
     void addSortColumns(QMenu *view);
     QAction *add(QMenu *menu, const QString &text, const QList<QKeySequence> &shortcuts = {});
 
     QMainWindow *m_window;
+    QHash<QAction *, QString> m_titles; ///< with the mnemonics that were given up
 };
 
 } // namespace lyrabox

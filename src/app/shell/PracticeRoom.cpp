@@ -1,5 +1,6 @@
 // The practice pane: its place in the window, its menu and its keys.
 
+#include "app/practice/PracticeKeys.h"
 #include "app/practice/PracticePane.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Room.h"
@@ -8,56 +9,90 @@
 #include <QAction>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace lyrabox {
 
 namespace {
 
 void build(ProgramParts &) {}
 
-/// The commands and their keys work while the pane is visible.
-void connectCommands(const MainMenu *menu, PaneSite *site)
+QAction *actionOf(const MainMenu *menu, PracticeCommand command, int argument = 0)
 {
-    for (QAction *action : menu->practiceActions) {
-        QObject::connect(action, &QAction::triggered, site, [site, action] {
-            if (site->pane() != nullptr)
-                site->pane()->perform(static_cast<PracticeCommand>(action->data().toInt()));
-        });
-        if (action->data().toInt() == static_cast<int>(PracticeCommand::Follow))
-            action->setChecked(true);
+    const auto entry = std::ranges::find_if(menu->practiceEntries, [&](const auto &other) {
+        return other.command == command && other.argument == argument;
+    });
+    return menu->practiceActions.at(entry - menu->practiceEntries.begin());
+}
+
+/// Enables the commands that would do something now. None does while the pane is not visible.
+void updateCommands(const MainMenu *menu, const PaneSite *site)
+{
+    for (qsizetype index = 0; index < menu->practiceActions.size(); ++index) {
+        const PracticeCommandEntry &entry = menu->practiceEntries.at(index);
+        menu->practiceActions.at(index)->setEnabled(
+            site->isShown() && site->pane()->canPerform(entry.command, entry.argument));
     }
-    QObject::connect(site, &PaneSite::shownChanged, menu, [menu](bool shown) {
-        for (QAction *action : menu->practiceActions)
-            action->setEnabled(shown);
+    for (const QMenu *submenu : menu->practiceMenu->findChildren<QMenu *>()) {
+        const QList<QAction *> actions = submenu->actions();
+        submenu->menuAction()->setEnabled(std::ranges::any_of(actions, &QAction::isEnabled));
+    }
+}
+
+/// The commands and their keys work while the pane is visible.
+void connectCommands(const ProgramParts &parts)
+{
+    MainMenu *menu = parts.menu;
+    PaneSite *site = parts.practice.get();
+    for (qsizetype index = 0; index < menu->practiceActions.size(); ++index) {
+        const PracticeCommandEntry &entry = menu->practiceEntries.at(index);
+        const auto perform = [site, command = entry.command, argument = entry.argument] {
+            if (site->pane() != nullptr)
+                site->pane()->perform(command, argument);
+        };
+        QObject::connect(menu->practiceActions.at(index), &QAction::triggered, site, perform);
+    }
+    actionOf(menu, PracticeCommand::Follow)->setChecked(true);
+    auto *keys = new PracticeKeys(
+        [menu](int number) { actionOf(menu, PracticeCommand::PlayLoop, number)->trigger(); }, menu);
+    keys->addWindow(&parts.mainWindow);
+    keys->addWindow(&parts.eqWindow);
+    QObject::connect(site, &PaneSite::shownChanged, menu, [menu, site, keys](bool shown) {
+        updateCommands(menu, site);
+        menu->setPracticeKeysWork(shown);
+        keys->setActive(shown);
     });
 }
 
-void showFollowing(const MainMenu *menu, bool follows)
+PracticePane *makePane(ProgramParts &parts, QWidget *parent)
 {
-    for (QAction *action : menu->practiceActions) {
-        if (action->data().toInt() == static_cast<int>(PracticeCommand::Follow))
-            action->setChecked(follows);
+    const auto seek = [&parts](quint64 frame) { parts.mainUi.navigationView->seekToFrame(frame); };
+    parts.songPractice =
+        std::make_unique<SongPractice>(parts.audio.get(), seek, practiceFolder(),
+                                       [] { return decodingModule().makeSongReader(); });
+    SongPractice *practice = parts.songPractice.get();
+    practice->setOpen(true);
+    auto *pane = new PracticePane(parts.audio.get(), practice, seek, parent);
+    MainMenu *menu = parts.menu;
+    const PaneSite *site = parts.practice.get();
+    QObject::connect(pane, &PracticePane::commandsChanged, menu,
+                     [menu, site] { updateCommands(menu, site); });
+    QAction *follow = actionOf(menu, PracticeCommand::Follow);
+    QObject::connect(pane, &PracticePane::followingChanged, follow, &QAction::setChecked);
+    for (qsizetype index = 0; index < menu->practiceActions.size(); ++index) {
+        if (menu->practiceEntries.at(index).reach == PracticeCommandEntry::Reach::Pane)
+            pane->addAction(menu->practiceActions.at(index));
     }
+    return pane;
 }
 
 void connectRoom(ProgramParts &parts)
 {
     Ui::MainWindow &ui = parts.mainUi;
     MainMenu *menu = parts.menu;
-    const auto makePane = [&parts, menu](QWidget *parent) {
-        const auto seek = [&parts](quint64 frame) {
-            parts.mainUi.navigationView->seekToFrame(frame);
-        };
-        parts.songPractice =
-            std::make_unique<SongPractice>(parts.audio.get(), seek, practiceFolder(),
-                                           [] { return decodingModule().makeSongReader(); });
-        SongPractice *practice = parts.songPractice.get();
-        practice->setOpen(true);
-        auto *pane = new PracticePane(parts.audio.get(), practice, seek, parent);
-        QObject::connect(pane, &PracticePane::followingChanged, menu,
-                         [menu](bool follows) { showFollowing(menu, follows); });
-        return pane;
-    };
-    parts.practice = std::make_unique<PaneSite>(ui.centralWidgetLayout, ui.splitView, makePane);
+    parts.practice =
+        std::make_unique<PaneSite>(ui.centralWidgetLayout, ui.splitView,
+                                   [&parts](QWidget *parent) { return makePane(parts, parent); });
     PaneSite *site = parts.practice.get();
     QObject::connect(menu->practicePane, &QAction::triggered, site, &PaneSite::setOpen);
     QObject::connect(site, &PaneSite::openChanged, menu, [&parts, menu](bool open) {
@@ -65,7 +100,7 @@ void connectRoom(ProgramParts &parts)
         menu->practiceMenu->menuAction()->setVisible(open);
         parts.songPractice->setOpen(open);
     });
-    connectCommands(menu, site);
+    connectCommands(parts);
     for (QAction *action : {menu->songList, menu->sourceList, menu->find, menu->showCurrentSong})
         QObject::connect(action, &QAction::triggered, site, &PaneSite::showLists);
     site->restore();

@@ -1,25 +1,14 @@
-// Tests of the practice pane's place in the main window, and of its menu and its keys.
+// Tests of the practice pane's place in the main window, and of its menu.
 
-#include "WholeProgram.h"
+#include "PracticeRoomFixture.h"
 #include "app/practice/PaneDivider.h"
-#include "app/practice/PracticePane.h"
-#include "app/practice/WaveView.h"
 #include "app/shell/HelpText.h"
+#include "app/shell/MainMenu.h"
 #include "navigation/LB_NavigationView.h"
-#include "platform/foundation/UserDefaults.h"
-#include "platform/ui/SegmentedControl.h"
-#include "platform/ui/SplitView.h"
-#include "support/SampleAudio.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QFile>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <algorithm>
 
@@ -28,82 +17,6 @@ using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-class PracticeRoom : public testing::Test {
-protected:
-    PracticeRoom()
-    {
-        forget();
-        launch();
-    }
-    ~PracticeRoom() override
-    {
-        program.reset();
-        forget();
-    }
-
-    static void forget()
-    {
-        for (const QString &key : {u"practicePane"_s, u"practicePaneHeight"_s,
-                                   u"mainWindowGeometry"_s, u"mainWindowSize"_s})
-            userDefaults().remove(key);
-    }
-
-    void launch()
-    {
-        program.reset();
-        program = std::make_unique<WholeProgram>();
-        program->composition->launch();
-        window = WholeProgram::window(u"MainWindow"_s);
-        lists = window->findChild<SplitView *>(u"splitView"_s);
-    }
-
-    void endAndLaunch()
-    {
-        program->composition->terminate();
-        launch();
-    }
-
-    QAction *command(const QString &text) const
-    {
-        for (QAction *action : window->findChildren<QAction *>()) {
-            if (QString(action->text()).remove(u'&') == text)
-                return action;
-        }
-        ADD_FAILURE() << "no command " << text.toStdString();
-        return nullptr;
-    }
-
-    void open() { command(u"Practice Pane"_s)->trigger(); }
-    void resize(int height)
-    {
-        window->resize(1120, height);
-        QCoreApplication::processEvents();
-    }
-    PracticePane *pane() const { return window->findChild<PracticePane *>(); }
-    QMenu *menu() const
-    {
-        for (QAction *action : window->menuBar()->actions()) {
-            if (action->text().remove(u'&') == u"Practice"_s)
-                return action->menu();
-        }
-        return nullptr;
-    }
-    bool menuIsShown() const { return menu()->menuAction()->isVisible(); }
-    /// The visible switch between songs and pane; null if there is none.
-    SegmentedControl *paneSwitch() const
-    {
-        for (auto *control : window->findChildren<SegmentedControl *>()) {
-            if (control->accessibleName() == u"Shown part"_s && control->isVisible())
-                return control;
-        }
-        return nullptr;
-    }
-
-    std::unique_ptr<WholeProgram> program;
-    QMainWindow *window = nullptr;
-    SplitView *lists = nullptr;
-};
 
 TEST_F(PracticeRoom, ThePaneIsClosedAtFirstAndLeavesNoTrace)
 {
@@ -264,22 +177,13 @@ TEST_F(PracticeRoom, CommandsOfTheListsBringThemBack)
 
 TEST_F(PracticeRoom, AClickSeeksByTheRuleOfTheNavigationBarAndAClosedPaneKeepsNoSong)
 {
-    program->song->frames = 20 * 44100;
-    open();
-    resize(860);
-    QTemporaryDir disk;
-    const QString path = disk.filePath(u"a.flac"_s);
-    ASSERT_TRUE(makeSampleAt(path, {.extension = u"flac"_s, .seconds = 0.1}));
-    program->composition->open({QUrl::fromLocalFile(path)});
-    QSignalSpy changed(&pane()->peaks(), &SongPeaks::songChanged);
-    ASSERT_TRUE(pane()->peaks().frames() > 0 || changed.wait());
-    LB_AudioController *audio = pane()->wave()->audio();
+    openWithSong();
     // A place before the start of the loop counts as that start.
-    audio->setLoop({10 * 44100, 15 * 44100});
+    audio()->setLoop({10 * 44100, 15 * 44100});
     WaveView *wave = pane()->wave();
     wave->showWholeSong();
     QTest::mouseClick(wave, Qt::LeftButton, {}, {wave->width() / 4, 100});
-    EXPECT_EQ(audio->currentFrame(), 10U * 44100U);
+    EXPECT_EQ(audio()->currentFrame(), 10U * 44100U);
     open();
     EXPECT_EQ(pane()->peaks().song(), nullptr);
 }
@@ -297,16 +201,56 @@ TEST_F(PracticeRoom, FollowIsCheckedWhileTheWaveFollows)
 
 TEST_F(PracticeRoom, MenuHelpAndGuideNameTheSameKeys)
 {
+    const auto *all = window->findChild<MainMenu *>();
+    const QList<PracticeCommandEntry> entries = practiceCommands();
+    ASSERT_EQ(all->practiceActions.size(), entries.size());
+    for (qsizetype index = 0; index < entries.size(); ++index) {
+        EXPECT_EQ(all->practiceActions.at(index)->shortcuts(), entries.at(index).keys);
+        EXPECT_EQ(all->practiceActions.at(index)->text(), entries.at(index).text);
+    }
     QFile file(QStringLiteral(LYRABOX_SOURCE_DIR "/docs/guide.md"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QString guide = QString::fromUtf8(file.readAll());
-    for (const PracticeCommandEntry &entry : practiceCommands()) {
-        EXPECT_EQ(command(entry.name())->shortcuts(), entry.keys);
-        EXPECT_TRUE(keysHelpText().contains(entry.keyText() + u": "_s + entry.name()))
-            << entry.name().toStdString();
-        EXPECT_TRUE(guide.contains(u"| "_s + entry.keyText() + u" |"_s))
-            << entry.keyText().toStdString();
+    const QString help = keysHelpText();
+    for (const PracticeKeyLine &line : practiceKeyLines()) {
+        EXPECT_TRUE(help.contains(line.keys + u": "_s + line.what)) << line.what.toStdString();
+        EXPECT_TRUE(guide.contains(u"| "_s + line.keys + u" |"_s)) << line.keys.toStdString();
     }
+}
+
+TEST_F(PracticeRoom, TheMenuHasEveryCommandAndEnablesWhatApplies)
+{
+    openWithSong();
+    const auto *all = window->findChild<MainMenu *>();
+    for (const QAction *action : all->practiceActions) {
+        const auto *holder = qobject_cast<QMenu *>(action->parent());
+        EXPECT_TRUE(holder == menu() || (holder && holder->parent() == menu()))
+            << action->text().toStdString();
+    }
+    const auto submenu = [&](const QString &title) {
+        for (const QMenu *found : menu()->findChildren<QMenu *>()) {
+            if (found->title().remove(u'&') == title)
+                return found->menuAction();
+        }
+        ADD_FAILURE() << title.toStdString();
+        return menu()->menuAction();
+    };
+    EXPECT_FALSE(command(u"Keep Loop"_s)->isEnabled());
+    EXPECT_TRUE(command(u"Add Marker"_s)->isEnabled());
+    EXPECT_FALSE(submenu(u"Move Start"_s)->isEnabled());
+    audio()->setLoop({44100, 88200});
+    EXPECT_TRUE(command(u"Keep Loop"_s)->isEnabled());
+    EXPECT_TRUE(submenu(u"Move Start"_s)->isEnabled());
+    EXPECT_FALSE(command(u"Loop 1"_s)->isEnabled());
+    command(u"Keep Loop"_s)->trigger();
+    EXPECT_FALSE(command(u"Keep Loop"_s)->isEnabled());
+    EXPECT_TRUE(submenu(u"Play"_s)->isEnabled());
+    EXPECT_TRUE(command(u"Loop 1"_s)->isEnabled());
+    EXPECT_FALSE(command(u"Loop 2"_s)->isEnabled());
+    EXPECT_TRUE(command(u"Undo"_s)->isEnabled());
+    open(); // closes it
+    for (const QAction *action : all->practiceActions)
+        EXPECT_FALSE(action->isEnabled()) << action->text().toStdString();
 }
 
 } // namespace
