@@ -1,6 +1,8 @@
 #include "soak/Invariants.h"
 
 #include "app/controls/LB_Slider.h"
+#include "app/practice/PracticePane.h"
+#include "app/practice/SongPractice.h"
 #include "engine/AudioEngine.h"
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
@@ -221,6 +223,48 @@ void checkList(Findings &findings, const LB_AudioController &audio)
                          u"the settings mark of the loaded song is wrong"_s);
 }
 
+void checkRecord(Findings &findings, const PracticeRecord &record)
+{
+    std::set<PracticeId> ids;
+    for (const PracticeLoop &loop : record.loops) {
+        findings.require(ids.insert(loop.id).second, u"a loop is there twice"_s);
+        findings.require(loop.from < loop.to, u"the loop %1 has no length"_s.arg(loop.name));
+    }
+    for (const PracticeMarker &marker : record.markers)
+        findings.require(ids.insert(marker.id).second, u"a marker is there twice"_s);
+    findings.require(std::ranges::is_sorted(record.loops, {}, &PracticeLoop::from),
+                     u"the loops are not in order"_s);
+    findings.require(std::ranges::is_sorted(record.markers, {}, &PracticeMarker::at),
+                     u"the markers are not in order"_s);
+    findings.require(record.loops.size() <= PracticeLimits::loops &&
+                         record.markers.size() <= PracticeLimits::markers,
+                     u"there are too many loops or markers"_s);
+}
+
+void checkPractice(Findings &findings, const LB_AudioController &audio)
+{
+    const auto *pane = widget<PracticePane>(u"practicePane"_s);
+    if (pane == nullptr)
+        return;
+    const SongPractice &practice = *pane->practice();
+    const PracticeRecord &record = practice.record();
+    checkRecord(findings, record);
+    findings.require(practice.store().hasSong() || record.loops.empty(),
+                     u"there are loops without a song"_s);
+    findings.require(!practice.store().hasSong() || audio.totalFrames() > 0,
+                     u"a song is open that is not loaded"_s);
+    if (const auto selected = practice.selection())
+        findings.require(record.loop(*selected) || record.marker(*selected),
+                         u"what is selected does not exist"_s);
+    if (!practice.calledUp())
+        return;
+    const PracticeLoop *loop = practice.calledUpLoop();
+    findings.require(loop != nullptr, u"the loop that is called up does not exist"_s);
+    findings.require(loop == nullptr ||
+                         audio.loop() == LoopRange{.start = loop->from, .end = loop->to},
+                     u"the player does not repeat the loop that is called up"_s);
+}
+
 } // namespace
 
 QStringList brokenInvariants()
@@ -231,6 +275,7 @@ QStringList brokenInvariants()
     Findings findings;
     const LB_AudioController &audio = *navigation->audio();
     checkPosition(findings, audio);
+    checkPractice(findings, audio);
     checkButtons(findings, audio, *navigation->queue());
     checkValues(findings, audio);
     checkPresets(findings, audio);

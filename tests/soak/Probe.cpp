@@ -1,9 +1,12 @@
 #include "soak/Probe.h"
 
+#include "app/practice/PracticePane.h"
+#include "app/practice/SongPractice.h"
 #include "engine/AudioEngine.h"
 #include "engine/ReadySongs.h"
 #include "soak/Invariants.h"
 #include "soak/Trials.h"
+#include "soak/Widgets.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -90,6 +93,11 @@ QJsonObject state()
     state.insert(u"ended"_s, engine::trackHasEnded());
     state.insert(u"loops"_s, engine::isLooping());
     state.insert(u"heap"_s, heapBytes());
+    const auto *pane = widget<PracticePane>(u"practicePane"_s);
+    const SongPractice *practice = pane != nullptr ? pane->practice() : nullptr;
+    state.insert(u"kept"_s, practice != nullptr && !practice->record().loops.empty());
+    state.insert(u"markers"_s, practice != nullptr && !practice->record().markers.empty());
+    state.insert(u"called up"_s, practice != nullptr && practice->calledUp().has_value());
     return state;
 }
 

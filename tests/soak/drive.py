@@ -68,6 +68,11 @@ SLID = (["outputVolumeSlider", "playbackSpeedSlider", "playbackPitchSlider", "na
 # Held for a while. The display server sends the repeats.
 HELD_KEYS = ("Left", "Right", "Down", "Up", "Return", "space", "BackSpace", "Delete", "equal", "bracketleft", "l", "0",
              "ctrl+Right", "ctrl+Left", "ctrl+Up", "ctrl+r", "ctrl+s", "shift+Right", "shift+Left")
+# Keys of the practice pane, and how often each is pressed.
+PRACTICE_KEYS = (
+    ["k"] * 4 + ["m", "n", "p", "y", "u", "shift+u", "shift+n", "shift+p", "Return", "Delete"] + ["1", "2", "3", "4", "9"]
+    + ["a", "s", "d", "f", "g", "h"] * 2 + ["alt+a", "alt+f", "shift+s", "shift+d", "shift+h"] + ["ctrl+z"] * 4
+    + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l"])
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 
@@ -514,6 +519,23 @@ class Soak:
         del dice
         return self.try_out("command Include Subfolders")
 
+    def practice(self, dice):
+        """Works on loops and markers; opens the pane first, or now and then closes it."""
+        keys = [dice.choice(PRACTICE_KEYS) for _ in range(dice.randrange(1, 4))]
+        drags, closes = dice.random() < 0.4, dice.random() < 0.03
+        start, end, down = dice.random(), dice.random(), dice.random()
+        wave = self.state.get("targets", {}).get("practiceWave")
+        if wave is None or closes:
+            self.xdotool("key", "Escape", "ctrl+1", "ctrl+3")
+            return "open or close the practice pane"
+        y = int(wave[1] + down * (wave[3] - 1))
+        if drags:
+            self.xdotool("mousemove", int(wave[0] + start * wave[2]), y, "mousedown", 1, "mousemove",
+                         int(wave[0] + (start + end) / 2 * wave[2]), y, "mousemove", int(wave[0] + end * wave[2]), y,
+                         "mouseup", 1)
+        self.xdotool("key", *keys)
+        return f"practice {'a drag and ' if drags else ''}{' '.join(keys)}"
+
     def hold_key(self, dice):
         key = dice.choice(("Left", "Right"))
         self.xdotool("keydown", key)
@@ -606,7 +628,7 @@ class Soak:
     ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
                ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("press_long", 1),
                ("wheel", 5), ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8),
-               ("device", 3), ("second", 0.2), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
+               ("device", 3), ("second", 0.2), ("practice", 12), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
                ("subfolders", 0.3), ("rest", 3))
 
     def act(self, number):
@@ -645,7 +667,8 @@ class Soak:
         self.seen.update(name for name, is_so in (
             ("a song loaded", state["frames"] > 0), ("playing", state["runs"]), ("looping", state["loops"]),
             ("a dialog", state["modal"]), ("a menu", state["popup"]), ("a popover", "okButton" in state["targets"]),
-            ("the equalizer", "slider0" in state["targets"]), ("no sound server", self.server_returns is not None))
+            ("the equalizer", "slider0" in state["targets"]), ("the practice pane", "practiceWave" in state["targets"]), ("kept loops", state["kept"]),
+            ("markers", state["markers"]), ("a loop called up", state["called up"]), ("no sound server", self.server_returns is not None))
             if is_so)
         while state["broken"]:
             # Animations may wait for a held button or an open dialog, but never longer than this.
@@ -699,8 +722,30 @@ class Soak:
                 "a preset that ships with the program is lost")
         require(all(len(p["levels"]) == 10 and all(-12 <= level <= 12 for level in p["levels"]) for p in presets),
                 "a preset without ten levels within 12 dB")
+        for path in folder.glob("Practice/*.json"):
+            self.check_practice(path, require)
+        stray = [path.name for path in folder.glob("Practice/*") if path.suffix != ".json"
+                 and not re.search(r"\.json\.(unreadable|changed)-\d+$", path.name)]
+        require(not stray, f"stray files next to the practice files: {stray}")
         require(all(isinstance(path, str) and path for path in folders), "a folder without a path")
         require(len(folders) == len(set(folders)), "a folder twice")
+
+    @staticmethod
+    def check_practice(path, require):
+        """A practice file, or the index, can be read and is in order."""
+        content = json.loads(path.read_text(encoding="utf-8"))
+        if path.name == "Index.json":
+            return
+
+        def frames(text):
+            minutes, seconds = text.split(":")
+            return int(minutes) * 60.0 + float(seconds)
+
+        require(content["lyrabox practice"] == 1, f"{path.name} has another version")
+        places = [frames(loop["from"]) for loop in content.get("loops", [])]
+        require(places == sorted(places), f"the loops of {path.name} are not in order")
+        require(all(frames(loop["from"]) < frames(loop["to"]) for loop in content.get("loops", [])),
+                f"{path.name} has a loop without length")
 
     def sample(self):
         pid = self.child.pid
