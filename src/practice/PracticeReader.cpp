@@ -1,6 +1,7 @@
 #include "practice/PracticeText.h"
 
 #include "practice/SongTime.h"
+#include "practice/TrainerText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -72,6 +73,17 @@ void readAfter(Keys &keys, PracticeLoop &loop, bool &isWhole)
     loop.passes = passes.value_or(1);
 }
 
+std::optional<TrainerSettings> readTrainerOf(const QJsonValue &value, bool &isWhole)
+{
+    if (!value.isObject()) {
+        isWhole = isWhole && value.isUndefined();
+        return std::nullopt;
+    }
+    const TrainerReading reading = readTrainer(value.toObject());
+    isWhole = isWhole && reading.isWhole;
+    return reading.settings;
+}
+
 std::optional<PracticeLoop> readLoop(Keys keys, bool &isWhole)
 {
     const auto from = keys.time("from"_L1);
@@ -84,6 +96,7 @@ std::optional<PracticeLoop> readLoop(Keys keys, bool &isWhole)
     loop.speed = keys.number("speed"_L1);
     loop.pitch = keys.number("pitch"_L1);
     readAfter(keys, loop, isWhole);
+    loop.trainer = readTrainerOf(keys.take("trainer"_L1), isWhole);
     loop.unknown = keys.rest();
     const PracticeLoop asFound = loop;
     clean(loop);

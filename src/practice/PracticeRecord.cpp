@@ -84,6 +84,8 @@ void clean(PracticeLoop &loop)
         loop.speed = within(*loop.speed, speedRange);
     if (loop.pitch)
         loop.pitch = within(*loop.pitch, pitchRange);
+    if (loop.trainer)
+        clean(*loop.trainer);
 }
 
 void clean(PracticeMarker &marker)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "practice/TrainerSettings.h"
+
 #include <QJsonObject>
 #include <QString>
 
@@ -50,6 +52,7 @@ struct PracticeLoop {
     std::optional<int> pitch = {}; ///< cents, within pitchRange; none: the pitch is left as it is
     AfterLoop after = AfterLoop::Repeat;
     int passes = 1; ///< how often it is played before `after`; 1 to PracticeLimits::passes
+    std::optional<TrainerSettings> trainer = {}; ///< none: it was never trained
     QJsonObject unknown = {}; ///< keys that another version or program has written
 
     /// Whether all of it lies within a song of so many frames.
@@ -90,7 +93,7 @@ struct PracticeRecord {
 };
 
 /// Brings texts and numbers within their limits: a name becomes one line without control
-/// characters, colour, speed, pitch and passes the nearest valid value.
+/// characters, colour, speed, pitch, passes and the trainer's settings the nearest valid value.
 void clean(PracticeLoop &loop);
 void clean(PracticeMarker &marker);
 void clean(PracticeSong &song);

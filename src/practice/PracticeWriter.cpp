@@ -1,6 +1,7 @@
 #include "practice/PracticeText.h"
 
 #include "practice/SongTime.h"
+#include "practice/TrainerText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -107,6 +108,8 @@ QByteArray loopText(const PracticeLoop &loop)
                          : loop.after == AfterLoop::NextLoop ? "\"next\""
                                                              : "\"stop\"");
     }
+    if (loop.trainer)
+        line.add("trainer", valueText(trainerObject(*loop.trainer)));
     line.addAll(loop.unknown);
     return line.text();
 }
@@ -134,6 +137,7 @@ QByteArray linesText(const std::vector<Entry> &entries, QByteArray (*text)(const
 /// Bytes that the keys of an object and its quotation marks take at most, with all numbers.
 constexpr qsizetype loopFrame = 220;
 constexpr qsizetype markerFrame = 60;
+constexpr qsizetype trainerFrame = 400;
 
 /// What a text takes at most: three bytes for each unit, or two for an escaped one.
 qsizetype bound(const QString &text)
@@ -147,6 +151,7 @@ bool mayBeLarge(const PracticeRecord &record)
     bool hasUnknown = !record.unknown.isEmpty() || !record.song.unknown.isEmpty();
     for (const PracticeLoop &loop : record.loops) {
         bytes += loopFrame + bound(loop.name) + bound(loop.note);
+        bytes += loop.trainer ? trainerFrame : 0;
         hasUnknown = hasUnknown || !loop.unknown.isEmpty();
     }
     for (const PracticeMarker &marker : record.markers) {

@@ -93,7 +93,7 @@ TEST(PracticeText, KeepsUnknownKeysOnEveryLevel)
         "beats": {"bar": 4, "anchors": ["0:00.41270 1.1"]}, "large": 9007199254740993,
         "song": {"title": "A", "anchors": ["0:04.00000 x"]},
         "markers": [{"at": "0:01.00000", "icon": {"shape": [1, 2.5, null]}}],
-        "loops": [{"from": "0:01.00000", "to": "0:02.00000", "trainer": {"from": 60, "to": 100}}]})";
+        "loops": [{"from": "0:01.00000", "to": "0:02.00000", "tuner": {"from": 60, "to": 100}}]})";
     const auto reading = readPractice(text);
     ASSERT_TRUE(reading);
     EXPECT_TRUE(reading->isWhole);
