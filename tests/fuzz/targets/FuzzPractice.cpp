@@ -1,8 +1,11 @@
 #include "fuzz/targets/FuzzTargets.h"
 #include "practice/PracticeEdits.h"
 #include "practice/PracticeIndex.h"
+#include "practice/PracticeLog.h"
 #include "practice/PracticeText.h"
 #include "practice/SongTime.h"
+#include "practice/SpeedTrainer.h"
+#include "practice/TrainerText.h"
 
 #include <algorithm>
 #include <bit>
@@ -10,6 +13,18 @@
 namespace lyrabox::fuzz {
 
 namespace {
+
+void checkTrainer(const PracticeLoop &loop)
+{
+    if (!loop.trainer)
+        return;
+    TrainerSettings cleaned = *loop.trainer;
+    clean(cleaned);
+    require(cleaned == *loop.trainer, "the trainer's settings are valid");
+    require(readTrainer(trainerObject(cleaned)).settings == cleaned, "they are written as read");
+    const std::vector<int> speeds = ladderSpeeds(cleaned, 90.0);
+    require(!speeds.empty() && std::is_sorted(speeds.begin(), speeds.end()), "a ladder goes up");
+}
 
 void checkLimits(const PracticeRecord &record)
 {
@@ -23,6 +38,7 @@ void checkLimits(const PracticeRecord &record)
         require(!loop.name.contains(u'\n') && loop.name.isValidUtf16(), "names are one line");
         require(loop.colour >= 1 && loop.colour <= PracticeLimits::colours, "colours are known");
         require(loop.passes >= 1 && loop.passes <= PracticeLimits::passes, "passes keep a limit");
+        checkTrainer(loop);
     }
     require(std::is_sorted(record.markers.begin(), record.markers.end(),
                            [](const auto &a, const auto &b) { return a.at < b.at; }),
@@ -33,6 +49,22 @@ void checkIndex(const QByteArray &bytes)
 {
     const QByteArray text = PracticeIndex::fromText(bytes).text();
     require(PracticeIndex::fromText(text).text() == text, "an index is written as it was read");
+}
+
+void checkLog(const QByteArray &bytes)
+{
+    const std::vector<PracticeLogLine> lines = readPracticeLog(bytes).lines;
+    QByteArray text = practiceLogHeader();
+    for (const PracticeLogLine &line : lines)
+        text += practiceLogText(line);
+    const PracticeLogReading again = readPracticeLog(text);
+    require(again.lines.size() == lines.size() && again.skipped == 0, "a line is read again");
+    require(minutesByWeek(lines).size() <= 520, "weeks keep a limit");
+    require(lastTouched(lines).size() <= lines.size(), "a loop has a line");
+    for (const PracticeLogLine &line : lines)
+        require(line.missed <= line.passes && line.speed > 0.0, "a line makes sense");
+    if (!lines.empty())
+        require(bestSpeedByDay(lines, lines.front()).size() <= lines.size(), "a day has a line");
 }
 
 void checkEdits(const PracticeRecord &record)
@@ -59,6 +91,7 @@ void practice(Bytes bytes)
 {
     const QByteArray given = byteArray(bytes);
     checkIndex(given);
+    checkLog(given);
     const auto first = readPractice(given);
     if (!first)
         return;

@@ -32,7 +32,7 @@ void preferences(Bytes bytes);  ///< The user defaults, and the preferences that
 void musicLibrary(Bytes bytes);
 void rhythmbox(Bytes bytes); ///< Both files in sequence, separated by a NUL.
 void appcast(Bytes bytes);
-void practice(Bytes bytes); ///< Reads a practice file or its index, edits it and writes it.
+void practice(Bytes bytes); ///< Reads a practice file, its index or the history, and writes it.
 void fileUrl(Bytes bytes);
 
 /// Checks a condition of a target. The runner defines what happens if it does not hold.

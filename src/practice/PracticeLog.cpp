@@ -1,0 +1,237 @@
+#include "practice/PracticeLog.h"
+
+#include "practice/PracticeRecord.h"
+#include "practice/SongTime.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace lyrabox {
+
+namespace {
+
+enum Column { Time, Song, Artist, Loop, From, To, Speed, Passes, Missed, Seconds, Columns };
+
+constexpr std::array<QLatin1StringView, Columns> names{
+    "time"_L1, "song"_L1,  "artist"_L1, "loop"_L1,   "from"_L1,
+    "to"_L1,   "speed"_L1, "passes"_L1, "missed"_L1, "seconds"_L1};
+
+QString oneLine(const QString &text)
+{
+    PracticeMarker cleaned{.name = text};
+    clean(cleaned);
+    return cleaned.name;
+}
+
+QByteArray quoted(const QString &text)
+{
+    QByteArray bytes = oneLine(text).toUtf8();
+    bytes.replace('"', "\"\"");
+    return '"' + bytes + '"';
+}
+
+/// The fields of the line that begins at `at`. Leaves `at` behind its line break, which may not be
+/// within quotation marks: a mark that was forgotten must not swallow the rest of the file.
+QStringList takeFields(const QByteArray &text, qsizetype &at)
+{
+    QStringList fields;
+    QByteArray field;
+    bool isQuoted = false;
+    for (; at < text.size() && text[at] != '\n'; ++at) {
+        const char byte = text[at];
+        if (byte == '"') {
+            const bool isMark = isQuoted && at + 1 < text.size() && text[at + 1] == '"';
+            if (isMark) {
+                field += byte;
+                ++at;
+            } else {
+                isQuoted = !isQuoted;
+            }
+        } else if (byte == ',' && !isQuoted) {
+            fields.append(QString::fromUtf8(std::exchange(field, {})));
+        } else if (byte != '\r') {
+            field += byte;
+        }
+    }
+    ++at;
+    fields.append(QString::fromUtf8(field));
+    return fields;
+}
+
+/// Where each column is.
+using Places = std::array<qsizetype, Columns>;
+
+Places normalPlaces()
+{
+    Places places{};
+    for (std::size_t i = 0; i < places.size(); ++i)
+        places[i] = static_cast<qsizetype>(i);
+    return places;
+}
+
+/// The columns of a header. None if the line is no header.
+std::optional<Places> placesOf(const QStringList &fields)
+{
+    Places places{};
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const auto found =
+            std::find_if(fields.begin(), fields.end(), [name = names[i]](const QString &field) {
+                return field.trimmed().compare(name, Qt::CaseInsensitive) == 0;
+            });
+        places[i] = found == fields.end() ? -1 : found - fields.begin();
+    }
+    const bool isHeader = places[Time] >= 0 && places[Speed] >= 0;
+    return isHeader ? std::optional(places) : std::nullopt;
+}
+
+int wholeNumber(const QString &text)
+{
+    const double number = text.trimmed().toDouble();
+    constexpr double most = 1e9;
+    return number >= 0.0 && number <= most ? static_cast<int>(std::lround(number)) : 0;
+}
+
+std::optional<PracticeLogLine> lineOf(const QStringList &fields, const Places &places)
+{
+    const auto field = [&](Column column) { return fields.value(places[column]).trimmed(); };
+    PracticeLogLine line;
+    line.at = QDateTime::fromString(field(Time), Qt::ISODate);
+    line.speed = field(Speed).toDouble();
+    const auto from = framesOfSongTime(field(From));
+    const auto to = framesOfSongTime(field(To));
+    const bool isSpeed = line.speed > 0.0 && line.speed <= 1000.0; // false for NaN
+    if (!line.at.isValid() || !isSpeed || !from || !to)
+        return std::nullopt;
+    line.song = oneLine(field(Song));
+    line.artist = oneLine(field(Artist));
+    line.loop = oneLine(field(Loop));
+    line.from = *from;
+    line.to = *to;
+    line.passes = wholeNumber(field(Passes));
+    line.missed = std::min(wholeNumber(field(Missed)), line.passes);
+    line.seconds = wholeNumber(field(Seconds));
+    return line;
+}
+
+bool isEmptyLine(const QStringList &fields)
+{
+    return fields.size() == 1 && fields.front().trimmed().isEmpty();
+}
+
+/// The last bytes of a file that is too large, from the first whole line on.
+QByteArray lastBytes(QFile &file)
+{
+    const qint64 size = file.size();
+    if (size <= practiceLogBytes)
+        return file.read(practiceLogBytes);
+    if (!file.seek(size - practiceLogBytes))
+        return {};
+    const QByteArray bytes = file.read(practiceLogBytes);
+    return bytes.sliced(bytes.indexOf('\n') + 1);
+}
+
+} // namespace
+
+QByteArray practiceLogHeader()
+{
+    QByteArray header;
+    for (const QLatin1StringView name : names)
+        header += (header.isEmpty() ? "" : ",") + QByteArray(name.data(), name.size());
+    return header + '\n';
+}
+
+QByteArray practiceLogText(const PracticeLogLine &line)
+{
+    const QDateTime at = line.at.toOffsetFromUtc(line.at.offsetFromUtc());
+    QByteArray text = at.toString(Qt::ISODate).toUtf8();
+    for (const QString &part : {line.song, line.artist, line.loop})
+        text += ',' + quoted(part);
+    text += ',' + songTimeText(line.from).toUtf8() + ',' + songTimeText(line.to).toUtf8();
+    text += ',' + QByteArray::number(std::round(line.speed * 100.0) / 100.0);
+    for (const int number : {line.passes, line.missed, line.seconds})
+        text += ',' + QByteArray::number(number);
+    return text + '\n';
+}
+
+PracticeLogReading readPracticeLog(const QByteArray &text)
+{
+    PracticeLogReading reading;
+    Places places = normalPlaces();
+    const QByteArray mark("\xef\xbb\xbf"); // that some editors put at the beginning
+    for (qsizetype at = text.startsWith(mark) ? mark.size() : 0; at < text.size();) {
+        const QStringList fields = takeFields(text, at);
+        if (const auto header = placesOf(fields))
+            places = *header;
+        else if (auto line = lineOf(fields, places))
+            reading.lines.push_back(std::move(*line));
+        else if (!isEmptyLine(fields))
+            ++reading.skipped;
+    }
+    return reading;
+}
+
+PracticeLog::PracticeLog(QString path) : m_path(std::move(path)) {}
+
+bool PracticeLog::add(const PracticeLogLine &line)
+{
+    m_unwritten.push_back(line);
+    if (m_unwritten.size() > maximumUnwritten)
+        m_unwritten.erase(m_unwritten.begin());
+    return writeRest();
+}
+
+bool PracticeLog::writeRest()
+{
+    if (m_unwritten.empty())
+        return true;
+    // Opening a pipe would block.
+    if (const QFileInfo info(m_path); info.exists() && !info.isFile())
+        return false;
+    QDir().mkpath(QFileInfo(m_path).path());
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Append))
+        return false;
+    QByteArray text;
+    const qint64 before = file.size();
+    if (before == 0)
+        text += practiceLogHeader();
+    // The last line of a file that was edited may have no end.
+    else if (!file.seek(before - 1) || file.read(1) != "\n")
+        text += '\n';
+    for (const PracticeLogLine &line : m_unwritten)
+        text += practiceLogText(line);
+    if (file.write(text) != text.size() || !file.flush()) {
+        file.resize(before); // a full disk: no half line stays
+        return false;
+    }
+    m_unwritten.clear();
+    return true;
+}
+
+PracticeLogReading PracticeLog::read() const
+{
+    PracticeLogReading reading;
+    QFile file(m_path);
+    if (QFileInfo(m_path).isFile() && file.open(QIODevice::ReadOnly))
+        reading = readPracticeLog(lastBytes(file));
+    reading.lines.insert(reading.lines.end(), m_unwritten.begin(), m_unwritten.end());
+    return reading;
+}
+
+bool PracticeLog::forget()
+{
+    m_unwritten.clear();
+    return !QFileInfo::exists(m_path) || QFile::remove(m_path);
+}
+
+} // namespace lyrabox
