@@ -10,6 +10,9 @@ namespace {
 
 using Anchors = std::vector<BeatAnchor>;
 
+/// Of a grid that can be scaled: those of eight hours.
+constexpr double mostBeats = 100'000.0;
+
 /// An anchor by its beat since the first anchor instead of by its bar.
 struct Knot {
     std::int64_t beats = 0;
@@ -119,6 +122,8 @@ BeatGrid scaledRun(const BeatGrid &run, double beatsOfEach)
     const double last = run.beatsAt(static_cast<double>(run.anchors().back().frame));
     std::vector<std::uint64_t> frames;
     std::size_t one = 0;
+    if (last / beatsOfEach > mostBeats)
+        return {};
     const auto begin = static_cast<std::int64_t>(std::ceil(-toBar / beatsOfEach - 1.0e-6));
     for (std::int64_t beat = begin;; ++beat) {
         const double place = toBar + static_cast<double>(beat) * beatsOfEach;

@@ -15,7 +15,8 @@ enum class BeatScale {
 
 /// The grid with other beats. The first of a bar stays on the first of the first bar; beats behind
 /// it that lie no more on a beat are left out. All bars get the length of the first one, in the new
-/// beats. Not possible if there would be fewer than two beats, or more than BeatGrid::fastest.
+/// beats. Not possible if there would be fewer than two beats or more than 100,000, or if they were
+/// faster than BeatGrid::fastest.
 BeatGrid scaledGrid(const BeatGrid &grid, BeatScale scale);
 
 /// The grid whose bars all begin so many beats later, or earlier if it is negative. The beats stay

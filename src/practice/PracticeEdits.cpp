@@ -49,6 +49,14 @@ public:
     {
         return remove<PutMarker>(m_record.markers, edit.id);
     }
+    bool operator()(const PutBeats &edit) const
+    {
+        if (!(m_record.beats.grid == edit.grid)) {
+            m_undo.emplace_back(PutBeats{std::move(m_record.beats.grid)});
+            m_record.beats.grid = edit.grid;
+        }
+        return true;
+    }
 
 private:
     template <typename Put, typename Remove, typename Entry>
@@ -85,7 +93,7 @@ private:
     PracticeEdits &m_undo;
 };
 
-/// What is changed by an edit.
+/// What is changed by an edit; 0 for the beats.
 PracticeId changedBy(const PracticeEdit &edit)
 {
     return std::visit(
@@ -94,6 +102,8 @@ PracticeId changedBy(const PracticeEdit &edit)
                 return made.id;
             else if constexpr (requires { made.loop; })
                 return made.loop.id;
+            else if constexpr (requires { made.grid; })
+                return PracticeId{0};
             else
                 return made.marker.id;
         },
@@ -105,8 +115,9 @@ PracticeId changedBy(const PracticeEdit &edit)
 PracticeEdits joined(PracticeEdits first, const PracticeEdits &second)
 {
     std::erase_if(first, [&second](const PracticeEdit &edit) {
-        const bool isPut =
-            std::holds_alternative<PutLoop>(edit) || std::holds_alternative<PutMarker>(edit);
+        const bool isPut = std::holds_alternative<PutLoop>(edit) ||
+                           std::holds_alternative<PutMarker>(edit) ||
+                           std::holds_alternative<PutBeats>(edit);
         return isPut && std::ranges::any_of(second, [&edit](const PracticeEdit &later) {
                    return changedBy(later) == changedBy(edit);
                });
@@ -180,6 +191,8 @@ PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord 
     PracticeEdits edits;
     addMissing<PutLoop>(record.loops, other.loops, PracticeLimits::loops, edits);
     addMissing<PutMarker>(record.markers, other.markers, PracticeLimits::markers, edits);
+    if (record.beats.grid.isEmpty() && !other.beats.grid.isEmpty())
+        edits.emplace_back(PutBeats{other.beats.grid});
     return edits;
 }
 

@@ -34,7 +34,12 @@ struct RemoveMarker {
     PracticeId id;
 };
 
-using PracticeEdit = std::variant<PutLoop, RemoveLoop, PutMarker, RemoveMarker>;
+/// Replaces the beats. An empty grid removes them.
+struct PutBeats {
+    BeatGrid grid;
+};
+
+using PracticeEdit = std::variant<PutLoop, RemoveLoop, PutMarker, RemoveMarker, PutBeats>;
 
 /// Edits that are made and undone as one step.
 using PracticeEdits = std::vector<PracticeEdit>;
@@ -51,9 +56,9 @@ enum class PracticeStep {
 /// Names and numbers are brought within theirs.
 std::optional<PracticeEdits> applyEdits(PracticeRecord &record, const PracticeEdits &edits);
 
-/// The edits that add to `record` what `other` has and it has not. Two loops are the same if they
-/// have one name and both their ends are less than 20 ms apart; markers likewise. What does not fit
-/// into the limits is left out.
+/// The edits that add to `record` what `other` has and it has not; beats only if it has none. Two
+/// loops are the same if they have one name and both their ends are less than 20 ms apart; markers
+/// likewise. What does not fit into the limits is left out.
 PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord &other);
 
 /// A record with the steps that led to it.

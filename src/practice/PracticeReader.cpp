@@ -1,11 +1,13 @@
 #include "practice/PracticeText.h"
 
+#include "practice/BeatGridText.h"
 #include "practice/SongTime.h"
 #include "practice/TrainerText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -142,6 +144,28 @@ void readAll(const QJsonValue &array, std::size_t limit, bool &isWhole, std::vec
     }
 }
 
+/// A length of bars that is not valid becomes the nearest one.
+void readBeats(const QJsonValue &value, PracticeBeats &beats, bool &isWhole)
+{
+    if (!value.isObject()) {
+        isWhole = isWhole && value.isUndefined();
+        return;
+    }
+    Keys keys(value.toObject(), isWhole);
+    const int asFound = keys.number("bar"_L1).value_or(BeatAnchor().beatsPerBar);
+    const int bar = std::clamp(asFound, BeatGrid::shortestBar, BeatGrid::longestBar);
+    const QJsonValue anchors = keys.take("anchors"_L1);
+    isWhole = isWhole && bar == asFound && (anchors.isArray() || anchors.isUndefined());
+    std::vector<QString> texts;
+    for (const QJsonValue &anchor : anchors.toArray()) {
+        if (texts.size() > BeatGrid::mostAnchors)
+            break; // so that the grid leaves one out
+        texts.push_back(anchor.toString());
+    }
+    beats.grid = beatGridOf(texts, bar, isWhole);
+    beats.unknown = keys.rest();
+}
+
 void readSong(const QJsonValue &value, PracticeSong &song, bool &isWhole)
 {
     if (!value.isObject()) {
@@ -176,6 +200,7 @@ std::optional<PracticeReading> readPractice(const QByteArray &text)
     reading.isNewer = version > practiceVersion;
     PracticeRecord &record = reading.record;
     readSong(keys.take("song"_L1), record.song, reading.isWhole);
+    readBeats(keys.take("beats"_L1), record.beats, reading.isWhole);
     readAll(keys.take("loops"_L1), PracticeLimits::loops, reading.isWhole, record.loops, &readLoop);
     readAll(keys.take("markers"_L1), PracticeLimits::markers, reading.isWhole, record.markers,
             &readMarker);

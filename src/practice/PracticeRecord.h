@@ -1,5 +1,6 @@
 #pragma once
 
+#include "practice/BeatGrid.h"
 #include "practice/TrainerSettings.h"
 
 #include <QJsonObject>
@@ -71,6 +72,12 @@ struct PracticeMarker {
     bool operator==(const PracticeMarker &) const = default;
 };
 
+/// The beats of the song.
+struct PracticeBeats {
+    BeatGrid grid = {};       ///< without beats if they are not known
+    QJsonObject unknown = {}; ///< as a loop's
+};
+
 /// The song that a record belongs to, for people and for finding it again.
 struct PracticeSong {
     QString title = {};
@@ -83,6 +90,7 @@ struct PracticeSong {
 /// The content of a practice file.
 struct PracticeRecord {
     PracticeSong song;
+    PracticeBeats beats = {};
     std::vector<PracticeLoop> loops;     ///< in the order of their starts, then of their ends
     std::vector<PracticeMarker> markers; ///< in the order of their places
     QJsonObject unknown = {};            ///< as a loop's

@@ -1,5 +1,6 @@
 #include "practice/PracticeText.h"
 
+#include "practice/BeatGridText.h"
 #include "practice/SongTime.h"
 #include "practice/TrainerText.h"
 
@@ -123,6 +124,25 @@ QByteArray markerText(const PracticeMarker &marker)
     return line.text();
 }
 
+/// One anchor a line.
+QByteArray beatsText(const PracticeBeats &beats)
+{
+    Line line;
+    if (!beats.grid.isEmpty()) {
+        int bar = beats.grid.anchors().front().beatsPerBar;
+        line.add("bar", QByteArray::number(bar));
+        QByteArray anchors;
+        for (const BeatAnchor &anchor : beats.grid.anchors()) {
+            anchors += anchors.isEmpty() ? "[\n  " : ",\n  ";
+            anchors += quoted(beatAnchorText(anchor, bar));
+            bar = anchor.beatsPerBar;
+        }
+        line.add("anchors", anchors + ']');
+    }
+    line.addAll(beats.unknown);
+    return line.text();
+}
+
 template <typename Entry>
 QByteArray linesText(const std::vector<Entry> &entries, QByteArray (*text)(const Entry &))
 {
@@ -138,6 +158,7 @@ QByteArray linesText(const std::vector<Entry> &entries, QByteArray (*text)(const
 constexpr qsizetype loopFrame = 220;
 constexpr qsizetype markerFrame = 60;
 constexpr qsizetype trainerFrame = 400;
+constexpr qsizetype anchorFrame = 50;
 
 /// What a text takes at most: three bytes for each unit, or two for an escaped one.
 qsizetype bound(const QString &text)
@@ -148,7 +169,9 @@ qsizetype bound(const QString &text)
 bool mayBeLarge(const PracticeRecord &record)
 {
     qsizetype bytes = 1000 + bound(record.song.title) + bound(record.song.artist);
-    bool hasUnknown = !record.unknown.isEmpty() || !record.song.unknown.isEmpty();
+    bytes += anchorFrame * static_cast<qsizetype>(record.beats.grid.anchors().size());
+    bool hasUnknown = !record.unknown.isEmpty() || !record.song.unknown.isEmpty() ||
+                      !record.beats.unknown.isEmpty();
     for (const PracticeLoop &loop : record.loops) {
         bytes += loopFrame + bound(loop.name) + bound(loop.note);
         bytes += loop.trainer ? trainerFrame : 0;
@@ -169,6 +192,8 @@ QByteArray practiceText(const PracticeRecord &record)
                       ",\n \"song\": " + songText(record.song);
     for (auto entry = record.unknown.begin(); entry != record.unknown.end(); ++entry)
         text += ",\n " + quoted(entry.key()) + ": " + valueText(entry.value());
+    if (!record.beats.grid.isEmpty() || !record.beats.unknown.isEmpty())
+        text += ",\n \"beats\": " + beatsText(record.beats);
     text += ",\n \"markers\": " + linesText(record.markers, &markerText);
     text += ",\n \"loops\": " + linesText(record.loops, &loopText);
     return text + "}\n";

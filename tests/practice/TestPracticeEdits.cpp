@@ -212,4 +212,49 @@ TEST(PracticeMerging, StopsAtTheLimits)
     EXPECT_EQ(history.record().loops.size(), PracticeLimits::loops);
 }
 
+TEST(PracticeEdits, OfTheBeatsAreUndoneAndRedone)
+{
+    const BeatGrid first({{.frame = 0}, {.frame = 88'200, .bar = 2}});
+    const BeatGrid second({{.frame = 100}, {.frame = 88'300, .bar = 2}});
+    PracticeHistory history;
+    ASSERT_TRUE(history.apply({PutBeats{first}}));
+    ASSERT_TRUE(history.apply({PutBeats{second}}));
+    ASSERT_TRUE(history.apply({PutBeats{second}})); // no step
+    ASSERT_TRUE(history.undo());
+    EXPECT_EQ(history.record().beats.grid, first);
+    ASSERT_TRUE(history.undo());
+    EXPECT_TRUE(history.record().beats.grid.isEmpty());
+    EXPECT_FALSE(history.canUndo());
+    ASSERT_TRUE(history.redo());
+    ASSERT_TRUE(history.redo());
+    EXPECT_EQ(history.record().beats.grid, second);
+}
+
+TEST(PracticeEdits, OfTheBeatsJoinOneStep)
+{
+    PracticeHistory history;
+    for (std::uint64_t i = 1; i <= 50; ++i)
+        ASSERT_TRUE(history.apply({PutBeats{BeatGrid({{.frame = i}, {.frame = 88'200, .bar = 2}})}},
+                                  i == 1 ? PracticeStep::New : PracticeStep::JoinsLast));
+    ASSERT_TRUE(history.undo());
+    EXPECT_TRUE(history.record().beats.grid.isEmpty());
+    ASSERT_TRUE(history.redo());
+    EXPECT_EQ(history.record().beats.grid.anchors().front().frame, 50U);
+}
+
+TEST(PracticeEdits, MergeTheBeatsOnlyIfThereAreNone)
+{
+    PracticeRecord record;
+    PracticeRecord other;
+    EXPECT_TRUE(editsThatMerge(record, other).empty());
+    other.beats.grid = BeatGrid({{.frame = 0}, {.frame = 88'200, .bar = 2}});
+    const PracticeEdits edits = editsThatMerge(record, other);
+    ASSERT_EQ(edits.size(), 1U);
+    ASSERT_TRUE(applyEdits(record, edits));
+    EXPECT_EQ(record.beats.grid, other.beats.grid);
+    EXPECT_TRUE(editsThatMerge(record, other).empty());
+    record.beats.grid = BeatGrid({{.frame = 50'000}, {.frame = 188'200, .bar = 2}});
+    EXPECT_TRUE(editsThatMerge(record, other).empty());
+}
+
 } // namespace

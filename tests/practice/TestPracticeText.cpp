@@ -90,7 +90,7 @@ TEST(PracticeText, OfAnEmptyRecordIsRead)
 TEST(PracticeText, KeepsUnknownKeysOnEveryLevel)
 {
     const QByteArray text = R"({"lyrabox practice": 1,
-        "beats": {"bar": 4, "anchors": ["0:00.41270 1.1"]}, "large": 9007199254740993,
+        "chords": {"bar": 4, "names": ["A7"]}, "beats": {"by": {"ear": true}}, "large": 9007199254740993,
         "song": {"title": "A", "anchors": ["0:04.00000 x"]},
         "markers": [{"at": "0:01.00000", "icon": {"shape": [1, 2.5, null]}}],
         "loops": [{"from": "0:01.00000", "to": "0:02.00000", "tuner": {"from": 60, "to": 100}}]})";
@@ -104,6 +104,86 @@ TEST(PracticeText, KeepsUnknownKeysOnEveryLevel)
     loops[0] = loop;
     expected["loops"_L1] = loops;
     EXPECT_EQ(QJsonDocument::fromJson(practiceText(reading->record)).object(), expected);
+}
+
+TEST(PracticeText, HasAnAnchorOfTheBeatsOnEachLine)
+{
+    PracticeRecord record;
+    record.beats.grid =
+        BeatGrid({{.frame = 18200, .bar = 0, .beat = 4, .beatsPerBar = 4},
+                  {.frame = 560251, .bar = 7, .beat = 1, .beatsPerBar = 3, .isLost = true},
+                  {.frame = 2646000, .bar = 30, .beat = 1, .beatsPerBar = 3}});
+    ASSERT_EQ(record.beats.grid.anchors().size(), 3U);
+    const QByteArray text = practiceText(record);
+    EXPECT_EQ(text.toStdString(), R"({"lyrabox practice": 1,
+ "song": {},
+ "beats": {"bar": 4, "anchors": [
+  "0:00.41270 0.4",
+  "0:12.70410 7.1 bar 3 lost",
+  "1:00.00000 30.1"]},
+ "markers": [],
+ "loops": []}
+)");
+    const auto reading = readPractice(text);
+    ASSERT_TRUE(reading);
+    EXPECT_TRUE(reading->isWhole);
+    EXPECT_EQ(reading->record.beats.grid, record.beats.grid);
+}
+
+TEST(PracticeText, SortsTheAnchorsOfTheBeats)
+{
+    const auto reading = readPractice(R"({"lyrabox practice": 1, "beats": {"bar": 4, "anchors":
+        ["0:20.00000 9.1", "0:02.00000 1.1", "0:10.00000 5.1 bar 3"]}})");
+    ASSERT_TRUE(reading);
+    EXPECT_TRUE(reading->isWhole);
+    const std::vector<BeatAnchor> &anchors = reading->record.beats.grid.anchors();
+    ASSERT_EQ(anchors.size(), 3U);
+    EXPECT_EQ(anchors[0], (BeatAnchor{.frame = 88200, .bar = 1, .beatsPerBar = 4}));
+    EXPECT_EQ(anchors[1], (BeatAnchor{.frame = 441000, .bar = 5, .beatsPerBar = 3}));
+    EXPECT_EQ(anchors[2], (BeatAnchor{.frame = 882000, .bar = 9, .beatsPerBar = 3}));
+}
+
+TEST(PracticeText, LeavesOutAnchorsThatAreNoneAndSaysSo)
+{
+    const auto gridOf = [](const QByteArray &beats) {
+        const auto reading = readPractice("{\"lyrabox practice\": 1, \"beats\": " + beats + '}');
+        EXPECT_TRUE(reading && !reading->isWhole) << beats.toStdString();
+        return reading ? reading->record.beats.grid : BeatGrid();
+    };
+    for (const QByteArray &odd :
+         {QByteArray("5"), QByteArray("null"), QByteArray("\"\""), QByteArray("\"0:05.0\""),
+          QByteArray("\"0:05.0 \""), QByteArray("\"0:05.0 2\""), QByteArray("\"0:05.0 2.x\""),
+          QByteArray("\"0:05.0 -2.1\""), QByteArray("\"0:05.0 2.5\""),
+          QByteArray("\"0:05.0 2.1 bar\""), QByteArray("\"0:05.0 2.1 bar 13\""),
+          QByteArray("\"0:05.0 2.1 bar x\""), QByteArray("\"0:05.0 2.1 found\""),
+          QByteArray("\"0:05.0 2.1 lost bar 3\""), QByteArray("\"0:05.0 123456.1\""),
+          QByteArray("\"0:02.0 2.1\""), QByteArray("\"0:05.0 5.1\""), QByteArray("\"5 2.1\"")})
+        EXPECT_EQ(
+            gridOf("{\"anchors\": [\"0:02.0 1.1\", " + odd + ", \"0:10.0 5.1\"]}").anchors().size(),
+            2U)
+            << odd.toStdString();
+    EXPECT_TRUE(gridOf("{\"anchors\": [\"0:02.0 1.1\"]}").isEmpty());
+    EXPECT_TRUE(gridOf("{\"anchors\": {}}").isEmpty());
+    EXPECT_TRUE(gridOf("[]").isEmpty());
+    const QByteArray two = ", \"anchors\": [\"0:02.0 1.1\", \"0:10.0 5.1\"]}";
+    EXPECT_EQ(gridOf("{\"bar\": 1" + two).anchors().front().beatsPerBar, 2);
+    EXPECT_EQ(gridOf("{\"bar\": 99" + two).anchors().front().beatsPerBar, 12);
+    EXPECT_EQ(gridOf("{\"bar\": \"4\"" + two).anchors().front().beatsPerBar, 4);
+}
+
+TEST(PracticeText, ReadsTheFirst2000Of10000AnchorsAndSaysSo)
+{
+    QByteArray anchors;
+    for (int i = 1; i <= 10000; ++i)
+        anchors += QByteArray(i > 1 ? "," : "") + '"' +
+                   songTimeText(static_cast<std::uint64_t>(i) * 88200).toLatin1() + ' ' +
+                   QByteArray::number(i) + ".1\"";
+    const auto reading =
+        readPractice("{\"lyrabox practice\": 1, \"beats\": {\"anchors\": [" + anchors + "]}}");
+    ASSERT_TRUE(reading);
+    EXPECT_EQ(reading->record.beats.grid.anchors().size(), BeatGrid::mostAnchors);
+    EXPECT_EQ(reading->record.beats.grid.anchors().back().bar, 2000);
+    EXPECT_FALSE(reading->isWhole);
 }
 
 TEST(PracticeText, IsRefusedIfItIsNoPracticeFile)

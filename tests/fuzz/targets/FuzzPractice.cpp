@@ -1,4 +1,5 @@
 #include "fuzz/targets/FuzzTargets.h"
+#include "practice/BeatGridEdits.h"
 #include "practice/PracticeEdits.h"
 #include "practice/PracticeIndex.h"
 #include "practice/PracticeLog.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 
 namespace lyrabox::fuzz {
 
@@ -30,6 +32,12 @@ void checkLimits(const PracticeRecord &record)
 {
     require(record.loops.size() <= PracticeLimits::loops, "loops keep their number");
     require(record.markers.size() <= PracticeLimits::markers, "markers keep their number");
+    const BeatGrid &grid = record.beats.grid;
+    require(BeatGrid(grid.anchors()) == grid, "anchors are valid and in order");
+    if (!grid.isEmpty()) {
+        const double middle = grid.frameOfBeats(1.5);
+        require(std::abs(grid.frameOf(grid.placeAt(middle)) - middle) < 1.0, "beats have places");
+    }
     for (const PracticeLoop &loop : record.loops) {
         require(loop.from < loop.to && loop.to <= lastSongPlace, "loops have an extent");
         require(loop.name.size() <= PracticeLimits::nameLength &&
@@ -78,6 +86,7 @@ void checkEdits(const PracticeRecord &record)
     }
     for (const PracticeMarker &marker : record.markers)
         edits.emplace_back(RemoveMarker{marker.id});
+    edits.emplace_back(PutBeats{shiftedGrid(scaledGrid(record.beats.grid, BeatScale::Double), 1)});
     const QByteArray before = practiceText(record);
     if (history.apply(edits) && history.canUndo())
         require(history.undo() || !fitsIntoFile(record), "an edit can be undone");
@@ -108,7 +117,8 @@ void practice(Bytes bytes)
     require(second && !second->isNewer && second->isWhole, "what was written is read");
     checkLimits(second->record);
     require(second->record.loops.size() == first->record.loops.size() &&
-                second->record.markers.size() == first->record.markers.size(),
+                second->record.markers.size() == first->record.markers.size() &&
+                second->record.beats.grid == first->record.beats.grid,
             "what was written is all there");
     // The first time, numbers and texts that JSON cannot keep exactly may still change.
     const QByteArray again = practiceText(second->record);
