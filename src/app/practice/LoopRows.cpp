@@ -64,19 +64,24 @@ void drawSign(QPainter &painter, const QStyleOptionViewItem &option, const QMode
 
 LoopRows::LoopRows(QAbstractItemView *view) : LB_TableRowView(view, Separators::Hairline) {}
 
+/// The loop that is called up has the accent colour while it is selected, whoever has the keyboard.
 void LoopRows::drawInterior(QPainter &painter, const QStyleOptionViewItem &option,
                             const QModelIndex &index, bool emphasized) const
 {
     const LoopListModel &list = listOf(index);
     const bool isCalledUp = list.calledUp() == list.id(index.row());
-    if (isCalledUp && !option.state.testFlag(QStyle::State_Selected))
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    if (isCalledUp && !isSelected)
         painter.fillRect(option.rect.adjusted(0, 0, 0, -1), waveColors::loopBackground);
+    else if (isCalledUp)
+        drawSelectionInRect(painter, option.rect, true);
+    const bool isBright = emphasized || (isCalledUp && isSelected);
     QStyleOptionViewItem inner = option;
     if (index.column() == LoopListModel::Name) {
-        drawSign(painter, option, index, emphasized);
+        drawSign(painter, option, index, isBright);
         inner.rect = besideSign(option);
     }
-    LB_TableRowView::drawInterior(painter, inner, index, emphasized);
+    LB_TableRowView::drawInterior(painter, inner, index, isBright);
 }
 
 QWidget *LoopRows::createEditor(QWidget *parent, const QStyleOptionViewItem &,

@@ -1,7 +1,9 @@
 #include "app/practice/PracticePane.h"
 
 #include "app/practice/LoopCommands.h"
+#include "app/practice/LoopEnds.h"
 #include "app/practice/LoopList.h"
+#include "app/practice/LoopListModel.h"
 #include "app/practice/LoopsPage.h"
 #include "app/practice/OverviewBar.h"
 #include "app/practice/PaneDivider.h"
@@ -10,17 +12,18 @@
 #include "app/practice/PracticeLane.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/TextButton.h"
-#include "app/practice/TimeRuler.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
+#include "platform/ui/ElidedLabel.h"
 #include "platform/ui/SegmentedControl.h"
 #include "platform/ui/Theme.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -61,7 +64,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
       m_loopCommands(new LoopCommands(audio, practice, &m_peaks, this)),
       m_divider(new PaneDivider(this)),
       m_switch(makePaneSwitch(paneSegment, this)),
-      m_loopText(new QLabel(this)),
+      m_loopText(new ElidedLabel(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
       m_lane(new PracticeLane(m_wave, &m_peaks, &practice->store())),
       m_overview(new OverviewBar(m_wave, &m_peaks, this)),
@@ -93,8 +96,10 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
     NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
                                                     [this] { takeSong(); });
     connectLoops(practice);
+    connect(this, &PracticePane::commandsChanged, this, &PracticePane::updateButtons);
     setSwitchShown(false);
     showLoop();
+    updateButtons();
 }
 
 PracticePane::~PracticePane()
@@ -111,6 +116,14 @@ QLayout *PracticePane::makeMiddle()
     waves->setSpacing(4);
     waves->addWidget(m_overview);
     waves->addWidget(m_wave, 1);
+    waves->addSpacing(4);
+    const auto makeButton = [this](const QString &text, PracticeCommand command, int argument) {
+        return addButton(text, command, argument);
+    };
+    waves->addWidget(new LoopEnds(m_audio, m_practice, makeButton, this));
+    m_loops->addButton(addButton(QStringLiteral("+"), PracticeCommand::KeepLoop));
+    m_loops->addButton(addButton(QStringLiteral("+ ⚑"), PracticeCommand::AddMarker));
+    m_loops->addButton(addButton(QStringLiteral("−"), PracticeCommand::Remove));
     auto *middle = new QHBoxLayout;
     middle->setContentsMargins(sideMargin, 4, sideMargin, Theme::grid);
     middle->setSpacing(sideMargin);
@@ -128,6 +141,8 @@ void PracticePane::connectLoops(SongPractice *practice)
     const auto showCalledUp = [this, practice] { m_lane->setCalledUp(practice->calledUp()); };
     connect(practice, &SongPractice::calledUpChanged, m_lane, showCalledUp);
     showCalledUp();
+    connect(practice, &SongPractice::calledUpChanged, this, &PracticePane::showLoop);
+    connect(&practice->store(), &PracticeStore::recordChanged, this, &PracticePane::showLoop);
     const auto showSong = [this] { m_loops->setSongFrames(m_peaks.frames()); };
     connect(&m_peaks, &SongPeaks::songChanged, m_loops, showSong);
     showSong();
@@ -140,7 +155,6 @@ QWidget *PracticePane::makeHeader()
     row->setContentsMargins(sideMargin, 2, sideMargin, 2);
     row->setSpacing(Theme::grid);
     row->addWidget(m_switch);
-    m_loopText->setTextFormat(Qt::PlainText);
     m_loopText->setAccessibleDescription(tr("Loop"));
     QPalette colors = m_loopText->palette();
     colors.setColor(QPalette::WindowText, Theme::secondaryText);
@@ -158,14 +172,29 @@ QWidget *PracticePane::makeHeader()
 }
 
 /// A button for a command. Without a text it shows the command's name.
-TextButton *PracticePane::addButton(const QString &text, PracticeCommand command)
+TextButton *PracticePane::addButton(const QString &text, PracticeCommand command, int argument)
 {
-    const PracticeCommandEntry entry = practiceCommand(command);
+    const QList<PracticeCommandEntry> all = practiceCommands();
+    const PracticeCommandEntry entry = *std::ranges::find_if(all, [&](const auto &other) {
+        return other.command == command && other.argument == argument;
+    });
+    // The name of a move alone does not say what is moved.
+    const QString name = argument == 0
+                             ? entry.name()
+                             : tr("%1, %2").arg(QString(entry.submenu).remove(u'&'), entry.name());
     auto *button = new TextButton(text.isEmpty() ? entry.name() : text, this);
-    button->setAccessibleName(entry.name());
-    button->setToolTip(QStringLiteral("%1 (%2)").arg(entry.name(), entry.keyText()));
-    connect(button, &QAbstractButton::clicked, this, [this, command] { perform(command); });
+    button->setAccessibleName(name);
+    button->setToolTip(QStringLiteral("%1 (%2)").arg(name, entry.keyText()));
+    connect(button, &QAbstractButton::clicked, this,
+            [this, command, argument] { perform(command, argument); });
+    m_buttons.append({button, command, argument});
     return button;
+}
+
+void PracticePane::updateButtons()
+{
+    for (const CommandButton &each : m_buttons)
+        each.button->setEnabled(canPerform(each.command, each.argument));
 }
 
 void PracticePane::perform(PracticeCommand command, int argument)
@@ -185,6 +214,9 @@ void PracticePane::perform(PracticeCommand command, int argument)
         break;
     case PracticeCommand::Follow:
         m_wave->setFollowing(!m_wave->isFollowing());
+        break;
+    case PracticeCommand::Remove:
+        m_loops->list()->deleteSelection();
         break;
     default:
         m_loopCommands->perform(command, argument);
@@ -251,17 +283,15 @@ void PracticePane::showLoop()
         m_loopText->setText(tr("Play a song to see its wave."));
         return;
     }
-    const std::optional<LoopRange> loop = m_audio->loop();
-    if (!loop) {
+    if (!m_audio->loop()) {
         m_loopText->setText(tr("Drag across the wave to make a loop."));
         return;
     }
-    const double rate = m_peaks.samples().sampleRate;
-    const double start = static_cast<double>(loop->start) / rate;
-    const double end = static_cast<double>(loop->end) / rate;
-    m_loopText->setText(tr("Loop %1 – %2 · %3 s")
-                            .arg(timeRuler::exactText(start), timeRuler::exactText(end))
-                            .arg(end - start, 0, 'f', 2));
+    const std::optional<PracticeId> kept = m_practice->calledUp();
+    const LoopListModel *rows = m_loops->list()->rows();
+    m_loopText->setText(
+        kept ? rows->index(rows->rowOf(*kept), LoopListModel::Name).data(Qt::DisplayRole).toString()
+             : tr("Press K to keep this loop."));
 }
 
 } // namespace lyrabox

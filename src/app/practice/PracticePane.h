@@ -3,7 +3,7 @@
 #include "app/practice/PracticeCommands.h"
 #include "app/practice/SongPeaks.h"
 
-#include <QLabel>
+#include <QList>
 #include <QWidget>
 
 #include <functional>
@@ -12,6 +12,7 @@ class LB_AudioController;
 
 namespace lyrabox {
 
+class ElidedLabel;
 class LoopCommands;
 class LoopsPage;
 class OverviewBar;
@@ -71,7 +72,8 @@ private:
     QWidget *makeHeader();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
-    TextButton *addButton(const QString &text, PracticeCommand command);
+    TextButton *addButton(const QString &text, PracticeCommand command, int argument = 0);
+    void updateButtons();
     void takeSong();
     void showLoop();
 
@@ -81,11 +83,18 @@ private:
     LoopCommands *m_loopCommands;
     PaneDivider *m_divider;
     SegmentedControl *m_switch;
-    QLabel *m_loopText;
+    ElidedLabel *m_loopText;
     WaveView *m_wave;
     PracticeLane *m_lane;
     OverviewBar *m_overview;
     LoopsPage *m_loops;
+    /// A button and the command that it carries out.
+    struct CommandButton {
+        TextButton *button;
+        PracticeCommand command;
+        int argument;
+    };
+    QList<CommandButton> m_buttons;
 };
 
 /// The switch between the songs and the pane, for windows that have room for only one of them.

@@ -4,6 +4,7 @@
 #include "app/practice/WaveColors.h"
 #include "platform/ui/EmptyViewText.h"
 #include "platform/ui/Popover.h"
+#include "platform/ui/Theme.h"
 #include "support/DrawnWidget.h"
 
 #include <QAccessible>
@@ -192,6 +193,9 @@ TEST_F(TheLoopList, MarksTheRowOfTheLoopThatIsCalledUp)
     const QImage image = drawn(list);
     const QPoint place = middleOf(a);
     EXPECT_EQ(image.pixelColor(place.x() + 20, place.y() - 8), waveColors::loopBackground);
+    list.selectId(a);
+    list.clearFocus();
+    EXPECT_EQ(drawn(list).pixelColor(place.x() + 20, place.y() - 8), Theme::accent);
 }
 
 TEST_F(TheLoopList, ColoursAllSelectedLoopsAsOneStep)

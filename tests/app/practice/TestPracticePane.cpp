@@ -1,10 +1,15 @@
 #include "PaneFixture.h"
+#include "app/practice/LoopEnds.h"
+#include "app/practice/LoopListModel.h"
 #include "app/practice/OverviewBar.h"
 #include "app/practice/TextButton.h"
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QSet>
 
 #include <algorithm>
+#include <stdexcept>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -84,22 +89,113 @@ TEST_F(ThePane, SaysWhatTheLoopIsAndHowToMakeOne)
     showSong();
     EXPECT_EQ(text(), u"Drag across the wave to make a loop."_s);
     audio().setLoop({rate, 3 * rate + rate / 2});
-    EXPECT_EQ(text(), u"Loop 0:01.000 – 0:03.500 · 2.50 s"_s);
+    EXPECT_EQ(text(), u"Press K to keep this loop."_s);
+    pane->perform(PracticeCommand::KeepLoop);
+    EXPECT_EQ(text(), u"Loop 1"_s);
+    practice->rename(*practice->calledUp(), u"<b>Turnaround</b>"_s);
+    EXPECT_EQ(text(), u"<b>Turnaround</b>"_s);
 }
 
 TEST_F(ThePane, ItsButtonsAreCommandsWithNameAndKey)
 {
     showSong();
     const auto buttons = pane->findChildren<TextButton *>();
-    ASSERT_EQ(buttons.size(), 3);
+    ASSERT_EQ(buttons.size(), 11);
+    QSet<QString> names;
     for (const TextButton *button : buttons) {
         const auto commands = practiceCommands();
         const bool isCommand = std::ranges::any_of(commands, [&](const auto &entry) {
-            return entry.name() == button->accessibleName() &&
+            return button->accessibleName().endsWith(entry.name()) &&
                    button->toolTip().contains(entry.keyText());
         });
         EXPECT_TRUE(isCommand) << button->accessibleName().toStdString();
+        names.insert(button->accessibleName());
     }
+    EXPECT_EQ(names.size(), buttons.size());
+}
+
+TEST_F(ThePane, ItsButtonsAreEnabledWhileTheirCommandWouldDoSomething)
+{
+    showSong();
+    const auto button = [&](const QString &name) {
+        for (TextButton *each : pane->findChildren<TextButton *>()) {
+            if (each->accessibleName() == name)
+                return each;
+        }
+        throw std::out_of_range("no such button");
+    };
+    EXPECT_FALSE(button(u"Keep Loop"_s)->isEnabled());
+    audio().setLoop({rate, 3 * rate});
+    ASSERT_TRUE(button(u"Keep Loop"_s)->isEnabled());
+    button(u"Keep Loop"_s)->click();
+    EXPECT_FALSE(button(u"Keep Loop"_s)->isEnabled());
+    button(u"Move Start, 10 ms Later"_s)->click();
+    EXPECT_EQ(practice->calledUpLoop()->from, rate + 441);
+    button(u"Move End, 10 ms Earlier"_s)->click();
+    EXPECT_EQ(practice->calledUpLoop()->to, 3 * rate - 441);
+    button(u"Add Marker"_s)->click();
+    EXPECT_EQ(practice->record().markers.size(), 1U);
+}
+
+TEST_F(ThePane, DeletesAllThatIsSelectedInTheList)
+{
+    showSong();
+    practice->store().apply({PutMarker{{.at = rate}}, PutMarker{{.at = 2 * rate}},
+                             PutLoop{{.from = 3 * rate, .to = 4 * rate}}});
+    pane->loops()->list()->selectAll();
+    pane->perform(PracticeCommand::Remove);
+    EXPECT_TRUE(practice->record().markers.empty());
+    EXPECT_TRUE(practice->record().loops.empty());
+    pane->perform(PracticeCommand::Undo);
+    EXPECT_EQ(practice->record().markers.size(), 2U);
+}
+
+TEST_F(ThePane, TheListAndTheLoopThatSoundsFollowEachOther)
+{
+    showSong();
+    const PracticeLoop loop{.name = u"a"_s, .from = 3 * rate, .to = 4 * rate};
+    practice->store().apply({PutLoop{loop}, PutMarker{{.at = rate}}});
+    LoopList *list = pane->loops()->list();
+    list->selectId(loop.id);
+    EXPECT_EQ(practice->selection(), loop.id);
+    list->playCurrent();
+    EXPECT_EQ(audio().loop(), (LoopRange{3 * rate, 4 * rate}));
+    EXPECT_EQ(list->rows()->calledUp(), loop.id);
+    audio().clearLoop();
+    EXPECT_EQ(list->rows()->calledUp(), std::nullopt);
+    EXPECT_EQ(list->currentId(), std::nullopt);
+    EXPECT_EQ(practice->record().loops.size(), 1U);
+    practice->askForName(loop.id);
+    EXPECT_NE(list->findChild<QLineEdit *>(), nullptr);
+}
+
+TEST_F(ThePane, TypedTimesMoveTheEndsOfTheLoop)
+{
+    showSong();
+    audio().setLoop({2 * rate, 4 * rate});
+    const auto fields = pane->findChild<LoopEnds *>()->findChildren<QLineEdit *>();
+    ASSERT_EQ(fields.size(), 2);
+    EXPECT_EQ(fields[0]->text(), u"0:02.000"_s);
+    EXPECT_EQ(fields[1]->text(), u"0:04.000"_s);
+    const auto type = [](QLineEdit *field, const QString &text) {
+        field->selectAll();
+        QTest::keyClicks(field, text);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+    type(fields[0], u"0:03.5"_s);
+    EXPECT_EQ(audio().loop(), (LoopRange{3 * rate + rate / 2, 4 * rate}));
+    EXPECT_EQ(fields[0]->text(), u"0:03.500"_s);
+    for (const QString &wrong : {u"soon"_s, u"0:01"_s, u"9:00"_s}) {
+        type(fields[1], wrong);
+        EXPECT_EQ(audio().loop(), (LoopRange{3 * rate + rate / 2, 4 * rate}));
+        EXPECT_EQ(fields[1]->text(), u"0:04.000"_s) << wrong.toStdString();
+    }
+    fields[1]->selectAll();
+    QTest::keyClicks(fields[1], u"0:05"_s);
+    QTest::keyClick(fields[1], Qt::Key_Escape);
+    EXPECT_EQ(fields[1]->text(), u"0:04.000"_s);
+    audio().clearLoop();
+    EXPECT_FALSE(fields[0]->isEnabled());
 }
 
 TEST_F(ThePane, FollowIsSwitchedOffAndOnAgain)
