@@ -122,6 +122,14 @@ std::size_t lastSounding(Beats beats, std::span<const float> curve, std::size_t 
     return count;
 }
 
+/// How many beats stay of a path that is lost at the index `at`. The beats around it that did not
+/// fit may be wrong already.
+std::size_t keptOf(Beats beats, std::span<const float> curve, std::size_t at, std::size_t sure)
+{
+    const std::size_t before = at - std::min(at, around);
+    return std::max(std::min(sure, at), lastSounding(beats.first(before), curve, sure));
+}
+
 /// The first of enough beats in a row that are held, from the index `from` on.
 std::optional<std::size_t> heldFrom(const std::vector<bool> &isHeld, std::size_t from)
 {
@@ -144,15 +152,16 @@ BeatHold holdOf(const BeatPath &path, std::span<const float> curve, std::size_t 
     for (std::size_t i = 0; i < beats.size(); ++i)
         isHeld[i] = i < sure || (!isHeld[i] && result.holds[i] >= leastHold);
     const Bridges bridges(beats, curve);
-    const std::size_t last = lastSounding(beats, curve, sure);
-    while (result.count < last) {
+    const std::size_t sounding = lastSounding(beats, curve, sure);
+    while (result.count < sounding) {
         if (isHeld[result.count]) {
             ++result.count;
             continue;
         }
         const auto end = heldFrom(isHeld, result.count);
-        const std::size_t before = result.count - std::min<std::size_t>(result.count, 1);
-        if (!end || !bridges.areInTime({before, *end})) {
+        const std::size_t last = result.count - std::min<std::size_t>(result.count, 1);
+        if (!end || !bridges.areInTime({last, *end})) {
+            result.count = keptOf(beats, curve, result.count, sure);
             result.isLost = true;
             break;
         }

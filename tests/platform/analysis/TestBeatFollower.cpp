@@ -134,7 +134,7 @@ TEST(BeatFollower, EndsWhereTheBeatIsLostAndSaysSo)
         EXPECT_EQ(beats.isLostAfter, first < gap);
         EXPECT_EQ(beats.isLostBefore, first > gap);
         const BeatScore score = scoreOf(piece, framesOf(beats), beats.one);
-        EXPECT_LE(score.wrongBars, 1);
+        EXPECT_EQ(score.wrongBars, 0);
         EXPECT_GE(score.bars, 6);
     }
 }

@@ -141,7 +141,7 @@ TEST(BeatHold, IsLostInABreakAfterWhichTheBeatIsElsewhere)
         addBeats(curve, firstBeat + (40.0 + shift) * double{period}, steps);
         const BeatHold hold = holdOf(pathFrom(curve, 40), curve, 8);
         EXPECT_TRUE(hold.isLost) << shift;
-        EXPECT_LE(hold.count, before.size() + 1) << shift;
+        EXPECT_LE(hold.count, before.size()) << shift;
         EXPECT_GE(hold.count + 8, before.size()) << shift;
     }
 }
