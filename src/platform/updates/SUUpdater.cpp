@@ -1,6 +1,9 @@
 #include "platform/updates/SUUpdater.h"
 
+#include "platform/foundation/Machine.h"
+
 #include <QHostAddress>
+#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
@@ -84,7 +87,9 @@ void SUUpdater::request(const QUrl &url)
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setHeader(QNetworkRequest::UserAgentHeader, u"Lyrabox/%1"_s.arg(m_currentVersion));
-    m_reply = m_network.get(request);
+    if (m_network == nullptr)
+        m_network = new QNetworkAccessManager(this);
+    m_reply = m_network->get(request);
     connect(m_reply, &QNetworkReply::readyRead, this, &SUUpdater::received);
     connect(m_reply, &QNetworkReply::finished, this, &SUUpdater::finished);
 }
@@ -169,12 +174,16 @@ void SUUpdater::end()
     m_timeout.stop();
     m_askedByUser = false;
     m_feed.clear();
-    if (m_reply == nullptr)
-        return;
-    QNetworkReply *reply = std::exchange(m_reply, nullptr);
-    reply->disconnect(this);
-    reply->abort();
-    reply->deleteLater();
+    if (QNetworkReply *reply = std::exchange(m_reply, nullptr)) {
+        reply->disconnect(this);
+        reply->abort();
+        reply->deleteLater();
+    }
+    // The network's thread and its certificates take megabytes, and the next check comes tomorrow.
+    if (QNetworkAccessManager *network = std::exchange(m_network, nullptr)) {
+        connect(network, &QObject::destroyed, &giveBackFreedMemory);
+        network->deleteLater();
+    }
 }
 
 void SUUpdater::report(const QString &message, const QString &detail)

@@ -2,13 +2,13 @@
 
 #include "platform/updates/Appcast.h"
 
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
 
 #include <functional>
 
+class QNetworkAccessManager;
 class QNetworkReply;
 
 namespace lyrabox {
@@ -73,7 +73,7 @@ private:
     QUrl m_feedURL;
     QString m_currentVersion;
     Presenter m_presenter;
-    QNetworkAccessManager m_network;
+    QNetworkAccessManager *m_network = nullptr; ///< exists while a check runs
     QNetworkReply *m_reply = nullptr;
     QByteArray m_feed;
     QTimer m_timeout;
