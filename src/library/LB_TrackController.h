@@ -101,6 +101,14 @@ public:
     /// found and 0 while folders are still searched. It must not process events.
     void setProgressHook(lyrabox::ProgressHook hook) { m_progressHook = std::move(hook); }
 
+    /// Sets a function that is called once for each search for songs and each list that takes
+    /// longer than `delay`, before the progress hook is first called.
+    void setFirstGlance(std::function<void()> glance, std::chrono::milliseconds delay)
+    {
+        m_firstGlance = std::move(glance);
+        m_firstGlanceDelay = delay;
+    }
+
     /// Sets the probe that says whether the user wants to stop. The list then holds what was read.
     void setStopProbe(lyrabox::StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
 
@@ -261,6 +269,8 @@ private:
     std::function<lyrabox::MusicLibraryRef()> m_locateLibrary;
     lyrabox::AudioFileOpener m_openAudioFile;
     lyrabox::ProgressHook m_progressHook;
+    std::function<void()> m_firstGlance;
+    std::chrono::milliseconds m_firstGlanceDelay{};
     lyrabox::StopProbeMaker m_makeStopProbe;
     lyrabox::ProgressClock m_progressClock;
     PlayGate m_playGate;

@@ -66,6 +66,8 @@ ProgressPacer LB_TrackController::pacer(qint64 total) const
 {
     ProgressPacer progress(m_progressHook, m_progressClock, total);
     progress.setStopProbe(m_makeStopProbe);
+    if (m_firstGlance)
+        progress.setFirstGlance(m_firstGlance, m_firstGlanceDelay);
     return progress;
 }
 

@@ -30,7 +30,7 @@ public:
     void setAudio(std::unique_ptr<LB_AudioController> audio);
 
     /// Wakes the controllers, shows the main window and announces that the program has launched. If
-    /// the first list takes longer than a quarter of a second, the window is shown before it.
+    /// the first list takes longer than 30 ms, the window is shown before it.
     void launch();
 
     /// The window to pass to afterFirstPaint().

@@ -12,6 +12,11 @@
 
 namespace lyrabox {
 
+namespace {
+/// A list that takes so long at the start does not delay the first picture.
+constexpr std::chrono::milliseconds quickStart{30};
+} // namespace
+
 void Composition::showMainWindow()
 {
     if (m_parts.mainWindow.isVisible())
@@ -54,6 +59,7 @@ void Composition::connectProgress()
         const QString text = found > 0 ? listProgressText(done, found) : searchProgressText(done);
         m_progress->showProgress(textWithHint(text), done, found);
     });
+    m_parts.tracks.setFirstGlance([this] { paintWhileLaunching(); }, quickStart);
     m_parts.queue.setProgressHook([this, input, textWithHint](qint64 done, qint64 total) {
         input->noteWork(Work::Load);
         m_progress->showProgress(textWithHint(skipProgressText(done, total)), done, total);

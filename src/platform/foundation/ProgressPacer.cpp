@@ -10,7 +10,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto quietStart = 250ms;
 constexpr auto interval = 50ms;
 
 } // namespace
@@ -22,11 +21,21 @@ ProgressPacer::ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 tota
         m_due = m_clock() + quietStart;
 }
 
+void ProgressPacer::setFirstGlance(std::function<void()> glance, std::chrono::milliseconds delay)
+{
+    if (!m_hook)
+        return;
+    m_glance = std::move(glance);
+    m_glanceDue = m_due - quietStart + delay;
+}
+
 void ProgressPacer::advance(qint64 done)
 {
     if (!m_hook)
         return;
     const std::chrono::milliseconds now = m_clock();
+    if (m_glance && now >= m_glanceDue)
+        std::exchange(m_glance, {})();
     if (now < m_due)
         return;
     m_due = now + interval;

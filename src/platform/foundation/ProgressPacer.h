@@ -23,9 +23,16 @@ using ProgressClock = std::function<std::chrono::milliseconds()>;
 /// shows nothing, and then every 50 ms at most. One object for one piece of work, on one thread.
 class ProgressPacer {
 public:
+    /// For so long nothing is shown.
+    static constexpr std::chrono::milliseconds quietStart{250};
+
     /// The work begins now. Without a hook nothing is shown and the user cannot stop the work.
     /// Without a clock monotonicTime() is used.
     ProgressPacer(ProgressHook hook, ProgressClock clock, qint64 total = 0);
+
+    /// Calls `glance` once, when the work has taken `delay`, which is shorter than quietStart. Use
+    /// it for what must not wait for the work but shows no progress. Not called without a hook.
+    void setFirstGlance(std::function<void()> glance, std::chrono::milliseconds delay);
 
     /// Lets the user stop the work once it is shown.
     void setStopProbe(StopProbeMaker maker) { m_makeStopProbe = std::move(maker); }
@@ -48,6 +55,8 @@ private:
     StopProbe m_stopProbe;
     bool m_isStopped = false;
     std::chrono::milliseconds m_due{};
+    std::function<void()> m_glance; ///< empty once it was called
+    std::chrono::milliseconds m_glanceDue{};
 };
 
 } // namespace lyrabox

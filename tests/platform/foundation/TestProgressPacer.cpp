@@ -34,6 +34,24 @@ TEST_F(Pacing, ShowsNothingFor250MillisecondsAndThenEvery50Milliseconds)
     EXPECT_EQ(told, (Told{{25, 99}, {30, 99}, {35, 99}}));
 }
 
+TEST_F(Pacing, GivesOneGlanceBeforeTheProgressIsShown)
+{
+    int glances = 0;
+    ProgressPacer progress = pacer(99);
+    progress.setFirstGlance([&] { ++glances; }, 30ms);
+    now += 29ms;
+    progress.advance(1);
+    EXPECT_EQ(glances, 0);
+    now += 1ms;
+    progress.advance(2);
+    EXPECT_EQ(glances, 1);
+    EXPECT_TRUE(told.empty());
+    now += 400ms;
+    progress.advance(3);
+    EXPECT_EQ(glances, 1);
+    EXPECT_EQ(told, (Told{{3, 99}}));
+}
+
 TEST_F(Pacing, ShowsOnlyTheLatestProgress)
 {
     ProgressPacer progress = pacer(1000);
