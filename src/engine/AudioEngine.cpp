@@ -228,6 +228,13 @@ void tearDownAudioSystem()
     state().trackHasEnded = false;
 }
 
+void expectOutputStart()
+{
+    const Lock lock(control().mutex);
+    if (control().chain.output && !control().waitsForDevice)
+        control().chain.output->expectStart();
+}
+
 void setOutputRunning(bool running)
 {
     Chain replaced; // released after the mutex

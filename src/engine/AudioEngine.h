@@ -99,8 +99,12 @@ void prepareForPlayback();
 Status renderCallback(void *inRefCon, std::uint32_t inNumberFrames,
                       AudioBufferList &ioData) noexcept;
 
-/// Starts or stops the output. After a stop has returned, no callback runs. If the device is lost,
-/// a start rebuilds the chain once. While the chain waits for a device (see
+/// Call it before a song is loaded that will be played at once. The device then starts with
+/// silence during the load, so that the song is heard sooner. Does not wait for the device.
+void expectOutputStart();
+
+/// Starts or stops the output. After a stop has returned, no callback pulls the song. If the device
+/// is lost, a start rebuilds the chain once. While the chain waits for a device (see
 /// defaultOutputChanged()), this says whether to run when there is one. The call waits at most two
 /// seconds for a sound server that hangs; the engine then runs without sound until the server
 /// answers. Failures show in soundStatus().

@@ -118,6 +118,8 @@ void LB_AudioController::setTransportEnabled(bool enabled)
 lyrabox::Status LB_AudioController::loadTrackObject(const lyrabox::TrackRecordRef &track)
 {
     setIsRunning(false);
+    if (m_playPauseButton->state() != 0)
+        engine::expectOutputStart();
     m_currentTrack = track;
     const lyrabox::Status status = engine::loadAudioFile(track ? track->fileURL : QUrl());
     if (status == lyrabox::status::noError && m_currentTrack)

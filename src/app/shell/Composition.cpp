@@ -21,7 +21,9 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QTimer>
 
+#include <chrono>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -30,6 +32,7 @@ namespace lyrabox {
 
 namespace {
 
+constexpr std::chrono::seconds updateDelay{3};
 const QString mainWindowName = u"mainWindow"_s;
 const QString eqWindowName = u"eqWindow"_s;
 const QString trackTableName = u"trackTable"_s;
@@ -86,8 +89,10 @@ void Composition::launch()
     QWidget *window = &m_parts.mainWindow;
     prepareUpdater();
     afterFirstPaint(window, [] { QApplication::setWindowIcon(programIcon()); });
-    // Setting up the network and TLS takes as long as building the windows.
-    afterFirstPaint(window, [this] { m_parts.updater.setAutomaticallyChecksForUpdates(true); });
+    // Setting up the network and TLS takes as long as building the windows, and a musician who
+    // presses Play at once should not wait for it.
+    QTimer::singleShot(updateDelay, &m_parts.updater,
+                       [this] { m_parts.updater.setAutomaticallyChecksForUpdates(true); });
     afterFirstPaint(window, [this] { connectDesktop(); });
     afterFirstPaint(window, [this] { watchBattery(); });
     afterFirstPaint(window, [this] { loadDecoders(); });

@@ -146,10 +146,14 @@ public:
     /// it.
     virtual Status connect(RenderingUnit *source) = 0;
 
+    /// A start is expected within seconds. The device may begin to play silence, so that the start
+    /// is heard sooner. Does not wait for the device.
+    virtual void expectStart() noexcept {}
+
     /// The unit counts as running afterwards, even if there is no device.
     virtual Status start() = 0;
 
-    /// On the control side: returns when no callback runs or will run. Inside the callback: only
+    /// On the control side: returns when no callback pulls the source or will pull it. Inside the callback: only
     /// marks the unit as stopped. The frames that the source still holds are then played out, and
     /// the control side halts the device later.
     virtual Status stop() noexcept = 0;

@@ -33,6 +33,14 @@ std::uint32_t wantedLatencyFrames()
     return std::max(CubebOutput::preferredLatencyFrames, static_cast<std::uint32_t>(frames));
 }
 
+/// A device that takes no frames for so long may hang.
+std::chrono::milliseconds pullPatience(std::uint32_t latencyFrames)
+{
+    using namespace std::chrono;
+    const duration<double> latency(latencyFrames / canonicalStreamFormat().mSampleRate);
+    return 2 * duration_cast<milliseconds>(latency) + milliseconds(60);
+}
+
 } // namespace
 
 CubebOutput::~CubebOutput()
@@ -111,6 +119,14 @@ Status CubebOutput::connect(RenderingUnit *source)
     return status::noError;
 }
 
+void CubebOutput::expectStart() noexcept
+{
+    if (!isReachable() || m_deviceStarted || m_session->status() != status::noError)
+        return;
+    m_session->runWithSilence();
+    m_deviceMayRun = true;
+}
+
 Status CubebOutput::start()
 {
     if (m_source == nullptr)
@@ -118,19 +134,25 @@ Status CubebOutput::start()
     m_runsWithoutDevice.store(true);
     if (!isReachable())
         return deviceStatus();
+    if (std::exchange(m_deviceMayRun, false)) {
+        const Status kept = m_session->keepRunning();
+        if (kept == status::soundServerHangs)
+            return giveUp();
+        m_deviceStarted = kept == status::noError;
+    }
     m_session->renderer().start();
     if (const Status lost = m_session->status())
         return lost;
-    // After a stop from within the callback the device still runs.
-    if (m_deviceStarted)
-        return status::noError;
-    const Status status = m_session->start();
-    if (status == status::soundServerHangs)
-        return giveUp();
-    m_deviceStarted = status == status::noError;
+    // After a stop from within the callback, and shortly after every other one, the device runs.
+    if (!m_deviceStarted) {
+        const Status status = m_session->start();
+        if (status == status::soundServerHangs)
+            return giveUp();
+        m_deviceStarted = status == status::noError;
+    }
     m_seenCallbacks = m_session->callbacks();
     m_seenAt = std::chrono::steady_clock::now();
-    return status;
+    return m_deviceStarted ? status::noError : status::noAudioDevice;
 }
 
 Status CubebOutput::stop() noexcept
@@ -142,14 +164,14 @@ Status CubebOutput::stop() noexcept
     renderer.stop();
     if (renderer.isRenderingHere() || !m_deviceStarted)
         return status::noError;
-    waitForSilence();
-    if (m_session->halt() == status::soundServerHangs) {
-        giveUp();
-        return status::noError;
-    }
     renderer.waitUntilIdle();
-    renderer.clear();
     m_deviceStarted = false;
+    m_deviceMayRun = waitForPull();
+    const Status status = m_deviceMayRun ? m_session->haltWhenIdle() : m_session->halt();
+    if (status == status::soundServerHangs) {
+        m_deviceMayRun = false;
+        giveUp();
+    }
     return status::noError;
 }
 
@@ -182,16 +204,29 @@ Status CubebOutput::giveUp() noexcept
     return status::soundServerHangs;
 }
 
-/// Halting the device drops the frames that it holds, which could click. So this function waits
+/// Waits until the device takes frames again, which shows that the server does not hang. Devices do
+/// so every 9 to 18 ms with the preferred latency. Returns false if it took too long.
+bool CubebOutput::waitForPull() const noexcept
+{
+    const std::uint64_t before = m_session->callbacks();
+    const auto deadline =
+        std::chrono::steady_clock::now() + pullPatience(m_session->latencyFrames());
+    while (m_session->callbacks() == before) {
+        if (m_session->status() != status::noError || std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+/// Closing the stream drops the frames that it holds, which could click. So this function waits
 /// until the device has played the fade-out and holds only silence. It stops waiting if the device
 /// no longer pulls frames.
 void CubebOutput::waitForSilence() const noexcept
 {
     using namespace std::chrono;
-    const double rate = canonicalStreamFormat().mSampleRate;
     const std::uint32_t held = m_session->latencyFrames();
-    const auto latency = duration_cast<milliseconds>(duration<double>(held / rate));
-    const auto deadline = steady_clock::now() + 2 * latency + milliseconds(60);
+    const auto deadline = steady_clock::now() + pullPatience(held);
     while (m_session->status() == status::noError && m_session->renderer().silentFrames() < held &&
            steady_clock::now() < deadline)
         std::this_thread::sleep_for(milliseconds(1));
@@ -199,10 +234,13 @@ void CubebOutput::waitForSilence() const noexcept
 
 void CubebOutput::close() noexcept
 {
+    if (m_deviceMayRun && isReachable())
+        waitForSilence();
     if (m_session)
         m_session->close();
     m_session.reset();
     m_deviceStarted = false;
+    m_deviceMayRun = false;
     m_runsWithoutDevice.store(false);
 }
 

@@ -51,13 +51,16 @@ public:
     void reset() override;
     Status connect(RenderingUnit *source) override;
 
+    void expectStart() noexcept override;
+
     /// noConnection without a source. If the device is missing, lost or unreachable, returns
     /// deviceStatus(), but isRunning() becomes true: a chain that is rebuilt on the next device
     /// then knows that it should play.
     Status start() override;
 
-    /// Stops pulling from the source, waits until the device has played what it holds (100 to
-    /// 200 ms at most with the preferred latency), and halts it.
+    /// The sound fades out. The source is not pulled again. The device plays silence for half a
+    /// second, so that a start in that time is heard at once, and is halted then. Waits until the
+    /// device takes the next frames: up to half its latency, or 100 to 200 ms if it does not.
     Status stop() noexcept override;
 
     /// Whether it was started and not stopped since; stays true if the device is lost. Any thread.
@@ -68,6 +71,7 @@ public:
 private:
     bool isReachable() const noexcept;
     Status giveUp() noexcept;
+    bool waitForPull() const noexcept;
     void waitForSilence() const noexcept;
     void close() noexcept;
 
@@ -75,6 +79,7 @@ private:
     RenderingUnit *m_source = nullptr;
     float m_volume = 1.0F;
     bool m_deviceStarted = false;
+    bool m_deviceMayRun = false; ///< after a stop, until the device is halted
     // The last callback count that deviceStatus() saw, and when it first saw it.
     mutable std::uint64_t m_seenCallbacks = 0;
     mutable std::chrono::steady_clock::time_point m_seenAt;

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <system_error>
 #include <utility>
 
@@ -59,6 +60,12 @@ private:
     sched_param m_before{};
     bool m_isRaised = false;
 };
+
+std::chrono::milliseconds timeOf(std::uint32_t frames)
+{
+    const std::chrono::duration<double> seconds(frames / canonicalStreamFormat().mSampleRate);
+    return std::chrono::duration_cast<std::chrono::milliseconds>(seconds);
+}
 
 cubeb *makeContext()
 {
@@ -113,6 +120,23 @@ Status CubebSession::halt() noexcept
     return ask(Command::Halt);
 }
 
+Status CubebSession::haltWhenIdle() noexcept
+{
+    return ask(Command::HaltWhenIdle);
+}
+
+void CubebSession::runWithSilence() noexcept
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_command == Command::None && !m_isCutOff.load())
+        give(Command::RunWithSilence);
+}
+
+Status CubebSession::keepRunning() noexcept
+{
+    return ask(Command::KeepRunning);
+}
+
 void CubebSession::close() noexcept
 {
     forgetListener();
@@ -135,10 +159,13 @@ Status CubebSession::ask(Command command) noexcept
         return status::soundServerHangs;
     const auto patience = waitingSessions.load() > 0 ? shortPatience : OutputUnit::serverPatience;
     std::unique_lock lock(m_mutex);
-    m_command = command;
-    sem_post(&m_wake);
-    if (m_done.wait_for(lock, patience, [this] { return m_command == Command::None; }))
-        return m_result;
+    const auto isFree = [this] { return m_command == Command::None; };
+    // The thread may still carry out a command that nobody has waited for.
+    if (m_done.wait_for(lock, patience, isFree)) {
+        give(command);
+        if (m_done.wait_for(lock, patience, isFree))
+            return m_result;
+    }
     // The mutex is still held, so the thread sees the cut as soon as the server answers.
     ++waitingSessions;
     m_isCutOff.store(true);
@@ -147,6 +174,13 @@ Status CubebSession::ask(Command command) noexcept
     m_renderer.stop();
     m_renderer.waitUntilIdle();
     return status::soundServerHangs;
+}
+
+/// Hands a command to the thread. The mutex must be held, and no other command may be pending.
+void CubebSession::give(Command command) noexcept
+{
+    m_command = command;
+    sem_post(&m_wake);
 }
 
 void CubebSession::forgetListener() noexcept
@@ -161,7 +195,9 @@ void CubebSession::run() noexcept
     bool isOver = false;
     bool isLossTold = false;
     while (!isOver) {
-        while (sem_wait(&m_wake) != 0 && errno == EINTR) {
+        if (!waitForWork()) {
+            haltIfIdle();
+            continue;
         }
         if (m_isLost.load() && !std::exchange(isLossTold, true))
             reportLoss();
@@ -184,6 +220,52 @@ void CubebSession::run() noexcept
         --waitingSessions;
 }
 
+/// Waits for a command or a loss. Returns false now and then while the device is to be halted.
+bool CubebSession::waitForWork() noexcept
+{
+    constexpr long pause = 10'000'000; // nanoseconds
+    constexpr long second = 1'000'000'000;
+    timespec until{};
+    if (m_haltFrom) {
+        clock_gettime(CLOCK_REALTIME, &until);
+        until.tv_nsec += pause;
+        until.tv_sec += until.tv_nsec / second;
+        until.tv_nsec %= second;
+    }
+    for (;;) {
+        if ((m_haltFrom ? sem_timedwait(&m_wake, &until) : sem_wait(&m_wake)) == 0)
+            return true;
+        if (errno != EINTR)
+            return false;
+    }
+}
+
+void CubebSession::setHaltAfter(std::chrono::milliseconds silence) noexcept
+{
+    m_haltFrom = std::chrono::steady_clock::now() + silence;
+}
+
+void CubebSession::haltIfIdle() noexcept
+{
+    const auto now = std::chrono::steady_clock::now();
+    // A device that does not take the silence is halted nevertheless.
+    const auto latest = m_haltFrom.value_or(now) + 2 * timeOf(m_latencyFrames);
+    if (!m_haltFrom || now < *m_haltFrom ||
+        (m_renderer.silentFrames() < m_latencyFrames && now < latest))
+        return;
+    m_haltFrom.reset();
+    if (!m_isLost.load())
+        haltStream();
+}
+
+void CubebSession::haltStream() noexcept
+{
+    cubeb_stream_stop(m_stream);
+    m_streamRuns = false;
+    m_renderer.waitUntilIdle();
+    m_renderer.clear();
+}
+
 Status CubebSession::execute(Command command)
 {
     if (m_isCutOff.load()) // cut off before the thread took the command
@@ -194,8 +276,17 @@ Status CubebSession::execute(Command command)
     case Command::Start:
         return startStream();
     case Command::Halt:
-        cubeb_stream_stop(m_stream);
+        haltStream();
         return status::noError;
+    case Command::RunWithSilence:
+        setHaltAfter(expectationTime);
+        return m_streamRuns ? status::noError : startStream();
+    case Command::HaltWhenIdle:
+        setHaltAfter(idleTime);
+        return status::noError;
+    case Command::KeepRunning:
+        m_haltFrom.reset();
+        return m_streamRuns ? status::noError : status::noAudioDevice;
     case Command::Close:
         closeStream();
         return status::noError;
@@ -253,11 +344,14 @@ Status CubebSession::startStream()
         cubeb_device_collection_destroy(m_context, &devices);
     if (m_isLost.load() || m_isCutOff.load())
         return status::noAudioDevice;
-    return cubeb_stream_start(m_stream) == CUBEB_OK ? status::noError : status::noAudioDevice;
+    m_streamRuns = cubeb_stream_start(m_stream) == CUBEB_OK;
+    return m_streamRuns ? status::noError : status::noAudioDevice;
 }
 
 void CubebSession::closeStream()
 {
+    m_haltFrom.reset();
+    m_streamRuns = false;
     if (m_stream != nullptr)
         cubeb_stream_destroy(std::exchange(m_stream, nullptr));
     if (m_context != nullptr)

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 struct cubeb;
@@ -30,6 +31,11 @@ namespace lyrabox {
 /// All members belong to the control side (see AudioUnit.h) unless they say otherwise.
 class CubebSession {
 public:
+    /// How long a stopped device plays silence before it is halted.
+    static constexpr std::chrono::milliseconds idleTime{500};
+    /// How long it does so if a start is expected: loading a long song takes seconds.
+    static constexpr std::chrono::milliseconds expectationTime{5000};
+
     /// `lossListener` is called on the session's thread when the server drops the stream. Null if
     /// no thread can be started.
     static std::shared_ptr<CubebSession> make(std::function<void()> lossListener);
@@ -45,7 +51,22 @@ public:
     /// refuses. open() is called once, before the others; `wantedLatency` is in frames.
     Status open(std::uint32_t wantedLatency);
     Status start() noexcept;
+
+    /// Halts the device, which drops the frames that it holds. The renderer must have been stopped.
     Status halt() noexcept;
+
+    /// Halts the device once it has played what it holds and then silence for idleTime. Until then
+    /// the next song can be heard sooner, because the device need not be filled again. Does not
+    /// wait for that; the renderer must have been stopped.
+    Status haltWhenIdle() noexcept;
+
+    /// Starts the device, unless it runs, and lets it play silence for expectationTime. Does not
+    /// wait for the server. Only while the renderer is stopped.
+    void runWithSilence() noexcept;
+
+    /// Takes haltWhenIdle() and runWithSilence() back. noError if the device still runs, otherwise
+    /// noAudioDevice.
+    Status keepRunning() noexcept;
 
     /// Closes the stream and ends the thread; if the server hangs, the thread does so later. The
     /// listener is not called any more. Must be called once, as the last call.
@@ -64,11 +85,21 @@ public:
     std::uint32_t latencyFrames() const noexcept { return m_latencyFrames; }
 
 private:
-    enum class Command { None, Open, Start, Halt, Close };
+    enum class Command {
+        None,
+        Open,
+        Start,
+        RunWithSilence,
+        Halt,
+        HaltWhenIdle,
+        KeepRunning,
+        Close
+    };
 
     explicit CubebSession(std::function<void()> lossListener);
 
     Status ask(Command command) noexcept;
+    void give(Command command) noexcept;
     void cutOff() noexcept;
     void forgetListener() noexcept;
 
@@ -76,6 +107,10 @@ private:
     Status execute(Command command);
     Status openStream();
     Status startStream();
+    bool waitForWork() noexcept;
+    void setHaltAfter(std::chrono::milliseconds silence) noexcept;
+    void haltStream() noexcept;
+    void haltIfIdle() noexcept;
     void closeStream();
     void reportLoss();
 
@@ -99,6 +134,9 @@ private:
     cubeb_stream *m_stream = nullptr;
     std::uint32_t m_wantedLatency = 0;
     std::uint32_t m_latencyFrames = 0;
+    bool m_streamRuns = false;
+    /// From when on the device is halted if it holds only silence; none: it is not to halt.
+    std::optional<std::chrono::steady_clock::time_point> m_haltFrom;
 
     std::thread m_thread;
 };
