@@ -124,6 +124,27 @@ QString Accessible::text() const
     return call(u"org.a11y.atspi.Text"_s, u"GetText"_s, {0, -1}).arguments().value(0).toString();
 }
 
+bool Accessible::setText(const QString &text) const
+{
+    return call(u"org.a11y.atspi.EditableText"_s, u"SetTextContents"_s, {text})
+        .arguments()
+        .value(0)
+        .toBool();
+}
+
+bool Accessible::takeKeyboard() const
+{
+    return call(u"org.a11y.atspi.Component"_s, u"GrabFocus"_s).arguments().value(0).toBool();
+}
+
+bool Accessible::selectRow(int row) const
+{
+    return call(u"org.a11y.atspi.Table"_s, u"AddRowSelection"_s, {row})
+        .arguments()
+        .value(0)
+        .toBool();
+}
+
 bool Accessible::act(const QString &action) const
 {
     const int count = property(actionInterface, u"NActions"_s).toInt();

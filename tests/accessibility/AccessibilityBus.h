@@ -50,6 +50,14 @@ public:
     void setValue(double value) const;
     /// The text of a text field.
     QString text() const;
+    /// Replaces the text of a text field. False if that is not possible.
+    bool setText(const QString &text) const;
+    /// Gives the object the keyboard. False if it cannot have it.
+    bool takeKeyboard() const;
+    /// Selects a row of a table, in addition to others. False if that is not possible.
+    bool selectRow(int row) const;
+    /// The object of the same program at a path that came with an event.
+    Accessible at(const QString &path) const { return {m_bus, m_service, path}; }
     /// Performs the action with that name. Returns false if there is none.
     bool act(const QString &action) const;
 

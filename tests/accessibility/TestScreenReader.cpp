@@ -1,6 +1,5 @@
-#include "accessibility/AccessibilityBus.h"
+#include "accessibility/ScreenReader.h"
 #include "program/Places.h"
-#include "support/program/RunningProgram.h"
 
 #include <gmock/gmock.h>
 
@@ -11,42 +10,6 @@ using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// Runs the program with a folder of two songs and reads it as a screen reader does.
-class ScreenReader : public RunningProgram {
-protected:
-    ScreenReader()
-    {
-        setVariable(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.sessionAddress());
-        setVariable(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
-        showFolder(makeFolder(u"Songs"_s, {{u"Alpha"_s, 300.0, 60.0}, {u"Beta"_s, 500.0, 60.0}}));
-    }
-
-    void startAndPlay()
-    {
-        start();
-        ASSERT_TRUE(waitForSongs(2));
-        program = bus.application(u"Lyrabox"_s);
-        doubleClickSong(0);
-        ASSERT_TRUE(waitForName(u"push button"_s, u"Pause"_s));
-    }
-
-    Accessible window(const QString &title) { return program.find(u"frame"_s, title); }
-    Accessible find(const QString &role, const QString &name) { return program.find(role, name); }
-    bool waitForName(const QString &role, const QString &name)
-    {
-        return waitUntil([&] { return find(role, name).isValid(); });
-    }
-    static bool waitForValue(const Accessible &object, double value)
-    {
-        const bool came = waitUntil([&] { return object.value() == value; }, 10.0);
-        EXPECT_TRUE(came) << object.name().toStdString() << " is " << object.value().value_or(-1.0);
-        return came;
-    }
-
-    AccessibilityBus bus{display};
-    Accessible program;
-};
 
 /// "role: name" of every object that a user can operate or read.
 std::vector<std::string> faces(const Accessible &window)
