@@ -27,6 +27,34 @@ TEST_F(ProgramWithPane, ALoopIsDraggedAndHeard)
     EXPECT_EQ(userDefault(u"practicePane"_s).toString(), u"true"_s);
 }
 
+TEST_F(ProgramWithPane, LoopsAreCalledUpInTheListAndAboveTheWaveAndDraggedThere)
+{
+    startAndPlay();
+    openPane();
+    display.key(u"w"_s);
+    display.drag(placeOf(10.4), placeOf(11.7));
+    ASSERT_TRUE(hears(stepFrequency(10), 3.0));
+    display.key(u"k"_s);
+    display.key(u"l"_s);
+    ASSERT_TRUE(hears(stepFrequency(13), 5.0));
+    display.click(frame.topLeft() + QPoint(900, 349), 2); // the first row of the list
+    EXPECT_TRUE(hears(stepFrequency(10), 3.0));
+    EXPECT_TRUE(hears(stepFrequency(11), 3.0));
+    EXPECT_TRUE(hears(stepFrequency(10), 3.0));
+
+    // The end of a loop that does not sound is dragged above the wave.
+    display.key(u"l"_s);
+    ASSERT_TRUE(hears(stepFrequency(13), 5.0));
+    const auto above = [](double second) { return QPoint(placeOf(second).x(), frame.top() + 376); };
+    display.drag(above(11.7), above(12.8));
+    display.click(above(11.2));
+    for (int pass = 0; pass < 2; ++pass) {
+        EXPECT_TRUE(hears(stepFrequency(10), 4.0)) << pass;
+        EXPECT_TRUE(hears(stepFrequency(12), 4.0)) << pass;
+    }
+    EXPECT_EQ(quit(), 0);
+}
+
 TEST_F(ProgramWithPane, ClosingItBringsBackThePictureFromBefore)
 {
     startAndPlay();
