@@ -165,9 +165,10 @@ void tearDownAudioSystem();
 /// The next frame to render. It is ahead of what is heard, see heardFrame().
 std::uint64_t currentFrame();
 /// The frame of the song that is heard now: currentFrame() minus the frames that time/pitch and the
-/// output hold. It goes back over a loop's jump, and never exceeds totalFrames(). Main thread. It
-/// is accurate to one request of the device, about 10 ms. Right after a change of speed it may be
-/// off by up to 35 ms, because the device still holds frames of the former speed.
+/// output hold. It goes back over a loop's jump, stands still in a lead-in, and never exceeds
+/// totalFrames(). Main thread. It is accurate to one request of the device, about 10 ms. Right
+/// after a change of speed it may be off by up to 35 ms, because the device still holds frames of
+/// the former speed.
 std::uint64_t heardFrame();
 std::uint64_t totalFrames();
 std::uint64_t loopStartFrame();

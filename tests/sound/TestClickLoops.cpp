@@ -197,6 +197,28 @@ TEST(ClickInALoop, WhoseEndsAreBeatsSoundsOncePerBeat)
     }
 }
 
+TEST(ClickInALoop, GoesOnWithANewDevice)
+{
+    for (const float rate : {1.0F, 0.75F}) {
+        const Stereo heard = heardWithClicks([rate](Player &player, Stereo &all) {
+            engine::setPlaybackRate(rate);
+            engine::setOutputRunning(true);
+            player.pull(all, 100'000);
+            engine::defaultOutputChanged();
+            player.pull(all, 200'000);
+        });
+        int count = 0;
+        for (const double click : clicksIn(heard.right)) {
+            const bool isAtChange = click > 96'000.0 && click < 104'000.0;
+            if (click < 3000.0 || click > 297'000.0 || isAtChange)
+                continue;
+            EXPECT_LE(std::abs(lateness(heard, click, rate)), 0.003 * 44100.0) << click;
+            ++count;
+        }
+        EXPECT_GE(count, static_cast<int>(22.0F * rate));
+    }
+}
+
 TEST(ClickInALoop, IsWithinThreeMillisecondsAtOtherSpeeds)
 {
     constexpr std::uint64_t start = PulseSong::firstBeat + 40 * PulseSong::period + 4000;

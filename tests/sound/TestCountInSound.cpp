@@ -136,6 +136,37 @@ TEST_P(CountInSound, LeadsIntoTheNoteAtAStart)
     EXPECT_LE(std::abs(level), 1.0);
 }
 
+TEST_P(CountInSound, ThePassBeforeCountsAsHeardWhenTheLoopBeginsAnew)
+{
+    constexpr std::uint32_t block = 128;
+    Player player(note, 600'000);
+    engine::setPlaybackRate(GetParam());
+    engine::setLoopStartFrame(noteAt);
+    engine::setLoopEndFrame(noteAt + loopFrames);
+    engine::setIsLooping(true);
+    engine::seekToFrame(noteAt);
+    engine::setOutputRunning(true);
+    const std::uint64_t before = engine::passes().heard;
+    Stereo heard;
+    std::vector<std::size_t> ended;
+    std::vector<std::size_t> passed;
+    while (passed.size() < 3 && heard.size() < 600'000) {
+        player.pull(heard, block, block);
+        const engine::PassCount count = engine::passes();
+        if (count.ended - before > ended.size())
+            ended.push_back(heard.size());
+        if (count.heard - before > passed.size())
+            passed.push_back(heard.size());
+    }
+    const std::vector<std::size_t> notes = notesIn(heard.left);
+    ASSERT_EQ(passed.size(), 3U);
+    ASSERT_GE(notes.size(), 3U);
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_LE(ended[i], passed[i]);
+        EXPECT_NEAR(static_cast<double>(passed[i]), static_cast<double>(notes[i + 1]), 441.0);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Speeds, CountInSound, testing::Values(0.5F, 0.75F, 1.0F, 1.5F, 2.0F));
 
 } // namespace

@@ -40,15 +40,12 @@ void ClickMixer::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
     const TimePitchUnit::Account after = m_source->account();
     if (after.resets != before.resets) {
         // What was held is dropped, and the first frame that was read since is heard next.
-        m_place = static_cast<double>(readBefore);
-        while (!m_schedule->isEmpty() && m_schedule->next().at < readBefore)
-            m_schedule->removeNext();
+        beginAt(static_cast<double>(readBefore));
         for (Voice &voice : m_voices)
             voice.release = releaseFrames;
     } else if (!m_knowsPlace) {
-        m_place = static_cast<double>(readBefore) - before.held;
+        beginAt(static_cast<double>(readBefore) - before.held);
     }
-    m_knowsPlace = true;
     // The account may step back a little when the speed changes. A click never sounds twice.
     const double end =
         std::max(m_place, static_cast<double>(m_schedule->framesRead()) - after.held);
@@ -56,6 +53,16 @@ void ClickMixer::render(std::uint32_t frames, AudioBufferList &ioData) noexcept
     m_place = end;
     for (Voice &voice : m_voices)
         mix(voice, frames, ioData);
+}
+
+/// The frame `place` of the stream is delivered next. Clicks before it are dropped: a reset, or the
+/// release of the former chain, has dropped their frames.
+void ClickMixer::beginAt(double place) noexcept
+{
+    m_place = place;
+    m_knowsPlace = true;
+    while (!m_schedule->isEmpty() && static_cast<double>(m_schedule->next().at) < place)
+        m_schedule->removeNext();
 }
 
 /// Starts the clicks of the stream's frames between the two places, which are heard during the next

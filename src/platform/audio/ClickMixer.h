@@ -42,6 +42,7 @@ private:
         float right = 0.0F;
     };
 
+    void beginAt(double place) noexcept;
     void startDueClicks(double from, double to, std::uint32_t frames) noexcept;
     void start(ClickKind kind, std::uint32_t delay) noexcept;
     void mix(Voice &voice, std::uint32_t frames, AudioBufferList &ioData) noexcept;

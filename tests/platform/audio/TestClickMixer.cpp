@@ -254,6 +254,31 @@ TEST_F(ClickMixerTest, PlaysTheClicksOfACountInWithoutATable)
     EXPECT_THAT(starts(left), testing::ElementsAre(0, 1900));
 }
 
+TEST_F(ClickMixerTest, OfANewChainDropsTheClicksThatTheFormerOneHeld)
+{
+    stage.held = 3000.0;
+    setBeats({500, 1500, 2500, 9000});
+    pullAll(256); // all but the last are read, and none is heard
+    left.clear();
+    right.clear();
+    AccountedStage newStage(schedule);
+    newStage.position = stage.position;
+    ClickMixer newMixer;
+    newMixer.initialize();
+    newMixer.connect(&newStage, &schedule);
+    for (int i = 0; i < 100; ++i) {
+        newStage.speed = i < 10 ? 0.0 : 1.0; // at first it still warms up
+        left.resize(left.size() + 128);
+        right.resize(right.size() + 128);
+        AudioBufferList list;
+        list.mNumberBuffers = 2;
+        list.mBuffers[0] = {1, 128 * 4, left.data() + left.size() - 128};
+        list.mBuffers[1] = {1, 128 * 4, right.data() + right.size() - 128};
+        newMixer.render(128, list);
+    }
+    EXPECT_THAT(starts(left), testing::ElementsAre(10 * 128 + 9000 - 3256));
+}
+
 TEST_F(ClickMixerTest, PlaysOutAsLongAsItsSource)
 {
     EXPECT_FALSE(mixer.isPlayingOut());
