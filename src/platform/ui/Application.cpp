@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QWidget>
@@ -19,6 +20,16 @@ bool shortcutRepeats(const QObject *owner)
     if (const auto *shortcut = qobject_cast<const QShortcut *>(owner))
         return shortcut->autoRepeat();
     return false; // the mnemonic of a menu or a button
+}
+
+/// Whether the key chooses an item of the menu that is open. A command with the same key must not
+/// take it.
+bool choosesMenuItem(const QKeyEvent &key)
+{
+    const Qt::KeyboardModifiers others = ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return qobject_cast<const QMenu *>(QApplication::activePopupWidget()) != nullptr &&
+           (key.modifiers() & others) == Qt::NoModifier && !key.text().isEmpty() &&
+           key.text().front().isLetterOrNumber();
 }
 
 /// The widget that receives a key event which the toolkit delivers to `receiver`, a window or a
@@ -70,8 +81,13 @@ bool Application::notifyOfKey(QObject *receiver, QKeyEvent *event)
     if (const KeyRepeat::Release missed = m_keyRepeat->takeMissedRelease();
         missed.event && missed.receiver)
         pass(missed.receiver, missed.event.get());
-    if (event->type() == QEvent::ShortcutOverride)
+    if (event->type() == QEvent::ShortcutOverride) {
         m_shortcutRepeats = repeats;
+        if (choosesMenuItem(*event)) {
+            event->accept();
+            return true;
+        }
+    }
     if (!repeats)
         return pass(receiver, event);
     if (event->type() == QEvent::KeyPress &&

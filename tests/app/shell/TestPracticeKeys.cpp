@@ -190,4 +190,20 @@ TEST_F(PracticeKeyboard, MenusGiveUpTheMnemonicsThatMoveLoops)
     EXPECT_TRUE(mnemonics().contains(u"Alt+H"_s));
 }
 
+TEST_F(PracticeKeyboard, LettersChooseTheItemsOfAnOpenMenu)
+{
+    QMenu *practice = menu();
+    practice->popup(window->mapToGlobal(QPoint(100, 20)));
+    ASSERT_TRUE(practice->isVisible());
+    QTest::keyClick(practice, Qt::Key_M); // the submenu "Marker", not a marker
+    EXPECT_EQ(record().markers.size(), 0U);
+    ASSERT_NE(practice->activeAction(), nullptr);
+    EXPECT_EQ(practice->activeAction()->text(), u"&Marker"_s);
+    practice->close();
+    practice->popup(window->mapToGlobal(QPoint(100, 20)));
+    QTest::keyClick(practice, Qt::Key_K);
+    EXPECT_EQ(loops(), 1U);
+    EXPECT_FALSE(practice->isVisible());
+}
+
 } // namespace
