@@ -44,10 +44,12 @@ protected:
 
     bool comesToKeep(const std::function<bool(const PracticeRecord &)> &holds) const
     {
-        return waitUntil([&] {
+        const bool came = waitUntil([&] {
             const std::optional<PracticeRecord> record = kept();
             return record && holds(*record);
         });
+        EXPECT_TRUE(came) << practiceText(kept().value_or(PracticeRecord())).toStdString();
+        return came;
     }
 
     /// Makes a loop of the seconds 10 and 11 and keeps it.
@@ -105,6 +107,59 @@ TEST_F(ProgramWithLoops, ALoopIsKeptNamedPlayedMovedAndDeletedByKeys)
     EXPECT_TRUE(comesToKeep([](const PracticeRecord &record) { return record.loops.empty(); }));
     display.key(u"ctrl+z"_s);
     EXPECT_TRUE(comesToKeep([](const PracticeRecord &record) { return record.loops.size() == 1; }));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithLoops, EveryOtherKeyAndTheMenuActAsTheGuideSays)
+{
+    startAndPlay();
+    openPane();
+    keepLoop();
+    display.drag(placeOf(4.02), placeOf(5.95));
+    ASSERT_TRUE(hears(stepFrequency(4), 3.0));
+    display.key(u"alt+i"_s); // Practice > Keep Loop
+    display.key(u"k"_s);
+    EXPECT_TRUE(comesToKeep([](const PracticeRecord &record) { return record.loops.size() == 2; }));
+    display.key(u"n"_s);
+    EXPECT_TRUE(playsTheLoop());
+    display.key(u"u"_s); // only the second half
+    EXPECT_TRUE(comesToKeep([](const PracticeRecord &record) {
+        return std::abs(static_cast<double>(record.loops.back().from) / rate - 11.0) < 0.1;
+    }));
+    EXPECT_TRUE(hears(stepFrequency(11), 2.0));
+    display.key(u"shift+u"_s);
+    EXPECT_TRUE(hears(stepFrequency(12), 4.0));
+    display.key(u"ctrl+z"_s, 2);
+    display.key(u"ctrl+shift+z"_s);
+    display.key(u"ctrl+z"_s);
+    EXPECT_TRUE(playsTheLoop());
+    display.key(u"p"_s);
+    EXPECT_TRUE(hears(stepFrequency(4), 3.0));
+
+    display.key(u"minus"_s, 2);
+    display.key(u"shift+k"_s);
+    EXPECT_TRUE(
+        comesToKeep([](const PracticeRecord &record) { return record.loops.front().speed == 90; }));
+    display.key(u"0"_s);
+    display.key(u"1"_s);
+    display.key(u"1"_s); // from its start
+    display.key(u"ctrl+shift+k"_s);
+    EXPECT_TRUE(
+        comesToKeep([](const PracticeRecord &record) { return !record.loops.front().speed; }));
+
+    display.key(u"l"_s); // clears the loop
+    display.key(u"shift+m"_s);
+    display.type(u"Here"_s);
+    display.key(u"Return"_s);
+    EXPECT_TRUE(comesToKeep([](const PracticeRecord &record) {
+        return record.markers.size() == 1 && record.markers.front().name == u"Here"_s;
+    }));
+    display.click(placeOf(17.5));
+    EXPECT_TRUE(hears(stepFrequency(17), 3.0));
+    // The first whole second behind the marker.
+    const double marked = std::ceil(static_cast<double>(kept()->markers.front().at) / rate);
+    display.key(u"shift+p"_s);
+    EXPECT_TRUE(hears(stepFrequency(marked), 3.0));
     EXPECT_EQ(quit(), 0);
 }
 

@@ -1,5 +1,6 @@
 #include "PracticingFixture.h"
 #include "app/practice/PracticeFooter.h"
+#include "practice/PracticeFixture.h"
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -38,6 +39,25 @@ TEST_F(TheFooter, IsHiddenUntilThereIsAProblem)
     ASSERT_TRUE(obstacle.remove());
     practice->store().save();
     EXPECT_FALSE(footer.isVisibleTo(&pane));
+}
+
+TEST_F(TheFooter, SaysThatASongIsBeingRecognisedIfThatTakesLong)
+{
+    LineReader::Control control;
+    control.isHeld = true;
+    SongPractice slow(
+        &audio(), [](quint64) {}, folder(),
+        [&control] { return std::make_unique<LineReader>(control); });
+    slow.setOpen(true);
+    PracticeFooter line(&slow, &pane);
+    load(u"A"_s);
+    ASSERT_TRUE(slow.store().apply({PutLoop{{.from = rate, .to = 2 * rate}}}));
+    ASSERT_TRUE(slow.store().isIdentifying());
+    EXPECT_FALSE(line.isVisibleTo(&pane)) << "most songs are recognised at once";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return line.isVisibleTo(&pane); }, 60000));
+    EXPECT_EQ(line.text(), u"Recognising the song…"_s);
+    control.release();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !line.isVisibleTo(&pane); }, 60000));
 }
 
 } // namespace
