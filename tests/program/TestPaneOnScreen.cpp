@@ -55,6 +55,22 @@ TEST_F(ProgramWithPane, LoopsAreCalledUpInTheListAndAboveTheWaveAndDraggedThere)
     EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(ProgramWithPane, LettersChooseInAnOpenMenuAlthoughTheyAreKeysOfThePane)
+{
+    startAndPlay();
+    openPane();
+    display.key(u"w"_s);
+    display.drag(placeOf(4.4), placeOf(5.7));
+    ASSERT_TRUE(hears(stepFrequency(4), 3.0));
+    display.key(u"k"_s);
+    display.key(u"l"_s);
+    ASSERT_TRUE(hears(stepFrequency(7), 5.0));
+    display.key(u"alt+p"_s); // the menu Playback
+    display.key(u"n"_s);     // Next Song, and elsewhere the key of the next loop
+    EXPECT_TRUE(hears(250.0, 5.0));
+    EXPECT_EQ(quit(), 0);
+}
+
 TEST_F(ProgramWithPane, ClosingItBringsBackThePictureFromBefore)
 {
     startAndPlay();
