@@ -523,7 +523,7 @@ class Soak:
         """Works on loops and markers; opens the pane first, or now and then closes it."""
         keys = [dice.choice(PRACTICE_KEYS) for _ in range(dice.randrange(1, 4))]
         drags, closes = dice.random() < 0.4, dice.random() < 0.03
-        start, end, down = dice.random(), dice.random(), dice.random()
+        start, end, down, keeps = dice.random(), dice.random(), dice.random(), dice.random() < 0.5
         wave = self.state.get("targets", {}).get("practiceWave")
         if wave is None or closes:
             self.xdotool("key", "Escape", "ctrl+1", "ctrl+3")
@@ -533,6 +533,7 @@ class Soak:
             self.xdotool("mousemove", int(wave[0] + start * wave[2]), y, "mousedown", 1, "mousemove",
                          int(wave[0] + (start + end) / 2 * wave[2]), y, "mousemove", int(wave[0] + end * wave[2]), y,
                          "mouseup", 1)
+            keys = ["k"] * keeps + keys
         self.xdotool("key", *keys)
         return f"practice {'a drag and ' if drags else ''}{' '.join(keys)}"
 
