@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QWidget>
 
 #include <utility>
@@ -58,17 +57,9 @@ bool PracticeKeys::eventFilter(QObject *watched, QEvent *event)
     if ((!isOverride && event->type() != QEvent::KeyPress) || !watched->isWidgetType())
         return false;
     const auto *widget = static_cast<const QWidget *>(watched);
-    auto &key = static_cast<QKeyEvent &>(*event);
-    if (const QWidget *popup = QApplication::activePopupWidget()) {
-        // Shortcuts of the application would come before the letters of an open menu.
-        const bool isForMenu = isOverride && qobject_cast<const QMenu *>(popup) != nullptr &&
-                               m_all.contains(sequenceOf(key));
-        if (isForMenu)
-            key.accept();
-        return isForMenu;
-    }
-    if (!m_windows.contains(widget->window()))
+    if (!m_windows.contains(widget->window()) || QApplication::activePopupWidget() != nullptr)
         return false;
+    auto &key = static_cast<QKeyEvent &>(*event);
     // A key that the focused widget does not use goes on to its parents.
     const QWidget *focus = QApplication::focusWidget();
     if (takesText(focus != nullptr ? focus : widget)) {

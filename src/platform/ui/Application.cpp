@@ -22,14 +22,16 @@ bool shortcutRepeats(const QObject *owner)
     return false; // the mnemonic of a menu or a button
 }
 
-/// Whether the key chooses an item of the menu that is open. A command with the same key must not
-/// take it.
-bool choosesMenuItem(const QKeyEvent &key)
+/// Whether the key is for the menu that is open. A command with the same key must not take it.
+bool belongsToMenu(const QKeyEvent &key)
 {
     const Qt::KeyboardModifiers others = ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    return qobject_cast<const QMenu *>(QApplication::activePopupWidget()) != nullptr &&
-           (key.modifiers() & others) == Qt::NoModifier && !key.text().isEmpty() &&
-           key.text().front().isLetterOrNumber();
+    if (qobject_cast<const QMenu *>(QApplication::activePopupWidget()) == nullptr ||
+        (key.modifiers() & others) != Qt::NoModifier)
+        return false;
+    const bool chooses = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    const bool isLetter = !key.text().isEmpty() && key.text().front().isLetterOrNumber();
+    return chooses || isLetter || key.key() == Qt::Key_Delete;
 }
 
 /// The widget that receives a key event which the toolkit delivers to `receiver`, a window or a
@@ -83,7 +85,7 @@ bool Application::notifyOfKey(QObject *receiver, QKeyEvent *event)
         pass(missed.receiver, missed.event.get());
     if (event->type() == QEvent::ShortcutOverride) {
         m_shortcutRepeats = repeats;
-        if (choosesMenuItem(*event)) {
+        if (belongsToMenu(*event)) {
             event->accept();
             return true;
         }

@@ -12,7 +12,7 @@ namespace lyrabox {
 /// - Repeats reach their receivers marked as repeats. Until the user releases the key, no unmarked
 ///   press or release arrives.
 /// - If a held key must not act again (see keyActsWhileHeld()), its repeats are dropped.
-/// - While a menu is open, letters and digits choose its items and are no shortcuts.
+/// - While a menu is open, letters, digits, Return and Delete belong to it and are no shortcuts.
 /// - A shortcut repeats if the autoRepeat() of its QAction or QShortcut is set, even if the display
 ///   server did not mark the repeats.
 class Application : public QApplication {

@@ -204,6 +204,12 @@ TEST_F(PracticeKeyboard, LettersChooseTheItemsOfAnOpenMenu)
     QTest::keyClick(practice, Qt::Key_K);
     EXPECT_EQ(loops(), 1U);
     EXPECT_FALSE(practice->isVisible());
+    practice->popup(window->mapToGlobal(QPoint(100, 20)));
+    QTest::keyClick(practice, Qt::Key_Delete);
+    EXPECT_EQ(loops(), 1U) << "the keyboard is not in the pane";
+    audio()->setCurrentFrame(4 * 44100);
+    QTest::keyClick(practice, Qt::Key_Return);
+    EXPECT_EQ(audio()->currentFrame(), 4U * 44100U);
 }
 
 } // namespace
