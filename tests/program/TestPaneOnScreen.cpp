@@ -42,6 +42,11 @@ TEST_F(ProgramWithPane, LoopsAreCalledUpInTheListAndAboveTheWaveAndDraggedThere)
     EXPECT_TRUE(hears(stepFrequency(11), 3.0));
     EXPECT_TRUE(hears(stepFrequency(10), 3.0));
 
+    // It is renamed while the list has the keyboard.
+    display.key(u"F2"_s);
+    display.type(u"Solo"_s);
+    display.key(u"Return"_s);
+
     // The end of a loop that does not sound is dragged above the wave.
     display.key(u"l"_s);
     ASSERT_TRUE(hears(stepFrequency(13), 5.0));
@@ -53,6 +58,13 @@ TEST_F(ProgramWithPane, LoopsAreCalledUpInTheListAndAboveTheWaveAndDraggedThere)
         EXPECT_TRUE(hears(stepFrequency(12), 4.0)) << pass;
     }
     EXPECT_EQ(quit(), 0);
+    QByteArray kept;
+    for (const QFileInfo &info : QDir(settingsFile(u"Practice"_s)).entryInfoList(QDir::Files)) {
+        QFile file(info.filePath());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        kept += file.readAll();
+    }
+    EXPECT_TRUE(kept.contains("Solo")) << kept.toStdString();
 }
 
 TEST_F(ProgramWithPane, LettersChooseInAnOpenMenuAlthoughTheyAreKeysOfThePane)

@@ -23,7 +23,7 @@ namespace {
 constexpr int cellPadding = 8;
 constexpr double shownStep = 0.1; // seconds, as the rows show them
 
-/// Whether the list itself handles this key, although it is also the key of a command.
+/// Whether the list handles this key, if no command with that key takes it before.
 bool isOwnKey(const QKeyEvent *event)
 {
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
@@ -205,16 +205,6 @@ void LoopList::deleteSelection()
     // The next row is selected, so that Delete can be pressed again.
     const int next = std::min(row, m_rows->rowCount() - 1);
     selectId(next < 0 ? std::nullopt : std::optional(m_rows->id(next)));
-}
-
-bool LoopList::event(QEvent *event)
-{
-    if (event->type() == QEvent::ShortcutOverride && state() != EditingState &&
-        isOwnKey(static_cast<QKeyEvent *>(event)) && !selectedIds().isEmpty()) {
-        event->accept();
-        return true;
-    }
-    return QTableView::event(event);
 }
 
 void LoopList::keyPressEvent(QKeyEvent *event)
