@@ -3,6 +3,7 @@
 #include "engine/Artwork.h"
 #include "engine/AudioEngine.h"
 #include "engine/TransportRules.h"
+#include "platform/audio/AudioUnit.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
@@ -14,6 +15,7 @@
 #include <QMessageBox>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -269,6 +271,15 @@ void LB_AudioController::setLoop(lyrabox::LoopRange range)
     setLoopStartIsSet(true);
     showLoop(LoopPhase::Looping);
     Q_EMIT loopChanged();
+}
+
+quint64 LB_AudioController::lastLoopEnd() const
+{
+    // The song ends when two slices are left. The loop's end is looked for once per slice, so it
+    // may be overshot by nearly one more.
+    constexpr quint64 margin = 3 * lyrabox::TimePitchUnit::sliceFrames;
+    const quint64 total = totalFrames();
+    return total - std::min(total, margin);
 }
 
 void LB_AudioController::clearLoop()

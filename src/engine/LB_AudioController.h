@@ -109,6 +109,9 @@ public:
     /// Loops from now on, and shows that on the loop button. The points are not checked: if the end
     /// is not after the start, playback stays at the start. Sends loopChanged().
     void setLoop(lyrabox::LoopRange range);
+    /// The last end, in frames, at which a loop of this song jumps back. Behind it the song ends
+    /// first.
+    quint64 lastLoopEnd() const;
     /// Marks the start of a loop whose end is to come, and shows that on the loop button. Playback
     /// does not loop until setLoop(). Sends loopChanged().
     void markLoopStart(quint64 frame);

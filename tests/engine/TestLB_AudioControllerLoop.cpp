@@ -35,6 +35,25 @@ TEST_F(AudioControllerLoop, SetLoopLoopsAndShowsItOnTheButton)
     EXPECT_EQ(heard.channels[0][256], 2000.0F);
 }
 
+TEST_F(AudioControllerLoop, ALoopToTheLastEndJumpsBackFromEveryPlaceInASlice)
+{
+    const quint64 end = player.lastLoopEnd();
+    for (quint64 offset = 0; offset < 128; ++offset) {
+        player.setLoop({.start = end - 1000 + offset, .end = end});
+        player.setCurrentFrame(end - 1000 + offset);
+        player.setIsRunning(true);
+        transport.audio.pull(3000);
+        ASSERT_FALSE(player.trackHasEnded()) << "from " << offset << " frames behind a slice";
+        ASSERT_LT(player.currentFrame(), end + 128);
+    }
+    // One frame more and the song ends at some of them.
+    player.setLoop({.start = end - 127, .end = end + 1});
+    player.setCurrentFrame(end - 128);
+    player.setIsRunning(true);
+    transport.audio.pull(3000);
+    EXPECT_TRUE(player.trackHasEnded());
+}
+
 TEST_F(AudioControllerLoop, AClickAfterSetLoopClearsTheLoop)
 {
     player.setLoop({.start = 2000, .end = 3000});

@@ -89,6 +89,15 @@ void SongPractice::setCalledUp(std::optional<PracticeLoop> loop)
         Q_EMIT calledUpChanged();
 }
 
+/// A loop that reaches to the song's end is played up to the last frame that jumps back.
+LoopRange SongPractice::playedRange(LoopRange range) const
+{
+    const quint64 last = m_audio->lastLoopEnd();
+    if (range.end > last && range.start < last)
+        range.end = last;
+    return range;
+}
+
 /// The record is another one, or has other content.
 void SongPractice::followRecord()
 {
@@ -99,7 +108,7 @@ void SongPractice::followRecord()
         if (kept == nullptr || !isPlayable(*kept)) {
             setCalledUp(std::nullopt);
         } else {
-            const LoopRange range = rangeOf(*kept);
+            const LoopRange range = playedRange(rangeOf(*kept));
             setCalledUp(*kept);
             if (m_audio->loop() != range)
                 m_audio->setLoop(range);
@@ -115,7 +124,7 @@ void SongPractice::followPlayer()
     if (!m_calledUp)
         return;
     const PracticeLoop *kept = calledUpLoop();
-    if (kept == nullptr || m_audio->loop() != rangeOf(*kept))
+    if (kept == nullptr || m_audio->loop() != playedRange(rangeOf(*kept)))
         setCalledUp(std::nullopt);
 }
 
@@ -126,7 +135,7 @@ bool SongPractice::play(PracticeId loop)
         return false;
     const PracticeLoop called = *kept;
     m_calledUp.reset(); // The change of the player's loop is no change of a loop that is called up.
-    m_audio->setLoop(rangeOf(called));
+    m_audio->setLoop(playedRange(rangeOf(called)));
     if (called.speed)
         m_audio->setPlaybackSpeedPct(static_cast<float>(*called.speed));
     if (called.pitch)
@@ -173,7 +182,7 @@ void SongPractice::changeLoop(LoopRange range, loopHands::Grip grip, PracticeSte
             m_store.apply({PutLoop{changed}}, step); // followRecord() moves the player's loop
     }
     if (!isEdited)
-        m_audio->setLoop(range);
+        m_audio->setLoop(playedRange(range));
     m_audio->setCurrentFrame(
         loopHands::playedFrom(grip, range, m_audio->audioBufferFormat().mSampleRate));
 }

@@ -93,6 +93,7 @@ Q_SIGNALS:
     void nameWanted(lyrabox::PracticeId entry);
 
 private:
+    LoopRange playedRange(LoopRange range) const;
     void followTrack();
     void followRecord();
     void followPlayer();

@@ -33,6 +33,26 @@ TEST_F(TheSongsPractice, IsThereWhenTheLoadOfAKnownSongReturns)
     EXPECT_EQ(record().loops.front().name, u"Kept"_s);
 }
 
+TEST_F(TheSongsPractice, ALoopToTheSongsEndJumpsBackBeforeTheSongEnds)
+{
+    load(u"A"_s);
+    const quint64 total = audio().totalFrames();
+    practice->changeLoop({rate, total}, Grip::Nothing);
+    ASSERT_TRUE(audio().loop());
+    EXPECT_EQ(audio().loop()->end, audio().lastLoopEnd());
+    EXPECT_LT(audio().lastLoopEnd(), total);
+    ASSERT_TRUE(practice->keepLoop());
+    EXPECT_TRUE(practice->calledUp());
+
+    // One from a file may end exactly with the song. It is called up as it is.
+    const PracticeLoop whole{.name = u"Whole"_s, .from = 0, .to = total};
+    ASSERT_TRUE(practice->store().apply({PutLoop{whole}}));
+    ASSERT_TRUE(practice->play(whole.id));
+    EXPECT_EQ(practice->calledUp(), whole.id);
+    EXPECT_EQ(audio().loop()->end, audio().lastLoopEnd());
+    EXPECT_EQ(record().loop(whole.id)->to, total);
+}
+
 TEST_F(TheSongsPractice, IsClosedWithItsSong)
 {
     load(u"A"_s);
