@@ -801,6 +801,176 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::LoopColors</name>
+    <message>
+        <source>Violet</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>Braun</translation>
+    </message>
+    <message>
+        <source>Olive</source>
+        <translation>Oliv</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>Petrol</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>Grau</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEdits</name>
+    <message>
+        <source>Loop %1</source>
+        <translation>Schleife %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEnds</name>
+    <message>
+        <source>Start</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>Start of the loop</source>
+        <translation>Anfang der Schleife</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>End of the loop</source>
+        <translation>Ende der Schleife</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopList</name>
+    <message>
+        <source>Loops and markers</source>
+        <translation>Schleifen und Marken</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Note…</source>
+        <translation>&amp;Notiz …</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>Tempo und Tonhöhe &amp;merken</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>Tempo und Tonhöhe &amp;vergessen</translation>
+    </message>
+    <message>
+        <source>Note for “%1”</source>
+        <translation>Notiz zu „%1“</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopListModel</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marke</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Schleife %1</translation>
+    </message>
+    <message>
+        <source>Beyond the end of the song</source>
+        <translation>Hinter dem Ende des Titels</translation>
+    </message>
+    <message>
+        <source>Pitch: %1 cents</source>
+        <translation>Tonhöhe: %1 Cent</translation>
+    </message>
+    <message>
+        <source>Loop %1, called up</source>
+        <translation>Schleife %1, aufgerufen</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Stelle</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopsPage</name>
+    <message>
+        <source>The loops and markers of a song are listed here.</source>
+        <translation>Hier stehen die Schleifen und Marken eines Titels.</translation>
+    </message>
+    <message>
+        <source>Press K to keep the loop that sounds, M to set a marker.</source>
+        <translation>K behält die Schleife, die klingt; M setzt eine Marke.</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::MainMenu</name>
     <message>
         <source>&amp;File</source>
@@ -1043,6 +1213,168 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>&amp;Follow</source>
         <translation>&amp;Folgen</translation>
     </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>A&amp;bspielen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Loop</source>
+        <translation>Schleife &amp;merken</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Schleife %1</translation>
+    </message>
+    <message>
+        <source>Play Loop</source>
+        <translation>Schleife abspielen</translation>
+    </message>
+    <message>
+        <source>&amp;Next Loop</source>
+        <translation>&amp;Nächste Schleife</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Loop</source>
+        <translation>&amp;Vorige Schleife</translation>
+    </message>
+    <message>
+        <source>Play &amp;Selected</source>
+        <translation>&amp;Auswahl abspielen</translation>
+    </message>
+    <message>
+        <source>&amp;Marker</source>
+        <translation>Mar&amp;ke</translation>
+    </message>
+    <message>
+        <source>&amp;Add Marker</source>
+        <translation>Marke &amp;setzen</translation>
+    </message>
+    <message>
+        <source>Add Marker with &amp;Name…</source>
+        <translation>Marke mit &amp;Namen setzen …</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt Marker</source>
+        <translation>Nä&amp;chste Marke</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Marker</source>
+        <translation>&amp;Vorige Marke</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Earlier</source>
+        <translation>10 ms &amp;früher</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Later</source>
+        <translation>10 ms &amp;später</translation>
+    </message>
+    <message>
+        <source>1 ms E&amp;arlier</source>
+        <translation>1 ms f&amp;rüher</translation>
+    </message>
+    <message>
+        <source>1 ms La&amp;ter</source>
+        <translation>1 ms s&amp;päter</translation>
+    </message>
+    <message>
+        <source>100 ms Earl&amp;ier</source>
+        <translation>100 ms frü&amp;her</translation>
+    </message>
+    <message>
+        <source>100 ms Late&amp;r</source>
+        <translation>100 ms spä&amp;ter</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
+        <translation>%1 um 10 ms (mit Alt 1 ms, mit Umschalt 100 ms)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Start</source>
+        <translation>&amp;Anfang verschieben</translation>
+    </message>
+    <message>
+        <source>Move &amp;End</source>
+        <translation>&amp;Ende verschieben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Loop</source>
+        <translation>&amp;Schleife verschieben</translation>
+    </message>
+    <message>
+        <source>&amp;Tidy Loop</source>
+        <translation>Schleife &amp;zurechtrücken</translation>
+    </message>
+    <message>
+        <source>Second &amp;Half</source>
+        <translation>Zweite &amp;Hälfte</translation>
+    </message>
+    <message>
+        <source>Twice as Lon&amp;g</source>
+        <translation>&amp;Doppelt so lang</translation>
+    </message>
+    <message>
+        <source>Keep Speed and P&amp;itch with Loop</source>
+        <translation>&amp;Tempo und Tonhöhe zur Schleife merken</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch of Loop</source>
+        <translation>Tempo und Tonhöhe der Schleife &amp;vergessen</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>&amp;Umbenennen …</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>Wiederh&amp;olen</translation>
+    </message>
+    <message>
+        <source>&amp;Wave</source>
+        <translation>&amp;Welle</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeFooter</name>
+    <message>
+        <source>The loops of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>Die Schleifen dieses Titels sind nicht lesbar. Die nächste Änderung behält die alte Datei unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Some loops or markers of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>Manche Schleifen oder Marken dieses Titels sind nicht lesbar. Die nächste Änderung behält die alte Datei unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>A later version of Lyrabox made these loops. They cannot be changed here.</source>
+        <translation>Eine spätere Version von Lyrabox hat diese Schleifen angelegt. Hier sind sie nicht änderbar.</translation>
+    </message>
+    <message>
+        <source>Loops and markers cannot be written to the disk. They are lost when Lyrabox ends.</source>
+        <translation>Schleifen und Marken lassen sich nicht speichern. Sie gehen verloren, wenn Lyrabox endet.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the loops of this song, too. Its file was kept under another name.</source>
+        <translation>Auch ein anderes Programm hat die Schleifen dieses Titels geändert. Seine Datei liegt unter anderem Namen.</translation>
+    </message>
+    <message>
+        <source>Recognising the song…</source>
+        <translation>Titel wird erkannt …</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeLane</name>
+    <message>
+        <source>Loops and markers above the wave</source>
+        <translation>Schleifen und Marken über der Welle</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticePane</name>
@@ -1071,8 +1403,12 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <translation>Für eine Schleife über die Welle ziehen.</translation>
     </message>
     <message>
-        <source>Loop %1 – %2 · %3 s</source>
-        <translation>Schleife %1 – %2 · %3 s</translation>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Press K to keep this loop.</source>
+        <translation>K behält diese Schleife.</translation>
     </message>
 </context>
 <context>

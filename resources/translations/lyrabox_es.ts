@@ -801,6 +801,176 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::LoopColors</name>
+    <message>
+        <source>Violet</source>
+        <translation>Violeta</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rojo</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>Marrón</translation>
+    </message>
+    <message>
+        <source>Olive</source>
+        <translation>Oliva</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Verde</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>Verde azulado</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Azul</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>Gris</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEdits</name>
+    <message>
+        <source>Loop %1</source>
+        <translation>Bucle %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEnds</name>
+    <message>
+        <source>Start</source>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>Start of the loop</source>
+        <translation>Inicio del bucle</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Final</translation>
+    </message>
+    <message>
+        <source>End of the loop</source>
+        <translation>Final del bucle</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopList</name>
+    <message>
+        <source>Loops and markers</source>
+        <translation>Bucles y marcas</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Reproducir</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Cambiar nombre</translation>
+    </message>
+    <message>
+        <source>&amp;Note…</source>
+        <translation>&amp;Nota…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Eliminar</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>C&amp;olor</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>&amp;Guardar velocidad y tono</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>Ol&amp;vidar velocidad y tono</translation>
+    </message>
+    <message>
+        <source>Note for “%1”</source>
+        <translation>Nota para «%1»</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopListModel</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marca</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Bucle %1</translation>
+    </message>
+    <message>
+        <source>Beyond the end of the song</source>
+        <translation>Más allá del final de la canción</translation>
+    </message>
+    <message>
+        <source>Pitch: %1 cents</source>
+        <translation>Tono: %1 cents</translation>
+    </message>
+    <message>
+        <source>Loop %1, called up</source>
+        <translation>Bucle %1, activo</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 a %2</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Número</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Posición</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopsPage</name>
+    <message>
+        <source>The loops and markers of a song are listed here.</source>
+        <translation>Aquí aparecen los bucles y las marcas de una canción.</translation>
+    </message>
+    <message>
+        <source>Press K to keep the loop that sounds, M to set a marker.</source>
+        <translation>K guarda el bucle que suena, M pone una marca.</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::MainMenu</name>
     <message>
         <source>&amp;File</source>
@@ -1043,6 +1213,168 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>&amp;Follow</source>
         <translation>&amp;Seguir</translation>
     </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Reproducir</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Loop</source>
+        <translation>&amp;Guardar bucle</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Bucle %1</translation>
+    </message>
+    <message>
+        <source>Play Loop</source>
+        <translation>Reproducir bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Next Loop</source>
+        <translation>Bucle &amp;siguiente</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Loop</source>
+        <translation>Bucle &amp;anterior</translation>
+    </message>
+    <message>
+        <source>Play &amp;Selected</source>
+        <translation>&amp;Reproducir la selección</translation>
+    </message>
+    <message>
+        <source>&amp;Marker</source>
+        <translation>&amp;Marca</translation>
+    </message>
+    <message>
+        <source>&amp;Add Marker</source>
+        <translation>&amp;Añadir marca</translation>
+    </message>
+    <message>
+        <source>Add Marker with &amp;Name…</source>
+        <translation>Añadir marca con &amp;nombre…</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt Marker</source>
+        <translation>Marca &amp;siguiente</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Marker</source>
+        <translation>Marca an&amp;terior</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Earlier</source>
+        <translation>10 ms a&amp;ntes</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Later</source>
+        <translation>10 ms &amp;después</translation>
+    </message>
+    <message>
+        <source>1 ms E&amp;arlier</source>
+        <translation>1 ms &amp;antes</translation>
+    </message>
+    <message>
+        <source>1 ms La&amp;ter</source>
+        <translation>1 ms de&amp;spués</translation>
+    </message>
+    <message>
+        <source>100 ms Earl&amp;ier</source>
+        <translation>100 ms an&amp;tes</translation>
+    </message>
+    <message>
+        <source>100 ms Late&amp;r</source>
+        <translation>100 ms des&amp;pués</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
+        <translation>%1 10 ms (con Alt 1 ms, con Mayús 100 ms)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Start</source>
+        <translation>Mover &amp;inicio</translation>
+    </message>
+    <message>
+        <source>Move &amp;End</source>
+        <translation>Mover &amp;final</translation>
+    </message>
+    <message>
+        <source>Move &amp;Loop</source>
+        <translation>Mover &amp;bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Tidy Loop</source>
+        <translation>&amp;Ajustar bucle</translation>
+    </message>
+    <message>
+        <source>Second &amp;Half</source>
+        <translation>Segunda mi&amp;tad</translation>
+    </message>
+    <message>
+        <source>Twice as Lon&amp;g</source>
+        <translation>El &amp;doble de largo</translation>
+    </message>
+    <message>
+        <source>Keep Speed and P&amp;itch with Loop</source>
+        <translation>Guardar &amp;velocidad y tono con el bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch of Loop</source>
+        <translation>O&amp;lvidar velocidad y tono del bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>&amp;Cambiar nombre…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Eliminar</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>De&amp;shacer</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>Re&amp;hacer</translation>
+    </message>
+    <message>
+        <source>&amp;Wave</source>
+        <translation>&amp;Onda</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeFooter</name>
+    <message>
+        <source>The loops of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>Los bucles de esta canción no se pueden leer. El próximo cambio conservará el archivo antiguo con otro nombre.</translation>
+    </message>
+    <message>
+        <source>Some loops or markers of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>Algunos bucles o marcas de esta canción no se pueden leer. El próximo cambio conservará el archivo antiguo con otro nombre.</translation>
+    </message>
+    <message>
+        <source>A later version of Lyrabox made these loops. They cannot be changed here.</source>
+        <translation>Estos bucles son de una versión posterior de Lyrabox. Aquí no se pueden cambiar.</translation>
+    </message>
+    <message>
+        <source>Loops and markers cannot be written to the disk. They are lost when Lyrabox ends.</source>
+        <translation>Los bucles y las marcas no se pueden guardar en el disco. Se perderán al cerrar Lyrabox.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the loops of this song, too. Its file was kept under another name.</source>
+        <translation>Otro programa también ha cambiado los bucles de esta canción. Su archivo se conserva con otro nombre.</translation>
+    </message>
+    <message>
+        <source>Recognising the song…</source>
+        <translation>Reconociendo la canción…</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeLane</name>
+    <message>
+        <source>Loops and markers above the wave</source>
+        <translation>Bucles y marcas sobre la onda</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticePane</name>
@@ -1071,8 +1403,12 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <translation>Arrastre sobre la onda para crear un bucle.</translation>
     </message>
     <message>
-        <source>Loop %1 – %2 · %3 s</source>
-        <translation>Bucle %1 – %2 · %3 s</translation>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Press K to keep this loop.</source>
+        <translation>K guarda este bucle.</translation>
     </message>
 </context>
 <context>

@@ -802,6 +802,176 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::LoopColors</name>
+    <message>
+        <source>Violet</source>
+        <translation>Violet</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rouge</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>Brun</translation>
+    </message>
+    <message>
+        <source>Olive</source>
+        <translation>Olive</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Vert</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>Bleu-vert</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Bleu</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>Gris</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEdits</name>
+    <message>
+        <source>Loop %1</source>
+        <translation>Boucle %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEnds</name>
+    <message>
+        <source>Start</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>Start of the loop</source>
+        <translation>Début de la boucle</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>End of the loop</source>
+        <translation>Fin de la boucle</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopList</name>
+    <message>
+        <source>Loops and markers</source>
+        <translation>Boucles et repères</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Lire</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Renommer</translation>
+    </message>
+    <message>
+        <source>&amp;Note…</source>
+        <translation>&amp;Note…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Couleur</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>&amp;Garder la vitesse et la hauteur</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>&amp;Oublier la vitesse et la hauteur</translation>
+    </message>
+    <message>
+        <source>Note for “%1”</source>
+        <translation>Note pour « %1 »</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopListModel</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Repère</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Boucle %1</translation>
+    </message>
+    <message>
+        <source>Beyond the end of the song</source>
+        <translation>Au-delà de la fin du morceau</translation>
+    </message>
+    <message>
+        <source>Pitch: %1 cents</source>
+        <translation>Hauteur : %1 cents</translation>
+    </message>
+    <message>
+        <source>Loop %1, called up</source>
+        <translation>Boucle %1, appelée</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Numéro</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Emplacement</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopsPage</name>
+    <message>
+        <source>The loops and markers of a song are listed here.</source>
+        <translation>Les boucles et repères d’un morceau s’affichent ici.</translation>
+    </message>
+    <message>
+        <source>Press K to keep the loop that sounds, M to set a marker.</source>
+        <translation>K garde la boucle qui joue, M place un repère.</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::MainMenu</name>
     <message>
         <source>&amp;File</source>
@@ -1044,6 +1214,168 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>&amp;Follow</source>
         <translation>&amp;Suivre</translation>
     </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Lire</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Loop</source>
+        <translation>&amp;Garder la boucle</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Boucle %1</translation>
+    </message>
+    <message>
+        <source>Play Loop</source>
+        <translation>Lire la boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Next Loop</source>
+        <translation>Boucle &amp;suivante</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Loop</source>
+        <translation>Boucle &amp;précédente</translation>
+    </message>
+    <message>
+        <source>Play &amp;Selected</source>
+        <translation>&amp;Lire la sélection</translation>
+    </message>
+    <message>
+        <source>&amp;Marker</source>
+        <translation>Re&amp;père</translation>
+    </message>
+    <message>
+        <source>&amp;Add Marker</source>
+        <translation>&amp;Ajouter un repère</translation>
+    </message>
+    <message>
+        <source>Add Marker with &amp;Name…</source>
+        <translation>Ajouter un repère &amp;nommé…</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt Marker</source>
+        <translation>Repère &amp;suivant</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Marker</source>
+        <translation>Repère &amp;précédent</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Earlier</source>
+        <translation>10 ms plus &amp;tôt</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Later</source>
+        <translation>10 ms plus ta&amp;rd</translation>
+    </message>
+    <message>
+        <source>1 ms E&amp;arlier</source>
+        <translation>1 ms &amp;plus tôt</translation>
+    </message>
+    <message>
+        <source>1 ms La&amp;ter</source>
+        <translation>1 ms p&amp;lus tard</translation>
+    </message>
+    <message>
+        <source>100 ms Earl&amp;ier</source>
+        <translation>100 ms pl&amp;us tôt</translation>
+    </message>
+    <message>
+        <source>100 ms Late&amp;r</source>
+        <translation>100 ms plus t&amp;ard</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
+        <translation>%1 de 10 ms (avec Alt 1 ms, avec Maj 100 ms)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Start</source>
+        <translation>Déplacer le &amp;début</translation>
+    </message>
+    <message>
+        <source>Move &amp;End</source>
+        <translation>Déplacer la &amp;fin</translation>
+    </message>
+    <message>
+        <source>Move &amp;Loop</source>
+        <translation>Déplacer la &amp;boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Tidy Loop</source>
+        <translation>&amp;Ajuster la boucle</translation>
+    </message>
+    <message>
+        <source>Second &amp;Half</source>
+        <translation>&amp;Seconde moitié</translation>
+    </message>
+    <message>
+        <source>Twice as Lon&amp;g</source>
+        <translation>Deux fois plus lo&amp;ngue</translation>
+    </message>
+    <message>
+        <source>Keep Speed and P&amp;itch with Loop</source>
+        <translation>Garder la &amp;vitesse et la hauteur de la boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch of Loop</source>
+        <translation>&amp;Oublier la vitesse et la hauteur de la boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>&amp;Renommer…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>Suppri&amp;mer</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>Ann&amp;uler</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>Ré&amp;tablir</translation>
+    </message>
+    <message>
+        <source>&amp;Wave</source>
+        <translation>Ond&amp;e</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeFooter</name>
+    <message>
+        <source>The loops of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>Les boucles de ce morceau sont illisibles. La prochaine modification gardera l’ancien fichier sous un autre nom.</translation>
+    </message>
+    <message>
+        <source>Some loops or markers of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>Certaines boucles ou certains repères de ce morceau sont illisibles. La prochaine modification gardera l’ancien fichier sous un autre nom.</translation>
+    </message>
+    <message>
+        <source>A later version of Lyrabox made these loops. They cannot be changed here.</source>
+        <translation>Ces boucles viennent d’une version plus récente de Lyrabox. Elles ne peuvent pas être modifiées ici.</translation>
+    </message>
+    <message>
+        <source>Loops and markers cannot be written to the disk. They are lost when Lyrabox ends.</source>
+        <translation>Les boucles et repères ne peuvent pas être enregistrés. Ils seront perdus à la fermeture de Lyrabox.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the loops of this song, too. Its file was kept under another name.</source>
+        <translation>Un autre programme a aussi modifié les boucles de ce morceau. Son fichier a été gardé sous un autre nom.</translation>
+    </message>
+    <message>
+        <source>Recognising the song…</source>
+        <translation>Reconnaissance du morceau…</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeLane</name>
+    <message>
+        <source>Loops and markers above the wave</source>
+        <translation>Boucles et repères au-dessus de l’onde</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticePane</name>
@@ -1072,8 +1404,12 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <translation>Faites glisser sur l’onde pour créer une boucle.</translation>
     </message>
     <message>
-        <source>Loop %1 – %2 · %3 s</source>
-        <translation>Boucle %1 – %2 · %3 s</translation>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Press K to keep this loop.</source>
+        <translation>K garde cette boucle.</translation>
     </message>
 </context>
 <context>

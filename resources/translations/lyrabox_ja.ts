@@ -793,6 +793,176 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::LoopColors</name>
+    <message>
+        <source>Violet</source>
+        <translation>紫</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>赤</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>茶</translation>
+    </message>
+    <message>
+        <source>Olive</source>
+        <translation>オリーブ</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>緑</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation>青緑</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>青</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>灰色</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEdits</name>
+    <message>
+        <source>Loop %1</source>
+        <translation>ループ %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopEnds</name>
+    <message>
+        <source>Start</source>
+        <translation>始点</translation>
+    </message>
+    <message>
+        <source>Start of the loop</source>
+        <translation>ループの始点</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>終点</translation>
+    </message>
+    <message>
+        <source>End of the loop</source>
+        <translation>ループの終点</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopList</name>
+    <message>
+        <source>Loops and markers</source>
+        <translation>ループとマーカー</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>名前を変更(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Note…</source>
+        <translation>メモ(&amp;N)…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>削除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>色(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Speed and Pitch</source>
+        <translation>速度とピッチを保存(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch</source>
+        <translation>速度とピッチを消去(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Note for “%1”</source>
+        <translation>「%1」のメモ</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>メモ</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopListModel</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>マーカー</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>ループ %1</translation>
+    </message>
+    <message>
+        <source>Beyond the end of the song</source>
+        <translation>曲の終わりより後</translation>
+    </message>
+    <message>
+        <source>Pitch: %1 cents</source>
+        <translation>ピッチ: %1 セント</translation>
+    </message>
+    <message>
+        <source>Loop %1, called up</source>
+        <translation>ループ %1 (呼び出し中)</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 から %2</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>番号</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::LoopsPage</name>
+    <message>
+        <source>The loops and markers of a song are listed here.</source>
+        <translation>曲のループとマーカーがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Press K to keep the loop that sounds, M to set a marker.</source>
+        <translation>K で鳴っているループを保存、M でマーカーを設定します。</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::MainMenu</name>
     <message>
         <source>&amp;File</source>
@@ -1035,6 +1205,168 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>&amp;Follow</source>
         <translation>追従(&amp;F)</translation>
     </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep Loop</source>
+        <translation>ループを保存(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>ループ %1</translation>
+    </message>
+    <message>
+        <source>Play Loop</source>
+        <translation>ループを再生</translation>
+    </message>
+    <message>
+        <source>&amp;Next Loop</source>
+        <translation>次のループ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Loop</source>
+        <translation>前のループ(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play &amp;Selected</source>
+        <translation>選択した項目を再生(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Marker</source>
+        <translation>マーカー(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Add Marker</source>
+        <translation>マーカーを追加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Add Marker with &amp;Name…</source>
+        <translation>名前付きでマーカーを追加(&amp;N)…</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt Marker</source>
+        <translation>次のマーカー(&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Marker</source>
+        <translation>前のマーカー(&amp;P)</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Earlier</source>
+        <translation>10 ms 早く(&amp;E)</translation>
+    </message>
+    <message>
+        <source>10 ms &amp;Later</source>
+        <translation>10 ms 遅く(&amp;L)</translation>
+    </message>
+    <message>
+        <source>1 ms E&amp;arlier</source>
+        <translation>1 ms 早く(&amp;A)</translation>
+    </message>
+    <message>
+        <source>1 ms La&amp;ter</source>
+        <translation>1 ms 遅く(&amp;T)</translation>
+    </message>
+    <message>
+        <source>100 ms Earl&amp;ier</source>
+        <translation>100 ms 早く(&amp;I)</translation>
+    </message>
+    <message>
+        <source>100 ms Late&amp;r</source>
+        <translation>100 ms 遅く(&amp;R)</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
+        <translation>%1 10 ms (Alt で 1 ms、Shift で 100 ms)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Start</source>
+        <translation>始点を移動(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Move &amp;End</source>
+        <translation>終点を移動(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Move &amp;Loop</source>
+        <translation>ループを移動(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Tidy Loop</source>
+        <translation>ループを整える(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Second &amp;Half</source>
+        <translation>後半(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Twice as Lon&amp;g</source>
+        <translation>2 倍の長さ(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Keep Speed and P&amp;itch with Loop</source>
+        <translation>ループの速度とピッチを保存(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Forget Speed and Pitch of Loop</source>
+        <translation>ループの速度とピッチを消去(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>名前を変更(&amp;R)…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>削除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>やり直す(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Wave</source>
+        <translation>波形(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeFooter</name>
+    <message>
+        <source>The loops of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>この曲のループを読み込めません。次の変更時に、古いファイルは別の名前で残されます。</translation>
+    </message>
+    <message>
+        <source>Some loops or markers of this song cannot be read. The next change keeps the old file under another name.</source>
+        <translation>この曲のループまたはマーカーの一部を読み込めません。次の変更時に、古いファイルは別の名前で残されます。</translation>
+    </message>
+    <message>
+        <source>A later version of Lyrabox made these loops. They cannot be changed here.</source>
+        <translation>これらのループは新しいバージョンの Lyrabox で作成されました。ここでは変更できません。</translation>
+    </message>
+    <message>
+        <source>Loops and markers cannot be written to the disk. They are lost when Lyrabox ends.</source>
+        <translation>ループとマーカーをディスクに書き込めません。Lyrabox を終了すると失われます。</translation>
+    </message>
+    <message>
+        <source>Another program has changed the loops of this song, too. Its file was kept under another name.</source>
+        <translation>別のプログラムもこの曲のループを変更しました。そのファイルは別の名前で残されています。</translation>
+    </message>
+    <message>
+        <source>Recognising the song…</source>
+        <translation>曲を識別しています…</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeLane</name>
+    <message>
+        <source>Loops and markers above the wave</source>
+        <translation>波形の上のループとマーカー</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticePane</name>
@@ -1063,8 +1395,12 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <translation>波形の上をドラッグするとループになります。</translation>
     </message>
     <message>
-        <source>Loop %1 – %2 · %3 s</source>
-        <translation>ループ %1 – %2 · %3 秒</translation>
+        <source>%1, %2</source>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>Press K to keep this loop.</source>
+        <translation>K でこのループを保存します。</translation>
     </message>
 </context>
 <context>
