@@ -150,6 +150,18 @@ QByteArray practiceLogHeader()
     return header + '\n';
 }
 
+void clean(PracticeLogLine &line)
+{
+    for (QString *text : {&line.song, &line.artist, &line.loop})
+        *text = oneLine(*text);
+    line.at = line.at.toOffsetFromUtc(line.at.offsetFromUtc());
+    line.at = line.at.addMSecs(-line.at.time().msec());
+    line.speed = std::round(line.speed * 100.0) / 100.0;
+    line.passes = std::max(line.passes, 0);
+    line.missed = std::clamp(line.missed, 0, line.passes);
+    line.seconds = std::max(line.seconds, 0);
+}
+
 QByteArray practiceLogText(const PracticeLogLine &line)
 {
     const QDateTime at = line.at.toOffsetFromUtc(line.at.offsetFromUtc());
@@ -188,6 +200,51 @@ bool PracticeLog::add(const PracticeLogLine &line)
     if (m_unwritten.size() > maximumUnwritten)
         m_unwritten.erase(m_unwritten.begin());
     return writeRest();
+}
+
+bool PracticeLog::replaceLast(const PracticeLogLine &last, const PracticeLogLine &line)
+{
+    if (!m_unwritten.empty() && m_unwritten.back() == last) {
+        m_unwritten.back() = line;
+        return writeRest();
+    }
+    Replaced replaced = Replaced::NotTheLast;
+    if (m_unwritten.empty())
+        replaced = replaceInFile(practiceLogText(last), practiceLogText(line));
+    if (replaced == Replaced::Yes)
+        return true;
+    PracticeLogLine rest = line;
+    rest.passes -= last.passes;
+    rest.missed -= last.missed;
+    rest.seconds -= last.seconds;
+    clean(rest);
+    const bool isMore = rest.passes > 0 || rest.seconds > 0;
+    return isMore ? add(rest) : replaced != Replaced::No;
+}
+
+PracticeLog::Replaced PracticeLog::replaceInFile(const QByteArray &last,
+                                                 const QByteArray &line) const
+{
+    const QFileInfo info(m_path);
+    if (!info.exists())
+        return Replaced::NotTheLast;
+    QFile file(m_path);
+    // Opening a pipe would block.
+    if (!info.isFile() || !file.open(QIODevice::ReadWrite))
+        return Replaced::No;
+    const qint64 size = file.size();
+    const qint64 from = size - last.size();
+    if (from < 0 || !file.seek(from) || file.read(last.size()) != last)
+        return Replaced::NotTheLast;
+    if (!file.seek(from))
+        return Replaced::No;
+    if (file.write(line) == line.size() && file.flush() && file.resize(from + line.size()))
+        return Replaced::Yes;
+    file.seek(from); // a full disk: the old line stays
+    file.write(last);
+    file.flush();
+    file.resize(size);
+    return Replaced::No;
 }
 
 bool PracticeLog::writeRest()

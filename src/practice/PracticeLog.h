@@ -40,6 +40,10 @@ struct PracticeLogLine {
     bool operator==(const PracticeLogLine &) const = default;
 };
 
+/// Brings texts and numbers to what the file can hold, so that a line equals the one that is read
+/// again.
+void clean(PracticeLogLine &line);
+
 /// The largest file that is read as a whole. Of a larger one, so many bytes at its end are read.
 constexpr qsizetype practiceLogBytes = 8'000'000;
 
@@ -73,6 +77,11 @@ public:
     /// False if the line could not be written.
     bool add(const PracticeLogLine &line);
 
+    /// Writes `line` in the place of `last`, which was added last. If the file does not end with
+    /// `last` any more, because somebody has edited it, `last` stays and a line with the rest is
+    /// added: the passes, misses and seconds that `line` has more. False as above.
+    bool replaceLast(const PracticeLogLine &last, const PracticeLogLine &line);
+
     /// Tries again to write what could not be written. True if nothing is left.
     bool writeRest();
 
@@ -86,6 +95,9 @@ public:
     bool forget();
 
 private:
+    enum class Replaced { Yes, No, NotTheLast };
+    Replaced replaceInFile(const QByteArray &last, const QByteArray &line) const;
+
     QString m_path;
     std::vector<PracticeLogLine> m_unwritten;
 };

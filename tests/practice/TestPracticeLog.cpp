@@ -138,6 +138,60 @@ TEST_F(PracticeLogTest, KeepsLinesThatCannotBeWrittenAndWritesThemLater)
     EXPECT_EQ(PracticeLog(path()).read().lines.size(), 2U);
 }
 
+TEST_F(PracticeLogTest, ReplacesTheLineThatWasAddedLast)
+{
+    PracticeLog log(path());
+    log.add(sample());
+    log.add(sample());
+    PracticeLogLine longer = sample();
+    longer.passes = 12;
+    PracticeLogLine shorter = longer;
+    shorter.passes = 3;
+    shorter.loop = u"T"_s;
+    EXPECT_TRUE(log.replaceLast(sample(), longer));
+    EXPECT_THAT(log.read().lines, ElementsAre(sample(), longer));
+    EXPECT_TRUE(log.replaceLast(longer, shorter));
+    EXPECT_THAT(log.read().lines, ElementsAre(sample(), shorter));
+    EXPECT_EQ(content(),
+              practiceLogHeader() + practiceLogText(sample()) + practiceLogText(shorter));
+}
+
+TEST_F(PracticeLogTest, AddsTheRestIfTheLastLineWasEdited)
+{
+    PracticeLog log(path());
+    log.add(sample());
+    PracticeLogLine edited = sample();
+    edited.missed = 0;
+    write(practiceLogHeader() + practiceLogText(edited));
+    PracticeLogLine longer = sample();
+    longer.passes += 4;
+    longer.missed -= 1; // that was in the file
+    longer.seconds += 30;
+    EXPECT_TRUE(log.replaceLast(sample(), longer));
+    PracticeLogLine rest = sample();
+    rest.passes = 4;
+    rest.missed = 0;
+    rest.seconds = 30;
+    EXPECT_THAT(log.read().lines, ElementsAre(edited, rest));
+    write({});
+    EXPECT_TRUE(log.replaceLast(longer, longer)) << "there is nothing to add";
+    EXPECT_EQ(content(), "");
+}
+
+TEST_F(PracticeLogTest, ReplacesALineThatIsNotWrittenYet)
+{
+    ASSERT_TRUE(QDir().mkpath(path())); // a folder is in the way
+    PracticeLog log(path());
+    EXPECT_FALSE(log.add(sample()));
+    PracticeLogLine longer = sample();
+    longer.passes += 4;
+    EXPECT_FALSE(log.replaceLast(sample(), longer));
+    EXPECT_THAT(log.read().lines, ElementsAre(longer));
+    ASSERT_TRUE(QDir().rmdir(path()));
+    EXPECT_TRUE(log.replaceLast(longer, sample()));
+    EXPECT_THAT(PracticeLog(path()).read().lines, ElementsAre(sample()));
+}
+
 TEST_F(PracticeLogTest, DropsTheOldestOfTooManyUnwrittenLines)
 {
     ASSERT_TRUE(QDir().mkpath(path()));
