@@ -1377,6 +1377,13 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::PracticePages</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PracticePane</name>
     <message>
         <source>Songs</source>
@@ -1409,6 +1416,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Press K to keep this loop.</source>
         <translation>K behält diese Schleife.</translation>
+    </message>
+    <message>
+        <source>Loops</source>
+        <translation>Schleifen</translation>
     </message>
 </context>
 <context>

@@ -1377,6 +1377,13 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::PracticePages</name>
+    <message>
+        <source>Page</source>
+        <translation>Página</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PracticePane</name>
     <message>
         <source>Songs</source>
@@ -1409,6 +1416,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Press K to keep this loop.</source>
         <translation>K guarda este bucle.</translation>
+    </message>
+    <message>
+        <source>Loops</source>
+        <translation>Bucles</translation>
     </message>
 </context>
 <context>

@@ -1378,6 +1378,13 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::PracticePages</name>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PracticePane</name>
     <message>
         <source>Songs</source>
@@ -1410,6 +1417,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Press K to keep this loop.</source>
         <translation>K garde cette boucle.</translation>
+    </message>
+    <message>
+        <source>Loops</source>
+        <translation>Boucles</translation>
     </message>
 </context>
 <context>

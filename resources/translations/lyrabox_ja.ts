@@ -1369,6 +1369,13 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::PracticePages</name>
+    <message>
+        <source>Page</source>
+        <translation>ページ</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PracticePane</name>
     <message>
         <source>Songs</source>
@@ -1401,6 +1408,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Press K to keep this loop.</source>
         <translation>K でこのループを保存します。</translation>
+    </message>
+    <message>
+        <source>Loops</source>
+        <translation>ループ</translation>
     </message>
 </context>
 <context>

@@ -16,7 +16,7 @@ using loopHands::Grip;
 
 LoopCommands::LoopCommands(LB_AudioController *audio, SongPractice *practice,
                            const SongPeaks *peaks, QObject *parent)
-    : QObject(parent), m_audio(audio), m_practice(practice), m_peaks(peaks)
+    : CommandSet(parent), m_audio(audio), m_practice(practice), m_peaks(peaks)
 {
     const auto endRun = [this] {
         if (!m_isMoving)
@@ -144,7 +144,7 @@ void LoopCommands::performOnList(PracticeCommand command, int argument)
         m_practice->askForName(*named());
         break;
     case PracticeCommand::Remove:
-        m_practice->remove(*named());
+        Q_EMIT removeWanted();
         break;
     case PracticeCommand::Undo:
         m_practice->store().undo();

@@ -1,10 +1,8 @@
 #pragma once
 
+#include "app/practice/CommandSet.h"
 #include "app/practice/LoopHands.h"
-#include "app/practice/PracticeCommands.h"
 #include "practice/PracticeEdits.h"
-
-#include <QObject>
 
 #include <optional>
 
@@ -16,7 +14,7 @@ class SongPeaks;
 class SongPractice;
 
 /// Carries out the commands on loops and markers. Main thread.
-class LoopCommands : public QObject {
+class LoopCommands : public CommandSet {
     Q_OBJECT
 
 public:
@@ -24,16 +22,12 @@ public:
     LoopCommands(LB_AudioController *audio, SongPractice *practice, const SongPeaks *peaks,
                  QObject *parent = nullptr);
 
-    /// Whether the command would do something now. False for a command that is not on loops or
-    /// markers.
-    bool canPerform(PracticeCommand command, int argument = 0) const;
-
-    /// Carries out a command; does nothing if it cannot be carried out.
-    void perform(PracticeCommand command, int argument = 0);
+    bool canPerform(PracticeCommand command, int argument = 0) const override;
+    void perform(PracticeCommand command, int argument = 0) override;
 
 Q_SIGNALS:
-    /// canPerform() of some command may have changed.
-    void changed();
+    /// The user wants to delete what is selected in the list.
+    void removeWanted();
 
 private:
     void performOnList(PracticeCommand command, int argument);

@@ -20,7 +20,6 @@ LoopsPage::LoopsPage(SongPractice *practice, std::function<LoopList::Sound()> so
                      QWidget *parent)
     : QWidget(parent), m_practice(practice), m_list(new LoopList(&practice->store(), this))
 {
-    setFixedWidth(usualWidth);
     m_list->setSoundSource(std::move(sound));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

@@ -12,14 +12,12 @@ namespace lyrabox {
 
 class SongPractice;
 
-/// The right column of the practice pane: the list of loops and markers, and a row of buttons below
+/// A page of the practice pane: the list of loops and markers, and a row of buttons below
 /// it. Keeps the list and the SongPractice in line with each other. Main thread.
 class LoopsPage : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int usualWidth = 276;
-
     /// `practice` must outlive the page. `sound` tells the present speed and pitch.
     LoopsPage(SongPractice *practice, std::function<LoopList::Sound()> sound,
               QWidget *parent = nullptr);

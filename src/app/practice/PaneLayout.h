@@ -15,6 +15,11 @@ inline constexpr int usualHeight = 320;
 inline constexpr int leastListHeight = 150;
 /// From this height on the pane shows the overview of the song.
 inline constexpr int overviewHeight = 280;
+/// From this size on the loops and another page stand beside each other.
+inline constexpr int twoPagesWidth = 1000;
+inline constexpr int twoPagesHeight = 400;
+/// The room at the left and right edge of the pane.
+inline constexpr int sideMargin = 14;
 
 enum class Place {
     Below,  ///< below the lists

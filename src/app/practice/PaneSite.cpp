@@ -2,6 +2,7 @@
 
 #include "app/practice/PaneDivider.h"
 #include "app/practice/PaneLayout.h"
+#include "app/practice/PracticeHeader.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/WaveView.h"
 #include "platform/foundation/UserDefaults.h"
@@ -93,7 +94,7 @@ void PaneSite::makePane()
     const int lists = m_column->indexOf(m_lists);
     m_column->insertWidget(lists + 1, m_pane);
     m_column->insertWidget(lists, m_strip);
-    connect(m_pane, &PracticePane::songsWanted, this, [this] { showLists(); });
+    connect(m_pane->header(), &PracticeHeader::songsWanted, this, [this] { showLists(); });
     connect(m_pane->divider(), &PaneDivider::heightWanted, this, [this](int height) {
         m_height = std::clamp(height, paneLayout::minimumHeight, paneLayout::maximumHeight);
         arrange();
@@ -145,7 +146,7 @@ void PaneSite::arrange()
     const bool showsLists = !m_isOpen || !isInstead || !m_prefersPane;
     const bool listsHadKeyboard = m_lists->isAncestorOf(m_lists->window()->focusWidget());
 
-    m_pane->setSwitchShown(isInstead);
+    m_pane->header()->setSwitchShown(isInstead);
     m_pane->divider()->setEnabled(!isInstead);
     m_pane->divider()->setPaneHeight(share.height);
     m_pane->setMinimumHeight(isInstead ? 0 : share.height);

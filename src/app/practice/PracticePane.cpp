@@ -9,15 +9,16 @@
 #include "app/practice/PaneDivider.h"
 #include "app/practice/PaneLayout.h"
 #include "app/practice/PracticeFooter.h"
+#include "app/practice/PracticeHeader.h"
 #include "app/practice/PracticeLane.h"
+#include "app/practice/PracticePages.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/TextButton.h"
+#include "app/practice/WaveCommands.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
-#include "platform/ui/ElidedLabel.h"
-#include "platform/ui/SegmentedControl.h"
 #include "platform/ui/Theme.h"
 
 #include <QHBoxLayout>
@@ -30,10 +31,7 @@
 namespace lyrabox {
 
 namespace {
-constexpr int sideMargin = 14;
 constexpr QColor paneBackground = Theme::sidebar;
-constexpr int songsSegment = 0;
-constexpr int paneSegment = 1;
 
 /// The present speed and pitch, which a loop can keep.
 std::function<LoopList::Sound()> soundOf(const LB_AudioController *audio)
@@ -46,28 +44,17 @@ std::function<LoopList::Sound()> soundOf(const LB_AudioController *audio)
 
 } // namespace
 
-SegmentedControl *makePaneSwitch(int selected, QWidget *parent)
-{
-    auto *control = new SegmentedControl(parent);
-    control->setSegments({PracticePane::tr("Songs"), PracticePane::tr("Practice")});
-    control->setSelectedSegment(selected);
-    control->setAccessibleName(PracticePane::tr("Shown part"));
-    control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    return control;
-}
-
 PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
                            std::function<void(quint64)> seek, QWidget *parent)
     : QWidget(parent),
       m_audio(audio),
       m_practice(practice),
-      m_loopCommands(new LoopCommands(audio, practice, &m_peaks, this)),
       m_divider(new PaneDivider(this)),
-      m_switch(makePaneSwitch(paneSegment, this)),
-      m_loopText(new ElidedLabel(this)),
+      m_header(new PracticeHeader(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
       m_lane(new PracticeLane(m_wave, &m_peaks, &practice->store())),
       m_overview(new OverviewBar(m_wave, &m_peaks, this)),
+      m_pages(new PracticePages(this)),
       m_loops(new LoopsPage(practice, soundOf(audio), this))
 {
     setObjectName(QStringLiteral("practicePane"));
@@ -77,27 +64,27 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
     setPalette(colors);
     setAutoFillBackground(true);
 
+    auto *loopCommands = new LoopCommands(audio, practice, &m_peaks, this);
+    connect(loopCommands, &LoopCommands::removeWanted, m_loops->list(), &LoopList::deleteSelection);
+    addCommands(loopCommands);
+    addCommands(new WaveCommands(m_wave, this));
+    fillHeader();
+    m_pages->addPage(tr("Loops"), m_loops);
+
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_divider);
-    column->addWidget(makeHeader());
+    column->addWidget(m_header);
     column->addLayout(makeMiddle(), 1);
     column->addWidget(new PracticeFooter(practice, this));
 
-    connect(m_switch, &SegmentedControl::pressed, this, [this] {
-        m_switch->setSelectedSegment(paneSegment);
-        Q_EMIT songsWanted();
-    });
-    connect(m_wave, &WaveView::followingChanged, this, &PracticePane::followingChanged);
-    connect(m_loopCommands, &LoopCommands::changed, this, &PracticePane::commandsChanged);
     connect(audio, &LB_AudioController::loopChanged, this, &PracticePane::showLoop);
     connect(&m_peaks, &SongPeaks::songChanged, this, &PracticePane::showLoop);
     NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
                                                     [this] { takeSong(); });
     connectLoops(practice);
     connect(this, &PracticePane::commandsChanged, this, &PracticePane::updateButtons);
-    setSwitchShown(false);
     showLoop();
     updateButtons();
 }
@@ -125,10 +112,10 @@ QLayout *PracticePane::makeMiddle()
     m_loops->addButton(addButton(QStringLiteral("+ ⚑"), PracticeCommand::AddMarker));
     m_loops->addButton(addButton(QStringLiteral("−"), PracticeCommand::Remove));
     auto *middle = new QHBoxLayout;
-    middle->setContentsMargins(sideMargin, 4, sideMargin, Theme::grid);
-    middle->setSpacing(sideMargin);
+    middle->setContentsMargins(paneLayout::sideMargin, 4, paneLayout::sideMargin, Theme::grid);
+    middle->setSpacing(paneLayout::sideMargin);
     middle->addLayout(waves, 1);
-    middle->addWidget(m_loops);
+    middle->addWidget(m_pages);
     return middle;
 }
 
@@ -148,27 +135,19 @@ void PracticePane::connectLoops(SongPractice *practice)
     showSong();
 }
 
-QWidget *PracticePane::makeHeader()
+void PracticePane::addCommands(CommandSet *commands)
 {
-    auto *header = new QWidget(this);
-    auto *row = new QHBoxLayout(header);
-    row->setContentsMargins(sideMargin, 2, sideMargin, 2);
-    row->setSpacing(Theme::grid);
-    row->addWidget(m_switch);
-    m_loopText->setAccessibleDescription(tr("Loop"));
-    QPalette colors = m_loopText->palette();
-    colors.setColor(QPalette::WindowText, Theme::secondaryText);
-    m_loopText->setPalette(colors);
-    m_loopText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    row->addWidget(m_loopText, 1);
+    m_commands.append(commands);
+    connect(commands, &CommandSet::changed, this, &PracticePane::commandsChanged);
+}
+
+void PracticePane::fillHeader()
+{
     TextButton *follow = addButton({}, PracticeCommand::Follow);
     follow->setCheckable(true);
-    follow->setChecked(true);
-    connect(m_wave, &WaveView::followingChanged, follow, &QAbstractButton::setChecked);
-    row->addWidget(follow);
-    row->addWidget(addButton(QStringLiteral("−"), PracticeCommand::ZoomOut));
-    row->addWidget(addButton(QStringLiteral("+"), PracticeCommand::ZoomIn));
-    return header;
+    m_header->addRight(follow);
+    m_header->addRight(addButton(QStringLiteral("−"), PracticeCommand::ZoomOut));
+    m_header->addRight(addButton(QStringLiteral("+"), PracticeCommand::ZoomIn));
 }
 
 /// A button for a command. Without a text it shows the command's name.
@@ -193,53 +172,32 @@ TextButton *PracticePane::addButton(const QString &text, PracticeCommand command
 
 void PracticePane::updateButtons()
 {
-    for (const CommandButton &each : m_buttons)
+    for (const CommandButton &each : m_buttons) {
         each.button->setEnabled(canPerform(each.command, each.argument));
+        each.button->setChecked(isChecked(each.command, each.argument));
+    }
 }
 
 void PracticePane::perform(PracticeCommand command, int argument)
 {
-    switch (command) {
-    case PracticeCommand::ZoomIn:
-        m_wave->zoomIn();
-        break;
-    case PracticeCommand::ZoomOut:
-        m_wave->zoomOut();
-        break;
-    case PracticeCommand::ZoomToLoop:
-        m_wave->zoomToLoop();
-        break;
-    case PracticeCommand::WholeSong:
-        m_wave->showWholeSong();
-        break;
-    case PracticeCommand::Follow:
-        m_wave->setFollowing(!m_wave->isFollowing());
-        break;
-    case PracticeCommand::Remove:
-        m_loops->list()->deleteSelection();
-        break;
-    default:
-        m_loopCommands->perform(command, argument);
-    }
+    for (CommandSet *commands : std::as_const(m_commands))
+        commands->perform(command, argument);
+    // A click has changed the mark of a button already, whether or not the command did.
+    updateButtons();
 }
 
 bool PracticePane::canPerform(PracticeCommand command, int argument) const
 {
-    switch (command) {
-    case PracticeCommand::ZoomIn:
-    case PracticeCommand::ZoomOut:
-    case PracticeCommand::ZoomToLoop:
-    case PracticeCommand::WholeSong:
-    case PracticeCommand::Follow:
-        return true;
-    default:
-        return m_loopCommands->canPerform(command, argument);
-    }
+    return std::ranges::any_of(m_commands, [&](const CommandSet *commands) {
+        return commands->canPerform(command, argument);
+    });
 }
 
-void PracticePane::setSwitchShown(bool shown)
+bool PracticePane::isChecked(PracticeCommand command, int argument) const
 {
-    m_switch->setVisible(shown);
+    return std::ranges::any_of(m_commands, [&](const CommandSet *commands) {
+        return commands->isChecked(command, argument);
+    });
 }
 
 void PracticePane::showEvent(QShowEvent *event)
@@ -264,6 +222,8 @@ void PracticePane::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     m_overview->setVisible(height() >= paneLayout::overviewHeight);
+    m_pages->setTwoColumns(width() >= paneLayout::twoPagesWidth &&
+                           height() >= paneLayout::twoPagesHeight);
 }
 
 void PracticePane::takeSong()
@@ -280,16 +240,16 @@ void PracticePane::takeSong()
 void PracticePane::showLoop()
 {
     if (m_peaks.frames() == 0) {
-        m_loopText->setText(tr("Play a song to see its wave."));
+        m_header->setText(tr("Play a song to see its wave."));
         return;
     }
     if (!m_audio->loop()) {
-        m_loopText->setText(tr("Drag across the wave to make a loop."));
+        m_header->setText(tr("Drag across the wave to make a loop."));
         return;
     }
     const std::optional<PracticeId> kept = m_practice->calledUp();
     const LoopListModel *rows = m_loops->list()->rows();
-    m_loopText->setText(
+    m_header->setText(
         kept ? rows->index(rows->rowOf(*kept), LoopListModel::Name).data(Qt::DisplayRole).toString()
              : tr("Press K to keep this loop."));
 }

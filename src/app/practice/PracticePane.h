@@ -12,13 +12,14 @@ class LB_AudioController;
 
 namespace lyrabox {
 
-class ElidedLabel;
+class CommandSet;
 class LoopCommands;
 class LoopsPage;
 class OverviewBar;
 class PaneDivider;
+class PracticeHeader;
 class PracticeLane;
-class SegmentedControl;
+class PracticePages;
 class SongPractice;
 class TextButton;
 class WaveView;
@@ -41,8 +42,8 @@ public:
     /// Whether a command would do something now.
     bool canPerform(PracticeCommand command, int argument = 0) const;
 
-    /// Whether the switch between the songs and the pane is shown.
-    void setSwitchShown(bool shown);
+    /// Whether the check mark of a command is set.
+    bool isChecked(PracticeCommand command, int argument = 0) const;
 
     /// Gives up the song. The pane takes the player's song again when it is shown.
     void releaseSong();
@@ -50,6 +51,8 @@ public:
     PaneDivider *divider() const { return m_divider; }
     WaveView *wave() const { return m_wave; }
     PracticeLane *lane() const { return m_lane; }
+    PracticeHeader *header() const { return m_header; }
+    PracticePages *pages() const { return m_pages; }
     LoopsPage *loops() const { return m_loops; }
     SongPractice *practice() const { return m_practice; }
     SongPeaks &peaks() { return m_peaks; }
@@ -57,10 +60,7 @@ public:
     QSize sizeHint() const override { return {400, 320}; }
 
 Q_SIGNALS:
-    /// The user chose the songs with the switch.
-    void songsWanted();
-    void followingChanged(bool follows);
-    /// canPerform() of some command may have changed.
+    /// canPerform() or isChecked() of some command may have changed.
     void commandsChanged();
 
 protected:
@@ -69,7 +69,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    QWidget *makeHeader();
+    void addCommands(CommandSet *commands);
+    void fillHeader();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
     TextButton *addButton(const QString &text, PracticeCommand command, int argument = 0);
@@ -80,13 +81,13 @@ private:
     LB_AudioController *m_audio;
     SongPractice *m_practice;
     SongPeaks m_peaks;
-    LoopCommands *m_loopCommands;
+    QList<CommandSet *> m_commands;
     PaneDivider *m_divider;
-    SegmentedControl *m_switch;
-    ElidedLabel *m_loopText;
+    PracticeHeader *m_header;
     WaveView *m_wave;
     PracticeLane *m_lane;
     OverviewBar *m_overview;
+    PracticePages *m_pages;
     LoopsPage *m_loops;
     /// A button and the command that it carries out.
     struct CommandButton {
@@ -96,9 +97,5 @@ private:
     };
     QList<CommandButton> m_buttons;
 };
-
-/// The switch between the songs and the pane, for windows that have room for only one of them.
-/// `selected` is the index of the selected segment: 0 songs, 1 the pane.
-SegmentedControl *makePaneSwitch(int selected, QWidget *parent);
 
 } // namespace lyrabox

@@ -25,13 +25,17 @@ QAction *actionOf(const MainMenu *menu, PracticeCommand command, int argument = 
     return menu->practiceActions.at(entry - menu->practiceEntries.begin());
 }
 
-/// Enables the commands that would do something now. None does while the pane is not visible.
+/// Enables the commands that would do something now, and sets their check marks. None does anything
+/// while the pane is not visible.
 void updateCommands(const MainMenu *menu, const PaneSite *site)
 {
     for (qsizetype index = 0; index < menu->practiceActions.size(); ++index) {
         const PracticeCommandEntry &entry = menu->practiceEntries.at(index);
-        menu->practiceActions.at(index)->setEnabled(
-            site->isShown() && site->pane()->canPerform(entry.command, entry.argument));
+        QAction *action = menu->practiceActions.at(index);
+        const PracticePane *pane = site->pane();
+        action->setEnabled(site->isShown() && pane->canPerform(entry.command, entry.argument));
+        if (entry.isCheckable)
+            action->setChecked(pane != nullptr && pane->isChecked(entry.command, entry.argument));
     }
     for (const QMenu *submenu : menu->practiceMenu->findChildren<QMenu *>()) {
         const QList<QAction *> actions = submenu->actions();
@@ -52,7 +56,6 @@ void connectCommands(const ProgramParts &parts)
         };
         QObject::connect(menu->practiceActions.at(index), &QAction::triggered, site, perform);
     }
-    actionOf(menu, PracticeCommand::Follow)->setChecked(true);
     auto *keys = new PracticeKeys(
         [menu](int number) { actionOf(menu, PracticeCommand::PlayLoop, number)->trigger(); }, menu);
     keys->addWindow(&parts.mainWindow);
@@ -77,8 +80,6 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
     const PaneSite *site = parts.practice.get();
     QObject::connect(pane, &PracticePane::commandsChanged, menu,
                      [menu, site] { updateCommands(menu, site); });
-    QAction *follow = actionOf(menu, PracticeCommand::Follow);
-    QObject::connect(pane, &PracticePane::followingChanged, follow, &QAction::setChecked);
     for (qsizetype index = 0; index < menu->practiceActions.size(); ++index) {
         if (menu->practiceEntries.at(index).reach == PracticeCommandEntry::Reach::Pane)
             pane->addAction(menu->practiceActions.at(index));

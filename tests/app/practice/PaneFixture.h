@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/practice/LoopsPage.h"
+#include "app/practice/PracticePages.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/WaveView.h"
@@ -42,7 +42,7 @@ struct PaneFixture {
                                                   fakeSongReaderFactory(transport.song));
         practice->setOpen(true);
         pane = std::make_unique<PracticePane>(&audio(), practice.get(), seek);
-        pane->resize(1000 + LoopsPage::usualWidth + 14, 320); // a wave of 972 points
+        pane->resize(1000 + PracticePages::pageWidth + 14, 320); // a wave of 972 points
     }
 
     LB_AudioController &audio() { return *transport.controller; }

@@ -214,7 +214,7 @@ TEST_F(TheLoopCommands, SpeedAndPitchAreKeptWithALoopAndForgotten)
     EXPECT_FALSE(record().loop(loop)->pitch);
 }
 
-TEST_F(TheLoopCommands, WhatIsSelectedIsPlayedNamedAndRemoved)
+TEST_F(TheLoopCommands, WhatIsSelectedIsPlayedNamedAndAskedToBeRemoved)
 {
     const PracticeId loop = addLoop(10 * rate, 14 * rate);
     const auto marker = practice->addMarker(20 * rate);
@@ -222,8 +222,9 @@ TEST_F(TheLoopCommands, WhatIsSelectedIsPlayedNamedAndRemoved)
     commands.perform(Command::PlaySelected);
     EXPECT_EQ(audio().currentFrame(), 20 * rate);
     EXPECT_FALSE(practice->calledUp());
+    QSignalSpy removing(&commands, &LoopCommands::removeWanted);
     commands.perform(Command::Remove);
-    EXPECT_TRUE(record().markers.empty());
+    EXPECT_EQ(removing.size(), 1);
     practice->select(loop);
     commands.perform(Command::PlaySelected);
     EXPECT_EQ(practice->calledUp(), loop);
@@ -231,9 +232,12 @@ TEST_F(TheLoopCommands, WhatIsSelectedIsPlayedNamedAndRemoved)
     commands.perform(Command::Rename);
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked.first().first().value<PracticeId>(), loop);
-    commands.perform(Command::Remove);
+    practice->remove(loop);
     EXPECT_TRUE(record().loops.empty());
     EXPECT_EQ(player(), (LoopRange{10 * rate, 14 * rate}));
+    practice->select(std::nullopt);
+    commands.perform(Command::Remove);
+    EXPECT_EQ(removing.size(), 1) << "nothing is selected";
 }
 
 } // namespace

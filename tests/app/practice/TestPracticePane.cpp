@@ -1,6 +1,7 @@
 #include "PaneFixture.h"
 #include "app/practice/LoopEnds.h"
 #include "app/practice/LoopListModel.h"
+#include "app/practice/LoopsPage.h"
 #include "app/practice/OverviewBar.h"
 #include "app/practice/TextButton.h"
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "app/practice/PracticeCommands.h"
+
+#include <QCoreApplication>
+
+/// The parts of practiceCommands(), each a stretch of the menu.
+namespace lyrabox::commandTable {
+
+/// The context of all their texts.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(lyrabox::PracticeCommands)
+};
+
+QList<PracticeCommandEntry> play();
+QList<PracticeCommandEntry> markers();
+QList<PracticeCommandEntry> loopMoves();
+QList<PracticeCommandEntry> edits();
+QList<PracticeCommandEntry> wave();
+
+} // namespace lyrabox::commandTable
