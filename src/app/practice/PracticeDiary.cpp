@@ -57,32 +57,6 @@ PracticeDiary::~PracticeDiary()
     save();
 }
 
-PracticeDiary::LoopKey PracticeDiary::keyOf(const PracticeLogLine &line)
-{
-    const bool isNamed = !line.loop.isEmpty();
-    return {.song = line.song,
-            .artist = line.artist,
-            .loop = line.loop,
-            .from = isNamed ? 0 : line.from,
-            .to = isNamed ? 0 : line.to};
-}
-
-void PracticeDiary::addBest(BestSpeeds &best, const PracticeLogLine &line)
-{
-    if (line.passes <= line.missed)
-        return;
-    double &speed = best[keyOf(line)];
-    speed = std::max(speed, line.speed);
-}
-
-PracticeDiary::BestSpeeds PracticeDiary::bestOf(const std::vector<PracticeLogLine> &lines)
-{
-    BestSpeeds best;
-    for (const PracticeLogLine &line : lines)
-        addBest(best, line);
-    return best;
-}
-
 template <typename Work, typename Deliver>
 void PracticeDiary::inBackground(Work work, Deliver deliver)
 {
@@ -101,16 +75,13 @@ void PracticeDiary::readBestSpeeds()
     inBackground(
         [log = m_log](const std::stop_token &) {
             const PracticeLogReading reading = log->read();
-            return Found{.best = bestOf(reading.lines), .isWhole = reading.skipped == 0};
+            return Found{.best = BestSpeeds(reading.lines), .isWhole = reading.skipped == 0};
         },
         [this](const Found &found) {
-            for (const auto &[loop, read] : found.best) {
-                double &speed = m_best[loop];
-                speed = std::max(speed, read);
-            }
+            m_best.add(found.best);
             if (!found.isWhole && m_problem == Problem::None)
                 setProblem(Problem::PartlyRead);
-            if (!found.best.empty())
+            if (!found.best.isEmpty())
                 Q_EMIT bestSpeedsChanged();
         });
 }
@@ -137,9 +108,7 @@ std::optional<double> PracticeDiary::bestSpeed(const PracticeLoop &loop) const
     line.from = loop.from;
     line.to = loop.to;
     clean(line);
-    std::optional<double> best;
-    if (const auto found = m_best.find(keyOf(line)); found != m_best.end())
-        best = found->second;
+    std::optional<double> best = m_best.of(line);
     for (const std::optional<Entry> *entry : {&m_former, &m_present}) {
         if (!*entry || !(*entry)->line.isSameLoop(line))
             continue;
@@ -255,7 +224,7 @@ void PracticeDiary::end()
     // What is too short to be written leaves the line before as it is.
     if (m_present->written) {
         if (m_former)
-            addBest(m_best, m_former->line);
+            m_best.add(m_former->line);
         m_former = std::move(m_present);
         m_formerEnd = end;
         m_lastPass.in =
@@ -361,7 +330,7 @@ void PracticeDiary::write(Entry &entry)
         return;
     // The line before is not the file's last one any more.
     if (!entry.written && m_former && &entry != &*m_former) {
-        addBest(m_best, m_former->line);
+        m_best.add(m_former->line);
         m_former.reset();
     }
     writeLine(std::exchange(entry.written, entry.line), entry.line);
@@ -405,7 +374,7 @@ void PracticeDiary::read(std::function<void(PracticeLogReading)> deliver)
 
 void PracticeDiary::forget(std::function<void(bool)> deliver)
 {
-    m_best.clear();
+    m_best = {};
     m_former.reset();
     m_lastPass = {};
     std::optional<Entry> now = practised();

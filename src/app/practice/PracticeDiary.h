@@ -2,6 +2,7 @@
 
 #include "platform/foundation/BackgroundRunner.h"
 #include "platform/foundation/MonotonicClock.h"
+#include "practice/BestSpeeds.h"
 #include "practice/PracticeLog.h"
 #include "practice/PracticeRecord.h"
 #include "practice/SpeedTrainer.h"
@@ -10,14 +11,11 @@
 #include <QObject>
 
 #include <chrono>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
-#include <vector>
 
 class LB_AudioController;
 
@@ -115,20 +113,6 @@ private:
         PassVerdict verdict = PassVerdict::None;
         bool isCounted = false;
     };
-    /// Loops are told apart as by PracticeLogLine::isSameLoop().
-    struct LoopKey {
-        QString song;
-        QString artist;
-        QString loop;
-        std::uint64_t from = 0; ///< 0 if the loop has a name, as `to`
-        std::uint64_t to = 0;
-        std::strong_ordering operator<=>(const LoopKey &) const = default;
-    };
-    using BestSpeeds = std::map<LoopKey, double>;
-
-    static LoopKey keyOf(const PracticeLogLine &line);
-    static void addBest(BestSpeeds &best, const PracticeLogLine &line);
-    static BestSpeeds bestOf(const std::vector<PracticeLogLine> &lines);
 
     /// Does the work here if the system cannot start a thread.
     template <typename Work, typename Deliver>
