@@ -31,7 +31,7 @@ def limited(name, program, argument, limit, amount):
     """A row whose goal is a time. `amount` proves that the work was done."""
     tell(name)
     ours = interleaved({"ours": lambda: work(program, "ours", argument)})["ours"]
-    return Row(name, duration(ours["seconds"]), "", None, f"at most {limit * 1e3:.3g} ms",
+    return Row(name, duration(ours["seconds"]), "", None, f"at most {limit * 1e3:g} ms",
                ours["seconds"] <= limit and ours["amount"] == amount)
 
 
