@@ -274,6 +274,22 @@ void seekToFrame(std::uint64_t frame)
     seekLocked(frame);
 }
 
+void startAtFrame(std::uint64_t frame)
+{
+    const Lock lock(control().mutex);
+    // A callback between the seek and its lead-in would play a slice of the song.
+    const bool restarts = isRunningLocked() && reading().atStart.frames > 0;
+    OutputUnit *output = control().waitsForDevice ? nullptr : control().chain.output.get();
+    if (restarts && output)
+        output->stop();
+    seekLocked(frame);
+    if (!restarts)
+        return;
+    requestLeadIn();
+    if (output)
+        runOutput(true);
+}
+
 void setHeldSoundIsKept(bool kept)
 {
     const Lock lock(control().mutex);

@@ -126,6 +126,10 @@ void setSoundStatusHook(std::function<void()> hook);
 /// at once.
 void seekToFrame(std::uint64_t frame);
 
+/// The same. But if the output runs and a start has a lead-in (setLeadInAtStart()), the output
+/// stops, moves, and starts again with the lead-in.
+void startAtFrame(std::uint64_t frame);
+
 /// Whether the last frames of an ended song, which time/pitch still holds, are kept. While they are
 /// kept, setOutputRunning(false), loadAudioFile() and emptyAudioBuffers() do not cut them off, and
 /// the next song follows them. Set it only for changes that follow the end of a song.

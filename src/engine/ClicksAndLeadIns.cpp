@@ -20,6 +20,12 @@ void setClicks(std::shared_ptr<const ClickTable> clicks)
     reading().clicks.setTable(std::move(clicks));
 }
 
+std::shared_ptr<const ClickTable> clicks()
+{
+    const Lock lock(control().mutex);
+    return reading().clicks.table();
+}
+
 void setClickSound(const ClickSound &sound)
 {
     ClickSound valid = sound;

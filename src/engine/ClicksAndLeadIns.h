@@ -14,6 +14,8 @@ namespace lyrabox::engine {
 /// The metronome plays these clicks from the next slice of 128 frames on. Null switches it off.
 /// Clicks that time/pitch already holds still sound if the metronome stays on.
 void setClicks(std::shared_ptr<const ClickTable> clicks);
+/// The clicks that were set last. Null if the metronome is off.
+std::shared_ptr<const ClickTable> clicks();
 
 /// How all clicks sound from the next one on. The loudness is clamped to 0.0 to 1.0; one that is
 /// not a number counts as 0. The sound stays when a song is loaded.

@@ -98,6 +98,9 @@ public:
     lyrabox::AudioStreamBasicDescription audioBufferFormat() const;
     quint64 currentFrame() const;
     void setCurrentFrame(quint64 frame);
+    /// The same, but if the player runs, it starts anew: what comes before a start comes first, see
+    /// engine::startAtFrame().
+    void startAtFrame(quint64 frame);
     quint64 totalFrames() const;
     /// The frame that is heard now. currentFrame() is ahead of it by the frames that time/pitch and
     /// the output hold, up to a quarter of a second of song. See engine::heardFrame() for how exact
@@ -218,8 +221,12 @@ Q_SIGNALS:
     void loopChanged();
     /// updateSettingsPopup() was called. The song's record is up to date.
     void songSettingsShown();
-    /// setCurrentFrame() was called. Not sent for the jump of a loop or for a new song.
+    /// setCurrentFrame() or startAtFrame() was called. Not sent for the jump of a loop or for a new
+    /// song.
     void positionSet();
+    /// The player is about to start, or to start anew, and `frame` will be heard first. A song that
+    /// is loaded starts before the notification of its load. Set here what comes before the start.
+    void aboutToStart(quint64 frame);
     /// An operation has changed soundProblem(). Not sent if the server stops in the middle of a
     /// song; ask repeatedly for that.
     void soundProblemChanged();

@@ -36,6 +36,14 @@ void LB_AudioController::setCurrentFrame(quint64 frame)
     Q_EMIT positionSet();
 }
 
+void LB_AudioController::startAtFrame(quint64 frame)
+{
+    if (isRunning())
+        Q_EMIT aboutToStart(frame);
+    engine::startAtFrame(frame);
+    Q_EMIT positionSet();
+}
+
 quint64 LB_AudioController::totalFrames() const
 {
     return engine::totalFrames();
@@ -115,6 +123,8 @@ bool LB_AudioController::isRunning() const
 
 void LB_AudioController::setIsRunning(bool running)
 {
+    if (running && !isRunning())
+        Q_EMIT aboutToStart(heardFrame());
     engine::setOutputRunning(running);
     Q_EMIT runningChanged(isRunning());
 }

@@ -23,6 +23,8 @@ struct CountInLength {
 
     Unit unit = Unit::Bars;
     int amount = 1; ///< at least 1, at most the maximum of the unit; others count as the nearest
+
+    bool operator==(const CountInLength &) const = default;
 };
 
 /// The silence and the clicks before the place. The clicks are the song's beats, continued to the

@@ -198,6 +198,31 @@ TEST_F(LeadInTest, AtAStartComesBeforeTheSongsPlaceAndOnlyOnce)
     EXPECT_NE(pull(slice).back(), 0.0F) << "a change of the device is no start";
 }
 
+TEST_F(LeadInTest, AtAStartComesAlsoWhereARunningPlayerStartsAnew)
+{
+    buildAndPlay(100000);
+    engine::setLeadInAtStart({.frames = 1280});
+    pull(1000);
+    engine::startAtFrame(start);
+    EXPECT_TRUE(engine::outputIsRunning());
+    EXPECT_EQ(engine::currentFrame(), start);
+    ASSERT_NO_FATAL_FAILURE(expectLeadIn(pull(1280 + 10 * slice), 1280, false));
+    engine::setLeadInAtStart({});
+    audio.clearCalls();
+    engine::startAtFrame(20000);
+    EXPECT_EQ(pull(slice).front(), 20000.0F);
+    const std::vector<std::string> calls = audio.calls();
+    EXPECT_EQ(std::ranges::count(calls, "output1.stop"), 0) << "without a lead-in it is a seek";
+
+    engine::setLeadInAtStart({.frames = 1280});
+    engine::setOutputRunning(false);
+    engine::startAtFrame(start);
+    EXPECT_FALSE(engine::outputIsRunning());
+    engine::setLeadInAtStart({});
+    engine::setOutputRunning(true);
+    EXPECT_EQ(pull(slice).front(), static_cast<float>(start)) << "it has not started";
+}
+
 TEST_F(LeadInTest, AtAStartIsForgottenIfTheNextStartHasNone)
 {
     buildAndPlay(100000);
