@@ -43,6 +43,7 @@ void SongPractice::setOpen(bool open)
         m_store.save();
     else if (!m_store.hasSong())
         followTrack();
+    Q_EMIT openChanged();
 }
 
 /// Opens the player's song.
@@ -152,7 +153,7 @@ bool SongPractice::play(PracticeId loop)
 void SongPractice::playFromStart()
 {
     if (const std::optional<LoopRange> loop = m_audio->loop())
-        m_audio->setCurrentFrame(loop->start);
+        m_audio->startAtFrame(loop->start);
 }
 
 bool SongPractice::seekTo(PracticeId marker)

@@ -35,6 +35,7 @@ public:
     /// present song stays open, so its edits can still be undone when the pane is opened again; its
     /// edits are written.
     void setOpen(bool open);
+    bool isOpen() const { return m_isOpen; }
 
     PracticeStore &store() { return m_store; }
     const PracticeStore &store() const { return m_store; }
@@ -52,7 +53,8 @@ public:
     /// playback if the player is paused. False if the loop is unknown or not playable.
     bool play(PracticeId loop);
 
-    /// Plays the player's loop, kept or not, from its start. Does nothing without one.
+    /// Plays the player's loop, kept or not, from its start, after the lead-in of a start if there
+    /// is one. Does nothing without a loop.
     void playFromStart();
 
     /// Goes to a marker by the navigation bar's rule. False if it is unknown or beyond the song.
@@ -85,6 +87,8 @@ public:
     void askForName(PracticeId entry);
 
 Q_SIGNALS:
+    /// The pane was opened or closed.
+    void openChanged();
     void calledUpChanged();
     void selectionChanged();
     /// PracticeStore::problem() or isIdentifying() changed. For recordChanged() see store().

@@ -75,6 +75,7 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
                                        [] { return decodingModule().makeSongReader(); });
     SongPractice *practice = parts.songPractice.get();
     practice->setOpen(true);
+    parts.metronome = std::make_unique<Metronome>(parts.audio.get(), practice);
     auto *pane = new PracticePane(parts.audio.get(), practice, seek, parent);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();

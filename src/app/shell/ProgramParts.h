@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/practice/Metronome.h"
 #include "app/practice/PaneSite.h"
 #include "app/practice/SongPractice.h"
 #include "app/shell/InputAfterWait.h"
@@ -60,6 +61,7 @@ struct ProgramParts {
     std::unique_ptr<engine::ReadySongs> readySongs; ///< null if it is turned off
     std::unique_ptr<SongsAhead> songsAhead;         ///< null if it is turned off
     std::unique_ptr<SongPractice> songPractice;     ///< null until the practice pane is first shown
+    std::unique_ptr<Metronome> metronome;           ///< made together with `songPractice`
     std::unique_ptr<PaneSite> practice;             ///< made together with `audio`
 
     /// Made together with `audio`.
