@@ -44,11 +44,12 @@ std::function<LoopList::Sound()> soundOf(const LB_AudioController *audio)
 
 } // namespace
 
-PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice,
+PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Metronome *metronome,
                            std::function<void(quint64)> seek, QWidget *parent)
     : QWidget(parent),
       m_audio(audio),
       m_practice(practice),
+      m_metronome(metronome),
       m_divider(new PaneDivider(this)),
       m_header(new PracticeHeader(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),

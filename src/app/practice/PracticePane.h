@@ -15,6 +15,7 @@ namespace lyrabox {
 class CommandSet;
 class LoopCommands;
 class LoopsPage;
+class Metronome;
 class OverviewBar;
 class PaneDivider;
 class PracticeHeader;
@@ -31,9 +32,9 @@ class PracticePane : public QWidget {
     Q_OBJECT
 
 public:
-    /// `audio` and `practice` must outlive the pane. `seek` seeks to a frame by the navigation
-    /// bar's rule.
-    PracticePane(LB_AudioController *audio, SongPractice *practice,
+    /// `audio`, `practice` and `metronome` must outlive the use of the pane. `seek` seeks to a
+    /// frame by the navigation bar's rule.
+    PracticePane(LB_AudioController *audio, SongPractice *practice, Metronome *metronome,
                  std::function<void(quint64)> seek, QWidget *parent = nullptr);
     ~PracticePane() override;
 
@@ -55,6 +56,7 @@ public:
     PracticePages *pages() const { return m_pages; }
     LoopsPage *loops() const { return m_loops; }
     SongPractice *practice() const { return m_practice; }
+    Metronome *metronome() const { return m_metronome; }
     SongPeaks &peaks() { return m_peaks; }
 
     QSize sizeHint() const override { return {400, 320}; }
@@ -80,6 +82,7 @@ private:
 
     LB_AudioController *m_audio;
     SongPractice *m_practice;
+    Metronome *m_metronome;
     SongPeaks m_peaks;
     QList<CommandSet *> m_commands;
     PaneDivider *m_divider;

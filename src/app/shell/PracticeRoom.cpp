@@ -76,7 +76,7 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
     SongPractice *practice = parts.songPractice.get();
     practice->setOpen(true);
     parts.metronome = std::make_unique<Metronome>(parts.audio.get(), practice);
-    auto *pane = new PracticePane(parts.audio.get(), practice, seek, parent);
+    auto *pane = new PracticePane(parts.audio.get(), practice, parts.metronome.get(), seek, parent);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();
     QObject::connect(pane, &PracticePane::commandsChanged, menu,

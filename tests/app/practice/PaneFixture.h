@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/practice/Metronome.h"
 #include "app/practice/PracticePages.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
@@ -41,7 +42,8 @@ struct PaneFixture {
         practice = std::make_unique<SongPractice>(&audio(), seek, QString(),
                                                   fakeSongReaderFactory(transport.song));
         practice->setOpen(true);
-        pane = std::make_unique<PracticePane>(&audio(), practice.get(), seek);
+        metronome = std::make_unique<Metronome>(&audio(), practice.get());
+        pane = std::make_unique<PracticePane>(&audio(), practice.get(), metronome.get(), seek);
         pane->resize(1000 + PracticePages::pageWidth + 14, 320); // a wave of 972 points
     }
 
@@ -88,6 +90,7 @@ struct PaneFixture {
     TransportFixture transport;
     QList<quint64> seeks;
     std::unique_ptr<SongPractice> practice;
+    std::unique_ptr<Metronome> metronome;
     std::unique_ptr<PracticePane> pane;
 };
 
