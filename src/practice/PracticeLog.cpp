@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
@@ -42,28 +43,32 @@ QByteArray quoted(const QString &text)
 
 /// The fields of the line that begins at `at`. Leaves `at` behind its line break, which may not be
 /// within quotation marks: a mark that was forgotten must not swallow the rest of the file.
-QStringList takeFields(const QByteArray &text, qsizetype &at)
+QStringList takeFields(QByteArrayView text, qsizetype &at)
 {
+    const qsizetype lineEnd = text.indexOf('\n', at);
+    const QByteArrayView line = text.sliced(at, (lineEnd < 0 ? text.size() : lineEnd) - at);
+    at += line.size() + 1;
     QStringList fields;
+    fields.reserve(Columns);
     QByteArray field;
     bool isQuoted = false;
-    for (; at < text.size() && text[at] != '\n'; ++at) {
-        const char byte = text[at];
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const char byte = line[i];
         if (byte == '"') {
-            const bool isMark = isQuoted && at + 1 < text.size() && text[at + 1] == '"';
+            const bool isMark = isQuoted && i + 1 < line.size() && line[i + 1] == '"';
             if (isMark) {
                 field += byte;
-                ++at;
+                ++i;
             } else {
                 isQuoted = !isQuoted;
             }
         } else if (byte == ',' && !isQuoted) {
-            fields.append(QString::fromUtf8(std::exchange(field, {})));
+            fields.append(QString::fromUtf8(field));
+            field.truncate(0); // keeps its memory
         } else if (byte != '\r') {
             field += byte;
         }
     }
-    ++at;
     fields.append(QString::fromUtf8(field));
     return fields;
 }
@@ -79,42 +84,65 @@ Places normalPlaces()
     return places;
 }
 
+/// Where the column of this name is; -1 if there is none.
+qsizetype placeOf(Column column, const QStringList &fields)
+{
+    const auto found =
+        std::find_if(fields.begin(), fields.end(), [name = names[column]](const QString &field) {
+            return QStringView(field).trimmed().compare(name, Qt::CaseInsensitive) == 0;
+        });
+    return found == fields.end() ? -1 : found - fields.begin();
+}
+
 /// The columns of a header. None if the line is no header.
 std::optional<Places> placesOf(const QStringList &fields)
 {
+    if (placeOf(Time, fields) < 0 || placeOf(Speed, fields) < 0)
+        return std::nullopt;
     Places places{};
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const auto found =
-            std::find_if(fields.begin(), fields.end(), [name = names[i]](const QString &field) {
-                return field.trimmed().compare(name, Qt::CaseInsensitive) == 0;
-            });
-        places[i] = found == fields.end() ? -1 : found - fields.begin();
-    }
-    const bool isHeader = places[Time] >= 0 && places[Speed] >= 0;
-    return isHeader ? std::optional(places) : std::nullopt;
+    for (int column = 0; column < Columns; ++column)
+        places[static_cast<std::size_t>(column)] = placeOf(static_cast<Column>(column), fields);
+    return places;
 }
 
-int wholeNumber(const QString &text)
+int wholeNumber(QStringView text)
 {
-    const double number = text.trimmed().toDouble();
+    const double number = text.toDouble();
     constexpr double most = 1e9;
     return number >= 0.0 && number <= most ? static_cast<int>(std::lround(number)) : 0;
 }
 
-std::optional<PracticeLogLine> lineOf(const QStringList &fields, const Places &places)
+/// Texts as they were in the file, and as one line. Most lines have the texts of others, so this
+/// saves time and memory.
+using Texts = QHash<QString, QString>;
+
+QString knownText(QStringView field, Texts &texts)
 {
-    const auto field = [&](Column column) { return fields.value(places[column]).trimmed(); };
+    const QString asRead = field.toString();
+    auto text = texts.find(asRead);
+    if (text == texts.end())
+        text = texts.insert(asRead, oneLine(asRead));
+    return *text;
+}
+
+std::optional<PracticeLogLine> lineOf(const QStringList &fields, const Places &places, Texts &texts)
+{
+    const auto field = [&](Column column) {
+        const qsizetype place = places[column];
+        return place >= 0 && place < fields.size() ? QStringView(fields[place]).trimmed()
+                                                   : QStringView();
+    };
     PracticeLogLine line;
-    line.at = QDateTime::fromString(field(Time), Qt::ISODate);
+    line.at = QDateTime::fromString(field(Time).toString(), Qt::ISODate);
     line.speed = field(Speed).toDouble();
     const auto from = framesOfSongTime(field(From));
     const auto to = framesOfSongTime(field(To));
     const bool isSpeed = line.speed > 0.0 && line.speed <= 1000.0; // false for NaN
     if (!line.at.isValid() || !isSpeed || !from || !to)
         return std::nullopt;
-    line.song = oneLine(field(Song));
-    line.artist = oneLine(field(Artist));
-    line.loop = oneLine(field(Loop));
+    line.song = knownText(field(Song), texts);
+    line.artist = knownText(field(Artist), texts);
+    line.loop = knownText(field(Loop), texts);
     line.from = *from;
     line.to = *to;
     line.passes = wholeNumber(field(Passes));
@@ -179,12 +207,13 @@ PracticeLogReading readPracticeLog(const QByteArray &text)
 {
     PracticeLogReading reading;
     Places places = normalPlaces();
+    Texts texts;
     const QByteArray mark("\xef\xbb\xbf"); // that some editors put at the beginning
     for (qsizetype at = text.startsWith(mark) ? mark.size() : 0; at < text.size();) {
         const QStringList fields = takeFields(text, at);
         if (const auto header = placesOf(fields))
             places = *header;
-        else if (auto line = lineOf(fields, places))
+        else if (auto line = lineOf(fields, places, texts))
             reading.lines.push_back(std::move(*line));
         else if (!isEmptyLine(fields))
             ++reading.skipped;
