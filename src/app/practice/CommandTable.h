@@ -17,5 +17,6 @@ QList<PracticeCommandEntry> markers();
 QList<PracticeCommandEntry> loopMoves();
 QList<PracticeCommandEntry> edits();
 QList<PracticeCommandEntry> wave();
+QList<PracticeCommandEntry> history();
 
 } // namespace lyrabox::commandTable

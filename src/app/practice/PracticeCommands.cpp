@@ -31,7 +31,7 @@ QString PracticeCommandEntry::keyText() const
 QList<PracticeCommandEntry> practiceCommands()
 {
     return commandTable::play() + commandTable::markers() + commandTable::loopMoves() +
-           commandTable::edits() + commandTable::wave();
+           commandTable::edits() + commandTable::wave() + commandTable::history();
 }
 
 PracticeCommandEntry practiceCommand(PracticeCommand command)

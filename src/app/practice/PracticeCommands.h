@@ -33,7 +33,8 @@ enum class PracticeCommand {
     ZoomOut,
     ZoomToLoop,
     WholeSong,
-    Follow
+    Follow,
+    ShowHistory
 };
 
 /// A command with its text and its keys. The menu, the help and the tool tips are made of these,

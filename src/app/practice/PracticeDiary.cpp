@@ -278,8 +278,7 @@ void PracticeDiary::right(double secondsIntoPass)
 
 void PracticeDiary::judge(PassVerdict verdict, double secondsIntoPass)
 {
-    // A verdict is about what was heard.
-    countPasses(engine::passes().heard);
+    countPasses(engine::passes().ended);
     if (secondsIntoPass < SpeedTrainer::verdictSeconds && entryOfLastPass() != nullptr &&
         m_lastPass.verdict != verdict)
         judgeLast(verdict);
@@ -318,7 +317,7 @@ void PracticeDiary::setOnlyRightCounts(bool onlyRight)
 {
     if (onlyRight == m_onlyRight)
         return;
-    countPasses(engine::passes().heard);
+    countPasses(engine::passes().ended);
     m_onlyRight = onlyRight;
 }
 

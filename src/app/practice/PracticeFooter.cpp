@@ -36,6 +36,22 @@ QString practiceProblemText(PracticeStore::Problem problem)
     return {};
 }
 
+QString historyProblemText(PracticeDiary::Problem problem)
+{
+    using Problem = PracticeDiary::Problem;
+    switch (problem) {
+    case Problem::None:
+        break;
+    case Problem::NotWritable:
+        return PracticeFooter::tr("The practice history cannot be written to the disk. What is "
+                                  "added to it is lost when Lyrabox ends.");
+    case Problem::PartlyRead:
+        return PracticeFooter::tr("Some lines of the practice history cannot be read and are left "
+                                  "out.");
+    }
+    return {};
+}
+
 PracticeFooter::PracticeFooter(SongPractice *practice, QWidget *parent)
     : QLabel(parent), m_practice(practice)
 {
@@ -57,6 +73,13 @@ PracticeFooter::PracticeFooter(SongPractice *practice, QWidget *parent)
     showState();
 }
 
+void PracticeFooter::setDiary(const PracticeDiary *diary)
+{
+    m_diary = diary;
+    connect(diary, &PracticeDiary::problemChanged, this, &PracticeFooter::showState);
+    showState();
+}
+
 void PracticeFooter::showState()
 {
     const PracticeStore &store = m_practice->store();
@@ -67,6 +90,8 @@ void PracticeFooter::showState()
         m_patience.start();
     }
     QString said = practiceProblemText(store.problem());
+    if (said.isEmpty() && m_diary != nullptr)
+        said = historyProblemText(m_diary->problem());
     if (said.isEmpty() && m_isSlow)
         said = tr("Recognising the song…");
     setText(said);

@@ -56,7 +56,8 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
       m_lane(new PracticeLane(m_wave, &m_peaks, &practice->store())),
       m_overview(new OverviewBar(m_wave, &m_peaks, this)),
       m_pages(new PracticePages(this)),
-      m_loops(new LoopsPage(practice, soundOf(audio), this))
+      m_loops(new LoopsPage(practice, soundOf(audio), this)),
+      m_footer(new PracticeFooter(practice, this))
 {
     setObjectName(QStringLiteral("practicePane"));
     setAccessibleName(tr("Practice"));
@@ -78,7 +79,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
     column->addWidget(m_divider);
     column->addWidget(m_header);
     column->addLayout(makeMiddle(), 1);
-    column->addWidget(new PracticeFooter(practice, this));
+    column->addWidget(m_footer);
 
     connect(audio, &LB_AudioController::loopChanged, this, &PracticePane::showLoop);
     connect(&m_peaks, &SongPeaks::songChanged, this, &PracticePane::showLoop);

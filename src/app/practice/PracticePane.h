@@ -18,6 +18,7 @@ class LoopsPage;
 class Metronome;
 class OverviewBar;
 class PaneDivider;
+class PracticeFooter;
 class PracticeHeader;
 class PracticeLane;
 class PracticePages;
@@ -38,6 +39,10 @@ public:
                  std::function<void(quint64)> seek, QWidget *parent = nullptr);
     ~PracticePane() override;
 
+    /// Lets the pane carry out more commands. The set belongs to somebody else and must outlive
+    /// the use of the pane.
+    void addCommands(CommandSet *commands);
+
     /// Carries out a command of the menu.
     void perform(PracticeCommand command, int argument = 0);
     /// Whether a command would do something now.
@@ -55,6 +60,7 @@ public:
     PracticeHeader *header() const { return m_header; }
     PracticePages *pages() const { return m_pages; }
     LoopsPage *loops() const { return m_loops; }
+    PracticeFooter *footer() const { return m_footer; }
     SongPractice *practice() const { return m_practice; }
     Metronome *metronome() const { return m_metronome; }
     SongPeaks &peaks() { return m_peaks; }
@@ -71,7 +77,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void addCommands(CommandSet *commands);
     void fillHeader();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
@@ -92,6 +97,7 @@ private:
     OverviewBar *m_overview;
     PracticePages *m_pages;
     LoopsPage *m_loops;
+    PracticeFooter *m_footer;
     /// A button and the command that it carries out.
     struct CommandButton {
         TextButton *button;

@@ -2,6 +2,7 @@
 
 #include "app/practice/PracticeKeys.h"
 #include "app/practice/PracticePane.h"
+#include "app/shell/PracticeHistory.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Room.h"
 #include "platform/audio/DecodingModule.h"
@@ -77,6 +78,7 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
     practice->setOpen(true);
     parts.metronome = std::make_unique<Metronome>(parts.audio.get(), practice);
     auto *pane = new PracticePane(parts.audio.get(), practice, parts.metronome.get(), seek, parent);
+    addPracticeHistory(parts, pane);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();
     QObject::connect(pane, &PracticePane::commandsChanged, menu,

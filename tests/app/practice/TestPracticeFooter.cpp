@@ -21,7 +21,11 @@ TEST_F(TheFooter, HasASentenceForEveryProblem)
     for (const Problem problem : {Problem::Unreadable, Problem::PartlyRead, Problem::NewerVersion,
                                   Problem::NotWritable, Problem::ChangedElsewhere})
         texts.append(practiceProblemText(problem));
+    for (const PracticeDiary::Problem problem :
+         {PracticeDiary::Problem::NotWritable, PracticeDiary::Problem::PartlyRead})
+        texts.append(historyProblemText(problem));
     EXPECT_TRUE(practiceProblemText(Problem::None).isEmpty());
+    EXPECT_TRUE(historyProblemText(PracticeDiary::Problem::None).isEmpty());
     EXPECT_FALSE(texts.contains(QString()));
     EXPECT_EQ(texts.removeDuplicates(), 0);
 }
@@ -39,6 +43,20 @@ TEST_F(TheFooter, IsHiddenUntilThereIsAProblem)
     ASSERT_TRUE(obstacle.remove());
     practice->store().save();
     EXPECT_FALSE(footer.isVisibleTo(&pane));
+}
+
+TEST_F(TheFooter, TellsOfAHistoryThatCannotBeWritten)
+{
+    ASSERT_TRUE(QDir().mkpath(folder() + u"/History.csv"_s)); // a folder is in the way
+    PracticeDiary diary(&audio(), practice.get(), folder());
+    footer.setDiary(&diary);
+    load(u"A"_s);
+    EXPECT_FALSE(footer.isVisibleTo(&pane));
+    practice->play(addLoop(rate, rate + rate / 10));
+    transport.audio.pull(8192);
+    audio().setIsRunning(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return footer.isVisibleTo(&pane); }, 60000));
+    EXPECT_EQ(footer.text(), historyProblemText(PracticeDiary::Problem::NotWritable));
 }
 
 TEST_F(TheFooter, SaysThatASongIsBeingRecognisedIfThatTakesLong)
