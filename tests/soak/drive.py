@@ -12,6 +12,8 @@ that starts at action FIRST repeats the end of a longer one. The target of a cli
 A fault ends the run with status 1. The seed and the last 50 actions are printed.
 """
 import collections
+import csv
+import datetime
 import json
 import os
 import pathlib
@@ -72,7 +74,7 @@ HELD_KEYS = ("Left", "Right", "Down", "Up", "Return", "space", "BackSpace", "Del
 PRACTICE_KEYS = (
     ["k"] * 4 + ["m", "n", "p", "y", "u", "shift+u", "shift+n", "shift+p", "Return", "Delete"] + ["1", "2", "3", "4", "9"]
     + ["a", "s", "d", "f", "g", "h"] * 2 + ["alt+a", "alt+f", "shift+s", "shift+d", "shift+h"] + ["ctrl+z"] * 4
-    + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l"])
+    + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l", "ctrl+h"])
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 
@@ -725,7 +727,10 @@ class Soak:
                 "a preset without ten levels within 12 dB")
         for path in folder.glob("Practice/*.json"):
             self.check_practice(path, require)
-        stray = [path.name for path in folder.glob("Practice/*") if path.suffix != ".json"
+        history = folder / "Practice/History.csv"
+        if history.exists():
+            self.check_history(history, require)
+        stray = [path.name for path in folder.glob("Practice/*") if path.suffix != ".json" and path != history
                  and not re.search(r"\.json\.(unreadable|changed)-\d+$", path.name)]
         require(not stray, f"stray files next to the practice files: {stray}")
         require(all(isinstance(path, str) and path for path in folders), "a folder without a path")
@@ -747,6 +752,19 @@ class Soak:
         require(places == sorted(places), f"the loops of {path.name} are not in order")
         require(all(frames(loop["from"]) < frames(loop["to"]) for loop in content.get("loops", [])),
                 f"{path.name} has a loop without length")
+
+    @staticmethod
+    def check_history(path, require):
+        """The history has whole lines in the order of the time, with sensible numbers."""
+        with open(path, encoding="utf-8", newline="") as file:
+            lines = list(csv.DictReader(file))
+        require(all(len(line) == 10 and None not in line.values() for line in lines), "the history has a broken line")
+        times = [datetime.datetime.fromisoformat(line["time"]) for line in lines]
+        require(times == sorted(times), "the history is not in order")
+        for line in lines:
+            passes, missed, seconds = int(line["passes"]), int(line["missed"]), int(line["seconds"])
+            require(0 <= missed <= passes and 10 <= float(line["speed"]) <= 200 and (passes > 0 or seconds >= 10),
+                    f"the history has an odd line: {line}")
 
     def sample(self):
         pid = self.child.pid
