@@ -48,6 +48,14 @@ class Hands:
         self.mouse_up(self.xdo, CURRENT, 1)
         return now
 
+    def press(self):
+        self.mouse_down(self.xdo, CURRENT, 1)
+
+    def release(self):
+        now = time.monotonic()
+        self.mouse_up(self.xdo, CURRENT, 1)
+        return now
+
     def double_click(self):
         """The second press counts."""
         self.click()

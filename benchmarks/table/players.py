@@ -17,20 +17,20 @@ STEP = 5  # seconds of song that a seek moves by
 class Lyrabox:
     variables = {}
 
-    def __init__(self, desktop, hands, songs):
+    def __init__(self, desktop, hands, songs, defaults=()):
         """`songs` are those of one folder, in their order."""
         self.desktop, self.hands = desktop, hands
-        env = dict(desktop.home("keys", songs[0].parent), **self.variables)
+        env = dict(desktop.home("keys", songs[0].parent, defaults), **self.variables)
         ground = hands.pixel(*CENTER)
         self.process = desktop.start([BUILD / "lyrabox"], env)
         desktop.wait_for("the first picture", lambda: hands.keyboard_owner() == self.process.pid and
                          hands.pixel(*CENTER) != ground, pause=0.002)
         self.window = 0
 
-    def settle(self):
+    def settle(self, size=SIZE):
         """Gives the window the size in which the rows are found."""
         self.window = int(self.desktop.call("xdotool", "getactivewindow").stdout)
-        self.desktop.call("xdotool", "windowsize", "--sync", str(self.window), *map(str, SIZE))
+        self.desktop.call("xdotool", "windowsize", "--sync", str(self.window), *map(str, size))
         time.sleep(1.0)
 
     def end(self):
