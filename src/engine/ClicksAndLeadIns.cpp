@@ -40,6 +40,11 @@ void setLeadInAtWrap(const LeadIn &leadIn)
     reading().leadIn.setAtWrap(leadIn);
 }
 
+void setRunUp(std::uint64_t frames)
+{
+    reading().runUp.store(frames, std::memory_order_relaxed);
+}
+
 void setLeadInAtStart(const LeadIn &leadIn)
 {
     const Lock lock(control().mutex);
@@ -67,6 +72,7 @@ void dropClicksAndLeadIns()
     exchange.clicks.setTable(nullptr);
     exchange.leadIn.setAtWrap({});
     exchange.atStart = {};
+    exchange.runUp.store(0, std::memory_order_relaxed);
     if (std::exchange(exchange.startIsRequested, false))
         exchange.leadIn.request({});
 }

@@ -7,8 +7,8 @@
 #include <memory>
 
 /// What practising asks of the engine: the metronome, the silence before a loop or a start, and the
-/// count of passes. Main thread. Loading a song switches the metronome and the lead-ins off,
-/// because they belong to the song. A change of the device keeps them.
+/// count of passes. Main thread. Loading a song switches the metronome, the lead-ins and the run-up
+/// off, because they belong to the song. A change of the device keeps them.
 namespace lyrabox::engine {
 
 /// The metronome plays these clicks from the next slice of 128 frames on. Null switches it off.
@@ -25,6 +25,10 @@ void setClickSound(const ClickSound &sound);
 /// stands at the loop's start meanwhile. A seek ends it. A loop whose end is not after its start
 /// has none. More than LeadIn::maximumClicks clicks are not played.
 void setLeadInAtWrap(const LeadIn &leadIn);
+
+/// Music before a loop: from the next jump on, a loop goes on so many frames before its start, or
+/// at the song's start if that comes later. Nothing else about the loop changes. 0 switches it off.
+void setRunUp(std::uint64_t frames);
 
 /// The silence between a start of the output and the frame that is heard first. With a lead-in, a
 /// start drops the frames that the stages hold and reads them again behind the silence. A change of

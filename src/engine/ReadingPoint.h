@@ -73,6 +73,8 @@ struct ReadingPointExchange {
     /// How often a seek has set the position. It rises after the position was set, so a callback
     /// that sees the new count also sees the new position.
     std::atomic<std::uint64_t> seekCount{0};
+    /// How many frames before its start a loop goes on after its jump. Set on the control side.
+    std::atomic<std::uint64_t> runUp{0};
 
     LeadInReader leadIn;
     LeadIn atStart;                ///< control side, under the engine's mutex

@@ -103,9 +103,14 @@ std::uint64_t jumpBack(const AudioEngineState &engine, std::uint64_t start,
         point.passedLoop = {.start = loopStart, .end = loopEnd};
     }
     // A loop whose end is not after its start never plays, so it would be silent for ever.
-    point.jump(start, loopStart,
-               loopStart < loopEnd ? reading().leadIn.beginAtWrap(start, loopStart) : 0);
-    return loopStart;
+    if (loopStart >= loopEnd) {
+        point.jump(start, loopStart);
+        return loopStart;
+    }
+    const std::uint64_t goesTo =
+        loopStart - std::min(loopStart, reading().runUp.load(std::memory_order_relaxed));
+    point.jump(start, goesTo, reading().leadIn.beginAtWrap(start, goesTo));
+    return goesTo;
 }
 
 /// What the callback has to know of a seek, or of the first slice after a start.
