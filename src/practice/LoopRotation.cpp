@@ -51,6 +51,14 @@ LoopRotation::Order LoopRotation::ended(TrainerEnd reason)
     return last;
 }
 
+/// A ladder has ended with a stop.
+LoopRotation::Order LoopRotation::endedBy(const TrainerOrder &order)
+{
+    Order last = ended(TrainerEnd::ByHand);
+    last.trainer = order;
+    return last;
+}
+
 void LoopRotation::goToNext()
 {
     const PracticeId former = m_order[m_at];
@@ -69,11 +77,8 @@ LoopRotation::Order LoopRotation::passEnded(double secondsInTurn)
         return {};
     m_former.reset();
     Order result{.trainer = m_trainers.at(m_order[m_at]).passEnded()};
-    if (result.trainer.command == TrainerOrder::Command::StopPlaying) {
-        Order last = ended(TrainerEnd::ByHand);
-        last.trainer = result.trainer;
-        return last;
-    }
+    if (result.trainer.command == TrainerOrder::Command::StopPlaying)
+        return endedBy(result.trainer);
     ++m_passes;
     const bool isOver = m_turn.unit == Turn::Unit::Passes ? m_passes >= m_turn.amount
                                                           : secondsInTurn >= 60.0 * m_turn.amount;
@@ -94,11 +99,19 @@ LoopRotation::Order LoopRotation::give(PassVerdict verdict, double secondsIntoPa
         return {};
     const bool isForFormer = m_former && secondsIntoPass < SpeedTrainer::verdictSeconds;
     SpeedTrainer &judged = m_trainers.at(isForFormer ? *m_former : m_order[m_at]);
-    const TrainerOrder order = verdict == PassVerdict::Missed ? judged.missed(secondsIntoPass)
-                                                              : judged.right(secondsIntoPass);
+    TrainerOrder order = verdict == PassVerdict::Missed ? judged.missed(secondsIntoPass)
+                                                        : judged.right(secondsIntoPass);
+    if (order.command == TrainerOrder::Command::StopPlaying)
+        return endedBy(order);
     if (isForFormer) {
         m_former.reset(); // a second verdict is meant for the present pass
         return changed(false);
+    }
+    if (std::exchange(order.command, TrainerOrder::Command::None) ==
+            TrainerOrder::Command::NextLoop &&
+        m_order.size() > 1) {
+        goToNext();
+        return changed(true);
     }
     return {.trainer = order};
 }

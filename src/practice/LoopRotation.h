@@ -46,6 +46,9 @@ public:
     /// The loop that is trained. None if there is none left.
     std::optional<PracticeId> current() const;
 
+    /// All loops that take part.
+    std::vector<PracticeId> loops() const { return m_order; }
+
     /// The trainer of the current loop. Only if there is one.
     const SpeedTrainer &trainer() const { return m_trainers.at(m_order[m_at]); }
 
@@ -65,6 +68,7 @@ private:
     Order give(PassVerdict verdict, double secondsIntoPass);
     Order changed(bool loopChanges) const;
     Order ended(TrainerEnd reason);
+    Order endedBy(const TrainerOrder &order);
     void goToNext();
     void shuffle();
 

@@ -136,6 +136,29 @@ TEST(LoopRotation, EndsWhenALadderEndsWithAStop)
     EXPECT_EQ(last.trainer.speed, 77.0);
 }
 
+TEST(LoopRotation, ALateVerdictThatEndsALadderEndsOrChangesAsTheEndOfAPassDoes)
+{
+    for (const AtTop atTop : {AtTop::Stop, AtTop::NextLoop}) {
+        std::vector<LoopRotation::Loop> two = loops(2);
+        for (LoopRotation::Loop &loop : two) {
+            loop.settings.from = 100;
+            loop.settings.atTop = atTop;
+            loop.settings.judging = PassJudging::OnlyRight;
+        }
+        LoopRotation rotation(two, {.amount = 9}, 1, 77.0);
+        const PracticeId first = rotation.current().value_or(0);
+        EXPECT_FALSE(rotation.passEnded(1.0).hasEnded);
+        const LoopRotation::Order last = rotation.right(1.0);
+        EXPECT_EQ(last.hasEnded, atTop == AtTop::Stop);
+        EXPECT_EQ(last.loopChanges, atTop == AtTop::NextLoop);
+        EXPECT_NE(rotation.current(), first);
+        if (atTop == AtTop::Stop) {
+            EXPECT_EQ(last.trainer.command, TrainerOrder::Command::StopPlaying);
+            EXPECT_EQ(last.trainer.speed, 77.0);
+        }
+    }
+}
+
 TEST(LoopRotation, LeavesOutWhatItCannotTrain)
 {
     std::vector<LoopRotation::Loop> three = loops(2);
