@@ -15,6 +15,7 @@ struct Text {
 QList<PracticeCommandEntry> play();
 QList<PracticeCommandEntry> markers();
 QList<PracticeCommandEntry> loopMoves();
+QList<PracticeCommandEntry> trainer();
 QList<PracticeCommandEntry> edits();
 QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();

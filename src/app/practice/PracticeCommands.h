@@ -34,7 +34,11 @@ enum class PracticeCommand {
     ZoomToLoop,
     WholeSong,
     Follow,
-    ShowHistory
+    ShowHistory,
+    Train,
+    Rotate,
+    PassMissed,
+    PassRight
 };
 
 /// A command with its text and its keys. The menu, the help and the tool tips are made of these,

@@ -5,6 +5,7 @@
 #include "app/practice/LoopList.h"
 #include "app/practice/LoopListModel.h"
 #include "app/practice/LoopsPage.h"
+#include "app/practice/Metronome.h"
 #include "app/practice/OverviewBar.h"
 #include "app/practice/PaneDivider.h"
 #include "app/practice/PaneLayout.h"
@@ -12,8 +13,13 @@
 #include "app/practice/PracticeHeader.h"
 #include "app/practice/PracticeLane.h"
 #include "app/practice/PracticePages.h"
+#include "app/practice/RotationBox.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/TextButton.h"
+#include "app/practice/TrainerCommands.h"
+#include "app/practice/TrainerLadder.h"
+#include "app/practice/TrainerPage.h"
+#include "app/practice/TrainerRun.h"
 #include "app/practice/WaveCommands.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
@@ -57,7 +63,9 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
       m_overview(new OverviewBar(m_wave, &m_peaks, this)),
       m_pages(new PracticePages(this)),
       m_loops(new LoopsPage(practice, soundOf(audio), this)),
-      m_footer(new PracticeFooter(practice, this))
+      m_footer(new PracticeFooter(practice, this)),
+      m_trainer(new TrainerRun(audio, practice, this)),
+      m_trainerPage(new TrainerPage(m_trainer, practice, this))
 {
     setObjectName(QStringLiteral("practicePane"));
     setAccessibleName(tr("Practice"));
@@ -70,8 +78,9 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
     connect(loopCommands, &LoopCommands::removeWanted, m_loops->list(), &LoopList::deleteSelection);
     addCommands(loopCommands);
     addCommands(new WaveCommands(m_wave, this));
-    fillHeader();
     m_pages->addPage(tr("Loops"), m_loops);
+    addTrainer();
+    fillHeader();
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -110,6 +119,7 @@ QLayout *PracticePane::makeMiddle()
         return addButton(text, command, argument);
     };
     waves->addWidget(new LoopEnds(m_audio, m_practice, makeButton, this));
+    waves->addWidget(new TrainerLadder(m_trainer, this));
     m_loops->addButton(addButton(QStringLiteral("+"), PracticeCommand::KeepLoop));
     m_loops->addButton(addButton(QStringLiteral("+ ⚑"), PracticeCommand::AddMarker));
     m_loops->addButton(addButton(QStringLiteral("−"), PracticeCommand::Remove));
@@ -141,6 +151,24 @@ void PracticePane::addCommands(CommandSet *commands)
 {
     m_commands.append(commands);
     connect(commands, &CommandSet::changed, this, &PracticePane::commandsChanged);
+}
+
+void PracticePane::addTrainer()
+{
+    m_trainer->setBeforePassHandler(
+        [this](std::optional<BeforePass> before) { m_metronome->setBeforePass(before); });
+    RotationBox *rotation = m_trainerPage->rotation();
+    addCommands(new TrainerCommands(m_trainer, rotation, this));
+    m_pages->addPage(tr("Trainer"), m_trainerPage);
+    const auto makeSwitch = [this](const QString &text, PracticeCommand command) {
+        TextButton *button = addButton(text, command);
+        button->setCheckable(true);
+        return button;
+    };
+    m_header->addLeft(makeSwitch(tr("Trainer"), PracticeCommand::Train));
+    m_trainerPage->addButton(addButton(tr("Missed"), PracticeCommand::PassMissed));
+    m_trainerPage->addButton(addButton(tr("Right"), PracticeCommand::PassRight));
+    rotation->setButton(makeSwitch({}, PracticeCommand::Rotate));
 }
 
 void PracticePane::fillHeader()

@@ -24,6 +24,8 @@ class PracticeLane;
 class PracticePages;
 class SongPractice;
 class TextButton;
+class TrainerPage;
+class TrainerRun;
 class WaveView;
 
 /// The practice pane: the wave of the playing song with its loops and markers, the list of them,
@@ -61,7 +63,9 @@ public:
     PracticePages *pages() const { return m_pages; }
     LoopsPage *loops() const { return m_loops; }
     PracticeFooter *footer() const { return m_footer; }
+    TrainerPage *trainerPage() const { return m_trainerPage; }
     SongPractice *practice() const { return m_practice; }
+    TrainerRun *trainer() const { return m_trainer; }
     Metronome *metronome() const { return m_metronome; }
     SongPeaks &peaks() { return m_peaks; }
 
@@ -77,6 +81,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void addTrainer();
     void fillHeader();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
@@ -98,6 +103,8 @@ private:
     PracticePages *m_pages;
     LoopsPage *m_loops;
     PracticeFooter *m_footer;
+    TrainerRun *m_trainer;
+    TrainerPage *m_trainerPage;
     /// A button and the command that it carries out.
     struct CommandButton {
         TextButton *button;

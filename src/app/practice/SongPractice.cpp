@@ -137,7 +137,7 @@ bool SongPractice::play(PracticeId loop)
     const PracticeLoop called = *kept;
     m_calledUp.reset(); // The change of the player's loop is no change of a loop that is called up.
     m_audio->setLoop(playedRange(rangeOf(called)));
-    if (called.speed)
+    if (called.speed && !m_speedIsHeld)
         m_audio->setPlaybackSpeedPct(static_cast<float>(*called.speed));
     if (called.pitch)
         m_audio->setPlaybackPitch(static_cast<float>(*called.pitch));

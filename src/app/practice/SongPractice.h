@@ -53,6 +53,9 @@ public:
     /// playback if the player is paused. False if the loop is unknown or not playable.
     bool play(PracticeId loop);
 
+    /// Whether play() leaves the speed as it is, because somebody else sets it. False at first.
+    void setSpeedHeld(bool held) { m_speedIsHeld = held; }
+
     /// Plays the player's loop, kept or not, from its start, after the lead-in of a start if there
     /// is one. Does nothing without a loop.
     void playFromStart();
@@ -108,6 +111,7 @@ private:
     BackgroundRunner m_runner; ///< hashes songs
     PracticeStore m_store;
     bool m_isOpen = false;
+    bool m_speedIsHeld = false;
     std::weak_ptr<TrackRecord> m_track; ///< the player's, when it was last told of
     std::weak_ptr<const DecodedSong> m_samples;
     std::optional<PracticeId> m_calledUp;

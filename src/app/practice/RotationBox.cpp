@@ -1,0 +1,137 @@
+#include "app/practice/RotationBox.h"
+
+#include "app/practice/ChoiceButton.h"
+#include "app/practice/SongPractice.h"
+#include "app/practice/TrainerRun.h"
+#include "platform/ui/NumberField.h"
+#include "platform/ui/Theme.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace lyrabox {
+
+namespace {
+constexpr int gap = 6;
+constexpr int fieldWidth = 44;
+constexpr LoopRotation::Turn usualTurn{};
+} // namespace
+
+RotationBox::RotationBox(TrainerRun *run, SongPractice *practice, QWidget *parent)
+    : QWidget(parent),
+      m_run(run),
+      m_practice(practice),
+      m_column(new QVBoxLayout(this)),
+      m_boxes(new QVBoxLayout),
+      m_amount(new NumberField(this)),
+      m_unit(new ChoiceButton(tr("Unit of a turn"), {tr("passes"), tr("minutes")}, this))
+{
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(gap);
+    auto *title = new QLabel(tr("Rotation"), this);
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    m_column->addWidget(title);
+    auto *hint =
+        new QLabel(tr("Loops take turns, in shuffled order. Without a tick, all do."), this);
+    hint->setWordWrap(true);
+    QPalette colors = hint->palette();
+    colors.setColor(QPalette::WindowText, Theme::secondaryText);
+    hint->setPalette(colors);
+    m_column->addWidget(hint);
+    m_boxes->setSpacing(2);
+    m_column->addLayout(m_boxes);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(gap);
+    auto *label = new QLabel(tr("Each for"), this);
+    label->setPalette(colors);
+    row->addWidget(label);
+    m_amount->setFixedSize(fieldWidth, Theme::controlHeight);
+    m_amount->setLimits(1.0F, static_cast<float>(LoopRotation::Turn::maximum));
+    m_amount->setFloatValue(static_cast<float>(usualTurn.amount));
+    m_amount->setAccessibleName(tr("Length of a turn"));
+    row->addWidget(m_amount);
+    row->addWidget(m_unit, 1);
+    m_column->addLayout(row);
+    connect(&practice->store(), &PracticeStore::recordChanged, this, &RotationBox::showLoops);
+    showLoops();
+}
+
+void RotationBox::setButton(QWidget *button)
+{
+    m_column->addWidget(button, 0, Qt::AlignLeft);
+}
+
+LoopRotation::Turn RotationBox::turn() const
+{
+    return {.unit = m_unit->current() == 0 ? LoopRotation::Turn::Unit::Passes
+                                           : LoopRotation::Turn::Unit::Minutes,
+            .amount = static_cast<int>(std::lround(m_amount->floatValue()))};
+}
+
+std::vector<PracticeId> RotationBox::loops() const
+{
+    std::vector<PracticeId> all;
+    std::vector<PracticeId> ticked;
+    for (const PracticeLoop &loop : m_practice->record().loops) {
+        if (!m_practice->isPlayable(loop))
+            continue;
+        all.push_back(loop.id);
+        if (const QCheckBox *box = tick(loop.id); box != nullptr && box->isChecked())
+            ticked.push_back(loop.id);
+    }
+    return ticked.empty() ? all : ticked;
+}
+
+QCheckBox *RotationBox::tick(PracticeId loop) const
+{
+    const auto found = std::ranges::find(m_ticks, loop, &Tick::loop);
+    return found == m_ticks.end() ? nullptr : found->box;
+}
+
+void RotationBox::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    showLoops();
+}
+
+/// Boxes are made only while they are seen: there may be hundreds of loops.
+void RotationBox::showLoops()
+{
+    const std::vector<PracticeLoop> &loops = m_practice->record().loops;
+    std::set<PracticeId> present;
+    for (const PracticeLoop &loop : loops)
+        present.insert(loop.id);
+    m_ticks.removeIf([&](const Tick &each) {
+        if (present.contains(each.loop))
+            return false;
+        delete each.box;
+        return true;
+    });
+    if (isVisible()) {
+        int row = 0;
+        for (const PracticeLoop &loop : loops) {
+            QCheckBox *box = tick(loop.id);
+            if (box == nullptr) {
+                box = new QCheckBox(this);
+                box->setFocusPolicy(Qt::TabFocus);
+                connect(box, &QCheckBox::toggled, this, &RotationBox::loopsChanged);
+                m_ticks.append({.loop = loop.id, .box = box});
+            }
+            m_boxes->removeWidget(box);
+            m_boxes->insertWidget(row++, box);
+            QString name = loop.name.isEmpty() ? tr("Loop %1").arg(row) : loop.name;
+            box->setText(name.replace(u'&', QStringLiteral("&&")));
+            box->setEnabled(m_practice->isPlayable(loop));
+        }
+    }
+    Q_EMIT loopsChanged();
+}
+
+} // namespace lyrabox

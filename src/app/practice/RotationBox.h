@@ -1,0 +1,63 @@
+#pragma once
+
+#include "practice/LoopRotation.h"
+
+#include <QList>
+#include <QWidget>
+
+#include <vector>
+
+class QCheckBox;
+class QVBoxLayout;
+
+namespace lyrabox {
+
+class ChoiceButton;
+class NumberField;
+class SongPractice;
+class TrainerRun;
+
+/// The part of the trainer's page where the loops are ticked that take turns. Ticks are forgotten
+/// with the song. Main thread.
+class RotationBox : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the box.
+    RotationBox(TrainerRun *run, SongPractice *practice, QWidget *parent = nullptr);
+
+    /// The ticked loops; without a tick, all that can be played. In the order of the list.
+    std::vector<PracticeId> loops() const;
+    LoopRotation::Turn turn() const;
+
+    /// Adds the button that starts the rotation.
+    void setButton(QWidget *button);
+
+    /// The box of a loop; null if there is none.
+    QCheckBox *tick(PracticeId loop) const;
+
+Q_SIGNALS:
+    /// loops() may be others.
+    void loopsChanged();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void showLoops();
+
+    struct Tick {
+        PracticeId loop;
+        QCheckBox *box;
+    };
+
+    TrainerRun *m_run;
+    SongPractice *m_practice;
+    QVBoxLayout *m_column;
+    QVBoxLayout *m_boxes;
+    NumberField *m_amount;
+    ChoiceButton *m_unit;
+    QList<Tick> m_ticks;
+};
+
+} // namespace lyrabox
