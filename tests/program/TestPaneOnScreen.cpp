@@ -37,7 +37,7 @@ TEST_F(ProgramWithPane, LoopsAreCalledUpInTheListAndAboveTheWaveAndDraggedThere)
     display.key(u"k"_s);
     display.key(u"l"_s);
     ASSERT_TRUE(hears(stepFrequency(13), 5.0));
-    display.click(frame.topLeft() + QPoint(900, 349), 2); // the first row of the list
+    display.click(frame.topLeft() + QPoint(900, 383), 2); // the first row of the list
     EXPECT_TRUE(hears(stepFrequency(10), 3.0));
     EXPECT_TRUE(hears(stepFrequency(11), 3.0));
     EXPECT_TRUE(hears(stepFrequency(10), 3.0));

@@ -168,7 +168,7 @@ void PracticePane::addTrainer()
     m_header->addLeft(makeSwitch(tr("Trainer"), PracticeCommand::Train));
     m_trainerPage->addButton(addButton(tr("Missed"), PracticeCommand::PassMissed));
     m_trainerPage->addButton(addButton(tr("Right"), PracticeCommand::PassRight));
-    rotation->setButton(makeSwitch({}, PracticeCommand::Rotate));
+    m_trainerPage->addRotationButton(makeSwitch(tr("Rotate"), PracticeCommand::Rotate));
 }
 
 void PracticePane::fillHeader()

@@ -26,27 +26,27 @@ RotationBox::RotationBox(TrainerRun *run, SongPractice *practice, QWidget *paren
     : QWidget(parent),
       m_run(run),
       m_practice(practice),
-      m_column(new QVBoxLayout(this)),
       m_boxes(new QVBoxLayout),
       m_amount(new NumberField(this)),
       m_unit(new ChoiceButton(tr("Unit of a turn"), {tr("passes"), tr("minutes")}, this))
 {
-    m_column->setContentsMargins(0, 0, 0, 0);
-    m_column->setSpacing(gap);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
     auto *title = new QLabel(tr("Rotation"), this);
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
-    m_column->addWidget(title);
+    column->addWidget(title);
     auto *hint =
         new QLabel(tr("Loops take turns, in shuffled order. Without a tick, all do."), this);
     hint->setWordWrap(true);
     QPalette colors = hint->palette();
     colors.setColor(QPalette::WindowText, Theme::secondaryText);
     hint->setPalette(colors);
-    m_column->addWidget(hint);
+    column->addWidget(hint);
     m_boxes->setSpacing(2);
-    m_column->addLayout(m_boxes);
+    column->addLayout(m_boxes);
     auto *row = new QHBoxLayout;
     row->setSpacing(gap);
     auto *label = new QLabel(tr("Each for"), this);
@@ -58,14 +58,9 @@ RotationBox::RotationBox(TrainerRun *run, SongPractice *practice, QWidget *paren
     m_amount->setAccessibleName(tr("Length of a turn"));
     row->addWidget(m_amount);
     row->addWidget(m_unit, 1);
-    m_column->addLayout(row);
+    column->addLayout(row);
     connect(&practice->store(), &PracticeStore::recordChanged, this, &RotationBox::showLoops);
     showLoops();
-}
-
-void RotationBox::setButton(QWidget *button)
-{
-    m_column->addWidget(button, 0, Qt::AlignLeft);
 }
 
 LoopRotation::Turn RotationBox::turn() const

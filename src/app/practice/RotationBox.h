@@ -30,9 +30,6 @@ public:
     std::vector<PracticeId> loops() const;
     LoopRotation::Turn turn() const;
 
-    /// Adds the button that starts the rotation.
-    void setButton(QWidget *button);
-
     /// The box of a loop; null if there is none.
     QCheckBox *tick(PracticeId loop) const;
 
@@ -53,7 +50,6 @@ private:
 
     TrainerRun *m_run;
     SongPractice *m_practice;
-    QVBoxLayout *m_column;
     QVBoxLayout *m_boxes;
     NumberField *m_amount;
     ChoiceButton *m_unit;

@@ -19,6 +19,7 @@ namespace lyrabox {
 namespace {
 
 constexpr int gap = 5;
+constexpr int topMargin = 4;
 constexpr int rowHeight = 24;
 constexpr int textMargin = 8; // at the sides of a step
 constexpr int leastStepWidth = 34;
@@ -107,7 +108,7 @@ TrainerLadder::TrainerLadder(TrainerRun *run, QWidget *parent)
 
 QSize TrainerLadder::sizeHint() const
 {
-    return {300, rowHeight};
+    return {300, topMargin + rowHeight};
 }
 
 QList<LadderStep *> TrainerLadder::steps() const
@@ -157,9 +158,9 @@ void TrainerLadder::showRun()
     m_words->setToolTip(trainerWords::strip(strip, next ? speedText(*next) : QString()));
     showSteps(shown.first, shown.count, stepWidth);
     const int end = shown.count * (stepWidth + gap);
-    m_words->setGeometry(
-        QStyle::visualRect(layoutDirection(), rect(),
-                           QRect(end + gap, 0, std::max(0, width() - end - gap), height())));
+    m_words->setGeometry(QStyle::visualRect(
+        layoutDirection(), rect(),
+        QRect(end + gap, topMargin, std::max(0, width() - end - gap), rowHeight)));
 }
 
 void TrainerLadder::showSteps(int first, int count, int stepWidth)
@@ -175,8 +176,9 @@ void TrainerLadder::showSteps(int first, int count, int stepWidth)
         // A speed between two steps stands on the lower one.
         const double percent = isPresent ? strip.speed : ladder[static_cast<std::size_t>(rung)];
         LadderStep *shown = step(index);
-        shown->setGeometry(QStyle::visualRect(
-            layoutDirection(), rect(), QRect(index * (stepWidth + gap), 0, stepWidth, height())));
+        shown->setGeometry(
+            QStyle::visualRect(layoutDirection(), rect(),
+                               QRect(index * (stepWidth + gap), topMargin, stepWidth, rowHeight)));
         shown->setStep(trainerWords::speed(percent, m_run->unit(), tempo),
                        isPresent               ? LadderStep::State::Present
                        : rung < strip.rung - 1 ? LadderStep::State::Done

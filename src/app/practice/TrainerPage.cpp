@@ -84,6 +84,11 @@ void TrainerPage::addButton(QWidget *button)
     m_buttons->insertWidget(m_buttons->count() - 1, button);
 }
 
+void TrainerPage::addRotationButton(QWidget *button)
+{
+    m_buttons->addWidget(button);
+}
+
 QWidget *TrainerPage::makeForm()
 {
     auto *page = new QWidget(this);
@@ -279,13 +284,16 @@ void TrainerPage::showTarget()
     const PracticeLoop *loop = id ? m_practice->record().loop(*id) : nullptr;
     const TrainerSettings settings = m_run->settings();
     const bool lacksBeats = settings.unit == TempoUnit::BeatsPerMinute && m_run->songTempo() <= 0.0;
+    // The header names the loop that sounds, so this line is there only to say more.
+    QString said;
     if (loop != nullptr && lacksBeats)
-        m_target->setText(tr("This ladder needs the song's beats."));
-    else if (loop != nullptr)
-        m_target->setText(loop->name.isEmpty() ? tr("The loop that is called up") : loop->name);
-    else
-        m_target->setText(m_practice->canKeepLoop() ? tr("The loop that sounds")
-                                                    : tr("Make a loop to train it."));
+        said = tr("This ladder needs the song's beats.");
+    else if (loop != nullptr && id != m_practice->calledUp())
+        said = loop->name;
+    else if (loop == nullptr && !m_practice->canKeepLoop())
+        said = tr("Make a loop to train it.");
+    m_target->setText(said);
+    m_target->setVisible(!said.isEmpty());
     if (m_shown != settings)
         show(settings);
     enableControls();

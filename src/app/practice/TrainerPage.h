@@ -32,6 +32,8 @@ public:
 
     /// Adds a button below the page, from left to right.
     void addButton(QWidget *button);
+    /// Adds the button that starts the rotation, at the right end.
+    void addRotationButton(QWidget *button);
 
     RotationBox *rotation() const { return m_rotation; }
 
