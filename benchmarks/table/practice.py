@@ -15,11 +15,13 @@ from .rows import Row
 LONGEST_OPENING = 0.030  # seconds
 LONGEST_HASHING = 1.0
 LONGEST_FIRST_PICTURE = 0.050
+LONGEST_HISTORY = 0.100
 LONGEST_STEP = 1 / 60
 LONGEST_FRAME = 0.025
 LEAST_FRAMES = 58  # a second; 60 less what starts and ends a measurement
 MOST_IDLE = 0.005  # of a core
 ENTRIES = 2500
+LINES = 50000  # of the history: 15 a day, for ten years
 STEPS = 600
 SPAN = 60.0  # seconds
 WAVE = 1120  # points
@@ -106,4 +108,5 @@ def rows():
             limited("practice, the longest step of scrolling that list", "pane", "scroll", LONGEST_STEP, STEPS),
             limited("practice, the first picture of a wave", "pane", "first", LONGEST_FIRST_PICTURE, 1),
             limited("practice, sound of 5 minutes of WAV hashed", "practice", music.master(), LONGEST_HASHING, 1),
+            limited("practice, a history of 50,000 lines read", "history", str(LINES), LONGEST_HISTORY, LINES),
             *pane()]

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -41,36 +40,53 @@ QByteArray quoted(const QString &text)
     return '"' + bytes + '"';
 }
 
-/// The fields of the line that begins at `at`. Leaves `at` behind its line break, which may not be
-/// within quotation marks: a mark that was forgotten must not swallow the rest of the file.
-QStringList takeFields(QByteArrayView text, qsizetype &at)
+/// The fields of a line. One object serves all lines, because a history has many.
+class Fields {
+public:
+    /// Takes the line that begins at `at`. Leaves `at` behind its line break, which may not be
+    /// within quotation marks: a mark that was forgotten must not swallow the rest of the file.
+    void take(QByteArrayView text, qsizetype &at);
+
+    qsizetype size() const { return static_cast<qsizetype>(m_fields.size()); }
+    /// Without the white space around it; empty if there is no such field.
+    QStringView at(qsizetype index) const
+    {
+        return index >= 0 && index < size() ? m_fields[static_cast<std::size_t>(index)].trimmed()
+                                            : QStringView();
+    }
+
+private:
+    QString m_line; ///< the fields without their marks, one after the other
+    std::vector<QStringView> m_fields;
+};
+
+void Fields::take(QByteArrayView text, qsizetype &at)
 {
-    const qsizetype lineEnd = text.indexOf('\n', at);
-    const QByteArrayView line = text.sliced(at, (lineEnd < 0 ? text.size() : lineEnd) - at);
-    at += line.size() + 1;
-    QStringList fields;
-    fields.reserve(Columns);
-    QByteArray field;
+    const qsizetype found = text.indexOf('\n', at);
+    const qsizetype lineEnd = found < 0 ? text.size() : found;
+    m_line = QString::fromUtf8(text.sliced(at, lineEnd - at));
+    at = lineEnd + 1;
+    m_fields.clear();
+    QChar *const begin = m_line.data();
+    const QChar *const end = begin + m_line.size();
+    QChar *field = begin;
+    QChar *to = begin; // the text without the marks is never longer than what was read
     bool isQuoted = false;
-    for (qsizetype i = 0; i < line.size(); ++i) {
-        const char byte = line[i];
-        if (byte == '"') {
-            const bool isMark = isQuoted && i + 1 < line.size() && line[i + 1] == '"';
-            if (isMark) {
-                field += byte;
-                ++i;
-            } else {
+    for (const QChar *from = begin; from != end; ++from) {
+        if (*from == u'"') {
+            const bool isMark = isQuoted && from + 1 != end && from[1] == u'"';
+            if (isMark)
+                *to++ = *from++;
+            else
                 isQuoted = !isQuoted;
-            }
-        } else if (byte == ',' && !isQuoted) {
-            fields.append(QString::fromUtf8(field));
-            field.truncate(0); // keeps its memory
-        } else if (byte != '\r') {
-            field += byte;
+        } else if (*from == u',' && !isQuoted) {
+            m_fields.emplace_back(field, to - field);
+            field = to;
+        } else if (*from != u'\r') {
+            *to++ = *from;
         }
     }
-    fields.append(QString::fromUtf8(field));
-    return fields;
+    m_fields.emplace_back(field, to - field);
 }
 
 /// Where each column is.
@@ -85,17 +101,17 @@ Places normalPlaces()
 }
 
 /// Where the column of this name is; -1 if there is none.
-qsizetype placeOf(Column column, const QStringList &fields)
+qsizetype placeOf(Column column, const Fields &fields)
 {
-    const auto found =
-        std::find_if(fields.begin(), fields.end(), [name = names[column]](const QString &field) {
-            return QStringView(field).trimmed().compare(name, Qt::CaseInsensitive) == 0;
-        });
-    return found == fields.end() ? -1 : found - fields.begin();
+    for (qsizetype place = 0; place < fields.size(); ++place) {
+        if (fields.at(place).compare(names[column], Qt::CaseInsensitive) == 0)
+            return place;
+    }
+    return -1;
 }
 
 /// The columns of a header. None if the line is no header.
-std::optional<Places> placesOf(const QStringList &fields)
+std::optional<Places> placesOf(const Fields &fields)
 {
     if (placeOf(Time, fields) < 0 || placeOf(Speed, fields) < 0)
         return std::nullopt;
@@ -112,6 +128,51 @@ int wholeNumber(QStringView text)
     return number >= 0.0 && number <= most ? static_cast<int>(std::lround(number)) : 0;
 }
 
+/// The digits of `text` at `at` as a number; -1 if one of them is none.
+int digitsAt(QStringView text, qsizetype at, qsizetype count)
+{
+    int number = 0;
+    for (const QChar digit : text.sliced(at, count)) {
+        if (digit < u'0' || digit > u'9')
+            return -1;
+        number = number * 10 + (digit.unicode() - u'0');
+    }
+    return number;
+}
+
+/// A time as practiceLogText() writes it, "2026-11-23T20:15:02+01:00" or with a Z at the end.
+/// Invalid for any other text.
+QDateTime usualTime(QStringView text)
+{
+    constexpr QLatin1StringView form("0000-00-00T00:00:00+00:00");
+    constexpr qsizetype withoutZone = 19;
+    const bool isGreenwich = text.size() == withoutZone + 1 && text.back() == u'Z';
+    if (text.size() != form.size() && !isGreenwich)
+        return {};
+    for (qsizetype i = 0; i < (isGreenwich ? withoutZone : form.size()); ++i) {
+        const bool isSign = form[i] == u'+' && (text[i] == u'+' || text[i] == u'-');
+        if (form[i] != u'0' && text[i] != form[i] && !isSign)
+            return {};
+    }
+    const QDate date(digitsAt(text, 0, 4), digitsAt(text, 5, 2), digitsAt(text, 8, 2));
+    const QTime time(digitsAt(text, 11, 2), digitsAt(text, 14, 2), digitsAt(text, 17, 2));
+    const int hours = isGreenwich ? 0 : digitsAt(text, 20, 2);
+    const int minutes = isGreenwich ? 0 : digitsAt(text, 23, 2);
+    constexpr int mostHours = 14;
+    if (!date.isValid() || date.year() < 1 || !time.isValid() || hours < 0 || hours > mostHours ||
+        minutes < 0 || minutes >= 60)
+        return {};
+    const int offset = (hours * 60 + minutes) * 60;
+    return {date, time, Qt::OffsetFromUTC, text[withoutZone] == u'-' ? -offset : offset};
+}
+
+/// The toolkit reads every form of such times, but takes long.
+QDateTime timeOf(QStringView text)
+{
+    const QDateTime usual = usualTime(text);
+    return usual.isValid() ? usual : QDateTime::fromString(text.toString(), Qt::ISODate);
+}
+
 /// Texts as they were in the file, and as one line. Most lines have the texts of others, so this
 /// saves time and memory.
 using Texts = QHash<QString, QString>;
@@ -125,15 +186,11 @@ QString knownText(QStringView field, Texts &texts)
     return *text;
 }
 
-std::optional<PracticeLogLine> lineOf(const QStringList &fields, const Places &places, Texts &texts)
+std::optional<PracticeLogLine> lineOf(const Fields &fields, const Places &places, Texts &texts)
 {
-    const auto field = [&](Column column) {
-        const qsizetype place = places[column];
-        return place >= 0 && place < fields.size() ? QStringView(fields[place]).trimmed()
-                                                   : QStringView();
-    };
+    const auto field = [&](Column column) { return fields.at(places[column]); };
     PracticeLogLine line;
-    line.at = QDateTime::fromString(field(Time).toString(), Qt::ISODate);
+    line.at = timeOf(field(Time));
     line.speed = field(Speed).toDouble();
     const auto from = framesOfSongTime(field(From));
     const auto to = framesOfSongTime(field(To));
@@ -151,9 +208,9 @@ std::optional<PracticeLogLine> lineOf(const QStringList &fields, const Places &p
     return line;
 }
 
-bool isEmptyLine(const QStringList &fields)
+bool isEmptyLine(const Fields &fields)
 {
-    return fields.size() == 1 && fields.front().trimmed().isEmpty();
+    return fields.size() == 1 && fields.at(0).isEmpty();
 }
 
 /// The last bytes of a file that is too large, from the first whole line on.
@@ -208,9 +265,10 @@ PracticeLogReading readPracticeLog(const QByteArray &text)
     PracticeLogReading reading;
     Places places = normalPlaces();
     Texts texts;
+    Fields fields;
     const QByteArray mark("\xef\xbb\xbf"); // that some editors put at the beginning
     for (qsizetype at = text.startsWith(mark) ? mark.size() : 0; at < text.size();) {
-        const QStringList fields = takeFields(text, at);
+        fields.take(text, at);
         if (const auto header = placesOf(fields))
             places = *header;
         else if (auto line = lineOf(fields, places, texts))

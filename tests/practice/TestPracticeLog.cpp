@@ -91,6 +91,25 @@ TEST_F(PracticeLogTest, ReadsWhatPeopleAndSpreadsheetsHaveEdited)
     EXPECT_EQ(reading.lines[1].speed, 80.0);
 }
 
+TEST_F(PracticeLogTest, ReadsTheTimeOfAnyZoneAndNoOther)
+{
+    const auto timeOf = [](const QByteArray &text) {
+        const PracticeLogReading reading = readPracticeLog(text + ",s,a,l,0:01,0:02,75,1,0,9");
+        return reading.lines.empty() ? QDateTime() : reading.lines.front().at;
+    };
+    const QDateTime noon(QDate(2026, 11, 23), QTime(12, 0), QTimeZone::utc());
+    for (const char *text :
+         {"2026-11-23T12:00:00Z", "2026-11-23T13:00:00+01:00", "2026-11-23T08:30:00-03:30",
+          "2026-11-23T12:00:00+00:00", "2026-11-23T12:00:00.000Z", "2026-11-23 12:00:00Z"}) {
+        EXPECT_EQ(timeOf(text), noon) << text;
+    }
+    EXPECT_EQ(timeOf("2026-11-24T01:00:00+13:00").date(), QDate(2026, 11, 24)) << "of its place";
+    for (const char *text : {"2026-13-23T12:00:00Z", "2026-11-23T25:00:00+01:00",
+                             "2026-11-23T12:00:00+0x:00", "2026-11-23T12:00:00+99:00"}) {
+        EXPECT_FALSE(timeOf(text).isValid()) << text;
+    }
+}
+
 TEST_F(PracticeLogTest, BringsOddNumbersIntoTheirRange)
 {
     const auto read = [](const QByteArray &numbers) {
