@@ -22,6 +22,14 @@ namespace {
 // How long a helper process may take. A successful test takes much less.
 constexpr int patienceMilliseconds = 20'000;
 
+std::vector<float> part(const std::vector<float> &samples, std::size_t begin, std::size_t end)
+{
+    end = std::min(end, samples.size());
+    begin = std::min(begin, end);
+    return {samples.begin() + static_cast<std::ptrdiff_t>(begin),
+            samples.begin() + static_cast<std::ptrdiff_t>(end)};
+}
+
 } // namespace
 
 Recorder::Recorder(const QString &sink)
@@ -59,8 +67,10 @@ Recorder::Recorder(const QString &sink)
             const std::size_t frames = held / (2 * sizeof(float));
             {
                 const std::lock_guard lock(m_mutex);
-                for (std::size_t i = 0; i < frames; ++i)
+                for (std::size_t i = 0; i < frames; ++i) {
                     m_samples.push_back(block[2 * i]);
+                    m_rightSamples.push_back(block[2 * i + 1]);
+                }
             }
             held -= frames * 2 * sizeof(float);
             std::memmove(block.data(), block.data() + 2 * frames, held);
@@ -87,10 +97,13 @@ std::size_t Recorder::size() const
 std::vector<float> Recorder::samples(std::size_t begin, std::size_t end) const
 {
     const std::lock_guard lock(m_mutex);
-    end = std::min(end, m_samples.size());
-    begin = std::min(begin, end);
-    return {m_samples.begin() + static_cast<std::ptrdiff_t>(begin),
-            m_samples.begin() + static_cast<std::ptrdiff_t>(end)};
+    return part(m_samples, begin, end);
+}
+
+std::vector<float> Recorder::rightSamples(std::size_t begin, std::size_t end) const
+{
+    const std::lock_guard lock(m_mutex);
+    return part(m_rightSamples, begin, end);
 }
 
 bool Recorder::waitForSize(std::size_t count) const
@@ -128,17 +141,17 @@ std::ptrdiff_t Recorder::waitForWindow(std::size_t begin, std::size_t window, bo
         std::max(begin, size()) + static_cast<std::size_t>(seconds * sampleRate);
     const auto isLouder = [level](float sample) { return std::abs(sample) > level; };
     while (begin + window <= last && waitForSize(begin + window)) {
-        const std::vector<float> part = samples(begin, begin + window);
+        const std::vector<float> heard = samples(begin, begin + window);
         if (loud) {
-            const auto found = std::find_if(part.begin(), part.end(), isLouder);
-            if (found != part.end())
-                return static_cast<std::ptrdiff_t>(begin) + (found - part.begin());
+            const auto found = std::find_if(heard.begin(), heard.end(), isLouder);
+            if (found != heard.end())
+                return static_cast<std::ptrdiff_t>(begin) + (found - heard.begin());
             begin += window;
         } else {
-            const auto found = std::find_if(part.rbegin(), part.rend(), isLouder);
-            if (found == part.rend())
+            const auto found = std::find_if(heard.rbegin(), heard.rend(), isLouder);
+            if (found == heard.rend())
                 return static_cast<std::ptrdiff_t>(begin);
-            begin += static_cast<std::size_t>(part.rend() - found);
+            begin += static_cast<std::size_t>(heard.rend() - found);
         }
     }
     ADD_FAILURE() << "no " << (loud ? "sound" : "silence") << " within " << seconds << " s";

@@ -11,7 +11,8 @@
 
 namespace lyrabox::test {
 
-/// Records what a sink plays: the left channel as float samples at 44,100 Hz, in memory. Positions
+/// Records what a sink plays as float samples at 44,100 Hz, in memory. Members without another name
+/// mean the left channel. Positions
 /// are sample numbers from the start of the recording. Silence is recorded, too, so positions also
 /// measure time. Main thread only, unless a member says otherwise.
 class Recorder {
@@ -28,6 +29,9 @@ public:
 
     /// A copy of the samples from `begin` up to `end`.
     std::vector<float> samples(std::size_t begin = 0, std::size_t end = SIZE_MAX) const;
+
+    /// The same of the right channel.
+    std::vector<float> rightSamples(std::size_t begin = 0, std::size_t end = SIZE_MAX) const;
 
     /// Waits until at least `count` samples are recorded. False, with a test failure, if the server
     /// stops delivering.
@@ -52,6 +56,7 @@ private:
     int m_pipe = -1;
     mutable std::mutex m_mutex;
     std::vector<float> m_samples;
+    std::vector<float> m_rightSamples;
     std::thread m_reader;
 };
 
