@@ -17,6 +17,7 @@ QList<PracticeCommandEntry> markers();
 QList<PracticeCommandEntry> loopMoves();
 QList<PracticeCommandEntry> trainer();
 QList<PracticeCommandEntry> edits();
+QList<PracticeCommandEntry> click();
 QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();
 

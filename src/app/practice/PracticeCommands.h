@@ -38,7 +38,11 @@ enum class PracticeCommand {
     Train,
     Rotate,
     PassMissed,
-    PassRight
+    PassRight,
+    Click,
+    CountIn,
+    ClickSettings,
+    CountInSettings,
 };
 
 /// A command with its text and its keys. The menu, the help and the tool tips are made of these,

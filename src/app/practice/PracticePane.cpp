@@ -1,11 +1,14 @@
 #include "app/practice/PracticePane.h"
 
+#include "app/practice/ArrowButton.h"
 #include "app/practice/LoopCommands.h"
 #include "app/practice/LoopEnds.h"
 #include "app/practice/LoopList.h"
 #include "app/practice/LoopListModel.h"
 #include "app/practice/LoopsPage.h"
 #include "app/practice/Metronome.h"
+#include "app/practice/MetronomeButtons.h"
+#include "app/practice/MetronomeCommands.h"
 #include "app/practice/OverviewBar.h"
 #include "app/practice/PaneDivider.h"
 #include "app/practice/PaneLayout.h"
@@ -78,6 +81,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
     connect(loopCommands, &LoopCommands::removeWanted, m_loops->list(), &LoopList::deleteSelection);
     addCommands(loopCommands);
     addCommands(new WaveCommands(m_wave, this));
+    addMetronome();
     m_pages->addPage(tr("Loops"), m_loops);
     addTrainer();
     fillHeader();
@@ -153,6 +157,18 @@ void PracticePane::addCommands(CommandSet *commands)
     connect(commands, &CommandSet::changed, this, &PracticePane::commandsChanged);
 }
 
+void PracticePane::addMetronome()
+{
+    auto *commands = new MetronomeCommands(m_metronome, this);
+    addCommands(commands);
+    m_metronomeButtons = new MetronomeButtons(m_metronome, commands, this);
+    adoptButton(m_metronomeButtons->click(), {}, PracticeCommand::Click);
+    adoptButton(m_metronomeButtons->countIn(), {}, PracticeCommand::CountIn);
+    m_header->addLeft(m_metronomeButtons->click());
+    m_header->addLeft(m_metronomeButtons->countIn());
+    connect(m_metronome, &Metronome::changed, this, &PracticePane::showLoop);
+}
+
 void PracticePane::addTrainer()
 {
     m_trainer->setBeforePassHandler(
@@ -183,6 +199,15 @@ void PracticePane::fillHeader()
 /// A button for a command. Without a text it shows the command's name.
 TextButton *PracticePane::addButton(const QString &text, PracticeCommand command, int argument)
 {
+    auto *button = new TextButton({}, this);
+    adoptButton(button, text, command, argument);
+    return button;
+}
+
+/// The same for a button that exists.
+void PracticePane::adoptButton(TextButton *button, const QString &text, PracticeCommand command,
+                               int argument)
+{
     const QList<PracticeCommandEntry> all = practiceCommands();
     const PracticeCommandEntry entry = *std::ranges::find_if(all, [&](const auto &other) {
         return other.command == command && other.argument == argument;
@@ -191,13 +216,12 @@ TextButton *PracticePane::addButton(const QString &text, PracticeCommand command
     const QString name = argument == 0
                              ? entry.name()
                              : tr("%1, %2").arg(QString(entry.submenu).remove(u'&'), entry.name());
-    auto *button = new TextButton(text.isEmpty() ? entry.name() : text, this);
+    button->setText(text.isEmpty() ? entry.name() : text);
     button->setAccessibleName(name);
     button->setToolTip(QStringLiteral("%1 (%2)").arg(name, entry.keyText()));
     connect(button, &QAbstractButton::clicked, this,
             [this, command, argument] { perform(command, argument); });
     m_buttons.append({button, command, argument});
-    return button;
 }
 
 void PracticePane::updateButtons()
@@ -271,6 +295,10 @@ void PracticePane::showLoop()
 {
     if (m_peaks.frames() == 0) {
         m_header->setText(tr("Play a song to see its wave."));
+        return;
+    }
+    if (const QString problem = m_metronomeButtons->problem(); !problem.isEmpty()) {
+        m_header->setText(problem);
         return;
     }
     if (!m_audio->loop()) {

@@ -16,6 +16,7 @@ class CommandSet;
 class LoopCommands;
 class LoopsPage;
 class Metronome;
+class MetronomeButtons;
 class OverviewBar;
 class PaneDivider;
 class PracticeFooter;
@@ -81,11 +82,14 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void addMetronome();
     void addTrainer();
     void fillHeader();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
     TextButton *addButton(const QString &text, PracticeCommand command, int argument = 0);
+    void adoptButton(TextButton *button, const QString &text, PracticeCommand command,
+                     int argument = 0);
     void updateButtons();
     void takeSong();
     void showLoop();
@@ -105,6 +109,7 @@ private:
     PracticeFooter *m_footer;
     TrainerRun *m_trainer;
     TrainerPage *m_trainerPage;
+    MetronomeButtons *m_metronomeButtons;
     /// A button and the command that it carries out.
     struct CommandButton {
         TextButton *button;

@@ -26,9 +26,8 @@ QSize TextButton::sizeHint() const
     return {std::max(leastWidth, width), Theme::controlHeight};
 }
 
-void TextButton::paintEvent(QPaintEvent *)
+QColor TextButton::drawBox(QPainter &painter) const
 {
-    QPainter painter(this);
     alignToDevicePixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     if (isChecked()) {
@@ -38,11 +37,25 @@ void TextButton::paintEvent(QPaintEvent *)
     } else {
         drawControlBox(painter, rect(), Theme::radius, isDown());
     }
-    const QColor ink = isChecked() ? Theme::surface : Theme::text;
-    painter.setPen(isEnabled() ? ink : Theme::disabledText);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+    const QColor ink = !isEnabled()  ? Theme::disabledText
+                       : isChecked() ? Theme::surface
+                                     : Theme::text;
+    painter.setPen(ink);
+    return ink;
+}
+
+void TextButton::drawFocus(QPainter &painter) const
+{
     if (hasFocus())
         drawFocusRing(painter, rect(), Theme::radius);
+}
+
+void TextButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    drawBox(painter);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+    drawFocus(painter);
 }
 
 } // namespace lyrabox

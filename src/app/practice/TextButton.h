@@ -16,6 +16,11 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    /// Draws the box. Sets the colour of the text as the pen, and returns it.
+    QColor drawBox(QPainter &painter) const;
+    /// Draws the ring of a button that has the keyboard.
+    void drawFocus(QPainter &painter) const;
+
     void paintEvent(QPaintEvent *event) override;
 };
 

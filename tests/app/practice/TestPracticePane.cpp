@@ -101,7 +101,7 @@ TEST_F(ThePane, ItsButtonsAreCommandsWithNameAndKey)
 {
     showSong();
     const auto buttons = pane->findChildren<TextButton *>();
-    ASSERT_GE(buttons.size(), 11);
+    ASSERT_GE(buttons.size(), 13);
     QSet<QString> names;
     for (const TextButton *button : buttons) {
         const auto commands = practiceCommands();
@@ -219,7 +219,7 @@ TEST_F(ThePane, EveryCommandHasItsOwnKey)
 {
     QStringList keys{practicePaneKey.toString()};
     for (const PracticeCommandEntry &entry : practiceCommands()) {
-        ASSERT_FALSE(entry.keys.isEmpty());
+        EXPECT_TRUE(!entry.keys.isEmpty() || entry.isVariant) << entry.text.toStdString();
         for (const QKeySequence &key : entry.keys) {
             EXPECT_FALSE(keys.contains(key.toString())) << key.toString().toStdString();
             keys.append(key.toString());
