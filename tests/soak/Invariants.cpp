@@ -1,9 +1,11 @@
 #include "soak/Invariants.h"
 
 #include "app/controls/LB_Slider.h"
+#include "app/practice/Metronome.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
 #include "engine/AudioEngine.h"
+#include "engine/ClicksAndLeadIns.h"
 #include "engine/LB_AudioController.h"
 #include "library/LB_QueueController.h"
 #include "library/TrackTableModel.h"
@@ -241,11 +243,21 @@ void checkRecord(Findings &findings, const PracticeRecord &record)
                      u"there are too many loops or markers"_s);
 }
 
+void checkMetronome(Findings &findings, const PracticePane &pane)
+{
+    const Metronome &metronome = *pane.metronome();
+    const bool clicks = metronome.clickIsOn() && pane.practice()->isOpen() &&
+                        !metronome.beats().isEmpty() && engine::totalFrames() > 0;
+    findings.require((engine::clicks() != nullptr) == clicks,
+                     clicks ? u"the click is not heard"_s : u"there are clicks without a reason"_s);
+}
+
 void checkPractice(Findings &findings, const LB_AudioController &audio)
 {
     const auto *pane = widget<PracticePane>(u"practicePane"_s);
     if (pane == nullptr)
         return;
+    checkMetronome(findings, *pane);
     const SongPractice &practice = *pane->practice();
     const PracticeRecord &record = practice.record();
     checkRecord(findings, record);

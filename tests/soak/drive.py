@@ -74,7 +74,8 @@ HELD_KEYS = ("Left", "Right", "Down", "Up", "Return", "space", "BackSpace", "Del
 PRACTICE_KEYS = (
     ["k"] * 4 + ["m", "n", "p", "y", "u", "shift+u", "shift+n", "shift+p", "Return", "Delete"] + ["1", "2", "3", "4", "9"]
     + ["a", "s", "d", "f", "g", "h"] * 2 + ["alt+a", "alt+f", "shift+s", "shift+d", "shift+h"] + ["ctrl+z"] * 4
-    + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l", "ctrl+h"])
+    + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l", "ctrl+h"]
+    + ["c", "shift+c"] * 3)
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 
