@@ -5,9 +5,11 @@
 #include "platform/ui/Theme.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QHeaderView>
 #include <QIcon>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTreeView>
 
@@ -60,6 +62,9 @@ LB_TableRowView *LB_TableRowView::install(QAbstractItemView *view, Separators se
     auto *style = new RowStyle(rows);
     style->setParent(view);
     view->setStyle(style);
+    // In a window with a style sheet, the scroll bars would take over the style of the view.
+    for (QScrollBar *bar : {view->horizontalScrollBar(), view->verticalScrollBar()})
+        bar->setStyle(QApplication::style());
     view->setFrameShape(QFrame::NoFrame);
     view->setAlternatingRowColors(false);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -205,6 +205,10 @@ QWidget *HistoryWindow::makeButtons()
     row->addWidget(m_place, 1);
     row->addWidget(m_forget);
     row->addWidget(done);
+    setTabOrder(m_form, m_speedForms->widget(1));
+    setTabOrder(m_speedForms->widget(1), m_weekForms->widget(1));
+    setTabOrder(m_weekForms->widget(1), m_forget);
+    setTabOrder(m_forget, done);
     connect(done, &QPushButton::clicked, this, &QDialog::close);
     connect(m_forget, &QPushButton::clicked, this, &HistoryWindow::askToForget);
     return buttons;

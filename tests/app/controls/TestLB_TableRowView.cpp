@@ -1,10 +1,14 @@
 #include "app/controls/LB_TableRowView.h"
 
 #include "app/controls/LB_InvertibleImageCellView.h"
+#include "platform/ui/ApplicationStyle.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QImage>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTest>
@@ -30,6 +34,26 @@ QColor filled(bool emphasized, LB_TableRowView::SelectionHighlightStyle style, q
     EXPECT_EQ(image.pixelColor(static_cast<int>(15 * ratio), 5), QColor(Qt::white))
         << "outside the rectangle";
     return image.pixelColor(static_cast<int>(10 * ratio) - 1, static_cast<int>(10 * ratio) - 1);
+}
+
+TEST(LB_TableRowView, ScrollBarsLookLikeAllOthersAlsoInAWindowWithAStyleSheet)
+{
+    const QString before = QApplication::style()->name();
+    QApplication::setStyle(new lyrabox::ApplicationStyle);
+    {
+        QDialog dialog; // the style gives it a style sheet
+        auto *view = new QTreeView(&dialog);
+        LB_TableRowView::install(view);
+        dialog.ensurePolished();
+        ASSERT_FALSE(dialog.styleSheet().isEmpty());
+        const auto extent = [](const QScrollBar *bar) {
+            return bar->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, bar);
+        };
+        const QScrollBar other;
+        EXPECT_EQ(extent(view->verticalScrollBar()), extent(&other));
+        EXPECT_EQ(extent(view->horizontalScrollBar()), extent(&other));
+    }
+    QApplication::setStyle(before);
 }
 
 TEST(LB_TableRowView, SelectionIsAccentBlueWhenEmphasizedAndLineGrayWhenNot)
