@@ -98,6 +98,8 @@ QJsonObject state()
     state.insert(u"kept"_s, practice != nullptr && !practice->record().loops.empty());
     state.insert(u"markers"_s, practice != nullptr && !practice->record().markers.empty());
     state.insert(u"called up"_s, practice != nullptr && practice->calledUp().has_value());
+    const QWidget *history = topLevel(u"historyWindow"_s);
+    state.insert(u"history"_s, history != nullptr && history->isVisible());
     return state;
 }
 

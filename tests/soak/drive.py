@@ -672,7 +672,7 @@ class Soak:
             ("a song loaded", state["frames"] > 0), ("playing", state["runs"]), ("looping", state["loops"]),
             ("a dialog", state["modal"]), ("a menu", state["popup"]), ("a popover", "okButton" in state["targets"]),
             ("the equalizer", "slider0" in state["targets"]), ("the practice pane", "practiceWave" in state["targets"]), ("kept loops", state["kept"]),
-            ("markers", state["markers"]), ("a loop called up", state["called up"]), ("no sound server", self.server_returns is not None))
+            ("markers", state["markers"]), ("the history", state["history"]), ("a loop called up", state["called up"]), ("no sound server", self.server_returns is not None))
             if is_so)
         while state["broken"]:
             # Animations may wait for a held button or an open dialog, but never longer than this.
