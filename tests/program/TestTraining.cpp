@@ -1,6 +1,5 @@
 // The trainer in the real program, by keys and mouse. The speed is read where media keys read it.
 
-#include "platform/foundation/PropertyList.h"
 #include "program/PaneOnScreen.h"
 #include "support/PrivateBus.h"
 
@@ -38,7 +37,7 @@ protected:
         return came;
     }
 
-    /// Loops less than a second of the song, by keys. The speed is 90 %.
+    /// Loops half a second of the song, by keys. The speed is 90 %.
     void loopByKeys()
     {
         startAndPlay();
@@ -53,16 +52,36 @@ protected:
         display.key(u"u"_s); // the half of it is enough
     }
 
+    /// The loop is trained, and the trainer has gone up a step.
+    void train()
+    {
+        loopByKeys();
+        display.key(u"r"_s);
+        ASSERT_TRUE(comesTo(60));
+        ASSERT_TRUE(comesTo(65));
+    }
+
+    /// What is kept on the disk of songs, loops and the program.
+    QByteArray everythingKept() const
+    {
+        QByteArray kept;
+        QDirIterator files(QFileInfo(settingsFile(u"Practice"_s)).path(), QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            if (!file.fileName().endsWith(u"History.csv"_s) && file.open(QIODevice::ReadOnly))
+                kept += file.readAll();
+        }
+        return kept;
+    }
+
     PrivateBus bus;
     QDBusConnection client = bus.connect(u"client"_s);
 };
 
 TEST_F(ProgramWithTrainer, TheLadderIsWalkedFrom60To100PercentWithMissesByKeysAlone)
 {
-    loopByKeys();
-    display.key(u"r"_s);
-    ASSERT_TRUE(comesTo(60));
-    ASSERT_TRUE(comesTo(65));
+    train();
     display.key(u"x"_s); // within two seconds the last pass is meant, so it goes back
     ASSERT_TRUE(comesTo(60));
     for (int percent = 65; percent <= 85; percent += 5)
@@ -73,6 +92,78 @@ TEST_F(ProgramWithTrainer, TheLadderIsWalkedFrom60To100PercentWithMissesByKeysAl
         ASSERT_TRUE(comesTo(percent));
     display.key(u"r"_s);
     EXPECT_TRUE(comesTo(90)) << "the speed of before";
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithTrainer, TheSpeedIsWhatItWasWhenTheLoopIsCleared)
+{
+    train();
+    display.key(u"l"_s);
+    EXPECT_TRUE(comesTo(90));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithTrainer, TheNextSongHasItsOwnSpeedAndTheLoopIsTrainedAgainLater)
+{
+    train();
+    display.key(u"ctrl+Right"_s);
+    EXPECT_TRUE(hears(250.0));
+    EXPECT_TRUE(comesTo(100));
+    display.key(u"ctrl+Left"_s);
+    ASSERT_TRUE(waitUntil([&] { return toneNow() >= stepFrequency(0); }));
+    display.key(u"1"_s);
+    display.key(u"r"_s);
+    EXPECT_TRUE(comesTo(60));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithTrainer, NothingOfItsSpeedIsKeptWhenTheProgramQuitsOrIsKilled)
+{
+    train();
+    EXPECT_EQ(quit(), 0);
+    const QByteArray kept = everythingKept();
+    EXPECT_FALSE(kept.contains("speed\"")) << kept.toStdString();
+    start();
+    ASSERT_TRUE(waitForSongs(2));
+    display.place(mainWindow(), frame);
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(stepFrequency(0)));
+    EXPECT_TRUE(comesTo(100));
+    display.key(u"1"_s);
+    display.key(u"r"_s);
+    ASSERT_TRUE(comesTo(65));
+    killAtOnce();
+    EXPECT_EQ(everythingKept(), kept);
+    start();
+    ASSERT_TRUE(waitForSongs(2));
+    display.place(mainWindow(), frame);
+    doubleClickSong(0);
+    ASSERT_TRUE(hears(stepFrequency(0)));
+    EXPECT_TRUE(comesTo(100));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithTrainer, TheSpeedIsWhatItWasWhenTheSoundServerDies)
+{
+    train();
+    sound.kill();
+    EXPECT_TRUE(comesTo(90));
+    EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramWithTrainer, TheButtonAndTheStepsOfTheLadderWorkWithTheMouse)
+{
+    loopByKeys();
+    const auto at = [](int x, int y) { return frame.topLeft() + QPoint(x, y); };
+    const int ladder = 595;
+    display.click(at(46, 315));
+    ASSERT_TRUE(comesTo(60));
+    display.click(at(214, ladder)); // 75 %
+    EXPECT_TRUE(comesTo(75));
+    display.key(u"equal"_s); // the speed by hand
+    EXPECT_TRUE(comesTo(80));
+    display.key(u"r"_s);
+    EXPECT_TRUE(comesTo(90));
     EXPECT_EQ(quit(), 0);
 }
 

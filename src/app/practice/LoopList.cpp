@@ -44,6 +44,7 @@ LoopList::LoopList(PracticeStore *store, QWidget *parent)
     connect(this, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex &index) { play(index.row()); });
     connect(store, &PracticeStore::recordChanged, this, &LoopList::showRows);
+    connect(m_rows, &LoopListModel::hasBestSpeedsChanged, this, &LoopList::fitColumns);
     showRows();
 }
 
@@ -98,8 +99,10 @@ void LoopList::fitColumns()
     const int number = widthOf(rows < 10 ? QStringLiteral("0") : QStringLiteral("000"));
     const int place = widthOf(time + u'–' + time);
     const int speed = widthOf(LoopListModel::tr("%1 %").arg(100));
-    const int name = std::max(0, viewport()->width() - number - place - speed);
-    const int widths[] = {number, name, place, speed};
+    // There is a best speed only after some practice.
+    const int best = m_rows->hasBestSpeeds() ? widthOf(QStringLiteral("★100")) : 0;
+    const int name = std::max(0, viewport()->width() - number - place - speed - best);
+    const int widths[] = {number, name, place, speed, best};
     for (int column = 0; column < LoopListModel::columns; ++column) {
         if (columnWidth(column) != widths[column])
             setColumnWidth(column, widths[column]);

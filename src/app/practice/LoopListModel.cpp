@@ -52,6 +52,7 @@ void LoopListModel::showRecord()
     reorder(wanted);
     insertNew(wanted);
     update(std::move(wanted));
+    showBestSpeeds();
 }
 
 void LoopListModel::removeMissing(const Rows &wanted)
@@ -153,6 +154,24 @@ void LoopListModel::setCalledUp(std::optional<PracticeId> id)
         if (row >= 0)
             showChanged(row, row);
     }
+}
+
+void LoopListModel::setBestSpeed(BestSpeed best)
+{
+    m_best = std::move(best);
+    showBestSpeeds();
+}
+
+void LoopListModel::showBestSpeeds()
+{
+    const bool hasAny = m_best && std::ranges::any_of(m_rows, [this](const Row &row) {
+                            const auto *loop = std::get_if<PracticeLoop>(&row.entry);
+                            return loop != nullptr && m_best(*loop);
+                        });
+    if (m_best && !m_rows.empty())
+        Q_EMIT dataChanged(index(0, Best), index(rowCount() - 1, Best));
+    if (std::exchange(m_hasBestSpeeds, hasAny) != hasAny)
+        Q_EMIT hasBestSpeedsChanged();
 }
 
 void LoopListModel::setSongFrames(std::uint64_t frames)

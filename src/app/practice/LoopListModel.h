@@ -4,6 +4,7 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -18,8 +19,10 @@ class LoopListModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column { Number, Name, Place, Speed };
-    static constexpr int columns = 4;
+    enum Column { Number, Name, Place, Speed, Best };
+    static constexpr int columns = 5;
+    /// The best speed of a loop in percent.
+    using BestSpeed = std::function<std::optional<double>(const PracticeLoop &)>;
 
     /// `store` must outlive the model.
     explicit LoopListModel(PracticeStore *store, QObject *parent = nullptr);
@@ -27,6 +30,11 @@ public:
     /// The loop that is called up.
     void setCalledUp(std::optional<PracticeId> id);
     std::optional<PracticeId> calledUp() const { return m_calledUp; }
+    /// Who knows the best speeds. Call showBestSpeeds() when they change.
+    void setBestSpeed(BestSpeed best);
+    void showBestSpeeds();
+    /// Whether a loop has a best speed.
+    bool hasBestSpeeds() const { return m_hasBestSpeeds; }
     /// The length of the song. Loops beyond it are gray. 0 if it is unknown.
     void setSongFrames(std::uint64_t frames);
 
@@ -48,6 +56,10 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     /// Renames in the store. False if the store refuses it.
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+
+Q_SIGNALS:
+    /// hasBestSpeeds() has another value.
+    void hasBestSpeedsChanged();
 
 private:
     struct Row {
@@ -73,6 +85,7 @@ private:
     QString accessibleText(int row, int column) const;
     QString remarks(int row) const;
     QString toolTip(int row) const;
+    QString bestText(int row) const;
     QVariant color(int row, int column) const;
 
     PracticeStore *m_store;
@@ -80,6 +93,8 @@ private:
     std::optional<PracticeId> m_calledUp;
     std::uint64_t m_songFrames = 0;
     std::uint64_t m_lastPlace = 0;
+    BestSpeed m_best;
+    bool m_hasBestSpeeds = false;
 };
 
 } // namespace lyrabox

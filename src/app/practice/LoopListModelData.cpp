@@ -2,12 +2,14 @@
 
 #include "app/practice/LoopListModel.h"
 #include "app/practice/TimeRuler.h"
+#include "app/practice/WaveColors.h"
 #include "platform/ui/Theme.h"
 #include "practice/SongTime.h"
 
 #include <QBrush>
 #include <QFont>
 
+#include <cmath>
 #include <iterator>
 
 namespace lyrabox {
@@ -77,12 +79,22 @@ QString LoopListModel::accessibleText(int row, int column) const
             .arg(m_rows[static_cast<std::size_t>(row)].number);
     case Name:
         return shownName(row);
+    case Best:
+        return bestText(row).isEmpty() ? QString() : tr("Best speed: %1 %").arg(bestText(row));
     case Place:
         return marker != nullptr ? exactTime(marker->at)
                                  : tr("%1 to %2").arg(exactTime(loop->from), exactTime(loop->to));
     default:
         return data(index(row, column)).toString();
     }
+}
+
+/// Whole percents of the best speed; empty without one.
+QString LoopListModel::bestText(int row) const
+{
+    const PracticeLoop *loop = this->loop(row);
+    const std::optional<double> best = loop != nullptr && m_best ? m_best(*loop) : std::nullopt;
+    return best ? QString::number(std::lround(*best)) : QString();
 }
 
 /// Names and notes are untrusted, and a tool tip may be rich text.
@@ -101,6 +113,8 @@ QVariant LoopListModel::color(int row, int column) const
         return QBrush(Theme::disabledText);
     if (column == Name && marker(row) == nullptr)
         return {};
+    if (column == Best && !bestText(row).isEmpty())
+        return QBrush(waveColors::best);
     return QBrush(Theme::secondaryText);
 }
 
@@ -124,6 +138,9 @@ QVariant LoopListModel::data(const QModelIndex &index, int role) const
             return QString();
         if (index.column() == Number)
             return QString::number(found->number);
+        if (index.column() == Best)
+            return bestText(index.row()).isEmpty() ? QString()
+                                                   : QStringLiteral("★") + bestText(index.row());
         return loop->speed ? tr("%1 %").arg(*loop->speed) : QString();
     case Qt::TextAlignmentRole:
         return static_cast<int>(index.column() == Name ? Qt::AlignLeft : Qt::AlignRight);
@@ -151,7 +168,7 @@ QVariant LoopListModel::headerData(int section, Qt::Orientation orientation, int
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    const QStringList names{tr("Number"), tr("Name"), tr("Place"), tr("Speed")};
+    const QStringList names{tr("Number"), tr("Name"), tr("Place"), tr("Speed"), tr("Best Speed")};
     return names.value(section);
 }
 

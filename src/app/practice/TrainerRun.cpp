@@ -266,12 +266,12 @@ void TrainerRun::judge(PassVerdict verdict)
     if (!isRunning())
         return;
     const double seconds = secondsIntoPass();
+    Q_EMIT judged(verdict, knowsAllPasses() ? seconds : 0.0);
     if (m_rotation)
         carryOut(verdict == PassVerdict::Missed ? m_rotation->missed(seconds)
                                                 : m_rotation->right(seconds));
     else
         obey(verdict == PassVerdict::Missed ? m_trainer.missed(seconds) : m_trainer.right(seconds));
-    Q_EMIT judged(verdict);
 }
 
 /// How long the present pass has been heard. What comes before the loop does not count.
@@ -280,13 +280,23 @@ double TrainerRun::secondsIntoPass() const
     const engine::PassCount count = engine::passes();
     const double speed = m_audio->playbackSpeedPct() / 100.0;
     const double perSecond = m_audio->audioBufferFormat().mSampleRate * speed;
-    if (m_counted < count.ended) // The trainer does not know yet that it has ended.
+    if (!knowsAllPasses()) // For the trainer, the pass that has ended goes on.
         return static_cast<double>(m_range.end - m_range.start) / perSecond +
                SpeedTrainer::verdictSeconds;
     const quint64 heard = m_audio->heardFrame();
     if (count.heard < count.ended || heard <= m_range.start)
         return 0.0;
     return static_cast<double>(heard - m_range.start) / perSecond;
+}
+
+bool TrainerRun::knowsAllPasses() const
+{
+    return m_counted == engine::passes().ended;
+}
+
+bool TrainerRun::onlyRightCounts() const
+{
+    return isRunning() && trainer().settings().judging == PassJudging::OnlyRight;
 }
 
 std::vector<int> TrainerRun::ladder() const

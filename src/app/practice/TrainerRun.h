@@ -85,6 +85,8 @@ public:
     std::vector<int> ladder() const;
     /// The unit in which the run's ladder was given.
     TempoUnit unit() const;
+    /// Whether the run counts only the passes that were called right.
+    bool onlyRightCounts() const;
     /// The speed that follows after passes without a miss; none if no other one does.
     std::optional<double> nextSpeed() const;
 
@@ -94,8 +96,9 @@ public:
 Q_SIGNALS:
     /// The run, its strip or its ladder changed, or what start() would do.
     void changed();
-    /// The player has said so of a pass.
-    void judged(lyrabox::PassVerdict verdict);
+    /// The player says so of a pass, `secondsIntoPass` seconds after the last one that the engine
+    /// has played. Sent before the run follows it.
+    void judged(lyrabox::PassVerdict verdict, double secondsIntoPass);
 
 private:
     /// What a run must be told of, and whether that has happened.
@@ -122,6 +125,7 @@ private:
     void finish(const TrainerOrder &last, bool pauses);
     void setSpeed(double percent);
     double secondsIntoPass() const;
+    bool knowsAllPasses() const;
 
     LB_AudioController *m_audio;
     SongPractice *m_practice;

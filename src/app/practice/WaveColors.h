@@ -23,6 +23,9 @@ inline constexpr QColor loopBackground{0xE6, 0xF3, 0xFB};
 /// The ends of the loop and its bracket.
 inline constexpr QColor loop{0x8E, 0x6B, 0xBF};
 
+/// The best speed of a loop.
+inline constexpr QColor best{0x1E, 0x7B, 0x55};
+
 /// Flags of markers and their names.
 inline constexpr QColor marker{0xA0, 0x5C, 0x16};
 

@@ -45,6 +45,31 @@ TEST_F(TheLoopRows, KeepTheRulesOfItemModelsWhateverTheRecordBecomes)
     EXPECT_EQ(model.rowCount(), 0);
 }
 
+TEST_F(TheLoopRows, ShowTheBestSpeedsOnceThereIsOne)
+{
+    const PracticeId a = addLoop(u"a"_s, 1.0, 2.0);
+    addLoop(u"b"_s, 3.0, 4.0);
+    addMarker(u"m"_s, 5.0);
+    std::optional<double> reached;
+    model.setBestSpeed(
+        [&](const PracticeLoop &loop) { return loop.id == a ? reached : std::nullopt; });
+    QSignalSpy columnChanged(&model, &LoopListModel::hasBestSpeedsChanged);
+    EXPECT_FALSE(model.hasBestSpeeds());
+    EXPECT_EQ(shown(0, LoopListModel::Best), QString());
+    reached = 79.6;
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.showBestSpeeds();
+    EXPECT_TRUE(model.hasBestSpeeds());
+    EXPECT_EQ(columnChanged.size(), 1);
+    EXPECT_EQ(changed.size(), 1);
+    EXPECT_EQ(shown(0, LoopListModel::Best), u"★80"_s);
+    EXPECT_EQ(shown(0, LoopListModel::Best, Qt::AccessibleTextRole), u"Best speed: 80 %"_s);
+    EXPECT_EQ(shown(1, LoopListModel::Best), QString());
+    EXPECT_EQ(shown(2, LoopListModel::Best), QString());
+    ASSERT_TRUE(store.apply({RemoveLoop{a}}));
+    EXPECT_FALSE(model.hasBestSpeeds()) << "the column goes with its last speed";
+}
+
 TEST_F(TheLoopRows, AreInTheOrderOfTheirPlacesWithMarkersBetweenTheLoops)
 {
     addLoop(u"Last lick"_s, 20.0, 22.0);
