@@ -15,8 +15,9 @@ namespace lyrabox {
 class ExportJob {
 public:
     explicit ExportJob(ExportTools tools = platformExportTools());
-    /// Cancels the export and waits for its end, which takes a few milliseconds. `finished` is not
-    /// called any more.
+    /// Cancels the export and waits for its end: a few milliseconds, or up to a tenth of a second
+    /// while time/pitch warms up. If a disk hangs, the export is abandoned after a quarter of a
+    /// second, and ends without a file when the disk answers. `finished` is not called any more.
     ~ExportJob();
     ExportJob(const ExportJob &) = delete;
     ExportJob &operator=(const ExportJob &) = delete;
@@ -26,7 +27,8 @@ public:
     /// system cannot start a thread; `finished` is not called then.
     [[nodiscard]] bool start(ExportRequest request, std::function<void(Status)> finished);
 
-    /// Cancels the export. Does not wait for its end. `finished` is not called.
+    /// Cancels the export. Does not wait for its end. `finished` is not called. If the new file was
+    /// just being flushed to the disk, it may still appear, complete.
     void cancel();
 
     bool isRunning() const { return m_current.has_value(); }

@@ -136,7 +136,8 @@ std::uint32_t Stages::render()
                static_cast<double>(m_rendered);
     else if (m_reader.hasEnded())
         left = framesUntil(m_reader.length(), before);
-    const auto count = static_cast<std::uint32_t>(std::clamp(left, 0.0, static_cast<double>(frames)));
+    const auto count =
+        static_cast<std::uint32_t>(std::clamp(left, 0.0, static_cast<double>(frames)));
     m_rendered += count;
     return count;
 }

@@ -28,10 +28,11 @@ ExportTools platformExportTools();
 /// from that.
 ///
 /// `advanced` is called with the progress from 0 to 1, several times a second. After a stop request
-/// the call returns `cancelled` within a few milliseconds; only the flush at the very end is not
-/// interrupted. Returns the statuses of SongReader and SongWriter, songChanged, nothingToWrite,
-/// notWritable if the target is the song itself, and invalidParameter for a value that is not
-/// finite. Unless it returns noError, there is no new file.
+/// the call returns `cancelled` within a few milliseconds. Only the warm-up of time/pitch at the
+/// beginning, a tenth of a second, and the flush at the very end are not interrupted. Returns the
+/// statuses of SongReader and SongWriter, songChanged, nothingToWrite, notWritable if the target is
+/// the song itself, and invalidParameter for a value that is not finite. Unless it returns noError,
+/// there is no new file.
 ///
 /// Blocks; any thread. It never touches the engine.
 Status exportSong(const ExportRequest &request, const ExportTools &tools,

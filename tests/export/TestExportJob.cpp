@@ -108,4 +108,33 @@ TEST(ExportJob, EndsWithItsOwner)
     EXPECT_EQ(song->readersAlive, 0);
 }
 
+TEST(ExportJob, EndsAlthoughADiskHangsAndLeavesNoSong)
+{
+    const auto song = std::make_shared<FakeSong>();
+    const auto result = std::make_shared<CollectedSong>();
+    std::promise<void> reading;
+    std::promise<void> answer;
+    song->onAccess = [&reading, hangs = answer.get_future().share()](const QString &,
+                                                                     std::uint64_t frame) {
+        if (frame == 8192) {
+            reading.set_value();
+            hangs.wait();
+        }
+    };
+    {
+        ExportJob job({.reader = fakeSongReaderFactory(song), .writer = collectingWriters(result)});
+        ASSERT_TRUE(job.start(
+            {.source = QStringLiteral("/songs/a.wav"), .target = QStringLiteral("/songs/b.wav")},
+            [](Status) { FAIL(); }));
+        reading.get_future().wait();
+    }
+    answer.set_value();
+    const auto hasEnded = [&song] {
+        const std::lock_guard lock(song->mutex);
+        return song->readersAlive == 0;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(hasEnded, 60'000));
+    EXPECT_FALSE(result->isFinished);
+}
+
 } // namespace lyrabox
