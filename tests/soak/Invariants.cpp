@@ -4,6 +4,7 @@
 #include "app/practice/Metronome.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/TrainerRun.h"
 #include "engine/AudioEngine.h"
 #include "engine/ClicksAndLeadIns.h"
 #include "engine/LB_AudioController.h"
@@ -252,6 +253,25 @@ void checkMetronome(Findings &findings, const PracticePane &pane)
                      clicks ? u"the click is not heard"_s : u"there are clicks without a reason"_s);
 }
 
+/// The trainer sets the speed while it runs, of the loop that is called up.
+void checkTrainer(Findings &findings, const TrainerRun &trainer, const SongPractice &practice,
+                  const LB_AudioController &audio)
+{
+    const TrainerStrip &strip = trainer.strip();
+    findings.require(strip.isRunning == trainer.isRunning(),
+                     u"the trainer's strip does not say whether it runs"_s);
+    if (!trainer.isRunning())
+        return;
+    findings.require(trainer.loop() == practice.calledUp(),
+                     u"the trainer has another loop than the player"_s);
+    findings.requireNear(audio.playbackSpeedPct(), static_cast<float>(strip.speed), 0.001F,
+                         u"the trainer's speed and the player's differ"_s);
+    findings.require(std::ranges::is_sorted(trainer.ladder()) && !trainer.ladder().empty(),
+                     u"the ladder is not in order"_s);
+    findings.require(strip.passesDone >= 0 && strip.passesDone <= strip.passesNeeded,
+                     u"the trainer has counted %1 passes"_s.arg(strip.passesDone));
+}
+
 void checkPractice(Findings &findings, const LB_AudioController &audio)
 {
     const auto *pane = widget<PracticePane>(u"practicePane"_s);
@@ -259,6 +279,7 @@ void checkPractice(Findings &findings, const LB_AudioController &audio)
         return;
     checkMetronome(findings, *pane);
     const SongPractice &practice = *pane->practice();
+    checkTrainer(findings, *pane->trainer(), practice, audio);
     const PracticeRecord &record = practice.record();
     checkRecord(findings, record);
     findings.require(practice.store().hasSong() || record.loops.empty(),

@@ -2,6 +2,7 @@
 
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/TrainerRun.h"
 #include "engine/AudioEngine.h"
 #include "engine/ReadySongs.h"
 #include "soak/Invariants.h"
@@ -98,6 +99,7 @@ QJsonObject state()
     state.insert(u"kept"_s, practice != nullptr && !practice->record().loops.empty());
     state.insert(u"markers"_s, practice != nullptr && !practice->record().markers.empty());
     state.insert(u"called up"_s, practice != nullptr && practice->calledUp().has_value());
+    state.insert(u"trains"_s, pane != nullptr && pane->trainer()->isRunning());
     const QWidget *history = topLevel(u"historyWindow"_s);
     state.insert(u"history"_s, history != nullptr && history->isVisible());
     return state;

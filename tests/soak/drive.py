@@ -75,7 +75,7 @@ PRACTICE_KEYS = (
     ["k"] * 4 + ["m", "n", "p", "y", "u", "shift+u", "shift+n", "shift+p", "Return", "Delete"] + ["1", "2", "3", "4", "9"]
     + ["a", "s", "d", "f", "g", "h"] * 2 + ["alt+a", "alt+f", "shift+s", "shift+d", "shift+h"] + ["ctrl+z"] * 4
     + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l", "ctrl+h"]
-    + ["c", "shift+c"] * 3)
+    + ["c", "shift+c"] * 3 + ["r"] * 3 + ["x", "v"] * 2 + ["shift+r"])
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 
@@ -672,7 +672,7 @@ class Soak:
             ("a song loaded", state["frames"] > 0), ("playing", state["runs"]), ("looping", state["loops"]),
             ("a dialog", state["modal"]), ("a menu", state["popup"]), ("a popover", "okButton" in state["targets"]),
             ("the equalizer", "slider0" in state["targets"]), ("the practice pane", "practiceWave" in state["targets"]), ("kept loops", state["kept"]),
-            ("markers", state["markers"]), ("the history", state["history"]), ("a loop called up", state["called up"]), ("no sound server", self.server_returns is not None))
+            ("markers", state["markers"]), ("the history", state["history"]), ("a loop called up", state["called up"]), ("the trainer", state["trains"]), ("no sound server", self.server_returns is not None))
             if is_so)
         while state["broken"]:
             # Animations may wait for a held button or an open dialog, but never longer than this.
