@@ -19,6 +19,7 @@ namespace lyrabox {
 namespace {
 constexpr int gap = 6;
 constexpr int fieldWidth = 44;
+constexpr int nameWidth = 200;
 constexpr LoopRotation::Turn usualTurn{};
 } // namespace
 
@@ -121,8 +122,13 @@ void RotationBox::showLoops()
             }
             m_boxes->removeWidget(box);
             m_boxes->insertWidget(row++, box);
-            QString name = loop.name.isEmpty() ? tr("Loop %1").arg(row) : loop.name;
-            box->setText(name.replace(u'&', QStringLiteral("&&")));
+            const QString name = loop.name.isEmpty() ? tr("Loop %1").arg(row) : loop.name;
+            // A long name must not widen the page. Names are untrusted, and a tool tip may be rich
+            // text.
+            QString shown = box->fontMetrics().elidedText(name, Qt::ElideRight, nameWidth);
+            box->setText(shown.replace(u'&', QStringLiteral("&&")));
+            box->setAccessibleName(name);
+            box->setToolTip(QStringLiteral("<span>%1</span>").arg(name.toHtmlEscaped()));
             box->setEnabled(m_practice->isPlayable(loop));
         }
     }

@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -188,6 +189,19 @@ TEST_F(TheTrainersPage, RotatesTheTickedLoopsAndWithoutATickAllThatCanBePlayed)
     EXPECT_EQ(box.loops(), (std::vector<PracticeId>{loop, beyond}));
     EXPECT_EQ(box.turn().amount, 5);
     EXPECT_EQ(box.turn().unit, LoopRotation::Turn::Unit::Passes);
+}
+
+TEST_F(TheTrainersPage, IsNotWidenedByALongNameNorDoesItTakeOneForRichText)
+{
+    const QString name = u"<b>A & B</b> "_s.repeated(15);
+    const PracticeId lengthy = addLoop(5, name);
+    QCheckBox *box = pane->trainerPage()->rotation()->tick(lengthy);
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->accessibleName(), practice->record().loop(lengthy)->name);
+    EXPECT_FALSE(box->toolTip().contains(u"<b>"_s));
+    const auto *area = pane->trainerPage()->findChild<QScrollArea *>();
+    QCoreApplication::processEvents();
+    EXPECT_LE(area->widget()->width(), area->viewport()->width());
 }
 
 TEST_F(TheTrainersPage, ShowsTheLadderOnlyWhileARunIsOn)

@@ -118,6 +118,12 @@ TEST_F(TheEndOfARun, DoesNotComeWithAnotherDevice)
     EXPECT_EQ(speed(), 80.0F);
 }
 
+TEST_F(TheEndOfARun, ByClosingThePaneRestoresTheSpeed)
+{
+    practice->setOpen(false);
+    expectTheSpeedOfBefore();
+}
+
 TEST_F(TheEndOfARun, ByTheEndOfTheProgramRestoresTheSpeed)
 {
     NotificationCenter::defaultCenter().post(notification::applicationWillTerminate);
