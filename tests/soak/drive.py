@@ -527,6 +527,7 @@ class Soak:
         keys = [dice.choice(PRACTICE_KEYS) for _ in range(dice.randrange(1, 4))]
         drags, closes = dice.random() < 0.4, dice.random() < 0.03
         start, end, down, keeps = dice.random(), dice.random(), dice.random(), dice.random() < 0.5
+        trains = dice.random() < 0.4
         wave = self.state.get("targets", {}).get("practiceWave")
         if wave is None or closes:
             self.xdotool("key", "Escape", "ctrl+1", "ctrl+3")
@@ -536,7 +537,7 @@ class Soak:
             self.xdotool("mousemove", int(wave[0] + start * wave[2]), y, "mousedown", 1, "mousemove",
                          int(wave[0] + (start + end) / 2 * wave[2]), y, "mousemove", int(wave[0] + end * wave[2]), y,
                          "mouseup", 1)
-            keys = ["k"] * keeps + keys
+            keys = ["k"] * keeps + keys + ["r"] * trains
         self.xdotool("key", *keys)
         return f"practice {'a drag and ' if drags else ''}{' '.join(keys)}"
 
