@@ -186,7 +186,8 @@ void LoopList::rename(PracticeId id)
         return;
     selectId(id);
     setFocus();
-    edit(m_rows->index(row, LoopListModel::Name));
+    // This form says nothing if the name is being edited already.
+    edit(m_rows->index(row, LoopListModel::Name), AllEditTriggers, nullptr);
 }
 
 void LoopList::deleteSelection()

@@ -41,7 +41,10 @@ LoopsPage::LoopsPage(SongPractice *practice, std::function<LoopList::Sound()> so
             [this] { m_practice->select(m_list->currentId()); });
     connect(practice, &SongPractice::selectionChanged, this, &LoopsPage::showSelection);
     connect(practice, &SongPractice::calledUpChanged, this, &LoopsPage::showCalledUp);
-    connect(practice, &SongPractice::nameWanted, m_list, &LoopList::rename);
+    connect(practice, &SongPractice::nameWanted, this, [this](PracticeId entry) {
+        Q_EMIT wanted();
+        m_list->rename(entry);
+    });
     showCalledUp();
     showSelection();
     setSongFrames(0);

@@ -29,6 +29,10 @@ public:
     /// Shows that there is a song of so many frames; 0 for none.
     void setSongFrames(std::uint64_t frames);
 
+Q_SIGNALS:
+    /// The user wants to type a name, so the page must be shown.
+    void wanted();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 

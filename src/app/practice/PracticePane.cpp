@@ -137,6 +137,7 @@ QLayout *PracticePane::makeMiddle()
 
 void PracticePane::connectLoops(SongPractice *practice)
 {
+    connect(m_loops, &LoopsPage::wanted, m_pages, [this] { m_pages->showPage(m_loops); });
     connect(m_lane, &PracticeLane::playRequested, practice,
             [practice](PracticeId id) { practice->play(id); });
     connect(m_lane, &PracticeLane::seekRequested, practice,

@@ -82,9 +82,9 @@ void SongPractice::setCalledUp(std::optional<PracticeLoop> loop)
     if (loop)
         m_calledUpCopy = std::move(*loop);
     const auto before = std::exchange(m_calledUp, id);
-    if (id)
+    if (id && id != before)
         select(id);
-    else if (before && m_selection == before)
+    else if (!id && before && m_selection == before)
         select(std::nullopt);
     if (before != id)
         Q_EMIT calledUpChanged();

@@ -227,4 +227,22 @@ TEST_F(ThePane, EveryCommandHasItsOwnKey)
     }
 }
 
+TEST_F(ThePane, ShowsTheListToAskForAName)
+{
+    showSong();
+    auto *other = new QWidget;
+    pane->pages()->addPage(u"Other"_s, other);
+    pane->pages()->showPage(other);
+    EXPECT_FALSE(pane->loops()->isVisible());
+    pane->perform(PracticeCommand::AddNamedMarker);
+    EXPECT_TRUE(pane->loops()->isVisible());
+    auto *editor = pane->loops()->findChild<QLineEdit *>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText(u"Br"_s);
+    // Asking once more does not begin anew.
+    pane->perform(PracticeCommand::Rename);
+    EXPECT_EQ(pane->loops()->findChild<QLineEdit *>(), editor);
+    EXPECT_EQ(editor->text(), u"Br"_s);
+}
+
 } // namespace

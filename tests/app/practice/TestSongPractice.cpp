@@ -164,6 +164,23 @@ TEST_F(TheSongsPractice, MovingTheEndsOfALoopThatIsCalledUpEditsIt)
     EXPECT_EQ(practice->calledUp(), loop);
 }
 
+TEST_F(TheSongsPractice, AnEditLeavesTheSelectionAloneThoughALoopIsCalledUp)
+{
+    load(u"A"_s);
+    const PracticeId loop = addLoop(10 * rate, 20 * rate);
+    ASSERT_TRUE(practice->play(loop));
+    EXPECT_EQ(practice->selection(), loop);
+    const auto marker = practice->addMarker(30 * rate);
+    ASSERT_TRUE(marker);
+    EXPECT_EQ(practice->selection(), marker);
+    ASSERT_TRUE(practice->rename(*marker, u"Bridge"_s));
+    EXPECT_EQ(practice->selection(), marker);
+    practice->changeLoop({.start = 10 * rate, .end = 21 * rate}, loopHands::Grip::End);
+    EXPECT_EQ(practice->selection(), marker);
+    ASSERT_TRUE(practice->play(loop));
+    EXPECT_EQ(practice->selection(), loop);
+}
+
 TEST_F(TheSongsPractice, MovingTheEndsOfALoopThatIsNotKeptKeepsNothing)
 {
     load(u"A"_s);
