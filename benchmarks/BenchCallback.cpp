@@ -1,4 +1,5 @@
 #include "engine/AudioEngine.h"
+#include "engine/SongChannels.h"
 #include "platform/audio/GraphicEqualizer.h"
 #include "platform/audio/TimePitch.h"
 #include "support/FakeSong.h"
@@ -121,13 +122,15 @@ double processorSeconds()
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Ten minutes of callbacks of `frames` frames, with `actions` actions per second. Reports a
+/// Ten minutes of callbacks of `frames` frames, with `actions` actions per second, and the channel
+/// tool `centre`. Reports a
 /// callback's processor time as a percentage of its buffer's duration: the median, the 99.9th
 /// percentile and the maximum.
 void BM_CallbackShareOfItsBuffer(benchmark::State &state)
 {
     Chain chain;
     Listener listener;
+    engine::setChannelTools({.centre = static_cast<int>(state.range(2))});
     const auto frames = static_cast<std::uint32_t>(state.range(0));
     const auto actions = static_cast<double>(state.range(1));
     const double bufferSeconds = frames / 44100.0;
@@ -154,13 +157,15 @@ void BM_CallbackShareOfItsBuffer(benchmark::State &state)
     state.counters["worst %"] = shares.back();
 }
 BENCHMARK(BM_CallbackShareOfItsBuffer)
-    ->ArgNames({"frames", "actions"})
-    ->Args({256, 10})
-    ->Args({384, 10})
-    ->Args({512, 10})
-    ->Args({1024, 10})
-    ->Args({384, 50})
-    ->Args({1024, 50})
+    ->ArgNames({"frames", "actions", "centre"})
+    ->Args({256, 10, 0})
+    ->Args({384, 10, 0})
+    ->Args({512, 10, 0})
+    ->Args({1024, 10, 0})
+    ->Args({384, 10, -100})
+    ->Args({1024, 10, -100})
+    ->Args({384, 50, 0})
+    ->Args({1024, 50, 0})
     ->Iterations(1)
     ->UseManualTime()
     ->Unit(benchmark::kSecond);

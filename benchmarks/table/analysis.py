@@ -10,6 +10,8 @@ LONGEST_TIDYING = 0.005
 LONGEST_FOLLOWING = 1.0
 LONGEST_CANCELLING = 0.010
 MOST_MEMORY = 1.0  # megabytes
+MINUTES = 4.0  # of music
+LARGEST_SHARE = 0.01  # of a core
 
 
 def alone(argument):
@@ -58,3 +60,16 @@ def beats():
             accuracy("beats within 20 ms", f"{made['within'] * 100:.1f} %", "at least 95 %", made["within"] >= 0.95),
             accuracy("wrong bars among those not lost", f"{made['wrong']} of {made['bars']}", "at most one in 50",
                      wrong <= 1 / 50)]
+
+
+def channels():
+    """The channel tools, as a share of a core while they play."""
+    def share(argument):
+        tell(argument)
+        costs = interleaved({"ours": lambda: work("channels", "ours", argument, first_core())})["ours"]
+        return costs["seconds"] / (60.0 * MINUTES)
+    rows = []
+    for name, argument in (("all neutral", "neutral"), ("swapped", "swapped"), ("the centre at -100", "centre")):
+        part = share(argument)
+        rows.append(accuracy(f"channels, {name}, of a core", f"{part * 100:.2f} %", "at most 1 %", part <= LARGEST_SHARE))
+    return rows

@@ -2,11 +2,34 @@
 
 #include "platform/audio/FadeShape.h"
 
+#include <algorithm>
+
 namespace lyrabox::engine {
 
-float LeadInReader::rise(std::uint32_t step, std::uint32_t steps) noexcept
+namespace {
+
+LeadInFrames framesOf(const LeadIn &leadIn, std::uint64_t from, std::uint64_t place, bool fadesOut)
+{
+    return {.frames = leadIn.frames,
+            .done = 0,
+            .fade = std::min(LeadInReader::fadeFrames, leadIn.frames / 2),
+            .fadesOut = fadesOut,
+            .from = from,
+            .place = place};
+}
+
+} // namespace
+
+float LeadInFrames::rise(std::uint32_t step, std::uint32_t steps) noexcept
 {
     return static_cast<float>(fadeShape((step + 0.5) / steps));
+}
+
+const LeadIn &LeadInReader::atWrap() noexcept
+{
+    if (const LeadIn *newest = m_atWrap.takeNewest())
+        m_atWrapNow = *newest;
+    return m_atWrapNow;
 }
 
 std::uint32_t LeadInReader::beginRequested(std::uint64_t place) noexcept
@@ -14,28 +37,23 @@ std::uint32_t LeadInReader::beginRequested(std::uint64_t place) noexcept
     const LeadIn *const requested = m_requested.takeNewest();
     if (requested == nullptr)
         return 0;
-    begin(*requested, place, place, false);
+    m_current = *requested;
+    m_left = framesOf(m_current, place, place, false);
     return m_current.frames;
 }
 
 std::uint32_t LeadInReader::beginAtWrap(std::uint64_t from, std::uint64_t place) noexcept
 {
-    if (const LeadIn *newest = m_atWrap.takeNewest())
-        m_atWrapNow = *newest;
-    if (m_atWrapNow.frames > 0)
-        begin(m_atWrapNow, from, place, true);
+    if (atWrap().frames > 0) {
+        m_current = m_atWrapNow;
+        m_left = framesOf(m_current, from, place, true);
+    }
     return m_atWrapNow.frames;
 }
 
-void LeadInReader::begin(const LeadIn &leadIn, std::uint64_t from, std::uint64_t place,
-                         bool fadesOut)
+LeadInFrames LeadInReader::nextAtWrap(std::uint64_t from, std::uint64_t place) noexcept
 {
-    m_current = leadIn;
-    m_done = 0;
-    m_fade = std::min(fadeFrames, leadIn.frames / 2);
-    m_fadesOut = fadesOut;
-    m_from = from;
-    m_place = place;
+    return framesOf(atWrap(), from, place, true);
 }
 
 } // namespace lyrabox::engine

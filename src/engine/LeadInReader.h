@@ -3,10 +3,30 @@
 #include "platform/audio/Clicks.h"
 #include "platform/audio/TripleBuffer.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace lyrabox::engine {
+
+/// The frames of a lead-in that are left. A copy of it tells what a reader will read.
+struct LeadInFrames {
+    std::uint32_t frames = 0;
+    std::uint32_t done = 0;
+    std::uint32_t fade = 0;  ///< the length of each fade
+    bool fadesOut = false;   ///< there is sound before it
+    std::uint64_t from = 0;  ///< the frame that would have been read next
+    std::uint64_t place = 0; ///< the frame after the lead-in
+
+    bool isActive() const noexcept { return done < frames; }
+    std::uint32_t left() const noexcept { return frames - done; }
+
+    /// Writes the next `count` frames of one channel, at most left(). `songFrame` gives the
+    /// channel's sample at a frame of the song, and silence outside of it.
+    template <typename SongFrame>
+    void read(float *samples, std::uint32_t count, SongFrame songFrame) const noexcept;
+
+private:
+    static float rise(std::uint32_t step, std::uint32_t steps) noexcept;
+};
 
 /// Reads a lead-in in place of the song: silence before the frame at which the song goes on. At its
 /// ends it is faded over up to fadeFrames frames. First the sound before it fades out, then the
@@ -30,49 +50,50 @@ public:
     /// may be 0.
     std::uint32_t beginAtWrap(std::uint64_t from, std::uint64_t place) noexcept;
 
-    void cancel() noexcept { m_done = m_current.frames; }
+    /// The lead-in of a loop's jump as beginAtWrap() would begin it now.
+    LeadInFrames nextAtWrap(std::uint64_t from, std::uint64_t place) noexcept;
 
-    bool isActive() const noexcept { return m_done < m_current.frames; }
-    std::uint32_t framesLeft() const noexcept { return m_current.frames - m_done; }
+    void cancel() noexcept { m_left.done = m_left.frames; }
+
+    bool isActive() const noexcept { return m_left.isActive(); }
+    std::uint32_t framesLeft() const noexcept { return m_left.left(); }
     /// The frames that were read.
-    std::uint32_t done() const noexcept { return m_done; }
+    std::uint32_t done() const noexcept { return m_left.done; }
     const LeadIn &current() const noexcept { return m_current; }
+    /// The frames that are read next.
+    const LeadInFrames &left() const noexcept { return m_left; }
 
-    /// Writes the next `frames` frames of one channel, at most framesLeft(). `songFrame` gives the
-    /// channel's sample at a frame of the song, and silence outside of it.
+    /// Writes the next `frames` frames of one channel, as LeadInFrames does.
     template <typename SongFrame>
-    void read(float *samples, std::uint32_t frames, SongFrame songFrame) const noexcept;
+    void read(float *samples, std::uint32_t frames, SongFrame songFrame) const noexcept
+    {
+        m_left.read(samples, frames, songFrame);
+    }
 
     /// The next frames are read.
-    void advance(std::uint32_t frames) noexcept { m_done += frames; }
+    void advance(std::uint32_t frames) noexcept { m_left.done += frames; }
 
 private:
-    void begin(const LeadIn &leadIn, std::uint64_t from, std::uint64_t place, bool fadesOut);
-
-    static float rise(std::uint32_t step, std::uint32_t steps) noexcept;
+    const LeadIn &atWrap() noexcept;
 
     TripleBuffer<LeadIn> m_atWrap;
     TripleBuffer<LeadIn> m_requested;
     LeadIn m_atWrapNow;
     LeadIn m_current;
-    std::uint32_t m_done = 0;
-    std::uint32_t m_fade = 0;  ///< the length of each fade
-    bool m_fadesOut = false;   ///< there is sound before it
-    std::uint64_t m_from = 0;  ///< the frame that would have been read next
-    std::uint64_t m_place = 0; ///< the frame after the lead-in
+    LeadInFrames m_left;
 };
 
 template <typename SongFrame>
-void LeadInReader::read(float *samples, std::uint32_t frames, SongFrame songFrame) const noexcept
+void LeadInFrames::read(float *samples, std::uint32_t count, SongFrame songFrame) const noexcept
 {
-    for (std::uint32_t i = 0; i < frames; ++i) {
-        const std::uint32_t at = m_done + i;
-        const std::uint32_t left = m_current.frames - at;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint32_t at = done + i;
+        const std::uint32_t toEnd = frames - at;
         float sample = 0.0F;
-        if (m_fadesOut && at < m_fade)
-            sample = songFrame(m_from + at) * (1.0F - rise(at, m_fade));
-        if (left <= m_fade)
-            sample = songFrame(m_place - left) * rise(m_fade - left, m_fade);
+        if (fadesOut && at < fade)
+            sample = songFrame(from + at) * (1.0F - rise(at, fade));
+        if (toEnd <= fade)
+            sample = songFrame(place - toEnd) * rise(fade - toEnd, fade);
         samples[i] = sample;
     }
 }

@@ -2,6 +2,7 @@
 
 #include "engine/LeadInReader.h"
 #include "engine/LoopRange.h"
+#include "platform/audio/ChannelStage.h"
 #include "platform/audio/ClickSchedule.h"
 #include "platform/audio/TripleBuffer.h"
 
@@ -80,6 +81,7 @@ struct ReadingPointExchange {
     LeadIn atStart;                ///< control side, under the engine's mutex
     bool startIsRequested = false; ///< the same: a lead-in at a start may not have begun
     ClickSchedule clicks;
+    ChannelStage channels;
 };
 
 } // namespace lyrabox::engine

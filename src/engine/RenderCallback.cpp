@@ -1,36 +1,12 @@
 #include "engine/AudioEngineControl.h"
+#include "engine/SongFrames.h"
+#include "engine/StreamAhead.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace lyrabox::engine {
 
 namespace {
-
-/// Copies `bytes` from frame `position` of a channel that holds `total` frames. Positions count
-/// modulo 2^64, so a position just below 2^64 lies just before frame 0. Frames outside the channel
-/// are silence.
-void copyFrames(std::byte *destination, std::uint64_t bytes, const std::byte *channel,
-                std::uint64_t position, std::uint64_t total, std::uint64_t bytesPerFrame) noexcept
-{
-    while (bytes > 0) {
-        const bool isInside = position < total;
-        // Outside the channel, silence runs until the position wraps to 0. An empty channel is all
-        // silence.
-        const std::uint64_t framesInRun = isInside ? total - position : 0 - position;
-        const bool runIsShorter =
-            (isInside || total > 0) && framesInRun < bytes / bytesPerFrame + 1;
-        const std::uint64_t run =
-            runIsShorter ? std::min(bytes, framesInRun * bytesPerFrame) : bytes;
-        if (isInside)
-            std::memcpy(destination, channel + position * bytesPerFrame, run);
-        else
-            std::memset(destination, 0, run);
-        destination += run;
-        bytes -= run;
-        position += framesInRun;
-    }
-}
 
 /// Moves the position from `from` to `to`. A seek that came in between wins: the position stays and
 /// the result is false.
@@ -70,22 +46,29 @@ void copySong(const AudioEngineState &engine, std::uint64_t position, std::uint6
 }
 
 /// Writes the next `frames` frames of the lead-in to the beginning of the buffers.
-void writeLeadIn(const AudioEngineState &engine, std::uint64_t total, AudioBufferList &ioData,
-                 std::uint32_t channels, std::uint32_t frames) noexcept
+void writeLeadIn(AudioBufferList &ioData, std::uint32_t channels, std::uint32_t frames) noexcept
 {
     for (std::uint32_t i = 0; i < channels; ++i) {
         const AudioBuffer &buffer = ioData.mBuffers[i];
-        const std::byte *channel = engine.channelBuffers[i].load(std::memory_order_acquire);
-        const auto songFrame = [channel, total](std::uint64_t frame) {
-            float sample = 0.0F;
-            if (channel != nullptr && frame < total)
-                std::memcpy(&sample, channel + frame * sizeof sample, sizeof sample);
-            return sample;
-        };
         const auto fitting = static_cast<std::uint32_t>(buffer.mDataByteSize / sizeof(float));
-        reading().leadIn.read(static_cast<float *>(buffer.mData), std::min(frames, fitting),
-                              songFrame);
+        copyLeadIn(static_cast<float *>(buffer.mData), std::min(frames, fitting), i,
+                   reading().leadIn.left());
     }
+}
+
+/// Passes the slice through the channel tools, if they are on.
+void processChannels(AudioBufferList &ioData, std::uint32_t channels,
+                     const StreamAhead::Place &place) noexcept
+{
+    ReadingPointExchange &exchange = reading();
+    if (!exchange.channels.isOn() || channels < 2)
+        return;
+    const AudioBuffer &left = ioData.mBuffers[0];
+    const AudioBuffer &right = ioData.mBuffers[1];
+    const std::uint32_t bytes = std::min(left.mDataByteSize, right.mDataByteSize);
+    StreamAhead ahead(place, exchange.leadIn);
+    exchange.channels.process(static_cast<float *>(left.mData), static_cast<float *>(right.mData),
+                              std::min<std::uint32_t>(bytes / sizeof(float), place.slice), ahead);
 }
 
 /// The loop has its end at or before `start`, so the position jumps. Returns the new position.
@@ -107,8 +90,7 @@ std::uint64_t jumpBack(const AudioEngineState &engine, std::uint64_t start,
         point.jump(start, loopStart);
         return loopStart;
     }
-    const std::uint64_t goesTo =
-        loopStart - std::min(loopStart, reading().runUp.load(std::memory_order_relaxed));
+    const std::uint64_t goesTo = placeAfterJump(loopStart);
     point.jump(start, goesTo, reading().leadIn.beginAtWrap(start, goesTo));
     return goesTo;
 }
@@ -122,6 +104,7 @@ void takeSeekAndStart(std::uint64_t position, std::uint64_t seekCount) noexcept
         exchange.lastSlice = {};
         exchange.leadIn.cancel();
         exchange.clicks.seek();
+        exchange.channels.seek();
     }
     if (const std::uint32_t silent = exchange.leadIn.beginRequested(position))
         exchange.current.jump(position, position, silent);
@@ -161,7 +144,7 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     const std::uint32_t channels = std::min(ioData.mNumberBuffers, maximumChannels);
     const std::uint32_t silent = std::min(leadIn.framesLeft(), inNumberFrames);
     if (silent > 0) {
-        writeLeadIn(engine, total, ioData, channels, silent);
+        writeLeadIn(ioData, channels, silent);
         exchange.clicks.readLeadIn(leadIn.current(), leadIn.done(), silent);
         leadIn.advance(silent);
     }
@@ -170,6 +153,13 @@ Status renderCallback(void * /*inRefCon*/, std::uint32_t inNumberFrames,
     if (played > 0)
         exchange.clicks.readSong(position, played,
                                  loops && position < loopEnd ? loopEnd : ClickSchedule::noEnd);
+    processChannels(ioData, channels,
+                    {.start = position,
+                     .position = position + played,
+                     .slice = inNumberFrames,
+                     .silent = silent,
+                     .isLooping = loops,
+                     .loopEnd = loopEnd});
     engine.channelIndex.store(channels, std::memory_order_relaxed);
 
     if (moveOn(engine, start, position + played)) {

@@ -1,5 +1,6 @@
 #include "engine/AudioEngineControl.h"
 #include "engine/ReadySongs.h"
+#include "engine/SongChannels.h"
 #include "engine/SongDecoder.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/foundation/Machine.h"
@@ -101,6 +102,7 @@ void setLoadProgressHook(ProgressHook hook, ProgressClock clock)
 void installSong(std::shared_ptr<DecodedSong> song)
 {
     dropClicksAndLeadIns();
+    setChannelTools({});
     // If a callback runs by mistake, it must find no song.
     state().totalFrames.store(0, std::memory_order_release);
     for (std::uint32_t i = 0; i < maximumChannels; ++i) {

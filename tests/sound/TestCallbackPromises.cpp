@@ -2,6 +2,7 @@
 // while all settings change.
 
 #include "engine/ClicksAndLeadIns.h"
+#include "engine/SongChannels.h"
 #include "platform/audio/ClickTable.h"
 #include "sound/Player.h"
 
@@ -168,7 +169,7 @@ public:
 
     void act()
     {
-        switch (upTo(10)) {
+        switch (upTo(11)) {
         case 0:
             engine::seekToFrame(upTo(songFrames));
             break;
@@ -203,6 +204,9 @@ public:
             engine::seekToFrame(songFrames - upTo(20'000)); // plays to the end
             engine::setIsLooping(false);
             break;
+        case 9:
+            changeChannels();
+            break;
         default:
             engine::setOutputRunning(true);
             break;
@@ -222,6 +226,14 @@ private:
         leadIn.clicks[0] = {.frame = leadIn.frames / 2, .kind = ClickKind::Accent};
         engine::setLeadInAtWrap(upTo(1) == 0 ? LeadIn{} : leadIn);
         engine::setLeadInAtStart(upTo(1) == 0 ? LeadIn{} : leadIn);
+    }
+
+    void changeChannels()
+    {
+        engine::setChannelTools({.mode = static_cast<ChannelMode>(upTo(4)),
+                                 .balance = static_cast<int>(upTo(200)) - 100,
+                                 .centre = upTo(3) == 0 ? 0 : static_cast<int>(upTo(200)) - 100,
+                                 .centreFrom = static_cast<int>(upTo(400))});
     }
 
     std::uint64_t upTo(std::uint64_t most)
