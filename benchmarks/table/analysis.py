@@ -1,5 +1,5 @@
-"""peaks, attacks, beats: what a wave is drawn from, where notes begin and where the beats are, in music in memory, on one
-core."""
+"""peaks, attacks, beats, tonal: what a wave is drawn from, where notes begin, where the beats are, and tuning and key, in
+music in memory, on one core. channels: what the channel tools cost while they play."""
 from .measuring import MEGABYTE, duration, first_core, interleaved, tell, work
 from .rows import Row
 
@@ -9,6 +9,7 @@ LONGEST_SEARCH = 0.500
 LONGEST_TIDYING = 0.005
 LONGEST_FOLLOWING = 1.0
 LONGEST_CANCELLING = 0.010
+LONGEST_TUNING = 0.500
 MOST_MEMORY = 1.0  # megabytes
 MINUTES = 4.0  # of music
 LARGEST_SHARE = 0.01  # of a core
@@ -60,6 +61,22 @@ def beats():
             accuracy("beats within 20 ms", f"{made['within'] * 100:.1f} %", "at least 95 %", made["within"] >= 0.95),
             accuracy("wrong bars among those not lost", f"{made['wrong']} of {made['bars']}", "at most one in 50",
                      wrong <= 1 / 50)]
+
+
+def tonal():
+    tell("tonal")
+    cost = interleaved({"ours": lambda: work("tonal", "ours", "cost", first_core())})["ours"]
+    cancel = work("tonal", "ours", "cancel")
+    made = work("tonal", "ours", "pieces")
+    count = made["count"]
+    return [limited("tuning and key, 4 minutes, one core", cost["seconds"], LONGEST_TUNING),
+            limited("tuning and key, cancelled", cancel["seconds"], LONGEST_CANCELLING),
+            accuracy(f"tuning of {count} made pieces, the worst error", f"{made['worst']:.2f} cents", "at most 1 cent",
+                     made["worst"] <= 1.0 and made["unclear"] == 0),
+            accuracy(f"key of {count} made pieces, exact", f"{made['exact']}", "at least 75 %",
+                     made["exact"] >= 0.75 * count),
+            accuracy("exact or the relative key", f"{made['related']}", "at least 95 %",
+                     made["related"] >= 0.95 * count)]
 
 
 def channels():

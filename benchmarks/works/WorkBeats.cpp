@@ -4,6 +4,8 @@
 // Any other argument is a folder, into which the thirty pieces are written, with their beats as
 // label tracks.
 
+#include "Cancelling.h"
+#include "WaveFile.h"
 #include "Work.h"
 
 #include "platform/analysis/BeatFollower.h"
@@ -11,18 +13,12 @@
 #include "support/pieces/BeatScore.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <ctime>
 #include <fstream>
 #include <iostream>
-#include <latch>
-#include <thread>
-
-#include <pthread.h>
 
 using namespace lyrabox;
 using namespace Qt::Literals::StringLiterals;
@@ -83,49 +79,15 @@ void measureCost()
     work::report(cost, static_cast<double>(beats));
 }
 
-double secondsOf(clockid_t clock)
-{
-    timespec time{};
-    clock_gettime(clock, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1.0e-9;
-}
-
-/// Stops the work at twenty places and reports the longest time until it has ended: the time of the
-/// processor, without that of other programs.
 void measureCancel()
 {
-    using Clock = std::chrono::steady_clock;
     const test::BeatPiece piece = fourMinutes();
     const SongSamples song = samplesOf(piece);
     const TappedBeats taps = tapped(piece, 10);
-    const auto begin = Clock::now();
-    static_cast<void>(followTaps(song, songOnsets(song), taps));
-    const auto whole = Clock::now() - begin;
-    double longest = 0.0;
-    int stopped = 0;
-    for (int i = 0; i < 20; ++i) {
-        std::latch told(2);
-        double ended = 0.0;
-        double requested = 0.0;
-        bool isEmpty = false;
-        {
-            std::jthread thread([&](const std::stop_token &stop) {
-                const SongOnsets onsets = songOnsets(song, stop);
-                isEmpty = followTaps(song, onsets, taps, stop).beats.empty();
-                ended = secondsOf(CLOCK_THREAD_CPUTIME_ID);
-                told.arrive_and_wait(); // the clock lives as long as the thread
-            });
-            std::this_thread::sleep_for(whole * i / 22);
-            clockid_t clock{};
-            pthread_getcpuclockid(thread.native_handle(), &clock);
-            thread.request_stop();
-            requested = secondsOf(clock);
-            told.arrive_and_wait();
-        }
-        stopped += isEmpty ? 1 : 0;
-        longest = std::max(longest, ended - requested);
-    }
-    work::report({.seconds = longest, .megabytes = 0.0}, stopped);
+    work::reportCancelling([&](const std::stop_token &stop) {
+        const SongOnsets onsets = songOnsets(song, stop);
+        return followTaps(song, onsets, taps, stop).beats.empty();
+    });
 }
 
 void measurePieces()
@@ -197,31 +159,6 @@ void measureDemo()
     std::cout << "{\"f\": " << least << '}' << std::endl;
 }
 
-void writeWave(const QString &path, const test::BeatPiece &piece)
-{
-    QByteArray samples;
-    samples.reserve(static_cast<qsizetype>(piece.left.size() * 4));
-    for (std::size_t i = 0; i < piece.left.size(); ++i) {
-        for (const float value : {piece.left[i], piece.right[i]}) {
-            const auto sample = static_cast<unsigned>(std::lround(value * 32767.0F));
-            samples += static_cast<char>(sample & 0xFFU);
-            samples += static_cast<char>(sample >> 8U & 0xFFU);
-        }
-    }
-    const auto number = [](qsizetype value) {
-        QByteArray bytes;
-        for (int shift = 0; shift < 32; shift += 8)
-            bytes += static_cast<char>(static_cast<std::uint64_t>(value) >> shift & 0xFFU);
-        return bytes;
-    };
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        work::fail("cannot write the pieces");
-    file.write("RIFF" + number(samples.size() + 36) + "WAVEfmt " + number(16) +
-               QByteArray("\x01\x00\x02\x00", 4) + number(44100) + number(44100 * 4) +
-               QByteArray("\x04\x00\x10\x00", 4) + "data" + number(samples.size()) + samples);
-}
-
 void writePieces(const QString &folder)
 {
     if (!QDir().mkpath(folder))
@@ -229,7 +166,7 @@ void writePieces(const QString &folder)
     for (const test::BeatPiece &piece : thirtyPieces()) {
         QString name = QString::fromStdString(piece.name);
         const QString path = folder + u'/' + name.replace(u'/', u'-');
-        writeWave(path + u".wav"_s, piece);
+        work::writeWave(path + u".wav"_s, piece.left, piece.right);
         std::ofstream labels((path + u".txt"_s).toStdString());
         for (std::size_t i = 0; i < piece.beats.size(); ++i)
             labels << piece.beats[i] / rate << '\t' << piece.beats[i] / rate << '\t'
