@@ -57,6 +57,13 @@ public:
         }
         return true;
     }
+    bool operator()(const PutChannels &edit) const
+    {
+        const ChannelTools channels = cleanChannelTools(edit.channels);
+        if (!(m_record.sound.channels == channels))
+            m_undo.emplace_back(PutChannels{std::exchange(m_record.sound.channels, channels)});
+        return true;
+    }
 
 private:
     template <typename Put, typename Remove, typename Entry>
@@ -93,7 +100,7 @@ private:
     PracticeEdits &m_undo;
 };
 
-/// What is changed by an edit; 0 for the beats.
+/// What is changed by an edit; a number that no loop or marker has for the beats and the channels.
 PracticeId changedBy(const PracticeEdit &edit)
 {
     return std::visit(
@@ -104,6 +111,8 @@ PracticeId changedBy(const PracticeEdit &edit)
                 return made.loop.id;
             else if constexpr (requires { made.grid; })
                 return PracticeId{0};
+            else if constexpr (requires { made.channels; })
+                return ~PracticeId{0};
             else
                 return made.marker.id;
         },
@@ -115,9 +124,9 @@ PracticeId changedBy(const PracticeEdit &edit)
 PracticeEdits joined(PracticeEdits first, const PracticeEdits &second)
 {
     std::erase_if(first, [&second](const PracticeEdit &edit) {
-        const bool isPut = std::holds_alternative<PutLoop>(edit) ||
-                           std::holds_alternative<PutMarker>(edit) ||
-                           std::holds_alternative<PutBeats>(edit);
+        const bool isPut =
+            std::holds_alternative<PutLoop>(edit) || std::holds_alternative<PutMarker>(edit) ||
+            std::holds_alternative<PutBeats>(edit) || std::holds_alternative<PutChannels>(edit);
         return isPut && std::ranges::any_of(second, [&edit](const PracticeEdit &later) {
                    return changedBy(later) == changedBy(edit);
                });
@@ -193,6 +202,9 @@ PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord 
     addMissing<PutMarker>(record.markers, other.markers, PracticeLimits::markers, edits);
     if (record.beats.grid.isEmpty() && !other.beats.grid.isEmpty())
         edits.emplace_back(PutBeats{other.beats.grid});
+    const ChannelTools neutral;
+    if (record.sound.channels == neutral && !(other.sound.channels == neutral))
+        edits.emplace_back(PutChannels{other.sound.channels});
     return edits;
 }
 
@@ -221,6 +233,14 @@ bool PracticeHistory::undo()
 bool PracticeHistory::redo()
 {
     return step(m_redo, m_undo);
+}
+
+void PracticeHistory::setFindings(std::optional<PracticeTuning> tuning,
+                                  std::optional<KeyGuess> keys)
+{
+    m_record.sound.tuning = tuning;
+    m_record.sound.keys = keys;
+    clean(m_record.sound);
 }
 
 bool PracticeHistory::step(std::deque<PracticeEdits> &from, std::deque<PracticeEdits> &to)

@@ -39,7 +39,13 @@ struct PutBeats {
     BeatGrid grid;
 };
 
-using PracticeEdit = std::variant<PutLoop, RemoveLoop, PutMarker, RemoveMarker, PutBeats>;
+/// Replaces what is done with the song's channels.
+struct PutChannels {
+    ChannelTools channels;
+};
+
+using PracticeEdit =
+    std::variant<PutLoop, RemoveLoop, PutMarker, RemoveMarker, PutBeats, PutChannels>;
 
 /// Edits that are made and undone as one step.
 using PracticeEdits = std::vector<PracticeEdit>;
@@ -56,7 +62,8 @@ enum class PracticeStep {
 /// Names and numbers are brought within theirs.
 std::optional<PracticeEdits> applyEdits(PracticeRecord &record, const PracticeEdits &edits);
 
-/// The edits that add to `record` what `other` has and it has not; beats only if it has none. Two
+/// The edits that add to `record` what `other` has and it has not; beats only if it has none, and
+/// channel tools only if its own are neutral. Two
 /// loops are the same if they have one name and both their ends are less than 20 ms apart; markers
 /// likewise. What does not fit into the limits is left out.
 PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord &other);
@@ -88,6 +95,9 @@ public:
 
     /// Changes what the record says of its song. That is no step.
     void setSong(PracticeSong song) { m_record.song = std::move(song); }
+
+    /// Notes what an analysis has said. That is no step, either.
+    void setFindings(std::optional<PracticeTuning> tuning, std::optional<KeyGuess> keys);
 
 private:
     bool step(std::deque<PracticeEdits> &from, std::deque<PracticeEdits> &to);

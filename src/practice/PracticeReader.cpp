@@ -2,6 +2,7 @@
 
 #include "practice/BeatGridText.h"
 #include "practice/SongTime.h"
+#include "practice/SoundText.h"
 #include "practice/TrainerText.h"
 
 #include <QJsonArray>
@@ -201,6 +202,7 @@ std::optional<PracticeReading> readPractice(const QByteArray &text)
     PracticeRecord &record = reading.record;
     readSong(keys.take("song"_L1), record.song, reading.isWhole);
     readBeats(keys.take("beats"_L1), record.beats, reading.isWhole);
+    reading.isWhole = readSound(keys.take("sound"_L1), record.sound) && reading.isWhole;
     readAll(keys.take("loops"_L1), PracticeLimits::loops, reading.isWhole, record.loops, &readLoop);
     readAll(keys.take("markers"_L1), PracticeLimits::markers, reading.isWhole, record.markers,
             &readMarker);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <tuple>
 
 namespace lyrabox {
@@ -97,6 +98,23 @@ void clean(PracticeSong &song)
 {
     for (QString *text : {&song.title, &song.artist, &song.audio})
         *text = cleanText(*text, PracticeLimits::nameLength, false);
+}
+
+void clean(PracticeSound &sound)
+{
+    sound.channels = cleanChannelTools(sound.channels);
+    if (!sound.tuning)
+        return;
+    if (!sound.tuning->isClear)
+        sound.tuning->tuning = {};
+    SongTuning &tuning = sound.tuning->tuning;
+    const auto rounded = [](double cents, double least, double most) {
+        const double tenths = std::round(10.0 * std::clamp(cents, least, most)) / 10.0;
+        return tenths == 0.0 ? 0.0 : tenths; // there is no -0
+    };
+    tuning.cents = rounded(tuning.cents, -50.0, 50.0);
+    tuning.lowest = rounded(tuning.lowest, -1200.0, tuning.cents);
+    tuning.highest = rounded(tuning.highest, tuning.cents, 1200.0);
 }
 
 void sortByPlace(PracticeRecord &record)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/analysis/SongKey.h"
+#include "platform/analysis/SongTuning.h"
+#include "platform/audio/ChannelTools.h"
 #include "practice/BeatGrid.h"
 #include "practice/TrainerSettings.h"
 
@@ -78,6 +81,24 @@ struct PracticeBeats {
     QJsonObject unknown = {}; ///< as a loop's
 };
 
+/// What an analysis has said about the song's tuning.
+struct PracticeTuning {
+    bool isClear = false;
+    SongTuning tuning = {}; ///< if it is clear; tenths of a cent
+
+    bool operator==(const PracticeTuning &) const = default;
+};
+
+/// How the song sounds: what is done with its channels, and its tuning and key.
+struct PracticeSound {
+    ChannelTools channels = {};
+    std::optional<PracticeTuning> tuning = {}; ///< none: it was not analysed
+    std::optional<KeyGuess> keys = {};         ///< none: it was not analysed, or there are none
+    QJsonObject unknown = {};                  ///< as a loop's
+
+    bool operator==(const PracticeSound &) const = default;
+};
+
 /// The song that a record belongs to, for people and for finding it again.
 struct PracticeSong {
     QString title = {};
@@ -91,6 +112,7 @@ struct PracticeSong {
 struct PracticeRecord {
     PracticeSong song;
     PracticeBeats beats = {};
+    PracticeSound sound = {};
     std::vector<PracticeLoop> loops;     ///< in the order of their starts, then of their ends
     std::vector<PracticeMarker> markers; ///< in the order of their places
     QJsonObject unknown = {};            ///< as a loop's
@@ -105,6 +127,9 @@ struct PracticeRecord {
 void clean(PracticeLoop &loop);
 void clean(PracticeMarker &marker);
 void clean(PracticeSong &song);
+
+/// Rounds the tuning to tenths of a cent, and brings all numbers within their ranges.
+void clean(PracticeSound &sound);
 
 /// Sorts loops and markers by their places. Equal ones keep their order.
 void sortByPlace(PracticeRecord &record);

@@ -181,6 +181,8 @@ bool PracticeStore::takeOver(const QString &fileName)
     PracticeHistory merged(found.reading->record);
     if (!own.empty() && (found.reading->isNewer || !merged.apply(own)))
         return false;
+    if (const PracticeSound &sound = record().sound; !merged.record().sound.tuning)
+        merged.setFindings(sound.tuning, sound.keys);
     if (m_isOwnFile && m_fileStamp && files::fileStamp(pathOf(m_fileName)) == m_fileStamp)
         m_superseded = m_fileName;
     adopt(fileName, *found.reading, found.stamp);
@@ -198,6 +200,15 @@ bool PracticeStore::apply(const PracticeEdits &edits, PracticeStep step)
     const bool isAccepted = m_history.apply(edits, step);
     noteEdit(m_history.revision() != before);
     return isAccepted;
+}
+
+void PracticeStore::setFindings(const std::optional<PracticeTuning> &tuning,
+                                const std::optional<KeyGuess> &keys)
+{
+    if (isReadOnly())
+        return;
+    m_history.setFindings(tuning, keys);
+    noteEdit(!m_fileName.isEmpty());
 }
 
 bool PracticeStore::undo()

@@ -77,6 +77,13 @@ public:
     /// Makes one step of edits. False if they are refused, see applyEdits(), or if the record is
     /// read-only.
     bool apply(const PracticeEdits &edits, PracticeStep step = PracticeStep::New);
+
+    /// Notes what an analysis has said about the song. That is no step. It is written if the song
+    /// has a file, or with the first edit: listening alone makes no file. Nothing if the record is
+    /// read-only.
+    void setFindings(const std::optional<PracticeTuning> &tuning,
+                     const std::optional<KeyGuess> &keys);
+
     bool canUndo() const { return !isReadOnly() && m_history.canUndo(); }
     bool canRedo() const { return !isReadOnly() && m_history.canRedo(); }
     bool undo();

@@ -2,6 +2,7 @@
 
 #include "practice/BeatGridText.h"
 #include "practice/SongTime.h"
+#include "practice/SoundText.h"
 #include "practice/TrainerText.h"
 
 #include <QJsonArray>
@@ -168,10 +169,10 @@ qsizetype bound(const QString &text)
 
 bool mayBeLarge(const PracticeRecord &record)
 {
-    qsizetype bytes = 1000 + bound(record.song.title) + bound(record.song.artist);
+    qsizetype bytes = 1400 + bound(record.song.title) + bound(record.song.artist);
     bytes += anchorFrame * static_cast<qsizetype>(record.beats.grid.anchors().size());
     bool hasUnknown = !record.unknown.isEmpty() || !record.song.unknown.isEmpty() ||
-                      !record.beats.unknown.isEmpty();
+                      !record.beats.unknown.isEmpty() || !record.sound.unknown.isEmpty();
     for (const PracticeLoop &loop : record.loops) {
         bytes += loopFrame + bound(loop.name) + bound(loop.note);
         bytes += loop.trainer ? trainerFrame : 0;
@@ -194,6 +195,8 @@ QByteArray practiceText(const PracticeRecord &record)
         text += ",\n " + quoted(entry.key()) + ": " + valueText(entry.value());
     if (!record.beats.grid.isEmpty() || !record.beats.unknown.isEmpty())
         text += ",\n \"beats\": " + beatsText(record.beats);
+    if (const QJsonObject sound = soundObject(record.sound); !sound.isEmpty())
+        text += ",\n \"sound\": " + valueText(sound);
     text += ",\n \"markers\": " + linesText(record.markers, &markerText);
     text += ",\n \"loops\": " + linesText(record.loops, &loopText);
     return text + "}\n";

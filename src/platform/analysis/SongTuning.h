@@ -15,6 +15,8 @@ struct SongTuning {
     double lowest = 0.0;
     double highest = 0.0;
 
+    bool operator==(const SongTuning &) const = default;
+
     bool drifts() const { return lowest < highest; }
     /// The frequency of the A.
     double hertz() const;

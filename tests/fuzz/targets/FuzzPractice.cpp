@@ -5,6 +5,7 @@
 #include "practice/PracticeLog.h"
 #include "practice/PracticeText.h"
 #include "practice/SongTime.h"
+#include "practice/SoundText.h"
 #include "practice/SpeedTrainer.h"
 #include "practice/TrainerText.h"
 
@@ -28,8 +29,22 @@ void checkTrainer(const PracticeLoop &loop)
     require(!speeds.empty() && std::is_sorted(speeds.begin(), speeds.end()), "a ladder goes up");
 }
 
+void checkSound(const PracticeSound &sound)
+{
+    PracticeSound cleaned = sound;
+    clean(cleaned);
+    require(cleaned == sound, "the sound's settings are valid");
+    PracticeSound again;
+    require(readSound(soundObject(sound), again) && again == sound, "they are written as read");
+    require(!sound.tuning || !sound.tuning->isClear ||
+                (sound.tuning->tuning.lowest <= sound.tuning->tuning.cents &&
+                 sound.tuning->tuning.cents <= sound.tuning->tuning.highest),
+            "a tuning lies within its range");
+}
+
 void checkLimits(const PracticeRecord &record)
 {
+    checkSound(record.sound);
     require(record.loops.size() <= PracticeLimits::loops, "loops keep their number");
     require(record.markers.size() <= PracticeLimits::markers, "markers keep their number");
     const BeatGrid &grid = record.beats.grid;
@@ -87,6 +102,7 @@ void checkEdits(const PracticeRecord &record)
     for (const PracticeMarker &marker : record.markers)
         edits.emplace_back(RemoveMarker{marker.id});
     edits.emplace_back(PutBeats{shiftedGrid(scaledGrid(record.beats.grid, BeatScale::Double), 1)});
+    edits.emplace_back(PutChannels{{.mode = ChannelMode::Swapped, .centre = 7}});
     const QByteArray before = practiceText(record);
     if (history.apply(edits) && history.canUndo())
         require(history.undo() || !fitsIntoFile(record), "an edit can be undone");
@@ -118,7 +134,10 @@ void practice(Bytes bytes)
     checkLimits(second->record);
     require(second->record.loops.size() == first->record.loops.size() &&
                 second->record.markers.size() == first->record.markers.size() &&
-                second->record.beats.grid == first->record.beats.grid,
+                second->record.beats.grid == first->record.beats.grid &&
+                second->record.sound.channels == first->record.sound.channels &&
+                second->record.sound.tuning == first->record.sound.tuning &&
+                second->record.sound.keys == first->record.sound.keys,
             "what was written is all there");
     // The first time, numbers and texts that JSON cannot keep exactly may still change.
     const QByteArray again = practiceText(second->record);
