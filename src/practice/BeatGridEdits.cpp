@@ -230,4 +230,21 @@ BeatGrid gridWithBeatAt(const BeatGrid &grid, std::uint64_t frame, std::uint64_t
     return gridOrElse(numbered(knots, grid.anchors().front().beat), grid);
 }
 
+BeatGrid gridWithoutBeatsAround(const BeatGrid &grid, std::uint64_t frame)
+{
+    if (!grid.isKnown(static_cast<double>(frame)))
+        return grid;
+    Anchors kept = grid.anchors();
+    auto end = std::find_if(kept.begin(), kept.end(), [frame](const BeatAnchor &anchor) {
+        return anchor.isLost && anchor.frame >= frame;
+    });
+    if (end != kept.end())
+        ++end;
+    auto begin = end;
+    while (begin != kept.begin() && ((begin - 1)->frame >= frame || !(begin - 1)->isLost))
+        --begin;
+    kept.erase(begin, end);
+    return BeatGrid(std::move(kept));
+}
+
 } // namespace lyrabox

@@ -32,6 +32,10 @@ BeatGrid gridWithBars(const BeatGrid &grid, std::uint64_t frame, int beatsPerBar
 /// beats would become faster than BeatGrid::fastest.
 BeatGrid gridWithBeatAt(const BeatGrid &grid, std::uint64_t frame, std::uint64_t target);
 
+/// The grid without the beats around a frame: those up to the next places on both sides where the
+/// beats are lost. As it was if they are lost at the frame, or not known there.
+BeatGrid gridWithoutBeatsAround(const BeatGrid &grid, std::uint64_t frame);
+
 /// The grid with another one in its place, from the first to the last anchor of the other. Where
 /// the two do not continue each other, the beats between are lost, and a new bar begins behind. An
 /// empty grid gives way to the other.

@@ -286,3 +286,22 @@ TEST(BeatGridEdits, OfAnyGridGiveAGridWhoseAnchorsAreAllValid)
         }
     }
 }
+
+TEST(GridWithoutBeatsAround, LosesOnlyTheBeatsUpToWhereTheyWereLost)
+{
+    const auto at = [](std::uint64_t beats) { return 10'000 + beats * 22'050; };
+    const BeatAnchor a{.frame = at(0), .bar = 1, .beat = 1};
+    const BeatAnchor b{.frame = at(16), .bar = 5, .beat = 1, .isLost = true};
+    const BeatAnchor c{.frame = at(32), .bar = 9, .beat = 1};
+    const BeatAnchor d{.frame = at(48), .bar = 13, .beat = 1, .isLost = true};
+    const BeatAnchor e{.frame = at(64), .bar = 17, .beat = 1};
+    const BeatAnchor f{.frame = at(80), .bar = 21, .beat = 1};
+    const BeatGrid grid({a, b, c, d, e, f});
+    EXPECT_EQ(gridWithoutBeatsAround(grid, at(8)), BeatGrid({c, d, e, f}));
+    EXPECT_EQ(gridWithoutBeatsAround(grid, at(40)), BeatGrid({a, b, e, f}));
+    EXPECT_EQ(gridWithoutBeatsAround(grid, at(70)), BeatGrid({a, b, c, d}));
+    EXPECT_FALSE(gridWithoutBeatsAround(grid, at(40)).isKnown(static_cast<double>(at(40))));
+    EXPECT_EQ(gridWithoutBeatsAround(grid, at(24)), grid) << "lost there";
+    EXPECT_EQ(gridWithoutBeatsAround(grid, at(90)), grid);
+    EXPECT_TRUE(gridWithoutBeatsAround(steady(), at(8)).isEmpty());
+}
