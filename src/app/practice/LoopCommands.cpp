@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 
 namespace lyrabox {
 
@@ -199,12 +200,21 @@ void LoopCommands::move(PracticeCommand command, int milliseconds)
     const PracticeStep step = m_run == run ? PracticeStep::JoinsLast : PracticeStep::New;
     {
         const QScopedValueRollback moving(m_isMoving, true);
-        changeLoop(grip,
-                   loopEdits::moved(*m_audio->loop(), grip, milliseconds, m_audio->totalFrames()),
-                   step);
+        changeLoop(grip, moved(grip, milliseconds), step);
     }
     // Only an edit of a kept loop is a step that the next one can join.
     m_run = m_practice->calledUp() ? std::optional(run) : std::nullopt;
+}
+
+/// The loop as a key moves it: the longest way is a beat, where there are beats.
+LoopRange LoopCommands::moved(Grip grip, int milliseconds) const
+{
+    const LoopRange loop = *m_audio->loop();
+    const std::uint64_t songFrames = m_audio->totalFrames();
+    const BeatGrid &grid = m_practice->record().beats.grid;
+    if (std::abs(milliseconds) < longestMove || grid.isEmpty())
+        return loopEdits::moved(loop, grip, milliseconds, songFrames);
+    return loopEdits::movedByBeats(loop, grip, milliseconds < 0 ? -1 : 1, grid, songFrames);
 }
 
 void LoopCommands::keepSpeed(std::optional<int> speed, std::optional<int> pitch)

@@ -36,6 +36,7 @@ private:
     std::optional<PracticeId> neighbourMarker(bool isNext) const;
     void changeLoop(loopHands::Grip grip, LoopRange range, PracticeStep step = PracticeStep::New);
     void move(PracticeCommand command, int milliseconds);
+    LoopRange moved(loopHands::Grip grip, int milliseconds) const;
     void keepSpeed(std::optional<int> speed, std::optional<int> pitch);
     void playSelected();
     std::optional<PracticeId> named() const;

@@ -102,6 +102,43 @@ LoopRange moved(LoopRange loop, loopHands::Grip grip, int milliseconds, std::uin
     return loop;
 }
 
+LoopRange movedByBeats(LoopRange loop, loopHands::Grip grip, int beats, const BeatGrid &grid,
+                       std::uint64_t songFrames)
+{
+    if (loop.end <= loop.start || loop.end > songFrames)
+        return loop;
+    const auto shifted = [&](std::uint64_t place) {
+        return std::round(grid.frameOfBeats(grid.beatsAt(static_cast<double>(place)) + beats));
+    };
+    const auto frames = static_cast<double>(songFrames);
+    const auto least = static_cast<double>(leastFrames);
+    const double start = shifted(loop.start);
+    const double end = shifted(loop.end);
+    switch (grip) {
+    case loopHands::Grip::Start: {
+        // A loop that is shorter than the shortest stays as long as it is.
+        const double latest =
+            std::max(static_cast<double>(loop.start), static_cast<double>(loop.end) - least);
+        loop.start = static_cast<std::uint64_t>(std::clamp(start, 0.0, latest));
+        break;
+    }
+    case loopHands::Grip::End: {
+        const double earliest =
+            std::min(static_cast<double>(loop.end), static_cast<double>(loop.start) + least);
+        loop.end = static_cast<std::uint64_t>(std::clamp(end, earliest, frames));
+        break;
+    }
+    case loopHands::Grip::Whole:
+        if (start >= 0.0 && end <= frames && end >= start + least)
+            loop = {.start = static_cast<std::uint64_t>(start),
+                    .end = static_cast<std::uint64_t>(end)};
+        break;
+    case loopHands::Grip::Nothing:
+        break;
+    }
+    return loop;
+}
+
 LoopRange tidied(LoopRange loop, const SongSamples &song, double speed)
 {
     const std::uint64_t before = framesOf(lateSeconds * speed);

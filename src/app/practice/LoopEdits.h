@@ -22,6 +22,12 @@ PracticeLoop keptLoop(const PracticeRecord &record, LoopRange range);
 /// `songFrames` is less than the loop's end.
 LoopRange moved(LoopRange loop, loopHands::Grip grip, int milliseconds, std::uint64_t songFrames);
 
+/// The same by so many beats of a grid that is not empty: a place between two beats comes to lie
+/// between two others. A whole loop keeps its length in beats, and stays if it would pass an end of
+/// the song.
+LoopRange movedByBeats(LoopRange loop, loopHands::Grip grip, int beats, const BeatGrid &grid,
+                       std::uint64_t songFrames);
+
 /// The loop with both ends at the attacks that were meant. People press late, so they are searched
 /// from 250 ms before an end to 50 ms behind it, in the time that passes at `speed` (1.0 is
 /// normal). An end without an attack stays, and both do if nothing would be left between them.

@@ -1,5 +1,6 @@
 #include "app/practice/LoopEnds.h"
 
+#include "app/practice/BarText.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/TimeRuler.h"
 #include "engine/LB_AudioController.h"
@@ -50,6 +51,7 @@ LoopEnds::LoopEnds(LB_AudioController *audio, SongPractice *practice, const Make
     row->addStretch(1);
     row->addWidget(makeButton(QString(), PracticeCommand::Tidy, 0));
     connect(audio, &LB_AudioController::loopChanged, this, &LoopEnds::showLoop);
+    connect(&practice->store(), &PracticeStore::recordChanged, this, &LoopEnds::showLength);
     showLoop();
 }
 
@@ -85,10 +87,22 @@ void LoopEnds::showLoop()
         field->setEnabled(loop.has_value());
         field->setText(!loop ? QString() : timeText(field == m_start ? loop->start : loop->end));
     }
-    m_length->setText(
-        loop
-            ? tr("%1 s").arg(static_cast<double>(loop->end - loop->start) / practiceRate, 0, 'f', 2)
-            : QString());
+    showLength();
+}
+
+void LoopEnds::showLength()
+{
+    const std::optional<LoopRange> loop = m_audio->loop();
+    m_length->setText(loop ? lengthText(*loop) : QString());
+}
+
+/// "2 bars · 4.34 s", or the seconds alone.
+QString LoopEnds::lengthText(LoopRange loop) const
+{
+    const QString seconds =
+        tr("%1 s").arg(static_cast<double>(loop.end - loop.start) / practiceRate, 0, 'f', 2);
+    const QString bars = barText::length(m_practice->record().beats.grid, loop);
+    return bars.isEmpty() ? seconds : QStringLiteral("%1 · %2").arg(bars, seconds);
 }
 
 /// Moves the end to the typed time. A text that is no time, or no place for this end, is replaced

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/practice/PracticeCommands.h"
+#include "engine/LoopRange.h"
 
 #include <QWidget>
 
@@ -36,6 +37,8 @@ private:
     QLineEdit *addEnd(const QString &label, const QString &name, PracticeCommand command,
                       const MakeButton &makeButton);
     void showLoop();
+    void showLength();
+    QString lengthText(LoopRange loop) const;
     void enter(QLineEdit *field);
 
     LB_AudioController *m_audio;

@@ -53,6 +53,11 @@ void LoopListModel::showRecord()
     insertNew(wanted);
     update(std::move(wanted));
     showBestSpeeds();
+    if (record.beats.grid != m_grid) {
+        m_grid = record.beats.grid;
+        if (!m_rows.empty())
+            showChanged(0, rowCount() - 1);
+    }
 }
 
 void LoopListModel::removeMissing(const Rows &wanted)

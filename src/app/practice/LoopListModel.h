@@ -81,6 +81,7 @@ private:
     void showChanged(int first, int last);
 
     QString shownName(int row) const;
+    QString barPlaces(int row) const;
     QString placeText(int row) const;
     QString accessibleText(int row, int column) const;
     QString remarks(int row) const;
@@ -95,6 +96,7 @@ private:
     std::uint64_t m_lastPlace = 0;
     BestSpeed m_best;
     bool m_hasBestSpeeds = false;
+    BeatGrid m_grid; ///< that the places are written for
 };
 
 } // namespace lyrabox

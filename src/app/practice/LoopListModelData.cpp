@@ -1,9 +1,11 @@
 // What the rows of the list show and say.
 
+#include "app/practice/BarText.h"
 #include "app/practice/LoopListModel.h"
 #include "app/practice/TimeRuler.h"
 #include "app/practice/WaveColors.h"
 #include "platform/ui/Theme.h"
+#include "practice/PracticeStore.h"
 #include "practice/SongTime.h"
 
 #include <QBrush>
@@ -45,8 +47,20 @@ QString LoopListModel::shownName(int row) const
     return tr("Loop %1").arg(m_rows[static_cast<std::size_t>(row)].number);
 }
 
+/// The place in bars and beats; empty where they are not known.
+QString LoopListModel::barPlaces(int row) const
+{
+    const BeatGrid &grid = m_store->record().beats.grid;
+    if (const PracticeMarker *marker = this->marker(row))
+        return barText::place(grid, marker->at);
+    const PracticeLoop *loop = this->loop(row);
+    return barText::places(grid, {loop->from, loop->to});
+}
+
 QString LoopListModel::placeText(int row) const
 {
+    if (const QString bars = barPlaces(row); !bars.isEmpty())
+        return bars;
     if (const PracticeMarker *marker = this->marker(row))
         return shortTime(marker->at);
     const PracticeLoop *loop = this->loop(row);
@@ -81,9 +95,13 @@ QString LoopListModel::accessibleText(int row, int column) const
         return shownName(row);
     case Best:
         return bestText(row).isEmpty() ? QString() : tr("Best speed: %1 %").arg(bestText(row));
-    case Place:
-        return marker != nullptr ? exactTime(marker->at)
-                                 : tr("%1 to %2").arg(exactTime(loop->from), exactTime(loop->to));
+    case Place: {
+        const QString times = marker != nullptr
+                                  ? exactTime(marker->at)
+                                  : tr("%1 to %2").arg(exactTime(loop->from), exactTime(loop->to));
+        const QString bars = barPlaces(row);
+        return bars.isEmpty() ? times : QStringLiteral("%1 (%2)").arg(bars, times);
+    }
     default:
         return data(index(row, column)).toString();
     }

@@ -18,7 +18,8 @@ enum class PracticeCommand {
     AddNamedMarker,
     NextMarker,
     PreviousMarker,
-    MoveStart, ///< the argument of these three is the way in ms, negative for earlier
+    MoveStart, ///< the argument of these three is the way in ms, negative for earlier; with
+               ///< longestMove it is a beat, if the beats are known
     MoveEnd,
     MoveLoop,
     Tidy,
@@ -34,6 +35,14 @@ enum class PracticeCommand {
     ZoomToLoop,
     WholeSong,
     Follow,
+    Tap,
+    UseSuggestion,
+    HalfTempo,
+    DoubleTempo,
+    ThreeHalvesTempo,
+    ShiftBars, ///< the argument is the number of beats, negative for earlier
+    MoveBeat,  ///< the beat at the line; the argument is the way in ms, negative for earlier
+    ClearBeats,
     ShowHistory,
     Train,
     Rotate,
@@ -44,6 +53,9 @@ enum class PracticeCommand {
     ClickSettings,
     CountInSettings,
 };
+
+/// The longest way of a key that moves a loop, in ms.
+inline constexpr int longestMove = 100;
 
 /// A command with its text and its keys. The menu, the help and the tool tips are made of these,
 /// and a test compares the guide with them.
@@ -57,7 +69,7 @@ struct PracticeCommandEntry {
 
     PracticeCommand command;
     QString text; ///< translated, with a mnemonic
-    QList<QKeySequence> keys;
+    QList<QKeySequence> keys = {}; ///< none: only the menu has it
     int argument = 0;
     QString submenu = {};  ///< its title with a mnemonic; empty for the menu itself
     QString helpText = {}; ///< what the help says of the key; empty for the name

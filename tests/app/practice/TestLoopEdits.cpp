@@ -199,4 +199,45 @@ TEST(Neighbours, AreTheMarkersAroundThePosition)
     EXPECT_EQ(neighbour(11 * rate, false), 0U);
 }
 
+/// Beats at 120 a minute; at second 20 they become half as fast.
+BeatGrid slowing()
+{
+    return BeatGrid({{.frame = 0, .bar = 1, .beat = 1},
+                     {.frame = 20 * rate, .bar = 11, .beat = 1},
+                     {.frame = 60 * rate, .bar = 21, .beat = 1}});
+}
+
+LoopRange movedByBeats(LoopRange loop, Grip grip, int beats)
+{
+    return loopEdits::movedByBeats(loop, grip, beats, slowing(), end);
+}
+
+TEST(MovedLoops, MoveByABeatOfTheTempoThatIsThere)
+{
+    const LoopRange loop{19 * rate, 20 * rate};
+    constexpr std::uint64_t half = rate / 2;
+    EXPECT_EQ(movedByBeats(loop, Grip::Start, -1), (LoopRange{19 * rate - half, 20 * rate}));
+    EXPECT_EQ(movedByBeats(loop, Grip::Start, 1), (LoopRange{19 * rate + half, 20 * rate}));
+    EXPECT_EQ(movedByBeats(loop, Grip::End, -1), (LoopRange{19 * rate, 20 * rate - half}));
+    EXPECT_EQ(movedByBeats(loop, Grip::End, 1), (LoopRange{19 * rate, 21 * rate}));
+    EXPECT_EQ(movedByBeats(loop, Grip::Whole, 1), (LoopRange{19 * rate + half, 21 * rate}))
+        << "it keeps its two beats";
+    const LoopRange between{10 * rate + 100, 12 * rate + 100};
+    EXPECT_EQ(movedByBeats(between, Grip::Whole, 1),
+              (LoopRange{10 * rate + half + 100, 12 * rate + half + 100}));
+}
+
+TEST(MovedLoops, MovedByBeatsStayWithinTheSong)
+{
+    const LoopRange first{100, 2 * rate};
+    EXPECT_EQ(movedByBeats(first, Grip::Start, -1).start, 0U);
+    EXPECT_EQ(movedByBeats(first, Grip::Whole, -1), first);
+    const LoopRange last{58 * rate, end - 100};
+    EXPECT_EQ(movedByBeats(last, Grip::End, 1).end, end);
+    EXPECT_EQ(movedByBeats(last, Grip::Whole, 1), last);
+    const LoopRange brief{10 * rate, 10 * rate + rate / 10};
+    EXPECT_EQ(movedByBeats(brief, Grip::Start, 1).start, brief.end - 441);
+    EXPECT_EQ(movedByBeats(brief, Grip::End, -1).end, brief.start + 441);
+}
+
 } // namespace

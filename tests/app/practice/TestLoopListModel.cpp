@@ -110,6 +110,26 @@ TEST_F(TheLoopRows, TellAssistiveTechnologiesWhatTheyAre)
               u"Beyond the end of the song"_s);
 }
 
+TEST_F(TheLoopRows, ShowBarsWhereTheBeatsAreKnown)
+{
+    addLoop(u"Turnaround"_s, 12.0, 16.0);
+    addMarker(u"Verse"_s, 20.5);
+    addLoop(u"Ending"_s, 50.0, 55.0);
+    const QSignalSpy changes(&model, &LoopListModel::dataChanged);
+    // 120 beats a minute up to second 40.
+    const BeatGrid grid(
+        {{.frame = 0, .bar = 1, .beat = 1}, {.frame = frames(40.0), .bar = 21, .beat = 1}});
+    store.apply({PutBeats{grid}});
+    EXPECT_FALSE(changes.isEmpty());
+    EXPECT_EQ(shown(0, LoopListModel::Place), u"7.1–9.1"_s);
+    EXPECT_EQ(shown(1, LoopListModel::Place), u"11.2"_s);
+    EXPECT_EQ(shown(2, LoopListModel::Place), u"0:50.0–0:55.0"_s);
+    EXPECT_EQ(shown(0, LoopListModel::Place, Qt::AccessibleTextRole),
+              u"7.1–9.1 (0:12.000 to 0:16.000)"_s);
+    store.undo();
+    EXPECT_EQ(shown(0, LoopListModel::Place), u"0:12.0–0:16.0"_s);
+}
+
 TEST_F(TheLoopRows, BeyondTheEndOfTheSongAreGray)
 {
     addLoop(u"in"_s, 1.0, 3.0);
