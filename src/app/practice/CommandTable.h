@@ -20,5 +20,6 @@ QList<PracticeCommandEntry> edits();
 QList<PracticeCommandEntry> click();
 QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();
+QList<PracticeCommandEntry> beats();
 
 } // namespace lyrabox::commandTable

@@ -26,8 +26,8 @@ Entries moves(PracticeCommand command, const QString &submenu, Qt::Key earlier, 
         {usualWay, Qt::NoModifier, Text::tr("10 ms &Later")},
         {-1, Qt::AltModifier, Text::tr("1 ms E&arlier")},
         {1, Qt::AltModifier, Text::tr("1 ms La&ter")},
-        {-100, Qt::ShiftModifier, Text::tr("100 ms Earl&ier")},
-        {100, Qt::ShiftModifier, Text::tr("100 ms Late&r")},
+        {-longestMove, Qt::ShiftModifier, Text::tr("One Beat or 100 ms Earl&ier")},
+        {longestMove, Qt::ShiftModifier, Text::tr("One Beat or 100 ms Late&r")},
     };
     Entries entries;
     for (const Way &way : ways) {
@@ -37,7 +37,7 @@ Entries moves(PracticeCommand command, const QString &submenu, Qt::Key earlier, 
                         .keys = {QKeySequence(way.modifiers | (isEarlier ? earlier : later))},
                         .argument = way.milliseconds,
                         .submenu = submenu,
-                        .helpText = Text::tr("%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)")
+                        .helpText = Text::tr("%1 by 10 ms (with Alt 1 ms, with Shift a beat)")
                                         .arg(QString(submenu).remove(u'&')),
                         .repeats = true,
                         .joinsPrevious = !isEarlier,

@@ -1,5 +1,6 @@
 #include "app/practice/LoopHands.h"
 
+#include "app/practice/BeatMarks.h"
 #include "platform/analysis/Attacks.h"
 #include "platform/analysis/ZeroCrossings.h"
 
@@ -18,8 +19,8 @@ std::uint64_t insideSong(double frame, const SongSamples &song)
         std::clamp(std::round(frame), 0.0, static_cast<double>(song.frames())));
 }
 
-std::optional<LoopRange> newLoop(const Drag &drag, double to, std::uint64_t snap,
-                                 std::uint64_t least, const SongSamples &song)
+std::optional<LoopRange> newLoop(const Drag &drag, double to, const Snap &snap, std::uint64_t least,
+                                 const SongSamples &song)
 {
     const std::uint64_t start = placed(std::min(drag.from, to), snap, song);
     const std::uint64_t end = placed(std::max(drag.from, to), snap, song);
@@ -48,20 +49,26 @@ Grip gripAt(QPointF point, double startX, double endX, double bracketBottom)
     return isBetween && point.y() < bracketBottom ? Grip::Whole : Grip::Nothing;
 }
 
-std::uint64_t placed(double frame, std::uint64_t snap, const SongSamples &song)
+std::uint64_t placed(double frame, const Snap &snap, const SongSamples &song)
 {
     const std::uint64_t place = insideSong(frame, song);
     // In a view of hours, a few points are minutes, and a search would take seconds.
     const auto longest = static_cast<std::uint64_t>(longestSnapSeconds * song.sampleRate);
-    const std::uint64_t reached = std::min(snap, longest);
+    const std::uint64_t reached = std::min(snap.reach, longest);
     if (reached == 0)
         return place;
+    if (snap.beats != nullptr) {
+        const auto beat = beatMarks::nearestBeat(*snap.beats, static_cast<double>(place),
+                                                 static_cast<double>(reached));
+        if (beat && *beat <= song.frames())
+            return *beat;
+    }
     if (const auto attack = nearestAttack(song, place, reached, reached))
         return attack->frame;
     return nearestZeroCrossing(song, place, reached);
 }
 
-std::optional<LoopRange> dragged(const Drag &drag, double to, std::uint64_t snap,
+std::optional<LoopRange> dragged(const Drag &drag, double to, const Snap &snap,
                                  const SongSamples &song)
 {
     const auto least = static_cast<std::uint64_t>(leastSeconds * song.sampleRate);

@@ -2,6 +2,7 @@
 
 #include "engine/LoopRange.h"
 #include "platform/analysis/SongSamples.h"
+#include "practice/BeatGrid.h"
 
 #include <QPointF>
 
@@ -40,15 +41,23 @@ struct Drag {
     LoopRange loop{0, 0}; ///< as it was at the beginning; no matter with Grip::Nothing
 };
 
-/// Where something that is dragged to `frame` is placed, within the song: at the nearest attack
-/// within `snap` frames, or without one at the nearest zero crossing of both channels; 0 for
-/// neither. More than a second is never searched.
-std::uint64_t placed(double frame, std::uint64_t snap, const SongSamples &song);
+/// What a drag snaps to: places at most so many frames away. More than a second is never searched.
+struct Snap {
+    Snap(std::uint64_t frames = 0, const BeatGrid *grid = nullptr) : reach(frames), beats(grid) {}
+
+    std::uint64_t reach;   ///< 0: it snaps to nothing
+    const BeatGrid *beats; ///< null if it does not snap to beats
+};
+
+/// Where something that is dragged to `frame` is placed, within the song: at the nearest beat that
+/// is shown, or without one at the nearest attack, or at the nearest zero crossing of both
+/// channels.
+std::uint64_t placed(double frame, const Snap &snap, const SongSamples &song);
 
 /// The loop of a drag that has come to the frame `to`, within the song. Its ends are placed as
 /// placed() says. A whole loop keeps its length, and its start is placed. Nothing if a new loop
 /// would be shorter than `leastSeconds`. Takes some milliseconds.
-std::optional<LoopRange> dragged(const Drag &drag, double to, std::uint64_t snap,
+std::optional<LoopRange> dragged(const Drag &drag, double to, const Snap &snap,
                                  const SongSamples &song);
 
 /// Where playback goes on after the drag, so that what has changed is heard at once.

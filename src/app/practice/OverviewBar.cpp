@@ -67,7 +67,7 @@ void OverviewBar::paintEvent(QPaintEvent *)
     const auto columnOf = [&](double frame) { return std::llround(frame / columnFrames); };
     const std::optional<LoopRange> loop = m_wave->shownLoop();
     const auto end = static_cast<std::int64_t>(columns);
-    m_tiles.setShape(columnFrames, static_cast<int>(bottom));
+    m_tiles.setShape(columnFrames, static_cast<int>(bottom), ratio);
     m_tiles.draw(painter, 0, end, loop ? columnOf(static_cast<double>(loop->start)) : 0,
                  loop ? columnOf(static_cast<double>(loop->end)) : end);
 

@@ -31,8 +31,8 @@ QString PracticeCommandEntry::keyText() const
 QList<PracticeCommandEntry> practiceCommands()
 {
     return commandTable::play() + commandTable::markers() + commandTable::loopMoves() +
-           commandTable::trainer() + commandTable::edits() + commandTable::click() +
-           commandTable::wave() + commandTable::history();
+           commandTable::trainer() + commandTable::edits() + commandTable::beats() +
+           commandTable::click() + commandTable::wave() + commandTable::history();
 }
 
 PracticeCommandEntry practiceCommand(PracticeCommand command)

@@ -147,14 +147,12 @@ void PracticeLane::mouseMoveEvent(QMouseEvent *event)
     if (!m_press->isDrag && std::abs(x - m_press->x) < dragDistance)
         return;
     m_press->isDrag = true;
-    dragTo(x, !event->modifiers().testFlag(Qt::ShiftModifier));
+    dragTo(x, m_wave->snap(event->modifiers()));
 }
 
-void PracticeLane::dragTo(double x, bool snaps)
+void PracticeLane::dragTo(double x, const loopHands::Snap &snap)
 {
     const WaveScale scale = m_wave->scale();
-    const double reach = snaps ? loopHands::snapReach * scale.framesPerPoint : 0.0;
-    const auto snap = static_cast<std::uint64_t>(std::ceil(reach));
     const SongSamples samples = m_peaks->samples();
     const double from = scale.frameAt(m_press->x);
     const double to = scale.frameAt(x);

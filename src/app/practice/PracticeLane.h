@@ -74,7 +74,7 @@ private:
     void showRecord();
     void showColor();
     void endPress();
-    void dragTo(double x, bool snaps);
+    void dragTo(double x, const loopHands::Snap &snap);
     void showCursor(const laneLayout::Hit &hit);
     bool showToolTip(const QHelpEvent &event);
     void drawBracket(QPainter &painter, const laneLayout::Bracket &bracket, double ratio) const;

@@ -1,6 +1,8 @@
 #include "app/practice/PracticePane.h"
 
 #include "app/practice/ArrowButton.h"
+#include "app/practice/BeatCommands.h"
+#include "app/practice/BeatPage.h"
 #include "app/practice/LoopCommands.h"
 #include "app/practice/LoopEnds.h"
 #include "app/practice/LoopList.h"
@@ -17,7 +19,10 @@
 #include "app/practice/PracticeLane.h"
 #include "app/practice/PracticePages.h"
 #include "app/practice/RotationBox.h"
+#include "app/practice/SnapButton.h"
+#include "app/practice/SongBeats.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/TempoReadout.h"
 #include "app/practice/TextButton.h"
 #include "app/practice/TrainerCommands.h"
 #include "app/practice/TrainerLadder.h"
@@ -59,6 +64,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
       m_audio(audio),
       m_practice(practice),
       m_metronome(metronome),
+      m_beats(new SongBeats(audio, practice, &m_peaks, this)),
       m_divider(new PaneDivider(this)),
       m_header(new PracticeHeader(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
@@ -81,9 +87,11 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
     connect(loopCommands, &LoopCommands::removeWanted, m_loops->list(), &LoopList::deleteSelection);
     addCommands(loopCommands);
     addCommands(new WaveCommands(m_wave, this));
+    addBeats();
     addMetronome();
     m_pages->addPage(tr("Loops"), m_loops);
     addTrainer();
+    addBeatPage();
     fillHeader();
 
     auto *column = new QVBoxLayout(this);
@@ -110,6 +118,7 @@ PracticePane::~PracticePane()
     // of the wave.
     delete m_overview;
     delete m_wave;
+    delete m_beats;
 }
 
 QLayout *PracticePane::makeMiddle()
@@ -188,8 +197,25 @@ void PracticePane::addTrainer()
     m_trainerPage->addRotationButton(makeSwitch(tr("Rotate"), PracticeCommand::Rotate));
 }
 
+/// The tempo in the header, the beats in the wave, and their page.
+void PracticePane::addBeats()
+{
+    m_wave->setBeats(m_beats);
+    addCommands(new BeatCommands(m_beats, m_wave, this));
+    m_header->addLeft(new TempoReadout(m_audio, m_beats, m_wave, this));
+}
+
+void PracticePane::addBeatPage()
+{
+    const auto makeButton = [this](const QString &text, PracticeCommand command, int argument) {
+        return addButton(text, command, argument);
+    };
+    m_pages->addPage(tr("Beat"), new BeatPage(m_beats, m_wave, makeButton, this));
+}
+
 void PracticePane::fillHeader()
 {
+    m_header->addRight(new SnapButton(m_wave, this));
     TextButton *follow = addButton({}, PracticeCommand::Follow);
     follow->setCheckable(true);
     m_header->addRight(follow);
@@ -219,7 +245,8 @@ void PracticePane::adoptButton(TextButton *button, const QString &text, Practice
                              : tr("%1, %2").arg(QString(entry.submenu).remove(u'&'), entry.name());
     button->setText(text.isEmpty() ? entry.name() : text);
     button->setAccessibleName(name);
-    button->setToolTip(QStringLiteral("%1 (%2)").arg(name, entry.keyText()));
+    button->setToolTip(entry.keys.isEmpty() ? name
+                                            : QStringLiteral("%1 (%2)").arg(name, entry.keyText()));
     connect(button, &QAbstractButton::clicked, this,
             [this, command, argument] { perform(command, argument); });
     m_buttons.append({button, command, argument});

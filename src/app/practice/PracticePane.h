@@ -23,6 +23,7 @@ class PracticeFooter;
 class PracticeHeader;
 class PracticeLane;
 class PracticePages;
+class SongBeats;
 class SongPractice;
 class TextButton;
 class TrainerPage;
@@ -65,6 +66,7 @@ public:
     LoopsPage *loops() const { return m_loops; }
     PracticeFooter *footer() const { return m_footer; }
     TrainerPage *trainerPage() const { return m_trainerPage; }
+    SongBeats *beats() const { return m_beats; }
     SongPractice *practice() const { return m_practice; }
     TrainerRun *trainer() const { return m_trainer; }
     Metronome *metronome() const { return m_metronome; }
@@ -85,6 +87,8 @@ private:
     void addMetronome();
     void addTrainer();
     void fillHeader();
+    void addBeats();
+    void addBeatPage();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
     TextButton *addButton(const QString &text, PracticeCommand command, int argument = 0);
@@ -98,6 +102,7 @@ private:
     SongPractice *m_practice;
     Metronome *m_metronome;
     SongPeaks m_peaks;
+    SongBeats *m_beats;
     QList<CommandSet *> m_commands;
     PaneDivider *m_divider;
     PracticeHeader *m_header;

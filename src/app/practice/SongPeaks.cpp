@@ -11,14 +11,14 @@ namespace {
 
 constexpr std::chrono::milliseconds signalInterval{40};
 
+} // namespace
+
 SongSamples samplesOf(const DecodedSong *song)
 {
     if (song == nullptr || song->channels() == 0)
         return {};
     return {song->channel(0), song->channel(song->channels() > 1 ? 1 : 0), song->sampleRate()};
 }
-
-} // namespace
 
 SongPeaks::SongPeaks(QObject *parent) : QObject(parent) {}
 
@@ -40,6 +40,8 @@ void SongPeaks::setSong(std::shared_ptr<const DecodedSong> song)
 
 void SongPeaks::measure(std::uint64_t around)
 {
+    if (!std::exchange(m_isWanted, true))
+        Q_EMIT wantedChanged();
     if (m_job || isComplete())
         return;
     const auto build = [this, song = m_song, pyramid = m_pyramid,
@@ -63,6 +65,8 @@ void SongPeaks::stop()
 {
     if (const auto job = std::exchange(m_job, std::nullopt))
         m_runner.cancel(*job);
+    if (std::exchange(m_isWanted, false))
+        Q_EMIT wantedChanged();
 }
 
 SongSamples SongPeaks::samples() const

@@ -13,6 +13,9 @@
 
 namespace lyrabox {
 
+/// The samples of a song; a mono song has the same on both sides. No frames if it is null.
+SongSamples samplesOf(const DecodedSong *song);
+
 /// The peaks of the song that the pane shows. A background thread of low priority measures them.
 /// Main thread.
 class SongPeaks : public QObject {
@@ -30,6 +33,12 @@ public:
     void measure(std::uint64_t around);
     /// Stops measuring, without a wait. What was measured stays.
     void stop();
+    /// Whether the song is shown: measure() was called, and stop() was not called since.
+    bool isWanted() const { return m_isWanted; }
+
+    /// Runs other analyses of the song, one job at a time, after the peaks. Give it no job while
+    /// the song is not shown.
+    BackgroundRunner &runner() { return m_runner; }
 
     /// The samples of the song; no frames without one.
     SongSamples samples() const;
@@ -46,12 +55,14 @@ public:
 Q_SIGNALS:
     /// There is another song, or none.
     void songChanged();
+    void wantedChanged();
     /// More of the song was measured. At most 25 times a second, and once at the end.
     void grown();
 
 private:
     std::shared_ptr<const DecodedSong> m_song;
     std::shared_ptr<PeakPyramid> m_pyramid; ///< null without a song, or without memory for it
+    bool m_isWanted = false;
     std::optional<BackgroundRunner::Job> m_job;
     BackgroundRunner m_runner; ///< last, because its jobs send signals of this object
 };

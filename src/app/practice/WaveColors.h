@@ -20,6 +20,11 @@ inline constexpr QColor gray{0x87, 0x92, 0x9A};
 inline constexpr QColor background{0xFF, 0xFF, 0xFF};
 /// The background inside the loop.
 inline constexpr QColor loopBackground{0xE6, 0xF3, 0xFB};
+/// Lines of beats and of the first beats of bars, on both backgrounds.
+inline constexpr QColor beat{0x7E, 0x89, 0x91};
+inline constexpr QColor bar{0x46, 0x53, 0x5F};
+/// The hatching where beats are lost.
+inline constexpr QColor hatch = beat;
 /// The ends of the loop and its bracket.
 inline constexpr QColor loop{0x8E, 0x6B, 0xBF};
 

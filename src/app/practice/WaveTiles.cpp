@@ -19,6 +19,19 @@ constexpr float softestRms = 0.002F;
 /// Gains that differ by less draw the same picture.
 constexpr double gainTolerance = 0.02;
 
+// Of the ground, in points.
+constexpr double hatchDistance = 9.0;
+constexpr double dashLength = 4.0;
+constexpr double footWidth = 3.0;
+constexpr double footHeight = 5.0;
+
+/// Whether a pixel belongs to the inner shape, which is darker than every pale one.
+bool isInner(QRgb pixel)
+{
+    constexpr int palest = 160;
+    return qAlpha(pixel) != 0 && qGray(pixel) < palest;
+}
+
 std::int64_t floorDivided(std::int64_t value, std::int64_t by)
 {
     const std::int64_t quotient = value / by;
@@ -60,12 +73,63 @@ QImage drawnWave(std::span<const PeakColumn> columns, int height, double gain, b
     return image;
 }
 
-void WaveTiles::setShape(double columnFrames, int height)
+void drawGround(QImage &wave, const WaveGround &ground, std::int64_t first, double ratio)
+{
+    const auto pixels = [ratio](double points) {
+        return std::max(1, static_cast<int>(std::lround(points * ratio)));
+    };
+    const int width = wave.width();
+    const int height = wave.height();
+    const auto line = [&wave](int y) { return reinterpret_cast<QRgb *>(wave.scanLine(y)); };
+    const int hatch = pixels(hatchDistance);
+    const int thin = pixels(1.0);
+    for (const WaveGround::Part &part : ground.hatched) {
+        const auto from = static_cast<int>(std::max<std::int64_t>(0, part.first - first));
+        const auto to = static_cast<int>(std::min<std::int64_t>(width, part.end - first));
+        for (int y = 0; y < height; ++y) {
+            QRgb *row = line(y);
+            for (int x = from; x < to; ++x) {
+                // Counted from the first column of the song, so that the lines go on in the next
+                // picture.
+                if ((first + x + y) % hatch < thin && qAlpha(row[x]) == 0)
+                    row[x] = waveColors::hatch.rgb();
+            }
+        }
+    }
+    const int dash = pixels(dashLength);
+    const int foot = height - pixels(footHeight);
+    for (const WaveGround::Line &mark : ground.lines) {
+        const auto draw = [&](int thickness, int top) {
+            const auto left = static_cast<int>(mark.column - first) - thickness / 2;
+            for (int y = top; y < height; ++y) {
+                if (mark.isDashed && y / dash % 2 != 0)
+                    continue;
+                QRgb *row = line(y);
+                for (int x = std::max(0, left); x < std::min(width, left + thickness); ++x) {
+                    if (!isInner(row[x]))
+                        row[x] = mark.color.rgb();
+                }
+            }
+        };
+        draw(thin, 0);
+        if (mark.hasFoot)
+            draw(pixels(footWidth), foot);
+    }
+}
+
+void WaveTiles::forgetGround()
+{
+    for (auto &[index, tile] : m_tiles)
+        tile.color = tile.gray = QImage();
+}
+
+void WaveTiles::setShape(double columnFrames, int height, double ratio)
 {
     const double gain = waveGain(m_peaks.loudRms());
     const bool isSameGain = std::abs(gain - m_gain) <= gainTolerance * m_gain;
-    if (columnFrames == m_columnFrames && height == m_height && isSameGain)
+    if (columnFrames == m_columnFrames && height == m_height && ratio == m_ratio && isSameGain)
         return;
+    m_ratio = ratio;
     m_columnFrames = columnFrames;
     m_height = height;
     m_gain = gain;
@@ -95,11 +159,17 @@ WaveTiles::Tile &WaveTiles::tileAt(std::int64_t index)
     return tile;
 }
 
-const QImage &WaveTiles::picture(Tile &tile, bool inColor) const
+const QImage &WaveTiles::picture(std::int64_t index, bool inColor)
 {
+    Tile &tile = tileAt(index);
     QImage &image = inColor ? tile.color : tile.gray;
-    if (image.isNull())
-        image = drawnWave(tile.columns, m_height, m_gain, inColor);
+    if (!image.isNull())
+        return image;
+    image = drawnWave(tile.columns, m_height, m_gain, inColor);
+    if (m_groundOf) {
+        const std::int64_t first = index * tileColumns;
+        drawGround(image, m_groundOf(m_columnFrames, first, first + tileColumns), first, m_ratio);
+    }
     return image;
 }
 
@@ -110,8 +180,7 @@ void WaveTiles::drawPart(QPainter &painter, std::int64_t origin, std::int64_t fi
         const std::int64_t index = floorDivided(first, tileColumns);
         const std::int64_t tileFirst = index * tileColumns;
         const std::int64_t partEnd = std::min(end, tileFirst + tileColumns);
-        painter.drawImage(QPoint(static_cast<int>(first - origin), 0),
-                          picture(tileAt(index), inColor),
+        painter.drawImage(QPoint(static_cast<int>(first - origin), 0), picture(index, inColor),
                           QRect(static_cast<int>(first - tileFirst), 0,
                                 static_cast<int>(partEnd - first), m_height));
         first = partEnd;

@@ -203,7 +203,7 @@ void WaveView::updateAround(double frame)
 
 std::optional<LoopRange> WaveView::shownLoop() const
 {
-    if (m_press && m_press->isDrag)
+    if (m_press && m_press->isDrag && !m_press->beat)
         return m_press->loop;
     return m_audio->loop();
 }

@@ -8,22 +8,33 @@
 #include "app/practice/WaveTiles.h"
 
 #include <QColor>
+#include <QStaticText>
 #include <QTimer>
 #include <QWidget>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class LB_AudioController;
 
 namespace lyrabox {
 
+class SongBeats;
 class SongPractice;
+
+/// What places that are dragged in a wave snap to.
+enum class SnapTo {
+    Beat,   ///< beats, else attacks, else zero crossings
+    Attack, ///< attacks, else zero crossings
+    Off
+};
 
 /// The wave of the song around the place that is heard, with the loop. While the song plays, the
 /// line stays in its place and the wave moves; scrolling stops that until a seek or setFollowing().
-/// The mouse seeks, makes loops and moves their ends. Redraws 60 times a second while the song
-/// plays and the view is visible, and otherwise only when something changes. Main thread.
+/// The mouse seeks, makes loops, and moves their ends and the beats of the song. Redraws 60 times a
+/// second while the song plays and the view is visible, and otherwise only when something changes.
+/// Main thread.
 class WaveView : public QWidget {
     Q_OBJECT
 
@@ -35,6 +46,9 @@ public:
     /// click.
     WaveView(LB_AudioController *audio, SongPractice *practice, SongPeaks *peaks,
              std::function<void(quint64)> seek, QWidget *parent = nullptr);
+
+    /// Shows beats; `beats` must outlive the view. Without them there are none.
+    void setBeats(SongBeats *beats);
 
     LB_AudioController *audio() const { return m_audio; }
 
@@ -60,6 +74,14 @@ public:
 
     /// The loop as it is drawn: while a drag lasts, the one that it will make.
     std::optional<LoopRange> shownLoop() const;
+
+    /// The beats as they are drawn: while one of them is dragged, as they will be.
+    const BeatGrid &shownGrid() const;
+
+    SnapTo snapTo() const { return m_snapTo; }
+    void setSnapTo(SnapTo snapTo) { m_snapTo = snapTo; }
+    /// What a drag with these keys snaps to now. It points to shownGrid().
+    loopHands::Snap snap(Qt::KeyboardModifiers modifiers) const;
 
     /// While it is held, the wave does not move under the mouse.
     void setHeld(bool held) { m_isHeld = held; }
@@ -110,8 +132,16 @@ private:
 
     loopHands::Grip gripAt(QPointF point) const;
     void showGrip(loopHands::Grip grip);
+    void dragTo(double x, Qt::KeyboardModifiers modifiers);
     void finishDrag();
 
+    void showBeats();
+    std::optional<std::uint64_t> beatAt(QPointF point) const;
+    void dragBeat(double frame, Qt::KeyboardModifiers modifiers);
+    WaveGround groundOf(double columnFrames, std::int64_t first, std::int64_t end) const;
+    void layLabels();
+    void drawBars(QPainter &painter, double ratio);
+    void drawLostTexts(QPainter &painter, double ratio) const;
     void drawRuler(QPainter &painter, double width, double ratio) const;
     void drawLoop(QPainter &painter, double ratio) const;
     void drawLine(QPainter &painter, double ratio) const;
@@ -121,6 +151,8 @@ private:
     SongPractice *m_practice;
     SongPeaks *m_peaks;
     std::function<void(quint64)> m_seek;
+    SongBeats *m_beats = nullptr;
+    SnapTo m_snapTo = SnapTo::Beat;
     WaveTiles m_tiles;
     WaveScale m_scale;
     std::optional<WaveScale> m_scaleBeforeLoop;
@@ -135,10 +167,28 @@ private:
     struct Press {
         loopHands::Drag drag;
         QPointF point;
-        bool isDrag = false;           ///< moved far enough
-        std::optional<LoopRange> loop; ///< that the drag would make
+        bool isDrag = false;                    ///< moved far enough
+        std::optional<LoopRange> loop;          ///< that the drag would make
+        std::optional<std::uint64_t> beat = {}; ///< that is dragged instead
+        std::uint64_t target = 0;               ///< where it comes to lie
+        std::optional<BeatGrid> grid = {};      ///< with the beat there
     };
     std::optional<Press> m_press;
+
+    std::vector<LoopRange> m_lost; ///< where the beats are lost
+
+    /// The numbers of bars, laid out for more than what is shown, because the wave moves.
+    struct Labels {
+        struct Number {
+            double frame;
+            QStaticText text;
+        };
+        WaveScale scale{0.0, 0.0}; ///< that they were laid out for
+        double from = 0.0;
+        double to = 0.0;
+        std::vector<Number> numbers;
+    };
+    Labels m_labels;
 };
 
 } // namespace lyrabox

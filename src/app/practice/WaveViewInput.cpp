@@ -1,5 +1,6 @@
 // The mouse, the wheel and the keys of the wave.
 
+#include "app/practice/SongBeats.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
@@ -94,6 +95,7 @@ void WaveView::mousePressEvent(QMouseEvent *event)
         return;
     Press press;
     press.point = event->position();
+    press.beat = beatAt(press.point);
     press.drag.grip = gripAt(press.point);
     press.drag.from = m_scale.frameAt(press.point.x());
     press.drag.loop = m_audio->loop().value_or(LoopRange{0, 0});
@@ -103,17 +105,23 @@ void WaveView::mousePressEvent(QMouseEvent *event)
 void WaveView::mouseMoveEvent(QMouseEvent *event)
 {
     if (!m_press) {
-        showGrip(gripAt(event->position()));
+        showGrip(beatAt(event->position()) ? Grip::Start : gripAt(event->position()));
         return;
     }
     const double x = event->position().x();
     if (!m_press->isDrag && std::abs(x - m_press->point.x()) < dragDistance)
         return;
     m_press->isDrag = true;
-    const bool snaps = !event->modifiers().testFlag(Qt::ShiftModifier);
-    const double snap = snaps ? loopHands::snapReach * m_scale.framesPerPoint : 0.0;
-    m_press->loop = loopHands::dragged(m_press->drag, m_scale.frameAt(x),
-                                       static_cast<quint64>(std::ceil(snap)), m_peaks->samples());
+    dragTo(x, event->modifiers());
+}
+
+void WaveView::dragTo(double x, Qt::KeyboardModifiers modifiers)
+{
+    if (m_press->beat)
+        dragBeat(m_scale.frameAt(x), modifiers);
+    else
+        m_press->loop = loopHands::dragged(m_press->drag, m_scale.frameAt(x), snap(modifiers),
+                                           m_peaks->samples());
     update();
 }
 
@@ -136,7 +144,9 @@ void WaveView::finishDrag()
 {
     const Press press = *m_press;
     m_press.reset();
-    if (press.loop)
+    if (press.beat)
+        m_beats->moveBeat(*press.beat, press.target);
+    else if (press.loop)
         m_practice->changeLoop(*press.loop, press.drag.grip);
     update();
 }

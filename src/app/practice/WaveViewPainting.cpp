@@ -80,13 +80,18 @@ void WaveView::paintEvent(QPaintEvent *)
             painter.fillRect(QRectF(from, top, to - from, bottom - top),
                              waveColors::loopBackground);
     }
-    drawRuler(painter, columns, ratio);
-    m_tiles.setShape(columnFrames(m_scale, ratio), static_cast<int>(bottom - top));
+    const bool hasBars = !shownGrid().isEmpty();
+    if (!hasBars)
+        drawRuler(painter, columns, ratio);
+    m_tiles.setShape(columnFrames(m_scale, ratio), static_cast<int>(bottom - top), ratio);
     painter.save();
     painter.translate(0.0, top);
     m_tiles.draw(painter, first, end, loopFirst, loopEnd);
     painter.restore();
+    if (hasBars)
+        drawBars(painter, ratio);
     painter.setRenderHint(QPainter::Antialiasing);
+    drawLostTexts(painter, ratio);
     drawLoop(painter, ratio);
     drawLine(painter, ratio);
     if (hasFocus())
