@@ -3,6 +3,7 @@
 #include "app/controls/LB_Slider.h"
 #include "app/practice/Metronome.h"
 #include "app/practice/PracticePane.h"
+#include "app/practice/SongBeats.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/TrainerRun.h"
 #include "engine/AudioEngine.h"
@@ -274,7 +275,7 @@ void checkTrainer(Findings &findings, const TrainerRun &trainer, const SongPract
 
 void checkPractice(Findings &findings, const LB_AudioController &audio)
 {
-    const auto *pane = widget<PracticePane>(u"practicePane"_s);
+    auto *pane = widget<PracticePane>(u"practicePane"_s);
     if (pane == nullptr)
         return;
     checkMetronome(findings, *pane);
@@ -286,6 +287,12 @@ void checkPractice(Findings &findings, const LB_AudioController &audio)
                      u"there are loops without a song"_s);
     findings.require(!practice.store().hasSong() || audio.totalFrames() > 0,
                      u"a song is open that is not loaded"_s);
+    const BeatGrid &grid = record.beats.grid;
+    findings.require(grid == BeatGrid(grid.anchors()), u"the beats are not in order"_s);
+    findings.require(grid.isEmpty() || pane->beats()->suggestion().isEmpty(),
+                     u"beats are suggested although the song has some"_s);
+    findings.require(pane->beats()->suggestion().isEmpty() || pane->peaks().frames() > 0,
+                     u"beats are suggested without a song"_s);
     if (const auto selected = practice.selection())
         findings.require(record.loop(*selected) || record.marker(*selected),
                          u"what is selected does not exist"_s);

@@ -76,6 +76,8 @@ PRACTICE_KEYS = (
     + ["a", "s", "d", "f", "g", "h"] * 2 + ["alt+a", "alt+f", "shift+s", "shift+d", "shift+h"] + ["ctrl+z"] * 4
     + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l", "ctrl+h"]
     + ["c", "shift+c"] * 3 + ["r"] * 3 + ["x", "v"] * 2 + ["shift+r"])
+# The commands of the beats, through the menu.
+BEAT_COMMANDS = ("u", "h", "w", "v", "e", "l", "a", "r", "c")
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 
@@ -541,6 +543,30 @@ class Soak:
         self.xdotool("key", *keys)
         return f"practice {'a drag and ' if drags else ''}{' '.join(keys)}"
 
+    def beats(self, dice):
+        """Taps along, types a tempo, moves beats, or chooses a command of the beats; needs the pane."""
+        way, command = dice.random(), dice.choice(BEAT_COMMANDS)
+        taps, delay = dice.choice((3, 8, 8, 12)), dice.choice((60, 180, 250))
+        text, place, by = dice.choice(TEXTS), dice.random(), dice.randrange(-30, 31)
+        wave = self.state.get("targets", {}).get("practiceWave")
+        tempo = self.state.get("targets", {}).get("practiceTempo")
+        if wave is None or tempo is None:
+            return "no beats without the pane"
+        if way < 0.3:
+            self.xdotool("key", "--delay", delay, *["t"] * taps)
+            return f"tap {taps} times"
+        if way < 0.4:
+            self.xdotool("mousemove", tempo[0] + 20, tempo[1] + tempo[3] // 2, "click", 1, "key", "ctrl+a", "type", text)
+            self.xdotool("key", "Return")
+            return f"type the tempo {text}"
+        if way < 0.6:
+            x, y = int(wave[0] + place * wave[2]), wave[1] + wave[3] - 4
+            self.xdotool("mousemove", x, y, "mousedown", 1, "mousemove", x + by // 2, y, "mousemove", x + by, y,
+                         "mouseup", 1)
+            return "drag at the lower edge of the wave"
+        self.xdotool("key", "alt+i", "b", command, "Escape", "Escape")
+        return f"the command {command} of the beats"
+
     def hold_key(self, dice):
         key = dice.choice(("Left", "Right"))
         self.xdotool("keydown", key)
@@ -633,7 +659,7 @@ class Soak:
     ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
                ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("press_long", 1),
                ("wheel", 5), ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8),
-               ("device", 3), ("second", 0.2), ("practice", 12), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
+               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
                ("subfolders", 0.3), ("rest", 3))
 
     def act(self, number):
