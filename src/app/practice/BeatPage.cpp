@@ -42,10 +42,10 @@ QHBoxLayout *makeRow()
 
 } // namespace
 
-QString beatStateText(const SongBeats &beats)
+QString beatRemarkText(SongBeats::Remark remark)
 {
     using Remark = SongBeats::Remark;
-    switch (beats.remark()) {
+    switch (remark) {
     case Remark::None:
         break;
     case Remark::NotPlaying:
@@ -66,6 +66,13 @@ QString beatStateText(const SongBeats &beats)
     case Remark::Refused:
         return BeatPage::tr("The beats of this song cannot be changed.");
     }
+    return {};
+}
+
+QString beatStateText(const SongBeats &beats)
+{
+    if (QString remark = beatRemarkText(beats.remark()); !remark.isEmpty())
+        return remark;
     const TapSeries &taps = beats.taps();
     if (taps.count() > 0 && !taps.isComplete())
         return BeatPage::tr("Tap %1 of %2 …").arg(taps.count()).arg(TapSeries::needed);
@@ -129,7 +136,7 @@ QLayout *BeatPage::makeTapRow(const MakeButton &makeButton)
 {
     QHBoxLayout *row = makeRow();
     row->addWidget(makeButton(tr("Tap"), PracticeCommand::Tap, 0));
-    row->addWidget(makeButton({}, PracticeCommand::UseSuggestion, 0));
+    row->addWidget(makeButton(tr("Use"), PracticeCommand::UseSuggestion, 0));
     row->addStretch(1);
     row->addWidget(makeButton(tr("Clear"), PracticeCommand::ClearBeats, 0));
     return row;

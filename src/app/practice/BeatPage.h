@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/practice/PracticeCommands.h"
+#include "app/practice/SongBeats.h"
 
 #include <QWidget>
 
@@ -15,7 +16,6 @@ class QLabel;
 namespace lyrabox {
 
 class NumberField;
-class SongBeats;
 class TextButton;
 class WaveView;
 
@@ -61,6 +61,9 @@ private:
     int m_shownLength = 0; ///< its beats
     double m_shownTempo = 0.0;
 };
+
+/// A remark in words for the user; empty for none.
+QString beatRemarkText(SongBeats::Remark remark);
 
 /// What there is to say of taps and beats, in words for the user.
 QString beatStateText(const SongBeats &beats);

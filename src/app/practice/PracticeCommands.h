@@ -68,7 +68,7 @@ struct PracticeCommandEntry {
     };
 
     PracticeCommand command;
-    QString text; ///< translated, with a mnemonic
+    QString text;                  ///< translated, with a mnemonic
     QList<QKeySequence> keys = {}; ///< none: only the menu has it
     int argument = 0;
     QString submenu = {};  ///< its title with a mnemonic; empty for the menu itself

@@ -69,6 +69,8 @@ SongBeats::SongBeats(LB_AudioController *audio, SongPractice *practice, SongPeak
     connect(peaks, &SongPeaks::wantedChanged, this, &SongBeats::followView);
     connect(&practice->store(), &PracticeStore::recordChanged, this, &SongBeats::followRecord);
     connect(practice, &SongPractice::problemChanged, this, &SongBeats::stateChanged);
+    m_pause.setSingleShot(true);
+    connect(&m_pause, &QTimer::timeout, this, &SongBeats::pauseEnded);
 }
 
 SongBeats::~SongBeats()
@@ -139,6 +141,17 @@ void SongBeats::endSeries()
     m_followsSeries = false;
 }
 
+/// Nobody taps any more. What was said of the taps is no longer shown.
+void SongBeats::pauseEnded()
+{
+    if (m_job || m_followsSeries) {
+        m_pause.start(); // They are still being followed.
+        return;
+    }
+    endSeries();
+    setRemark(Remark::None);
+}
+
 void SongBeats::setRemark(Remark remark)
 {
     m_remark = remark;
@@ -151,7 +164,10 @@ void SongBeats::followRecord()
     // After another step, or after an undo, later taps cannot join the step of the earlier ones.
     if (!m_isApplying && m_before)
         endSeries();
-    Q_EMIT changed();
+    if (grid() != m_seen) {
+        m_seen = grid();
+        Q_EMIT changed();
+    }
     Q_EMIT stateChanged();
     workOn();
 }
@@ -179,6 +195,8 @@ void SongBeats::change(const BeatGrid &grid)
 
 void SongBeats::tap()
 {
+    const double speed = static_cast<double>(m_audio->playbackSpeedPct()) / 100.0;
+    m_pause.start(static_cast<int>(1000.0 * TapSeries::pause / speed));
     if (!m_audio->isRunning()) {
         setRemark(Remark::NotPlaying);
         return;

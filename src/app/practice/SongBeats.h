@@ -7,6 +7,7 @@
 #include "practice/PracticeEdits.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <cstdint>
 #include <optional>
@@ -62,7 +63,7 @@ public:
     /// TapSeries::needed of them the beats of the song are followed from there, and change the
     /// record as one step, also with later taps.
     void tap();
-    /// The same at a frame, and at a time of a clock in milliseconds.
+    /// The same at a frame, and at a time of a clock in milliseconds. No timer ends such a series.
     void tapAt(std::uint64_t frame, double milliseconds);
     /// The taps since the last pause, or since another change.
     const TapSeries &taps() const { return m_taps; }
@@ -99,6 +100,7 @@ private:
     void followView();
     void forgetSong();
     void endSeries();
+    void pauseEnded();
     void setRemark(Remark remark);
     void followRecord();
     bool put(const BeatGrid &grid, PracticeStep step = PracticeStep::New);
@@ -119,12 +121,14 @@ private:
     SongPeaks *m_peaks;
 
     std::optional<foundBeats::Heard> m_heard; ///< none until the song was listened to
+    BeatGrid m_seen;                          ///< the record's beats when changed() was sent last
     BeatGrid m_suggestion;
     bool m_wasSuggested = false; ///< there is a guess, or there can be none
     int m_nextBar = 4;           ///< the length of the bars of beats to come
 
     TapSeries m_taps;
     double m_lastTap = 0.0; ///< its time
+    QTimer m_pause;         ///< runs from the last tap; ends the series
     Remark m_remark = Remark::None;
     std::optional<BeatGrid> m_before; ///< the record's beats before those of the series
     bool m_isApplying = false;

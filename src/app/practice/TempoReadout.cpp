@@ -1,7 +1,7 @@
 #include "app/practice/TempoReadout.h"
 
 #include "app/practice/BarText.h"
-#include "app/practice/BeatMarks.h"
+#include "app/practice/BeatPage.h"
 #include "app/practice/SongBeats.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
@@ -24,7 +24,7 @@ namespace {
 
 constexpr double tempoSize = 18.0; // points
 constexpr int fieldWidth = 90;
-constexpr int mostDetail = 190; // points that the song's tempo takes at most
+constexpr int mostDetail = 460; // points that a remark takes at most
 
 /// A text that can be pressed, without a box.
 class TempoButton : public QAbstractButton {
@@ -98,7 +98,7 @@ TempoReadout::TempoReadout(LB_AudioController *audio, const SongBeats *beats, co
     connect(audio, &LB_AudioController::speedOrPitchChanged, this, &TempoReadout::showTempo);
     connect(beats, &SongBeats::changed, this, &TempoReadout::showTempo);
     connect(beats, &SongBeats::stateChanged, this, &TempoReadout::showTempo);
-    connect(wave, &WaveView::lineMoved, this, &TempoReadout::showTempo);
+    connect(wave, &WaveView::lineMoved, this, &TempoReadout::showPlace);
     showTempo();
 }
 
@@ -111,6 +111,18 @@ QString TempoReadout::detailText() const
 double TempoReadout::songTempo() const
 {
     return m_beats->grid().tempoAt(std::max(0.0, m_wave->line()));
+}
+
+/// The line has moved, as it does 60 times a second. The tempo is the same nearly always.
+void TempoReadout::showPlace()
+{
+    if (!m_beats->grid().isEmpty() && (songTempo() != m_shownTempo || beatsPerBar() != m_shownBar))
+        showTempo();
+}
+
+int TempoReadout::beatsPerBar() const
+{
+    return m_beats->beatsPerBar(static_cast<std::uint64_t>(std::max(0.0, m_wave->line())));
 }
 
 void TempoReadout::showTempo()
@@ -126,14 +138,17 @@ void TempoReadout::showTempo()
         showTexts(tempo ? heard(*tempo) : QString(), count, count);
         return;
     }
-    const BeatGrid &grid = m_beats->grid();
-    if (!grid.isEmpty()) {
-        const double tempo = songTempo();
-        const auto frame = static_cast<std::uint64_t>(std::max(0.0, m_wave->line()));
+    if (const QString remark = beatRemarkText(m_beats->remark()); !remark.isEmpty()) {
+        showTexts(m_tempo->text(), remark, remark);
+        return;
+    }
+    if (!m_beats->grid().isEmpty()) {
+        const double tempo = m_shownTempo = songTempo();
+        m_shownBar = beatsPerBar();
         const QString detail = tr("at %1 % · song %2 · %3/4")
                                    .arg(qRound(speed))
                                    .arg(barText::tempo(tempo))
-                                   .arg(beatMarks::beatsPerBarAt(grid, frame));
+                                   .arg(m_shownBar);
         showTexts(heard(tempo), detail, tr("Tempo: %1, %2").arg(heard(tempo), detail));
         return;
     }
@@ -145,7 +160,6 @@ void TempoReadout::showTempo()
     showTexts({}, {}, {});
 }
 
-/// Called 60 times a second, so it does nothing if all stays.
 void TempoReadout::showTexts(const QString &tempo, const QString &detail, const QString &spoken)
 {
     if (m_tempo->text() != tempo) {

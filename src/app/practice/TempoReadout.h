@@ -31,12 +31,14 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void showPlace();
     void showTempo();
     void showTexts(const QString &tempo, const QString &detail, const QString &spoken);
     void beginEdit();
     void endEdit();
     void enter();
     double songTempo() const;
+    int beatsPerBar() const;
 
     LB_AudioController *m_audio;
     const SongBeats *m_beats;
@@ -44,6 +46,8 @@ private:
     QAbstractButton *m_tempo;
     NumberField *m_field;
     ElidedLabel *m_detail;
+    double m_shownTempo = 0.0; ///< of the song
+    int m_shownBar = 0;        ///< its beats
 };
 
 } // namespace lyrabox

@@ -1,9 +1,13 @@
 #include "app/practice/WaveAccessible.h"
 
+#include "app/practice/BarText.h"
 #include "app/practice/PaneDivider.h"
 #include "app/practice/TimeRuler.h"
 #include "app/practice/WaveView.h"
 #include "engine/LB_AudioController.h"
+
+#include <algorithm>
+#include <cstdint>
 
 namespace lyrabox {
 
@@ -48,7 +52,10 @@ QString WaveAccessible::text(QAccessible::Text kind) const
     const auto time = [this](double frame) {
         return timeRuler::exactText(rate() > 0.0 ? frame / rate() : 0.0);
     };
-    const QString place = time(view()->line());
+    QString place = time(view()->line());
+    const auto heard = static_cast<std::uint64_t>(std::max(0.0, view()->line()));
+    if (const QString bar = barText::place(view()->shownGrid(), heard); !bar.isEmpty())
+        place = WaveView::tr("%1, bar %2").arg(place, bar);
     const std::optional<LoopRange> loop = view()->shownLoop();
     if (!loop)
         return place;

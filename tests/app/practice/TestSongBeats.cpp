@@ -218,6 +218,23 @@ TEST_F(TheBeatsOfASong, AreLookedForAtATypedTempo)
     EXPECT_EQ(grid() == steadyGrid(), !isFound);
 }
 
+TEST_F(TheBeatsOfASong, AreNoLongerTappedAfterAPause)
+{
+    audio().setPlaybackSpeedPct(200.0F);
+    audio().setIsRunning(true);
+    beats().tap();
+    beats().tap();
+    EXPECT_EQ(beats().taps().count(), 2U);
+    QSignalSpy changed(&beats(), &SongBeats::stateChanged);
+    while (beats().taps().count() > 0)
+        ASSERT_TRUE(changed.wait());
+    audio().setIsRunning(false);
+    beats().tap();
+    EXPECT_EQ(beats().remark(), SongBeats::Remark::NotPlaying);
+    while (beats().remark() != SongBeats::Remark::None)
+        ASSERT_TRUE(changed.wait());
+}
+
 TEST_F(TheBeatsOfASong, OfAnotherSongAreItsOwn)
 {
     tapBeats(5);

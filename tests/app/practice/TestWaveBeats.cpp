@@ -1,10 +1,11 @@
 #include "BeatsFixture.h"
-#include "app/practice/PracticeHeader.h"
+#include "app/practice/PracticeLane.h"
 #include "app/practice/SnapButton.h"
 #include "app/practice/WaveColors.h"
 #include "platform/foundation/UserDefaults.h"
 #include "support/DrawnWidget.h"
 
+#include <QAccessible>
 #include <QMenu>
 
 #include <algorithm>
@@ -152,6 +153,34 @@ TEST_F(BeatsInTheWave, CatchTheEndsOfALoopUnlessShiftIsHeldOrSnappingIsOff)
     EXPECT_NEAR(static_cast<double>(dragLoop({}).start), 4.0 * beatFrames, 0.005 * rate);
     choose(2);
     EXPECT_GT(dragLoop({}).start, 4 * beatFrames + 900);
+}
+
+TEST_F(BeatsInTheWave, CatchAMarkerThatIsDragged)
+{
+    setBeats(steadyGrid());
+    const auto marker = practice->addMarker(10 * beatFrames, u"Verse"_s);
+    ASSERT_TRUE(marker);
+    PracticeLane *lane = pane->lane();
+    const auto pointAt = [this](double frame) { return QPoint(at(frame).x() + 2, 10); };
+    const QPoint from = pointAt(10.0 * beatFrames);
+    const QPoint to = pointAt(12.0 * beatFrames + 1'500.0);
+    QTest::mousePress(lane, Qt::LeftButton, {}, from);
+    for (const QPoint point : {(from + to) / 2, to}) {
+        QMouseEvent move(QEvent::MouseMove, point, lane->mapToGlobal(point), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(lane, &move);
+    }
+    QTest::mouseRelease(lane, Qt::LeftButton, {}, to);
+    EXPECT_EQ(practice->record().marker(*marker)->at, 12 * beatFrames);
+}
+
+TEST_F(BeatsInTheWave, AreSpokenOfWithThePlaceInTheSong)
+{
+    setBeats(steadyGrid());
+    audio().setCurrentFrame(9 * beatFrames);
+    wave().showPosition();
+    const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&wave());
+    EXPECT_EQ(spoken->text(QAccessible::Value), u"0:04.500, bar 3.2"_s);
 }
 
 TEST_F(BeatsInTheWave, KeepTheChoiceOfWhatSnaps)
