@@ -151,6 +151,26 @@ TEST_F(ProgramWithTrainer, TheSpeedIsWhatItWasWhenTheSoundServerDies)
     EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(ProgramWithTrainer, LoopsTakeTurnsByKeys)
+{
+    startAndPlay();
+    openPane();
+    display.key(u"minus"_s, 2);
+    display.key(u"w"_s);
+    for (const int second : {4, 10}) {
+        display.drag(placeOf(second + 0.02), placeOf(second + 0.45));
+        ASSERT_TRUE(hears(stepFrequency(second), 3.0));
+        display.key(u"k"_s);
+    }
+    display.key(u"shift+r"_s);
+    ASSERT_TRUE(comesTo(60));
+    for (const int second : {4, 10, 4})
+        EXPECT_TRUE(hears(stepFrequency(second), 20.0)) << second;
+    display.key(u"shift+r"_s);
+    EXPECT_TRUE(comesTo(90));
+    EXPECT_EQ(quit(), 0);
+}
+
 TEST_F(ProgramWithTrainer, AClickOnAStepOfTheLadderGoesThere)
 {
     loopByKeys();

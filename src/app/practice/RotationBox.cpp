@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <utility>
 
 namespace lyrabox {
 
@@ -110,29 +111,39 @@ void RotationBox::showLoops()
         delete each.box;
         return true;
     });
-    if (isVisible()) {
-        int row = 0;
-        for (const PracticeLoop &loop : loops) {
-            QCheckBox *box = tick(loop.id);
-            if (box == nullptr) {
-                box = new QCheckBox(this);
-                box->setFocusPolicy(Qt::TabFocus);
-                connect(box, &QCheckBox::toggled, this, &RotationBox::loopsChanged);
-                m_ticks.append({.loop = loop.id, .box = box});
-            }
-            m_boxes->removeWidget(box);
-            m_boxes->insertWidget(row++, box);
-            const QString name = loop.name.isEmpty() ? tr("Loop %1").arg(row) : loop.name;
-            // A long name must not widen the page. Names are untrusted, and a tool tip may be rich
-            // text.
-            QString shown = box->fontMetrics().elidedText(name, Qt::ElideRight, nameWidth);
-            box->setText(shown.replace(u'&', QStringLiteral("&&")));
-            box->setAccessibleName(name);
-            box->setToolTip(QStringLiteral("<span>%1</span>").arg(name.toHtmlEscaped()));
-            box->setEnabled(m_practice->isPlayable(loop));
-        }
-    }
+    if (isVisible())
+        showTicks(loops);
     Q_EMIT loopsChanged();
+}
+
+void RotationBox::showTicks(const std::vector<PracticeLoop> &loops)
+{
+    QList<Shown> wanted;
+    for (const PracticeLoop &loop : loops) {
+        const QString name = loop.name.isEmpty() ? tr("Loop %1").arg(wanted.size() + 1) : loop.name;
+        wanted.append({.loop = loop.id, .name = name, .isPlayable = m_practice->isPlayable(loop)});
+    }
+    if (std::exchange(m_shown, wanted) == wanted)
+        return; // as after most edits
+    for (int row = 0; row < wanted.size(); ++row) {
+        const Shown &each = wanted.at(row);
+        QCheckBox *box = tick(each.loop);
+        if (box == nullptr) {
+            box = new QCheckBox(this);
+            box->setFocusPolicy(Qt::TabFocus);
+            connect(box, &QCheckBox::toggled, this, &RotationBox::loopsChanged);
+            m_ticks.append({.loop = each.loop, .box = box});
+        }
+        m_boxes->removeWidget(box);
+        m_boxes->insertWidget(row, box);
+        // A long name must not widen the page. Names are untrusted, and a tool tip may be rich
+        // text.
+        QString shown = box->fontMetrics().elidedText(each.name, Qt::ElideRight, nameWidth);
+        box->setText(shown.replace(u'&', QStringLiteral("&&")));
+        box->setAccessibleName(each.name);
+        box->setToolTip(QStringLiteral("<span>%1</span>").arg(each.name.toHtmlEscaped()));
+        box->setEnabled(each.isPlayable);
+    }
 }
 
 } // namespace lyrabox

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "practice/LoopRotation.h"
+#include "practice/PracticeRecord.h"
 
 #include <QList>
 #include <QWidget>
@@ -42,7 +43,15 @@ protected:
 
 private:
     void showLoops();
+    void showTicks(const std::vector<PracticeLoop> &loops);
 
+    /// What a box shows.
+    struct Shown {
+        PracticeId loop = 0;
+        QString name;
+        bool isPlayable = true;
+        bool operator==(const Shown &) const = default;
+    };
     struct Tick {
         PracticeId loop;
         QCheckBox *box;
@@ -54,6 +63,7 @@ private:
     NumberField *m_amount;
     ChoiceButton *m_unit;
     QList<Tick> m_ticks;
+    QList<Shown> m_shown;
 };
 
 } // namespace lyrabox

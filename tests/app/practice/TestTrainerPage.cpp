@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScrollArea>
+#include <QSignalSpy>
 
 using namespace lyrabox;
 using namespace lyrabox::test;
@@ -185,6 +186,9 @@ TEST_F(TheTrainersPage, RotatesTheTickedLoopsAndWithoutATickAllThatCanBePlayed)
     EXPECT_EQ(box.loops(), (std::vector<PracticeId>{loop, second, beyond}));
     box.tick(second)->click();
     EXPECT_EQ(box.loops(), std::vector<PracticeId>{second});
+    ASSERT_TRUE(practice->rename(second, u"Break"_s));
+    EXPECT_EQ(box.tick(second)->text(), u"Break"_s);
+    EXPECT_EQ(box.loops(), std::vector<PracticeId>{second}) << "a new name keeps the tick";
     ASSERT_TRUE(practice->remove(second));
     EXPECT_EQ(box.loops(), (std::vector<PracticeId>{loop, beyond}));
     EXPECT_EQ(box.turn().amount, 5);
@@ -232,6 +236,13 @@ TEST_F(TheTrainersPage, AStepOfTheLadderGoesToItsSpeed)
     EXPECT_EQ(ladder().steps().at(2)->accessibleName(), u"70 %, played"_s);
     QTest::keyClick(ladder().steps().at(1), Qt::Key_Space);
     EXPECT_EQ(audio().playbackSpeedPct(), 65.0F);
+    QAccessibleInterface *step = QAccessible::queryAccessibleInterface(ladder().steps().at(5));
+    ASSERT_TRUE(step != nullptr && step->actionInterface() != nullptr);
+    EXPECT_EQ(step->role(), QAccessible::Button);
+    QSignalSpy pressed(ladder().steps().at(5), &QAbstractButton::clicked);
+    step->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_TRUE(pressed.wait()); // it is shown pressed first
+    EXPECT_EQ(audio().playbackSpeedPct(), 85.0F);
     audio().setPlaybackSpeedPct(73.0F);
     EXPECT_EQ(ladder().steps().at(2)->text(), u"73 %"_s) << "between two steps";
 }
