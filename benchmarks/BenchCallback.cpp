@@ -122,10 +122,9 @@ double processorSeconds()
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Ten minutes of callbacks of `frames` frames, with `actions` actions per second, and the channel
-/// tool `centre`. Reports a
-/// callback's processor time as a percentage of its buffer's duration: the median, the 99.9th
-/// percentile and the maximum.
+/// Ten minutes of callbacks of `frames` frames, with `actions` actions per second and the channel
+/// tool `centre`. Reports a callback's processor time as a percentage of its buffer's duration: the
+/// median, the 99.9th percentile and the maximum.
 void BM_CallbackShareOfItsBuffer(benchmark::State &state)
 {
     Chain chain;
