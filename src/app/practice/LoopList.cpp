@@ -98,8 +98,8 @@ void LoopList::fitColumns()
     const int rows = m_rows->rowCount();
     const int number = widthOf(rows < 10 ? QStringLiteral("0") : QStringLiteral("000"));
     const int place = widthOf(time + u'–' + time);
-    const int speed = widthOf(LoopListModel::tr("%1 %").arg(100));
-    // There is a best speed only after some practice.
+    // Kept speeds, and best ones after some practice, have room only if there are any.
+    const int speed = m_rows->hasSpeeds() ? widthOf(LoopListModel::tr("%1 %").arg(100)) : 0;
     const int best = m_rows->hasBestSpeeds() ? widthOf(QStringLiteral("★100")) : 0;
     const int name = std::max(0, viewport()->width() - number - place - speed - best);
     const int widths[] = {number, name, place, speed, best};

@@ -179,6 +179,14 @@ void LoopListModel::showBestSpeeds()
         Q_EMIT hasBestSpeedsChanged();
 }
 
+bool LoopListModel::hasSpeeds() const
+{
+    return std::ranges::any_of(m_rows, [](const Row &row) {
+        const auto *loop = std::get_if<PracticeLoop>(&row.entry);
+        return loop != nullptr && loop->speed;
+    });
+}
+
 void LoopListModel::setSongFrames(std::uint64_t frames)
 {
     if (std::exchange(m_songFrames, frames) != frames && !m_rows.empty())

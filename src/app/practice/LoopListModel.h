@@ -35,6 +35,8 @@ public:
     void showBestSpeeds();
     /// Whether a loop has a best speed.
     bool hasBestSpeeds() const { return m_hasBestSpeeds; }
+    /// Whether some loop keeps a speed.
+    bool hasSpeeds() const;
     /// The length of the song. Loops beyond it are gray. 0 if it is unknown.
     void setSongFrames(std::uint64_t frames);
 

@@ -71,6 +71,19 @@ protected:
     QSignalSpy sought{&list, &LoopList::seekRequested};
 };
 
+TEST_F(TheLoopList, NamesHaveTheRoomOfSpeedsThatNoLoopKeeps)
+{
+    const PracticeId id = addLoop(u"Turnaround"_s, 1.0, 2.0);
+    const int without = list.columnWidth(LoopListModel::Name);
+    change(id, [](PracticeLoop &loop) { loop.speed = 75; });
+    EXPECT_LT(list.columnWidth(LoopListModel::Name), without);
+    EXPECT_EQ(list.columnWidth(LoopListModel::Name) + list.columnWidth(LoopListModel::Speed),
+              without);
+    change(id, [](PracticeLoop &loop) { loop.speed.reset(); });
+    EXPECT_EQ(list.columnWidth(LoopListModel::Name), without);
+    EXPECT_EQ(list.columnWidth(LoopListModel::Speed), 0);
+}
+
 TEST_F(TheLoopList, PlaysALoopAndGoesToAMarkerWithReturnOrADoubleClick)
 {
     const PracticeId loop = addLoop(u"a"_s, 1.0, 2.0);
