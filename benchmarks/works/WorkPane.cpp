@@ -7,6 +7,7 @@
 
 #include "app/practice/LoopList.h"
 #include "app/practice/LoopListModel.h"
+#include "app/practice/Metronome.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/WaveView.h"
@@ -52,7 +53,8 @@ void measureFirstPicture()
     const auto seek = [&audio](quint64 frame) { audio.setCurrentFrame(frame); };
     SongPractice practice(&audio, seek, {}, test::fakeSongReaderFactory(transport.song));
     practice.setOpen(true);
-    PracticePane pane(&audio, &practice, seek);
+    Metronome metronome(&audio, &practice);
+    PracticePane pane(&audio, &practice, &metronome, seek);
     pane.resize(1120, 320);
     pane.show();
     QCoreApplication::processEvents();

@@ -22,12 +22,14 @@ QImage drawnWave(std::span<const PeakColumn> columns, int height, double gain, b
 
 /// What is drawn below a wave. Places are columns.
 struct WaveGround {
+    /// A line from the top to the bottom.
     struct Line {
         std::int64_t column = 0; ///< its middle
         QColor color;
         bool isDashed = false;
         bool hasFoot = false; ///< a handle at its lower end
     };
+    /// From `first` up to, but not including, `end`.
     struct Part {
         std::int64_t first = 0;
         std::int64_t end = 0;

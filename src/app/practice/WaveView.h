@@ -179,6 +179,7 @@ private:
 
     /// The numbers of bars, laid out for more than what is shown, because the wave moves.
     struct Labels {
+        /// The number of a bar, and the frame of its first beat.
         struct Number {
             double frame;
             QStaticText text;
