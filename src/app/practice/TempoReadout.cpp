@@ -24,6 +24,7 @@ namespace {
 
 constexpr double tempoSize = 18.0; // points
 constexpr int fieldWidth = 90;
+constexpr int narrowWave = 640; // points; then the header has little room
 constexpr int mostDetail = 460; // points that a remark takes at most
 
 /// A text that can be pressed, without a box.
@@ -64,7 +65,7 @@ private:
 
 } // namespace
 
-TempoReadout::TempoReadout(LB_AudioController *audio, const SongBeats *beats, const WaveView *wave,
+TempoReadout::TempoReadout(LB_AudioController *audio, const SongBeats *beats, WaveView *wave,
                            QWidget *parent)
     : QWidget(parent),
       m_audio(audio),
@@ -99,6 +100,7 @@ TempoReadout::TempoReadout(LB_AudioController *audio, const SongBeats *beats, co
     connect(beats, &SongBeats::changed, this, &TempoReadout::showTempo);
     connect(beats, &SongBeats::stateChanged, this, &TempoReadout::showTempo);
     connect(wave, &WaveView::lineMoved, this, &TempoReadout::showPlace);
+    wave->installEventFilter(this);
     showTempo();
 }
 
@@ -145,11 +147,13 @@ void TempoReadout::showTempo()
     if (!m_beats->grid().isEmpty()) {
         const double tempo = m_shownTempo = songTempo();
         m_shownBar = beatsPerBar();
-        const QString detail = tr("at %1 % · song %2 · %3/4")
-                                   .arg(qRound(speed))
-                                   .arg(barText::tempo(tempo))
-                                   .arg(m_shownBar);
-        showTexts(heard(tempo), detail, tr("Tempo: %1, %2").arg(heard(tempo), detail));
+        const QString whole = tr("at %1 % · song %2 · %3/4")
+                                  .arg(qRound(speed))
+                                  .arg(barText::tempo(tempo))
+                                  .arg(m_shownBar);
+        const QString brief = tr("at %1 % of %2").arg(qRound(speed)).arg(barText::tempo(tempo));
+        const QString &detail = m_wave->width() < narrowWave ? brief : whole;
+        showTexts(heard(tempo), detail, tr("Tempo: %1, %2").arg(heard(tempo), whole));
         return;
     }
     if (!m_beats->suggestion().isEmpty()) {
@@ -219,6 +223,11 @@ void TempoReadout::enter()
 /// The field goes when the edit ends, however it ends.
 bool TempoReadout::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_wave) {
+        if (event->type() == QEvent::Resize)
+            showTempo();
+        return false;
+    }
     bool isLost = false;
     if (event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();

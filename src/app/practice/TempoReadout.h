@@ -20,7 +20,7 @@ class TempoReadout : public QWidget {
 
 public:
     /// All must outlive this object. `wave` tells which place is heard.
-    TempoReadout(LB_AudioController *audio, const SongBeats *beats, const WaveView *wave,
+    TempoReadout(LB_AudioController *audio, const SongBeats *beats, WaveView *wave,
                  QWidget *parent = nullptr);
 
     /// The two texts as they are shown.

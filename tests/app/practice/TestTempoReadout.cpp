@@ -103,6 +103,15 @@ TEST_F(TheTempo, FollowsTheSong)
     EXPECT_TRUE(readout().detailText().endsWith(u"3/4"_s));
 }
 
+TEST_F(TheTempo, IsBriefWhereThereIsLittleRoom)
+{
+    setBeats(steadyGrid());
+    pane->resize(924, 250);
+    EXPECT_EQ(readout().detailText(), u"at 100 % of 120"_s);
+    pane->resize(1120, 320);
+    EXPECT_EQ(readout().detailText(), u"at 100 % · song 120 · 4/4"_s);
+}
+
 TEST_F(TheTempo, IsNamedForScreenReaders)
 {
     setBeats(steadyGrid());
