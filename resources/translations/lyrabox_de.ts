@@ -666,6 +666,234 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::BarText</name>
+    <message>
+        <source>1 bar</source>
+        <translation>1 Takt</translation>
+    </message>
+    <message>
+        <source>%1 bars</source>
+        <translation>%1 Takte</translation>
+    </message>
+    <message>
+        <source>1 beat</source>
+        <translation>1 Schlag</translation>
+    </message>
+    <message>
+        <source>%1 beats</source>
+        <translation>%1 Schläge</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::BeatPage</name>
+    <message>
+        <source>Play the song, and tap along with it.</source>
+        <translation>Spielen Sie den Song und tippen Sie mit.</translation>
+    </message>
+    <message>
+        <source>Tap along with at least four different beats.</source>
+        <translation>Tippen Sie zu mindestens vier verschiedenen Schlägen.</translation>
+    </message>
+    <message>
+        <source>These taps are slower than %1 BPM. Tap every beat.</source>
+        <translation>Das ist langsamer als %1 BPM. Tippen Sie jeden Schlag.</translation>
+    </message>
+    <message>
+        <source>These taps are faster than %1 BPM. Tap every second one.</source>
+        <translation>Das ist schneller als %1 BPM. Tippen Sie jeden zweiten.</translation>
+    </message>
+    <message>
+        <source>These taps are uneven. Wait a moment, and begin again at the first beat of a bar.</source>
+        <translation>Das ist ungleichmäßig. Warten Sie kurz und beginnen Sie neu auf dem ersten Schlag eines Taktes.</translation>
+    </message>
+    <message>
+        <source>The song has no beats of this tempo. Tap them instead.</source>
+        <translation>Der Song hat keine Schläge in diesem Tempo. Tippen Sie sie.</translation>
+    </message>
+    <message>
+        <source>The beats of this song cannot be changed.</source>
+        <translation>Die Taktschläge dieses Songs lassen sich nicht ändern.</translation>
+    </message>
+    <message>
+        <source>Tap %1 of %2 …</source>
+        <translation>Schlag %1 von %2 …</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>Der Song wird angehört …</translation>
+    </message>
+    <message>
+        <source>The beats of the whole song are known.</source>
+        <translation>Die Schläge des ganzen Songs sind bekannt.</translation>
+    </message>
+    <message>
+        <source>Where the wave is hatched, the beats are not known. Tap there, too.</source>
+        <translation>Wo die Welle schraffiert ist, sind die Schläge nicht bekannt. Tippen Sie auch dort.</translation>
+    </message>
+    <message>
+        <source>About %1 BPM. Use this, or tap eight beats from a first beat on.</source>
+        <translation>Etwa %1 BPM. Übernehmen Sie das oder tippen Sie ab einer Eins acht Schläge.</translation>
+    </message>
+    <message>
+        <source>Tap eight beats along with the song. Begin at the first beat of a bar.</source>
+        <translation>Tippen Sie acht Schläge mit. Beginnen Sie auf dem ersten Schlag eines Taktes.</translation>
+    </message>
+    <message>
+        <source>First beat</source>
+        <translation>Erster Schlag</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>Tippen</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Tempo of the song in beats per minute</source>
+        <translation>Tempo des Songs in Schlägen pro Minute</translation>
+    </message>
+    <message>
+        <source>Meter</source>
+        <translation>Taktart</translation>
+    </message>
+    <message>
+        <source>Change the bars only from the bar at the line on</source>
+        <translation>Die Takte erst ab dem Takt an der Linie ändern</translation>
+    </message>
+    <message>
+        <source>One beat less per bar</source>
+        <translation>Ein Schlag weniger pro Takt</translation>
+    </message>
+    <message>
+        <source>One beat more per bar</source>
+        <translation>Ein Schlag mehr pro Takt</translation>
+    </message>
+    <message>
+        <source>Beats per bar</source>
+        <translation>Schläge pro Takt</translation>
+    </message>
+    <message>
+        <source>from bar %1</source>
+        <translation>ab Takt %1</translation>
+    </message>
+    <message>
+        <source>from here</source>
+        <translation>ab hier</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ChoiceButton</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ClickSettingsPanel</name>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Klang</translation>
+    </message>
+    <message>
+        <source>Tick</source>
+        <translation>Tick</translation>
+    </message>
+    <message>
+        <source>Wood</source>
+        <translation>Holz</translation>
+    </message>
+    <message>
+        <source>Beep</source>
+        <translation>Piep</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Accent</source>
+        <translation>Betonung</translation>
+    </message>
+    <message>
+        <source>On 1</source>
+        <translation>Auf 1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>Taktschläge</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Only 2 and 4</source>
+        <translation>Nur 2 und 4</translation>
+    </message>
+    <message>
+        <source>Clicks in a beat</source>
+        <translation>Klicks je Schlag</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Bars that sound</source>
+        <translation>Takte mit Klick</translation>
+    </message>
+    <message>
+        <source>Silent bars</source>
+        <translation>Stumme Takte</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Takte</translation>
+    </message>
+    <message>
+        <source>sound, then</source>
+        <translation>klingen, dann</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>stumm</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::Composition</name>
     <message>
         <source>Slower by 5 percent</source>
@@ -798,6 +1026,195 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Stopped: not all songs are in the list</source>
         <translation>Angehalten: Nicht alle Titel sind in der Liste</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::CountInSettingsPanel</name>
+    <message>
+        <source>Count-in</source>
+        <translation>Einzähler</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>At Play</source>
+        <translation>Beim Start</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>Vor jedem Durchgang</translation>
+    </message>
+    <message>
+        <source>1 bar</source>
+        <translation>1 Takt</translation>
+    </message>
+    <message>
+        <source>2 bars</source>
+        <translation>2 Takte</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>Schläge</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Beats of the count-in</source>
+        <translation>Schläge des Einzählers</translation>
+    </message>
+    <message>
+        <source>Bars of the loop</source>
+        <translation>Takte der Schleife</translation>
+    </message>
+    <message>
+        <source>Beats of a bar</source>
+        <translation>Schläge je Takt</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>bars of</source>
+        <translation>Takte zu</translation>
+    </message>
+    <message>
+        <source>This loop has</source>
+        <translation>Die Schleife hat</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Vergessen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryLoops</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>This Song</source>
+        <translation>Dieser Titel</translation>
+    </message>
+    <message>
+        <source>Other Songs, Longest Not Practised First</source>
+        <translation>Andere Titel, am längsten nicht geübte zuerst</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Gestern</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keines</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Best</source>
+        <translation>Bestes</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>Geübt</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryWindow</name>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>Bestes Tempo</translation>
+    </message>
+    <message>
+        <source>Week</source>
+        <translation>Woche</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>Geübt</translation>
+    </message>
+    <message>
+        <source>Forget History…</source>
+        <translation>Verlauf vergessen …</translation>
+    </message>
+    <message>
+        <source>Practice History</source>
+        <translation>Übungsverlauf</translation>
+    </message>
+    <message>
+        <source>Nothing was practised yet. Keep a loop and play it: its best speed of each day, and the minutes of each week, appear here.</source>
+        <translation>Noch wurde nichts geübt. Eine Schleife merken und spielen: Hier erscheinen ihr bestes Tempo an jedem Tag und die Minuten jeder Woche.</translation>
+    </message>
+    <message>
+        <source>Practised loops</source>
+        <translation>Geübte Schleifen</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Diagramm</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tabelle</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Best Speed of Each Day</source>
+        <translation>Bestes Tempo an jedem Tag</translation>
+    </message>
+    <message>
+        <source>Minutes of Each Week, All Loops</source>
+        <translation>Minuten jeder Woche, alle Schleifen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>The history is kept on this computer only.</source>
+        <translation>Der Verlauf bleibt auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>The history could not be deleted.</source>
+        <translation>Der Verlauf ließ sich nicht löschen.</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Forget the whole history?</source>
+        <translation>Den ganzen Verlauf vergessen?</translation>
+    </message>
+    <message>
+        <source>The best speeds and the minutes of all songs are deleted from this computer. They were never anywhere else. Loops and markers stay.</source>
+        <translation>Die besten Tempi und die Minuten aller Titel werden von diesem Computer gelöscht. Sie waren nie woanders. Schleifen und Marken bleiben.</translation>
+    </message>
+    <message>
+        <source>Forget History</source>
+        <translation>Verlauf vergessen</translation>
     </message>
 </context>
 <context>
@@ -957,6 +1374,14 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Speed</source>
         <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Best speed: %1 %</source>
+        <translation>Bestes Tempo: %1 %</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>Bestes Tempo</translation>
     </message>
 </context>
 <context>
@@ -1185,6 +1610,17 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::MetronomeText</name>
+    <message>
+        <source>Tap the beat first: T</source>
+        <translation>Zuerst den Takt tippen: T</translation>
+    </message>
+    <message>
+        <source>Tap the beat first: T. Or make a loop and say how many bars it has.</source>
+        <translation>Zuerst den Takt tippen: T. Oder eine Schleife setzen und angeben, wie viele Takte sie hat.</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1278,18 +1714,6 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <translation>1 ms s&amp;päter</translation>
     </message>
     <message>
-        <source>100 ms Earl&amp;ier</source>
-        <translation>100 ms frü&amp;her</translation>
-    </message>
-    <message>
-        <source>100 ms Late&amp;r</source>
-        <translation>100 ms spä&amp;ter</translation>
-    </message>
-    <message>
-        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
-        <translation>%1 um 10 ms (mit Alt 1 ms, mit Umschalt 100 ms)</translation>
-    </message>
-    <message>
         <source>Move &amp;Start</source>
         <translation>&amp;Anfang verschieben</translation>
     </message>
@@ -1341,6 +1765,106 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>&amp;Wave</source>
         <translation>&amp;Welle</translation>
     </message>
+    <message>
+        <source>&amp;Beats</source>
+        <translation>Taktschlä&amp;ge</translation>
+    </message>
+    <message>
+        <source>&amp;Tap Beat</source>
+        <translation>Takt &amp;tippen</translation>
+    </message>
+    <message>
+        <source>&amp;Use Suggestion</source>
+        <translation>&amp;Vorschlag übernehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Half the Tempo</source>
+        <translation>&amp;Halbes Tempo</translation>
+    </message>
+    <message>
+        <source>T&amp;wice the Tempo</source>
+        <translation>&amp;Doppeltes Tempo</translation>
+    </message>
+    <message>
+        <source>Three Hal&amp;ves of the Tempo</source>
+        <translation>A&amp;nderthalbfaches Tempo</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Earlier</source>
+        <translation>Takte einen Schlag &amp;früher</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Later</source>
+        <translation>Takte einen Schlag &amp;später</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms E&amp;arlier</source>
+        <translation>Schlag an der Linie 10 ms f&amp;rüher</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms Late&amp;r</source>
+        <translation>Schlag an der Linie 10 ms s&amp;päter</translation>
+    </message>
+    <message>
+        <source>&amp;Clear Beats</source>
+        <translation>Takts&amp;chläge löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Click and Count-in</source>
+        <translation>Kli&amp;ck und Einzähler</translation>
+    </message>
+    <message>
+        <source>&amp;Click</source>
+        <translation>&amp;Klick</translation>
+    </message>
+    <message>
+        <source>Count-&amp;in</source>
+        <translation>E&amp;inzähler</translation>
+    </message>
+    <message>
+        <source>Click &amp;Settings…</source>
+        <translation>Klick&amp;einstellungen …</translation>
+    </message>
+    <message>
+        <source>Count-in S&amp;ettings…</source>
+        <translation>Einzähleinste&amp;llungen …</translation>
+    </message>
+    <message>
+        <source>Histor&amp;y…</source>
+        <translation>Verlau&amp;f …</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Earl&amp;ier</source>
+        <translation>Einen Schlag oder 100 ms frü&amp;her</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Late&amp;r</source>
+        <translation>Einen Schlag oder 100 ms spä&amp;ter</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift a beat)</source>
+        <translation>%1 um 10 ms (mit Alt 1 ms, mit Umschalt ein Schlag)</translation>
+    </message>
+    <message>
+        <source>Tr&amp;ainer</source>
+        <translation>Trai&amp;ner</translation>
+    </message>
+    <message>
+        <source>&amp;Train Loop</source>
+        <translation>Schleife &amp;trainieren</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate Loops</source>
+        <translation>Schleifen &amp;abwechseln</translation>
+    </message>
+    <message>
+        <source>Pass &amp;Missed</source>
+        <translation>Durchgang &amp;misslungen</translation>
+    </message>
+    <message>
+        <source>Pass R&amp;ight</source>
+        <translation>Durchgang &amp;richtig</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1367,6 +1891,14 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Recognising the song…</source>
         <translation>Titel wird erkannt …</translation>
+    </message>
+    <message>
+        <source>The practice history cannot be written to the disk. What is added to it is lost when Lyrabox ends.</source>
+        <translation>Der Übungsverlauf lässt sich nicht speichern. Was hinzukommt, geht verloren, wenn Lyrabox endet.</translation>
+    </message>
+    <message>
+        <source>Some lines of the practice history cannot be read and are left out.</source>
+        <translation>Manche Zeilen des Übungsverlaufs sind nicht lesbar und werden ausgelassen.</translation>
     </message>
 </context>
 <context>
@@ -1421,12 +1953,67 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Loops</source>
         <translation>Schleifen</translation>
     </message>
+    <message>
+        <source>Trainer</source>
+        <translation>Trainer</translation>
+    </message>
+    <message>
+        <source>Missed</source>
+        <translation>Misslungen</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Richtig</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Abwechseln</translation>
+    </message>
+    <message>
+        <source>Beat</source>
+        <translation>Takt</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::ProgressPanel</name>
     <message>
         <source>Progress</source>
         <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::RotationBox</name>
+    <message>
+        <source>Unit of a turn</source>
+        <translation>Einheit einer Runde</translation>
+    </message>
+    <message>
+        <source>passes</source>
+        <translation>Durchgänge</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Abwechslung</translation>
+    </message>
+    <message>
+        <source>Loops take turns, in shuffled order. Without a tick, all do.</source>
+        <translation>Schleifen wechseln sich in gemischter Folge ab. Ohne Häkchen alle.</translation>
+    </message>
+    <message>
+        <source>Each for</source>
+        <translation>Jede</translation>
+    </message>
+    <message>
+        <source>Length of a turn</source>
+        <translation>Länge einer Runde</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Schleife %1</translation>
     </message>
 </context>
 <context>
@@ -1476,10 +2063,87 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::SnapButton</name>
+    <message>
+        <source>Beat</source>
+        <translation>Schlag</translation>
+    </message>
+    <message>
+        <source>Attack</source>
+        <translation>Anschlag</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>What the ends of loops, and markers, snap to when they are dragged. With Shift they don&apos;t.</source>
+        <translation>Worauf die Enden von Schleifen und Marken beim Ziehen einrasten. Mit Umschalt rasten sie nicht ein.</translation>
+    </message>
+    <message>
+        <source>Snap: %1</source>
+        <translation>Einrasten: %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SpeedPlot</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>From %1 on %2 to %3 on %4; the best is %5</source>
+        <translation>Von %1 am %2 bis %3 am %4; das beste ist %5</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SplitView</name>
     <message>
         <source>Divider</source>
         <translation>Teiler</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TempoReadout</name>
+    <message>
+        <source>Type a tempo</source>
+        <translation>Ein Tempo eingeben</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source> BPM</source>
+        <translation> BPM</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>tap %1 of %2</source>
+        <translation>Schlag %1 von %2</translation>
+    </message>
+    <message>
+        <source>at %1 % · song %2 · %3/4</source>
+        <translation>bei %1 % · Song %2 · %3/4</translation>
+    </message>
+    <message>
+        <source>Tempo: %1, %2</source>
+        <translation>Tempo: %1, %2</translation>
+    </message>
+    <message>
+        <source>about %1 BPM</source>
+        <translation>etwa %1 BPM</translation>
+    </message>
+    <message>
+        <source>at %1 % of %2</source>
+        <translation>bei %1 % von %2</translation>
     </message>
 </context>
 <context>
@@ -1510,6 +2174,267 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::TrainerLadder</name>
+    <message>
+        <source>%1, present speed</source>
+        <translation>%1, jetziges Tempo</translation>
+    </message>
+    <message>
+        <source>%1, played</source>
+        <translation>%1, gespielt</translation>
+    </message>
+    <message>
+        <source>Go on at %1</source>
+        <translation>Mit %1 weiter</translation>
+    </message>
+    <message>
+        <source>Ladder</source>
+        <translation>Leiter</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerPage</name>
+    <message>
+        <source>First speed</source>
+        <translation>Erstes Tempo</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>bis</translation>
+    </message>
+    <message>
+        <source>Last speed</source>
+        <translation>Letztes Tempo</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Speeds</source>
+        <translation>Tempi</translation>
+    </message>
+    <message>
+        <source>Size of a step</source>
+        <translation>Größe einer Stufe</translation>
+    </message>
+    <message>
+        <source>Way through the speeds</source>
+        <translation>Weg durch die Tempi</translation>
+    </message>
+    <message>
+        <source>One speed</source>
+        <translation>Ein Tempo</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Aufwärts</translation>
+    </message>
+    <message>
+        <source>Two up, one down</source>
+        <translation>Zwei auf, eine ab</translation>
+    </message>
+    <message>
+        <source>Up and back</source>
+        <translation>Auf und ab</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Stufen</translation>
+    </message>
+    <message>
+        <source>Passes at each speed</source>
+        <translation>Durchgänge je Tempo</translation>
+    </message>
+    <message>
+        <source>How passes add up</source>
+        <translation>Wie Durchgänge zählen</translation>
+    </message>
+    <message>
+        <source>in a row</source>
+        <translation>in Folge</translation>
+    </message>
+    <message>
+        <source>in all</source>
+        <translation>insgesamt</translation>
+    </message>
+    <message>
+        <source>Passes</source>
+        <translation>Durchgänge</translation>
+    </message>
+    <message>
+        <source>On a miss</source>
+        <translation>Bei Fehler</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Bleiben</translation>
+    </message>
+    <message>
+        <source>One step down</source>
+        <translation>Eine Stufe ab</translation>
+    </message>
+    <message>
+        <source>Two steps down</source>
+        <translation>Zwei Stufen ab</translation>
+    </message>
+    <message>
+        <source>To the first speed</source>
+        <translation>Zum ersten Tempo</translation>
+    </message>
+    <message>
+        <source>At the top</source>
+        <translation>Am Ziel</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Next loop</source>
+        <translation>Nächste Schleife</translation>
+    </message>
+    <message>
+        <source>From the start</source>
+        <translation>Von vorn</translation>
+    </message>
+    <message>
+        <source>10 % more</source>
+        <translation>10 % mehr</translation>
+    </message>
+    <message>
+        <source>What counts</source>
+        <translation>Was zählt</translation>
+    </message>
+    <message>
+        <source>All but the missed</source>
+        <translation>Alle außer misslungene</translation>
+    </message>
+    <message>
+        <source>Only the right ones</source>
+        <translation>Nur richtige</translation>
+    </message>
+    <message>
+        <source>Counts</source>
+        <translation>Es zählen</translation>
+    </message>
+    <message>
+        <source>Before a pass</source>
+        <translation>Vor einem Durchgang</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>Nichts</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Einzähler</translation>
+    </message>
+    <message>
+        <source>Run-up</source>
+        <translation>Anlauf</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Beats before a pass</source>
+        <translation>Schläge vor einem Durchgang</translation>
+    </message>
+    <message>
+        <source>beats</source>
+        <translation>Schläge</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Davor</translation>
+    </message>
+    <message>
+        <source>When to count in</source>
+        <translation>Wann eingezählt wird</translation>
+    </message>
+    <message>
+        <source>At the start</source>
+        <translation>Am Anfang</translation>
+    </message>
+    <message>
+        <source>At a new speed</source>
+        <translation>Bei neuem Tempo</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>Vor jedem Durchgang</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>This ladder needs the song&apos;s beats.</source>
+        <translation>Diese Leiter braucht die Schläge des Titels.</translation>
+    </message>
+    <message>
+        <source>Make a loop to train it.</source>
+        <translation>Legen Sie zum Trainieren eine Schleife an.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerWords</name>
+    <message>
+        <source>this pass is missed</source>
+        <translation>dieser Durchgang ist misslungen</translation>
+    </message>
+    <message>
+        <source>this pass is right</source>
+        <translation>dieser Durchgang ist richtig</translation>
+    </message>
+    <message>
+        <source>slower</source>
+        <translation>langsamer</translation>
+    </message>
+    <message>
+        <source>missed</source>
+        <translation>misslungen</translation>
+    </message>
+    <message>
+        <source>at the top</source>
+        <translation>am Ziel</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>pass %1 of %2</source>
+        <translation>Durchgang %1 von %2</translation>
+    </message>
+    <message>
+        <source>next %1</source>
+        <translation>dann %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::WaveView</name>
     <message>
         <source>%1, loop from %2 to %3</source>
@@ -1518,6 +2443,37 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Wave</source>
         <translation>Welle</translation>
+    </message>
+    <message>
+        <source>%1, bar %2</source>
+        <translation>%1, Takt %2</translation>
+    </message>
+    <message>
+        <source>tap here, too</source>
+        <translation>hier auch tippen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WeekBars</name>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 in the week of %2</source>
+        <translation>%1 in der Woche vom %2</translation>
+    </message>
+    <message>
+        <source>Week of %1: %2</source>
+        <translation>Woche vom %1: %2</translation>
     </message>
 </context>
 <context>

@@ -666,6 +666,234 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::BarText</name>
+    <message>
+        <source>1 bar</source>
+        <translation>1 compás</translation>
+    </message>
+    <message>
+        <source>%1 bars</source>
+        <translation>%1 compases</translation>
+    </message>
+    <message>
+        <source>1 beat</source>
+        <translation>1 pulso</translation>
+    </message>
+    <message>
+        <source>%1 beats</source>
+        <translation>%1 pulsos</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::BeatPage</name>
+    <message>
+        <source>Play the song, and tap along with it.</source>
+        <translation>Reproduzca la canción y marque con ella.</translation>
+    </message>
+    <message>
+        <source>Tap along with at least four different beats.</source>
+        <translation>Marque al menos cuatro pulsos distintos.</translation>
+    </message>
+    <message>
+        <source>These taps are slower than %1 BPM. Tap every beat.</source>
+        <translation>Es más lento que %1 BPM. Marque cada pulso.</translation>
+    </message>
+    <message>
+        <source>These taps are faster than %1 BPM. Tap every second one.</source>
+        <translation>Es más rápido que %1 BPM. Marque uno de cada dos.</translation>
+    </message>
+    <message>
+        <source>These taps are uneven. Wait a moment, and begin again at the first beat of a bar.</source>
+        <translation>Es irregular. Espere un momento y empiece de nuevo en el primer pulso de un compás.</translation>
+    </message>
+    <message>
+        <source>The song has no beats of this tempo. Tap them instead.</source>
+        <translation>La canción no tiene pulsos de ese tempo. Márquelos.</translation>
+    </message>
+    <message>
+        <source>The beats of this song cannot be changed.</source>
+        <translation>Los pulsos de esta canción no se pueden cambiar.</translation>
+    </message>
+    <message>
+        <source>Tap %1 of %2 …</source>
+        <translation>Pulso %1 de %2…</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>Escuchando la canción…</translation>
+    </message>
+    <message>
+        <source>The beats of the whole song are known.</source>
+        <translation>Se conocen los pulsos de toda la canción.</translation>
+    </message>
+    <message>
+        <source>Where the wave is hatched, the beats are not known. Tap there, too.</source>
+        <translation>Donde la onda está rayada no se conocen los pulsos. Marque allí también.</translation>
+    </message>
+    <message>
+        <source>About %1 BPM. Use this, or tap eight beats from a first beat on.</source>
+        <translation>Unos %1 BPM. Úselo o marque ocho pulsos desde un primer pulso.</translation>
+    </message>
+    <message>
+        <source>Tap eight beats along with the song. Begin at the first beat of a bar.</source>
+        <translation>Marque ocho pulsos con la canción, desde el primer pulso de un compás.</translation>
+    </message>
+    <message>
+        <source>First beat</source>
+        <translation>Primer pulso</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>Marcar</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Usar</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Borrar</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Tempo of the song in beats per minute</source>
+        <translation>Tempo de la canción en pulsos por minuto</translation>
+    </message>
+    <message>
+        <source>Meter</source>
+        <translation>Compás</translation>
+    </message>
+    <message>
+        <source>Change the bars only from the bar at the line on</source>
+        <translation>Cambiar los compases solo desde el de la línea</translation>
+    </message>
+    <message>
+        <source>One beat less per bar</source>
+        <translation>Un pulso menos por compás</translation>
+    </message>
+    <message>
+        <source>One beat more per bar</source>
+        <translation>Un pulso más por compás</translation>
+    </message>
+    <message>
+        <source>Beats per bar</source>
+        <translation>Pulsos por compás</translation>
+    </message>
+    <message>
+        <source>from bar %1</source>
+        <translation>desde %1</translation>
+    </message>
+    <message>
+        <source>from here</source>
+        <translation>desde aquí</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ChoiceButton</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ClickSettingsPanel</name>
+    <message>
+        <source>Click</source>
+        <translation>Clic</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Sonido</translation>
+    </message>
+    <message>
+        <source>Tick</source>
+        <translation>Tic</translation>
+    </message>
+    <message>
+        <source>Wood</source>
+        <translation>Madera</translation>
+    </message>
+    <message>
+        <source>Beep</source>
+        <translation>Pitido</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Lado</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Izquierda</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Ambos</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Derecha</translation>
+    </message>
+    <message>
+        <source>Accent</source>
+        <translation>Acento</translation>
+    </message>
+    <message>
+        <source>On 1</source>
+        <translation>En el 1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>Pulsos</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Todos</translation>
+    </message>
+    <message>
+        <source>Only 2 and 4</source>
+        <translation>Solo 2 y 4</translation>
+    </message>
+    <message>
+        <source>Clicks in a beat</source>
+        <translation>Clics por pulso</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Bars that sound</source>
+        <translation>Compases con clic</translation>
+    </message>
+    <message>
+        <source>Silent bars</source>
+        <translation>Compases mudos</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Compases</translation>
+    </message>
+    <message>
+        <source>sound, then</source>
+        <translation>suenan, luego</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>mudos</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::Composition</name>
     <message>
         <source>Slower by 5 percent</source>
@@ -798,6 +1026,195 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Stopped: not all songs are in the list</source>
         <translation>Detenido: no todas las canciones están en la lista</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::CountInSettingsPanel</name>
+    <message>
+        <source>Count-in</source>
+        <translation>Cuenta previa</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Cuándo</translation>
+    </message>
+    <message>
+        <source>At Play</source>
+        <translation>Al reproducir</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>Antes de cada pasada</translation>
+    </message>
+    <message>
+        <source>1 bar</source>
+        <translation>1 compás</translation>
+    </message>
+    <message>
+        <source>2 bars</source>
+        <translation>2 compases</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>Pulsos</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Duración</translation>
+    </message>
+    <message>
+        <source>Beats of the count-in</source>
+        <translation>Pulsos de la cuenta previa</translation>
+    </message>
+    <message>
+        <source>Bars of the loop</source>
+        <translation>Compases del bucle</translation>
+    </message>
+    <message>
+        <source>Beats of a bar</source>
+        <translation>Pulsos por compás</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Fijar</translation>
+    </message>
+    <message>
+        <source>bars of</source>
+        <translation>compases de</translation>
+    </message>
+    <message>
+        <source>This loop has</source>
+        <translation>Este bucle tiene</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Olvidar</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryLoops</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 a %2</translation>
+    </message>
+    <message>
+        <source>This Song</source>
+        <translation>Esta canción</translation>
+    </message>
+    <message>
+        <source>Other Songs, Longest Not Practised First</source>
+        <translation>Otras canciones, primero las más olvidadas</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Hoy</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Ayer</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>ninguna</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Canción</translation>
+    </message>
+    <message>
+        <source>Best</source>
+        <translation>Mejor</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>Practicado</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryWindow</name>
+    <message>
+        <source>Day</source>
+        <translation>Día</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>Mejor velocidad</translation>
+    </message>
+    <message>
+        <source>Week</source>
+        <translation>Semana</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>Practicado</translation>
+    </message>
+    <message>
+        <source>Forget History…</source>
+        <translation>Olvidar el historial…</translation>
+    </message>
+    <message>
+        <source>Practice History</source>
+        <translation>Historial de práctica</translation>
+    </message>
+    <message>
+        <source>Nothing was practised yet. Keep a loop and play it: its best speed of each day, and the minutes of each week, appear here.</source>
+        <translation>Todavía no se ha practicado nada. Guarda un bucle y reprodúcelo: aquí aparecerán su mejor velocidad de cada día y los minutos de cada semana.</translation>
+    </message>
+    <message>
+        <source>Practised loops</source>
+        <translation>Bucles practicados</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Gráfico</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tabla</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>Forma</translation>
+    </message>
+    <message>
+        <source>Best Speed of Each Day</source>
+        <translation>Mejor velocidad de cada día</translation>
+    </message>
+    <message>
+        <source>Minutes of Each Week, All Loops</source>
+        <translation>Minutos de cada semana, todos los bucles</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>The history is kept on this computer only.</source>
+        <translation>El historial se queda en este equipo.</translation>
+    </message>
+    <message>
+        <source>The history could not be deleted.</source>
+        <translation>No se pudo borrar el historial.</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Forget the whole history?</source>
+        <translation>¿Olvidar todo el historial?</translation>
+    </message>
+    <message>
+        <source>The best speeds and the minutes of all songs are deleted from this computer. They were never anywhere else. Loops and markers stay.</source>
+        <translation>Las mejores velocidades y los minutos de todas las canciones se borran de este equipo. Nunca estuvieron en otro sitio. Los bucles y las marcas se quedan.</translation>
+    </message>
+    <message>
+        <source>Forget History</source>
+        <translation>Olvidar el historial</translation>
     </message>
 </context>
 <context>
@@ -957,6 +1374,14 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Speed</source>
         <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Best speed: %1 %</source>
+        <translation>Mejor velocidad: %1 %</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>Mejor velocidad</translation>
     </message>
 </context>
 <context>
@@ -1185,6 +1610,17 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::MetronomeText</name>
+    <message>
+        <source>Tap the beat first: T</source>
+        <translation>Primero marque el pulso: T</translation>
+    </message>
+    <message>
+        <source>Tap the beat first: T. Or make a loop and say how many bars it has.</source>
+        <translation>Primero marque el pulso: T. O cree un bucle e indique cuántos compases tiene.</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1278,18 +1714,6 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <translation>1 ms de&amp;spués</translation>
     </message>
     <message>
-        <source>100 ms Earl&amp;ier</source>
-        <translation>100 ms an&amp;tes</translation>
-    </message>
-    <message>
-        <source>100 ms Late&amp;r</source>
-        <translation>100 ms des&amp;pués</translation>
-    </message>
-    <message>
-        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
-        <translation>%1 10 ms (con Alt 1 ms, con Mayús 100 ms)</translation>
-    </message>
-    <message>
         <source>Move &amp;Start</source>
         <translation>Mover &amp;inicio</translation>
     </message>
@@ -1341,6 +1765,106 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>&amp;Wave</source>
         <translation>&amp;Onda</translation>
     </message>
+    <message>
+        <source>&amp;Beats</source>
+        <translation>P&amp;ulsos</translation>
+    </message>
+    <message>
+        <source>&amp;Tap Beat</source>
+        <translation>&amp;Marcar pulso</translation>
+    </message>
+    <message>
+        <source>&amp;Use Suggestion</source>
+        <translation>&amp;Usar sugerencia</translation>
+    </message>
+    <message>
+        <source>&amp;Half the Tempo</source>
+        <translation>Mi&amp;tad del tempo</translation>
+    </message>
+    <message>
+        <source>T&amp;wice the Tempo</source>
+        <translation>&amp;Doble del tempo</translation>
+    </message>
+    <message>
+        <source>Three Hal&amp;ves of the Tempo</source>
+        <translation>Tr&amp;es medios del tempo</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Earlier</source>
+        <translation>Compases un pulso a&amp;ntes</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Later</source>
+        <translation>Compases un pulso de&amp;spués</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms E&amp;arlier</source>
+        <translation>Pulso en la línea 10 ms &amp;antes</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms Late&amp;r</source>
+        <translation>Pulso en la línea 10 ms des&amp;pués</translation>
+    </message>
+    <message>
+        <source>&amp;Clear Beats</source>
+        <translation>&amp;Borrar pulsos</translation>
+    </message>
+    <message>
+        <source>&amp;Click and Count-in</source>
+        <translation>Clic &amp;y cuenta previa</translation>
+    </message>
+    <message>
+        <source>&amp;Click</source>
+        <translation>&amp;Clic</translation>
+    </message>
+    <message>
+        <source>Count-&amp;in</source>
+        <translation>Cuenta prev&amp;ia</translation>
+    </message>
+    <message>
+        <source>Click &amp;Settings…</source>
+        <translation>&amp;Ajustes del clic…</translation>
+    </message>
+    <message>
+        <source>Count-in S&amp;ettings…</source>
+        <translation>Aj&amp;ustes de la cuenta previa…</translation>
+    </message>
+    <message>
+        <source>Histor&amp;y…</source>
+        <translation>Historial de &amp;práctica…</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Earl&amp;ier</source>
+        <translation>Un pulso o 100 ms an&amp;tes</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Late&amp;r</source>
+        <translation>Un pulso o 100 ms des&amp;pués</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift a beat)</source>
+        <translation>%1 10 ms (con Alt 1 ms, con Mayús un pulso)</translation>
+    </message>
+    <message>
+        <source>Tr&amp;ainer</source>
+        <translation>E&amp;ntrenador</translation>
+    </message>
+    <message>
+        <source>&amp;Train Loop</source>
+        <translation>&amp;Entrenar el bucle</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate Loops</source>
+        <translation>&amp;Alternar los bucles</translation>
+    </message>
+    <message>
+        <source>Pass &amp;Missed</source>
+        <translation>Pasada &amp;fallida</translation>
+    </message>
+    <message>
+        <source>Pass R&amp;ight</source>
+        <translation>Pasada &amp;correcta</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1367,6 +1891,14 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Recognising the song…</source>
         <translation>Reconociendo la canción…</translation>
+    </message>
+    <message>
+        <source>The practice history cannot be written to the disk. What is added to it is lost when Lyrabox ends.</source>
+        <translation>El historial de práctica no se puede guardar en el disco. Lo que se añada se perderá al cerrar Lyrabox.</translation>
+    </message>
+    <message>
+        <source>Some lines of the practice history cannot be read and are left out.</source>
+        <translation>Algunas líneas del historial de práctica no se pueden leer y se omiten.</translation>
     </message>
 </context>
 <context>
@@ -1421,12 +1953,67 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Loops</source>
         <translation>Bucles</translation>
     </message>
+    <message>
+        <source>Trainer</source>
+        <translation>Entrenador</translation>
+    </message>
+    <message>
+        <source>Missed</source>
+        <translation>Fallida</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Correcta</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Alternar</translation>
+    </message>
+    <message>
+        <source>Beat</source>
+        <translation>Pulso</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::ProgressPanel</name>
     <message>
         <source>Progress</source>
         <translation>Progreso</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::RotationBox</name>
+    <message>
+        <source>Unit of a turn</source>
+        <translation>Unidad de un turno</translation>
+    </message>
+    <message>
+        <source>passes</source>
+        <translation>pasadas</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>minutos</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Alternancia</translation>
+    </message>
+    <message>
+        <source>Loops take turns, in shuffled order. Without a tick, all do.</source>
+        <translation>Los bucles se turnan en orden aleatorio. Sin marcas, todos.</translation>
+    </message>
+    <message>
+        <source>Each for</source>
+        <translation>Cada uno</translation>
+    </message>
+    <message>
+        <source>Length of a turn</source>
+        <translation>Duración de un turno</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Bucle %1</translation>
     </message>
 </context>
 <context>
@@ -1476,10 +2063,87 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::SnapButton</name>
+    <message>
+        <source>Beat</source>
+        <translation>Pulso</translation>
+    </message>
+    <message>
+        <source>Attack</source>
+        <translation>Ataque</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>What the ends of loops, and markers, snap to when they are dragged. With Shift they don&apos;t.</source>
+        <translation>A qué se ajustan los extremos de los bucles y los marcadores al arrastrarlos. Con Mayús no se ajustan.</translation>
+    </message>
+    <message>
+        <source>Snap: %1</source>
+        <translation>Ajustar: %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SpeedPlot</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>From %1 on %2 to %3 on %4; the best is %5</source>
+        <translation>De %1 el %2 a %3 el %4; la mejor es %5</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SplitView</name>
     <message>
         <source>Divider</source>
         <translation>Divisor</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TempoReadout</name>
+    <message>
+        <source>Type a tempo</source>
+        <translation>Escriba un tempo</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source> BPM</source>
+        <translation> BPM</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>tap %1 of %2</source>
+        <translation>pulso %1 de %2</translation>
+    </message>
+    <message>
+        <source>at %1 % · song %2 · %3/4</source>
+        <translation>al %1 % · canción %2 · %3/4</translation>
+    </message>
+    <message>
+        <source>Tempo: %1, %2</source>
+        <translation>Tempo: %1, %2</translation>
+    </message>
+    <message>
+        <source>about %1 BPM</source>
+        <translation>unos %1 BPM</translation>
+    </message>
+    <message>
+        <source>at %1 % of %2</source>
+        <translation>al %1 % de %2</translation>
     </message>
 </context>
 <context>
@@ -1510,6 +2174,267 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::TrainerLadder</name>
+    <message>
+        <source>%1, present speed</source>
+        <translation>%1, velocidad actual</translation>
+    </message>
+    <message>
+        <source>%1, played</source>
+        <translation>%1, ya tocada</translation>
+    </message>
+    <message>
+        <source>Go on at %1</source>
+        <translation>Seguir a %1</translation>
+    </message>
+    <message>
+        <source>Ladder</source>
+        <translation>Escalera</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerPage</name>
+    <message>
+        <source>First speed</source>
+        <translation>Primera velocidad</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>a</translation>
+    </message>
+    <message>
+        <source>Last speed</source>
+        <translation>Última velocidad</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Unidad</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Speeds</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Size of a step</source>
+        <translation>Tamaño de un paso</translation>
+    </message>
+    <message>
+        <source>Way through the speeds</source>
+        <translation>Recorrido por las velocidades</translation>
+    </message>
+    <message>
+        <source>One speed</source>
+        <translation>Una velocidad</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Subida</translation>
+    </message>
+    <message>
+        <source>Two up, one down</source>
+        <translation>Dos arriba, uno abajo</translation>
+    </message>
+    <message>
+        <source>Up and back</source>
+        <translation>Subida y bajada</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Pasos</translation>
+    </message>
+    <message>
+        <source>Passes at each speed</source>
+        <translation>Pasadas por velocidad</translation>
+    </message>
+    <message>
+        <source>How passes add up</source>
+        <translation>Cómo se suman las pasadas</translation>
+    </message>
+    <message>
+        <source>in a row</source>
+        <translation>seguidas</translation>
+    </message>
+    <message>
+        <source>in all</source>
+        <translation>en total</translation>
+    </message>
+    <message>
+        <source>Passes</source>
+        <translation>Pasadas</translation>
+    </message>
+    <message>
+        <source>On a miss</source>
+        <translation>Si falla</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Quedarse</translation>
+    </message>
+    <message>
+        <source>One step down</source>
+        <translation>Un paso abajo</translation>
+    </message>
+    <message>
+        <source>Two steps down</source>
+        <translation>Dos pasos abajo</translation>
+    </message>
+    <message>
+        <source>To the first speed</source>
+        <translation>A la primera velocidad</translation>
+    </message>
+    <message>
+        <source>At the top</source>
+        <translation>Al final</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Seguir</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Parar</translation>
+    </message>
+    <message>
+        <source>Next loop</source>
+        <translation>Bucle siguiente</translation>
+    </message>
+    <message>
+        <source>From the start</source>
+        <translation>Desde el principio</translation>
+    </message>
+    <message>
+        <source>10 % more</source>
+        <translation>10 % más</translation>
+    </message>
+    <message>
+        <source>What counts</source>
+        <translation>Qué cuenta</translation>
+    </message>
+    <message>
+        <source>All but the missed</source>
+        <translation>Todas menos las fallidas</translation>
+    </message>
+    <message>
+        <source>Only the right ones</source>
+        <translation>Solo las correctas</translation>
+    </message>
+    <message>
+        <source>Counts</source>
+        <translation>Cuentan</translation>
+    </message>
+    <message>
+        <source>Before a pass</source>
+        <translation>Antes de una pasada</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>Nada</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Cuenta previa</translation>
+    </message>
+    <message>
+        <source>Run-up</source>
+        <translation>Impulso</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Silencio</translation>
+    </message>
+    <message>
+        <source>Beats before a pass</source>
+        <translation>Pulsos antes de una pasada</translation>
+    </message>
+    <message>
+        <source>beats</source>
+        <translation>pulsos</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+    <message>
+        <source>When to count in</source>
+        <translation>Cuándo contar</translation>
+    </message>
+    <message>
+        <source>At the start</source>
+        <translation>Al principio</translation>
+    </message>
+    <message>
+        <source>At a new speed</source>
+        <translation>Con cada velocidad nueva</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>Antes de cada pasada</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nunca</translation>
+    </message>
+    <message>
+        <source>This ladder needs the song&apos;s beats.</source>
+        <translation>Esta escalera necesita los pulsos de la canción.</translation>
+    </message>
+    <message>
+        <source>Make a loop to train it.</source>
+        <translation>Cree un bucle para entrenarlo.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerWords</name>
+    <message>
+        <source>this pass is missed</source>
+        <translation>esta pasada es fallida</translation>
+    </message>
+    <message>
+        <source>this pass is right</source>
+        <translation>esta pasada es correcta</translation>
+    </message>
+    <message>
+        <source>slower</source>
+        <translation>más lento</translation>
+    </message>
+    <message>
+        <source>missed</source>
+        <translation>fallida</translation>
+    </message>
+    <message>
+        <source>at the top</source>
+        <translation>en lo más alto</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>pass %1 of %2</source>
+        <translation>pasada %1 de %2</translation>
+    </message>
+    <message>
+        <source>next %1</source>
+        <translation>luego %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::WaveView</name>
     <message>
         <source>%1, loop from %2 to %3</source>
@@ -1518,6 +2443,37 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Wave</source>
         <translation>Onda</translation>
+    </message>
+    <message>
+        <source>%1, bar %2</source>
+        <translation>%1, compás %2</translation>
+    </message>
+    <message>
+        <source>tap here, too</source>
+        <translation>marque aquí también</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WeekBars</name>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 in the week of %2</source>
+        <translation>%1 en la semana del %2</translation>
+    </message>
+    <message>
+        <source>Week of %1: %2</source>
+        <translation>Semana del %1: %2</translation>
     </message>
 </context>
 <context>

@@ -667,6 +667,234 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::BarText</name>
+    <message>
+        <source>1 bar</source>
+        <translation>1 mesure</translation>
+    </message>
+    <message>
+        <source>%1 bars</source>
+        <translation>%1 mesures</translation>
+    </message>
+    <message>
+        <source>1 beat</source>
+        <translation>1 temps</translation>
+    </message>
+    <message>
+        <source>%1 beats</source>
+        <translation>%1 temps</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::BeatPage</name>
+    <message>
+        <source>Play the song, and tap along with it.</source>
+        <translation>Lancez le morceau et tapez en rythme.</translation>
+    </message>
+    <message>
+        <source>Tap along with at least four different beats.</source>
+        <translation>Tapez sur au moins quatre temps différents.</translation>
+    </message>
+    <message>
+        <source>These taps are slower than %1 BPM. Tap every beat.</source>
+        <translation>C’est plus lent que %1 BPM. Tapez chaque temps.</translation>
+    </message>
+    <message>
+        <source>These taps are faster than %1 BPM. Tap every second one.</source>
+        <translation>C’est plus rapide que %1 BPM. Tapez un temps sur deux.</translation>
+    </message>
+    <message>
+        <source>These taps are uneven. Wait a moment, and begin again at the first beat of a bar.</source>
+        <translation>C’est irrégulier. Attendez un instant et recommencez au premier temps d’une mesure.</translation>
+    </message>
+    <message>
+        <source>The song has no beats of this tempo. Tap them instead.</source>
+        <translation>Le morceau n’a pas de temps à ce tempo. Tapez-les.</translation>
+    </message>
+    <message>
+        <source>The beats of this song cannot be changed.</source>
+        <translation>Les temps de ce morceau ne peuvent pas être modifiés.</translation>
+    </message>
+    <message>
+        <source>Tap %1 of %2 …</source>
+        <translation>Temps %1 sur %2…</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>Écoute du morceau…</translation>
+    </message>
+    <message>
+        <source>The beats of the whole song are known.</source>
+        <translation>Les temps de tout le morceau sont connus.</translation>
+    </message>
+    <message>
+        <source>Where the wave is hatched, the beats are not known. Tap there, too.</source>
+        <translation>Là où l’onde est hachurée, les temps sont inconnus. Tapez-y aussi.</translation>
+    </message>
+    <message>
+        <source>About %1 BPM. Use this, or tap eight beats from a first beat on.</source>
+        <translation>Environ %1 BPM. Utilisez-le, ou tapez huit temps à partir d’un premier temps.</translation>
+    </message>
+    <message>
+        <source>Tap eight beats along with the song. Begin at the first beat of a bar.</source>
+        <translation>Tapez huit temps avec le morceau, à partir du premier temps d’une mesure.</translation>
+    </message>
+    <message>
+        <source>First beat</source>
+        <translation>Premier temps</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>Taper</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Utiliser</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Tempo of the song in beats per minute</source>
+        <translation>Tempo du morceau en temps par minute</translation>
+    </message>
+    <message>
+        <source>Meter</source>
+        <translation>Mesure</translation>
+    </message>
+    <message>
+        <source>Change the bars only from the bar at the line on</source>
+        <translation>Ne changer les mesures qu’à partir de celle à la ligne</translation>
+    </message>
+    <message>
+        <source>One beat less per bar</source>
+        <translation>Un temps de moins par mesure</translation>
+    </message>
+    <message>
+        <source>One beat more per bar</source>
+        <translation>Un temps de plus par mesure</translation>
+    </message>
+    <message>
+        <source>Beats per bar</source>
+        <translation>Temps par mesure</translation>
+    </message>
+    <message>
+        <source>from bar %1</source>
+        <translation>dès mes. %1</translation>
+    </message>
+    <message>
+        <source>from here</source>
+        <translation>dès ici</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ChoiceButton</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ClickSettingsPanel</name>
+    <message>
+        <source>Click</source>
+        <translation>Clic</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Son</translation>
+    </message>
+    <message>
+        <source>Tick</source>
+        <translation>Tic</translation>
+    </message>
+    <message>
+        <source>Wood</source>
+        <translation>Bois</translation>
+    </message>
+    <message>
+        <source>Beep</source>
+        <translation>Bip</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Côté</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Gauche</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Les deux</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Droite</translation>
+    </message>
+    <message>
+        <source>Accent</source>
+        <translation>Accent</translation>
+    </message>
+    <message>
+        <source>On 1</source>
+        <translation>Sur le 1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucun</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>Temps</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tous</translation>
+    </message>
+    <message>
+        <source>Only 2 and 4</source>
+        <translation>Seulement 2 et 4</translation>
+    </message>
+    <message>
+        <source>Clicks in a beat</source>
+        <translation>Clics par temps</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Bars that sound</source>
+        <translation>Mesures avec clic</translation>
+    </message>
+    <message>
+        <source>Silent bars</source>
+        <translation>Mesures muettes</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Mesures</translation>
+    </message>
+    <message>
+        <source>sound, then</source>
+        <translation>sonnent, puis</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>muettes</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::Composition</name>
     <message>
         <source>Slower by 5 percent</source>
@@ -799,6 +1027,195 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Stopped: not all songs are in the list</source>
         <translation>Arrêté : tous les morceaux ne sont pas dans la liste</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::CountInSettingsPanel</name>
+    <message>
+        <source>Count-in</source>
+        <translation>Décompte</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Quand</translation>
+    </message>
+    <message>
+        <source>At Play</source>
+        <translation>À la lecture</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>Avant chaque passage</translation>
+    </message>
+    <message>
+        <source>1 bar</source>
+        <translation>1 mesure</translation>
+    </message>
+    <message>
+        <source>2 bars</source>
+        <translation>2 mesures</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>Temps</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Longueur</translation>
+    </message>
+    <message>
+        <source>Beats of the count-in</source>
+        <translation>Temps du décompte</translation>
+    </message>
+    <message>
+        <source>Bars of the loop</source>
+        <translation>Mesures de la boucle</translation>
+    </message>
+    <message>
+        <source>Beats of a bar</source>
+        <translation>Temps par mesure</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Définir</translation>
+    </message>
+    <message>
+        <source>bars of</source>
+        <translation>mesures à</translation>
+    </message>
+    <message>
+        <source>This loop has</source>
+        <translation>Cette boucle a</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Oublier</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryLoops</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>This Song</source>
+        <translation>Ce morceau</translation>
+    </message>
+    <message>
+        <source>Other Songs, Longest Not Practised First</source>
+        <translation>Autres morceaux, les plus délaissés d’abord</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Hier</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>aucune</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message>
+        <source>Best</source>
+        <translation>Record</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>Travaillé</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryWindow</name>
+    <message>
+        <source>Day</source>
+        <translation>Jour</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>Meilleure vitesse</translation>
+    </message>
+    <message>
+        <source>Week</source>
+        <translation>Semaine</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>Travaillé</translation>
+    </message>
+    <message>
+        <source>Forget History…</source>
+        <translation>Oublier l’historique…</translation>
+    </message>
+    <message>
+        <source>Practice History</source>
+        <translation>Historique de travail</translation>
+    </message>
+    <message>
+        <source>Nothing was practised yet. Keep a loop and play it: its best speed of each day, and the minutes of each week, appear here.</source>
+        <translation>Rien n’a encore été travaillé. Gardez une boucle et jouez-la : sa meilleure vitesse de chaque jour et les minutes de chaque semaine apparaîtront ici.</translation>
+    </message>
+    <message>
+        <source>Practised loops</source>
+        <translation>Boucles travaillées</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Graphique</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tableau</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>Forme</translation>
+    </message>
+    <message>
+        <source>Best Speed of Each Day</source>
+        <translation>Meilleure vitesse de chaque jour</translation>
+    </message>
+    <message>
+        <source>Minutes of Each Week, All Loops</source>
+        <translation>Minutes de chaque semaine, toutes les boucles</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>The history is kept on this computer only.</source>
+        <translation>L’historique reste sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>The history could not be deleted.</source>
+        <translation>L’historique n’a pas pu être supprimé.</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Forget the whole history?</source>
+        <translation>Oublier tout l’historique ?</translation>
+    </message>
+    <message>
+        <source>The best speeds and the minutes of all songs are deleted from this computer. They were never anywhere else. Loops and markers stay.</source>
+        <translation>Les meilleures vitesses et les minutes de tous les morceaux sont supprimées de cet ordinateur. Elles n’ont jamais été ailleurs. Les boucles et repères restent.</translation>
+    </message>
+    <message>
+        <source>Forget History</source>
+        <translation>Oublier l’historique</translation>
     </message>
 </context>
 <context>
@@ -958,6 +1375,14 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Speed</source>
         <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source>Best speed: %1 %</source>
+        <translation>Meilleure vitesse : %1 %</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>Meilleure vitesse</translation>
     </message>
 </context>
 <context>
@@ -1186,6 +1611,17 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::MetronomeText</name>
+    <message>
+        <source>Tap the beat first: T</source>
+        <translation>Tapez d’abord le temps : T</translation>
+    </message>
+    <message>
+        <source>Tap the beat first: T. Or make a loop and say how many bars it has.</source>
+        <translation>Tapez d’abord le temps : T. Ou créez une boucle et indiquez combien de mesures elle compte.</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1279,18 +1715,6 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <translation>1 ms p&amp;lus tard</translation>
     </message>
     <message>
-        <source>100 ms Earl&amp;ier</source>
-        <translation>100 ms pl&amp;us tôt</translation>
-    </message>
-    <message>
-        <source>100 ms Late&amp;r</source>
-        <translation>100 ms plus t&amp;ard</translation>
-    </message>
-    <message>
-        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
-        <translation>%1 de 10 ms (avec Alt 1 ms, avec Maj 100 ms)</translation>
-    </message>
-    <message>
         <source>Move &amp;Start</source>
         <translation>Déplacer le &amp;début</translation>
     </message>
@@ -1342,6 +1766,106 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>&amp;Wave</source>
         <translation>Ond&amp;e</translation>
     </message>
+    <message>
+        <source>&amp;Beats</source>
+        <translation>Temps musicau&amp;x</translation>
+    </message>
+    <message>
+        <source>&amp;Tap Beat</source>
+        <translation>&amp;Taper le temps</translation>
+    </message>
+    <message>
+        <source>&amp;Use Suggestion</source>
+        <translation>&amp;Utiliser la suggestion</translation>
+    </message>
+    <message>
+        <source>&amp;Half the Tempo</source>
+        <translation>&amp;Moitié du tempo</translation>
+    </message>
+    <message>
+        <source>T&amp;wice the Tempo</source>
+        <translation>&amp;Double du tempo</translation>
+    </message>
+    <message>
+        <source>Three Hal&amp;ves of the Tempo</source>
+        <translation>Tr&amp;ois moitiés du tempo</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Earlier</source>
+        <translation>Mesures un temps plus t&amp;ôt</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Later</source>
+        <translation>Mesures un temps plus ta&amp;rd</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms E&amp;arlier</source>
+        <translation>Temps à la ligne 10 ms &amp;avant</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms Late&amp;r</source>
+        <translation>Temps à la ligne 10 ms a&amp;près</translation>
+    </message>
+    <message>
+        <source>&amp;Clear Beats</source>
+        <translation>&amp;Effacer les temps</translation>
+    </message>
+    <message>
+        <source>&amp;Click and Count-in</source>
+        <translation>&amp;Clic et décompte</translation>
+    </message>
+    <message>
+        <source>&amp;Click</source>
+        <translation>&amp;Clic</translation>
+    </message>
+    <message>
+        <source>Count-&amp;in</source>
+        <translation>&amp;Décompte</translation>
+    </message>
+    <message>
+        <source>Click &amp;Settings…</source>
+        <translation>&amp;Réglages du clic…</translation>
+    </message>
+    <message>
+        <source>Count-in S&amp;ettings…</source>
+        <translation>Réglages du déco&amp;mpte…</translation>
+    </message>
+    <message>
+        <source>Histor&amp;y…</source>
+        <translation>&amp;Historique…</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Earl&amp;ier</source>
+        <translation>Un temps ou 100 ms pl&amp;us tôt</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Late&amp;r</source>
+        <translation>Un temps ou 100 ms plus t&amp;ard</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift a beat)</source>
+        <translation>%1 de 10 ms (avec Alt 1 ms, avec Maj un temps)</translation>
+    </message>
+    <message>
+        <source>Tr&amp;ainer</source>
+        <translation>Entraîneur (&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Train Loop</source>
+        <translation>&amp;Travailler la boucle</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate Loops</source>
+        <translation>&amp;Alterner les boucles</translation>
+    </message>
+    <message>
+        <source>Pass &amp;Missed</source>
+        <translation>Passage &amp;manqué</translation>
+    </message>
+    <message>
+        <source>Pass R&amp;ight</source>
+        <translation>Passage &amp;réussi</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1368,6 +1892,14 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Recognising the song…</source>
         <translation>Reconnaissance du morceau…</translation>
+    </message>
+    <message>
+        <source>The practice history cannot be written to the disk. What is added to it is lost when Lyrabox ends.</source>
+        <translation>L’historique de travail ne peut pas être enregistré. Ce qui s’y ajoute sera perdu à la fermeture de Lyrabox.</translation>
+    </message>
+    <message>
+        <source>Some lines of the practice history cannot be read and are left out.</source>
+        <translation>Certaines lignes de l’historique de travail sont illisibles et sont ignorées.</translation>
     </message>
 </context>
 <context>
@@ -1422,12 +1954,67 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Loops</source>
         <translation>Boucles</translation>
     </message>
+    <message>
+        <source>Trainer</source>
+        <translation>Entraîneur</translation>
+    </message>
+    <message>
+        <source>Missed</source>
+        <translation>Manqué</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Réussi</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Alterner</translation>
+    </message>
+    <message>
+        <source>Beat</source>
+        <translation>Temps</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::ProgressPanel</name>
     <message>
         <source>Progress</source>
         <translation>Progression</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::RotationBox</name>
+    <message>
+        <source>Unit of a turn</source>
+        <translation>Unité d’un tour</translation>
+    </message>
+    <message>
+        <source>passes</source>
+        <translation>passages</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>minutes</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Alternance</translation>
+    </message>
+    <message>
+        <source>Loops take turns, in shuffled order. Without a tick, all do.</source>
+        <translation>Les boucles alternent dans un ordre mélangé. Sans coche, toutes.</translation>
+    </message>
+    <message>
+        <source>Each for</source>
+        <translation>Chacune</translation>
+    </message>
+    <message>
+        <source>Length of a turn</source>
+        <translation>Longueur d’un tour</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>Boucle %1</translation>
     </message>
 </context>
 <context>
@@ -1477,10 +2064,87 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::SnapButton</name>
+    <message>
+        <source>Beat</source>
+        <translation>Temps</translation>
+    </message>
+    <message>
+        <source>Attack</source>
+        <translation>Attaque</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Non</translation>
+    </message>
+    <message>
+        <source>What the ends of loops, and markers, snap to when they are dragged. With Shift they don&apos;t.</source>
+        <translation>Sur quoi s’alignent les bords des boucles et les repères que l’on déplace. Avec Maj, ils ne s’alignent pas.</translation>
+    </message>
+    <message>
+        <source>Snap: %1</source>
+        <translation>Aligner : %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SpeedPlot</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>From %1 on %2 to %3 on %4; the best is %5</source>
+        <translation>De %1 le %2 à %3 le %4 ; la meilleure est %5</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SplitView</name>
     <message>
         <source>Divider</source>
         <translation>Séparateur</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TempoReadout</name>
+    <message>
+        <source>Type a tempo</source>
+        <translation>Saisir un tempo</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source> BPM</source>
+        <translation> BPM</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>tap %1 of %2</source>
+        <translation>temps %1 sur %2</translation>
+    </message>
+    <message>
+        <source>at %1 % · song %2 · %3/4</source>
+        <translation>à %1 % · morceau %2 · %3/4</translation>
+    </message>
+    <message>
+        <source>Tempo: %1, %2</source>
+        <translation>Tempo : %1, %2</translation>
+    </message>
+    <message>
+        <source>about %1 BPM</source>
+        <translation>environ %1 BPM</translation>
+    </message>
+    <message>
+        <source>at %1 % of %2</source>
+        <translation>à %1 % de %2</translation>
     </message>
 </context>
 <context>
@@ -1511,6 +2175,267 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::TrainerLadder</name>
+    <message>
+        <source>%1, present speed</source>
+        <translation>%1, vitesse actuelle</translation>
+    </message>
+    <message>
+        <source>%1, played</source>
+        <translation>%1, jouée</translation>
+    </message>
+    <message>
+        <source>Go on at %1</source>
+        <translation>Continuer à %1</translation>
+    </message>
+    <message>
+        <source>Ladder</source>
+        <translation>Échelle</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerPage</name>
+    <message>
+        <source>First speed</source>
+        <translation>Première vitesse</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>à</translation>
+    </message>
+    <message>
+        <source>Last speed</source>
+        <translation>Dernière vitesse</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Unité</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Speeds</source>
+        <translation>Vitesses</translation>
+    </message>
+    <message>
+        <source>Size of a step</source>
+        <translation>Taille d’un palier</translation>
+    </message>
+    <message>
+        <source>Way through the speeds</source>
+        <translation>Parcours des vitesses</translation>
+    </message>
+    <message>
+        <source>One speed</source>
+        <translation>Une seule vitesse</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Montée</translation>
+    </message>
+    <message>
+        <source>Two up, one down</source>
+        <translation>Deux de plus, un de moins</translation>
+    </message>
+    <message>
+        <source>Up and back</source>
+        <translation>Montée et descente</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Paliers</translation>
+    </message>
+    <message>
+        <source>Passes at each speed</source>
+        <translation>Passages par vitesse</translation>
+    </message>
+    <message>
+        <source>How passes add up</source>
+        <translation>Comment les passages s’ajoutent</translation>
+    </message>
+    <message>
+        <source>in a row</source>
+        <translation>de suite</translation>
+    </message>
+    <message>
+        <source>in all</source>
+        <translation>en tout</translation>
+    </message>
+    <message>
+        <source>Passes</source>
+        <translation>Passages</translation>
+    </message>
+    <message>
+        <source>On a miss</source>
+        <translation>Si manqué</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Rester</translation>
+    </message>
+    <message>
+        <source>One step down</source>
+        <translation>Un palier de moins</translation>
+    </message>
+    <message>
+        <source>Two steps down</source>
+        <translation>Deux paliers de moins</translation>
+    </message>
+    <message>
+        <source>To the first speed</source>
+        <translation>À la première vitesse</translation>
+    </message>
+    <message>
+        <source>At the top</source>
+        <translation>Au sommet</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Next loop</source>
+        <translation>Boucle suivante</translation>
+    </message>
+    <message>
+        <source>From the start</source>
+        <translation>Depuis le début</translation>
+    </message>
+    <message>
+        <source>10 % more</source>
+        <translation>10 % de plus</translation>
+    </message>
+    <message>
+        <source>What counts</source>
+        <translation>Ce qui compte</translation>
+    </message>
+    <message>
+        <source>All but the missed</source>
+        <translation>Tous sauf les manqués</translation>
+    </message>
+    <message>
+        <source>Only the right ones</source>
+        <translation>Seulement les réussis</translation>
+    </message>
+    <message>
+        <source>Counts</source>
+        <translation>Comptent</translation>
+    </message>
+    <message>
+        <source>Before a pass</source>
+        <translation>Avant un passage</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>Rien</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Décompte</translation>
+    </message>
+    <message>
+        <source>Run-up</source>
+        <translation>Élan</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Silence</translation>
+    </message>
+    <message>
+        <source>Beats before a pass</source>
+        <translation>Temps avant un passage</translation>
+    </message>
+    <message>
+        <source>beats</source>
+        <translation>temps</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Avant</translation>
+    </message>
+    <message>
+        <source>When to count in</source>
+        <translation>Quand décompter</translation>
+    </message>
+    <message>
+        <source>At the start</source>
+        <translation>Au début</translation>
+    </message>
+    <message>
+        <source>At a new speed</source>
+        <translation>À chaque nouvelle vitesse</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>Avant chaque passage</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Jamais</translation>
+    </message>
+    <message>
+        <source>This ladder needs the song&apos;s beats.</source>
+        <translation>Cette échelle demande les temps du morceau.</translation>
+    </message>
+    <message>
+        <source>Make a loop to train it.</source>
+        <translation>Créez une boucle à travailler.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerWords</name>
+    <message>
+        <source>this pass is missed</source>
+        <translation>ce passage est manqué</translation>
+    </message>
+    <message>
+        <source>this pass is right</source>
+        <translation>ce passage est réussi</translation>
+    </message>
+    <message>
+        <source>slower</source>
+        <translation>plus lent</translation>
+    </message>
+    <message>
+        <source>missed</source>
+        <translation>manqué</translation>
+    </message>
+    <message>
+        <source>at the top</source>
+        <translation>au sommet</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>pass %1 of %2</source>
+        <translation>passage %1 sur %2</translation>
+    </message>
+    <message>
+        <source>next %1</source>
+        <translation>puis %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::WaveView</name>
     <message>
         <source>%1, loop from %2 to %3</source>
@@ -1519,6 +2444,37 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Wave</source>
         <translation>Onde</translation>
+    </message>
+    <message>
+        <source>%1, bar %2</source>
+        <translation>%1, mesure %2</translation>
+    </message>
+    <message>
+        <source>tap here, too</source>
+        <translation>taper ici aussi</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WeekBars</name>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 in the week of %2</source>
+        <translation>%1 dans la semaine du %2</translation>
+    </message>
+    <message>
+        <source>Week of %1: %2</source>
+        <translation>Semaine du %1 : %2</translation>
     </message>
 </context>
 <context>

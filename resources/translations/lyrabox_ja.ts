@@ -658,6 +658,234 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::BarText</name>
+    <message>
+        <source>1 bar</source>
+        <translation>1小節</translation>
+    </message>
+    <message>
+        <source>%1 bars</source>
+        <translation>%1小節</translation>
+    </message>
+    <message>
+        <source>1 beat</source>
+        <translation>1拍</translation>
+    </message>
+    <message>
+        <source>%1 beats</source>
+        <translation>%1拍</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::BeatPage</name>
+    <message>
+        <source>Play the song, and tap along with it.</source>
+        <translation>曲を再生して、合わせてタップしてください。</translation>
+    </message>
+    <message>
+        <source>Tap along with at least four different beats.</source>
+        <translation>4つ以上の異なる拍をタップしてください。</translation>
+    </message>
+    <message>
+        <source>These taps are slower than %1 BPM. Tap every beat.</source>
+        <translation>%1 BPMより遅いタップです。すべての拍をタップしてください。</translation>
+    </message>
+    <message>
+        <source>These taps are faster than %1 BPM. Tap every second one.</source>
+        <translation>%1 BPMより速いタップです。1つおきにタップしてください。</translation>
+    </message>
+    <message>
+        <source>These taps are uneven. Wait a moment, and begin again at the first beat of a bar.</source>
+        <translation>タップが不揃いです。少し待って、小節の1拍目からやり直してください。</translation>
+    </message>
+    <message>
+        <source>The song has no beats of this tempo. Tap them instead.</source>
+        <translation>このテンポの拍は見つかりません。タップしてください。</translation>
+    </message>
+    <message>
+        <source>The beats of this song cannot be changed.</source>
+        <translation>この曲の拍は変更できません。</translation>
+    </message>
+    <message>
+        <source>Tap %1 of %2 …</source>
+        <translation>タップ %1／%2…</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>曲を解析しています…</translation>
+    </message>
+    <message>
+        <source>The beats of the whole song are known.</source>
+        <translation>曲全体の拍がわかっています。</translation>
+    </message>
+    <message>
+        <source>Where the wave is hatched, the beats are not known. Tap there, too.</source>
+        <translation>斜線の部分は拍が不明です。そこもタップしてください。</translation>
+    </message>
+    <message>
+        <source>About %1 BPM. Use this, or tap eight beats from a first beat on.</source>
+        <translation>約%1 BPM。これを使うか、1拍目から8回タップしてください。</translation>
+    </message>
+    <message>
+        <source>Tap eight beats along with the song. Begin at the first beat of a bar.</source>
+        <translation>曲に合わせて8回タップしてください。小節の1拍目から始めます。</translation>
+    </message>
+    <message>
+        <source>First beat</source>
+        <translation>1拍目</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>タップ</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>使う</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>テンポ</translation>
+    </message>
+    <message>
+        <source>Tempo of the song in beats per minute</source>
+        <translation>曲のテンポ（1分あたりの拍数）</translation>
+    </message>
+    <message>
+        <source>Meter</source>
+        <translation>拍子</translation>
+    </message>
+    <message>
+        <source>Change the bars only from the bar at the line on</source>
+        <translation>線のある小節から後だけ変更</translation>
+    </message>
+    <message>
+        <source>One beat less per bar</source>
+        <translation>1小節を1拍減らす</translation>
+    </message>
+    <message>
+        <source>One beat more per bar</source>
+        <translation>1小節を1拍増やす</translation>
+    </message>
+    <message>
+        <source>Beats per bar</source>
+        <translation>1小節の拍数</translation>
+    </message>
+    <message>
+        <source>from bar %1</source>
+        <translation>%1小節から</translation>
+    </message>
+    <message>
+        <source>from here</source>
+        <translation>ここから</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ChoiceButton</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ClickSettingsPanel</name>
+    <message>
+        <source>Click</source>
+        <translation>クリック</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>音</translation>
+    </message>
+    <message>
+        <source>Tick</source>
+        <translation>チック</translation>
+    </message>
+    <message>
+        <source>Wood</source>
+        <translation>ウッド</translation>
+    </message>
+    <message>
+        <source>Beep</source>
+        <translation>ビープ</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>左右</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Accent</source>
+        <translation>アクセント</translation>
+    </message>
+    <message>
+        <source>On 1</source>
+        <translation>1拍目</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>拍</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Only 2 and 4</source>
+        <translation>2と4のみ</translation>
+    </message>
+    <message>
+        <source>Clicks in a beat</source>
+        <translation>1拍のクリック数</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Bars that sound</source>
+        <translation>鳴らす小節数</translation>
+    </message>
+    <message>
+        <source>Silent bars</source>
+        <translation>無音の小節数</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>小節</translation>
+    </message>
+    <message>
+        <source>sound, then</source>
+        <translation>小節鳴り、次の</translation>
+    </message>
+    <message>
+        <source>silent</source>
+        <translation>小節は無音</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::Composition</name>
     <message>
         <source>Slower by 5 percent</source>
@@ -790,6 +1018,195 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Stopped: not all songs are in the list</source>
         <translation>停止しました: 一部の曲はリストにありません</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::CountInSettingsPanel</name>
+    <message>
+        <source>Count-in</source>
+        <translation>カウントイン</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>タイミング</translation>
+    </message>
+    <message>
+        <source>At Play</source>
+        <translation>再生時</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>毎回の前</translation>
+    </message>
+    <message>
+        <source>1 bar</source>
+        <translation>1小節</translation>
+    </message>
+    <message>
+        <source>2 bars</source>
+        <translation>2小節</translation>
+    </message>
+    <message>
+        <source>Beats</source>
+        <translation>拍</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>Beats of the count-in</source>
+        <translation>カウントインの拍数</translation>
+    </message>
+    <message>
+        <source>Bars of the loop</source>
+        <translation>ループの小節数</translation>
+    </message>
+    <message>
+        <source>Beats of a bar</source>
+        <translation>1小節の拍数</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>bars of</source>
+        <translation>小節 ×</translation>
+    </message>
+    <message>
+        <source>This loop has</source>
+        <translation>このループは</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>消去</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryLoops</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 ～ %2</translation>
+    </message>
+    <message>
+        <source>This Song</source>
+        <translation>この曲</translation>
+    </message>
+    <message>
+        <source>Other Songs, Longest Not Practised First</source>
+        <translation>ほかの曲 (長く練習していない順)</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>今日</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>昨日</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Best</source>
+        <translation>最高</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>練習日</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::HistoryWindow</name>
+    <message>
+        <source>Day</source>
+        <translation>日</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>最高速度</translation>
+    </message>
+    <message>
+        <source>Week</source>
+        <translation>週</translation>
+    </message>
+    <message>
+        <source>Practised</source>
+        <translation>練習時間</translation>
+    </message>
+    <message>
+        <source>Forget History…</source>
+        <translation>履歴を消去…</translation>
+    </message>
+    <message>
+        <source>Practice History</source>
+        <translation>練習履歴</translation>
+    </message>
+    <message>
+        <source>Nothing was practised yet. Keep a loop and play it: its best speed of each day, and the minutes of each week, appear here.</source>
+        <translation>まだ練習していません。ループを保存して再生すると、日ごとの最高速度と週ごとの時間がここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Practised loops</source>
+        <translation>練習したループ</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>グラフ</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>表</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>表示形式</translation>
+    </message>
+    <message>
+        <source>Best Speed of Each Day</source>
+        <translation>日ごとの最高速度</translation>
+    </message>
+    <message>
+        <source>Minutes of Each Week, All Loops</source>
+        <translation>週ごとの時間 (すべてのループ)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>The history is kept on this computer only.</source>
+        <translation>履歴はこのコンピューターだけに保存されます。</translation>
+    </message>
+    <message>
+        <source>The history could not be deleted.</source>
+        <translation>履歴を削除できませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Forget the whole history?</source>
+        <translation>履歴をすべて消去しますか？</translation>
+    </message>
+    <message>
+        <source>The best speeds and the minutes of all songs are deleted from this computer. They were never anywhere else. Loops and markers stay.</source>
+        <translation>すべての曲の最高速度と練習時間をこのコンピューターから削除します。ほかの場所には保存されていません。ループとマーカーは残ります。</translation>
+    </message>
+    <message>
+        <source>Forget History</source>
+        <translation>履歴を消去</translation>
     </message>
 </context>
 <context>
@@ -949,6 +1366,14 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Speed</source>
         <translation>速度</translation>
+    </message>
+    <message>
+        <source>Best speed: %1 %</source>
+        <translation>最高速度: %1 %</translation>
+    </message>
+    <message>
+        <source>Best Speed</source>
+        <translation>最高速度</translation>
     </message>
 </context>
 <context>
@@ -1177,6 +1602,17 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::MetronomeText</name>
+    <message>
+        <source>Tap the beat first: T</source>
+        <translation>先に拍をタップしてください: T</translation>
+    </message>
+    <message>
+        <source>Tap the beat first: T. Or make a loop and say how many bars it has.</source>
+        <translation>先に拍をタップしてください: T。またはループを作り、小節数を指定してください。</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1270,18 +1706,6 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <translation>1 ms 遅く(&amp;T)</translation>
     </message>
     <message>
-        <source>100 ms Earl&amp;ier</source>
-        <translation>100 ms 早く(&amp;I)</translation>
-    </message>
-    <message>
-        <source>100 ms Late&amp;r</source>
-        <translation>100 ms 遅く(&amp;R)</translation>
-    </message>
-    <message>
-        <source>%1 by 10 ms (with Alt 1 ms, with Shift 100 ms)</source>
-        <translation>%1 10 ms (Alt で 1 ms、Shift で 100 ms)</translation>
-    </message>
-    <message>
         <source>Move &amp;Start</source>
         <translation>始点を移動(&amp;S)</translation>
     </message>
@@ -1333,6 +1757,106 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>&amp;Wave</source>
         <translation>波形(&amp;W)</translation>
     </message>
+    <message>
+        <source>&amp;Beats</source>
+        <translation>拍(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Tap Beat</source>
+        <translation>拍をタップ(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Use Suggestion</source>
+        <translation>候補を使う(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Half the Tempo</source>
+        <translation>テンポを半分に(&amp;H)</translation>
+    </message>
+    <message>
+        <source>T&amp;wice the Tempo</source>
+        <translation>テンポを2倍に(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Three Hal&amp;ves of the Tempo</source>
+        <translation>テンポを1.5倍に(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Earlier</source>
+        <translation>小節を1拍前へ(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Bars One Beat &amp;Later</source>
+        <translation>小節を1拍後へ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms E&amp;arlier</source>
+        <translation>線の拍を10 ms前へ(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Beat at the Line 10 ms Late&amp;r</source>
+        <translation>線の拍を10 ms後へ(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear Beats</source>
+        <translation>拍を消去(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Click and Count-in</source>
+        <translation>クリックとカウントイン(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Click</source>
+        <translation>クリック(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Count-&amp;in</source>
+        <translation>カウントイン(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Click &amp;Settings…</source>
+        <translation>クリックの設定(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Count-in S&amp;ettings…</source>
+        <translation>カウントインの設定(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Histor&amp;y…</source>
+        <translation>履歴(&amp;Y)…</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Earl&amp;ier</source>
+        <translation>1拍または100 ms前へ(&amp;I)</translation>
+    </message>
+    <message>
+        <source>One Beat or 100 ms Late&amp;r</source>
+        <translation>1拍または100 ms後へ(&amp;R)</translation>
+    </message>
+    <message>
+        <source>%1 by 10 ms (with Alt 1 ms, with Shift a beat)</source>
+        <translation>%1 10 ms（Altで1 ms、Shiftで1拍）</translation>
+    </message>
+    <message>
+        <source>Tr&amp;ainer</source>
+        <translation>トレーナー(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Train Loop</source>
+        <translation>ループを練習(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate Loops</source>
+        <translation>ループを交代で練習(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Pass &amp;Missed</source>
+        <translation>失敗した(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Pass R&amp;ight</source>
+        <translation>成功した(&amp;I)</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1359,6 +1883,14 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Recognising the song…</source>
         <translation>曲を識別しています…</translation>
+    </message>
+    <message>
+        <source>The practice history cannot be written to the disk. What is added to it is lost when Lyrabox ends.</source>
+        <translation>練習履歴をディスクに書き込めません。追加された内容は Lyrabox を終了すると失われます。</translation>
+    </message>
+    <message>
+        <source>Some lines of the practice history cannot be read and are left out.</source>
+        <translation>練習履歴に読み取れない行があり、省かれています。</translation>
     </message>
 </context>
 <context>
@@ -1413,12 +1945,67 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Loops</source>
         <translation>ループ</translation>
     </message>
+    <message>
+        <source>Trainer</source>
+        <translation>トレーナー</translation>
+    </message>
+    <message>
+        <source>Missed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>成功</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>交代</translation>
+    </message>
+    <message>
+        <source>Beat</source>
+        <translation>拍</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::ProgressPanel</name>
     <message>
         <source>Progress</source>
         <translation>進行状況</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::RotationBox</name>
+    <message>
+        <source>Unit of a turn</source>
+        <translation>1ターンの単位</translation>
+    </message>
+    <message>
+        <source>passes</source>
+        <translation>回</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>分</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>交代練習</translation>
+    </message>
+    <message>
+        <source>Loops take turns, in shuffled order. Without a tick, all do.</source>
+        <translation>ループをランダムな順に交代します。選択がなければ全部です。</translation>
+    </message>
+    <message>
+        <source>Each for</source>
+        <translation>1つにつき</translation>
+    </message>
+    <message>
+        <source>Length of a turn</source>
+        <translation>1ターンの長さ</translation>
+    </message>
+    <message>
+        <source>Loop %1</source>
+        <translation>ループ %1</translation>
     </message>
 </context>
 <context>
@@ -1468,10 +2055,87 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::SnapButton</name>
+    <message>
+        <source>Beat</source>
+        <translation>拍</translation>
+    </message>
+    <message>
+        <source>Attack</source>
+        <translation>アタック</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>What the ends of loops, and markers, snap to when they are dragged. With Shift they don&apos;t.</source>
+        <translation>ループの端とマーカーをドラッグしたときに吸着する位置。Shiftを押すと吸着しません。</translation>
+    </message>
+    <message>
+        <source>Snap: %1</source>
+        <translation>吸着: %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SpeedPlot</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>From %1 on %2 to %3 on %4; the best is %5</source>
+        <translation>%2 の %1 から %4 の %3 まで、最高は %5</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::SplitView</name>
     <message>
         <source>Divider</source>
         <translation>仕切り</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TempoReadout</name>
+    <message>
+        <source>Type a tempo</source>
+        <translation>テンポを入力</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>テンポ</translation>
+    </message>
+    <message>
+        <source> BPM</source>
+        <translation> BPM</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>tap %1 of %2</source>
+        <translation>タップ %1／%2</translation>
+    </message>
+    <message>
+        <source>at %1 % · song %2 · %3/4</source>
+        <translation>%1 %・曲 %2・%3/4</translation>
+    </message>
+    <message>
+        <source>Tempo: %1, %2</source>
+        <translation>テンポ: %1、%2</translation>
+    </message>
+    <message>
+        <source>about %1 BPM</source>
+        <translation>約%1 BPM</translation>
+    </message>
+    <message>
+        <source>at %1 % of %2</source>
+        <translation>%2の%1 %</translation>
     </message>
 </context>
 <context>
@@ -1502,6 +2166,267 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::TrainerLadder</name>
+    <message>
+        <source>%1, present speed</source>
+        <translation>%1、現在の速度</translation>
+    </message>
+    <message>
+        <source>%1, played</source>
+        <translation>%1、演奏済み</translation>
+    </message>
+    <message>
+        <source>Go on at %1</source>
+        <translation>%1で続ける</translation>
+    </message>
+    <message>
+        <source>Ladder</source>
+        <translation>速度の段階</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerPage</name>
+    <message>
+        <source>First speed</source>
+        <translation>最初の速度</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>～</translation>
+    </message>
+    <message>
+        <source>Last speed</source>
+        <translation>最後の速度</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>単位</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Speeds</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Size of a step</source>
+        <translation>1段の大きさ</translation>
+    </message>
+    <message>
+        <source>Way through the speeds</source>
+        <translation>速度の進め方</translation>
+    </message>
+    <message>
+        <source>One speed</source>
+        <translation>一定の速度</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上げる</translation>
+    </message>
+    <message>
+        <source>Two up, one down</source>
+        <translation>2段上げて1段下げる</translation>
+    </message>
+    <message>
+        <source>Up and back</source>
+        <translation>上げて戻る</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>段階</translation>
+    </message>
+    <message>
+        <source>Passes at each speed</source>
+        <translation>速度ごとの回数</translation>
+    </message>
+    <message>
+        <source>How passes add up</source>
+        <translation>回数の数え方</translation>
+    </message>
+    <message>
+        <source>in a row</source>
+        <translation>連続</translation>
+    </message>
+    <message>
+        <source>in all</source>
+        <translation>合計</translation>
+    </message>
+    <message>
+        <source>Passes</source>
+        <translation>回数</translation>
+    </message>
+    <message>
+        <source>On a miss</source>
+        <translation>失敗時</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>そのまま</translation>
+    </message>
+    <message>
+        <source>One step down</source>
+        <translation>1段下げる</translation>
+    </message>
+    <message>
+        <source>Two steps down</source>
+        <translation>2段下げる</translation>
+    </message>
+    <message>
+        <source>To the first speed</source>
+        <translation>最初の速度へ</translation>
+    </message>
+    <message>
+        <source>At the top</source>
+        <translation>到達時</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>続ける</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Next loop</source>
+        <translation>次のループ</translation>
+    </message>
+    <message>
+        <source>From the start</source>
+        <translation>最初から</translation>
+    </message>
+    <message>
+        <source>10 % more</source>
+        <translation>さらに10 %</translation>
+    </message>
+    <message>
+        <source>What counts</source>
+        <translation>数える対象</translation>
+    </message>
+    <message>
+        <source>All but the missed</source>
+        <translation>失敗以外すべて</translation>
+    </message>
+    <message>
+        <source>Only the right ones</source>
+        <translation>成功のみ</translation>
+    </message>
+    <message>
+        <source>Counts</source>
+        <translation>対象</translation>
+    </message>
+    <message>
+        <source>Before a pass</source>
+        <translation>各回の前</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>カウントイン</translation>
+    </message>
+    <message>
+        <source>Run-up</source>
+        <translation>助走</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>休み</translation>
+    </message>
+    <message>
+        <source>Beats before a pass</source>
+        <translation>各回の前の拍数</translation>
+    </message>
+    <message>
+        <source>beats</source>
+        <translation>拍</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>前に</translation>
+    </message>
+    <message>
+        <source>When to count in</source>
+        <translation>カウントインの時機</translation>
+    </message>
+    <message>
+        <source>At the start</source>
+        <translation>開始時</translation>
+    </message>
+    <message>
+        <source>At a new speed</source>
+        <translation>速度が変わるとき</translation>
+    </message>
+    <message>
+        <source>Before every pass</source>
+        <translation>毎回</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>しない</translation>
+    </message>
+    <message>
+        <source>This ladder needs the song&apos;s beats.</source>
+        <translation>この段階には曲の拍が必要です。</translation>
+    </message>
+    <message>
+        <source>Make a loop to train it.</source>
+        <translation>練習するループを作成してください。</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::TrainerWords</name>
+    <message>
+        <source>this pass is missed</source>
+        <translation>この回は失敗</translation>
+    </message>
+    <message>
+        <source>this pass is right</source>
+        <translation>この回は成功</translation>
+    </message>
+    <message>
+        <source>slower</source>
+        <translation>速度を下げました</translation>
+    </message>
+    <message>
+        <source>missed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>at the top</source>
+        <translation>最高速度</translation>
+    </message>
+    <message>
+        <source>%1 BPM</source>
+        <translation>%1 BPM</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>pass %1 of %2</source>
+        <translation>%1回目（全%2回）</translation>
+    </message>
+    <message>
+        <source>next %1</source>
+        <translation>次は%1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::WaveView</name>
     <message>
         <source>%1, loop from %2 to %3</source>
@@ -1510,6 +2435,37 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Wave</source>
         <translation>波形</translation>
+    </message>
+    <message>
+        <source>%1, bar %2</source>
+        <translation>%1、%2小節</translation>
+    </message>
+    <message>
+        <source>tap here, too</source>
+        <translation>ここもタップ</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::WeekBars</name>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 分</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 時間</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 時間 %2 分</translation>
+    </message>
+    <message>
+        <source>%1 in the week of %2</source>
+        <translation>%2 の週に %1</translation>
+    </message>
+    <message>
+        <source>Week of %1: %2</source>
+        <translation>%1 の週: %2</translation>
     </message>
 </context>
 <context>

@@ -23,7 +23,8 @@ protected:
     static constexpr std::uint64_t pulseFrames = 8;
     static constexpr double msPerFrame = 1000.0 / rate;
 
-    ClicksOnServer()
+    explicit ClicksOnServer(PrivateSoundServer::Sinks sinks = PrivateSoundServer::Sinks::Plain)
+        : server(PrivateSoundServer::At::Once, sinks)
     {
         song->frames = songFrames;
         song->sample = [](std::uint32_t channel, std::uint64_t frame) {

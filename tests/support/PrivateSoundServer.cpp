@@ -188,6 +188,19 @@ bool PrivateSoundServer::setSinkVolume(const QString &sink, int percent)
     return pactl({u"set-sink-volume"_s, sink, u"%1%"_s.arg(percent)});
 }
 
+double PrivateSoundServer::sinkSeconds(const QString &sink) const
+{
+    QByteArray output;
+    pactl({u"list"_s, u"sinks"_s}, &output);
+    const qsizetype begin = output.indexOf("Name: " + sink.toUtf8() + '\n');
+    const QByteArray word = "configured ";
+    const qsizetype number = output.indexOf(word, std::max<qsizetype>(begin, 0));
+    if (begin < 0 || number < 0)
+        return 0.0;
+    const qsizetype from = number + word.size();
+    return output.mid(from, output.indexOf(' ', from) - from).toDouble() * 1e-6;
+}
+
 int PrivateSoundServer::streamCount() const
 {
     return static_cast<int>(streams().size());
@@ -223,6 +236,9 @@ bool PrivateSoundServer::pactl(const QStringList &arguments, QByteArray *output)
 {
     QProcess process;
     dieWithTheTest(process);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LC_ALL"_s, u"C"_s);
+    process.setProcessEnvironment(environment);
     process.start(u"pactl"_s, arguments);
     const bool done = process.waitForFinished(patienceMilliseconds) &&
                       process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;

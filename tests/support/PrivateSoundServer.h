@@ -79,6 +79,10 @@ public:
     bool suspendSink(const QString &sink, bool suspended);
     bool setSinkVolume(const QString &sink, int percent);
 
+    /// How much sound a rewinding sink takes at once, in seconds. It plays that from the moment at
+    /// which it takes it. Only PulseAudio tells; 0 if it does not.
+    double sinkSeconds(const QString &sink) const;
+
     /// How many playback streams the server has, including halted ones.
     int streamCount() const;
 

@@ -22,6 +22,8 @@ namespace {
 // How long a helper process may take. A successful test takes much less.
 constexpr int patienceMilliseconds = 20'000;
 
+using Seconds = std::chrono::duration<double>;
+
 std::vector<float> part(const std::vector<float> &samples, std::size_t begin, std::size_t end)
 {
     end = std::min(end, samples.size());
@@ -71,6 +73,9 @@ Recorder::Recorder(const QString &sink)
                     m_samples.push_back(block[2 * i]);
                     m_rightSamples.push_back(block[2 * i + 1]);
                 }
+                const Seconds end(static_cast<double>(m_samples.size()) / sampleRate);
+                const Seconds now(std::chrono::steady_clock::now().time_since_epoch());
+                m_recordedFrom = std::min(m_recordedFrom, now - end);
             }
             held -= frames * 2 * sizeof(float);
             std::memmove(block.data(), block.data() + 2 * frames, held);
@@ -104,6 +109,18 @@ std::vector<float> Recorder::rightSamples(std::size_t begin, std::size_t end) co
 {
     const std::lock_guard lock(m_mutex);
     return part(m_rightSamples, begin, end);
+}
+
+std::chrono::duration<double> Recorder::recordedFrom() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_recordedFrom;
+}
+
+void Recorder::restartClock()
+{
+    const std::lock_guard lock(m_mutex);
+    m_recordedFrom = Seconds::max();
 }
 
 bool Recorder::waitForSize(std::size_t count) const

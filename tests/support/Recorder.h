@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QString>
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
@@ -33,6 +34,12 @@ public:
     /// The same of the right channel.
     std::vector<float> rightSamples(std::size_t begin = 0, std::size_t end = SIZE_MAX) const;
 
+    /// When sample 0 was recorded, on the steady clock, as the samples that arrive from
+    /// restartClock() on tell: those that arrive soonest. The others were recorded by their number
+    /// later.
+    std::chrono::duration<double> recordedFrom() const;
+    void restartClock();
+
     /// Waits until at least `count` samples are recorded. False, with a test failure, if the server
     /// stops delivering.
     bool waitForSize(std::size_t count) const;
@@ -57,6 +64,7 @@ private:
     mutable std::mutex m_mutex;
     std::vector<float> m_samples;
     std::vector<float> m_rightSamples;
+    std::chrono::duration<double> m_recordedFrom = std::chrono::duration<double>::max();
     std::thread m_reader;
 };
 
