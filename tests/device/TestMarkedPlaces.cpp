@@ -68,10 +68,16 @@ protected:
 
 TEST_F(PlacesOnServer, AMarkerIsSetWhereTheClickIsHeard)
 {
-    constexpr double goal = 15.0; // ms
+    // In ms of time. Of the song as many more as it is faster. An idle machine needs 9.8: the sink
+    // plays what a device would still hold.
+    constexpr double goalOfTime = 13.5;
+#ifdef LYRABOX_IS_SLOW
+    GTEST_SKIP() << "a sanitized program needs a longer buffer, which the sink plays too early";
+#endif
     if (server.kind() != PrivateSoundServer::Kind::PulseAudio)
         GTEST_SKIP() << "the server does not tell when a sound is heard";
     for (const float speed : {0.5F, 1.0F, 1.5F}) {
+        const double goal = goalOfTime * static_cast<double>(speed);
         engine::seekToFrame(0);
         engine::setPlaybackRate(speed);
         engine::setClicks(clickAtEveryBeat());

@@ -187,7 +187,12 @@ bool CubebOutput::isPlayingOut() const noexcept
 
 std::uint32_t CubebOutput::heldFrames() const noexcept
 {
-    return isReachable() ? m_session->renderer().heldFrames(m_session->latencyFrames()) : 0;
+    if (!isReachable())
+        return 0;
+    // The device is full right after a callback, and holds less and less until the next one.
+    const std::uint32_t latency = m_session->latencyFrames();
+    return m_session->renderer().heldFrames(latency -
+                                            std::min(latency, m_session->framesSincePull()));
 }
 
 bool CubebOutput::isReachable() const noexcept

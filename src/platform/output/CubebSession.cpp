@@ -370,8 +370,19 @@ long CubebSession::dataCallback(cubeb_stream *, void *user, const void *, void *
 {
     auto *const session = static_cast<CubebSession *>(user);
     session->m_renderer.render(static_cast<float *>(output), static_cast<std::uint32_t>(frames));
+    session->m_pulledFrames.store(static_cast<std::uint32_t>(frames), std::memory_order_relaxed);
+    session->m_pulledAt.store(std::chrono::steady_clock::now(), std::memory_order_relaxed);
     session->m_callbacks.fetch_add(1, std::memory_order_relaxed);
     return frames;
+}
+
+std::uint32_t CubebSession::framesSincePull() const noexcept
+{
+    const std::chrono::duration<double> since =
+        std::chrono::steady_clock::now() - m_pulledAt.load(std::memory_order_relaxed);
+    const double frames = since.count() * canonicalStreamFormat().mSampleRate;
+    const double most = m_pulledFrames.load(std::memory_order_relaxed);
+    return static_cast<std::uint32_t>(std::clamp(frames, 0.0, most));
 }
 
 } // namespace lyrabox

@@ -84,6 +84,10 @@ public:
     /// after open().
     std::uint32_t latencyFrames() const noexcept { return m_latencyFrames; }
 
+    /// Frames that the device has played since it last took some, as far as time tells. Never more
+    /// than it took then. Any thread.
+    std::uint32_t framesSincePull() const noexcept;
+
 private:
     enum class Command {
         None,
@@ -121,6 +125,8 @@ private:
     std::atomic<bool> m_isLost{false}; ///< written by the device's own thread
     std::atomic<bool> m_isCutOff{false};
     std::atomic<std::uint64_t> m_callbacks{0};
+    std::atomic<std::chrono::steady_clock::time_point> m_pulledAt{};
+    std::atomic<std::uint32_t> m_pulledFrames{0}; ///< by the last callback
     sem_t m_wake{}; ///< posted for a command and for a loss; the device's thread may not lock
 
     std::mutex m_mutex; ///< guards the next four members
