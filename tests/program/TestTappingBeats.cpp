@@ -87,7 +87,7 @@ TEST_F(ProgramWithBeats, ASuggestionIsUsedAndATypedTempoSetsTheSpeed)
         },
         20.0));
     const double tempo = keptTempo();
-    click(frame.topLeft() + QPoint(40, 315)); // the tempo
+    click({40, 315}); // the tempo
     display.key(u"ctrl+a"_s);
     display.type(QString::number(qRound(tempo * 0.75)));
     display.key(u"Return"_s);
@@ -96,7 +96,7 @@ TEST_F(ProgramWithBeats, ASuggestionIsUsedAndATypedTempoSetsTheSpeed)
     QFile file(settingsFile(u"UserSettings.plist"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray settings = file.readAll();
-    EXPECT_TRUE(settings.contains("75")) << settings.toStdString();
+    EXPECT_TRUE(settings.contains("<real>75.0</real>")) << settings.toStdString();
 }
 
 } // namespace

@@ -109,6 +109,9 @@ HistoryWindow::HistoryWindow(PracticeDiary *diary, const SongPractice *practice,
     columns->addWidget(makePlots(), 4);
     m_parts->addWidget(emptyPage);
     m_parts->addWidget(full);
+    // The keyboard is in the list from the start, also while a slow disk is read. In an empty
+    // window it would be on Close.
+    m_parts->setCurrentWidget(full);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(margin);
