@@ -212,12 +212,15 @@ void LB_TrackController::updateIsPlaying()
 void LB_TrackController::updateSongSettings()
 {
     // The player updates the flag of its own record after this notification and before the rows are
-    // painted. If the list was rebuilt, the loaded song has another record in it.
+    // painted. If a list was rebuilt, the loaded song has another record in it, and so it may have
+    // in the queue, which is of an earlier list.
     if (const TrackRecordRef playing = playingTrack()) {
         const bool hasSettings = m_settings->hasSettingsForInode(playing->inode);
-        for (const TrackRecordRef &record : content()) {
-            if (record->inode == playing->inode)
-                record->hasSettings = hasSettings;
+        for (const TrackRecordList &list : {content(), m_queue->content()}) {
+            for (const TrackRecordRef &record : list) {
+                if (record->inode == playing->inode)
+                    record->hasSettings = hasSettings;
+            }
         }
     }
     m_model->reloadRows();

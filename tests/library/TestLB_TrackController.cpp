@@ -338,24 +338,6 @@ TEST(LB_TrackController, SelectsTheSelectedRowAgainAfterAChangeOfSettings)
     EXPECT_EQ(spy.count(), 0);
 }
 
-TEST(LB_TrackController, MarksTheSettingsOfTheLoadedSongInARebuiltList)
-{
-    LibraryFixture f;
-    f.showPlaylist({u"a"_s, u"b"_s}, u"P1"_s);
-    const TrackRecordRef loaded = f.tracks.content()[1];
-    f.queue.playTrack(loaded);
-    f.tracks.getTracksForiTunesPlaylistArrayPlaylistID(std::vector<QString>{u"P1/0"_s, u"P1/1"_s},
-                                                       u"P2"_s);
-    ASSERT_NE(f.tracks.content()[1], loaded);
-    f.audio().setPlaybackSpeedPct(80.0F);
-    f.audio().saveSettings();
-    EXPECT_TRUE(loaded->hasSettings);
-    EXPECT_TRUE(f.tracks.content()[1]->hasSettings);
-    EXPECT_FALSE(f.tracks.content()[0]->hasSettings);
-    f.audio().removeSettings();
-    EXPECT_FALSE(f.tracks.content()[1]->hasSettings);
-}
-
 TEST(LB_TrackController, ScrollsToTheFirstRowAfterLaunch)
 {
     LibraryFixture f;

@@ -213,3 +213,39 @@ TEST(MusicLibraryOfTheTrackList, IsReadOnceAndAgainOnlyAfterAFailure)
     EXPECT_EQ(library.tracks.iTunesLibraryDictionary(), first);
     EXPECT_EQ(reads, 3);
 }
+
+TEST(LB_TrackController, MarksTheSettingsOfTheLoadedSongInARebuiltList)
+{
+    LibraryFixture f;
+    f.showPlaylist({u"a"_s, u"b"_s}, u"P1"_s);
+    const TrackRecordRef loaded = f.tracks.content()[1];
+    f.queue.playTrack(loaded);
+    f.tracks.getTracksForiTunesPlaylistArrayPlaylistID(std::vector<QString>{u"P1/0"_s, u"P1/1"_s},
+                                                       u"P2"_s);
+    ASSERT_NE(f.tracks.content()[1], loaded);
+    f.audio().setPlaybackSpeedPct(80.0F);
+    f.audio().saveSettings();
+    EXPECT_TRUE(loaded->hasSettings);
+    EXPECT_TRUE(f.tracks.content()[1]->hasSettings);
+    EXPECT_FALSE(f.tracks.content()[0]->hasSettings);
+    f.audio().removeSettings();
+    EXPECT_FALSE(f.tracks.content()[1]->hasSettings);
+}
+
+TEST(LB_TrackController, MarksTheSettingsOfTheLoadedSongInTheQueueOfAnotherList)
+{
+    LibraryFixture f;
+    f.showPlaylist({u"a"_s, u"b"_s}, u"P1"_s);
+    const TrackRecordRef loaded = f.tracks.content()[1];
+    f.queue.playTrack(loaded);
+    const std::vector<QString> songs{u"P1/0"_s, u"P1/1"_s};
+    f.tracks.getTracksForiTunesPlaylistArrayPlaylistID(songs, u"P2"_s);
+    f.queue.setPlayQueueWithListID(f.tracks.content(), u"P2"_s);
+    f.tracks.getTracksForiTunesPlaylistArrayPlaylistID(songs, u"P3"_s);
+    f.audio().setPlaybackSpeedPct(80.0F);
+    f.audio().saveSettings();
+    ASSERT_NE(f.queue.content()[1], loaded);
+    EXPECT_TRUE(f.queue.content()[1]->hasSettings) << "it is played with them later";
+    f.audio().removeSettings();
+    EXPECT_FALSE(f.queue.content()[1]->hasSettings);
+}
