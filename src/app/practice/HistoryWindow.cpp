@@ -90,24 +90,13 @@ HistoryWindow::HistoryWindow(PracticeDiary *diary, const SongPractice *practice,
 {
     setObjectName(QStringLiteral("historyWindow"));
     setWindowTitle(tr("Practice History"));
-    auto *empty = new QLabel(tr("Nothing was practised yet. Keep a loop and play it: its best "
-                                "speed of each day, and the minutes of each week, appear here."),
-                             this);
-    empty->setObjectName(QStringLiteral("emptyHistory"));
-    empty->setWordWrap(true);
-    empty->setAlignment(Qt::AlignCenter);
-    empty->setMaximumWidth(emptyTextWidth);
-    makeQuiet(empty);
-    auto *emptyPage = new QWidget(this);
-    auto *centre = new QHBoxLayout(emptyPage);
-    centre->addWidget(empty);
     auto *full = new QWidget(this);
     auto *columns = new QHBoxLayout(full);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(margin);
     columns->addWidget(makeLoops(), 3);
     columns->addWidget(makePlots(), 4);
-    m_parts->addWidget(emptyPage);
+    m_parts->addWidget(makeEmptyPage());
     m_parts->addWidget(full);
     // The keyboard is in the list from the start, also while a slow disk is read. In an empty
     // window it would be on Close.
@@ -130,6 +119,22 @@ HistoryWindow::HistoryWindow(PracticeDiary *diary, const SongPractice *practice,
     });
     connect(m_list->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &HistoryWindow::showLoop);
+}
+
+QWidget *HistoryWindow::makeEmptyPage()
+{
+    auto *empty = new QLabel(tr("Nothing was practised yet. Keep a loop and play it: its best "
+                                "speed of each day, and the minutes of each week, appear here."),
+                             this);
+    empty->setObjectName(QStringLiteral("emptyHistory"));
+    empty->setWordWrap(true);
+    empty->setAlignment(Qt::AlignCenter);
+    empty->setMaximumWidth(emptyTextWidth);
+    makeQuiet(empty);
+    auto *emptyPage = new QWidget(this);
+    auto *centre = new QHBoxLayout(emptyPage);
+    centre->addWidget(empty);
+    return emptyPage;
 }
 
 QWidget *HistoryWindow::makeLoops()

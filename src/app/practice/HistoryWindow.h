@@ -47,6 +47,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    QWidget *makeEmptyPage();
     QWidget *makeLoops();
     QWidget *makePlots();
     QWidget *makeButtons();
