@@ -22,6 +22,7 @@ const std::vector<Target> &targets()
         {"fileurl", &fileUrl},
         {"identity", &identity},
         {"practice", &practice},
+        {"sharing", &sharing},
     };
     return all;
 }

@@ -33,6 +33,7 @@ void musicLibrary(Bytes bytes);
 void rhythmbox(Bytes bytes); ///< Both files in sequence, separated by a NUL.
 void appcast(Bytes bytes);
 void practice(Bytes bytes); ///< Reads a practice file, its index or the history, and writes it.
+void sharing(Bytes bytes);  ///< Reads a shared practice file or a label track.
 void fileUrl(Bytes bytes);
 
 /// Checks a condition of a target. The runner defines what happens if it does not hold.
