@@ -59,11 +59,12 @@ std::function<LoopList::Sound()> soundOf(const LB_AudioController *audio)
 } // namespace
 
 PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Metronome *metronome,
-                           std::function<void(quint64)> seek, QWidget *parent)
+                           SongSound *sound, std::function<void(quint64)> seek, QWidget *parent)
     : QWidget(parent),
       m_audio(audio),
       m_practice(practice),
       m_metronome(metronome),
+      m_sound(sound),
       m_beats(new SongBeats(audio, practice, &m_peaks, this)),
       m_divider(new PaneDivider(this)),
       m_header(new PracticeHeader(this)),

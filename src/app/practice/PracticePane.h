@@ -25,6 +25,7 @@ class PracticeLane;
 class PracticePages;
 class SongBeats;
 class SongPractice;
+class SongSound;
 class TextButton;
 class TrainerPage;
 class TrainerRun;
@@ -37,10 +38,10 @@ class PracticePane : public QWidget {
     Q_OBJECT
 
 public:
-    /// `audio`, `practice` and `metronome` must outlive the use of the pane. `seek` seeks to a
-    /// frame by the navigation bar's rule.
+    /// `audio`, `practice`, `metronome` and `sound` must outlive the use of the pane. `seek` seeks
+    /// to a frame by the navigation bar's rule.
     PracticePane(LB_AudioController *audio, SongPractice *practice, Metronome *metronome,
-                 std::function<void(quint64)> seek, QWidget *parent = nullptr);
+                 SongSound *sound, std::function<void(quint64)> seek, QWidget *parent = nullptr);
     ~PracticePane() override;
 
     /// Lets the pane carry out more commands. The set belongs to somebody else and must outlive
@@ -70,6 +71,7 @@ public:
     SongPractice *practice() const { return m_practice; }
     TrainerRun *trainer() const { return m_trainer; }
     Metronome *metronome() const { return m_metronome; }
+    SongSound *sound() const { return m_sound; }
     SongPeaks &peaks() { return m_peaks; }
 
     QSize sizeHint() const override { return {400, 320}; }
@@ -101,6 +103,7 @@ private:
     LB_AudioController *m_audio;
     SongPractice *m_practice;
     Metronome *m_metronome;
+    SongSound *m_sound;
     SongPeaks m_peaks;
     SongBeats *m_beats;
     QList<CommandSet *> m_commands;

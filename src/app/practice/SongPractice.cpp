@@ -28,6 +28,11 @@ SongPractice::SongPractice(LB_AudioController *audio, std::function<void(quint64
     connect(&m_store, &PracticeStore::recordChanged, this, &SongPractice::followRecord);
     connect(&m_store, &PracticeStore::stateChanged, this, &SongPractice::problemChanged);
     connect(audio, &LB_AudioController::loopChanged, this, &SongPractice::followPlayer);
+    // A song that has just been loaded starts before its load is announced.
+    connect(audio, &LB_AudioController::aboutToStart, this, [this] {
+        if (m_audio->decodedSong() != m_samples.lock())
+            followTrack();
+    });
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, notification::currentTrackChanged, [this] { followTrack(); });
     center.addObserver(this, notification::applicationWillTerminate, [this] { m_store.save(); });

@@ -77,7 +77,9 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
     SongPractice *practice = parts.songPractice.get();
     practice->setOpen(true);
     parts.metronome = std::make_unique<Metronome>(parts.audio.get(), practice);
-    auto *pane = new PracticePane(parts.audio.get(), practice, parts.metronome.get(), seek, parent);
+    parts.songSound = std::make_unique<SongSound>(parts.audio.get(), practice);
+    auto *pane = new PracticePane(parts.audio.get(), practice, parts.metronome.get(),
+                                  parts.songSound.get(), seek, parent);
     addPracticeHistory(parts, pane);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();

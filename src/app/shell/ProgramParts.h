@@ -5,6 +5,7 @@
 #include "app/practice/PaneSite.h"
 #include "app/practice/PracticeDiary.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
 #include "app/shell/InputAfterWait.h"
 #include "app/shell/LB_AppDelegate.h"
 #include "app/shell/MainMenu.h"
@@ -64,6 +65,7 @@ struct ProgramParts {
     std::unique_ptr<SongsAhead> songsAhead;         ///< null if it is turned off
     std::unique_ptr<SongPractice> songPractice;     ///< null until the practice pane is first shown
     std::unique_ptr<Metronome> metronome;           ///< made together with `songPractice`
+    std::unique_ptr<SongSound> songSound;           ///< made together with `songPractice`
     std::unique_ptr<PracticeDiary> practiceDiary;   ///< made together with `songPractice`
     std::unique_ptr<HistoryWindow> historyWindow;   ///< null until it is first shown
     std::unique_ptr<PaneSite> practice;             ///< made together with `audio`

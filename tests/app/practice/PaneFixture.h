@@ -4,6 +4,7 @@
 #include "app/practice/PracticePages.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
 #include "app/practice/WaveView.h"
 #include "support/TransportFixture.h"
 
@@ -43,7 +44,9 @@ struct PaneFixture {
                                                   fakeSongReaderFactory(transport.song));
         practice->setOpen(true);
         metronome = std::make_unique<Metronome>(&audio(), practice.get());
-        pane = std::make_unique<PracticePane>(&audio(), practice.get(), metronome.get(), seek);
+        sound = std::make_unique<SongSound>(&audio(), practice.get());
+        pane = std::make_unique<PracticePane>(&audio(), practice.get(), metronome.get(),
+                                              sound.get(), seek);
         pane->resize(1000 + PracticePages::pageWidth + 14, 320); // a wave of 972 points
     }
 
@@ -91,6 +94,7 @@ struct PaneFixture {
     QList<quint64> seeks;
     std::unique_ptr<SongPractice> practice;
     std::unique_ptr<Metronome> metronome;
+    std::unique_ptr<SongSound> sound;
     std::unique_ptr<PracticePane> pane;
 };
 

@@ -187,7 +187,7 @@ TEST_F(BeatsInTheWave, KeepTheChoiceOfWhatSnaps)
 {
     choose(1);
     EXPECT_EQ(pane->findChild<SnapButton *>()->text(), u"Snap: Attack"_s);
-    PracticePane other(&audio(), practice.get(), metronome.get(), [](quint64) {});
+    PracticePane other(&audio(), practice.get(), metronome.get(), sound.get(), [](quint64) {});
     EXPECT_EQ(other.wave()->snapTo(), SnapTo::Attack);
 }
 
