@@ -17,6 +17,9 @@ namespace {
 
 constexpr auto extension = ".json"_L1;
 
+/// The assignments of pedals and keys, in the same folder.
+constexpr auto pedalsName = "Pedals.json"_L1;
+
 /// Leaves room for the hash, the extension, and what is added to the names of temporary files.
 constexpr qsizetype titleBytes = 150;
 
@@ -67,7 +70,7 @@ QString practiceFolder()
 bool isPracticeFileName(const QString &name)
 {
     return name.size() > extension.size() && name.endsWith(extension) && !name.startsWith(u'.') &&
-           !name.contains(u'/') && !name.contains(QChar::Null) && name != practiceIndexName;
+           !name.contains(u'/') && !name.contains(QChar::Null) && name != practiceIndexName && name != pedalsName;
 }
 
 QString practiceFileName(const QString &title, const QString &audio,

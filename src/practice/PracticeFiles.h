@@ -18,7 +18,7 @@ namespace lyrabox {
 QString practiceFolder();
 
 /// Whether a file of this name in the folder can be a practice file: it ends with ".json", is not
-/// hidden, is not the index, and is no path.
+/// hidden, is not the index or the file of pedals and keys, and is no path.
 bool isPracticeFileName(const QString &name);
 
 /// A name for people, "Corner Shop Blues - 9f2c41d0.json": the title without characters that file

@@ -52,7 +52,7 @@ TEST(PracticeFileName, IsNeverAPathOrAnotherKindOfFile)
 {
     EXPECT_TRUE(isPracticeFileName(u"a.json"_s));
     for (const QString &name :
-         {u"Index.json"_s, u".json"_s, u".a.json"_s, u"../a.json"_s, u"/a.json"_s, u"a.json.new"_s,
+         {u"Index.json"_s, u"Pedals.json"_s, u".json"_s, u".a.json"_s, u"../a.json"_s, u"/a.json"_s, u"a.json.new"_s,
           u"a.json.unreadable-1"_s, u"a.txt"_s, QString()})
         EXPECT_FALSE(isPracticeFileName(name)) << qPrintable(name);
 }

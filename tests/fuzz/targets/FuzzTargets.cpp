@@ -23,6 +23,8 @@ const std::vector<Target> &targets()
         {"identity", &identity},
         {"practice", &practice},
         {"sharing", &sharing},
+        {"midi", &midi},
+        {"pedals", &pedals},
     };
     return all;
 }

@@ -35,6 +35,8 @@ void appcast(Bytes bytes);
 void practice(Bytes bytes); ///< Reads a practice file, its index or the history, and writes it.
 void sharing(Bytes bytes);  ///< Reads a shared practice file or a label track.
 void fileUrl(Bytes bytes);
+void midi(Bytes bytes);   ///< Plays bytes of a MIDI device on pedals that have commands.
+void pedals(Bytes bytes); ///< Reads a file of pedals and keys, changes it and writes it.
 
 /// Checks a condition of a target. The runner defines what happens if it does not hold.
 void require(bool holds, const char *what);
