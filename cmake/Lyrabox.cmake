@@ -101,7 +101,7 @@ function(lyrabox_add_test name)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(test_${name} PRIVATE
     LYRABOX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" LYRABOX_BINARY_DIR="${PROJECT_BINARY_DIR}")
-  add_dependencies(test_${name} lyrabox_decoding lyrabox_encoding lyrabox_output)
+  add_dependencies(test_${name} lyrabox_decoding lyrabox_encoding lyrabox_midi lyrabox_output)
   if(LYRABOX_SANITIZER OR LYRABOX_COVERAGE OR CMAKE_BUILD_TYPE STREQUAL "Debug")
     target_compile_definitions(test_${name} PRIVATE LYRABOX_IS_SLOW) # the tested code is several times slower
   endif()

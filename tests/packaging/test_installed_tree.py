@@ -42,13 +42,15 @@ class InstalledTree(unittest.TestCase):
         self.assertIn("bin/lyrabox", files)
         self.assertIn("lib/lyrabox/lyrabox-decoding.so", files)
         self.assertIn("lib/lyrabox/lyrabox-encoding.so", files)
+        self.assertIn("lib/lyrabox/lyrabox-midi.so", files)
         self.assertIn("lib/lyrabox/lyrabox-output.so", files)
         self.assertIn("share/man/man1/lyrabox.1", files)
 
     def test_only_the_modules_bring_the_codecs_and_the_sound_server(self):
         def needs(file):
             return subprocess.run(["ldd", self.root / file], text=True, capture_output=True, check=True).stdout
-        for module, library in (("decoding", "libavcodec"), ("encoding", "libavcodec"), ("output", "libpulse.so")):
+        for module, library in (("decoding", "libavcodec"), ("encoding", "libavcodec"), ("midi", "libasound.so"),
+                                ("output", "libpulse.so")):
             self.assertIn(library, needs(f"lib/lyrabox/lyrabox-{module}.so"))
             self.assertNotIn("not found", needs(f"lib/lyrabox/lyrabox-{module}.so"))
             self.assertNotIn(library, needs("bin/lyrabox"))
