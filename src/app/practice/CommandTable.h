@@ -18,6 +18,7 @@ QList<PracticeCommandEntry> loopMoves();
 QList<PracticeCommandEntry> trainer();
 QList<PracticeCommandEntry> edits();
 QList<PracticeCommandEntry> click();
+QList<PracticeCommandEntry> sound();
 QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();
 QList<PracticeCommandEntry> beats();

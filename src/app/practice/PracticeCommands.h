@@ -52,6 +52,11 @@ enum class PracticeCommand {
     CountIn,
     ClickSettings,
     CountInSettings,
+    Channels, ///< the argument is a ChannelMode
+    Centre,
+    HearOriginal,
+    NormalChannels,
+    TuneToA,
 };
 
 /// The longest way of a key that moves a loop, in ms.

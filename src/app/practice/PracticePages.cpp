@@ -7,6 +7,7 @@
 #include <QGridLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace lyrabox {
 
@@ -18,7 +19,7 @@ PracticePages::PracticePages(QWidget *parent)
     m_grid->setVerticalSpacing(Theme::grid);
     m_grid->setRowStretch(1, 1);
     m_switch->setAccessibleName(tr("Page"));
-    m_switch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_switch->setFixedWidth(pageWidth); // however many pages it has
     connect(m_switch, &SegmentedControl::pressed, this, [this] {
         m_current = m_switch->selectedSegment() + (hasFirstApart() ? 1 : 0);
         arrange();
@@ -31,7 +32,7 @@ void PracticePages::addPage(const QString &title, QWidget *page)
 {
     page->setParent(this);
     page->setFixedWidth(pageWidth);
-    m_pages.append({title, page});
+    m_pages.append({.title = title, .widget = page});
     arrange();
 }
 
@@ -48,6 +49,14 @@ void PracticePages::showPage(QWidget *page)
 QWidget *PracticePages::current() const
 {
     return m_pages.isEmpty() ? nullptr : m_pages.at(m_current).widget;
+}
+
+void PracticePages::setMarked(QWidget *page, bool marked)
+{
+    const auto found = std::ranges::find(m_pages, page, &Page::widget);
+    if (found == m_pages.end() || std::exchange(found->isMarked, marked) == marked)
+        return;
+    arrange();
 }
 
 void PracticePages::setTwoColumns(bool two)
@@ -68,7 +77,8 @@ void PracticePages::arrange()
         QWidget *page = m_pages.at(index).widget;
         m_grid->removeWidget(page);
         if (index >= firstOfSwitch) {
-            titles.append(m_pages.at(index).title);
+            const Page &shown = m_pages.at(index);
+            titles.append(shown.isMarked ? tr("%1 •").arg(shown.title) : shown.title);
             m_grid->addWidget(page, 1, 1);
             page->setVisible(index == selected);
         } else {

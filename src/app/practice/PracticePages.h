@@ -27,6 +27,9 @@ public:
     /// The page that the switch has selected. Null without pages.
     QWidget *current() const;
 
+    /// Marks a page in the switch: something on it is not as usual.
+    void setMarked(QWidget *page, bool marked);
+
     /// Whether the first page stands beside the others.
     void setTwoColumns(bool two);
 
@@ -40,6 +43,7 @@ private:
     struct Page {
         QString title;
         QWidget *widget;
+        bool isMarked = false;
     };
     QGridLayout *m_grid;
     SegmentedControl *m_switch;

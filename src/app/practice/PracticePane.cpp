@@ -22,6 +22,10 @@
 #include "app/practice/SnapButton.h"
 #include "app/practice/SongBeats.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
+#include "app/practice/SongTones.h"
+#include "app/practice/SoundCommands.h"
+#include "app/practice/SoundPage.h"
 #include "app/practice/TempoReadout.h"
 #include "app/practice/TextButton.h"
 #include "app/practice/TrainerCommands.h"
@@ -66,6 +70,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
       m_metronome(metronome),
       m_sound(sound),
       m_beats(new SongBeats(audio, practice, &m_peaks, this)),
+      m_tones(new SongTones(audio, practice, &m_peaks, sound, this)),
       m_divider(new PaneDivider(this)),
       m_header(new PracticeHeader(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
@@ -93,6 +98,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
     m_pages->addPage(tr("Loops"), m_loops);
     addTrainer();
     addBeatPage();
+    addSound();
     fillHeader();
 
     auto *column = new QVBoxLayout(this);
@@ -119,6 +125,7 @@ PracticePane::~PracticePane()
     // of the wave.
     delete m_overview;
     delete m_wave;
+    delete m_tones;
     delete m_beats;
 }
 
@@ -212,6 +219,21 @@ void PracticePane::addBeatPage()
         return addButton(text, command, argument);
     };
     m_pages->addPage(tr("Beat"), new BeatPage(m_beats, m_wave, makeButton, this));
+}
+
+/// The page of the channels, and of tuning and key. It is marked while the song sounds different
+/// from how it was made, so that this is seen on the other pages, too.
+void PracticePane::addSound()
+{
+    addCommands(new SoundCommands(m_sound, m_tones, this));
+    const auto makeButton = [this](const QString &text, PracticeCommand command) {
+        return addButton(text, command);
+    };
+    auto *page = new SoundPage(m_sound, m_tones, makeButton, this);
+    m_pages->addPage(tr("Sound"), page);
+    const auto mark = [this, page] { m_pages->setMarked(page, !m_sound->kept().isNeutral()); };
+    connect(m_sound, &SongSound::changed, page, mark);
+    mark();
 }
 
 void PracticePane::fillHeader()

@@ -26,6 +26,8 @@ class PracticePages;
 class SongBeats;
 class SongPractice;
 class SongSound;
+class SongTones;
+class SoundPage;
 class TextButton;
 class TrainerPage;
 class TrainerRun;
@@ -72,6 +74,7 @@ public:
     TrainerRun *trainer() const { return m_trainer; }
     Metronome *metronome() const { return m_metronome; }
     SongSound *sound() const { return m_sound; }
+    SongTones *tones() const { return m_tones; }
     SongPeaks &peaks() { return m_peaks; }
 
     QSize sizeHint() const override { return {400, 320}; }
@@ -91,6 +94,7 @@ private:
     void fillHeader();
     void addBeats();
     void addBeatPage();
+    void addSound();
     QLayout *makeMiddle();
     void connectLoops(SongPractice *practice);
     TextButton *addButton(const QString &text, PracticeCommand command, int argument = 0);
@@ -106,6 +110,7 @@ private:
     SongSound *m_sound;
     SongPeaks m_peaks;
     SongBeats *m_beats;
+    SongTones *m_tones;
     QList<CommandSet *> m_commands;
     PaneDivider *m_divider;
     PracticeHeader *m_header;

@@ -1,6 +1,7 @@
 #include "app/practice/TrainerPage.h"
 
 #include "app/practice/ChoiceButton.h"
+#include "app/practice/PageParts.h"
 #include "app/practice/RotationBox.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/TrainerRun.h"
@@ -23,13 +24,6 @@ namespace {
 
 constexpr int fieldWidth = 44;
 constexpr int gap = 6;
-
-void makeQuiet(QLabel *label)
-{
-    QPalette colors = label->palette();
-    colors.setColor(QPalette::WindowText, Theme::secondaryText);
-    label->setPalette(colors);
-}
 
 int valueOf(const NumberField *field)
 {
@@ -62,15 +56,7 @@ TrainerPage::TrainerPage(TrainerRun *run, SongPractice *practice, QWidget *paren
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(gap);
     column->addWidget(m_target);
-    auto *area = new QScrollArea(this);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->viewport()->setAutoFillBackground(false);
-    area->setWidget(makeForm());
-    area->widget()->setAutoFillBackground(false);
-    column->addWidget(area, 1);
+    column->addWidget(pageParts::scrolling(makeForm(), this), 1);
     m_buttons->setSpacing(Theme::grid);
     m_buttons->addStretch(1);
     column->addLayout(m_buttons);
@@ -140,10 +126,8 @@ ChoiceButton *TrainerPage::addChoice(QWidget *row, const QString &name, const QS
 
 void TrainerPage::addRow(const QString &label, QWidget *row)
 {
-    auto *text = new QLabel(label, m_form);
-    makeQuiet(text);
     const int at = m_rows->rowCount();
-    m_rows->addWidget(text, at, 0);
+    m_rows->addWidget(pageParts::quietLabel(label, m_form), at, 0);
     m_rows->addWidget(row, at, 1);
 }
 
@@ -153,9 +137,7 @@ void TrainerPage::addLadderRows()
     const int least = TrainerSettings::minimumTempo;
     const int most = TrainerSettings::maximumTempo;
     m_from = addNumber(speeds, tr("First speed"), least, most);
-    auto *to = new QLabel(tr("to"), speeds);
-    makeQuiet(to);
-    speeds->layout()->addWidget(to);
+    speeds->layout()->addWidget(pageParts::quietLabel(tr("to"), speeds));
     m_to = addNumber(speeds, tr("Last speed"), least, most);
     m_unit = addChoice(speeds, tr("Unit"), {tr("%"), tr("BPM")});
     addRow(tr("Speeds"), speeds);
@@ -194,9 +176,7 @@ void TrainerPage::addBetweenRows()
     m_between = addChoice(between, tr("Before a pass"),
                           {tr("Nothing"), tr("Count-in"), tr("Run-up"), tr("Rest")});
     m_beats = addNumber(between, tr("Beats before a pass"), 1, TrainerSettings::maximumBeats);
-    auto *beats = new QLabel(tr("beats"), between);
-    makeQuiet(beats);
-    between->layout()->addWidget(beats);
+    between->layout()->addWidget(pageParts::quietLabel(tr("beats"), between));
     addRow(tr("Before"), between);
     QWidget *when = cell();
     m_countInWhen =
