@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/audio/ChannelTools.h"
 #include "platform/audio/Clicks.h"
 #include "platform/audio/GraphicEqualizerDesign.h"
 #include "platform/audio/SongWriter.h"
@@ -44,6 +45,7 @@ struct ExportRequest {
     SongDetails details = {}; ///< `frames` is filled in
 
     std::vector<ExportPass> passes = {ExportPass{}};    ///< one after the other, without a gap
+    ChannelTools channels = {};                         ///< numbers are brought within their ranges
     float pitchCents = 0.0F;                            ///< as parameter::pitch
     equalizer::Levels levels{};                         ///< dB of each of the equalizer's bands
     std::shared_ptr<const ClickTable> clicks = nullptr; ///< null: the metronome is off

@@ -2,6 +2,7 @@
 
 #include "export/PassReader.h"
 #include "export/SongSource.h"
+#include "platform/audio/ChannelStage.h"
 #include "platform/audio/ClickMixer.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/audio/DenormalGuard.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 
 namespace lyrabox {
 
@@ -29,11 +31,12 @@ bool isOneRate(const std::vector<ExportPass> &passes)
     });
 }
 
-/// The stages of one export, from the song to the click mixer.
+/// The stages of one export, from the song to the click mixer. The reader passes the song through
+/// the channel tools.
 class Stages {
 public:
     Stages(const ExportRequest &request, SongSource &source)
-        : m_reader(request, source, m_clicks, m_timePitch),
+        : m_reader(request, source, m_channels, m_clicks, m_timePitch),
           m_rate(request.passes.front().rate),
           m_isOneRate(isOneRate(request.passes))
     {}
@@ -51,6 +54,7 @@ private:
     double framesUntil(std::uint64_t place, double from) const;
 
     ClickSchedule m_clicks;
+    ChannelStage m_channels;
     GraphicEqualizer m_equalizer;
     TimePitch m_timePitch;
     ClickMixer m_mixer;
@@ -63,6 +67,11 @@ private:
 
 Status Stages::prepare(const ExportRequest &request)
 {
+    try {
+        m_channels.set(request.channels);
+    } catch (const std::bad_alloc &) {
+        return status::notEnoughMemory;
+    }
     if (const Status status = m_equalizer.initialize())
         return status;
     for (std::uint32_t i = 0; i < request.levels.size(); ++i) {

@@ -20,8 +20,9 @@ ExportTools platformExportTools();
 
 /// Writes one file: decodes the song, and pulls it through stages of its own as fast as they go.
 /// The stages are those of the player, and begin as after a seek to the first pass. So the samples
-/// are those that playing from there gives, without the fades of the output. At normal speed and
-/// pitch with a flat equalizer they are those of the decoded song, bit for bit.
+/// are those that playing from there gives, without the fades of the output. With neutral
+/// channel tools, normal speed and pitch and a flat equalizer they are those of the decoded song,
+/// bit for bit.
 ///
 /// If all passes have one rate, the file has the frames of the passes divided by it, rounded. If
 /// the rate changes, time/pitch glides to the new one as it does in playing, and the length follows

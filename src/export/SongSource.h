@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/audio/CentreFilter.h"
 #include "platform/audio/SongReader.h"
 
 #include <array>
@@ -14,8 +15,9 @@ namespace lyrabox {
 /// is decoded once. One thread at a time.
 class SongSource {
 public:
-    /// Frames before the kept part that can still be read. Fades need them.
-    static constexpr std::uint64_t margin = 1024;
+    /// Frames before the kept part that can still be read: as many as a window of the centre, which
+    /// begins before the first pass. Fades need fewer.
+    static constexpr std::uint64_t margin = CentreFilter::window;
 
     /// `reader` is never null.
     SongSource(std::unique_ptr<SongReader> reader, std::stop_token stop);
