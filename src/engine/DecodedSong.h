@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/audio/StreamFormat.h"
+#include "platform/foundation/FileStamp.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace lyrabox {
@@ -36,10 +38,15 @@ public:
     bool resize(std::uint64_t bytes);
     void setFrames(std::uint64_t frames) { m_frames = frames; }
 
+    /// The file as it was before it was decoded. None if it is not known.
+    const std::optional<files::FileStamp> &file() const { return m_file; }
+    void setFile(const std::optional<files::FileStamp> &file) { m_file = file; }
+
 private:
     AudioStreamBasicDescription m_format;
     std::uint32_t m_channels;
     std::uint64_t m_frames = 0;
+    std::optional<files::FileStamp> m_file;
     std::array<std::byte *, maximumChannels> m_data{};
 };
 

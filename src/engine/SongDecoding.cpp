@@ -2,6 +2,7 @@
 #include "engine/ReadySongs.h"
 #include "engine/SongChannels.h"
 #include "engine/SongDecoder.h"
+#include "engine/SongPreparation.h"
 #include "platform/audio/DecodingModule.h"
 #include "platform/foundation/Machine.h"
 
@@ -51,6 +52,7 @@ bool takeReadySong(const QUrl &url, const AudioStreamBasicDescription &format)
     const auto ready = readySongs() ? readySongs()->take(url, format) : std::nullopt;
     if (!ready)
         return false;
+    ready->song->setFile(ready->file.stamp);
     installSong(ready->song);
     setArtwork(ready->artwork);
     seekToFrame(0);
@@ -131,6 +133,7 @@ Status loadAudioFile(const QUrl &url)
     const auto room = [](std::uint64_t) { return availableMemory(); };
     SongDecoder decoder(songReaderFactory()(), format, {.room = room, .makeRoom = &dropReadySongs});
     decoder.setWaitHook([&] { progress.advance(secondsDecoded); });
+    const std::optional<files::FileIdentity> file = identityOf(url.toLocalFile());
     if (const Status status = decoder.open(url.toLocalFile()))
         return status;
     if (!decoder.fits(memoryForSong(format)))
@@ -145,8 +148,11 @@ Status loadAudioFile(const QUrl &url)
         secondsDecoded = secondsOf(frames);
         progress.advance(secondsDecoded);
     });
-    if (std::shared_ptr<DecodedSong> song = decoder.song())
+    if (std::shared_ptr<DecodedSong> song = decoder.song()) {
+        if (file)
+            song->setFile(file->stamp);
         installSong(std::move(song));
+    }
     setArtwork(decoder.artwork());
     seekToFrame(0);
     return result;

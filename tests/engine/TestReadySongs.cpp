@@ -42,6 +42,21 @@ TEST_F(ReadySongs, AReadySongIsTakenOverWithoutBeingReadAgain)
     EXPECT_FALSE(ready->isReady(next));
 }
 
+TEST_F(ReadySongs, TheFileOfASongIsRememberedWhetherItWasReadyOrNot)
+{
+    const QUrl next = file(u"next"_s);
+    const auto stamp = files::fileStamp(path(u"next"_s));
+    ASSERT_TRUE(stamp);
+    want({next});
+    ASSERT_TRUE(ready->isReady(next));
+    EXPECT_EQ(engine::loadAudioFile(next), 0);
+    EXPECT_EQ(engine::decodedSong()->file(), stamp);
+    EXPECT_EQ(engine::loadAudioFile(next), 0) << "now it is not ready";
+    EXPECT_EQ(engine::decodedSong()->file(), stamp);
+    loadSong(500); // a path without a file
+    EXPECT_FALSE(engine::decodedSong()->file());
+}
+
 TEST_F(ReadySongs, AReadySongWithoutArtworkDropsTheLastOnes)
 {
     want({file(u"next"_s)});

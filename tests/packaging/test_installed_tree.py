@@ -1,5 +1,6 @@
 """Installs a build into a temporary folder and checks the installed files: test_installed_tree.py BUILD VERSION"""
 import configparser
+import ctypes
 import os
 import pathlib
 import struct
@@ -54,6 +55,11 @@ class InstalledTree(unittest.TestCase):
             self.assertIn(library, needs(f"lib/lyrabox/lyrabox-{module}.so"))
             self.assertNotIn("not found", needs(f"lib/lyrabox/lyrabox-{module}.so"))
             self.assertNotIn(library, needs("bin/lyrabox"))
+
+    def test_the_installed_encoders_write_every_format(self):
+        encoding = ctypes.CDLL(str(self.root / "lib/lyrabox/lyrabox-encoding.so"))
+        encoding.lyraboxWritableSongFormats.restype = ctypes.c_uint32
+        self.assertEqual(encoding.lyraboxWritableSongFormats(), 0b1111111)
 
     def test_every_icon_has_the_size_of_its_folder(self):
         for size in (16, 22, 24, 32, 48, 64, 128, 256, 512):

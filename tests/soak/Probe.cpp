@@ -102,6 +102,8 @@ QJsonObject state()
     state.insert(u"trains"_s, pane != nullptr && pane->trainer()->isRunning());
     const QWidget *history = topLevel(u"historyWindow"_s);
     state.insert(u"history"_s, history != nullptr && history->isVisible());
+    const QWidget *exports = topLevel(u"exportWindow"_s);
+    state.insert(u"exports"_s, exports != nullptr && exports->isVisible());
     return state;
 }
 

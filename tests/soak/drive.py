@@ -80,7 +80,7 @@ PRACTICE_KEYS = (
 BEAT_COMMANDS = ("u", "h", "w", "v", "e", "l", "a", "r", "c")
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
-PANE_THREADS = 5  # of the practice pane; each begins with the first job of its kind, and stays
+PANE_THREADS = 6  # of the practice pane; each begins with the first job of its kind, and stays
 
 
 class Failure(Exception):
@@ -267,12 +267,15 @@ class Soak:
         self.machine = Machine(root)
         self.start_display()
         self.music = Music(root)
+        self.exports = pathlib.Path(root, "exports")
+        self.exports.mkdir()
         os.makedirs(f"{root}/data/Lyrabox")
         os.makedirs(f"{root}/config/Lyrabox")
         with open(f"{root}/data/Lyrabox/Folders.plist", "wb") as out:
             plistlib.dump([str(self.music.shown)], out)
         pathlib.Path(root, "config/Lyrabox/Lyrabox.conf").write_text(
-            f"[General]\nlastTab=1\nfolderPath={self.music.shown}/Alpha\n")
+            f"[General]\nlastTab=1\nfolderPath={self.music.shown}/Alpha\nexportFolder={self.exports}\n"
+            "exportFormat=opus\n")
 
     def start_display(self):
         reading, writing = os.pipe()
@@ -568,6 +571,29 @@ class Soak:
         self.xdotool("key", "alt+i", "b", command, "Escape", "Escape")
         return f"the command {command} of the beats"
 
+    def export(self, dice):
+        """Exports a loop and cancels half of them, or begins to export the song; needs the pane and a song."""
+        cancels, replaces, times = dice.random() < 0.5, dice.random() < 0.5, dice.choice(("1", "3", "99"))
+        removes, every = dice.random() < 0.2, dice.random() < 0.2
+        if self.state.get("targets", {}).get("practiceWave") is None or not self.state.get("frames"):
+            return "no export without the pane and a song"
+        if removes:
+            for file in self.exports.iterdir():
+                file.unlink(missing_ok=True)
+        if not self.state["loops"]:
+            cancels, every = True, False  # whole songs would take too long
+        self.xdotool("key", "ctrl+e")
+        if every:
+            self.xdotool("key", "Right", "Right")
+        else:
+            self.xdotool("key", "Tab", "Tab", "type", times)
+            self.xdotool("key", "Return", "shift+Tab")
+        self.xdotool("key", "Return", *(["Tab", "space"] if replaces else ["Escape"]))
+        if cancels:
+            self.xdotool("key", "ctrl+e", "shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab", "Home", *["Delete"] * 12)
+        self.xdotool("key", "Escape")
+        return f"export {'every loop' if every else times + ' times'}{', cancelled' if cancels else ''}"
+
     def hold_key(self, dice):
         key = dice.choice(("Left", "Right"))
         self.xdotool("keydown", key)
@@ -660,7 +686,7 @@ class Soak:
     ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
                ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("press_long", 1),
                ("wheel", 5), ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8),
-               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
+               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("export", 2), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
                ("subfolders", 0.3), ("rest", 3))
 
     def act(self, number):
@@ -700,7 +726,7 @@ class Soak:
             ("a song loaded", state["frames"] > 0), ("playing", state["runs"]), ("looping", state["loops"]),
             ("a dialog", state["modal"]), ("a menu", state["popup"]), ("a popover", "okButton" in state["targets"]),
             ("the equalizer", "slider0" in state["targets"]), ("the practice pane", "practiceWave" in state["targets"]), ("kept loops", state["kept"]),
-            ("markers", state["markers"]), ("the history", state["history"]), ("a loop called up", state["called up"]), ("the trainer", state["trains"]), ("no sound server", self.server_returns is not None))
+            ("markers", state["markers"]), ("the history", state["history"]), ("the export window", state["exports"]), ("a loop called up", state["called up"]), ("the trainer", state["trains"]), ("no sound server", self.server_returns is not None))
             if is_so)
         while state["broken"]:
             # Animations may wait for a held button or an open dialog, but never longer than this.
@@ -762,6 +788,9 @@ class Soak:
         stray = [path.name for path in folder.glob("Practice/*") if path.suffix != ".json" and path != history
                  and not re.search(r"\.json\.(unreadable|changed)-\d+$", path.name)]
         require(not stray, f"stray files next to the practice files: {stray}")
+        if self.child.poll() is not None:  # while a file gets its name, it has another one for a moment
+            parts = [path.name for path in self.exports.iterdir() if path.suffix != ".opus" or path.stat().st_size == 0]
+            require(not parts, f"parts of exports are left: {parts}")
         require(all(isinstance(path, str) and path for path in folders), "a folder without a path")
         require(len(folders) == len(set(folders)), "a folder twice")
 

@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace lyrabox {
 
@@ -31,11 +32,20 @@ void drawArrow(QPainter &painter, QPointF middle, const QColor &color)
 } // namespace
 
 ChoiceButton::ChoiceButton(const QString &label, const QStringList &choices, QWidget *parent)
-    : QPushButton(parent), m_label(label), m_choices(choices), m_menu(new QMenu(this))
+    : QPushButton(parent), m_label(label), m_menu(new QMenu(this))
 {
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    auto *group = new QActionGroup(this);
+    setMenu(m_menu);
+    setChoices(choices);
+}
+
+void ChoiceButton::setChoices(const QStringList &choices)
+{
+    m_choices = choices;
+    m_menu->clear();
+    auto *group = new QActionGroup(m_menu);
+    delete std::exchange(m_group, group);
     for (int index = 0; index < choices.size(); ++index) {
         QString text = choices.at(index);
         QAction *action = m_menu->addAction(text.replace(u'&', QStringLiteral("&&")));
@@ -46,7 +56,7 @@ ChoiceButton::ChoiceButton(const QString &label, const QStringList &choices, QWi
             Q_EMIT chosen(index);
         });
     }
-    setMenu(m_menu);
+    updateGeometry();
     setCurrent(0);
 }
 

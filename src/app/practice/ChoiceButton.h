@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QStringList>
 
+class QActionGroup;
 class QMenu;
 
 namespace lyrabox {
@@ -20,6 +21,8 @@ public:
     int current() const { return m_current; }
     /// Shows a choice without sending chosen(). Does nothing if there is no such choice.
     void setCurrent(int index);
+    /// Replaces the choices; there is at least one. The first one is shown.
+    void setChoices(const QStringList &choices);
     /// Whether the user can choose it. All can be chosen at first.
     void setChoiceEnabled(int index, bool enabled);
 
@@ -38,6 +41,7 @@ private:
     QStringList m_choices;
     int m_current = 0;
     QMenu *m_menu;
+    QActionGroup *m_group = nullptr; ///< of the choices
 };
 
 } // namespace lyrabox

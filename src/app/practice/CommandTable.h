@@ -21,6 +21,7 @@ QList<PracticeCommandEntry> click();
 QList<PracticeCommandEntry> sound();
 QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();
+QList<PracticeCommandEntry> exports();
 QList<PracticeCommandEntry> beats();
 
 } // namespace lyrabox::commandTable

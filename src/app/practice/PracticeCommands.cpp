@@ -32,7 +32,8 @@ QList<PracticeCommandEntry> practiceCommands()
 {
     return commandTable::play() + commandTable::markers() + commandTable::loopMoves() +
            commandTable::trainer() + commandTable::edits() + commandTable::beats() +
-           commandTable::click() + commandTable::sound() + commandTable::wave() + commandTable::history();
+           commandTable::click() + commandTable::sound() + commandTable::wave() +
+           commandTable::history() + commandTable::exports();
 }
 
 PracticeCommandEntry practiceCommand(PracticeCommand command)

@@ -44,6 +44,7 @@ enum class PracticeCommand {
     MoveBeat,  ///< the beat at the line; the argument is the way in ms, negative for earlier
     ClearBeats,
     ShowHistory,
+    Export,
     Train,
     Rotate,
     PassMissed,

@@ -2,6 +2,7 @@
 
 #include "app/practice/PracticeKeys.h"
 #include "app/practice/PracticePane.h"
+#include "app/shell/PracticeExport.h"
 #include "app/shell/PracticeHistory.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Room.h"
@@ -81,6 +82,7 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
     auto *pane = new PracticePane(parts.audio.get(), practice, parts.metronome.get(),
                                   parts.songSound.get(), seek, parent);
     addPracticeHistory(parts, pane);
+    addPracticeExport(parts, pane);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();
     QObject::connect(pane, &PracticePane::commandsChanged, menu,

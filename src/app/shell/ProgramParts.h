@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/export/ExportQueue.h"
+#include "app/export/ExportWindow.h"
 #include "app/practice/HistoryWindow.h"
 #include "app/practice/Metronome.h"
 #include "app/practice/PaneSite.h"
@@ -68,6 +70,8 @@ struct ProgramParts {
     std::unique_ptr<SongSound> songSound;           ///< made together with `songPractice`
     std::unique_ptr<PracticeDiary> practiceDiary;   ///< made together with `songPractice`
     std::unique_ptr<HistoryWindow> historyWindow;   ///< null until it is first shown
+    std::unique_ptr<ExportQueue> exportQueue;       ///< made together with `exportWindow`
+    std::unique_ptr<ExportWindow> exportWindow;     ///< null until it is first shown
     std::unique_ptr<PaneSite> practice;             ///< made together with `audio`
 
     /// Made together with `audio`.
