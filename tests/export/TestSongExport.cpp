@@ -161,6 +161,29 @@ TEST_F(MadeSongExport, HasEveryFrameOfAnySong)
     EXPECT_EQ(run(), status::nothingToWrite);
 }
 
+TEST_F(MadeSongExport, WithCentreHasTheSameLength)
+{
+    song->sample = [](std::uint32_t channel, std::uint64_t frame) {
+        return 0.3F * std::sin(static_cast<float>(frame % 44'100) * (channel == 0 ? 0.05F : 0.07F));
+    };
+    request.channels = {.centre = -100};
+    for (const std::uint64_t frames : {1U, 127U, 129U, 2048U, 100'003U}) {
+        song->frames = frames;
+        *result = {};
+        ASSERT_EQ(run(), 0);
+        EXPECT_EQ(result->left.size(), frames);
+    }
+    song->frames = 2'000'000;
+    *result = {};
+    request.passes = {{.start = 1'500'000, .end = 1'500'300},
+                      {.start = 200, .end = 500, .before = {.frames = 1000}},
+                      {.start = 900'000, .end = 900'001}};
+    ASSERT_EQ(run(), 0);
+    EXPECT_EQ(result->left.size(), 1601U);
+    EXPECT_TRUE(
+        std::ranges::all_of(result->left, [](float sample) { return std::isfinite(sample); }));
+}
+
 TEST_F(MadeSongExport, RepeatsALoopWithItsExactLength)
 {
     request.passes = repeatedPass({.start = 30'001, .end = 47'322}, 5);

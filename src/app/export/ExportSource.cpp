@@ -3,8 +3,8 @@
 #include "app/practice/Metronome.h"
 #include "app/practice/MetronomeRules.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
 #include "engine/LB_AudioController.h"
-#include "engine/SongChannels.h"
 
 #include <QFileInfo>
 
@@ -51,7 +51,7 @@ exportPlan::Heard ExportSource::heard(std::optional<LoopRange> loop) const
 {
     exportPlan::Heard heard{.speed = static_cast<double>(m_audio->playbackSpeedPct()),
                             .pitch = static_cast<double>(m_audio->playbackPitch()),
-                            .channels = engine::channelTools()};
+                            .channels = m_sound->tools()};
     for (std::size_t band = 0; band < heard.levels.size(); ++band)
         heard.levels[band] = m_audio->eqLevelForIndex(static_cast<quint32>(band));
     const bool sounds = loop && m_audio->loop() == loop;

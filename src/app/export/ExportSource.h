@@ -11,14 +11,15 @@ namespace lyrabox {
 
 class Metronome;
 class SongPractice;
+class SongSound;
 
 /// What the player and the practice record offer for an export. Main thread.
 class ExportSource {
 public:
     /// All must outlive the object.
     ExportSource(const LB_AudioController *audio, const SongPractice *practice,
-                 const Metronome *metronome)
-        : m_audio(audio), m_practice(practice), m_metronome(metronome)
+                 const SongSound *sound, const Metronome *metronome)
+        : m_audio(audio), m_practice(practice), m_sound(sound), m_metronome(metronome)
     {}
 
     /// Whether there is a song, and its loops are known.
@@ -45,6 +46,7 @@ public:
 private:
     const LB_AudioController *m_audio;
     const SongPractice *m_practice;
+    const SongSound *m_sound;
     const Metronome *m_metronome;
 };
 

@@ -8,6 +8,7 @@
 #include "app/export/ExportText.h"
 #include "app/practice/Metronome.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
 #include "engine/LB_AudioController.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
@@ -62,7 +63,7 @@ QPushButton *makeButton(const QString &text, QWidget *parent)
 
 ExportWindow::ExportWindow(const Outlets &outlets, QWidget *parent)
     : QDialog(parent),
-      m_source(outlets.audio, outlets.practice, outlets.metronome),
+      m_source(outlets.audio, outlets.practice, outlets.sound, outlets.metronome),
       m_queue(outlets.queue),
       m_folder(exportSettings::folder()),
       m_form(new ExportForm(this)),
@@ -120,6 +121,7 @@ void ExportWindow::follow(const Outlets &outlets)
     connect(outlets.audio, &LB_AudioController::speedOrPitchChanged, this, updateSoon);
     connect(outlets.practice, &SongPractice::calledUpChanged, this, updateSoon);
     connect(&outlets.practice->store(), &PracticeStore::recordChanged, this, updateSoon);
+    connect(outlets.sound, &SongSound::changed, this, updateSoon);
     connect(outlets.metronome, &Metronome::changed, this, updateSoon);
     NotificationCenter::defaultCenter().addObserver(this, notification::currentTrackChanged,
                                                     updateSoon);

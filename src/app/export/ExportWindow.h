@@ -32,6 +32,7 @@ public:
     struct Outlets {
         LB_AudioController *audio;
         const SongPractice *practice;
+        const SongSound *sound;
         const Metronome *metronome;
         ExportQueue *queue;
         std::vector<SongFormat> formats;

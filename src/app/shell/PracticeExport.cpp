@@ -41,7 +41,8 @@ ExportWindow *makeWindow(ProgramParts &parts)
     parts.exportWindow =
         std::make_unique<ExportWindow>(ExportWindow::Outlets{.audio = parts.audio.get(),
                                                              .practice = parts.songPractice.get(),
-                                                             .metronome = parts.metronome.get(),
+                                                             .sound = parts.songSound.get(),
+                              .metronome = parts.metronome.get(),
                                                              .queue = parts.exportQueue.get(),
                                                              .formats = encodingModule().formats()},
                                        &parts.mainWindow);

@@ -4,8 +4,8 @@
 #include "app/practice/ChoiceButton.h"
 #include "app/practice/Metronome.h"
 #include "app/practice/PracticingFixture.h"
+#include "app/practice/SongSound.h"
 #include "app/practice/TextButton.h"
-#include "engine/SongChannels.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/NumberField.h"
 #include "support/CollectingWriter.h"
@@ -33,6 +33,7 @@ protected:
     ~TheExportWindow() override
     {
         window.reset();
+        sound.reset();
         metronome.reset();
         forget();
     }
@@ -48,9 +49,11 @@ protected:
     void open()
     {
         metronome = std::make_unique<Metronome>(&audio(), practice.get());
+        sound = std::make_unique<SongSound>(&audio(), practice.get());
         window = std::make_unique<ExportWindow>(
             ExportWindow::Outlets{.audio = &audio(),
                                   .practice = practice.get(),
+                                  .sound = sound.get(),
                                   .metronome = metronome.get(),
                                   .queue = &queue,
                                   .formats = {SongFormat::Flac, SongFormat::Mp3}},
@@ -119,6 +122,7 @@ protected:
     ExportQueue queue{
         {.reader = fakeSongReaderFactory(transport.song), .writer = collectingWriters(result)}};
     std::unique_ptr<Metronome> metronome;
+    std::unique_ptr<SongSound> sound;
     std::unique_ptr<ExportWindow> window;
 };
 
@@ -130,8 +134,8 @@ TEST_F(TheExportWindow, OffersTheLoopThatSoundsAndWritesItAsItIsHeard)
     ASSERT_TRUE(practice->play(riff));
     audio().setPlaybackSpeedPct(50.0F);
     audio().setEqLevelForIndex(6.0F, 3);
-    engine::setChannelTools({.mode = ChannelMode::Swapped});
     open();
+    ASSERT_TRUE(sound->change({.mode = ChannelMode::Swapped}));
     EXPECT_EQ(name()->text(), u"A - Riff 50 %"_s);
     EXPECT_TRUE(estimate().startsWith(u"0:04 "_s)) << estimate().toStdString();
     times()->setFloatValue(3.0F);
