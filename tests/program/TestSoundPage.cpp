@@ -113,6 +113,14 @@ protected:
                tonesOf(recorder->rightSamples(from, size));
     }
 
+    /// Waits until the song is recognised by its sound. If that takes long, a line at the bottom of
+    /// the pane says so, and the controls are elsewhere.
+    bool isRecognised() const
+    {
+        return waitUntil([this] { return !kept().empty() && !kept().front().song.audio.isEmpty(); },
+                         60.0);
+    }
+
     bool hearsTones(const QString &tones) const
     {
         const bool heard = waitUntil([&] { return tonesNow() == tones; });
@@ -143,6 +151,7 @@ TEST_F(ProgramWithSound, EveryChoiceOfTheChannelsIsHeardAndTakenBack)
     ASSERT_TRUE(hearsTones(u"LM RM"_s));
     click(at::mono);
     ASSERT_TRUE(hearsTones(u"LRM LRM"_s));
+    ASSERT_TRUE(isRecognised());
     click(at::left);
     ASSERT_TRUE(hearsTones(u"LM LM"_s));
     click(at::right);
@@ -170,6 +179,7 @@ TEST_F(ProgramWithSound, TheMiddleIsTakenOutAndComparedByMouseAndKeys)
     ASSERT_TRUE(hearsTones(u"LM RM"_s));
     display.key(u"e"_s);
     ASSERT_TRUE(hearsTones(u"L R"_s));
+    ASSERT_TRUE(isRecognised());
     display.key(u"o"_s);
     ASSERT_TRUE(hearsTones(u"LM RM"_s)) << "the original";
     click(at::original);

@@ -5,10 +5,12 @@
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongBeats.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
 #include "app/practice/TrainerRun.h"
 #include "engine/AudioEngine.h"
 #include "engine/ClicksAndLeadIns.h"
 #include "engine/LB_AudioController.h"
+#include "engine/SongChannels.h"
 #include "library/LB_QueueController.h"
 #include "library/TrackTableModel.h"
 #include "platform/foundation/UserDefaults.h"
@@ -273,12 +275,24 @@ void checkTrainer(Findings &findings, const TrainerRun &trainer, const SongPract
                      u"the trainer has counted %1 passes"_s.arg(strip.passesDone));
 }
 
+/// The engine does with the channels what the song's record says, unless the original is compared.
+void checkSound(Findings &findings, const SongSound &sound)
+{
+    findings.require(engine::channelTools() == sound.tools(),
+                     u"the song is not heard with its channel tools"_s);
+    findings.require(sound.kept() == cleanChannelTools(sound.kept()),
+                     u"the channel tools are beyond their ranges"_s);
+    findings.require(!sound.originalIsHeard() || !sound.kept().isNeutral(),
+                     u"the original is compared with itself"_s);
+}
+
 void checkPractice(Findings &findings, const LB_AudioController &audio)
 {
     auto *pane = widget<PracticePane>(u"practicePane"_s);
     if (pane == nullptr)
         return;
     checkMetronome(findings, *pane);
+    checkSound(findings, *pane->sound());
     const SongPractice &practice = *pane->practice();
     checkTrainer(findings, *pane->trainer(), practice, audio);
     const PracticeRecord &record = practice.record();

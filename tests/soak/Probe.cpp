@@ -5,6 +5,7 @@
 #include "app/practice/TrainerRun.h"
 #include "engine/AudioEngine.h"
 #include "engine/ReadySongs.h"
+#include "engine/SongChannels.h"
 #include "soak/Invariants.h"
 #include "soak/Trials.h"
 #include "soak/Widgets.h"
@@ -100,6 +101,7 @@ QJsonObject state()
     state.insert(u"markers"_s, practice != nullptr && !practice->record().markers.empty());
     state.insert(u"called up"_s, practice != nullptr && practice->calledUp().has_value());
     state.insert(u"trains"_s, pane != nullptr && pane->trainer()->isRunning());
+    state.insert(u"channels"_s, !engine::channelTools().isNeutral());
     const QWidget *history = topLevel(u"historyWindow"_s);
     state.insert(u"history"_s, history != nullptr && history->isVisible());
     const QWidget *exports = topLevel(u"exportWindow"_s);

@@ -75,9 +75,11 @@ PRACTICE_KEYS = (
     ["k"] * 4 + ["m", "n", "p", "y", "u", "shift+u", "shift+n", "shift+p", "Return", "Delete"] + ["1", "2", "3", "4", "9"]
     + ["a", "s", "d", "f", "g", "h"] * 2 + ["alt+a", "alt+f", "shift+s", "shift+d", "shift+h"] + ["ctrl+z"] * 4
     + ["ctrl+shift+z"] * 2 + ["shift+k", "ctrl+shift+k", "z", "w", "shift+m", "F2", "l", "ctrl+h"]
-    + ["c", "shift+c"] * 3 + ["r"] * 3 + ["x", "v"] * 2 + ["shift+r"])
+    + ["c", "shift+c"] * 3 + ["r"] * 3 + ["x", "v"] * 2 + ["shift+r"] + ["e"] * 2 + ["o", "shift+t"])
 # The commands of the beats, through the menu.
 BEAT_COMMANDS = ("u", "h", "w", "v", "e", "l", "a", "r", "c")
+# The same of the sound.
+SOUND_COMMANDS = ("c", "o", "t", "b", "m", "l", "r", "s", "n")
 LISTS = ("trackTableView", "folderOutlineView", "playlistOutlineView", "presetTableView")
 ROW = 26
 PANE_THREADS = 6  # of the practice pane; each begins with the first job of its kind, and stays
@@ -571,6 +573,20 @@ class Soak:
         self.xdotool("key", "alt+i", "b", command, "Escape", "Escape")
         return f"the command {command} of the beats"
 
+    def channels(self, dice):
+        """Drags balance or Centre, or chooses a command of the sound; needs the pane."""
+        way, command, place = dice.random(), dice.choice(SOUND_COMMANDS), dice.random()
+        targets = self.state.get("targets", {})
+        slider = targets.get(dice.choice(("practiceBalance", "practiceCentre")))
+        if targets.get("practiceWave") is None:
+            return "no channels without the pane"
+        if slider is not None and way < 0.5:
+            x, y = int(slider[0] + place * (slider[2] - 1)), slider[1] + slider[3] // 2
+            self.xdotool("mousemove", slider[0] + slider[2] // 2, y, "mousedown", 1, "mousemove", x, y, "mouseup", 1)
+            return "drag balance or Centre"
+        self.xdotool("key", "alt+i", "n", command, "Escape", "Escape")
+        return f"the command {command} of the sound"
+
     def export(self, dice):
         """Exports a loop and cancels half of them, or begins to export the song; needs the pane and a song."""
         cancels, replaces, times = dice.random() < 0.5, dice.random() < 0.5, dice.choice(("1", "3", "99"))
@@ -686,7 +702,7 @@ class Soak:
     ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
                ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("press_long", 1),
                ("wheel", 5), ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8),
-               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("export", 2), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
+               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("channels", 4), ("export", 2), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
                ("subfolders", 0.3), ("rest", 3))
 
     def act(self, number):
@@ -726,7 +742,7 @@ class Soak:
             ("a song loaded", state["frames"] > 0), ("playing", state["runs"]), ("looping", state["loops"]),
             ("a dialog", state["modal"]), ("a menu", state["popup"]), ("a popover", "okButton" in state["targets"]),
             ("the equalizer", "slider0" in state["targets"]), ("the practice pane", "practiceWave" in state["targets"]), ("kept loops", state["kept"]),
-            ("markers", state["markers"]), ("the history", state["history"]), ("the export window", state["exports"]), ("a loop called up", state["called up"]), ("the trainer", state["trains"]), ("no sound server", self.server_returns is not None))
+            ("markers", state["markers"]), ("the history", state["history"]), ("the export window", state["exports"]), ("a loop called up", state["called up"]), ("the trainer", state["trains"]), ("channel tools", state["channels"]), ("no sound server", self.server_returns is not None))
             if is_so)
         while state["broken"]:
             # Animations may wait for a held button or an open dialog, but never longer than this.
@@ -810,6 +826,9 @@ class Soak:
         require(places == sorted(places), f"the loops of {path.name} are not in order")
         require(all(frames(loop["from"]) < frames(loop["to"]) for loop in content.get("loops", [])),
                 f"{path.name} has a loop without length")
+        sound = content.get("sound", {})
+        require(all(-100 <= sound.get(key, 0) <= 100 for key in ("balance", "centre", "tuning") if
+                    sound.get(key) != "not clear"), f"{path.name} has an odd sound: {sound}")
 
     @staticmethod
     def check_history(path, require):

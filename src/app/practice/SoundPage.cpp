@@ -108,10 +108,10 @@ QLayout *SoundPage::makeLevels()
     rows->setVerticalSpacing(gap);
     rows->setColumnStretch(1, 1);
     m_balance = addLevel(rows, tr("Balance"), tr("Balance, -100 is left, 100 is right"),
-                         &ChannelTools::balance);
+                         QStringLiteral("practiceBalance"), &ChannelTools::balance);
     m_centre = addLevel(rows, tr("Centre"),
                         tr("Centre, -100 is without the middle, 100 is only the middle"),
-                        &ChannelTools::centre);
+                        QStringLiteral("practiceCentre"), &ChannelTools::centre);
     m_limits = new TextButton(QStringLiteral("…"), this);
     m_limits->setAccessibleName(tr("Limits of the middle"));
     m_limits->setToolTip(m_limits->accessibleName());
@@ -121,7 +121,7 @@ QLayout *SoundPage::makeLevels()
 }
 
 SoundPage::Level SoundPage::addLevel(QGridLayout *rows, const QString &label, const QString &name,
-                                     int ChannelTools::*value)
+                                     const QString &objectName, int ChannelTools::*value)
 {
     const Level level{
         .slider = new LB_Slider(this), .field = new NumberField(this), .value = value};
@@ -130,6 +130,7 @@ SoundPage::Level SoundPage::addLevel(QGridLayout *rows, const QString &label, co
     level.slider->setStep(1.0);
     level.slider->setKeySteps(5.0, 20.0);
     level.slider->setDefaultValue(0.0);
+    level.slider->setObjectName(objectName);
     level.slider->setAccessibleName(name);
     level.slider->setToolTip(name);
     level.slider->installEventFilter(this);

@@ -54,7 +54,7 @@ private:
     QWidget *makeForm(const MakeButton &makeButton);
     QLayout *makeLevels();
     Level addLevel(QGridLayout *rows, const QString &label, const QString &name,
-                   int ChannelTools::*value);
+                   const QString &objectName, int ChannelTools::*value);
     QLayout *makeTones(const MakeButton &makeButton);
     void slide(const Level &level);
     void showSound();

@@ -54,6 +54,26 @@ TEST_F(ThePages, TheSwitchShowsOneOfThem)
     EXPECT_EQ(changed.size(), 2);
 }
 
+TEST_F(ThePages, KeepTheirWidthWithALongSwitch)
+{
+    for (const QString &title : {u"Loops"_s, u"Trainer"_s, u"Beat"_s, u"A long title"_s})
+        add(title);
+    pages.show();
+    EXPECT_EQ(pages.width(), PracticePages::pageWidth);
+    EXPECT_EQ(control().width(), PracticePages::pageWidth);
+}
+
+TEST_F(ThePages, CanBeMarkedInTheSwitch)
+{
+    add(u"Loops"_s);
+    QWidget *trainer = add(u"Trainer"_s);
+    pages.setMarked(trainer, true);
+    EXPECT_EQ(control().segments(), (QStringList{u"Loops"_s, u"Trainer •"_s}));
+    EXPECT_EQ(control().selectedSegment(), 0);
+    pages.setMarked(trainer, false);
+    EXPECT_EQ(control().segments(), (QStringList{u"Loops"_s, u"Trainer"_s}));
+}
+
 TEST_F(ThePages, WithRoomTheFirstStandsBesideTheOthers)
 {
     QWidget *loops = add(u"Loops"_s);
