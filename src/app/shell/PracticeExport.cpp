@@ -42,7 +42,7 @@ ExportWindow *makeWindow(ProgramParts &parts)
         std::make_unique<ExportWindow>(ExportWindow::Outlets{.audio = parts.audio.get(),
                                                              .practice = parts.songPractice.get(),
                                                              .sound = parts.songSound.get(),
-                              .metronome = parts.metronome.get(),
+                                                             .metronome = parts.metronome.get(),
                                                              .queue = parts.exportQueue.get(),
                                                              .formats = encodingModule().formats()},
                                        &parts.mainWindow);
