@@ -6,7 +6,7 @@ QList<PracticeCommandEntry> commandTable::exports()
 {
     return {
         {.command = PracticeCommand::Export,
-         .text = Text::tr("E&xport…"),
+         .text = Text::tr("&Export…"),
          .keys = {Qt::CTRL | Qt::Key_E}},
     };
 }

@@ -111,7 +111,7 @@ Entries commandTable::loopMoves()
     Entries entries =
         moves(PracticeCommand::MoveStart, Text::tr("Move &Start"), Qt::Key_A, Qt::Key_S);
     entries.first().beginsGroup = true;
-    entries += moves(PracticeCommand::MoveEnd, Text::tr("Move &End"), Qt::Key_D, Qt::Key_F);
+    entries += moves(PracticeCommand::MoveEnd, Text::tr("Mo&ve End"), Qt::Key_D, Qt::Key_F);
     entries += moves(PracticeCommand::MoveLoop, Text::tr("Move &Loop"), Qt::Key_G, Qt::Key_H);
     entries += Entries{
         {.command = PracticeCommand::Tidy, .text = Text::tr("&Tidy Loop"), .keys = {Qt::Key_Y}},
