@@ -792,6 +792,37 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::CentrePanel</name>
+    <message>
+        <source>Centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Lowest frequency of the middle</source>
+        <translation>Tiefste Frequenz der Mitte</translation>
+    </message>
+    <message>
+        <source>Highest frequency of the middle</source>
+        <translation>Höchste Frequenz der Mitte</translation>
+    </message>
+    <message>
+        <source>What lies below or above does not count as the middle, such as bass and cymbals.</source>
+        <translation>Was darunter oder darüber liegt, zählt nicht zur Mitte, etwa Bass und Becken.</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::ChoiceButton</name>
     <message>
         <source>%1: %2</source>
@@ -1089,6 +1120,288 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Forget</source>
         <translation>Vergessen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportForm</name>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Every Loop</source>
+        <translation>Jede Schleife</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>As the Ladder</source>
+        <translation>Als Leiter</translation>
+    </message>
+    <message>
+        <source>Speed and Pitch</source>
+        <translation>Tempo und Tonhöhe</translation>
+    </message>
+    <message>
+        <source>Equalizer</source>
+        <translation>Equalizer</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Klick</translation>
+    </message>
+    <message>
+        <source>As heard</source>
+        <translation>Wie zu hören</translation>
+    </message>
+    <message>
+        <source>This is as in the song.</source>
+        <translation>Das ist wie im Titel.</translation>
+    </message>
+    <message>
+        <source>There is no loop.</source>
+        <translation>Es gibt keine Schleife.</translation>
+    </message>
+    <message>
+        <source>As the Ladder, %1</source>
+        <translation>Als Leiter, %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportRows</name>
+    <message>
+        <source>Waiting</source>
+        <translation>Wartet</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportText</name>
+    <message>
+        <source>This format cannot be written here.</source>
+        <translation>Dieses Format kann hier nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Songs cannot be read here.</source>
+        <translation>Titel können hier nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Der Arbeitsspeicher reicht nicht.</translation>
+    </message>
+    <message>
+        <source>There is nothing to export: the loop lies beyond the end of the song.</source>
+        <translation>Es gibt nichts zu exportieren: Die Schleife liegt hinter dem Ende des Titels.</translation>
+    </message>
+    <message>
+        <source>The disk failed while the song was read or the file was written.</source>
+        <translation>Der Datenträger hat versagt, während der Titel gelesen oder die Datei geschrieben wurde.</translation>
+    </message>
+    <message>
+        <source>The export failed (%1).</source>
+        <translation>Der Export ist gescheitert (%1).</translation>
+    </message>
+    <message>
+        <source>FLAC (lossless)</source>
+        <translation>FLAC (verlustfrei)</translation>
+    </message>
+    <message>
+        <source>WAV, 16 bits</source>
+        <translation>WAV, 16 Bit</translation>
+    </message>
+    <message>
+        <source>WAV, 24 bits</source>
+        <translation>WAV, 24 Bit</translation>
+    </message>
+    <message>
+        <source>WAV, 32 bits (float)</source>
+        <translation>WAV, 32 Bit (Gleitkomma)</translation>
+    </message>
+    <message>
+        <source>Opus</source>
+        <translation>Opus</translation>
+    </message>
+    <message>
+        <source>MP3</source>
+        <translation>MP3</translation>
+    </message>
+    <message>
+        <source>M4A (AAC)</source>
+        <translation>M4A (AAC)</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file is gone.</source>
+        <translation>Die Datei des Titels ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file may not be read.</source>
+        <translation>Die Datei des Titels darf nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file has changed. Open it again, then export it.</source>
+        <translation>Die Datei des Titels hat sich geändert. Den Titel erneut öffnen und dann exportieren.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file cannot be read.</source>
+        <translation>Die Datei des Titels kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The folder is gone.</source>
+        <translation>Der Ordner ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The file may not be written there.</source>
+        <translation>Die Datei darf dort nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The name is too long for this disk.</source>
+        <translation>Der Name ist für diesen Datenträger zu lang.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>Der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this disk.</source>
+        <translation>Die Datei ist für diesen Datenträger zu groß.</translation>
+    </message>
+    <message>
+        <source>about %1 s</source>
+        <translation>etwa %1 s</translation>
+    </message>
+    <message>
+        <source>about %1 min</source>
+        <translation>etwa %1 min</translation>
+    </message>
+    <message>
+        <source>%1 · about %2 · ready in %3</source>
+        <translation>%1 · etwa %2 · fertig in %3</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportWindow</name>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen …</translation>
+    </message>
+    <message>
+        <source>Cancel Export</source>
+        <translation>Export abbrechen</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>Exporte</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Choose the folder, now %1</source>
+        <translation>Den Ordner wählen, jetzt %1</translation>
+    </message>
+    <message>
+        <source>Folder for Exports</source>
+        <translation>Ordner für Exporte</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1 bis %2 %</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>each its own</source>
+        <translation>jede ihre eigene</translation>
+    </message>
+    <message>
+        <source>%1 - name of the loop</source>
+        <translation>%1 - Name der Schleife</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files: %1</source>
+        <translation>
+            <numerusform>%n Dateien: %1</numerusform>
+            <numerusform>%n Dateien: %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This song has no loops.</source>
+        <translation>Dieser Titel hat keine Schleifen.</translation>
+    </message>
+    <message>
+        <source>Play a song, with the practice pane open, to export it.</source>
+        <translation>Ein Titel lässt sich exportieren, wenn er spielt und der Übebereich offen ist.</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>“%1” is being exported already.</source>
+        <translation>„%1“ wird schon exportiert.</translation>
+    </message>
+    <message>
+        <source>The disk of the folder does not answer.</source>
+        <translation>Der Datenträger des Ordners antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The folder is gone. Choose another one.</source>
+        <translation>Der Ordner ist nicht mehr da. Bitte einen anderen wählen.</translation>
+    </message>
+    <message>
+        <source>“%1” exists already. Replace it?</source>
+        <translation>„%1“ gibt es schon. Ersetzen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files of these names exist already. Replace them?</source>
+        <translation>
+            <numerusform>%n Dateien dieser Namen gibt es schon. Ersetzen?</numerusform>
+            <numerusform>%n Dateien dieser Namen gibt es schon. Ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
     </message>
 </context>
 <context>
@@ -1621,6 +1934,69 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::NoteNames</name>
+    <message>
+        <source>C</source>
+        <translation>C</translation>
+    </message>
+    <message>
+        <source>D♭</source>
+        <translation>Des</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>E♭</source>
+        <translation>Es</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>E</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>F</translation>
+    </message>
+    <message>
+        <source>F♯</source>
+        <translation>Fis</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>A♭</source>
+        <translation>As</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B♭</source>
+        <translation>B</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>H</translation>
+    </message>
+    <message>
+        <source>C♯</source>
+        <translation>Cis</translation>
+    </message>
+    <message>
+        <source>D♯</source>
+        <translation>Dis</translation>
+    </message>
+    <message>
+        <source>G♯</source>
+        <translation>Gis</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1716,10 +2092,6 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Move &amp;Start</source>
         <translation>&amp;Anfang verschieben</translation>
-    </message>
-    <message>
-        <source>Move &amp;End</source>
-        <translation>&amp;Ende verschieben</translation>
     </message>
     <message>
         <source>Move &amp;Loop</source>
@@ -1865,6 +2237,65 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Pass R&amp;ight</source>
         <translation>Durchgang &amp;richtig</translation>
     </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>E&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve End</source>
+        <translation>&amp;Ende verschieben</translation>
+    </message>
+    <message>
+        <source>Sou&amp;nd</source>
+        <translation>Klangb&amp;ild</translation>
+    </message>
+    <message>
+        <source>&amp;Centre</source>
+        <translation>&amp;Mitte</translation>
+    </message>
+    <message>
+        <source>Hear the &amp;Original</source>
+        <translation>&amp;Original anhören</translation>
+    </message>
+    <message>
+        <source>&amp;Tune to My A</source>
+        <translation>Auf mein A &amp;stimmen</translation>
+    </message>
+    <message>
+        <source>&amp;Both Channels</source>
+        <translation>&amp;Beide Kanäle</translation>
+    </message>
+    <message>
+        <source>&amp;Mono</source>
+        <translation>Mo&amp;no</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Left Channel</source>
+        <translation>Nur &amp;linker Kanal</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Right Channel</source>
+        <translation>Nur &amp;rechter Kanal</translation>
+    </message>
+    <message>
+        <source>Channels &amp;Swapped</source>
+        <translation>Kanäle &amp;vertauscht</translation>
+    </message>
+    <message>
+        <source>&amp;Normal Sound</source>
+        <translation>Normaler &amp;Klang</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeExport</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>“%1” could not be exported.</source>
+        <translation>„%1“ konnte nicht exportiert werden.</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1913,6 +2344,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Page</source>
         <translation>Seite</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <translation>%1 •</translation>
     </message>
 </context>
 <context>
@@ -1972,6 +2407,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Beat</source>
         <translation>Takt</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Klang</translation>
     </message>
 </context>
 <context>
@@ -2083,6 +2522,148 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Snap: %1</source>
         <translation>Einrasten: %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundPage</name>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Swap</source>
+        <translation>Tausch</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
+    </message>
+    <message>
+        <source>Balance, -100 is left, 100 is right</source>
+        <translation>Balance, -100 ist links, 100 ist rechts</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Centre, -100 is without the middle, 100 is only the middle</source>
+        <translation>Mitte, -100 ist ohne die Mitte, 100 ist nur die Mitte</translation>
+    </message>
+    <message>
+        <source>Limits of the middle</source>
+        <translation>Grenzen der Mitte</translation>
+    </message>
+    <message>
+        <source>The frequency of my A in Hz</source>
+        <translation>Frequenz meines Kammertons A in Hz</translation>
+    </message>
+    <message>
+        <source>My instrument</source>
+        <translation>Mein Instrument</translation>
+    </message>
+    <message>
+        <source>Tune to A =</source>
+        <translation>Stimmen: A =</translation>
+    </message>
+    <message>
+        <source>This song is mono: it has nothing but a middle.</source>
+        <translation>Dieser Song ist mono: Er hat nur eine Mitte.</translation>
+    </message>
+    <message>
+        <source>Works on what was mixed into the middle.</source>
+        <translation>Wirkt auf das in die Mitte Gemischte.</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>Der Song wird angehört …</translation>
+    </message>
+    <message>
+        <source>Tuning: not clear</source>
+        <translation>Stimmung: nicht eindeutig</translation>
+    </message>
+    <message>
+        <source>Key: not clear</source>
+        <translation>Tonart: nicht eindeutig</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundWords</name>
+    <message>
+        <source>Drifts: %1 to %2 cents flat (A = %3 to %4)</source>
+        <translation>Schwankt: %1 bis %2 Cent zu tief (A = %3 bis %4)</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 to %2 cents sharp (A = %3 to %4)</source>
+        <translation>Schwankt: %1 bis %2 Cent zu hoch (A = %3 bis %4)</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 cents flat to %2 cents sharp (A = %3 to %4)</source>
+        <translation>Schwankt: %1 Cent zu tief bis %2 Cent zu hoch (A = %3 bis %4)</translation>
+    </message>
+    <message>
+        <source>In tune (A = %1)</source>
+        <translation>Stimmt (A = %1)</translation>
+    </message>
+    <message>
+        <source>1 cent flat (A = %1)</source>
+        <translation>1 Cent zu tief (A = %1)</translation>
+    </message>
+    <message>
+        <source>1 cent sharp (A = %1)</source>
+        <translation>1 Cent zu hoch (A = %1)</translation>
+    </message>
+    <message>
+        <source>%1 cents flat (A = %2)</source>
+        <translation>%1 Cent zu tief (A = %2)</translation>
+    </message>
+    <message>
+        <source>%1 cents sharp (A = %2)</source>
+        <translation>%1 Cent zu hoch (A = %2)</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1-Moll</translation>
+    </message>
+    <message>
+        <source>%1 major</source>
+        <translation>%1-Dur</translation>
+    </message>
+    <message>
+        <source>%1 (or %2)</source>
+        <translation>%1 (oder %2)</translation>
+    </message>
+    <message>
+        <source>Capo %1</source>
+        <translation>Kapo %1</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>in %1</translation>
     </message>
 </context>
 <context>

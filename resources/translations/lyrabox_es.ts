@@ -792,6 +792,37 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::CentrePanel</name>
+    <message>
+        <source>Centre</source>
+        <translation>Centro</translation>
+    </message>
+    <message>
+        <source>Lowest frequency of the middle</source>
+        <translation>Frecuencia más baja del centro</translation>
+    </message>
+    <message>
+        <source>Highest frequency of the middle</source>
+        <translation>Frecuencia más alta del centro</translation>
+    </message>
+    <message>
+        <source>What lies below or above does not count as the middle, such as bass and cymbals.</source>
+        <translation>Lo que queda por debajo o por encima no cuenta como centro, por ejemplo el bajo y los platillos.</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Desde</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Hasta</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::ChoiceButton</name>
     <message>
         <source>%1: %2</source>
@@ -1089,6 +1120,288 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Forget</source>
         <translation>Olvidar</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportForm</name>
+    <message>
+        <source>Format</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Canción</translation>
+    </message>
+    <message>
+        <source>Every Loop</source>
+        <translation>Cada bucle</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Veces</translation>
+    </message>
+    <message>
+        <source>As the Ladder</source>
+        <translation>Como la escalera</translation>
+    </message>
+    <message>
+        <source>Speed and Pitch</source>
+        <translation>Velocidad y tono</translation>
+    </message>
+    <message>
+        <source>Equalizer</source>
+        <translation>Ecualizador</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Canales</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Clic</translation>
+    </message>
+    <message>
+        <source>As heard</source>
+        <translation>Como suena</translation>
+    </message>
+    <message>
+        <source>This is as in the song.</source>
+        <translation>Es como en la canción.</translation>
+    </message>
+    <message>
+        <source>There is no loop.</source>
+        <translation>No hay ningún bucle.</translation>
+    </message>
+    <message>
+        <source>As the Ladder, %1</source>
+        <translation>Como la escalera, %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportRows</name>
+    <message>
+        <source>Waiting</source>
+        <translation>En espera</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminado</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportText</name>
+    <message>
+        <source>This format cannot be written here.</source>
+        <translation>Este formato no se puede escribir aquí.</translation>
+    </message>
+    <message>
+        <source>Songs cannot be read here.</source>
+        <translation>Aquí no se pueden leer canciones.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>No hay memoria suficiente.</translation>
+    </message>
+    <message>
+        <source>There is nothing to export: the loop lies beyond the end of the song.</source>
+        <translation>No hay nada que exportar: el bucle está más allá del final de la canción.</translation>
+    </message>
+    <message>
+        <source>The disk failed while the song was read or the file was written.</source>
+        <translation>El disco falló mientras se leía la canción o se escribía el archivo.</translation>
+    </message>
+    <message>
+        <source>The export failed (%1).</source>
+        <translation>La exportación falló (%1).</translation>
+    </message>
+    <message>
+        <source>FLAC (lossless)</source>
+        <translation>FLAC (sin pérdida)</translation>
+    </message>
+    <message>
+        <source>WAV, 16 bits</source>
+        <translation>WAV, 16 bits</translation>
+    </message>
+    <message>
+        <source>WAV, 24 bits</source>
+        <translation>WAV, 24 bits</translation>
+    </message>
+    <message>
+        <source>WAV, 32 bits (float)</source>
+        <translation>WAV, 32 bits (coma flotante)</translation>
+    </message>
+    <message>
+        <source>Opus</source>
+        <translation>Opus</translation>
+    </message>
+    <message>
+        <source>MP3</source>
+        <translation>MP3</translation>
+    </message>
+    <message>
+        <source>M4A (AAC)</source>
+        <translation>M4A (AAC)</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file is gone.</source>
+        <translation>El archivo de la canción ya no existe.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file may not be read.</source>
+        <translation>No está permitido leer el archivo de la canción.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file has changed. Open it again, then export it.</source>
+        <translation>El archivo de la canción ha cambiado. Ábrala de nuevo y expórtela.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file cannot be read.</source>
+        <translation>No se puede leer el archivo de la canción.</translation>
+    </message>
+    <message>
+        <source>The folder is gone.</source>
+        <translation>La carpeta ya no existe.</translation>
+    </message>
+    <message>
+        <source>The file may not be written there.</source>
+        <translation>No está permitido escribir el archivo ahí.</translation>
+    </message>
+    <message>
+        <source>The name is too long for this disk.</source>
+        <translation>El nombre es demasiado largo para este disco.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>El disco está lleno.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this disk.</source>
+        <translation>El archivo es demasiado grande para este disco.</translation>
+    </message>
+    <message>
+        <source>about %1 s</source>
+        <translation>unos %1 s</translation>
+    </message>
+    <message>
+        <source>about %1 min</source>
+        <translation>unos %1 min</translation>
+    </message>
+    <message>
+        <source>%1 · about %2 · ready in %3</source>
+        <translation>%1 · unos %2 · listo en %3</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportWindow</name>
+    <message>
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
+    </message>
+    <message>
+        <source>Cancel Export</source>
+        <translation>Cancelar la exportación</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>Exportaciones</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Choose the folder, now %1</source>
+        <translation>Elegir la carpeta, ahora %1</translation>
+    </message>
+    <message>
+        <source>Folder for Exports</source>
+        <translation>Carpeta de las exportaciones</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1 a %2 %</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>each its own</source>
+        <translation>cada uno la suya</translation>
+    </message>
+    <message>
+        <source>%1 - name of the loop</source>
+        <translation>%1 - nombre del bucle</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files: %1</source>
+        <translation>
+            <numerusform>%n archivos: %1</numerusform>
+            <numerusform>%n archivos: %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This song has no loops.</source>
+        <translation>Esta canción no tiene bucles.</translation>
+    </message>
+    <message>
+        <source>Play a song, with the practice pane open, to export it.</source>
+        <translation>Para exportar una canción, reprodúzcala con el panel de práctica abierto.</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Canción</translation>
+    </message>
+    <message>
+        <source>“%1” is being exported already.</source>
+        <translation>«%1» ya se está exportando.</translation>
+    </message>
+    <message>
+        <source>The disk of the folder does not answer.</source>
+        <translation>El disco de la carpeta no responde.</translation>
+    </message>
+    <message>
+        <source>The folder is gone. Choose another one.</source>
+        <translation>La carpeta ya no existe. Elija otra.</translation>
+    </message>
+    <message>
+        <source>“%1” exists already. Replace it?</source>
+        <translation>«%1» ya existe. ¿Reemplazarlo?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files of these names exist already. Replace them?</source>
+        <translation>
+            <numerusform>Ya existen %n archivos con estos nombres. ¿Reemplazarlos?</numerusform>
+            <numerusform>Ya existen %n archivos con estos nombres. ¿Reemplazarlos?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
     </message>
 </context>
 <context>
@@ -1621,6 +1934,69 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::NoteNames</name>
+    <message>
+        <source>C</source>
+        <translation>do</translation>
+    </message>
+    <message>
+        <source>D♭</source>
+        <translation>re♭</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>re</translation>
+    </message>
+    <message>
+        <source>E♭</source>
+        <translation>mi♭</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>mi</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>fa</translation>
+    </message>
+    <message>
+        <source>F♯</source>
+        <translation>fa♯</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>sol</translation>
+    </message>
+    <message>
+        <source>A♭</source>
+        <translation>la♭</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>la</translation>
+    </message>
+    <message>
+        <source>B♭</source>
+        <translation>si♭</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>si</translation>
+    </message>
+    <message>
+        <source>C♯</source>
+        <translation>do♯</translation>
+    </message>
+    <message>
+        <source>D♯</source>
+        <translation>re♯</translation>
+    </message>
+    <message>
+        <source>G♯</source>
+        <translation>sol♯</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1716,10 +2092,6 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Move &amp;Start</source>
         <translation>Mover &amp;inicio</translation>
-    </message>
-    <message>
-        <source>Move &amp;End</source>
-        <translation>Mover &amp;final</translation>
     </message>
     <message>
         <source>Move &amp;Loop</source>
@@ -1865,6 +2237,65 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Pass R&amp;ight</source>
         <translation>Pasada &amp;correcta</translation>
     </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>Exportar (&amp;W)…</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve End</source>
+        <translation>Mover &amp;final</translation>
+    </message>
+    <message>
+        <source>Sou&amp;nd</source>
+        <translation>Sonido (&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Centre</source>
+        <translation>&amp;Centro</translation>
+    </message>
+    <message>
+        <source>Hear the &amp;Original</source>
+        <translation>Escuchar el &amp;original</translation>
+    </message>
+    <message>
+        <source>&amp;Tune to My A</source>
+        <translation>&amp;Afinar con mi la</translation>
+    </message>
+    <message>
+        <source>&amp;Both Channels</source>
+        <translation>Ambos ca&amp;nales</translation>
+    </message>
+    <message>
+        <source>&amp;Mono</source>
+        <translation>&amp;Mono</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Left Channel</source>
+        <translation>Solo canal &amp;izquierdo</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Right Channel</source>
+        <translation>Solo canal &amp;derecho</translation>
+    </message>
+    <message>
+        <source>Channels &amp;Swapped</source>
+        <translation>Canales in&amp;vertidos</translation>
+    </message>
+    <message>
+        <source>&amp;Normal Sound</source>
+        <translation>&amp;Sonido normal</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeExport</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>“%1” could not be exported.</source>
+        <translation>No se pudo exportar «%1».</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1913,6 +2344,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Page</source>
         <translation>Página</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <translation>%1 •</translation>
     </message>
 </context>
 <context>
@@ -1972,6 +2407,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Beat</source>
         <translation>Pulso</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Sonido</translation>
     </message>
 </context>
 <context>
@@ -2083,6 +2522,148 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Snap: %1</source>
         <translation>Ajustar: %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundPage</name>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Ambos</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Izq.</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Der.</translation>
+    </message>
+    <message>
+        <source>Swap</source>
+        <translation>Inv.</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Canales</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
+    </message>
+    <message>
+        <source>Balance, -100 is left, 100 is right</source>
+        <translation>Balance, -100 es izquierda, 100 es derecha</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Centro</translation>
+    </message>
+    <message>
+        <source>Centre, -100 is without the middle, 100 is only the middle</source>
+        <translation>Centro, -100 sin el centro, 100 solo el centro</translation>
+    </message>
+    <message>
+        <source>Limits of the middle</source>
+        <translation>Límites del centro</translation>
+    </message>
+    <message>
+        <source>The frequency of my A in Hz</source>
+        <translation>Frecuencia de mi la en Hz</translation>
+    </message>
+    <message>
+        <source>My instrument</source>
+        <translation>Mi instrumento</translation>
+    </message>
+    <message>
+        <source>Tune to A =</source>
+        <translation>Afinar: la =</translation>
+    </message>
+    <message>
+        <source>This song is mono: it has nothing but a middle.</source>
+        <translation>Esta canción es mono: solo tiene centro.</translation>
+    </message>
+    <message>
+        <source>Works on what was mixed into the middle.</source>
+        <translation>Actúa sobre lo mezclado en el centro.</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>Escuchando la canción…</translation>
+    </message>
+    <message>
+        <source>Tuning: not clear</source>
+        <translation>Afinación: no está clara</translation>
+    </message>
+    <message>
+        <source>Key: not clear</source>
+        <translation>Tonalidad: no está clara</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundWords</name>
+    <message>
+        <source>Drifts: %1 to %2 cents flat (A = %3 to %4)</source>
+        <translation>Varía: de %1 a %2 cents bajo (la = %3 a %4)</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 to %2 cents sharp (A = %3 to %4)</source>
+        <translation>Varía: de %1 a %2 cents alto (la = %3 a %4)</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 cents flat to %2 cents sharp (A = %3 to %4)</source>
+        <translation>Varía: de %1 cents bajo a %2 cents alto (la = %3 a %4)</translation>
+    </message>
+    <message>
+        <source>In tune (A = %1)</source>
+        <translation>Afinada (la = %1)</translation>
+    </message>
+    <message>
+        <source>1 cent flat (A = %1)</source>
+        <translation>1 cent bajo (la = %1)</translation>
+    </message>
+    <message>
+        <source>1 cent sharp (A = %1)</source>
+        <translation>1 cent alto (la = %1)</translation>
+    </message>
+    <message>
+        <source>%1 cents flat (A = %2)</source>
+        <translation>%1 cents bajo (la = %2)</translation>
+    </message>
+    <message>
+        <source>%1 cents sharp (A = %2)</source>
+        <translation>%1 cents alto (la = %2)</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1 menor</translation>
+    </message>
+    <message>
+        <source>%1 major</source>
+        <translation>%1 mayor</translation>
+    </message>
+    <message>
+        <source>%1 (or %2)</source>
+        <translation>%1 (o %2)</translation>
+    </message>
+    <message>
+        <source>Capo %1</source>
+        <translation>Cejilla %1</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>en %1</translation>
     </message>
 </context>
 <context>

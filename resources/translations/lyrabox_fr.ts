@@ -793,6 +793,37 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::CentrePanel</name>
+    <message>
+        <source>Centre</source>
+        <translation>Centre</translation>
+    </message>
+    <message>
+        <source>Lowest frequency of the middle</source>
+        <translation>Fréquence la plus basse du centre</translation>
+    </message>
+    <message>
+        <source>Highest frequency of the middle</source>
+        <translation>Fréquence la plus haute du centre</translation>
+    </message>
+    <message>
+        <source>What lies below or above does not count as the middle, such as bass and cymbals.</source>
+        <translation>Ce qui est plus bas ou plus haut ne compte pas comme le centre : la basse et les cymbales, par exemple.</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::ChoiceButton</name>
     <message>
         <source>%1: %2</source>
@@ -1090,6 +1121,288 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Forget</source>
         <translation>Oublier</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportForm</name>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message>
+        <source>Every Loop</source>
+        <translation>Chaque boucle</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Fois</translation>
+    </message>
+    <message>
+        <source>As the Ladder</source>
+        <translation>Avec l’échelle</translation>
+    </message>
+    <message>
+        <source>Speed and Pitch</source>
+        <translation>Vitesse et hauteur</translation>
+    </message>
+    <message>
+        <source>Equalizer</source>
+        <translation>Égaliseur</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Canaux</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>Clic</translation>
+    </message>
+    <message>
+        <source>As heard</source>
+        <translation>Comme entendu</translation>
+    </message>
+    <message>
+        <source>This is as in the song.</source>
+        <translation>C’est comme dans le morceau.</translation>
+    </message>
+    <message>
+        <source>There is no loop.</source>
+        <translation>Il n’y a pas de boucle.</translation>
+    </message>
+    <message>
+        <source>As the Ladder, %1</source>
+        <translation>Avec l’échelle, %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportRows</name>
+    <message>
+        <source>Waiting</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportText</name>
+    <message>
+        <source>This format cannot be written here.</source>
+        <translation>Ce format ne peut pas être écrit ici.</translation>
+    </message>
+    <message>
+        <source>Songs cannot be read here.</source>
+        <translation>Les morceaux ne peuvent pas être lus ici.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>La mémoire ne suffit pas.</translation>
+    </message>
+    <message>
+        <source>There is nothing to export: the loop lies beyond the end of the song.</source>
+        <translation>Il n’y a rien à exporter : la boucle se trouve après la fin du morceau.</translation>
+    </message>
+    <message>
+        <source>The disk failed while the song was read or the file was written.</source>
+        <translation>Le disque a échoué pendant la lecture du morceau ou l’écriture du fichier.</translation>
+    </message>
+    <message>
+        <source>The export failed (%1).</source>
+        <translation>L’export a échoué (%1).</translation>
+    </message>
+    <message>
+        <source>FLAC (lossless)</source>
+        <translation>FLAC (sans perte)</translation>
+    </message>
+    <message>
+        <source>WAV, 16 bits</source>
+        <translation>WAV, 16 bits</translation>
+    </message>
+    <message>
+        <source>WAV, 24 bits</source>
+        <translation>WAV, 24 bits</translation>
+    </message>
+    <message>
+        <source>WAV, 32 bits (float)</source>
+        <translation>WAV, 32 bits (flottant)</translation>
+    </message>
+    <message>
+        <source>Opus</source>
+        <translation>Opus</translation>
+    </message>
+    <message>
+        <source>MP3</source>
+        <translation>MP3</translation>
+    </message>
+    <message>
+        <source>M4A (AAC)</source>
+        <translation>M4A (AAC)</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file is gone.</source>
+        <translation>Le fichier du morceau n’existe plus.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file may not be read.</source>
+        <translation>La lecture du fichier du morceau n’est pas autorisée.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file has changed. Open it again, then export it.</source>
+        <translation>Le fichier du morceau a changé. Ouvrez-le à nouveau, puis exportez-le.</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file cannot be read.</source>
+        <translation>Le fichier du morceau ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>The folder is gone.</source>
+        <translation>Le dossier n’existe plus.</translation>
+    </message>
+    <message>
+        <source>The file may not be written there.</source>
+        <translation>Le fichier ne peut pas être écrit à cet endroit.</translation>
+    </message>
+    <message>
+        <source>The name is too long for this disk.</source>
+        <translation>Le nom est trop long pour ce disque.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>Le disque est plein.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this disk.</source>
+        <translation>Le fichier est trop grand pour ce disque.</translation>
+    </message>
+    <message>
+        <source>about %1 s</source>
+        <translation>environ %1 s</translation>
+    </message>
+    <message>
+        <source>about %1 min</source>
+        <translation>environ %1 min</translation>
+    </message>
+    <message>
+        <source>%1 · about %2 · ready in %3</source>
+        <translation>%1 · environ %2 · prêt dans %3</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportWindow</name>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>Cancel Export</source>
+        <translation>Annuler l’export</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>Exports</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Choose the folder, now %1</source>
+        <translation>Choisir le dossier, actuellement %1</translation>
+    </message>
+    <message>
+        <source>Folder for Exports</source>
+        <translation>Dossier des exports</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1 à %2 %</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>each its own</source>
+        <translation>chacune la sienne</translation>
+    </message>
+    <message>
+        <source>%1 - name of the loop</source>
+        <translation>%1 - nom de la boucle</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files: %1</source>
+        <translation>
+            <numerusform>%n fichiers : %1</numerusform>
+            <numerusform>%n fichiers : %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This song has no loops.</source>
+        <translation>Ce morceau n’a pas de boucles.</translation>
+    </message>
+    <message>
+        <source>Play a song, with the practice pane open, to export it.</source>
+        <translation>Pour exporter un morceau, lisez-le avec le panneau de travail ouvert.</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message>
+        <source>“%1” is being exported already.</source>
+        <translation>« %1 » est déjà en cours d’export.</translation>
+    </message>
+    <message>
+        <source>The disk of the folder does not answer.</source>
+        <translation>Le disque du dossier ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The folder is gone. Choose another one.</source>
+        <translation>Le dossier n’existe plus. Choisissez-en un autre.</translation>
+    </message>
+    <message>
+        <source>“%1” exists already. Replace it?</source>
+        <translation>« %1 » existe déjà. Le remplacer ?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files of these names exist already. Replace them?</source>
+        <translation>
+            <numerusform>%n fichiers portant ces noms existent déjà. Les remplacer ?</numerusform>
+            <numerusform>%n fichiers portant ces noms existent déjà. Les remplacer ?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
     </message>
 </context>
 <context>
@@ -1622,6 +1935,69 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::NoteNames</name>
+    <message>
+        <source>C</source>
+        <translation>do</translation>
+    </message>
+    <message>
+        <source>D♭</source>
+        <translation>ré♭</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>ré</translation>
+    </message>
+    <message>
+        <source>E♭</source>
+        <translation>mi♭</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>mi</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>fa</translation>
+    </message>
+    <message>
+        <source>F♯</source>
+        <translation>fa♯</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>sol</translation>
+    </message>
+    <message>
+        <source>A♭</source>
+        <translation>la♭</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>la</translation>
+    </message>
+    <message>
+        <source>B♭</source>
+        <translation>si♭</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>si</translation>
+    </message>
+    <message>
+        <source>C♯</source>
+        <translation>do♯</translation>
+    </message>
+    <message>
+        <source>D♯</source>
+        <translation>ré♯</translation>
+    </message>
+    <message>
+        <source>G♯</source>
+        <translation>sol♯</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1717,10 +2093,6 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Move &amp;Start</source>
         <translation>Déplacer le &amp;début</translation>
-    </message>
-    <message>
-        <source>Move &amp;End</source>
-        <translation>Déplacer la &amp;fin</translation>
     </message>
     <message>
         <source>Move &amp;Loop</source>
@@ -1866,6 +2238,65 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Pass R&amp;ight</source>
         <translation>Passage &amp;réussi</translation>
     </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>Exporter (&amp;W)…</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve End</source>
+        <translation>Déplacer la &amp;fin</translation>
+    </message>
+    <message>
+        <source>Sou&amp;nd</source>
+        <translation>Son (&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Centre</source>
+        <translation>&amp;Centre</translation>
+    </message>
+    <message>
+        <source>Hear the &amp;Original</source>
+        <translation>Écouter l’&amp;original</translation>
+    </message>
+    <message>
+        <source>&amp;Tune to My A</source>
+        <translation>Accorder sur mon &amp;la</translation>
+    </message>
+    <message>
+        <source>&amp;Both Channels</source>
+        <translation>Les &amp;deux canaux</translation>
+    </message>
+    <message>
+        <source>&amp;Mono</source>
+        <translation>&amp;Mono</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Left Channel</source>
+        <translation>Canal &amp;gauche seul</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Right Channel</source>
+        <translation>Canal d&amp;roit seul</translation>
+    </message>
+    <message>
+        <source>Channels &amp;Swapped</source>
+        <translation>Canaux in&amp;versés</translation>
+    </message>
+    <message>
+        <source>&amp;Normal Sound</source>
+        <translation>Son &amp;normal</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeExport</name>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>“%1” could not be exported.</source>
+        <translation>« %1 » n’a pas pu être exporté.</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1914,6 +2345,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Page</source>
         <translation>Page</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <translation>%1 •</translation>
     </message>
 </context>
 <context>
@@ -1973,6 +2408,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Beat</source>
         <translation>Temps</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Son</translation>
     </message>
 </context>
 <context>
@@ -2084,6 +2523,148 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Snap: %1</source>
         <translation>Aligner : %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundPage</name>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Les 2</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Gauche</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Droite</translation>
+    </message>
+    <message>
+        <source>Swap</source>
+        <translation>Inv.</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Canaux</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
+    </message>
+    <message>
+        <source>Balance, -100 is left, 100 is right</source>
+        <translation>Balance, -100 à gauche, 100 à droite</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Centre</translation>
+    </message>
+    <message>
+        <source>Centre, -100 is without the middle, 100 is only the middle</source>
+        <translation>Centre, -100 sans le centre, 100 le centre seul</translation>
+    </message>
+    <message>
+        <source>Limits of the middle</source>
+        <translation>Limites du centre</translation>
+    </message>
+    <message>
+        <source>The frequency of my A in Hz</source>
+        <translation>Fréquence de mon la en Hz</translation>
+    </message>
+    <message>
+        <source>My instrument</source>
+        <translation>Mon instrument</translation>
+    </message>
+    <message>
+        <source>Tune to A =</source>
+        <translation>Accorder : la =</translation>
+    </message>
+    <message>
+        <source>This song is mono: it has nothing but a middle.</source>
+        <translation>Ce morceau est mono : il n’a qu’un centre.</translation>
+    </message>
+    <message>
+        <source>Works on what was mixed into the middle.</source>
+        <translation>Agit sur ce qui est mixé au centre.</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>Écoute du morceau…</translation>
+    </message>
+    <message>
+        <source>Tuning: not clear</source>
+        <translation>Accord : pas clair</translation>
+    </message>
+    <message>
+        <source>Key: not clear</source>
+        <translation>Tonalité : pas claire</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundWords</name>
+    <message>
+        <source>Drifts: %1 to %2 cents flat (A = %3 to %4)</source>
+        <translation>Dérive : %1 à %2 cents trop bas (la = %3 à %4)</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 to %2 cents sharp (A = %3 to %4)</source>
+        <translation>Dérive : %1 à %2 cents trop haut (la = %3 à %4)</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 cents flat to %2 cents sharp (A = %3 to %4)</source>
+        <translation>Dérive : de %1 cents trop bas à %2 cents trop haut (la = %3 à %4)</translation>
+    </message>
+    <message>
+        <source>In tune (A = %1)</source>
+        <translation>Accordé (la = %1)</translation>
+    </message>
+    <message>
+        <source>1 cent flat (A = %1)</source>
+        <translation>1 cent trop bas (la = %1)</translation>
+    </message>
+    <message>
+        <source>1 cent sharp (A = %1)</source>
+        <translation>1 cent trop haut (la = %1)</translation>
+    </message>
+    <message>
+        <source>%1 cents flat (A = %2)</source>
+        <translation>%1 cents trop bas (la = %2)</translation>
+    </message>
+    <message>
+        <source>%1 cents sharp (A = %2)</source>
+        <translation>%1 cents trop haut (la = %2)</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1 mineur</translation>
+    </message>
+    <message>
+        <source>%1 major</source>
+        <translation>%1 majeur</translation>
+    </message>
+    <message>
+        <source>%1 (or %2)</source>
+        <translation>%1 (ou %2)</translation>
+    </message>
+    <message>
+        <source>Capo %1</source>
+        <translation>Capo %1</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>en %1</translation>
     </message>
 </context>
 <context>

@@ -784,6 +784,37 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::CentrePanel</name>
+    <message>
+        <source>Centre</source>
+        <translation>センター</translation>
+    </message>
+    <message>
+        <source>Lowest frequency of the middle</source>
+        <translation>中央とみなす最低周波数</translation>
+    </message>
+    <message>
+        <source>Highest frequency of the middle</source>
+        <translation>中央とみなす最高周波数</translation>
+    </message>
+    <message>
+        <source>What lies below or above does not count as the middle, such as bass and cymbals.</source>
+        <translation>これより低い音や高い音（ベースやシンバルなど）は中央とみなしません。</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>下限</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>上限</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::ChoiceButton</name>
     <message>
         <source>%1: %2</source>
@@ -1081,6 +1112,286 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Forget</source>
         <translation>消去</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportForm</name>
+    <message>
+        <source>Format</source>
+        <translation>形式</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Every Loop</source>
+        <translation>すべてのループ</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出す対象</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>回数</translation>
+    </message>
+    <message>
+        <source>As the Ladder</source>
+        <translation>段階どおり</translation>
+    </message>
+    <message>
+        <source>Speed and Pitch</source>
+        <translation>速度とピッチ</translation>
+    </message>
+    <message>
+        <source>Equalizer</source>
+        <translation>イコライザ</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>チャンネル</translation>
+    </message>
+    <message>
+        <source>Click</source>
+        <translation>クリック</translation>
+    </message>
+    <message>
+        <source>As heard</source>
+        <translation>聞こえるとおり</translation>
+    </message>
+    <message>
+        <source>This is as in the song.</source>
+        <translation>曲のままです。</translation>
+    </message>
+    <message>
+        <source>There is no loop.</source>
+        <translation>ループがありません。</translation>
+    </message>
+    <message>
+        <source>As the Ladder, %1</source>
+        <translation>段階どおり、%1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportRows</name>
+    <message>
+        <source>Waiting</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportText</name>
+    <message>
+        <source>This format cannot be written here.</source>
+        <translation>この形式はここでは書き出せません。</translation>
+    </message>
+    <message>
+        <source>Songs cannot be read here.</source>
+        <translation>ここでは曲を読み込めません。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>メモリが足りません。</translation>
+    </message>
+    <message>
+        <source>There is nothing to export: the loop lies beyond the end of the song.</source>
+        <translation>書き出すものがありません。ループが曲の終わりより後ろにあります。</translation>
+    </message>
+    <message>
+        <source>The disk failed while the song was read or the file was written.</source>
+        <translation>曲の読み込み中またはファイルの書き込み中にディスクのエラーが起きました。</translation>
+    </message>
+    <message>
+        <source>The export failed (%1).</source>
+        <translation>書き出しに失敗しました (%1)。</translation>
+    </message>
+    <message>
+        <source>FLAC (lossless)</source>
+        <translation>FLAC（可逆圧縮）</translation>
+    </message>
+    <message>
+        <source>WAV, 16 bits</source>
+        <translation>WAV、16 ビット</translation>
+    </message>
+    <message>
+        <source>WAV, 24 bits</source>
+        <translation>WAV、24 ビット</translation>
+    </message>
+    <message>
+        <source>WAV, 32 bits (float)</source>
+        <translation>WAV、32 ビット（浮動小数点）</translation>
+    </message>
+    <message>
+        <source>Opus</source>
+        <translation>Opus</translation>
+    </message>
+    <message>
+        <source>MP3</source>
+        <translation>MP3</translation>
+    </message>
+    <message>
+        <source>M4A (AAC)</source>
+        <translation>M4A (AAC)</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file is gone.</source>
+        <translation>曲のファイルがありません。</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file may not be read.</source>
+        <translation>曲のファイルを読み込む権限がありません。</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file has changed. Open it again, then export it.</source>
+        <translation>曲のファイルが変更されました。開き直してから書き出してください。</translation>
+    </message>
+    <message>
+        <source>The song&apos;s file cannot be read.</source>
+        <translation>曲のファイルを読み込めません。</translation>
+    </message>
+    <message>
+        <source>The folder is gone.</source>
+        <translation>フォルダがありません。</translation>
+    </message>
+    <message>
+        <source>The file may not be written there.</source>
+        <translation>ファイルをそこに書き込めません。</translation>
+    </message>
+    <message>
+        <source>The name is too long for this disk.</source>
+        <translation>このディスクには名前が長すぎます。</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>ディスクの空き容量がありません。</translation>
+    </message>
+    <message>
+        <source>The file is too large for this disk.</source>
+        <translation>このディスクにはファイルが大きすぎます。</translation>
+    </message>
+    <message>
+        <source>about %1 s</source>
+        <translation>約 %1 秒</translation>
+    </message>
+    <message>
+        <source>about %1 min</source>
+        <translation>約 %1 分</translation>
+    </message>
+    <message>
+        <source>%1 · about %2 · ready in %3</source>
+        <translation>%1・約 %2・%3で完了</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::ExportWindow</name>
+    <message>
+        <source>Choose…</source>
+        <translation>選択…</translation>
+    </message>
+    <message>
+        <source>Cancel Export</source>
+        <translation>書き出しを中止</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>書き出し一覧</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Choose the folder, now %1</source>
+        <translation>フォルダを選択（現在は %1）</translation>
+    </message>
+    <message>
+        <source>Folder for Exports</source>
+        <translation>書き出し先のフォルダ</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1～%2 %</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>each its own</source>
+        <translation>それぞれの段階</translation>
+    </message>
+    <message>
+        <source>%1 - name of the loop</source>
+        <translation>%1 - ループの名前</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files: %1</source>
+        <translation>
+            <numerusform>%n ファイル：%1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This song has no loops.</source>
+        <translation>この曲にはループがありません。</translation>
+    </message>
+    <message>
+        <source>Play a song, with the practice pane open, to export it.</source>
+        <translation>曲を書き出すには、練習パネルを開いて曲を再生してください。</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>“%1” is being exported already.</source>
+        <translation>「%1」はすでに書き出し中です。</translation>
+    </message>
+    <message>
+        <source>The disk of the folder does not answer.</source>
+        <translation>フォルダのディスクが応答しません。</translation>
+    </message>
+    <message>
+        <source>The folder is gone. Choose another one.</source>
+        <translation>フォルダがありません。ほかのフォルダを選んでください。</translation>
+    </message>
+    <message>
+        <source>“%1” exists already. Replace it?</source>
+        <translation>「%1」はすでにあります。置き換えますか？</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files of these names exist already. Replace them?</source>
+        <translation>
+            <numerusform>同じ名前のファイルが %n 個あります。置き換えますか？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換える</translation>
     </message>
 </context>
 <context>
@@ -1613,6 +1924,69 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     </message>
 </context>
 <context>
+    <name>lyrabox::NoteNames</name>
+    <message>
+        <source>C</source>
+        <translation>C</translation>
+    </message>
+    <message>
+        <source>D♭</source>
+        <translation>D♭</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>E♭</source>
+        <translation>E♭</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>E</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>F</translation>
+    </message>
+    <message>
+        <source>F♯</source>
+        <translation>F♯</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>A♭</source>
+        <translation>A♭</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B♭</source>
+        <translation>B♭</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>B</translation>
+    </message>
+    <message>
+        <source>C♯</source>
+        <translation>C♯</translation>
+    </message>
+    <message>
+        <source>D♯</source>
+        <translation>D♯</translation>
+    </message>
+    <message>
+        <source>G♯</source>
+        <translation>G♯</translation>
+    </message>
+</context>
+<context>
     <name>lyrabox::PaneDivider</name>
     <message>
         <source>Height of the practice pane</source>
@@ -1708,10 +2082,6 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Move &amp;Start</source>
         <translation>始点を移動(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Move &amp;End</source>
-        <translation>終点を移動(&amp;E)</translation>
     </message>
     <message>
         <source>Move &amp;Loop</source>
@@ -1857,6 +2227,65 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Pass R&amp;ight</source>
         <translation>成功した(&amp;I)</translation>
     </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>書き出し(&amp;J)…</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve End</source>
+        <translation>終点を移動(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Sou&amp;nd</source>
+        <translation>サウンド(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Centre</source>
+        <translation>センター(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Hear the &amp;Original</source>
+        <translation>原音を聴く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Tune to My A</source>
+        <translation>自分のAに合わせる(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Both Channels</source>
+        <translation>両チャンネル(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Mono</source>
+        <translation>モノラル(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Left Channel</source>
+        <translation>左チャンネルのみ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Only the &amp;Right Channel</source>
+        <translation>右チャンネルのみ(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Channels &amp;Swapped</source>
+        <translation>左右入れ替え(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Normal Sound</source>
+        <translation>通常の音(&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeExport</name>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>“%1” could not be exported.</source>
+        <translation>「%1」を書き出せませんでした。</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeFooter</name>
@@ -1905,6 +2334,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Page</source>
         <translation>ページ</translation>
+    </message>
+    <message>
+        <source>%1 •</source>
+        <translation>%1 •</translation>
     </message>
 </context>
 <context>
@@ -1964,6 +2397,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Beat</source>
         <translation>拍</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>サウンド</translation>
     </message>
 </context>
 <context>
@@ -2075,6 +2512,148 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Snap: %1</source>
         <translation>吸着: %1</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundPage</name>
+    <message>
+        <source>Original</source>
+        <translation>原音</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>通常</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>モノ</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Swap</source>
+        <translation>入替</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>チャンネル</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>バランス</translation>
+    </message>
+    <message>
+        <source>Balance, -100 is left, 100 is right</source>
+        <translation>バランス、-100は左、100は右</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>センター</translation>
+    </message>
+    <message>
+        <source>Centre, -100 is without the middle, 100 is only the middle</source>
+        <translation>センター、-100は中央なし、100は中央のみ</translation>
+    </message>
+    <message>
+        <source>Limits of the middle</source>
+        <translation>中央の範囲</translation>
+    </message>
+    <message>
+        <source>The frequency of my A in Hz</source>
+        <translation>自分のAの周波数（Hz）</translation>
+    </message>
+    <message>
+        <source>My instrument</source>
+        <translation>自分の楽器</translation>
+    </message>
+    <message>
+        <source>Tune to A =</source>
+        <translation>合わせる A =</translation>
+    </message>
+    <message>
+        <source>This song is mono: it has nothing but a middle.</source>
+        <translation>この曲はモノラルで、中央しかありません。</translation>
+    </message>
+    <message>
+        <source>Works on what was mixed into the middle.</source>
+        <translation>中央にミックスされた音に作用します。</translation>
+    </message>
+    <message>
+        <source>Listening to the song …</source>
+        <translation>曲を聴いています…</translation>
+    </message>
+    <message>
+        <source>Tuning: not clear</source>
+        <translation>チューニング：不明瞭</translation>
+    </message>
+    <message>
+        <source>Key: not clear</source>
+        <translation>キー：不明瞭</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::SoundWords</name>
+    <message>
+        <source>Drifts: %1 to %2 cents flat (A = %3 to %4)</source>
+        <translation>変動：%1～%2セント低い（A = %3～%4）</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 to %2 cents sharp (A = %3 to %4)</source>
+        <translation>変動：%1～%2セント高い（A = %3～%4）</translation>
+    </message>
+    <message>
+        <source>Drifts: %1 cents flat to %2 cents sharp (A = %3 to %4)</source>
+        <translation>変動：%1セント低い～%2セント高い（A = %3～%4）</translation>
+    </message>
+    <message>
+        <source>In tune (A = %1)</source>
+        <translation>合っています（A = %1）</translation>
+    </message>
+    <message>
+        <source>1 cent flat (A = %1)</source>
+        <translation>1セント低い（A = %1）</translation>
+    </message>
+    <message>
+        <source>1 cent sharp (A = %1)</source>
+        <translation>1セント高い（A = %1）</translation>
+    </message>
+    <message>
+        <source>%1 cents flat (A = %2)</source>
+        <translation>%1セント低い（A = %2）</translation>
+    </message>
+    <message>
+        <source>%1 cents sharp (A = %2)</source>
+        <translation>%1セント高い（A = %2）</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1マイナー</translation>
+    </message>
+    <message>
+        <source>%1 major</source>
+        <translation>%1メジャー</translation>
+    </message>
+    <message>
+        <source>%1 (or %2)</source>
+        <translation>%1（または%2）</translation>
+    </message>
+    <message>
+        <source>Capo %1</source>
+        <translation>カポ%1</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>%1管</translation>
     </message>
 </context>
 <context>
