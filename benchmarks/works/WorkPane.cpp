@@ -10,6 +10,7 @@
 #include "app/practice/Metronome.h"
 #include "app/practice/PracticePane.h"
 #include "app/practice/SongPractice.h"
+#include "app/practice/SongSound.h"
 #include "app/practice/WaveView.h"
 #include "support/TransportFixture.h"
 
@@ -54,7 +55,8 @@ void measureFirstPicture()
     SongPractice practice(&audio, seek, {}, test::fakeSongReaderFactory(transport.song));
     practice.setOpen(true);
     Metronome metronome(&audio, &practice);
-    PracticePane pane(&audio, &practice, &metronome, seek);
+    SongSound sound(&audio, &practice);
+    PracticePane pane(&audio, &practice, &metronome, &sound, seek);
     pane.resize(1120, 320);
     pane.show();
     QCoreApplication::processEvents();
