@@ -57,6 +57,7 @@ ExportForm::ExportForm(QWidget *parent) : QWidget(parent), m_rows(new QGridLayou
     addSwitches();
     m_format = new ChoiceButton(tr("Format"), {QString()}, this);
     m_format->setAutoDefault(false);
+    m_format->setEnabled(false);
     connect(m_format, &ChoiceButton::chosen, this, &ExportForm::changed);
     addRow(tr("Format"), m_format);
 }

@@ -43,8 +43,9 @@ public:
     int loop() const;
     exportPlan::Wanted wanted() const;
 
-    /// The formats that can be written. Hides the row if there are none.
+    /// The formats that can be written. Without any the choice is gray, as before the first call.
     void setFormats(const std::vector<SongFormat> &formats, SongFormat present);
+    bool hasFormats() const { return !m_formats.empty(); }
     /// FLAC if there is none.
     SongFormat format() const;
 

@@ -72,6 +72,7 @@ private:
     void showFolder();
     void chooseFolder();
     std::vector<ExportRequest> namedRequests() const;
+    bool canExport(const std::vector<ExportRequest> &requests) const;
     void askToReplace(std::vector<ExportRequest> requests, const QStringList &existing);
     void begin(std::vector<ExportRequest> requests);
     void cancelSelected();

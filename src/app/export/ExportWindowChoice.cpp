@@ -163,11 +163,13 @@ void ExportWindow::showEstimate()
     QString text = exportText::estimate(sum);
     if (requests.size() > 1)
         text = tr("%n files: %1", nullptr, static_cast<int>(requests.size())).arg(text);
-    if (requests.empty())
+    if (!m_form->hasFormats())
+        text = tr("Nothing can be exported here: the encoders are missing.");
+    else if (requests.empty())
         text = m_source.hasSong() ? tr("This song has no loops.")
                                   : tr("Play a song, with the practice pane open, to export it.");
     m_estimate->setText(text);
-    m_export->setEnabled(!requests.empty());
+    m_export->setEnabled(canExport(requests));
 }
 
 /// What is chosen, with the names of its files.
@@ -191,10 +193,15 @@ std::vector<ExportRequest> ExportWindow::namedRequests() const
     return requests;
 }
 
+bool ExportWindow::canExport(const std::vector<ExportRequest> &requests) const
+{
+    return !requests.empty() && m_form->hasFormats();
+}
+
 void ExportWindow::exportChosen()
 {
     std::vector<ExportRequest> requests = namedRequests();
-    if (requests.empty())
+    if (!canExport(requests))
         return;
     QStringList files;
     for (const ExportRequest &request : requests) {

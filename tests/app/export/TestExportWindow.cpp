@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+#include <algorithm>
+
 using namespace lyrabox;
 using namespace lyrabox::test;
 using namespace Qt::Literals::StringLiterals;
@@ -50,14 +52,13 @@ protected:
     {
         metronome = std::make_unique<Metronome>(&audio(), practice.get());
         sound = std::make_unique<SongSound>(&audio(), practice.get());
-        window = std::make_unique<ExportWindow>(
-            ExportWindow::Outlets{.audio = &audio(),
-                                  .practice = practice.get(),
-                                  .sound = sound.get(),
-                                  .metronome = metronome.get(),
-                                  .queue = &queue,
-                                  .formats = {SongFormat::Flac, SongFormat::Mp3}},
-            nullptr);
+        window = std::make_unique<ExportWindow>(ExportWindow::Outlets{.audio = &audio(),
+                                                                      .practice = practice.get(),
+                                                                      .sound = sound.get(),
+                                                                      .metronome = metronome.get(),
+                                                                      .queue = &queue,
+                                                                      .formats = formats},
+                                                nullptr);
         window->show();
     }
 
@@ -104,6 +105,12 @@ protected:
         }
         return {};
     }
+    bool shows(const QString &text) const
+    {
+        return std::ranges::any_of(window->findChildren<QLabel *>(), [&](const QLabel *label) {
+            return label->isVisible() && label->text() == text;
+        });
+    }
     QStringList targets() const
     {
         QStringList all;
@@ -121,6 +128,7 @@ protected:
     std::shared_ptr<CollectedSong> result = std::make_shared<CollectedSong>();
     ExportQueue queue{
         {.reader = fakeSongReaderFactory(transport.song), .writer = collectingWriters(result)}};
+    std::vector<SongFormat> formats = {SongFormat::Flac, SongFormat::Mp3};
     std::unique_ptr<Metronome> metronome;
     std::unique_ptr<SongSound> sound;
     std::unique_ptr<ExportWindow> window;
@@ -128,7 +136,10 @@ protected:
 
 TEST_F(TheExportWindow, OffersTheLoopThatSoundsAndWritesItAsItIsHeard)
 {
-    load(u"A"_s);
+    const TrackRecordRef track = song(u"A"_s);
+    track->artist = u"The As"_s;
+    track->album = u"First"_s;
+    ASSERT_EQ(transport.load(track), 0);
     addLoop(rate, 2 * rate, u"Intro"_s);
     const PracticeId riff = addLoop(10 * rate, 12 * rate, u"Riff"_s);
     ASSERT_TRUE(practice->play(riff));
@@ -151,6 +162,8 @@ TEST_F(TheExportWindow, OffersTheLoopThatSoundsAndWritesItAsItIsHeard)
     EXPECT_EQ(first().source, song(u"A"_s)->fileURL.toLocalFile());
     EXPECT_TRUE(first().sourceStamp);
     EXPECT_EQ(first().details.title, u"A - Riff 50 %"_s);
+    EXPECT_EQ(first().details.artist, u"The As"_s);
+    EXPECT_EQ(first().details.album, u"First"_s);
 }
 
 TEST_F(TheExportWindow, OffersALoopThatIsNotKept)
@@ -268,6 +281,17 @@ TEST_F(TheExportWindow, SaysThatTheFolderIsGone)
     EXPECT_EQ(message(), QString());
     window->exportChosen();
     EXPECT_EQ(targets().size(), 1);
+}
+
+TEST_F(TheExportWindow, SaysThatNothingCanBeWrittenWithoutAnEncoder)
+{
+    formats = {};
+    load(u"A"_s);
+    open();
+    EXPECT_TRUE(shows(u"Nothing can be exported here: the encoders are missing."_s));
+    EXPECT_FALSE(button(u"Export"_s)->isEnabled());
+    window->exportChosen();
+    EXPECT_TRUE(targets().isEmpty());
 }
 
 TEST_F(TheExportWindow, RemembersFolderAndFormat)
