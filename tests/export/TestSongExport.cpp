@@ -1,6 +1,7 @@
 #include "export/ExportFixture.h"
 #include "export/SongExport.h"
 #include "platform/audio/EncodingModule.h"
+#include "support/Heard.h"
 #include "support/SampleAudio.h"
 
 #include <QFile>
@@ -71,6 +72,31 @@ TEST_F(WrittenFile, HasTheLengthOfTheSongAtItsSpeedInEveryFormat)
         request.target = folder.filePath(exportFileName(u"new"_s, format, {}));
         ASSERT_EQ(run(), 0);
         EXPECT_EQ(decoded(request.target)[0].size(), 53'335U) << suffixOf(format);
+    }
+}
+
+TEST_F(WrittenFile, OfAnySongHasItsLengthThroughEveryStage)
+{
+    const std::vector<SampleSpec> songs = {
+        {.signal = SampleSpec::Signal::Noise, .channels = 1},
+        {.extension = u"flac"_s, .rate = 48000, .channels = 8},
+        {.signal = SampleSpec::Signal::Noise, .rate = 8000},
+        {.frames = 1},
+        {.amplitude = 0.0, .frames = 1000},
+    };
+    request.channels = {.mode = ChannelMode::Swapped, .centre = -100};
+    request.levels[3] = 6.0F;
+    request.pitchCents = 300.0F;
+    request.passes = {{.rate = 0.75F}};
+    request.format = SongFormat::Flac;
+    for (const SampleSpec &spec : songs) {
+        request.source = sampleFile(spec);
+        const auto frames = static_cast<double>(decoded(request.source)[0].size());
+        ASSERT_EQ(run(), 0) << qPrintable(request.source);
+        const Channels written = decoded(request.target);
+        EXPECT_EQ(written[0].size(), std::llround(frames / 0.75)) << qPrintable(request.source);
+        EXPECT_EQ(levelOf(written[0]) == 0.0, spec.amplitude == 0.0 || frames == 1.0)
+            << qPrintable(request.source);
     }
 }
 

@@ -53,17 +53,17 @@ protected:
     }
     bool comesToHave(const QStringList &files) const
     {
-        const bool came = waitUntil([&] { return written() == files; }, 60.0);
+        const bool came = waitUntil([&] { return written() == files; }, 150.0);
         EXPECT_TRUE(came) << written().join(u", "_s).toStdString();
         return came;
     }
     QString path(const QString &file) const { return folder() + u'/' + file; }
 
-    /// Makes a loop of about two seconds of the song, from `second` on, and keeps it.
-    void keepLoop(int second)
+    /// Makes a loop of the song, from `second` on, and keeps it.
+    void keepLoop(int second, double length = 1.93)
     {
         display.key(u"w"_s);
-        display.drag(placeOf(second + 0.02), placeOf(second + 1.95));
+        display.drag(placeOf(second + 0.02), placeOf(second + 0.02 + length));
         ASSERT_TRUE(hears(stepFrequency(second)));
         display.key(u"k"_s);
     }
@@ -228,7 +228,7 @@ TEST_F(ProgramThatExports, TheLadderIsATaggedMp3ThatAnotherPlayerPlays)
     setFormat(u"mp3"_s);
     startAndPlay();
     openPane();
-    keepLoop(10);
+    keepLoop(10, 0.5);
     const std::uint64_t frames = waitForLoop(0);
     openExport();
     display.key(u"Tab"_s, 3);
@@ -259,8 +259,8 @@ TEST_F(ProgramThatExports, TheLadderIsATaggedMp3ThatAnotherPlayerPlays)
     std::vector<float> samples(static_cast<std::size_t>(bytes.size()) / sizeof(float));
     std::memcpy(samples.data(), bytes.constData(), samples.size() * sizeof(float));
     EXPECT_NEAR(static_cast<double>(samples.size()) / rate, length, 0.3);
-    EXPECT_NEAR(toneIn(samples, 0.5), stepFrequency(10), 3.0);
-    EXPECT_NEAR(toneIn(samples, length - 0.5), stepFrequency(11), 3.0);
+    EXPECT_NEAR(toneIn(samples, 0.3), stepFrequency(10), 3.0);
+    EXPECT_NEAR(toneIn(samples, length - 0.4), stepFrequency(10), 3.0);
 }
 
 /// A long export: the song 99 times at 50 %.
@@ -271,6 +271,10 @@ protected:
         startAndPlay();
         openPane();
         display.key(u"minus"_s, 10);
+        exportManyTimes();
+    }
+    void exportManyTimes()
+    {
         openExport();
         display.key(u"Tab"_s);
         display.type(u"99"_s);
@@ -280,6 +284,29 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return isWriting(); }));
     }
 };
+
+/// A busy machine may interrupt the sound, but not all the time.
+TEST_F(ProgramWithALongExport, PlayingGoesOnWithoutAnInterruption)
+{
+    setFormat(u"mp3"_s);
+    startAndPlay();
+    doubleClickSong(1);
+    ASSERT_TRUE(hears(250.0));
+    openPane();
+    exportManyTimes();
+    bool isWhole = false;
+    for (int part = 0; part < 12 && !isWhole; ++part) {
+        const std::size_t begin = recorder->size();
+        const std::size_t end = begin + Recorder::sampleRate;
+        ASSERT_TRUE(recorder->waitForSize(end));
+        const std::vector<float> heard = recorder->samples(begin, end);
+        isWhole = peakOf(heard) > 0.1F && tearsIn(heard, 250.0).empty();
+    }
+    EXPECT_TRUE(isWhole);
+    EXPECT_TRUE(isWriting());
+    closeExport();
+    EXPECT_EQ(quit(), 0);
+}
 
 TEST_F(ProgramWithALongExport, ACancelledOneLeavesNoFile)
 {
@@ -318,17 +345,13 @@ TEST_F(ProgramThatExports, AFailureIsToldAlthoughTheWindowIsClosed)
 {
     startAndPlay();
     openPane();
-    display.key(u"minus"_s, 10); // 50 %
+    display.key(u"minus"_s, 2); // the stretcher takes its time
     openExport();
-    display.key(u"Tab"_s);
-    display.type(u"3"_s);
-    display.key(u"Return"_s);
-    display.key(u"shift+Tab"_s);
     display.key(u"Return"_s);
     ASSERT_TRUE(waitUntil([&] { return isWriting(); }));
     closeExport();
     ASSERT_TRUE(QDir(folder()).removeRecursively());
-    ASSERT_TRUE(waitUntil([&] { return display.hasWindow(u"^Export"_s); }, 120.0));
+    ASSERT_TRUE(waitUntil([&] { return display.hasWindow(u"^Export"_s); }, 150.0));
     EXPECT_TRUE(waitUntil([&] { return display.activeWindow() != mainWindow(); }));
     display.key(u"Escape"_s);
     EXPECT_TRUE(waitUntil([&] { return display.activeWindow() == mainWindow(); }));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 #include <vector>
 
 /// Functions that analyse recorded sound.
@@ -30,6 +31,22 @@ inline double frequencyOf(const std::vector<float> &samples, double rate = 44100
     const auto middle = frequencies.begin() + static_cast<std::ptrdiff_t>(frequencies.size() / 2);
     std::nth_element(frequencies.begin(), middle, frequencies.end());
     return *middle;
+}
+
+/// The positions at which a sine of that frequency is interrupted. In a sine, every sample follows
+/// from the two before it. Interruptions within 50 ms count as one.
+inline std::vector<std::size_t> tearsIn(const std::vector<float> &samples, double frequency,
+                                        double rate = 44100.0)
+{
+    const double twoCosines = 2.0 * std::cos(2.0 * std::numbers::pi * frequency / rate);
+    const auto joined = static_cast<std::size_t>(0.05 * rate);
+    std::vector<std::size_t> found;
+    for (std::size_t i = 2; i < samples.size(); ++i) {
+        const double expected = twoCosines * samples[i - 1] - samples[i - 2];
+        if (std::abs(samples[i] - expected) > 0.001 && (found.empty() || i - found.back() > joined))
+            found.push_back(i);
+    }
+    return found;
 }
 
 inline float peakOf(const std::vector<float> &samples)
