@@ -58,6 +58,12 @@ bool ExportRows::canCancel(int row) const
                                 found->state == ExportQueue::State::Running);
 }
 
+QString ExportRows::problem(int row) const
+{
+    const ExportQueue::Entry *found = entry(row);
+    return found != nullptr ? exportText::problem(found->status) : QString();
+}
+
 void ExportRows::showProgress()
 {
     for (int row = 0; row < rowCount(); ++row) {

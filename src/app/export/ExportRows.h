@@ -21,6 +21,8 @@ public:
     ExportQueue::Id id(int row) const;
     /// Whether the export of a row waits or runs.
     bool canCancel(int row) const;
+    /// Why the export of a row failed; empty if it did not.
+    QString problem(int row) const;
     /// Shows how far the export that runs is.
     void showProgress();
 

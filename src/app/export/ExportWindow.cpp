@@ -41,6 +41,7 @@ constexpr int margin = 14;
 constexpr int usualWidth = 520;
 constexpr int leastListHeight = 56;
 constexpr int usualListHeight = 110;
+constexpr int leastStateWidth = 80;
 constexpr int titleBarHeight = 40;
 constexpr auto progressPeriod = 200ms;
 
@@ -134,10 +135,7 @@ void ExportWindow::follow(const Outlets &outlets)
         showMessage({});
         update();
     });
-    connect(m_queue, &ExportQueue::changed, this, [this] {
-        showMessage({});
-        showQueue();
-    });
+    connect(m_queue, &ExportQueue::changed, this, &ExportWindow::showQueue);
 }
 
 void ExportWindow::addFolderAndName()
@@ -169,7 +167,8 @@ QWidget *ExportWindow::makeQueue()
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->horizontalHeader()->hide();
     m_list->horizontalHeader()->setMinimumSectionSize(0);
-    m_list->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_list->horizontalHeader()->setSectionResizeMode(ExportRows::Name, QHeaderView::Stretch);
+    m_list->horizontalHeader()->setSectionResizeMode(ExportRows::State, QHeaderView::Fixed);
     m_list->setMinimumHeight(leastListHeight);
     m_list->installEventFilter(this);
     new ListEndKeys(m_list);
@@ -230,6 +229,8 @@ void ExportWindow::changeEvent(QEvent *event)
 
 bool ExportWindow::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_list && event->type() == QEvent::Resize)
+        shareColumns();
     if (watched == m_list && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Delete)
@@ -296,6 +297,15 @@ void ExportWindow::selectRunning()
     }
 }
 
+/// Progress needs little room. Why an export failed may need more than there is.
+void ExportWindow::shareColumns()
+{
+    const QAbstractItemView *view = m_list; // there it is public
+    const int needed = view->sizeHintForColumn(ExportRows::State);
+    const int most = m_list->viewport()->width() / 2;
+    m_list->setColumnWidth(ExportRows::State, std::min(std::max(needed, leastStateWidth), most));
+}
+
 void ExportWindow::showQueue()
 {
     const bool isEmpty = m_queue->entries().empty();
@@ -306,8 +316,11 @@ void ExportWindow::showQueue()
         const int mostHeight = screen()->availableGeometry().height() - titleBarHeight;
         resize(width(), isEmpty ? height() - room : std::min(height() + room, mostHeight));
     }
+    shareColumns();
     selectRunning();
-    m_cancel->setEnabled(m_rows->canCancel(m_list->currentIndex().row()));
+    const int row = m_list->currentIndex().row();
+    m_cancel->setEnabled(m_rows->canCancel(row));
+    showMessage(m_rows->problem(row));
     if (isVisible() && m_queue->isBusy())
         m_progress.start();
     else

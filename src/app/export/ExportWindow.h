@@ -76,6 +76,7 @@ private:
     void askToReplace(std::vector<ExportRequest> requests, const QStringList &existing);
     void begin(std::vector<ExportRequest> requests);
     void cancelSelected();
+    void shareColumns();
     void showQueue();
     void selectRunning();
 

@@ -1,5 +1,7 @@
 #include "app/export/ExportQueue.h"
+#include "app/export/ExportRows.h"
 #include "app/export/ExportSettings.h"
+#include "app/export/ExportText.h"
 #include "app/export/ExportWindow.h"
 #include "app/practice/ChoiceButton.h"
 #include "app/practice/Metronome.h"
@@ -326,6 +328,16 @@ TEST_F(TheExportWindow, CancelsTheSelectedExportByKey)
     EXPECT_FALSE(list->isVisible());
 }
 
+TEST_F(TheExportWindow, LeavesNamesTheRoomThatTheProgressDoesNotNeed)
+{
+    load(u"A"_s);
+    open();
+    window->exportChosen();
+    const auto *list = window->findChild<QTableView *>();
+    EXPECT_GT(list->columnWidth(ExportRows::State), 50);
+    EXPECT_GT(list->columnWidth(ExportRows::Name), 3 * list->columnWidth(ExportRows::State));
+}
+
 TEST_F(TheExportWindow, FollowsThePlayer)
 {
     load(u"A"_s);
@@ -362,6 +374,13 @@ TEST_F(TheExportWindow, ASongThatChangedSinceItWasLoadedIsNotExported)
     window->exportChosen();
     ASSERT_TRUE(QTest::qWaitFor([this] { return !queue.isBusy(); }, 60'000));
     EXPECT_EQ(queue.entries().front().status, status::songChanged);
+    const QString reason = exportText::problem(status::songChanged);
+    EXPECT_EQ(message(), reason) << "it is too long for the list";
+    auto *list = window->findChild<QTableView *>();
+    list->setCurrentIndex({});
+    EXPECT_EQ(message(), QString());
+    list->selectRow(0);
+    EXPECT_EQ(message(), reason);
 }
 
 } // namespace
