@@ -14,7 +14,8 @@ def rows():
     result, memory = [], []
     for suffix in ("flac", "mp3"):
         tell(f"export {suffix}")
-        ours = interleaved({"ours": lambda: work("export", "ours", f"{suffix}:{source}")}, runs=3)["ours"]
+        # A run takes half a minute, so a warm one would not differ.
+        ours = interleaved({"ours": lambda: work("export", "ours", f"{suffix}:{source}")}, runs=3, warm_ups=0)["ours"]
         speed = length / ours["seconds"]
         memory.append(ours["megabytes"])
         result.append(Row(f"export at 75 % with the equalizer, {suffix}", f"{speed:.1f} times real time", "", None,
