@@ -51,6 +51,19 @@ void setLeadInAtStart(const LeadIn &leadIn)
     reading().atStart = leadIn;
 }
 
+std::optional<HeardLeadIn> heardLeadIn()
+{
+    const Lock lock(control().mutex);
+    const ReadingPoint &point = newestReadingPoint();
+    if (point.jumps == 0 || point.seekCount != reading().seekCount.load(std::memory_order_relaxed))
+        return std::nullopt;
+    const std::uint64_t read = point.silenceRead + point.framesSinceJump;
+    const std::uint64_t held = heldSongFrames();
+    if (read < held || read - held >= point.silence)
+        return std::nullopt;
+    return HeardLeadIn{.frames = point.silence, .done = read - held};
+}
+
 PassCount passes()
 {
     const Lock lock(control().mutex);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 /// What practising asks of the engine: the metronome, the silence before a loop or a start, and the
 /// count of passes. Main thread. Loading a song switches the metronome, the lead-ins and the run-up
@@ -34,6 +35,16 @@ void setRunUp(std::uint64_t frames);
 /// start drops the frames that the stages hold and reads them again behind the silence. A change of
 /// the device is no start.
 void setLeadInAtStart(const LeadIn &leadIn);
+
+/// Where a lead-in is that is heard now, in frames of the song.
+struct HeardLeadIn {
+    std::uint64_t frames = 0; ///< its length
+    std::uint64_t done = 0;   ///< how much of it was heard; less than `frames`
+};
+
+/// None while the song itself is heard. As exact as heardFrame(). While the output stands, the
+/// answer is that of its last moment.
+std::optional<HeardLeadIn> heardLeadIn();
 
 /// A pass is a round of a loop whose end was reached by playing. A jump because the position was
 /// set behind the end, or because the loop was moved or switched on, is none.
