@@ -22,6 +22,7 @@ QList<PracticeCommandEntry> sound();
 QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();
 QList<PracticeCommandEntry> exports();
+QList<PracticeCommandEntry> stand();
 QList<PracticeCommandEntry> beats();
 
 } // namespace lyrabox::commandTable

@@ -33,7 +33,7 @@ QList<PracticeCommandEntry> practiceCommands()
     return commandTable::play() + commandTable::markers() + commandTable::loopMoves() +
            commandTable::trainer() + commandTable::edits() + commandTable::beats() +
            commandTable::click() + commandTable::sound() + commandTable::wave() +
-           commandTable::history() + commandTable::exports();
+           commandTable::history() + commandTable::exports() + commandTable::stand();
 }
 
 PracticeCommandEntry practiceCommand(PracticeCommand command)

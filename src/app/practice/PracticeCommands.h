@@ -45,6 +45,7 @@ enum class PracticeCommand {
     ClearBeats,
     ShowHistory,
     Export,
+    StandView,
     Train,
     Rotate,
     PassMissed,

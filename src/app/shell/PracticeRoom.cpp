@@ -4,6 +4,7 @@
 #include "app/practice/PracticePane.h"
 #include "app/shell/PracticeExport.h"
 #include "app/shell/PracticeHistory.h"
+#include "app/shell/PracticeStand.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/Room.h"
 #include "platform/audio/DecodingModule.h"
@@ -83,6 +84,7 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
                                   parts.songSound.get(), seek, parent);
     addPracticeHistory(parts, pane);
     addPracticeExport(parts, pane);
+    addPracticeStand(parts, pane);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();
     QObject::connect(pane, &PracticePane::commandsChanged, menu,

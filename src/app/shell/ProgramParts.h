@@ -11,6 +11,7 @@
 #include "app/shell/InputAfterWait.h"
 #include "app/shell/LB_AppDelegate.h"
 #include "app/shell/MainMenu.h"
+#include "app/stand/StandView.h"
 #include "engine/LB_AudioController.h"
 #include "engine/ReadySongs.h"
 #include "equalizer/LB_EqualizerController.h"
@@ -73,6 +74,7 @@ struct ProgramParts {
     std::unique_ptr<ExportQueue> exportQueue;       ///< made together with `exportWindow`
     std::unique_ptr<ExportWindow> exportWindow;     ///< null until it is first shown
     std::unique_ptr<PaneSite> practice;             ///< made together with `audio`
+    std::unique_ptr<StandView> standView;           ///< null until it is first shown
 
     /// Made together with `audio`.
     std::unique_ptr<InputAfterWait> inputAfterWait;
