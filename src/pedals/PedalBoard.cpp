@@ -127,14 +127,17 @@ void PedalBoard::turn(const PedalDial &dial, const MidiMessage &message)
 {
     auto move = std::ranges::find(m_moves, dial.control, &Move::control);
     if (move == m_moves.end()) {
-        m_moves.push_back({.control = dial.control, .target = dial.target});
+        m_moves.push_back({.control = dial.control, .target = dial.target, .form = dial.form});
         move = m_moves.end() - 1;
     }
     const int most = message.kind == MidiMessage::Kind::PitchBend ? mostBend : mostValue;
-    if (dial.form == PedalDial::Form::Position)
+    if (dial.form == PedalDial::Form::Position) {
         move->position = static_cast<double>(message.value) / most;
-    else
+        move->lowest = std::min(move->lowest, move->position);
+        move->highest = std::max(move->highest, move->position);
+    } else {
         move->steps += stepsOf(dial.form, message.value);
+    }
 }
 
 void PedalBoard::release(std::uint32_t device)

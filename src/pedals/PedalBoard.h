@@ -35,8 +35,11 @@ public:
     struct Move {
         PedalControl control; ///< as in the map
         QString target;
+        PedalDial::Form form = PedalDial::Form::Position;
         double position = 0.0; ///< of a dial that has positions, 0 to 1
-        int steps = 0;         ///< of the others; positive is up
+        double lowest = 1.0;   ///< of all its positions since the last call
+        double highest = 0.0;
+        int steps = 0; ///< of the others; positive is up
 
         bool operator==(const Move &) const = default;
     };

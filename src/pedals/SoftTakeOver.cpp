@@ -1,7 +1,7 @@
 #include "pedals/SoftTakeOver.h"
 
+#include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace lyrabox {
 
@@ -13,13 +13,20 @@ constexpr double unchanged = 0.5 * oneStep;
 
 } // namespace
 
+void SoftTakeOver::passBy(double position)
+{
+    m_lowest = std::min(m_lowest, position);
+    m_highest = std::max(m_highest, position);
+}
+
 std::optional<double> SoftTakeOver::move(double position, double current)
 {
-    const std::optional<double> last = std::exchange(m_last, position);
+    passBy(position);
     const bool isAttached = m_set && std::abs(*m_set - current) <= unchanged;
-    const bool isNear = std::abs(position - current) <= near;
-    const bool hasPassed = last && (*last - current) * (position - current) <= 0.0;
-    if (!isAttached && !isNear && !hasPassed) {
+    const bool hasReached = m_lowest - near <= current && current <= m_highest + near;
+    m_lowest = position;
+    m_highest = position;
+    if (!isAttached && !hasReached) {
         m_set.reset();
         return std::nullopt;
     }

@@ -14,12 +14,16 @@ public:
     /// has not taken over.
     std::optional<double> move(double position, double current);
 
+    /// The pedal was at a position on its way to the next move().
+    void passBy(double position);
+
     /// What setting the value gave, if it was rounded.
     void setReached(double value) { m_set = value; }
 
 private:
-    std::optional<double> m_last; ///< position
-    std::optional<double> m_set;  ///< the value that the pedal gave; none before it took over
+    double m_lowest = 2.0; ///< of the positions since the last move, and of that
+    double m_highest = -1.0;
+    std::optional<double> m_set; ///< the value that the pedal gave; none before it took over
 };
 
 } // namespace lyrabox
