@@ -1,6 +1,7 @@
 #include "app/practice/LoopCommands.h"
 
 #include "app/practice/LoopEdits.h"
+#include "app/practice/PressedPlace.h"
 #include "app/practice/SongPeaks.h"
 #include "app/practice/SongPractice.h"
 #include "engine/LB_AudioController.h"
@@ -127,10 +128,10 @@ void LoopCommands::performOnList(PracticeCommand command, int argument)
             m_practice->play(*loop);
         break;
     case PracticeCommand::AddMarker:
-        m_practice->addMarker(m_audio->heardFrame());
+        m_practice->addMarker(pressedPlace(m_audio).frame);
         break;
     case PracticeCommand::AddNamedMarker:
-        if (const auto marker = m_practice->addMarker(m_audio->heardFrame()))
+        if (const auto marker = m_practice->addMarker(pressedPlace(m_audio).frame))
             m_practice->askForName(*marker);
         break;
     case PracticeCommand::NextMarker:

@@ -2,7 +2,10 @@
 
 #include "app/practice/CommandTable.h"
 
+#include <QMetaEnum>
+
 #include <algorithm>
+#include <string_view>
 
 namespace lyrabox {
 
@@ -21,6 +24,19 @@ QString joinedKeys(const QStringList &keys)
 QString PracticeCommandEntry::name() const
 {
     return QString(text).remove(u'&');
+}
+
+QString PracticeCommandEntry::id() const
+{
+    QString words;
+    for (const char letter : std::string_view(
+             QMetaEnum::fromType<PracticeCommand>().valueToKey(static_cast<int>(command)))) {
+        const QChar character = QLatin1Char(letter);
+        if (character.isUpper() && !words.isEmpty())
+            words += u' ';
+        words += character.toLower();
+    }
+    return argument == 0 ? words : words + u' ' + QString::number(argument);
 }
 
 QString PracticeCommandEntry::keyText() const

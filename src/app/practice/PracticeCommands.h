@@ -2,11 +2,15 @@
 
 #include <QKeySequence>
 #include <QList>
+#include <QObject>
 #include <QString>
 
 namespace lyrabox {
 
-/// The commands of the menu "Practice".
+Q_NAMESPACE
+
+/// The commands of the menu "Practice". The files of pedals and keys are written with these names,
+/// so a name stays.
 enum class PracticeCommand {
     KeepLoop,
     KeepSpeed,
@@ -60,6 +64,7 @@ enum class PracticeCommand {
     NormalChannels,
     TuneToA,
 };
+Q_ENUM_NS(PracticeCommand)
 
 /// The longest way of a key that moves a loop, in ms.
 inline constexpr int longestMove = 100;
@@ -89,6 +94,8 @@ struct PracticeCommandEntry {
 
     /// The text without its mnemonic.
     QString name() const;
+    /// What files call it: "move start -10", in every language.
+    QString id() const;
     /// The first key as the desktop writes it; empty if there is none.
     QString keyText() const;
 };

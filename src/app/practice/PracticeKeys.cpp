@@ -1,6 +1,5 @@
 #include "app/practice/PracticeKeys.h"
 
-#include "app/practice/PracticeCommands.h"
 #include "platform/ui/KeyPosition.h"
 #include "platform/ui/KeyRepeat.h"
 
@@ -30,8 +29,19 @@ bool needsControl(const QKeySequence &keys)
 PracticeKeys::PracticeKeys(std::function<void(int)> playLoop, QObject *parent)
     : QObject(parent), m_playLoop(std::move(playLoop))
 {
-    for (const PracticeCommandEntry &entry : practiceCommands()) {
+    setEntries(practiceCommands());
+}
+
+void PracticeKeys::setEntries(const QList<PracticeCommandEntry> &entries)
+{
+    m_all.clear();
+    m_everywhere.clear();
+    m_digits.clear();
+    for (const PracticeCommandEntry &entry : entries) {
         for (const QKeySequence &keys : entry.keys) {
+            if (entry.command == PracticeCommand::PlayLoop &&
+                keys == QKeySequence(Qt::Key_0 + entry.argument))
+                m_digits.append(entry.argument);
             if (needsControl(keys))
                 continue;
             m_all.append(keys);
@@ -74,7 +84,7 @@ bool PracticeKeys::eventFilter(QObject *watched, QEvent *event)
     if (isOverride)
         return false;
     // What arrives here was no shortcut.
-    if (const int digit = digitOfKey(key)) {
+    if (const int digit = digitOfKey(key); m_digits.contains(digit)) {
         if (!key.isAutoRepeat())
             m_playLoop(digit);
         return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/practice/PracticeCommands.h"
+
 #include <QKeySequence>
 #include <QList>
 #include <QObject>
@@ -21,6 +23,9 @@ public:
     /// `playLoop` is called with 1 to 9.
     explicit PracticeKeys(std::function<void(int)> playLoop, QObject *parent = nullptr);
 
+    /// The commands with the keys that they have now, in place of the built-in ones.
+    void setEntries(const QList<PracticeCommandEntry> &entries);
+
     /// Nothing happens while it is not active.
     void setActive(bool active);
 
@@ -35,6 +40,7 @@ private:
     QList<const QWidget *> m_windows;
     QList<QKeySequence> m_everywhere; ///< keys without Ctrl that work in both windows
     QList<QKeySequence> m_all;        ///< those, and the ones that work in the pane
+    QList<int> m_digits;              ///< that play a loop
     bool m_isActive = false;
 };
 

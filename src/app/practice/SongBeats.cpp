@@ -2,9 +2,9 @@
 
 #include "app/practice/BeatMarks.h"
 #include "app/practice/FoundBeats.h"
+#include "app/practice/PressedPlace.h"
 #include "app/practice/SongPractice.h"
 #include "engine/LB_AudioController.h"
-#include "platform/foundation/MonotonicClock.h"
 #include "practice/SongTime.h"
 
 #include <QScopedValueRollback>
@@ -170,7 +170,8 @@ void SongBeats::tap()
         setRemark(Remark::NotPlaying);
         return;
     }
-    tapAt(m_audio->heardFrame(), static_cast<double>(monotonicTime().count()));
+    const PressedPlace place = pressedPlace(m_audio);
+    tapAt(place.frame, static_cast<double>(place.time.count()));
 }
 
 void SongBeats::tapAt(std::uint64_t frame, double milliseconds)
