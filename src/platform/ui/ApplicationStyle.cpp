@@ -43,6 +43,9 @@ QString styleSheet()
         u"QPushButton:default:pressed { background: #1B5A84; }"
         u"QPushButton:default:focus { border: 2px solid #153F5C; }"
         u"QPushButton:disabled { color: @dimmed; background: @sidebar; border-color: #D5DADD; }"
+        u"QPushButton::menu-indicator { subcontrol-position: right center; right: 3px; }"
+        // It draws its own ground.
+        u"lyrabox--SearchField { background: transparent; border: none; }"
         u"QMenu { background: @surface; border: 1px solid @line; padding: 4px 0; color: @text; }"
         u"QMenu::item { padding: 5px 26px 5px 26px; }"
         u"QMenu::item:selected { background: @accent; color: @surface; }"
