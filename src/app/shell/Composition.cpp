@@ -40,7 +40,7 @@ const QString trackTableName = u"trackTable"_s;
 /// Every room of the program, in the order in which it is wired. The practice room is the first,
 /// because it brings the lists back before another room's command gives them the keyboard.
 const Room *const rooms[] = {&practiceRoom,   &transportRoom, &songListRoom, &sourceRoom,
-                             &readySongsRoom, &equalizerRoom, &windowRoom};
+                             &readySongsRoom, &equalizerRoom, &pedalRoom,    &windowRoom};
 
 } // namespace
 

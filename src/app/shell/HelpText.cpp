@@ -43,7 +43,9 @@ QString keysHelpText()
         "Delete, Insert: remove a folder or preset, add a preset\n"
         "Tab and the arrow keys: every other control\n"
         "Ctrl+1, Ctrl+2: the main window, the equalizer");
-    return keys + QLatin1Char('\n') +
+    const QString pedals = QKeySequence(Qt::CTRL | Qt::Key_4).toString(QKeySequence::NativeText);
+    return keys + QLatin1Char('\n') + HelpText::tr("%1: pedals and keys").arg(pedals) +
+           QLatin1Char('\n') +
            HelpText::tr("%1: the practice pane; while it is open:")
                .arg(practicePaneKey.toString(QKeySequence::NativeText)) +
            practiceKeysText();

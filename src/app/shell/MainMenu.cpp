@@ -107,14 +107,15 @@ void MainMenu::addPracticeMenu()
 
 void MainMenu::setPracticeKeysWork(bool work)
 {
+    m_practiceKeysWork = work;
     for (auto [title, text] : m_titles.asKeyValueRange())
         title->setText(text);
     m_titles.clear();
     if (!work)
         return;
     QList<QKeySequence> taken;
-    for (const PracticeCommandEntry &entry : practiceEntries)
-        taken += entry.keys;
+    for (const QAction *action : practiceActions)
+        taken += action->shortcuts();
     for (QAction *title : m_window->menuBar()->actions()) {
         if (!taken.contains(QKeySequence::mnemonic(title->text())))
             continue;
@@ -139,6 +140,7 @@ void MainMenu::addWindowMenu()
     mainWindow->setCheckable(true);
     eqWindow = add(windows, tr("&Equalizer"), {Qt::CTRL | Qt::Key_2});
     eqWindow->setCheckable(true);
+    pedals = add(windows, tr("&Pedals and Keys…"), {Qt::CTRL | Qt::Key_4});
     windows->addSeparator();
     closeWindow = add(windows, tr("&Close Window"), {Qt::CTRL | Qt::Key_W});
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/pedals/MenuCommand.h"
 #include "app/practice/PracticeCommands.h"
 
 #include <QHash>
@@ -62,6 +63,15 @@ public:
     const QList<PracticeCommandEntry> practiceEntries = practiceCommands();
     QList<QAction *> practiceActions;
 
+    /// practiceEntries with the keys that the commands have now.
+    QList<PracticeCommandEntry> practiceEntriesNow() const;
+
+    /// Every command of the menu bar, in its order.
+    QList<MenuCommand> commands() const;
+
+    /// Call it when shortcuts were changed.
+    void noteChangedKeys();
+
     /// While the keys of the practice pane work, the titles of the menu bar give up the mnemonics
     /// that are such keys: Alt with a letter.
     void setPracticeKeysWork(bool work);
@@ -72,6 +82,7 @@ public:
 
     QAction *mainWindow;
     QAction *eqWindow;
+    QAction *pedals;
     QAction *closeWindow;
 
     QAction *keys;
@@ -79,6 +90,10 @@ public:
     QAction *emailSupport;
     QAction *openWebsite;
     QAction *about;
+
+Q_SIGNALS:
+    /// Some commands have other keys.
+    void keysChanged();
 
 private:
     void addFileMenu();
@@ -95,6 +110,7 @@ private:
     QAction *add(QMenu *menu, const QString &text, const QList<QKeySequence> &shortcuts = {});
 
     QMainWindow *m_window;
+    bool m_practiceKeysWork = false;
     QHash<QAction *, QString> m_titles; ///< with the mnemonics that were given up
 };
 

@@ -63,6 +63,8 @@ void connectCommands(const ProgramParts &parts)
         [menu](int number) { actionOf(menu, PracticeCommand::PlayLoop, number)->trigger(); }, menu);
     keys->addWindow(&parts.mainWindow);
     keys->addWindow(&parts.eqWindow);
+    QObject::connect(menu, &MainMenu::keysChanged, keys,
+                     [menu, keys] { keys->setEntries(menu->practiceEntriesNow()); });
     QObject::connect(site, &PaneSite::shownChanged, menu, [menu, site, keys](bool shown) {
         updateCommands(menu, site);
         menu->setPracticeKeysWork(shown);

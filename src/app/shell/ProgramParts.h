@@ -2,6 +2,7 @@
 
 #include "app/export/ExportQueue.h"
 #include "app/export/ExportWindow.h"
+#include "app/pedals/PedalsWindow.h"
 #include "app/practice/HistoryWindow.h"
 #include "app/practice/Metronome.h"
 #include "app/practice/PaneSite.h"
@@ -77,6 +78,8 @@ struct ProgramParts {
     std::unique_ptr<StandView> standView;           ///< null until it is first shown
 
     /// Made together with `audio`.
+    std::unique_ptr<PedalAssignments> pedals;
+    std::unique_ptr<PedalsWindow> pedalsWindow; ///< null until it is first shown
     std::unique_ptr<InputAfterWait> inputAfterWait;
 
     /// Opens files and adds folders, as Composition::open() does. Set before the rooms connect.

@@ -23,6 +23,7 @@ extern const Room sourceRoom;     ///< folders and playlists
 extern const Room readySongsRoom; ///< songs that are decoded in advance
 extern const Room equalizerRoom;  ///< bands and presets
 extern const Room practiceRoom;   ///< the practice pane and its menu
+extern const Room pedalRoom;      ///< pedals and the user's keys
 extern const Room windowRoom;     ///< the windows themselves, help and updates
 
 /// An environment variable of this name with the value 0 turns off the decoding in advance.
