@@ -329,6 +329,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>%1: the practice pane; while it is open:</source>
         <translation>%1: der Übebereich; solange er offen ist:</translation>
     </message>
+    <message>
+        <source>%1: pedals and keys</source>
+        <translation>%1: Pedale und Tasten</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -663,6 +667,33 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Open Its Page</source>
         <translation>Seite öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::AssignmentRows</name>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Pedal or knob</source>
+        <translation>Pedal oder Regler</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>Pedale</translation>
     </message>
 </context>
 <context>
@@ -1058,6 +1089,18 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Stopped: not all songs are in the list</source>
         <translation>Angehalten: Nicht alle Titel sind in der Liste</translation>
     </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Tonhöhe</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::CountInSettingsPanel</name>
@@ -1403,6 +1446,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Replace</source>
         <translation>Ersetzen</translation>
     </message>
+    <message>
+        <source>Nothing can be exported here: the encoders are missing.</source>
+        <translation>Hier lässt sich nichts exportieren: Die Encoder fehlen.</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::HistoryLoops</name>
@@ -1528,6 +1575,33 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Forget History</source>
         <translation>Verlauf vergessen</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Learner</name>
+    <message>
+        <source>Move the pedal or knob for “%1”. Escape cancels.</source>
+        <translation>Bewegen Sie das Pedal oder den Regler für „%1“. Esc bricht ab.</translation>
+    </message>
+    <message>
+        <source>Press a key or a pedal for “%1”. Escape cancels.</source>
+        <translation>Drücken Sie eine Taste oder ein Pedal für „%1“. Esc bricht ab.</translation>
+    </message>
+    <message>
+        <source>%1 is needed in every window. Press another key or a pedal. Escape cancels.</source>
+        <translation>%1 wird in jedem Fenster gebraucht. Drücken Sie eine andere Taste oder ein Pedal. Esc bricht ab.</translation>
+    </message>
+    <message>
+        <source>%1 is assigned to “%2”. Use it for “%3” instead?</source>
+        <translation>%1 ist mit „%2“ belegt. Stattdessen für „%3“ verwenden?</translation>
+    </message>
+    <message>
+        <source>There is no room for more.</source>
+        <translation>Für mehr ist kein Platz.</translation>
+    </message>
+    <message>
+        <source>%1 is now “%2”.</source>
+        <translation>%1 ist jetzt „%2“.</translation>
     </message>
 </context>
 <context>
@@ -1914,6 +1988,14 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Pract&amp;ice</source>
         <translation>Übe&amp;n</translation>
     </message>
+    <message>
+        <source>&amp;Pedals and Keys…</source>
+        <translation>&amp;Pedale und Tasten …</translation>
+    </message>
+    <message>
+        <source>%1 &gt; %2</source>
+        <translation>%1 &gt; %2</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
@@ -2001,6 +2083,176 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Height of the practice pane</source>
         <translation>Höhe des Übebereichs</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalAssignments</name>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalsWindow</name>
+    <message>
+        <source>Controller %1</source>
+        <translation>Controller %1</translation>
+    </message>
+    <message>
+        <source>Note %1</source>
+        <translation>Note %1</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>Programm %1</translation>
+    </message>
+    <message>
+        <source>Pitch bend</source>
+        <translation>Pitch-Bend</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Druck</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1, double tap</source>
+        <translation>%1, Doppeltipp</translation>
+    </message>
+    <message>
+        <source>%1, hold</source>
+        <translation>%1, halten</translation>
+    </message>
+    <message>
+        <source>Ready-Made Sets</source>
+        <translation>Fertige Belegungen</translation>
+    </message>
+    <message>
+        <source>Use It Here</source>
+        <translation>Hier verwenden</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Pedals and Keys</source>
+        <translation>Pedale und Tasten</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search commands</source>
+        <translation>Befehle suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Two Switches (Controllers 64 and 67)</source>
+        <translation>&amp;Zwei Schalter (Controller 64 und 67)</translation>
+    </message>
+    <message>
+        <source>Two Switches and an &amp;Expression Pedal</source>
+        <translation>Zwei Schalter und ein &amp;Expressionspedal</translation>
+    </message>
+    <message>
+        <source>&amp;Page Turner: Page Up and Page Down</source>
+        <translation>&amp;Blättergerät: Bild auf und Bild ab</translation>
+    </message>
+    <message>
+        <source>Page Turner: &amp;Arrow Keys</source>
+        <translation>Blättergerät: &amp;Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>Tippen</translation>
+    </message>
+    <message>
+        <source>Double Tap</source>
+        <translation>Doppeltipp</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Halten</translation>
+    </message>
+    <message>
+        <source>Gesture of a pedal</source>
+        <translation>Geste eines Pedals</translation>
+    </message>
+    <message>
+        <source>What the pedal or knob sends</source>
+        <translation>Was das Pedal oder der Regler sendet</translation>
+    </message>
+    <message>
+        <source>Positions (a pedal)</source>
+        <translation>Stellungen (ein Pedal)</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 127</source>
+        <translation>Schritte: 1 und 127</translation>
+    </message>
+    <message>
+        <source>Steps: 65 and 63</source>
+        <translation>Schritte: 65 und 63</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 65</source>
+        <translation>Schritte: 1 und 65</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>%1 is no longer “%2”.</source>
+        <translation>%1 ist nicht mehr „%2“.</translation>
+    </message>
+    <message>
+        <source>Added: %1. Everything else stays as it was.</source>
+        <translation>Hinzugefügt: %1. Alles andere bleibt, wie es war.</translation>
+    </message>
+    <message>
+        <source>The assignments were made by a later version of Lyrabox. They cannot be changed here.</source>
+        <translation>Die Belegungen stammen von einer späteren Version von Lyrabox. Sie können hier nicht geändert werden.</translation>
+    </message>
+    <message>
+        <source>The assignments could not be written. They hold until Lyrabox ends.</source>
+        <translation>Die Belegungen konnten nicht geschrieben werden. Sie gelten, bis Lyrabox beendet wird.</translation>
+    </message>
+    <message>
+        <source>The file of assignments could not be read. It is kept under another name when you change something.</source>
+        <translation>Die Datei der Belegungen konnte nicht gelesen werden. Sie wird unter anderem Namen aufbewahrt, wenn Sie etwas ändern.</translation>
+    </message>
+    <message>
+        <source>Some assignments in the file were not understood. The file is kept under another name when you change something.</source>
+        <translation>Einige Belegungen in der Datei wurden nicht verstanden. Die Datei wird unter anderem Namen aufbewahrt, wenn Sie etwas ändern.</translation>
+    </message>
+    <message>
+        <source>Learn</source>
+        <translation>Lernen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Plugged in: %1</source>
+        <translation>Angeschlossen: %1</translation>
+    </message>
+    <message>
+        <source>No MIDI device is plugged in.</source>
+        <translation>Kein MIDI-Gerät ist angeschlossen.</translation>
+    </message>
+    <message>
+        <source>MIDI devices are looked for while you learn, and while one is assigned.</source>
+        <translation>MIDI-Geräte werden gesucht, während Sie lernen und solange eines belegt ist.</translation>
     </message>
 </context>
 <context>
@@ -2284,6 +2536,10 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>&amp;Normal Sound</source>
         <translation>Normaler &amp;Klang</translation>
+    </message>
+    <message>
+        <source>Stand View (&amp;Q)</source>
+        <translation>Pultansicht (&amp;Q)</translation>
     </message>
 </context>
 <context>
@@ -2686,6 +2942,60 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Divider</source>
         <translation>Teiler</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandText</name>
+    <message>
+        <source>Count-in: 1 beat</source>
+        <translation>Einzähler: 1 Schlag</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 beats</source>
+        <translation>Einzähler: %1 Schläge</translation>
+    </message>
+    <message>
+        <source>Count-in: 1 bar</source>
+        <translation>Einzähler: 1 Takt</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 bars</source>
+        <translation>Einzähler: %1 Takte</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>Takt</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Einzähler</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Play a song.</source>
+        <translation>Kein Titel spielt.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandView</name>
+    <message>
+        <source>Stand View</source>
+        <translation>Pultansicht</translation>
+    </message>
+    <message>
+        <source>Escape or F11: back to Lyrabox</source>
+        <translation>Esc oder F11: zurück zu Lyrabox</translation>
     </message>
 </context>
 <context>

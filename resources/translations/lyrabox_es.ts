@@ -329,6 +329,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>%1: the practice pane; while it is open:</source>
         <translation>%1: el panel de práctica; mientras está abierto:</translation>
     </message>
+    <message>
+        <source>%1: pedals and keys</source>
+        <translation>%1: pedales y teclas</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -663,6 +667,33 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Open Its Page</source>
         <translation>Abrir su página</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::AssignmentRows</name>
+    <message>
+        <source>Unknown</source>
+        <translation>Desconocido</translation>
+    </message>
+    <message>
+        <source>Pedal or knob</source>
+        <translation>Pedal o perilla</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Comando</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menú</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Teclas</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>Pedales</translation>
     </message>
 </context>
 <context>
@@ -1058,6 +1089,18 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Stopped: not all songs are in the list</source>
         <translation>Detenido: no todas las canciones están en la lista</translation>
     </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Tono</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::CountInSettingsPanel</name>
@@ -1403,6 +1446,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Replace</source>
         <translation>Reemplazar</translation>
     </message>
+    <message>
+        <source>Nothing can be exported here: the encoders are missing.</source>
+        <translation>Aquí no se puede exportar nada: faltan los codificadores.</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::HistoryLoops</name>
@@ -1528,6 +1575,33 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Forget History</source>
         <translation>Olvidar el historial</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Learner</name>
+    <message>
+        <source>Move the pedal or knob for “%1”. Escape cancels.</source>
+        <translation>Mueva el pedal o la perilla para «%1». Esc cancela.</translation>
+    </message>
+    <message>
+        <source>Press a key or a pedal for “%1”. Escape cancels.</source>
+        <translation>Pulse una tecla o un pedal para «%1». Esc cancela.</translation>
+    </message>
+    <message>
+        <source>%1 is needed in every window. Press another key or a pedal. Escape cancels.</source>
+        <translation>%1 se necesita en todas las ventanas. Pulse otra tecla o un pedal. Esc cancela.</translation>
+    </message>
+    <message>
+        <source>%1 is assigned to “%2”. Use it for “%3” instead?</source>
+        <translation>%1 está asignado a «%2». ¿Usarlo para «%3» en su lugar?</translation>
+    </message>
+    <message>
+        <source>There is no room for more.</source>
+        <translation>No hay sitio para más.</translation>
+    </message>
+    <message>
+        <source>%1 is now “%2”.</source>
+        <translation>%1 ahora es «%2».</translation>
     </message>
 </context>
 <context>
@@ -1914,6 +1988,14 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Pract&amp;ice</source>
         <translation>&amp;Práctica</translation>
     </message>
+    <message>
+        <source>&amp;Pedals and Keys…</source>
+        <translation>&amp;Pedales y teclas…</translation>
+    </message>
+    <message>
+        <source>%1 &gt; %2</source>
+        <translation>%1 &gt; %2</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
@@ -2001,6 +2083,176 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Height of the practice pane</source>
         <translation>Altura del panel de práctica</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalAssignments</name>
+    <message>
+        <source>“%1”</source>
+        <translation>«%1»</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalsWindow</name>
+    <message>
+        <source>Controller %1</source>
+        <translation>Controlador %1</translation>
+    </message>
+    <message>
+        <source>Note %1</source>
+        <translation>Nota %1</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>Programa %1</translation>
+    </message>
+    <message>
+        <source>Pitch bend</source>
+        <translation>Pitch bend</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Presión</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>%1, double tap</source>
+        <translation>%1, doble toque</translation>
+    </message>
+    <message>
+        <source>%1, hold</source>
+        <translation>%1, mantenido</translation>
+    </message>
+    <message>
+        <source>Ready-Made Sets</source>
+        <translation>Conjuntos preparados</translation>
+    </message>
+    <message>
+        <source>Use It Here</source>
+        <translation>Usar aquí</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>Pedals and Keys</source>
+        <translation>Pedales y teclas</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Comandos</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Search commands</source>
+        <translation>Buscar comandos</translation>
+    </message>
+    <message>
+        <source>&amp;Two Switches (Controllers 64 and 67)</source>
+        <translation>&amp;Dos interruptores (controladores 64 y 67)</translation>
+    </message>
+    <message>
+        <source>Two Switches and an &amp;Expression Pedal</source>
+        <translation>Dos interruptores y un pedal de &amp;expresión</translation>
+    </message>
+    <message>
+        <source>&amp;Page Turner: Page Up and Page Down</source>
+        <translation>&amp;Pasapáginas: Re Pág y Av Pág</translation>
+    </message>
+    <message>
+        <source>Page Turner: &amp;Arrow Keys</source>
+        <translation>Pasapáginas: teclas de &amp;flecha</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>Toque</translation>
+    </message>
+    <message>
+        <source>Double Tap</source>
+        <translation>Doble toque</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Mantener</translation>
+    </message>
+    <message>
+        <source>Gesture of a pedal</source>
+        <translation>Gesto de un pedal</translation>
+    </message>
+    <message>
+        <source>What the pedal or knob sends</source>
+        <translation>Lo que envía el pedal o la perilla</translation>
+    </message>
+    <message>
+        <source>Positions (a pedal)</source>
+        <translation>Posiciones (un pedal)</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 127</source>
+        <translation>Pasos: 1 y 127</translation>
+    </message>
+    <message>
+        <source>Steps: 65 and 63</source>
+        <translation>Pasos: 65 y 63</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 65</source>
+        <translation>Pasos: 1 y 65</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>%1 is no longer “%2”.</source>
+        <translation>%1 ya no es «%2».</translation>
+    </message>
+    <message>
+        <source>Added: %1. Everything else stays as it was.</source>
+        <translation>Añadido: %1. Todo lo demás queda como estaba.</translation>
+    </message>
+    <message>
+        <source>The assignments were made by a later version of Lyrabox. They cannot be changed here.</source>
+        <translation>Las asignaciones se hicieron con una versión posterior de Lyrabox. No se pueden cambiar aquí.</translation>
+    </message>
+    <message>
+        <source>The assignments could not be written. They hold until Lyrabox ends.</source>
+        <translation>Las asignaciones no se pudieron guardar. Valen hasta que Lyrabox se cierre.</translation>
+    </message>
+    <message>
+        <source>The file of assignments could not be read. It is kept under another name when you change something.</source>
+        <translation>El archivo de asignaciones no se pudo leer. Se conserva con otro nombre cuando cambie algo.</translation>
+    </message>
+    <message>
+        <source>Some assignments in the file were not understood. The file is kept under another name when you change something.</source>
+        <translation>Algunas asignaciones del archivo no se entendieron. El archivo se conserva con otro nombre cuando cambie algo.</translation>
+    </message>
+    <message>
+        <source>Learn</source>
+        <translation>Aprender</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Plugged in: %1</source>
+        <translation>Conectado: %1</translation>
+    </message>
+    <message>
+        <source>No MIDI device is plugged in.</source>
+        <translation>No hay ningún dispositivo MIDI conectado.</translation>
+    </message>
+    <message>
+        <source>MIDI devices are looked for while you learn, and while one is assigned.</source>
+        <translation>Los dispositivos MIDI se buscan mientras aprende y mientras haya alguno asignado.</translation>
     </message>
 </context>
 <context>
@@ -2284,6 +2536,10 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>&amp;Normal Sound</source>
         <translation>&amp;Sonido normal</translation>
+    </message>
+    <message>
+        <source>Stand View (&amp;Q)</source>
+        <translation>Vista de atril (&amp;Q)</translation>
     </message>
 </context>
 <context>
@@ -2686,6 +2942,60 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Divider</source>
         <translation>Divisor</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandText</name>
+    <message>
+        <source>Count-in: 1 beat</source>
+        <translation>Cuenta previa: 1 pulso</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 beats</source>
+        <translation>Cuenta previa: %1 pulsos</translation>
+    </message>
+    <message>
+        <source>Count-in: 1 bar</source>
+        <translation>Cuenta previa: 1 compás</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 bars</source>
+        <translation>Cuenta previa: %1 compases</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>Compás</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Cuenta previa</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Silencio</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Play a song.</source>
+        <translation>Reproduzca una canción.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandView</name>
+    <message>
+        <source>Stand View</source>
+        <translation>Vista de atril</translation>
+    </message>
+    <message>
+        <source>Escape or F11: back to Lyrabox</source>
+        <translation>Esc o F11: volver a Lyrabox</translation>
     </message>
 </context>
 <context>

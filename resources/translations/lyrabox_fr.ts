@@ -330,6 +330,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>%1: the practice pane; while it is open:</source>
         <translation>%1 : le panneau de travail ; tant qu’il est ouvert :</translation>
     </message>
+    <message>
+        <source>%1: pedals and keys</source>
+        <translation>%1 : pédales et touches</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -664,6 +668,33 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Open Its Page</source>
         <translation>Ouvrir la page</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::AssignmentRows</name>
+    <message>
+        <source>Unknown</source>
+        <translation>Inconnu</translation>
+    </message>
+    <message>
+        <source>Pedal or knob</source>
+        <translation>Pédale ou bouton</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Commande</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Touches</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>Pédales</translation>
     </message>
 </context>
 <context>
@@ -1059,6 +1090,18 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Stopped: not all songs are in the list</source>
         <translation>Arrêté : tous les morceaux ne sont pas dans la liste</translation>
     </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Hauteur</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::CountInSettingsPanel</name>
@@ -1404,6 +1447,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Replace</source>
         <translation>Remplacer</translation>
     </message>
+    <message>
+        <source>Nothing can be exported here: the encoders are missing.</source>
+        <translation>Rien ne peut être exporté ici : les encodeurs manquent.</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::HistoryLoops</name>
@@ -1529,6 +1576,33 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Forget History</source>
         <translation>Oublier l’historique</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Learner</name>
+    <message>
+        <source>Move the pedal or knob for “%1”. Escape cancels.</source>
+        <translation>Bougez la pédale ou le bouton pour « %1 ». Échap annule.</translation>
+    </message>
+    <message>
+        <source>Press a key or a pedal for “%1”. Escape cancels.</source>
+        <translation>Appuyez sur une touche ou une pédale pour « %1 ». Échap annule.</translation>
+    </message>
+    <message>
+        <source>%1 is needed in every window. Press another key or a pedal. Escape cancels.</source>
+        <translation>%1 est nécessaire dans toutes les fenêtres. Appuyez sur une autre touche ou une pédale. Échap annule.</translation>
+    </message>
+    <message>
+        <source>%1 is assigned to “%2”. Use it for “%3” instead?</source>
+        <translation>%1 est affecté à « %2 ». L’utiliser plutôt pour « %3 » ?</translation>
+    </message>
+    <message>
+        <source>There is no room for more.</source>
+        <translation>Il n’y a plus de place.</translation>
+    </message>
+    <message>
+        <source>%1 is now “%2”.</source>
+        <translation>%1 est maintenant « %2 ».</translation>
     </message>
 </context>
 <context>
@@ -1915,6 +1989,14 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Pract&amp;ice</source>
         <translation>&amp;Travail</translation>
     </message>
+    <message>
+        <source>&amp;Pedals and Keys…</source>
+        <translation>&amp;Pédales et touches…</translation>
+    </message>
+    <message>
+        <source>%1 &gt; %2</source>
+        <translation>%1 &gt; %2</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
@@ -2002,6 +2084,176 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Height of the practice pane</source>
         <translation>Hauteur du panneau de travail</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalAssignments</name>
+    <message>
+        <source>“%1”</source>
+        <translation>« %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalsWindow</name>
+    <message>
+        <source>Controller %1</source>
+        <translation>Contrôleur %1</translation>
+    </message>
+    <message>
+        <source>Note %1</source>
+        <translation>Note %1</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>Programme %1</translation>
+    </message>
+    <message>
+        <source>Pitch bend</source>
+        <translation>Pitch bend</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Pression</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>%1, double tap</source>
+        <translation>%1, double appui</translation>
+    </message>
+    <message>
+        <source>%1, hold</source>
+        <translation>%1, maintenu</translation>
+    </message>
+    <message>
+        <source>Ready-Made Sets</source>
+        <translation>Ensembles prêts à l’emploi</translation>
+    </message>
+    <message>
+        <source>Use It Here</source>
+        <translation>Utiliser ici</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Pedals and Keys</source>
+        <translation>Pédales et touches</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Commandes</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Search commands</source>
+        <translation>Rechercher des commandes</translation>
+    </message>
+    <message>
+        <source>&amp;Two Switches (Controllers 64 and 67)</source>
+        <translation>&amp;Deux interrupteurs (contrôleurs 64 et 67)</translation>
+    </message>
+    <message>
+        <source>Two Switches and an &amp;Expression Pedal</source>
+        <translation>Deux interrupteurs et une pédale d’&amp;expression</translation>
+    </message>
+    <message>
+        <source>&amp;Page Turner: Page Up and Page Down</source>
+        <translation>&amp;Tourne-page : Page préc. et Page suiv.</translation>
+    </message>
+    <message>
+        <source>Page Turner: &amp;Arrow Keys</source>
+        <translation>Tourne-page : touches &amp;fléchées</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>Appui</translation>
+    </message>
+    <message>
+        <source>Double Tap</source>
+        <translation>Double appui</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Maintien</translation>
+    </message>
+    <message>
+        <source>Gesture of a pedal</source>
+        <translation>Geste d’une pédale</translation>
+    </message>
+    <message>
+        <source>What the pedal or knob sends</source>
+        <translation>Ce que la pédale ou le bouton envoie</translation>
+    </message>
+    <message>
+        <source>Positions (a pedal)</source>
+        <translation>Positions (une pédale)</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 127</source>
+        <translation>Pas : 1 et 127</translation>
+    </message>
+    <message>
+        <source>Steps: 65 and 63</source>
+        <translation>Pas : 65 et 63</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 65</source>
+        <translation>Pas : 1 et 65</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>%1 is no longer “%2”.</source>
+        <translation>%1 n’est plus « %2 ».</translation>
+    </message>
+    <message>
+        <source>Added: %1. Everything else stays as it was.</source>
+        <translation>Ajouté : %1. Tout le reste est inchangé.</translation>
+    </message>
+    <message>
+        <source>The assignments were made by a later version of Lyrabox. They cannot be changed here.</source>
+        <translation>Les affectations ont été faites par une version ultérieure de Lyrabox. Elles ne peuvent pas être modifiées ici.</translation>
+    </message>
+    <message>
+        <source>The assignments could not be written. They hold until Lyrabox ends.</source>
+        <translation>Les affectations n’ont pas pu être enregistrées. Elles sont valables jusqu’à la fermeture de Lyrabox.</translation>
+    </message>
+    <message>
+        <source>The file of assignments could not be read. It is kept under another name when you change something.</source>
+        <translation>Le fichier des affectations n’a pas pu être lu. Il sera conservé sous un autre nom dès que vous modifierez quelque chose.</translation>
+    </message>
+    <message>
+        <source>Some assignments in the file were not understood. The file is kept under another name when you change something.</source>
+        <translation>Certaines affectations du fichier n’ont pas été comprises. Le fichier sera conservé sous un autre nom dès que vous modifierez quelque chose.</translation>
+    </message>
+    <message>
+        <source>Learn</source>
+        <translation>Apprendre</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Plugged in: %1</source>
+        <translation>Branché : %1</translation>
+    </message>
+    <message>
+        <source>No MIDI device is plugged in.</source>
+        <translation>Aucun appareil MIDI n’est branché.</translation>
+    </message>
+    <message>
+        <source>MIDI devices are looked for while you learn, and while one is assigned.</source>
+        <translation>Les appareils MIDI sont recherchés pendant l’apprentissage et tant que l’un d’eux est affecté.</translation>
     </message>
 </context>
 <context>
@@ -2285,6 +2537,10 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>&amp;Normal Sound</source>
         <translation>Son &amp;normal</translation>
+    </message>
+    <message>
+        <source>Stand View (&amp;Q)</source>
+        <translation>Vue pupitre (&amp;K)</translation>
     </message>
 </context>
 <context>
@@ -2687,6 +2943,60 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Divider</source>
         <translation>Séparateur</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandText</name>
+    <message>
+        <source>Count-in: 1 beat</source>
+        <translation>Décompte : 1 temps</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 beats</source>
+        <translation>Décompte : %1 temps</translation>
+    </message>
+    <message>
+        <source>Count-in: 1 bar</source>
+        <translation>Décompte : 1 mesure</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 bars</source>
+        <translation>Décompte : %1 mesures</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>Mesure</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>Décompte</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Silence</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Play a song.</source>
+        <translation>Lancez un morceau.</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandView</name>
+    <message>
+        <source>Stand View</source>
+        <translation>Vue pupitre</translation>
+    </message>
+    <message>
+        <source>Escape or F11: back to Lyrabox</source>
+        <translation>Échap ou F11 : retour à Lyrabox</translation>
     </message>
 </context>
 <context>

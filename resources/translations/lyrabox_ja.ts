@@ -328,6 +328,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>%1: the practice pane; while it is open:</source>
         <translation>%1: 練習パネル。開いている間:</translation>
     </message>
+    <message>
+        <source>%1: pedals and keys</source>
+        <translation>%1：ペダルとキー</translation>
+    </message>
 </context>
 <context>
     <name>LB_AudioController</name>
@@ -655,6 +659,33 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Open Its Page</source>
         <translation>ページを開く</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::AssignmentRows</name>
+    <message>
+        <source>Unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>Pedal or knob</source>
+        <translation>ペダルまたはつまみ</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>コマンド</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>ペダル</translation>
     </message>
 </context>
 <context>
@@ -1050,6 +1081,18 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Stopped: not all songs are in the list</source>
         <translation>停止しました: 一部の曲はリストにありません</translation>
     </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>ピッチ</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::CountInSettingsPanel</name>
@@ -1393,6 +1436,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Replace</source>
         <translation>置き換える</translation>
     </message>
+    <message>
+        <source>Nothing can be exported here: the encoders are missing.</source>
+        <translation>エンコーダがないため、ここでは何も書き出せません。</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::HistoryLoops</name>
@@ -1518,6 +1565,33 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Forget History</source>
         <translation>履歴を消去</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::Learner</name>
+    <message>
+        <source>Move the pedal or knob for “%1”. Escape cancels.</source>
+        <translation>「%1」用のペダルまたはつまみを動かしてください。Esc でキャンセルします。</translation>
+    </message>
+    <message>
+        <source>Press a key or a pedal for “%1”. Escape cancels.</source>
+        <translation>「%1」用のキーまたはペダルを押してください。Esc でキャンセルします。</translation>
+    </message>
+    <message>
+        <source>%1 is needed in every window. Press another key or a pedal. Escape cancels.</source>
+        <translation>%1 はすべてのウインドウで必要です。別のキーかペダルを押してください。Esc でキャンセルします。</translation>
+    </message>
+    <message>
+        <source>%1 is assigned to “%2”. Use it for “%3” instead?</source>
+        <translation>%1 は「%2」に割り当てられています。代わりに「%3」に使いますか？</translation>
+    </message>
+    <message>
+        <source>There is no room for more.</source>
+        <translation>これ以上は追加できません。</translation>
+    </message>
+    <message>
+        <source>%1 is now “%2”.</source>
+        <translation>%1 は「%2」になりました。</translation>
     </message>
 </context>
 <context>
@@ -1904,6 +1978,14 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Pract&amp;ice</source>
         <translation>練習(&amp;R)</translation>
     </message>
+    <message>
+        <source>&amp;Pedals and Keys…</source>
+        <translation>ペダルとキー(&amp;P)…</translation>
+    </message>
+    <message>
+        <source>%1 &gt; %2</source>
+        <translation>%1 &gt; %2</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::MediaPlayerBridge</name>
@@ -1991,6 +2073,176 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Height of the practice pane</source>
         <translation>練習パネルの高さ</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalAssignments</name>
+    <message>
+        <source>“%1”</source>
+        <translation>「%1」</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PedalsWindow</name>
+    <message>
+        <source>Controller %1</source>
+        <translation>コントローラー %1</translation>
+    </message>
+    <message>
+        <source>Note %1</source>
+        <translation>ノート %1</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>プログラム %1</translation>
+    </message>
+    <message>
+        <source>Pitch bend</source>
+        <translation>ピッチベンド</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>プレッシャー</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2 の%1</translation>
+    </message>
+    <message>
+        <source>%1, double tap</source>
+        <translation>%1（ダブルタップ）</translation>
+    </message>
+    <message>
+        <source>%1, hold</source>
+        <translation>%1（長押し）</translation>
+    </message>
+    <message>
+        <source>Ready-Made Sets</source>
+        <translation>既製のセット</translation>
+    </message>
+    <message>
+        <source>Use It Here</source>
+        <translation>ここで使う</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Pedals and Keys</source>
+        <translation>ペダルとキー</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>コマンド</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Search commands</source>
+        <translation>コマンドを検索</translation>
+    </message>
+    <message>
+        <source>&amp;Two Switches (Controllers 64 and 67)</source>
+        <translation>スイッチ 2 個（コントローラー 64 と 67）(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Two Switches and an &amp;Expression Pedal</source>
+        <translation>スイッチ 2 個とエクスプレッションペダル(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Page Turner: Page Up and Page Down</source>
+        <translation>譜めくり：Page Up と Page Down(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Page Turner: &amp;Arrow Keys</source>
+        <translation>譜めくり：矢印キー(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <translation>タップ</translation>
+    </message>
+    <message>
+        <source>Double Tap</source>
+        <translation>ダブルタップ</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>長押し</translation>
+    </message>
+    <message>
+        <source>Gesture of a pedal</source>
+        <translation>ペダルの操作</translation>
+    </message>
+    <message>
+        <source>What the pedal or knob sends</source>
+        <translation>ペダルやつまみが送る値</translation>
+    </message>
+    <message>
+        <source>Positions (a pedal)</source>
+        <translation>位置（ペダル）</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 127</source>
+        <translation>ステップ：1 と 127</translation>
+    </message>
+    <message>
+        <source>Steps: 65 and 63</source>
+        <translation>ステップ：65 と 63</translation>
+    </message>
+    <message>
+        <source>Steps: 1 and 65</source>
+        <translation>ステップ：1 と 65</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>%1 is no longer “%2”.</source>
+        <translation>%1 は「%2」ではなくなりました。</translation>
+    </message>
+    <message>
+        <source>Added: %1. Everything else stays as it was.</source>
+        <translation>追加しました：%1。ほかはそのままです。</translation>
+    </message>
+    <message>
+        <source>The assignments were made by a later version of Lyrabox. They cannot be changed here.</source>
+        <translation>割り当ては Lyrabox の新しい版で作られました。ここでは変更できません。</translation>
+    </message>
+    <message>
+        <source>The assignments could not be written. They hold until Lyrabox ends.</source>
+        <translation>割り当てを保存できませんでした。Lyrabox の終了まで有効です。</translation>
+    </message>
+    <message>
+        <source>The file of assignments could not be read. It is kept under another name when you change something.</source>
+        <translation>割り当てのファイルを読めませんでした。変更すると、別の名前で残されます。</translation>
+    </message>
+    <message>
+        <source>Some assignments in the file were not understood. The file is kept under another name when you change something.</source>
+        <translation>ファイルの一部の割り当てを解釈できませんでした。変更すると、ファイルは別の名前で残されます。</translation>
+    </message>
+    <message>
+        <source>Learn</source>
+        <translation>学習</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Plugged in: %1</source>
+        <translation>接続中：%1</translation>
+    </message>
+    <message>
+        <source>No MIDI device is plugged in.</source>
+        <translation>MIDI 機器は接続されていません。</translation>
+    </message>
+    <message>
+        <source>MIDI devices are looked for while you learn, and while one is assigned.</source>
+        <translation>MIDI 機器は、学習中と割り当てがある間に検出されます。</translation>
     </message>
 </context>
 <context>
@@ -2274,6 +2526,10 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>&amp;Normal Sound</source>
         <translation>通常の音(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Stand View (&amp;Q)</source>
+        <translation>譜面台表示(&amp;Q)</translation>
     </message>
 </context>
 <context>
@@ -2676,6 +2932,60 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Divider</source>
         <translation>仕切り</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandText</name>
+    <message>
+        <source>Count-in: 1 beat</source>
+        <translation>カウントイン: 1拍</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 beats</source>
+        <translation>カウントイン: %1拍</translation>
+    </message>
+    <message>
+        <source>Count-in: 1 bar</source>
+        <translation>カウントイン: 1小節</translation>
+    </message>
+    <message>
+        <source>Count-in: %1 bars</source>
+        <translation>カウントイン: %1小節</translation>
+    </message>
+    <message>
+        <source>Bar</source>
+        <translation>小節</translation>
+    </message>
+    <message>
+        <source>Count-in</source>
+        <translation>カウントイン</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>休み</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Play a song.</source>
+        <translation>曲を再生してください。</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::StandView</name>
+    <message>
+        <source>Stand View</source>
+        <translation>譜面台表示</translation>
+    </message>
+    <message>
+        <source>Escape or F11: back to Lyrabox</source>
+        <translation>Esc または F11: Lyrabox に戻る</translation>
     </message>
 </context>
 <context>
