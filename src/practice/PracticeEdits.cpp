@@ -158,20 +158,28 @@ bool areSame(const PracticeMarker &a, const PracticeMarker &b)
     return a.name == b.name && isNear(a.at, b.at);
 }
 
+/// Returns how many are added.
 template <typename Put, typename Entry>
-void addMissing(const std::vector<Entry> &present, const std::vector<Entry> &other,
-                std::size_t limit, PracticeEdits &edits)
+std::size_t addMissing(const std::vector<Entry> &present, const std::vector<Entry> &other,
+                       std::size_t limit, PracticeMerge &merge)
 {
+    std::size_t added = 0;
     std::size_t room = limit - std::min(limit, present.size());
     for (const Entry &entry : other) {
         const bool isThere =
             std::any_of(present.begin(), present.end(),
                         [&entry](const Entry &known) { return areSame(known, entry); });
-        if (isThere || room == 0)
-            continue;
-        edits.emplace_back(Put{entry});
-        --room;
+        if (isThere) {
+            ++merge.known;
+        } else if (room == 0) {
+            ++merge.left;
+        } else {
+            merge.edits.emplace_back(Put{entry});
+            ++added;
+            --room;
+        }
     }
+    return added;
 }
 
 } // namespace
@@ -197,15 +205,21 @@ std::optional<PracticeEdits> applyEdits(PracticeRecord &record, const PracticeEd
 
 PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord &other)
 {
-    PracticeEdits edits;
-    addMissing<PutLoop>(record.loops, other.loops, PracticeLimits::loops, edits);
-    addMissing<PutMarker>(record.markers, other.markers, PracticeLimits::markers, edits);
+    return mergeOf(record, other).edits;
+}
+
+PracticeMerge mergeOf(const PracticeRecord &record, const PracticeRecord &other)
+{
+    PracticeMerge merge;
+    merge.loops = addMissing<PutLoop>(record.loops, other.loops, PracticeLimits::loops, merge);
+    merge.markers =
+        addMissing<PutMarker>(record.markers, other.markers, PracticeLimits::markers, merge);
     if (record.beats.grid.isEmpty() && !other.beats.grid.isEmpty())
-        edits.emplace_back(PutBeats{other.beats.grid});
+        merge.edits.emplace_back(PutBeats{other.beats.grid});
     const ChannelTools neutral;
     if (record.sound.channels == neutral && !(other.sound.channels == neutral))
-        edits.emplace_back(PutChannels{other.sound.channels});
-    return edits;
+        merge.edits.emplace_back(PutChannels{other.sound.channels});
+    return merge;
 }
 
 bool PracticeHistory::apply(const PracticeEdits &edits, PracticeStep step)

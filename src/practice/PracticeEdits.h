@@ -68,6 +68,18 @@ std::optional<PracticeEdits> applyEdits(PracticeRecord &record, const PracticeEd
 /// likewise. What does not fit into the limits is left out.
 PracticeEdits editsThatMerge(const PracticeRecord &record, const PracticeRecord &other);
 
+/// What must be done to take over another record, and what there is to tell about it.
+struct PracticeMerge {
+    PracticeEdits edits;
+    std::size_t loops = 0;   ///< that are added
+    std::size_t markers = 0; ///< likewise
+    std::size_t known = 0;   ///< loops and markers that are there already
+    std::size_t left = 0;    ///< loops and markers that do not fit into the limits
+};
+
+/// editsThatMerge() with its numbers.
+PracticeMerge mergeOf(const PracticeRecord &record, const PracticeRecord &other);
+
 /// A record with the steps that led to it.
 class PracticeHistory {
 public:
@@ -98,6 +110,8 @@ public:
 
     /// Notes what an analysis has said. That is no step, either.
     void setFindings(std::optional<PracticeTuning> tuning, std::optional<KeyGuess> keys);
+
+    void setAnchors(const SongAnchors &anchors) { m_record.song.anchors = anchors; }
 
 private:
     bool step(std::deque<PracticeEdits> &from, std::deque<PracticeEdits> &to);

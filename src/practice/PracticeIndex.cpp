@@ -15,6 +15,7 @@ namespace lyrabox {
 namespace {
 
 constexpr qint64 mostBytes = 16 << 20; // some 100,000 songs
+constexpr std::size_t mostRefused = 10'000;
 
 /// Reads "DEVICE INODE SIZE CHANGED", where the size and the time may have a sign.
 std::optional<files::FileStamp> stampOf(const QString &text)
@@ -50,6 +51,11 @@ PracticeIndex PracticeIndex::fromText(const QByteArray &text)
         if (stamp && isPracticeFileName(song.value().toString()))
             index.put(*stamp, song.value().toString());
     }
+    const QJsonObject refused = root["no copies"_L1].toObject();
+    for (auto song = refused.begin(); song != refused.end(); ++song) {
+        for (const QJsonValue &copy : song.value().toArray())
+            index.refuse(song.key(), copy.toString());
+    }
     return index;
 }
 
@@ -67,8 +73,38 @@ QByteArray PracticeIndex::text() const
     QJsonObject songs;
     for (const auto &[key, entry] : m_entries)
         songs.insert(textOf(entry.song), entry.file);
-    return QJsonDocument(QJsonObject{{u"lyrabox practice index"_s, 1}, {u"songs"_s, songs}})
-        .toJson(QJsonDocument::Indented);
+    QJsonObject root{{u"lyrabox practice index"_s, 1}, {u"songs"_s, songs}};
+    if (!m_refused.empty()) {
+        QJsonObject refused;
+        for (const auto &[song, copy] : m_refused) {
+            QJsonArray copies = refused[song].toArray();
+            copies.append(copy);
+            refused.insert(song, copies);
+        }
+        root.insert("no copies"_L1, refused);
+    }
+    return QJsonDocument(root).toJson(QJsonDocument::Indented);
+}
+
+bool PracticeIndex::isRefused(const QString &song, const QString &copy) const
+{
+    return m_refused.contains({song, copy});
+}
+
+std::set<QString> PracticeIndex::refusedCopies(const QString &song) const
+{
+    std::set<QString> copies;
+    for (auto each = m_refused.lower_bound({song, QString()});
+         each != m_refused.end() && each->first == song; ++each)
+        copies.insert(each->second);
+    return copies;
+}
+
+bool PracticeIndex::refuse(const QString &song, const QString &copy)
+{
+    if (song.isEmpty() || copy.isEmpty() || m_refused.size() >= mostRefused)
+        return false;
+    return m_refused.emplace(song, copy).second;
 }
 
 std::optional<QString> PracticeIndex::fileOf(const files::FileStamp &song) const

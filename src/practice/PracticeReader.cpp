@@ -1,5 +1,6 @@
 #include "practice/PracticeText.h"
 
+#include "practice/AnchorText.h"
 #include "practice/BeatGridText.h"
 #include "practice/SongTime.h"
 #include "practice/SoundText.h"
@@ -180,7 +181,12 @@ void readSong(const QJsonValue &value, PracticeSong &song, bool &isWhole)
     const QString length = keys.text("length"_L1);
     song.length = framesOfSongTime(length);
     isWhole = isWhole && (length.isEmpty() || song.length);
+    const QJsonValue anchors = keys.take("anchors"_L1);
+    song.anchors = anchorsOf(anchors);
     song.unknown = keys.rest();
+    // Anchors of another kind stay as they are.
+    if (song.anchors.empty() && !anchors.isUndefined())
+        song.unknown.insert("anchors"_L1, anchors);
     clean(song);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/analysis/SongAnchor.h"
 #include "platform/analysis/SongKey.h"
 #include "platform/analysis/SongTuning.h"
 #include "platform/audio/ChannelTools.h"
@@ -105,6 +106,7 @@ struct PracticeSong {
     QString artist = {};
     std::optional<std::uint64_t> length = {}; ///< in frames
     QString audio;            ///< the hash of SongReader::payloadHash(); empty if unknown
+    SongAnchors anchors = {}; ///< to know other copies of the song; empty if not made
     QJsonObject unknown = {}; ///< as a loop's
 };
 

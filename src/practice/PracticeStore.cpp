@@ -183,6 +183,8 @@ bool PracticeStore::takeOver(const QString &fileName)
         return false;
     if (const PracticeSound &sound = record().sound; !merged.record().sound.tuning)
         merged.setFindings(sound.tuning, sound.keys);
+    if (merged.record().song.anchors.empty())
+        merged.setAnchors(record().song.anchors);
     if (m_isOwnFile && m_fileStamp && files::fileStamp(pathOf(m_fileName)) == m_fileStamp)
         m_superseded = m_fileName;
     adopt(fileName, *found.reading, found.stamp);
@@ -200,15 +202,6 @@ bool PracticeStore::apply(const PracticeEdits &edits, PracticeStep step)
     const bool isAccepted = m_history.apply(edits, step);
     noteEdit(m_history.revision() != before);
     return isAccepted;
-}
-
-void PracticeStore::setFindings(const std::optional<PracticeTuning> &tuning,
-                                const std::optional<KeyGuess> &keys)
-{
-    if (isReadOnly())
-        return;
-    m_history.setFindings(tuning, keys);
-    noteEdit(!m_fileName.isEmpty());
 }
 
 bool PracticeStore::undo()
@@ -233,31 +226,17 @@ void PracticeStore::noteEdit(bool isMade)
     // Not started anew with every edit: who edits without a pause would lose everything in a crash.
     if (!m_saveTimer.isActive())
         m_saveTimer.start();
-    if (m_audio.isEmpty() && !m_identifying && !m_wasIdentified) {
-        identify();
-        Q_EMIT stateChanged();
-    }
+    startIdentifying();
     Q_EMIT recordChanged();
 }
 
 /// Everything for writing the present state, which counts as written from now on.
 PracticeWrite PracticeStore::prepareWrite()
 {
-    PracticeSong song = record().song;
-    if (song.title.isEmpty())
-        song.title = m_song->title;
-    if (song.artist.isEmpty())
-        song.artist = m_song->artist;
-    if (!song.length && m_song->frames > 0)
-        song.length = m_song->frames;
-    if (song.audio.isEmpty())
-        song.audio = m_audio;
-    clean(song);
+    const PracticeSong song = describedSong();
     m_history.setSong(song);
     if (m_fileName.isEmpty()) {
-        const QString title =
-            song.title.isEmpty() ? QFileInfo(m_song->path).completeBaseName() : song.title;
-        m_fileName = practiceFileName(title, song.audio, [this](const QString &name) {
+        m_fileName = practiceFileName(songName(), song.audio, [this](const QString &name) {
             const QFileInfo info(pathOf(name));
             return info.exists() || info.isSymLink();
         });

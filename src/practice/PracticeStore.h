@@ -15,6 +15,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 
 namespace lyrabox {
 
@@ -74,6 +75,9 @@ public:
     /// Whether the song is being recognised by its sound.
     bool isIdentifying() const { return m_identifying.has_value(); }
 
+    /// Recognises the song by its sound, if that was not done. Whether it is being recognised now.
+    bool startIdentifying();
+
     /// Makes one step of edits. False if they are refused, see applyEdits(), or if the record is
     /// read-only.
     bool apply(const PracticeEdits &edits, PracticeStep step = PracticeStep::New);
@@ -83,6 +87,30 @@ public:
     /// read-only.
     void setFindings(const std::optional<PracticeTuning> &tuning,
                      const std::optional<KeyGuess> &keys);
+
+    /// Notes the anchors of the song. Otherwise like setFindings().
+    void setAnchors(const SongAnchors &anchors);
+
+    /// The hash of the song's sound; empty while it is not known.
+    const QString &audio() const { return m_audio; }
+    /// Whether the song has a practice file. Not before the first edit is written.
+    bool hasFile() const { return !m_fileName.isEmpty(); }
+    /// The path of the song; empty without one.
+    QString songPath() const { return m_song ? m_song->path : QString(); }
+    /// What the song is called, for people: its title or the name of its file.
+    QString songName() const;
+
+    /// The folder of the practice files; empty if there is none.
+    const QString &folder() const { return m_folder; }
+
+    /// The record as it would be written now, with all that is known of its song.
+    PracticeRecord describedRecord() const;
+
+    /// What refuse() was called with for this song, also in earlier runs.
+    std::set<QString> refusedCopies() const;
+    /// Notes that the song is no copy of another one, which is named by its hash or by its practice
+    /// file.
+    void refuse(const QString &copy);
 
     bool canUndo() const { return !isReadOnly() && m_history.canUndo(); }
     bool canRedo() const { return !isReadOnly() && m_history.canRedo(); }
@@ -109,6 +137,7 @@ private:
     void adopt(const QString &fileName, const PracticeReading &reading,
                std::optional<files::FileStamp> stamp);
     void noteEdit(bool isMade);
+    PracticeSong describedSong() const;
     PracticeWrite prepareWrite();
     void writeInBackground();
     void endWriting();

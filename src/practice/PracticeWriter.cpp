@@ -1,5 +1,6 @@
 #include "practice/PracticeText.h"
 
+#include "practice/AnchorText.h"
 #include "practice/BeatGridText.h"
 #include "practice/SongTime.h"
 #include "practice/SoundText.h"
@@ -90,7 +91,17 @@ QByteArray songText(const PracticeSong &song)
     if (song.length)
         line.add("length", *song.length);
     line.addUnlessEmpty("audio", song.audio);
-    line.addAll(song.unknown);
+    QJsonObject unknown = song.unknown;
+    if (!song.anchors.empty()) {
+        QByteArray anchors;
+        for (const SongAnchor &anchor : song.anchors) {
+            anchors += anchors.isEmpty() ? "[\n  " : ",\n  ";
+            anchors += quoted(anchorText(anchor));
+        }
+        line.add("anchors", anchors + ']');
+        unknown.remove("anchors"_L1);
+    }
+    line.addAll(unknown);
     return line.text();
 }
 
@@ -160,6 +171,7 @@ constexpr qsizetype loopFrame = 220;
 constexpr qsizetype markerFrame = 60;
 constexpr qsizetype trainerFrame = 400;
 constexpr qsizetype anchorFrame = 50;
+constexpr qsizetype songAnchorFrame = 1420;
 
 /// What a text takes at most: three bytes for each unit, or two for an escaped one.
 qsizetype bound(const QString &text)
@@ -170,6 +182,7 @@ qsizetype bound(const QString &text)
 bool mayBeLarge(const PracticeRecord &record)
 {
     qsizetype bytes = 1400 + bound(record.song.title) + bound(record.song.artist);
+    bytes += songAnchorFrame * static_cast<qsizetype>(record.song.anchors.size());
     bytes += anchorFrame * static_cast<qsizetype>(record.beats.grid.anchors().size());
     bool hasUnknown = !record.unknown.isEmpty() || !record.song.unknown.isEmpty() ||
                       !record.beats.unknown.isEmpty() || !record.sound.unknown.isEmpty();
