@@ -1,5 +1,5 @@
-"""peaks, attacks, beats, tonal: what a wave is drawn from, where notes begin, where the beats are, and tuning and key, in
-music in memory, on one core. channels: what the channel tools cost while they play."""
+"""peaks, attacks, beats, tonal, anchors: what a wave is drawn from, where notes begin, where the beats are, tuning and key,
+and other copies of a song, in music in memory, on one core. channels: what the channel tools cost while they play."""
 from .measuring import MEGABYTE, duration, first_core, interleaved, tell, work
 from .rows import Row
 
@@ -10,6 +10,8 @@ LONGEST_TIDYING = 0.005
 LONGEST_FOLLOWING = 1.0
 LONGEST_CANCELLING = 0.010
 LONGEST_TUNING = 0.500
+LONGEST_MAKING = 0.100
+LONGEST_FINDING = 0.300
 MOST_MEMORY = 1.0  # megabytes
 MINUTES = 4.0  # of music
 LARGEST_SHARE = 0.01  # of a core
@@ -77,6 +79,27 @@ def tonal():
                      made["exact"] >= 0.75 * count),
             accuracy("exact or the relative key", f"{made['related']}", "at least 95 %",
                      made["related"] >= 0.95 * count)]
+
+
+def anchors():
+    """Copies of made songs are found again by their anchors, and other songs are not."""
+    tell("anchors")
+    costs = interleaved({part: (lambda part=part: work("anchors", "ours", part, first_core()))
+                         for part in ("make", "find")})
+    cancel = work("anchors", "ours", "cancel")
+    copies, others, takes = (work("anchors", "ours", part) for part in ("copies", "others", "takes"))
+    share = copies["found"] / copies["tried"]
+    return [limited("anchors, made, 5 minutes, one core", costs["make"]["seconds"], LONGEST_MAKING),
+            limited("anchors, found, 5 minutes, one core", costs["find"]["seconds"], LONGEST_FINDING),
+            limited("anchors, cancelled", cancel["seconds"], LONGEST_CANCELLING),
+            accuracy(f"{copies['tried']} copies of made songs, found", f"{share * 100:.1f} %", "at least 98 %",
+                     share >= 0.98),
+            accuracy("the worst offset of them", f"{copies['worst'] * 1e3:.1f} ms", "at most 12 ms",
+                     copies["worst"] <= 0.012),
+            accuracy(f"{others['pairs']} pairs of different songs, taken for one", f"{others['wrong']}", "none",
+                     others["wrong"] == 0),
+            accuracy(f"{takes['tried']} other takes of a piece, taken for it", f"{takes['taken']}", "none",
+                     takes["taken"] == 0)]
 
 
 def channels():

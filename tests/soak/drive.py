@@ -549,6 +549,25 @@ class Soak:
         self.xdotool("key", *keys)
         return f"practice {'a drag and ' if drags else ''}{' '.join(keys)}"
 
+    def sharing(self, dice):
+        """Opens a shared practice file, good or broken, and answers what is asked; needs the pane."""
+        kind, answer = dice.randrange(6), dice.choice(("accept", "decline", "nothing"))
+        if self.state.get("targets", {}).get("practiceWave") is None:
+            return "no shared file without the pane"
+        begin = dice.randrange(0, 20)
+        loops = [{"name": f"Lesson {n}", "from": f"0:{begin + n:02d}.00000", "to": f"0:{begin + n + 1:02d}.50000"}
+                 for n in range(dice.randrange(1, 4))]
+        content = (json.dumps({"lyrabox practice": 1, "song": {"title": "Lesson", "audio": "0" * 40}, "loops": loops}),
+                   json.dumps({"lyrabox practice": 2, "loops": loops}), "{broken", "5.0\t2.5\tback\n7,5\t7,5\tmark\n",
+                   "", json.dumps({"lyrabox practice": 1, "loops": [{"name": "n" * 999_999}]}))[kind]
+        shared = pathlib.Path(self.env["HOME"]) / ("Shared.txt" if kind == 3 else "Shared.json")
+        shared.write_text(content, encoding="utf-8")
+        self.hand_over(str(shared))
+        button = self.state.get("targets", {}).get({"accept": "sharingAccept", "decline": "sharingDecline"}.get(answer))
+        if button is not None:
+            self.xdotool("mousemove", button[0] + button[2] // 2, button[1] + button[3] // 2, "click", 1)
+        return f"open a shared file of kind {kind}, {answer}"
+
     def beats(self, dice):
         """Taps along, types a tempo, moves beats, or chooses a command of the beats; needs the pane."""
         way, command = dice.random(), dice.choice(BEAT_COMMANDS)
@@ -702,7 +721,8 @@ class Soak:
     ACTIONS = (("click", 22), ("click_row", 16), ("play", 6), ("click_anywhere", 4), ("click_dialog", 5), ("drag", 10),
                ("drag_header", 1), ("click_header", 2), ("hold", 3), ("let_go", 6), ("hold_key", 2), ("press_long", 1),
                ("wheel", 5), ("key", 22), ("menu", 3), ("write", 6), ("resize", 2), ("minimize", 0.3), ("files", 8),
-               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("channels", 4), ("export", 2), ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
+               ("device", 3), ("second", 0.2), ("practice", 12), ("beats", 4), ("channels", 4), ("export", 2), ("sharing", 1),
+               ("ask_behind", 1), ("normal", 0.5), ("own_order", 0.5),
                ("subfolders", 0.3), ("rest", 3))
 
     def act(self, number):

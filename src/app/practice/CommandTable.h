@@ -23,6 +23,7 @@ QList<PracticeCommandEntry> wave();
 QList<PracticeCommandEntry> history();
 QList<PracticeCommandEntry> exports();
 QList<PracticeCommandEntry> stand();
+QList<PracticeCommandEntry> sharing();
 QList<PracticeCommandEntry> beats();
 
 } // namespace lyrabox::commandTable

@@ -49,7 +49,8 @@ QList<PracticeCommandEntry> practiceCommands()
     return commandTable::play() + commandTable::markers() + commandTable::loopMoves() +
            commandTable::trainer() + commandTable::edits() + commandTable::beats() +
            commandTable::click() + commandTable::sound() + commandTable::wave() +
-           commandTable::history() + commandTable::exports() + commandTable::stand();
+           commandTable::history() + commandTable::exports() + commandTable::stand() +
+           commandTable::sharing();
 }
 
 PracticeCommandEntry practiceCommand(PracticeCommand command)

@@ -50,6 +50,8 @@ enum class PracticeCommand {
     ShowHistory,
     Export,
     StandView,
+    SharePractice, ///< the argument is 0 or shareAsLabels
+    OpenPractice,
     Train,
     Rotate,
     PassMissed,
@@ -65,6 +67,9 @@ enum class PracticeCommand {
     TuneToA,
 };
 Q_ENUM_NS(PracticeCommand)
+
+/// The argument of SharePractice for a label track.
+inline constexpr int shareAsLabels = 1;
 
 /// The longest way of a key that moves a loop, in ms.
 inline constexpr int longestMove = 100;

@@ -18,9 +18,12 @@
 #include "app/practice/PracticeHeader.h"
 #include "app/practice/PracticeLane.h"
 #include "app/practice/PracticePages.h"
+#include "app/practice/PracticeSharing.h"
 #include "app/practice/RotationBox.h"
+#include "app/practice/SharingBar.h"
 #include "app/practice/SnapButton.h"
 #include "app/practice/SongBeats.h"
+#include "app/practice/SongCopies.h"
 #include "app/practice/SongPractice.h"
 #include "app/practice/SongSound.h"
 #include "app/practice/SongTones.h"
@@ -71,6 +74,8 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
       m_sound(sound),
       m_beats(new SongBeats(audio, practice, &m_peaks, this)),
       m_tones(new SongTones(audio, practice, &m_peaks, sound, this)),
+      m_copies(new SongCopies(practice, &m_peaks, this)),
+      m_sharing(new PracticeSharing(practice, m_copies, &m_peaks, this)),
       m_divider(new PaneDivider(this)),
       m_header(new PracticeHeader(this)),
       m_wave(new WaveView(audio, practice, &m_peaks, std::move(seek), this)),
@@ -78,6 +83,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
       m_overview(new OverviewBar(m_wave, &m_peaks, this)),
       m_pages(new PracticePages(this)),
       m_loops(new LoopsPage(practice, soundOf(audio), this)),
+      m_sharingBar(new SharingBar(m_sharing, this)),
       m_footer(new PracticeFooter(practice, this)),
       m_trainer(new TrainerRun(audio, practice, this)),
       m_trainerPage(new TrainerPage(m_trainer, practice, this))
@@ -107,6 +113,7 @@ PracticePane::PracticePane(LB_AudioController *audio, SongPractice *practice, Me
     column->addWidget(m_divider);
     column->addWidget(m_header);
     column->addLayout(makeMiddle(), 1);
+    column->addWidget(m_sharingBar);
     column->addWidget(m_footer);
 
     connect(audio, &LB_AudioController::loopChanged, this, &PracticePane::showLoop);
@@ -127,6 +134,8 @@ PracticePane::~PracticePane()
     delete m_wave;
     delete m_tones;
     delete m_beats;
+    delete m_sharing;
+    delete m_copies;
 }
 
 QLayout *PracticePane::makeMiddle()

@@ -23,7 +23,10 @@ class PracticeFooter;
 class PracticeHeader;
 class PracticeLane;
 class PracticePages;
+class PracticeSharing;
+class SharingBar;
 class SongBeats;
+class SongCopies;
 class SongPractice;
 class SongSound;
 class SongTones;
@@ -76,6 +79,9 @@ public:
     SongSound *sound() const { return m_sound; }
     SongTones *tones() const { return m_tones; }
     SongPeaks &peaks() { return m_peaks; }
+    SongCopies *copies() const { return m_copies; }
+    PracticeSharing *sharing() const { return m_sharing; }
+    SharingBar *sharingBar() const { return m_sharingBar; }
 
     QSize sizeHint() const override { return {400, 320}; }
 
@@ -111,6 +117,8 @@ private:
     SongPeaks m_peaks;
     SongBeats *m_beats;
     SongTones *m_tones;
+    SongCopies *m_copies;
+    PracticeSharing *m_sharing;
     QList<CommandSet *> m_commands;
     PaneDivider *m_divider;
     PracticeHeader *m_header;
@@ -119,6 +127,7 @@ private:
     OverviewBar *m_overview;
     PracticePages *m_pages;
     LoopsPage *m_loops;
+    SharingBar *m_sharingBar;
     PracticeFooter *m_footer;
     TrainerRun *m_trainer;
     TrainerPage *m_trainerPage;

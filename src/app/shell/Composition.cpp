@@ -4,6 +4,7 @@
 #include "app/shell/FirstPaint.h"
 #include "app/shell/MediaPlayerBridge.h"
 #include "app/shell/OpenRequest.h"
+#include "app/shell/PracticeFilesRoom.h"
 #include "app/shell/ProgramIcon.h"
 #include "app/shell/Room.h"
 #include "app/shell/UpdateDialog.h"
@@ -199,6 +200,8 @@ void Composition::open(const QList<QUrl> &urls)
 {
     LB_SourceTabView *sources = m_parts.mainUi.sourceTabView;
     OpenRequest request = classify(urls);
+    if (request.folders.isEmpty())
+        request.files = openPracticeFiles(m_parts, request.files);
     if (!request.folders.isEmpty()) {
         sources->showTab(LB_SourceTabView::FolderTab);
         m_parts.folders.addFolders(request.folders);

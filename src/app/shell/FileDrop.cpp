@@ -28,6 +28,13 @@ FileDrop::FileDrop(QAbstractScrollArea *view, std::function<void(const QList<QUr
     view->viewport()->installEventFilter(this);
 }
 
+FileDrop::FileDrop(QWidget *widget, std::function<void(const QList<QUrl> &urls)> dropped)
+    : QObject(widget), m_dropped(std::move(dropped))
+{
+    widget->setAcceptDrops(true);
+    widget->installEventFilter(this);
+}
+
 bool FileDrop::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {

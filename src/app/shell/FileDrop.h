@@ -6,6 +6,7 @@
 #include <functional>
 
 class QAbstractScrollArea;
+class QWidget;
 
 namespace lyrabox {
 
@@ -17,6 +18,8 @@ public:
     /// `view` owns the object. `dropped` is called with the local files of each drop; other URLs
     /// are ignored, and a drop without local files is refused.
     FileDrop(QAbstractScrollArea *view, std::function<void(const QList<QUrl> &urls)> dropped);
+    /// The same for a widget whose children accept no drops.
+    FileDrop(QWidget *widget, std::function<void(const QList<QUrl> &urls)> dropped);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -3,6 +3,7 @@
 #include "app/practice/PracticeKeys.h"
 #include "app/practice/PracticePane.h"
 #include "app/shell/PracticeExport.h"
+#include "app/shell/PracticeFilesRoom.h"
 #include "app/shell/PracticeHistory.h"
 #include "app/shell/PracticeStand.h"
 #include "app/shell/ProgramParts.h"
@@ -87,6 +88,7 @@ PracticePane *makePane(ProgramParts &parts, QWidget *parent)
     addPracticeHistory(parts, pane);
     addPracticeExport(parts, pane);
     addPracticeStand(parts, pane);
+    addPracticeSharing(parts, pane);
     MainMenu *menu = parts.menu;
     const PaneSite *site = parts.practice.get();
     QObject::connect(pane, &PracticePane::commandsChanged, menu,

@@ -32,10 +32,13 @@ constexpr double leastChange = 0.3;
 /// The least mean clarity. Bits of a steady sound are those of rounding.
 constexpr double leastClarity = 0.02;
 
-/// The share of differing bits up to which an excerpt counts as found, and up to which another
-/// place of the same song is too much like it.
+/// The share of differing bits up to which an excerpt counts as found.
 constexpr double foundDistance = 0.3;
-constexpr double alikeDistance = 0.36;
+
+/// Anchors that also fit to other places of a song must fit so much better to one: when they are
+/// made, and when they are looked for.
+constexpr double ownMargin = 0.2;
+constexpr double foundMargin = 0.08;
 
 /// How far the offsets of the anchors may differ: 10 ms. Copies differ by 2 ms at most. The players
 /// of another take, who wander about one tempo, seldom meet three times within 15 ms.
@@ -134,31 +137,55 @@ SongAnchors farthestAnchors(const SongPrint &print, const std::vector<Candidate>
 using Hits = std::vector<AnchorTable::Hit>;
 using HitsOfSet = std::array<Hits, anchorsOfSong>;
 
-/// The hits that agree with each other, one for each anchor; none if there are none, or if there
-/// are several such combinations.
-std::optional<std::array<AnchorTable::Hit, anchorsOfSong>>
-agreeing(const HitsOfSet &hits, const std::array<std::uint64_t, anchorsOfSong> &places)
+/// Hits that agree with each other, one for each anchor.
+struct Agreement {
+    std::array<AnchorTable::Hit, anchorsOfSong> hits{};
+    std::int64_t offset = 0;
+    double distance = 1.0; ///< of the worst
+};
+
+/// The agreement of the hits with the first of them. None if there is none.
+std::optional<Agreement> agreementWith(const AnchorTable::Hit &first, const HitsOfSet &hits,
+                                       const std::array<std::uint64_t, anchorsOfSong> &places)
 {
     const auto offsetOf = [&](std::size_t anchor, const AnchorTable::Hit &hit) {
         return hit.step * step - static_cast<std::int64_t>(places[anchor]);
     };
-    std::optional<std::array<AnchorTable::Hit, anchorsOfSong>> result;
-    for (const AnchorTable::Hit &first : hits[0]) {
-        const std::int64_t offset = offsetOf(0, first);
-        const auto fits = [&](std::size_t anchor) {
-            return std::ranges::find_if(hits[anchor], [&](const AnchorTable::Hit &hit) {
-                return std::abs(offsetOf(anchor, hit) - offset) <= agreement + step;
-            });
-        };
-        const auto second = fits(1);
-        const auto third = fits(2);
-        if (second == hits[1].end() || third == hits[2].end())
-            continue;
-        if (result)
+    Agreement result{.hits = {first}, .offset = offsetOf(0, first), .distance = first.distance};
+    for (std::size_t anchor = 1; anchor < anchorsOfSong; ++anchor) {
+        const AnchorTable::Hit *best = nullptr;
+        for (const AnchorTable::Hit &hit : hits[anchor]) {
+            if (std::abs(offsetOf(anchor, hit) - result.offset) <= agreement + step &&
+                (best == nullptr || hit.distance < best->distance))
+                best = &hit;
+        }
+        if (best == nullptr)
             return std::nullopt;
-        result = {first, *second, *third};
+        result.hits[anchor] = *best;
+        result.distance = std::max(result.distance, best->distance);
     }
     return result;
+}
+
+/// The best agreement; none if there is none, or if another one is worse by less than `margin`.
+std::optional<Agreement> agreeing(const HitsOfSet &hits,
+                                  const std::array<std::uint64_t, anchorsOfSong> &places,
+                                  double margin)
+{
+    std::optional<Agreement> best;
+    double second = 1.0;
+    for (const AnchorTable::Hit &first : hits[0]) {
+        const std::optional<Agreement> each = agreementWith(first, hits, places);
+        if (!each)
+            continue;
+        if (!best || each->distance < best->distance) {
+            second = best ? best->distance : second;
+            best = each;
+        } else {
+            second = std::min(second, each->distance);
+        }
+    }
+    return best && second >= best->distance + margin ? best : std::nullopt;
 }
 
 HitsOfSet hitsOfSet(const std::vector<AnchorTable::Hit> &hits, std::size_t first)
@@ -180,8 +207,8 @@ bool areUnique(const SongAnchors &anchors, Words words, const std::stop_token &s
         places[excerpts.size()] = anchor.at;
         excerpts.emplace_back(anchor.words);
     }
-    const auto hits = AnchorTable(excerpts).find(words, alikeDistance, stop);
-    return !stop.stop_requested() && agreeing(hitsOfSet(hits, 0), places);
+    const auto hits = AnchorTable(excerpts).find(words, foundDistance, stop);
+    return !stop.stop_requested() && agreeing(hitsOfSet(hits, 0), places, ownMargin);
 }
 
 /// A place where an anchor was found, in frames.
@@ -267,14 +294,14 @@ std::vector<AnchorSearch::Found> AnchorSearch::find(SongPrint &song,
         std::array<std::uint64_t, anchorsOfSong> places{};
         for (std::size_t i = 0; i < anchorsOfSong; ++i)
             places[i] = m_anchors[first + i].anchor.at;
-        const auto agreed = agreeing(hitsOfSet(hits, first), places);
+        const auto agreed = agreeing(hitsOfSet(hits, first), places, foundMargin);
         if (!agreed)
             continue;
         std::array<std::int64_t, anchorsOfSong> offsets{};
         double worst = 0.0;
         for (std::size_t i = 0; i < anchorsOfSong; ++i) {
             const Placed placed =
-                refined(song, m_anchors[first + i].anchor, (*agreed)[i].step * step, stop);
+                refined(song, m_anchors[first + i].anchor, agreed->hits[i].step * step, stop);
             offsets[i] = placed.offset;
             worst = std::max(worst, placed.distance);
         }
