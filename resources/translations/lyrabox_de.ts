@@ -2541,6 +2541,22 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
         <source>Stand View (&amp;Q)</source>
         <translation>Pultansicht (&amp;Q)</translation>
     </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>&amp;Übungsdateien</translation>
+    </message>
+    <message>
+        <source>&amp;Share Practice…</source>
+        <translation>Übung &amp;weitergeben…</translation>
+    </message>
+    <message>
+        <source>Share as &amp;Label Track…</source>
+        <translation>Als &amp;Textmarken weitergeben…</translation>
+    </message>
+    <message>
+        <source>&amp;Open Practice…</source>
+        <translation>Übung ö&amp;ffnen…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeExport</name>
@@ -2667,6 +2683,153 @@ Strg+1, Strg+2: das Hauptfenster, der Equalizer</translation>
     <message>
         <source>Sound</source>
         <translation>Klang</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeSharing</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Use Them</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Not This Song</source>
+        <translation>Nicht dieser Titel</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>1 loop</source>
+        <translation>1 Schleife</translation>
+    </message>
+    <message>
+        <source>%1 loops</source>
+        <translation>%1 Schleifen</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 Marke</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 Marken</translation>
+    </message>
+    <message>
+        <source>the beats</source>
+        <translation>die Taktschläge</translation>
+    </message>
+    <message>
+        <source>Nothing was added.</source>
+        <translation>Nichts wurde hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Added: %1.</source>
+        <translation>Hinzugefügt: %1.</translation>
+    </message>
+    <message>
+        <source>Here already: %1.</source>
+        <translation>Schon vorhanden: %1.</translation>
+    </message>
+    <message>
+        <source>No room for %1 more.</source>
+        <translation>Kein Platz für %1 weitere.</translation>
+    </message>
+    <message>
+        <source>These loops were made for another copy of this song.</source>
+        <translation>Diese Schleifen wurden für eine andere Kopie dieses Titels gemacht.</translation>
+    </message>
+    <message>
+        <source>Moved by %1.</source>
+        <translation>Verschoben um %1.</translation>
+    </message>
+    <message>
+        <source>Some entries of the file were left out.</source>
+        <translation>Einige Einträge der Datei wurden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>For “%1”: %2</source>
+        <translation>Für „%1“: %2</translation>
+    </message>
+    <message>
+        <source>Use these loops for “%1”?</source>
+        <translation>Diese Schleifen für „%1“ verwenden?</translation>
+    </message>
+    <message>
+        <source>These loops are for “%1”. Use them for “%2”?</source>
+        <translation>Diese Schleifen sind für „%1“. Für „%2“ verwenden?</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>„%1“ kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a practice file.</source>
+        <translation>„%1“ ist zu groß für eine Übungsdatei.</translation>
+    </message>
+    <message>
+        <source>“%1” was made by a later version of Lyrabox.</source>
+        <translation>„%1“ wurde von einer neueren Version von Lyrabox gemacht.</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a practice file nor a label track.</source>
+        <translation>„%1“ ist weder eine Übungsdatei noch eine Textmarken-Datei.</translation>
+    </message>
+    <message>
+        <source>“%1” has no loops and no markers.</source>
+        <translation>„%1“ hat keine Schleifen und keine Marken.</translation>
+    </message>
+    <message>
+        <source>Play the song that “%1” is for, and open the file again.</source>
+        <translation>Den Titel abspielen, für den „%1“ ist, und die Datei noch einmal öffnen.</translation>
+    </message>
+    <message>
+        <source>The loops of this song cannot be changed, or there is no room for so many.</source>
+        <translation>Die Schleifen dieses Titels können nicht geändert werden, oder für so viele ist kein Platz.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written.</source>
+        <translation>„%1“ kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>“%1” was written.</source>
+        <translation>„%1“ wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>Share as Label Track</source>
+        <translation>Als Textmarken weitergeben</translation>
+    </message>
+    <message>
+        <source>Share Practice</source>
+        <translation>Übung weitergeben</translation>
+    </message>
+    <message>
+        <source>Label tracks (*.txt)</source>
+        <translation>Textmarken (*.txt)</translation>
+    </message>
+    <message>
+        <source>Practice files (*.json)</source>
+        <translation>Übungsdateien (*.json)</translation>
+    </message>
+    <message>
+        <source>Open Practice</source>
+        <translation>Übung öffnen</translation>
+    </message>
+    <message>
+        <source>Practice files and label tracks (*.json *.txt)</source>
+        <translation>Übungsdateien und Textmarken (*.json *.txt)</translation>
     </message>
 </context>
 <context>

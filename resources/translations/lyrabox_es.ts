@@ -2541,6 +2541,22 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
         <source>Stand View (&amp;Q)</source>
         <translation>Vista de atril (&amp;Q)</translation>
     </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>Intercambio (&amp;Z)</translation>
+    </message>
+    <message>
+        <source>&amp;Share Practice…</source>
+        <translation>&amp;Compartir práctica…</translation>
+    </message>
+    <message>
+        <source>Share as &amp;Label Track…</source>
+        <translation>Compartir como pista de &amp;etiquetas…</translation>
+    </message>
+    <message>
+        <source>&amp;Open Practice…</source>
+        <translation>&amp;Abrir práctica…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeExport</name>
@@ -2667,6 +2683,153 @@ Ctrl+1, Ctrl+2: la ventana principal, el ecualizador</translation>
     <message>
         <source>Sound</source>
         <translation>Sonido</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeSharing</name>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Use Them</source>
+        <translation>Usarlos</translation>
+    </message>
+    <message>
+        <source>Not This Song</source>
+        <translation>No es esta canción</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>1 loop</source>
+        <translation>1 bucle</translation>
+    </message>
+    <message>
+        <source>%1 loops</source>
+        <translation>%1 bucles</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 marcador</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 marcadores</translation>
+    </message>
+    <message>
+        <source>the beats</source>
+        <translation>los pulsos</translation>
+    </message>
+    <message>
+        <source>Nothing was added.</source>
+        <translation>No se ha añadido nada.</translation>
+    </message>
+    <message>
+        <source>Added: %1.</source>
+        <translation>Añadido: %1.</translation>
+    </message>
+    <message>
+        <source>Here already: %1.</source>
+        <translation>Ya estaban: %1.</translation>
+    </message>
+    <message>
+        <source>No room for %1 more.</source>
+        <translation>No caben %1 más.</translation>
+    </message>
+    <message>
+        <source>These loops were made for another copy of this song.</source>
+        <translation>Estos bucles se hicieron para otra copia de esta canción.</translation>
+    </message>
+    <message>
+        <source>Moved by %1.</source>
+        <translation>Desplazados %1.</translation>
+    </message>
+    <message>
+        <source>Some entries of the file were left out.</source>
+        <translation>Se han omitido algunas entradas del archivo.</translation>
+    </message>
+    <message>
+        <source>For “%1”: %2</source>
+        <translation>Para «%1»: %2</translation>
+    </message>
+    <message>
+        <source>Use these loops for “%1”?</source>
+        <translation>¿Usar estos bucles para «%1»?</translation>
+    </message>
+    <message>
+        <source>These loops are for “%1”. Use them for “%2”?</source>
+        <translation>Estos bucles son para «%1». ¿Usarlos para «%2»?</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>No se puede leer «%1».</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a practice file.</source>
+        <translation>«%1» es demasiado grande para un archivo de práctica.</translation>
+    </message>
+    <message>
+        <source>“%1” was made by a later version of Lyrabox.</source>
+        <translation>«%1» se hizo con una versión posterior de Lyrabox.</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a practice file nor a label track.</source>
+        <translation>«%1» no es un archivo de práctica ni una pista de etiquetas.</translation>
+    </message>
+    <message>
+        <source>“%1” has no loops and no markers.</source>
+        <translation>«%1» no tiene bucles ni marcadores.</translation>
+    </message>
+    <message>
+        <source>Play the song that “%1” is for, and open the file again.</source>
+        <translation>Reproduzca la canción para la que es «%1» y vuelva a abrir el archivo.</translation>
+    </message>
+    <message>
+        <source>The loops of this song cannot be changed, or there is no room for so many.</source>
+        <translation>Los bucles de esta canción no se pueden cambiar, o no caben tantos.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written.</source>
+        <translation>No se puede escribir «%1».</translation>
+    </message>
+    <message>
+        <source>“%1” was written.</source>
+        <translation>«%1» se ha escrito.</translation>
+    </message>
+    <message>
+        <source>Share as Label Track</source>
+        <translation>Compartir como pista de etiquetas</translation>
+    </message>
+    <message>
+        <source>Share Practice</source>
+        <translation>Compartir práctica</translation>
+    </message>
+    <message>
+        <source>Label tracks (*.txt)</source>
+        <translation>Pistas de etiquetas (*.txt)</translation>
+    </message>
+    <message>
+        <source>Practice files (*.json)</source>
+        <translation>Archivos de práctica (*.json)</translation>
+    </message>
+    <message>
+        <source>Open Practice</source>
+        <translation>Abrir práctica</translation>
+    </message>
+    <message>
+        <source>Practice files and label tracks (*.json *.txt)</source>
+        <translation>Archivos de práctica y pistas de etiquetas (*.json *.txt)</translation>
     </message>
 </context>
 <context>

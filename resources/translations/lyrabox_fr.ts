@@ -2542,6 +2542,22 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
         <source>Stand View (&amp;Q)</source>
         <translation>Vue pupitre (&amp;K)</translation>
     </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>Échanger (&amp;Z)</translation>
+    </message>
+    <message>
+        <source>&amp;Share Practice…</source>
+        <translation>&amp;Partager l’exercice…</translation>
+    </message>
+    <message>
+        <source>Share as &amp;Label Track…</source>
+        <translation>Partager comme piste d’&amp;étiquettes…</translation>
+    </message>
+    <message>
+        <source>&amp;Open Practice…</source>
+        <translation>&amp;Ouvrir un exercice…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeExport</name>
@@ -2668,6 +2684,153 @@ Ctrl+1, Ctrl+2 : la fenêtre principale, l’égaliseur</translation>
     <message>
         <source>Sound</source>
         <translation>Son</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeSharing</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Use Them</source>
+        <translation>Les utiliser</translation>
+    </message>
+    <message>
+        <source>Not This Song</source>
+        <translation>Pas ce morceau</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>1 loop</source>
+        <translation>1 boucle</translation>
+    </message>
+    <message>
+        <source>%1 loops</source>
+        <translation>%1 boucles</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>1 repère</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>%1 repères</translation>
+    </message>
+    <message>
+        <source>the beats</source>
+        <translation>les temps</translation>
+    </message>
+    <message>
+        <source>Nothing was added.</source>
+        <translation>Rien n’a été ajouté.</translation>
+    </message>
+    <message>
+        <source>Added: %1.</source>
+        <translation>Ajouté : %1.</translation>
+    </message>
+    <message>
+        <source>Here already: %1.</source>
+        <translation>Déjà présents : %1.</translation>
+    </message>
+    <message>
+        <source>No room for %1 more.</source>
+        <translation>Pas de place pour %1 de plus.</translation>
+    </message>
+    <message>
+        <source>These loops were made for another copy of this song.</source>
+        <translation>Ces boucles ont été faites pour une autre copie de ce morceau.</translation>
+    </message>
+    <message>
+        <source>Moved by %1.</source>
+        <translation>Décalées de %1.</translation>
+    </message>
+    <message>
+        <source>Some entries of the file were left out.</source>
+        <translation>Certaines entrées du fichier ont été omises.</translation>
+    </message>
+    <message>
+        <source>For “%1”: %2</source>
+        <translation>Pour « %1 » : %2</translation>
+    </message>
+    <message>
+        <source>Use these loops for “%1”?</source>
+        <translation>Utiliser ces boucles pour « %1 » ?</translation>
+    </message>
+    <message>
+        <source>These loops are for “%1”. Use them for “%2”?</source>
+        <translation>Ces boucles sont pour « %1 ». Les utiliser pour « %2 » ?</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>« %1 » ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a practice file.</source>
+        <translation>« %1 » est trop grand pour un fichier d’exercice.</translation>
+    </message>
+    <message>
+        <source>“%1” was made by a later version of Lyrabox.</source>
+        <translation>« %1 » a été fait par une version plus récente de Lyrabox.</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a practice file nor a label track.</source>
+        <translation>« %1 » n’est ni un fichier d’exercice ni une piste d’étiquettes.</translation>
+    </message>
+    <message>
+        <source>“%1” has no loops and no markers.</source>
+        <translation>« %1 » n’a ni boucles ni repères.</translation>
+    </message>
+    <message>
+        <source>Play the song that “%1” is for, and open the file again.</source>
+        <translation>Lisez le morceau auquel « %1 » est destiné, puis rouvrez le fichier.</translation>
+    </message>
+    <message>
+        <source>The loops of this song cannot be changed, or there is no room for so many.</source>
+        <translation>Les boucles de ce morceau ne peuvent pas être modifiées, ou il n’y a pas de place pour autant.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written.</source>
+        <translation>« %1 » ne peut pas être écrit.</translation>
+    </message>
+    <message>
+        <source>“%1” was written.</source>
+        <translation>« %1 » a été écrit.</translation>
+    </message>
+    <message>
+        <source>Share as Label Track</source>
+        <translation>Partager comme piste d’étiquettes</translation>
+    </message>
+    <message>
+        <source>Share Practice</source>
+        <translation>Partager l’exercice</translation>
+    </message>
+    <message>
+        <source>Label tracks (*.txt)</source>
+        <translation>Pistes d’étiquettes (*.txt)</translation>
+    </message>
+    <message>
+        <source>Practice files (*.json)</source>
+        <translation>Fichiers d’exercice (*.json)</translation>
+    </message>
+    <message>
+        <source>Open Practice</source>
+        <translation>Ouvrir un exercice</translation>
+    </message>
+    <message>
+        <source>Practice files and label tracks (*.json *.txt)</source>
+        <translation>Fichiers d’exercice et pistes d’étiquettes (*.json *.txt)</translation>
     </message>
 </context>
 <context>

@@ -2531,6 +2531,22 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
         <source>Stand View (&amp;Q)</source>
         <translation>譜面台表示(&amp;Q)</translation>
     </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>共有(&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Share Practice…</source>
+        <translation>練習を共有(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Share as &amp;Label Track…</source>
+        <translation>ラベルトラックとして共有(&amp;L)…</translation>
+    </message>
+    <message>
+        <source>&amp;Open Practice…</source>
+        <translation>練習を開く(&amp;O)…</translation>
+    </message>
 </context>
 <context>
     <name>lyrabox::PracticeExport</name>
@@ -2657,6 +2673,153 @@ Ctrl+1、Ctrl+2: メインウインドウ、イコライザ</translation>
     <message>
         <source>Sound</source>
         <translation>サウンド</translation>
+    </message>
+</context>
+<context>
+    <name>lyrabox::PracticeSharing</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Use Them</source>
+        <translation>使う</translation>
+    </message>
+    <message>
+        <source>Not This Song</source>
+        <translation>この曲ではない</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
+    <message>
+        <source>1 loop</source>
+        <translation>ループ 1 個</translation>
+    </message>
+    <message>
+        <source>%1 loops</source>
+        <translation>ループ %1 個</translation>
+    </message>
+    <message>
+        <source>1 marker</source>
+        <translation>マーカー 1 個</translation>
+    </message>
+    <message>
+        <source>%1 markers</source>
+        <translation>マーカー %1 個</translation>
+    </message>
+    <message>
+        <source>the beats</source>
+        <translation>拍</translation>
+    </message>
+    <message>
+        <source>Nothing was added.</source>
+        <translation>何も追加されませんでした。</translation>
+    </message>
+    <message>
+        <source>Added: %1.</source>
+        <translation>追加: %1。</translation>
+    </message>
+    <message>
+        <source>Here already: %1.</source>
+        <translation>すでにあるもの: %1。</translation>
+    </message>
+    <message>
+        <source>No room for %1 more.</source>
+        <translation>さらに %1 個の空きはありません。</translation>
+    </message>
+    <message>
+        <source>These loops were made for another copy of this song.</source>
+        <translation>これらのループはこの曲の別のコピー用に作られました。</translation>
+    </message>
+    <message>
+        <source>Moved by %1.</source>
+        <translation>%1 移動。</translation>
+    </message>
+    <message>
+        <source>Some entries of the file were left out.</source>
+        <translation>ファイルの一部の項目は省かれました。</translation>
+    </message>
+    <message>
+        <source>For “%1”: %2</source>
+        <translation>「%1」: %2</translation>
+    </message>
+    <message>
+        <source>Use these loops for “%1”?</source>
+        <translation>これらのループを「%1」に使いますか？</translation>
+    </message>
+    <message>
+        <source>These loops are for “%1”. Use them for “%2”?</source>
+        <translation>これらのループは「%1」用です。「%2」に使いますか？</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>「%1」を読めません。</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a practice file.</source>
+        <translation>「%1」は練習ファイルとして大きすぎます。</translation>
+    </message>
+    <message>
+        <source>“%1” was made by a later version of Lyrabox.</source>
+        <translation>「%1」は新しいバージョンの Lyrabox で作られました。</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a practice file nor a label track.</source>
+        <translation>「%1」は練習ファイルでもラベルトラックでもありません。</translation>
+    </message>
+    <message>
+        <source>“%1” has no loops and no markers.</source>
+        <translation>「%1」にはループもマーカーもありません。</translation>
+    </message>
+    <message>
+        <source>Play the song that “%1” is for, and open the file again.</source>
+        <translation>「%1」の対象の曲を再生してから、もう一度ファイルを開いてください。</translation>
+    </message>
+    <message>
+        <source>The loops of this song cannot be changed, or there is no room for so many.</source>
+        <translation>この曲のループは変更できないか、数が多すぎます。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written.</source>
+        <translation>「%1」に書き込めません。</translation>
+    </message>
+    <message>
+        <source>“%1” was written.</source>
+        <translation>「%1」に書き込みました。</translation>
+    </message>
+    <message>
+        <source>Share as Label Track</source>
+        <translation>ラベルトラックとして共有</translation>
+    </message>
+    <message>
+        <source>Share Practice</source>
+        <translation>練習を共有</translation>
+    </message>
+    <message>
+        <source>Label tracks (*.txt)</source>
+        <translation>ラベルトラック (*.txt)</translation>
+    </message>
+    <message>
+        <source>Practice files (*.json)</source>
+        <translation>練習ファイル (*.json)</translation>
+    </message>
+    <message>
+        <source>Open Practice</source>
+        <translation>練習を開く</translation>
+    </message>
+    <message>
+        <source>Practice files and label tracks (*.json *.txt)</source>
+        <translation>練習ファイルとラベルトラック (*.json *.txt)</translation>
     </message>
 </context>
 <context>
