@@ -77,15 +77,17 @@ function(lyrabox_add_module name entry library)
   set_target_properties(${library} ${parts} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
-# lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [WAITS] [OPTIMISED] [TIMEOUT seconds])
+# lyrabox_add_test(engine DEPENDS engine test_support [LABELS sound] [SERIAL] [WAITS] [LANE name tests] [OPTIMISED]
+#   [TIMEOUT seconds])
 # makes test_engine of every Test*.cpp in the calling folder and registers every test in it with CTest. A test runs
 # on the offscreen platform with settings folders of its own (tests/support/TestMain.cpp).
 # OPTIMISED: for tests that compute much themselves. The others are compiled without optimisation, which is faster.
 # WAITS: for tests that mostly wait for sound and windows. They start first and run one at a time. Other tests run at the same
 # time with a lower priority (nice).
+# LANE: the tests of this filter run one at a time, too, but at the same time as those that only wait.
 # SERIAL: for tests that measure a device by the millisecond. They run alone; under the sanitizers they are like WAITS.
 function(lyrabox_add_test name)
-  cmake_parse_arguments(ARG "SERIAL;WAITS;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "SERIAL;WAITS;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS;LIBRARIES;LABELS;LANE" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   file(GLOB headers CONFIGURE_DEPENDS *.h)
   if(NOT sources)
@@ -120,6 +122,12 @@ function(lyrabox_add_test name)
   else()
     set_target_properties(test_${name} PROPERTIES CROSSCOMPILING_EMULATOR nice)
   endif()
-  gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES ${properties})
+  set(discovery TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
+  if(ARG_LANE)
+    list(POP_FRONT ARG_LANE lane tests)
+    list(TRANSFORM properties REPLACE sound_and_windows ${lane} OUTPUT_VARIABLE lane_properties)
+    gtest_discover_tests(test_${name} ${discovery} TEST_FILTER ${tests} PROPERTIES ${lane_properties})
+    list(APPEND discovery TEST_FILTER -${tests})
+  endif()
+  gtest_discover_tests(test_${name} ${discovery} PROPERTIES ${properties})
 endfunction()
