@@ -3,6 +3,9 @@
 #include "device/Fixtures.h"
 #include "device/SineSource.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -33,6 +36,36 @@ TEST_F(CubebOutputOnServer, ALostStreamIsReportedOnceOnAThreadOfItsOwnAndCountsA
     EXPECT_EQ(output.start(), status::noAudioDevice);
     EXPECT_EQ(output.stop(), status::noError);
     EXPECT_FALSE(output.isRunning());
+}
+
+TEST(CubebOutputWithoutServer, IsClosedWhileItPlaysThroughAlsa)
+{
+    QTemporaryDir folder;
+    const QString settings = folder.filePath(u"asound.conf"_s);
+    QFile file(settings);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("pcm.default { type null }\n");
+    file.close();
+    qputenv("ALSA_CONFIG_PATH", settings.toUtf8());
+    qputenv("PULSE_SERVER", "unix:" + folder.filePath(u"no server"_s).toUtf8());
+    SineSource source(440.0);
+    {
+        CubebOutput output;
+        output.connect(&source);
+        ASSERT_EQ(output.initialize(), status::noError);
+        EXPECT_EQ(output.start(), status::noError);
+        while (source.rendered == 0)
+            std::this_thread::yield();
+    }
+    const std::uint64_t before = source.rendered;
+    CubebOutput next; // the device was given back
+    next.connect(&source);
+    ASSERT_EQ(next.initialize(), status::noError);
+    EXPECT_EQ(next.start(), status::noError);
+    while (source.rendered == before)
+        std::this_thread::yield();
+    qunsetenv("PULSE_SERVER");
+    qunsetenv("ALSA_CONFIG_PATH");
 }
 
 TEST_F(SoundFaults, AStreamThatIsLostWhileItsDeviceStaysIsReplacedAtOnce)

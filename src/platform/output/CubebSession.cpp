@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <csignal>
 #include <ctime>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -351,6 +352,10 @@ Status CubebSession::startStream()
 void CubebSession::closeStream()
 {
     m_haltFrom.reset();
+    // cubeb's ALSA backend asserts that a stream was stopped. That of PulseAudio does not, and a
+    // stop would wait for the server.
+    if (m_stream != nullptr && cubeb_get_backend_id(m_context) == std::string_view("alsa"))
+        cubeb_stream_stop(m_stream);
     m_streamRuns = false;
     if (m_stream != nullptr)
         cubeb_stream_destroy(std::exchange(m_stream, nullptr));
