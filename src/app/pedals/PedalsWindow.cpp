@@ -5,6 +5,7 @@
 #include "app/pedals/AssignmentRows.h"
 #include "platform/ui/ElidedLabel.h"
 #include "platform/ui/ListEndKeys.h"
+#include "platform/ui/MenuText.h"
 #include "platform/ui/SearchField.h"
 #include "platform/ui/SegmentedControl.h"
 #include "platform/ui/Theme.h"
@@ -135,7 +136,7 @@ void PedalsWindow::fillSets()
     for (const auto &[set, name] : sets) {
         QAction *action = menu->addAction(name);
         connect(action, &QAction::triggered, this,
-                [this, set = set, name = QString(name).remove(u'&')] { useSet(set, name); });
+                [this, set = set, name = withoutMnemonic(name)] { useSet(set, name); });
     }
     m_sets->setMenu(menu);
 }

@@ -1,5 +1,7 @@
 #include "app/practice/CommandTable.h"
 
+#include "platform/ui/MenuText.h"
+
 #include <cstdlib>
 
 namespace lyrabox {
@@ -38,7 +40,7 @@ Entries moves(PracticeCommand command, const QString &submenu, Qt::Key earlier, 
                         .argument = way.milliseconds,
                         .submenu = submenu,
                         .helpText = Text::tr("%1 by 10 ms (with Alt 1 ms, with Shift a beat)")
-                                        .arg(QString(submenu).remove(u'&')),
+                                        .arg(withoutMnemonic(submenu)),
                         .repeats = true,
                         .joinsPrevious = !isEarlier,
                         .isVariant = std::abs(way.milliseconds) != usualWay});

@@ -1,6 +1,7 @@
 #include "app/practice/PracticeCommands.h"
 
 #include "app/practice/CommandTable.h"
+#include "platform/ui/MenuText.h"
 
 #include <QMetaEnum>
 
@@ -23,7 +24,7 @@ QString joinedKeys(const QStringList &keys)
 
 QString PracticeCommandEntry::name() const
 {
-    return QString(text).remove(u'&');
+    return withoutMnemonic(text);
 }
 
 QString PracticeCommandEntry::id() const

@@ -40,6 +40,7 @@
 #include "engine/LB_AudioController.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/Notifications.h"
+#include "platform/ui/MenuText.h"
 #include "platform/ui/Theme.h"
 
 #include <QHBoxLayout>
@@ -274,7 +275,7 @@ void PracticePane::adoptButton(TextButton *button, const QString &text, Practice
     // The name of a move alone does not say what is moved.
     const QString name = argument == 0
                              ? entry.name()
-                             : tr("%1, %2").arg(QString(entry.submenu).remove(u'&'), entry.name());
+                             : tr("%1, %2").arg(withoutMnemonic(entry.submenu), entry.name());
     button->setText(text.isEmpty() ? entry.name() : text);
     button->setAccessibleName(name);
     button->setToolTip(entry.keys.isEmpty() ? name

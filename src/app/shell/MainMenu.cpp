@@ -1,6 +1,7 @@
 #include "app/shell/MainMenu.h"
 
 #include "library/TrackTableModel.h"
+#include "platform/ui/MenuText.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -162,7 +163,7 @@ QMenu *MainMenu::addMenu(const QString &title)
 {
     QMenu *menu = m_window->menuBar()->addMenu(title);
     // Assistive technologies use the name of the menu, not its title.
-    menu->setAccessibleName(QString(title).remove(u'&'));
+    menu->setAccessibleName(withoutMnemonic(title));
     return menu;
 }
 
@@ -191,7 +192,7 @@ void MainMenu::addSortColumns(QMenu *view)
 QMenu *MainMenu::addSubmenu(QMenu *menu, const QString &title)
 {
     QMenu *submenu = menu->addMenu(title);
-    submenu->setAccessibleName(QString(title).remove(u'&'));
+    submenu->setAccessibleName(withoutMnemonic(title));
     return submenu;
 }
 

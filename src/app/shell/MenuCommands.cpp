@@ -1,6 +1,7 @@
 // The commands of the menu bar by their identifiers, which files of pedals and keys use.
 
 #include "app/shell/MainMenu.h"
+#include "platform/ui/MenuText.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -63,11 +64,6 @@ constexpr QLatin1StringView sortIdentifiers[] = {
     QLatin1StringView("sort by playing"), QLatin1StringView("sort by title"),
     QLatin1StringView("sort by artist"),  QLatin1StringView("sort by album"),
     QLatin1StringView("sort by time"),    QLatin1StringView("sort by settings")};
-
-QString withoutMnemonic(QString text)
-{
-    return text.remove(u'&');
-}
 
 QString idOf(const MainMenu &menu, const QAction *action)
 {

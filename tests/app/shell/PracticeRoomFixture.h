@@ -4,6 +4,7 @@
 #include "app/practice/PracticePane.h"
 #include "app/practice/WaveView.h"
 #include "platform/foundation/UserDefaults.h"
+#include "platform/ui/MenuText.h"
 #include "platform/ui/SegmentedControl.h"
 #include "platform/ui/SplitView.h"
 #include "support/SampleAudio.h"
@@ -57,7 +58,7 @@ protected:
     QAction *command(const QString &text) const
     {
         for (QAction *action : window->findChildren<QAction *>()) {
-            if (QString(action->text()).remove(u'&') == text)
+            if (withoutMnemonic(action->text()) == text)
                 return action;
         }
         ADD_FAILURE() << "no command " << text.toStdString();
