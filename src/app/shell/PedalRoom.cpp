@@ -6,8 +6,6 @@
 #include "app/shell/Room.h"
 #include "app/shell/WindowMemory.h"
 #include "platform/audio/SoundRanges.h"
-#include "platform/foundation/NotificationCenter.h"
-#include "platform/foundation/Notifications.h"
 #include "practice/PracticeFiles.h"
 
 #include <QAction>
@@ -96,14 +94,7 @@ PedalsWindow *makeWindow(ProgramParts &parts)
     parts.pedals->load();
     auto *window = new PedalsWindow(parts.pedals.get(), &parts.mainWindow);
     parts.pedalsWindow.reset(window);
-    windowMemory::restoreWindow(window, windowName);
-    const auto save = [window] { windowMemory::saveWindow(window, windowName); };
-    QObject::connect(window, &QDialog::finished, window, save);
-    NotificationCenter::defaultCenter().addObserver(window, notification::applicationWillTerminate,
-                                                    [window, save] {
-                                                        if (window->isVisible())
-                                                            save();
-                                                    });
+    windowMemory::keepWindow(window, windowName);
     return window;
 }
 

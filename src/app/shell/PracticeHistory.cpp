@@ -9,8 +9,6 @@
 #include "app/practice/TrainerRun.h"
 #include "app/shell/ProgramParts.h"
 #include "app/shell/WindowMemory.h"
-#include "platform/foundation/NotificationCenter.h"
-#include "platform/foundation/Notifications.h"
 #include "practice/PracticeFiles.h"
 
 #include <QPointer>
@@ -26,14 +24,7 @@ HistoryWindow *makeWindow(ProgramParts &parts)
     auto *window =
         new HistoryWindow(parts.practiceDiary.get(), parts.songPractice.get(), &parts.mainWindow);
     parts.historyWindow.reset(window);
-    windowMemory::restoreWindow(window, windowName);
-    const auto save = [window] { windowMemory::saveWindow(window, windowName); };
-    QObject::connect(window, &QDialog::finished, window, save);
-    NotificationCenter::defaultCenter().addObserver(window, notification::applicationWillTerminate,
-                                                    [window, save] {
-                                                        if (window->isVisible())
-                                                            save();
-                                                    });
+    windowMemory::keepWindow(window, windowName);
     return window;
 }
 

@@ -1,8 +1,11 @@
 #include "app/shell/WindowMemory.h"
 
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/ui/SplitView.h"
 
+#include <QDialog>
 #include <QHeaderView>
 #include <QScreen>
 #include <QWidget>
@@ -66,6 +69,18 @@ void saveWindow(const QWidget *window, const QString &name, bool knowsPlace)
                           isMaximized && restored.isValid() ? restored : window->size());
         defaults.setValue(maximizedKey(name), isMaximized);
     }
+}
+
+void keepWindow(QDialog *window, const QString &name)
+{
+    restoreWindow(window, name);
+    const auto save = [window, name] { saveWindow(window, name); };
+    QObject::connect(window, &QDialog::finished, window, save);
+    NotificationCenter::defaultCenter().addObserver(window, notification::applicationWillTerminate,
+                                                    [window, save] {
+                                                        if (window->isVisible())
+                                                            save();
+                                                    });
 }
 
 void restoreDivider(SplitView *view)

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+class QDialog;
 class QHeaderView;
 class QWidget;
 
@@ -23,6 +24,10 @@ bool restoreWindow(QWidget *window, const QString &name);
 /// saves the size alone, and a position that was saved earlier stays.
 void saveWindow(const QWidget *window, const QString &name,
                 bool knowsPlace = programPlacesWindows());
+
+/// Restores a window that is made when it is first shown. Saves it when it is closed, and when the
+/// program ends while it is visible.
+void keepWindow(QDialog *window, const QString &name);
 
 /// The position of the divider. Without a saved one a default is set.
 void restoreDivider(SplitView *view);

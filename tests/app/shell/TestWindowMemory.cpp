@@ -1,7 +1,10 @@
 #include "app/shell/WindowMemory.h"
 
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/Notifications.h"
 #include "platform/foundation/UserDefaults.h"
 
+#include <QDialog>
 #include <QMainWindow>
 
 #include <gtest/gtest.h>
@@ -83,6 +86,32 @@ TEST_F(WindowMemory, APositionThatIsKnownAgainReplacesTheRememberedOne)
     QMainWindow again;
     EXPECT_TRUE(windowMemory::restoreWindow(&again, name));
     EXPECT_EQ(again.geometry(), frame);
+}
+
+TEST_F(WindowMemory, KeepsAWindowThatIsClosed)
+{
+    constexpr QSize size(390, 280);
+    QDialog window;
+    windowMemory::keepWindow(&window, name);
+    window.show();
+    window.resize(size);
+    window.reject();
+    QDialog again;
+    windowMemory::keepWindow(&again, name);
+    EXPECT_EQ(again.size(), size);
+}
+
+TEST_F(WindowMemory, KeepsAWindowThatIsOpenWhenTheProgramEnds)
+{
+    constexpr QSize size(390, 280);
+    QDialog window;
+    windowMemory::keepWindow(&window, name);
+    window.show();
+    window.resize(size);
+    NotificationCenter::defaultCenter().post(notification::applicationWillTerminate);
+    QDialog again;
+    windowMemory::keepWindow(&again, name);
+    EXPECT_EQ(again.size(), size);
 }
 
 } // namespace
