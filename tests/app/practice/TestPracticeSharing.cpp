@@ -35,6 +35,7 @@ protected:
         sharing.reset();
         copies.reset();
         peaks.reset();
+        practice.reset(); // its reader uses `control`
     }
 
     static const BeatPiece &piece(unsigned number)
