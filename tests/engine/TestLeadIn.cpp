@@ -74,6 +74,39 @@ TEST_F(LeadInTest, StandsBeforeEveryPassToTheFrame)
     }
 }
 
+TEST_F(LeadInTest, TellsHowMuchOfItWasHeard)
+{
+    constexpr std::uint32_t frames = 1280;
+    buildAndPlay(100000);
+    setLoop();
+    engine::setLeadInAtWrap({.frames = frames});
+    engine::seekToFrame(end - slice);
+    pull(slice);
+    for (std::uint32_t done = 0; done + slice < frames; done += slice) {
+        pull(slice);
+        const auto heard = engine::heardLeadIn();
+        ASSERT_TRUE(heard) << done;
+        EXPECT_EQ(heard->frames, frames);
+        EXPECT_EQ(heard->done, done + slice);
+    }
+    pull(2 * slice);
+    EXPECT_FALSE(engine::heardLeadIn()) << "the song is heard";
+}
+
+TEST_F(LeadInTest, IsNotHeardAfterASeek)
+{
+    buildAndPlay(100000);
+    setLoop();
+    engine::setLeadInAtWrap({.frames = 1280});
+    engine::seekToFrame(end - slice);
+    pull(3 * slice);
+    ASSERT_TRUE(engine::heardLeadIn());
+    engine::seekToFrame(start + slice);
+    EXPECT_FALSE(engine::heardLeadIn());
+    pull(slice);
+    EXPECT_FALSE(engine::heardLeadIn());
+}
+
 TEST_F(LeadInTest, LeavesThePositionAtTheLoopsStart)
 {
     buildAndPlay(100000);
