@@ -35,6 +35,10 @@ PracticeSharing::PracticeSharing(SongPractice *practice, SongCopies *copies, Son
     connect(&practice->store(), &PracticeStore::recordChanged, this, &PracticeSharing::followSong);
     connect(practice, &SongPractice::problemChanged, this, &PracticeSharing::workOn);
     connect(peaks, &SongPeaks::songChanged, this, &PracticeSharing::workOn);
+    connect(peaks, &SongPeaks::wantedChanged, this, [this] {
+        if (m_peaks->isWanted())
+            workOn();
+    });
     showOffer();
 }
 
@@ -71,7 +75,8 @@ void PracticeSharing::showOffer()
 /// A notice about another song is over.
 void PracticeSharing::followSong()
 {
-    if (m_practice->store().songPath() != m_song && !m_waits) {
+    const bool waits = m_waits && m_opened;
+    if (m_practice->store().songPath() != m_song && !waits) {
         m_opened.reset();
         setNotice({});
         showOffer();
@@ -147,7 +152,8 @@ void PracticeSharing::open(const QString &path)
     workOn();
 }
 
-/// Goes on when the song that plays is recognised.
+/// Goes on when the song that plays is recognised. Another song, or a closed pane, cancels the
+/// search in the song; then it begins again.
 void PracticeSharing::workOn()
 {
     PracticeStore &store = m_practice->store();
@@ -159,9 +165,8 @@ void PracticeSharing::workOn()
     if (store.hasSong() && !song.audio.isEmpty() && song.audio == store.audio()) {
         placeOpened(0);
     } else if (store.hasSong() && !song.anchors.empty() && m_peaks->frames() > 0) {
-        m_waits = false;
         m_copies->find(song.anchors, [this](std::optional<std::int64_t> offset) {
-            if (m_opened)
+            if (m_waits && m_opened)
                 placeOpened(offset);
         });
     } else {

@@ -77,7 +77,7 @@ private:
     Notice m_notice;
     Asks m_asks = Asks::Nothing;
     std::optional<Opened> m_opened; ///< waits for its song or for an answer
-    bool m_waits = false;           ///< for the song to be recognised
+    bool m_waits = false;           ///< for the song to be recognised, or for the search in it
     QString m_song;                 ///< the path of the song that the notice is about
 };
 

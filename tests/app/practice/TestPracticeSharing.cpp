@@ -177,6 +177,18 @@ TEST_F(TheSharing, WritesAFileThatFindsTheSongInAnotherCopy)
     EXPECT_EQ(record().loops.size(), 1U);
 }
 
+TEST_F(TheSharing, LooksForTheSongOfAFileAgainIfAnotherSongComesMeanwhile)
+{
+    practise(u"A"_s);
+    const QString path = m_disk.filePath(u"Teacher.json"_s);
+    sharing->share(path);
+    play(u"C"_s, 0, 1);
+    sharing->open(path);
+    play(u"B"_s, rate / 4);
+    ASSERT_TRUE(eventually([&] { return record().loops.size() == 1; }));
+    EXPECT_NEAR(static_cast<double>(record().loops[0].from), 10.25 * rate, tolerance);
+}
+
 TEST_F(TheSharing, TakesAFileForTheSameEncodingAsItIs)
 {
     practise(u"A"_s);
